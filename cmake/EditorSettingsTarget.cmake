@@ -1,0 +1,52 @@
+# SPDX-License-Identifier: MIT
+#
+# editor_settings_target(<target> [EXPORT_NAME <name>] [VERSIONED]
+#                        [HEADERS ROOT <folder> FILES <header>...])
+#
+# Gives a target this project's language level, visibility and warnings. HEADERS names its public headers, relative to
+# the current folder, and the include root that they are found below; VERSIONED gives a shared library its version.
+# With EXPORT_NAME the target is installed and found by that name, in the namespace of its export set: Lumora for the
+# platform libraries, EditorSettings for everything else.
+include_guard(GLOBAL)
+
+function(editor_settings_target target)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "VERSIONED" "EXPORT_NAME" "HEADERS")
+    cmake_parse_arguments(headers "" "ROOT" "FILES" ${arg_HEADERS})
+
+    set_target_properties(${target} PROPERTIES
+        CXX_EXTENSIONS OFF
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON
+        POSITION_INDEPENDENT_CODE ON)
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    target_compile_definitions(${target} PRIVATE
+        QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH QT_DEPRECATED_WARNINGS)
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -pedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+        -Wzero-as-null-pointer-constant -Wsuggest-override)
+    if(EDITOR_SETTINGS_SANITIZE)
+        target_compile_options(${target} PRIVATE -fsanitize=${EDITOR_SETTINGS_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_link_options(${target} PRIVATE -fsanitize=${EDITOR_SETTINGS_SANITIZE})
+    endif()
+
+    if(arg_VERSIONED)
+        set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+    endif()
+    if(headers_ROOT)
+        target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS ${headers_ROOT} FILES ${headers_FILES})
+    endif()
+    if(arg_EXPORT_NAME)
+        set_target_properties(${target} PROPERTIES EXPORT_NAME ${arg_EXPORT_NAME})
+        if(EDITOR_SETTINGS_INSTALL)
+            set(set EditorSettings)
+            if(target MATCHES "^Lumora")
+                set(set Lumora)
+            endif()
+            set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN")
+            install(TARGETS ${target} EXPORT ${set}Targets
+                LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+                ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+                FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/EditorSettings)
+        endif()
+    endif()
+endfunction()
