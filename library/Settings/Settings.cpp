@@ -1,0 +1,521 @@
+// SPDX-License-Identifier: MIT
+//
+// Static objects come to life in the order of this file, which is relied on: first the product's folder name, then the
+// keys and defaults of the preferences, the folder names, the list separator and, as the last definition, s_instance.
+// The defaults that copy format names need libLumoraConf, which is loaded before this library as it is linked to it.
+#include <Settings/Settings.h>
+
+#include <Lumora/Conf/Formats.h>
+#include <Lumora/Util/ByteConversion.h>
+#include <Lumora/Util/StandardPaths.h>
+
+#include <QDir>
+
+#include <cstdio>
+#include <cstdlib>
+
+QString const Configuration::productDataFolder = QStringLiteral("Lumora Video Editor");
+
+// --- Binding ---------------------------------------------------------------------------------------------------------
+//
+// A collaborator is locked for one call and dropped with the expression that makes it: no reference is held in between,
+// so a host may replace or destroy a collaborator between two calls.
+
+namespace {
+
+constexpr bool product = false; // useCommonStorage, for a preference that lies in productStorage
+constexpr bool common = true;   // the same, for one that lies in commonStorage
+
+template <typename Collaborator>
+std::shared_ptr<Collaborator> locked(std::weak_ptr<Collaborator> const& reference, char const* name, char const* kind)
+{
+    std::shared_ptr<Collaborator> collaborator = reference.lock();
+    if (!collaborator) {
+        std::fprintf(stderr, "EditorSettings: %s is not bound or has been destroyed; call Settings::init with a live %s first\n", name,
+                     kind);
+        std::abort();
+    }
+    return collaborator;
+}
+
+std::shared_ptr<ISettingsStorage> storage(bool useCommonStorage)
+{
+    return useCommonStorage ? locked(s_instance.commonStorage, "commonStorage", "store")
+                            : locked(s_instance.productStorage, "productStorage", "store");
+}
+
+std::shared_ptr<IProductInfo> productInfo() { return locked(s_instance.productInfo, "productInfo", "product-information object"); }
+
+} // namespace
+
+void Settings::init(SettingsContext const& context) { s_instance = context; }
+
+// --- Typed access ----------------------------------------------------------------------------------------------------
+//
+// One lock and one store call for each primitive value.
+
+namespace {
+
+extern QString const listSeparator;
+
+// Whether it fits or not: what lies beyond 32 bits is dropped without a word.
+int low32Bits(long long component) { return static_cast<int>(component); }
+
+} // namespace
+
+std::string read(std::string const& key, std::string const& defaultValue, bool useCommonStorage)
+{
+    return storage(useCommonStorage)->getString(key, defaultValue);
+}
+
+QString read(std::string const& key, QString const& defaultValue, bool useCommonStorage)
+{
+    return QString::fromStdString(storage(useCommonStorage)->getString(key, defaultValue.toStdString()));
+}
+
+bool read(std::string const& key, bool const& defaultValue, bool useCommonStorage)
+{
+    return storage(useCommonStorage)->getBool(key, defaultValue);
+}
+
+int read(std::string const& key, int const& defaultValue, bool useCommonStorage)
+{
+    return storage(useCommonStorage)->getInt(key, defaultValue);
+}
+
+// The default is ignored on purpose: hosts rely on an absent key giving no bytes.
+QByteArray read(std::string const& key, QByteArray const& /*defaultValue*/, bool useCommonStorage)
+{
+    return Lumora::Util::VectorByteToQByteArray(storage(useCommonStorage)->getBytes(key, {}));
+}
+
+boost::rational<long long> read(std::string const& key, boost::rational<long long> const& defaultValue, bool useCommonStorage)
+{
+    // Two statements, as a store must see the numerator first.
+    long long const numerator = storage(useCommonStorage)->getInt(key + "_N", low32Bits(defaultValue.numerator()));
+    long long const denominator = storage(useCommonStorage)->getInt(key + "_D", low32Bits(defaultValue.denominator()));
+    return {numerator, denominator};
+}
+
+QStringList read(std::string const& key, QStringList defaultValue, bool useCommonStorage)
+{
+    return read(key, defaultValue.join(listSeparator), useCommonStorage).split(listSeparator, Qt::SkipEmptyParts);
+}
+
+void write(std::string const& key, std::string const& value, bool useCommonStorage) { storage(useCommonStorage)->setString(key, value); }
+
+void write(std::string const& key, QString const& value, bool useCommonStorage)
+{
+    storage(useCommonStorage)->setString(key, value.toStdString());
+}
+
+void write(std::string const& key, bool const& value, bool useCommonStorage) { storage(useCommonStorage)->setBool(key, value); }
+
+void write(std::string const& key, int const& value, bool useCommonStorage) { storage(useCommonStorage)->setInt(key, value); }
+
+void write(std::string const& key, QByteArray const& value, bool useCommonStorage)
+{
+    storage(useCommonStorage)->setBytes(key, Lumora::Util::QByteArrayToVectorByte(value));
+}
+
+void write(std::string const& key, boost::rational<long long> const& value, bool useCommonStorage)
+{
+    storage(useCommonStorage)->setInt(key + "_N", low32Bits(value.numerator()));
+    storage(useCommonStorage)->setInt(key + "_D", low32Bits(value.denominator()));
+}
+
+void write(std::string const& key, QStringList value, bool useCommonStorage) { write(key, value.join(listSeparator), useCommonStorage); }
+
+// --- Preferences -----------------------------------------------------------------------------------------------------
+//
+// One block each: key, default, getter, setter. Where the default is a folder that has to be computed, the getter
+// computes it at each call, stored or not, and the default constant stays empty and unread.
+
+std::string const exportPathKey = "exportPath";
+QString const exportPathDefault;
+QString Settings::exportPath() { return read(exportPathKey, defaultLumoraLibraryPath(), product); }
+void Settings::setExportPath(QString const& value) { write(exportPathKey, value, product); }
+
+std::string const projectPathKey = "projectPath";
+QString const projectPathDefault;
+QString Settings::projectPath() { return read(projectPathKey, defaultProjectPath(), product); }
+void Settings::setProjectPath(QString const& value) { write(projectPathKey, value, product); }
+
+std::string const lastAddMediaPathKey = "lastAddMediaPath";
+QString const lastAddMediaPathDefault;
+QString Settings::lastAddMediaPath() { return read(lastAddMediaPathKey, lastAddMediaPathDefault, product); }
+void Settings::setLastAddMediaPath(QString const& value) { write(lastAddMediaPathKey, value, product); }
+
+std::string const lastAddVideoPathKey = "lastAddVideoPath";
+QString const lastAddVideoPathDefault;
+QString Settings::lastAddVideoPath() { return read(lastAddVideoPathKey, lastAddVideoPathDefault, product); }
+void Settings::setLastAddVideoPath(QString const& value) { write(lastAddVideoPathKey, value, product); }
+
+std::string const lastAddImagePathKey = "lastAddImagePath";
+QString const lastAddImagePathDefault;
+QString Settings::lastAddImagePath() { return read(lastAddImagePathKey, lastAddImagePathDefault, product); }
+void Settings::setLastAddImagePath(QString const& value) { write(lastAddImagePathKey, value, product); }
+
+std::string const lastAddAudioPathKey = "lastAddAudioPath";
+QString const lastAddAudioPathDefault;
+QString Settings::lastAddAudioPath() { return read(lastAddAudioPathKey, lastAddAudioPathDefault, product); }
+void Settings::setLastAddAudioPath(QString const& value) { write(lastAddAudioPathKey, value, product); }
+
+std::string const lastAddDirectoryPathKey = "lastAddDirectoryPath";
+QString const lastAddDirectoryPathDefault;
+QString Settings::lastAddDirectoryPath() { return read(lastAddDirectoryPathKey, lastAddDirectoryPathDefault, product); }
+void Settings::setLastAddDirectoryPath(QString const& value) { write(lastAddDirectoryPathKey, value, product); }
+
+std::string const lastAddImageDirectoryPathKey = "lastAddImageDirectoryPath";
+QString const lastAddImageDirectoryPathDefault;
+QString Settings::lastAddImageDirectoryPath() { return read(lastAddImageDirectoryPathKey, lastAddImageDirectoryPathDefault, product); }
+void Settings::setLastAddImageDirectoryPath(QString const& value) { write(lastAddImageDirectoryPathKey, value, product); }
+
+std::string const lastTargetKey = "lastTarget";
+QString const lastTargetDefault;
+QString Settings::lastTarget() { return read(lastTargetKey, lastTargetDefault, product); }
+void Settings::setLastTarget(QString const& value) { write(lastTargetKey, value, product); }
+
+std::string const openOutputAfterExportKey = "openOutputAfterExport";
+bool const openOutputAfterExportDefault = true;
+bool Settings::openOutputAfterExport() { return read(openOutputAfterExportKey, openOutputAfterExportDefault, product); }
+void Settings::setOpenOutputAfterExport(bool const& value) { write(openOutputAfterExportKey, value, product); }
+
+std::string const openLinkAfterUploadKey = "openLinkAfterUpload";
+bool const openLinkAfterUploadDefault = true;
+bool Settings::openLinkAfterUpload() { return read(openLinkAfterUploadKey, openLinkAfterUploadDefault, product); }
+void Settings::setOpenLinkAfterUpload(bool const& value) { write(openLinkAfterUploadKey, value, product); }
+
+std::string const lastUsedPresetGroupKey = "lastUsedPresetGroup";
+std::string const lastUsedPresetGroupDefault;
+std::string Settings::lastUsedPresetGroup() { return read(lastUsedPresetGroupKey, lastUsedPresetGroupDefault, product); }
+void Settings::setLastUsedPresetGroup(std::string const& value) { write(lastUsedPresetGroupKey, value, product); }
+
+std::string const lastUsedPresetIdKey = "lastUsedPresetId";
+std::string const lastUsedPresetIdDefault;
+std::string Settings::lastUsedPresetId() { return read(lastUsedPresetIdKey, lastUsedPresetIdDefault, product); }
+void Settings::setLastUsedPresetId(std::string const& value) { write(lastUsedPresetIdKey, value, product); }
+
+// True although the name negates: a first start goes straight to the editor.
+std::string const dontShowStartDialogKey = "dontShowStartDialog";
+bool const dontShowStartDialogDefault = true;
+bool Settings::dontShowStartDialog() { return read(dontShowStartDialogKey, dontShowStartDialogDefault, product); }
+void Settings::setDontShowStartDialog(bool const& value) { write(dontShowStartDialogKey, value, product); }
+
+std::string const keepVideoAspectKey = "keepVideoAspect";
+bool const keepVideoAspectDefault = true;
+bool Settings::keepVideoAspect() { return read(keepVideoAspectKey, keepVideoAspectDefault, product); }
+void Settings::setKeepVideoAspect(bool const& value) { write(keepVideoAspectKey, value, product); }
+
+// The setter keeps the name that the update dialog has always called.
+std::string const autoUpdateKey = "autoUpdate";
+bool const autoUpdateDefault = true;
+bool Settings::autoUpdate() { return read(autoUpdateKey, autoUpdateDefault, common); }
+void Settings::setCheckForUpdates(bool const& value) { write(autoUpdateKey, value, common); }
+
+std::string const sendStatisticsKey = "sendStatistics";
+bool const sendStatisticsDefault = true;
+bool Settings::sendStatistics() { return read(sendStatisticsKey, sendStatisticsDefault, common); }
+void Settings::setSendStatistics(bool const& value) { write(sendStatisticsKey, value, common); }
+
+std::string const recentProjectsKey = "recentProjects";
+std::string const recentProjectsDefault;
+std::string Settings::recentProjects() { return read(recentProjectsKey, recentProjectsDefault, product); }
+void Settings::setRecentProjects(std::string const& value) { write(recentProjectsKey, value, product); }
+
+std::string const recentProjectPreviewsKey = "recentProjectPreviews";
+QByteArray const recentProjectPreviewsDefault;
+QByteArray Settings::recentProjectPreviews() { return read(recentProjectPreviewsKey, recentProjectPreviewsDefault, product); }
+void Settings::setRecentProjectPreviews(QByteArray const& value) { write(recentProjectPreviewsKey, value, product); }
+
+std::string const mainWindowGeometryKey = "mainWindowGeometry";
+QByteArray const mainWindowGeometryDefault;
+QByteArray Settings::mainWindowGeometry() { return read(mainWindowGeometryKey, mainWindowGeometryDefault, product); }
+void Settings::setMainWindowGeometry(QByteArray const& value) { write(mainWindowGeometryKey, value, product); }
+
+std::string const mainWindowStateKey = "mainWindowState";
+QByteArray const mainWindowStateDefault;
+QByteArray Settings::mainWindowState() { return read(mainWindowStateKey, mainWindowStateDefault, product); }
+void Settings::setMainWindowState(QByteArray const& value) { write(mainWindowStateKey, value, product); }
+
+std::string const splitterMainGeometryKey = "splitterMainGeometry";
+QByteArray const splitterMainGeometryDefault;
+QByteArray Settings::splitterMainGeometry() { return read(splitterMainGeometryKey, splitterMainGeometryDefault, product); }
+void Settings::setSplitterMainGeometry(QByteArray const& value) { write(splitterMainGeometryKey, value, product); }
+
+std::string const splitterMainStateKey = "splitterMainState";
+QByteArray const splitterMainStateDefault;
+QByteArray Settings::splitterMainState() { return read(splitterMainStateKey, splitterMainStateDefault, product); }
+void Settings::setSplitterMainState(QByteArray const& value) { write(splitterMainStateKey, value, product); }
+
+std::string const splitterTopPanelGeometryKey = "splitterTopPanelGeometry";
+QByteArray const splitterTopPanelGeometryDefault;
+QByteArray Settings::splitterTopPanelGeometry() { return read(splitterTopPanelGeometryKey, splitterTopPanelGeometryDefault, product); }
+void Settings::setSplitterTopPanelGeometry(QByteArray const& value) { write(splitterTopPanelGeometryKey, value, product); }
+
+std::string const splitterTopPanelStateKey = "splitterTopPanelState";
+QByteArray const splitterTopPanelStateDefault;
+QByteArray Settings::splitterTopPanelState() { return read(splitterTopPanelStateKey, splitterTopPanelStateDefault, product); }
+void Settings::setSplitterTopPanelState(QByteArray const& value) { write(splitterTopPanelStateKey, value, product); }
+
+std::string const audioRecordPathKey = "audioRecordPath";
+QString const audioRecordPathDefault;
+QString Settings::audioRecordPath() { return read(audioRecordPathKey, defaultAudioRecordPath(), product); }
+void Settings::setAudioRecordPath(QString const& value) { write(audioRecordPathKey, value, product); }
+
+std::string const audioRecordFormatKey = "audioRecordFormat";
+std::string const audioRecordFormatDefault = Lumora::Conf::IFormatFile::FORMAT_WAV;
+std::string Settings::audioRecordFormat() { return read(audioRecordFormatKey, audioRecordFormatDefault, product); }
+void Settings::setAudioRecordFormat(std::string const& value) { write(audioRecordFormatKey, value, product); }
+
+std::string const audioRecordCodecKey = "audioRecordCodec";
+std::string const audioRecordCodecDefault = Lumora::Conf::IFormatCodecAudio::CODEC_ID_PCM_S16LE;
+std::string Settings::audioRecordCodec() { return read(audioRecordCodecKey, audioRecordCodecDefault, product); }
+void Settings::setAudioRecordCodec(std::string const& value) { write(audioRecordCodecKey, value, product); }
+
+std::string const downloadableResourcesPathKey = "downloadableResourcesPath";
+QString const downloadableResourcesPathDefault;
+QString Settings::downloadableResourcesPath() { return read(downloadableResourcesPathKey, defaultDownloadableResourcesPath(), product); }
+void Settings::setDownloadableResourcesPath(QString const& value) { write(downloadableResourcesPathKey, value, product); }
+
+std::string const stabilizedFilePathKey = "stabilizedFilePath";
+QString const stabilizedFilePathDefault;
+QString Settings::stabilizedFilePath() { return read(stabilizedFilePathKey, defaultStabilizedFilePath(), product); }
+void Settings::setStabilizedFilePath(QString const& value) { write(stabilizedFilePathKey, value, product); }
+
+// Reserved: nothing reads or writes it, and stabilized clips keep the format that their caller names.
+std::string const stabilizedFileFormatKey = "stabilizedFileFormat";
+std::string const stabilizedFileFormatDefault = Lumora::Conf::IFormatFile::FORMAT_MP4;
+
+// The small "f" of the setter is the name that hosts link against.
+std::string const freezedFileFormatKey = "freezedFileFormat";
+std::string const freezedFileFormatDefault = Lumora::Conf::IFormatFile::FORMAT_PNG;
+std::string Settings::freezedFileFormat() { return read(freezedFileFormatKey, freezedFileFormatDefault, product); }
+void Settings::setfreezedFileFormat(std::string const& value) { write(freezedFileFormatKey, value, product); }
+
+std::string const notificationsEnabledKey = "notificationsEnabled";
+bool const notificationsEnabledDefault = true;
+bool Settings::notificationsEnabled() { return read(notificationsEnabledKey, notificationsEnabledDefault, product); }
+void Settings::setNotificationsEnabled(bool const& value) { write(notificationsEnabledKey, value, product); }
+
+std::string const useGuideLinesKey = "useGuideLines";
+bool const useGuideLinesDefault = true;
+bool Settings::useGuideLines() { return read(useGuideLinesKey, useGuideLinesDefault, product); }
+void Settings::setUseGuideLines(bool const& value) { write(useGuideLinesKey, value, product); }
+
+std::string const acquaintedWithFastTrackKey = "acquaintedWithFastTrack";
+bool const acquaintedWithFastTrackDefault = false;
+bool Settings::acquaintedWithFastTrack() { return read(acquaintedWithFastTrackKey, acquaintedWithFastTrackDefault, product); }
+void Settings::setAcquaintedWithFastTrack(bool const& value) { write(acquaintedWithFastTrackKey, value, product); }
+
+std::string const fastTrackEnabledKey = "fastTrackEnabled";
+bool const fastTrackEnabledDefault = true;
+bool Settings::fastTrackEnabled() { return read(fastTrackEnabledKey, fastTrackEnabledDefault, product); }
+void Settings::setFastTrackEnabled(bool const& value) { write(fastTrackEnabledKey, value, product); }
+
+std::string const useFilmstripPreviewKey = "useFilmstripPreview";
+bool const useFilmstripPreviewDefault = true;
+bool Settings::useFilmstripPreview() { return read(useFilmstripPreviewKey, useFilmstripPreviewDefault, product); }
+void Settings::setUseFilmstripPreview(bool const& value) { write(useFilmstripPreviewKey, value, product); }
+
+std::string const fastTrackContentPathKey = "fastTrackContentPath";
+QString const fastTrackContentPathDefault;
+QString Settings::fastTrackContentPath() { return read(fastTrackContentPathKey, defaultFastTrackContentPath(), product); }
+void Settings::setFastTrackContentPath(QString const& value) { write(fastTrackContentPathKey, value, product); }
+
+std::string const waveformCachePathKey = "waveformCachePath";
+QString const waveformCachePathDefault;
+QString Settings::waveformCachePath() { return read(waveformCachePathKey, defaultWaveformCachePath(), product); }
+void Settings::setWaveformCachePath(QString const& value) { write(waveformCachePathKey, value, product); }
+
+std::string const newsCenterContentPathKey = "newsCenterContentPath";
+QString const newsCenterContentPathDefault;
+QString Settings::newsCenterContentPath() { return read(newsCenterContentPathKey, defaultNewsCenterContentPath(), product); }
+void Settings::setNewsCenterContentPath(QString const& value) { write(newsCenterContentPathKey, value, product); }
+
+std::string const quizExportUserIdKey = "quizExportUserId";
+QString const quizExportUserIdDefault;
+QString Settings::quizExportUserId() { return read(quizExportUserIdKey, quizExportUserIdDefault, product); }
+void Settings::setQuizExportUserId(QString const& value) { write(quizExportUserIdKey, value, product); }
+
+std::string const quizAgreementCheckedKey = "quizAgreementChecked";
+bool const quizAgreementCheckedDefault = false;
+bool Settings::quizAgreementChecked() { return read(quizAgreementCheckedKey, quizAgreementCheckedDefault, product); }
+void Settings::setQuizAgreementChecked(bool const& value) { write(quizAgreementCheckedKey, value, product); }
+
+std::string const bundleShadowCachePathKey = "bundleShadowCachePath";
+QString const bundleShadowCachePathDefault;
+QString Settings::bundleShadowCachePath() { return read(bundleShadowCachePathKey, defaultBundleShadowCachePath(), product); }
+void Settings::setBundleShadowCachePath(QString const& value) { write(bundleShadowCachePathKey, value, product); }
+
+std::string const downloaderCachePathKey = "downloaderCachePath";
+QString const downloaderCachePathDefault;
+QString Settings::downloaderCachePath() { return read(downloaderCachePathKey, defaultDownloaderCachePath(), product); }
+void Settings::setDownloaderCachePath(QString const& value) { write(downloaderCachePathKey, value, product); }
+
+std::string const packInAppCachePathKey = "packInAppCachePath";
+QString const packInAppCachePathDefault;
+QString Settings::packInAppCachePath() { return read(packInAppCachePathKey, defaultPackInAppCachePath(), product); }
+void Settings::setPackInAppCachePath(QString const& value) { write(packInAppCachePathKey, value, product); }
+
+std::string const snapshotPathKey = "snapshotPath";
+QString const snapshotPathDefault;
+QString Settings::snapshotPath() { return read(snapshotPathKey, defaultLumoraLibraryPath(), product); }
+void Settings::setSnapshotPath(QString const& value) { write(snapshotPathKey, value, product); }
+
+// The setters of the survey spell its name in capitals; hosts link against them so.
+std::string const npsReadyNotificationCountKey = "npsReadyNotificationCount";
+int const npsReadyNotificationCountDefault = -1;
+int Settings::npsReadyNotificationCount() { return read(npsReadyNotificationCountKey, npsReadyNotificationCountDefault, product); }
+void Settings::setNPSReadyNotificationCount(int const& value) { write(npsReadyNotificationCountKey, value, product); }
+
+std::string const npsStartExportCountKey = "npsStartExportCount";
+int const npsStartExportCountDefault = 0;
+int Settings::npsStartExportCount() { return read(npsStartExportCountKey, npsStartExportCountDefault, product); }
+void Settings::setNPSStartExportCount(int const& value) { write(npsStartExportCountKey, value, product); }
+
+std::string const npsSendCountKey = "npsSendCount";
+int const npsSendCountDefault = 0;
+int Settings::npsSendCount() { return read(npsSendCountKey, npsSendCountDefault, product); }
+void Settings::setNPSSendCount(int const& value) { write(npsSendCountKey, value, product); }
+
+std::string const npsValueToSendKey = "npsValueToSend";
+int const npsValueToSendDefault = -1;
+int Settings::npsValueToSend() { return read(npsValueToSendKey, npsValueToSendDefault, product); }
+void Settings::setNPSValueToSend(int const& value) { write(npsValueToSendKey, value, product); }
+
+std::string const npsCommentToSendKey = "npsCommentToSend";
+QString const npsCommentToSendDefault;
+QString Settings::npsCommentToSend() { return read(npsCommentToSendKey, npsCommentToSendDefault, product); }
+void Settings::setNPSCommentToSend(QString const& value) { write(npsCommentToSendKey, value, product); }
+
+std::string const npsEmailToSendKey = "npsEmailToSend";
+QString const npsEmailToSendDefault;
+QString Settings::npsEmailToSend() { return read(npsEmailToSendKey, npsEmailToSendDefault, product); }
+void Settings::setNPSEmailToSend(QString const& value) { write(npsEmailToSendKey, value, product); }
+
+// --- Composite settings ----------------------------------------------------------------------------------------------
+
+namespace {
+
+// The export targets of a product of kind 1, which forgets them when the process ends.
+std::string usedOutputDirectories;
+
+bool productIsOfKindOne() { return productInfo()->productKind() == 1; }
+
+} // namespace
+
+std::string const achievedTutorialsKey = "achievedTutorials";
+QStringList const achievedTutorialsDefault;
+QStringList Settings::achievedTutorials() { return read(achievedTutorialsKey, achievedTutorialsDefault, product); }
+void Settings::setAchievedTutorials(QStringList const& tutorials) { write(achievedTutorialsKey, tutorials, product); }
+
+std::string const userCustomColorsKey = "userCustomColors";
+QStringList const userCustomColorsDefault;
+QStringList Settings::userCustomColors() { return read(userCustomColorsKey, userCustomColorsDefault, product); }
+void Settings::setUserCustomColors(QStringList const& colors) { write(userCustomColorsKey, colors, product); }
+
+std::string const targetHistoryKey = "targetHistory";
+std::string const targetHistoryDefault;
+std::string Settings::targetHistory()
+{
+    return productIsOfKindOne() ? usedOutputDirectories : read(targetHistoryKey, targetHistoryDefault, product);
+}
+void Settings::setTargetHistory(std::string const& history)
+{
+    if (productIsOfKindOne())
+        usedOutputDirectories = history;
+    else
+        write(targetHistoryKey, history, product);
+}
+
+int const Settings::targetHistoryLength = 10;
+
+// --- Folder names ----------------------------------------------------------------------------------------------------
+
+std::string const Settings::lumoraLibrary = "Lumora Library";
+QString const Settings::projectDirectory = QStringLiteral("Projects");
+QString const Settings::audioRecordDirectory = QStringLiteral("Recorded Audio");
+QString const Settings::resourcesDirectory = QStringLiteral("Media Content");
+QString const Settings::stabilizedFileDirectory = QStringLiteral("Stabilized");
+QString const Settings::fastTrackContentDirectory = QStringLiteral("Preview Files");
+QString const Settings::waveformCacheDirectory = QStringLiteral("Cache");
+QString const Settings::newsCenterContentDirectory = QStringLiteral("News Center");
+QString const Settings::bundleShadowCacheDirectory = QStringLiteral("Bundle Shadow Copy");
+QString const Settings::downloaderCacheDirectory = QStringLiteral("Downloader Cache");
+QString const Settings::packInAppCacheDirectory = QStringLiteral("PackInApp Cache");
+QFont const Settings::countDownFont(QStringLiteral("Verdana"), 60, -1, false);
+QString const Settings::countDownPadImage = QStringLiteral(":/icons/Player/countdownPad.png");
+// The spelling is the name that hosts link against.
+QString const Settings::packageExtenstion = QStringLiteral("mpack");
+QString const Settings::waveformExtension = QStringLiteral("blob");
+
+// --- Roots -----------------------------------------------------------------------------------------------------------
+//
+// Two kinds that stay apart: folders for the user come from the editor's GetStandardPath and are cleaned and native;
+// data roots come from Qt and are left as concatenated, doubled separators included.
+
+namespace {
+
+QString vendorName() { return QString::fromStdString(productInfo()->vendorName()); }
+
+QString sharedDataFolderName() { return QString::fromStdString(productInfo()->sharedDataFolderName()); }
+
+QString vendorDataPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QDir::separator() + vendorName();
+}
+
+QString sharedDataPath()
+{
+    QString path = vendorDataPath() + QLatin1String("/SharedData/");
+    path += sharedDataFolderName();
+    return path;
+}
+
+} // namespace
+
+QString makeDefaultPath(QStandardPaths::StandardLocation location, QString folder)
+{
+    QString const base = Lumora::Util::GetStandardPath(location);
+    return QDir::toNativeSeparators(
+        QDir::cleanPath(base + QDir::separator() + Configuration::productDataFolder + QDir::separator() + folder));
+}
+
+QString productDataPath()
+{
+    QString path = vendorDataPath() + QDir::separator();
+    path += nonLocalizedProductName();
+    return path;
+}
+
+QString nonLocalizedProductName() { return QString::fromStdString(productInfo()->productName()); }
+
+QString Settings::defaultLumoraLibraryPath()
+{
+    QString const name = productIsOfKindOne() ? Configuration::productDataFolder : QString::fromStdString(lumoraLibrary);
+    return QDir::toNativeSeparators(QDir::cleanPath(Lumora::Util::GetLumoraLibraryPath(name)));
+}
+
+// --- Default folders -------------------------------------------------------------------------------------------------
+
+QString Settings::defaultProjectPath() { return makeDefaultPath(QStandardPaths::MoviesLocation, projectDirectory); }
+QString Settings::defaultAudioRecordPath() { return makeDefaultPath(QStandardPaths::MusicLocation, audioRecordDirectory); }
+QString Settings::defaultStabilizedFilePath() { return makeDefaultPath(QStandardPaths::MoviesLocation, stabilizedFileDirectory); }
+QString Settings::defaultFastTrackContentPath() { return makeDefaultPath(QStandardPaths::MoviesLocation, fastTrackContentDirectory); }
+QString Settings::defaultDownloadableResourcesPath() { return makeDefaultPath(QStandardPaths::MoviesLocation, resourcesDirectory); }
+QString Settings::defaultNewsCenterContentPath() { return makeDefaultPath(QStandardPaths::CacheLocation, newsCenterContentDirectory); }
+QString Settings::defaultBundleShadowCachePath() { return makeDefaultPath(QStandardPaths::CacheLocation, bundleShadowCacheDirectory); }
+QString Settings::defaultDownloaderCachePath() { return makeDefaultPath(QStandardPaths::CacheLocation, downloaderCacheDirectory); }
+QString Settings::defaultPackInAppCachePath() { return makeDefaultPath(QStandardPaths::CacheLocation, packInAppCacheDirectory); }
+QString Settings::defaultWaveformCachePath() { return sharedDataPath() + QLatin1String("/Waveforms/") + waveformCacheDirectory; }
+
+// --- The last objects to come to life ----------------------------------------------------------------------------------
+
+namespace {
+
+QString const listSeparator = QStringLiteral("|#|");
+
+} // namespace
+
+SettingsContext s_instance;
