@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: MIT
+//
+// The library is loaded and unloaded by this program, which watches its static objects come to life: each registers
+// its end with __cxa_atexit, in the order of the beginnings, and this program's __cxa_atexit is called first.
+#include <Settings/SettingsContext.h>
+
+#include <support/Process.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <sstream>
+
+#include <dlfcn.h>
+#include <link.h>
+
+namespace {
+
+constexpr std::size_t capacity = 4096;
+void* registered[capacity];
+std::size_t registeredCount = 0;
+
+} // namespace
+
+extern "C" __attribute__((visibility("default"))) int __cxa_atexit(void (*destructor)(void*), void* object, void* handle) noexcept
+{
+    if (registeredCount < capacity)
+        registered[registeredCount++] = object;
+    using Register = int (*)(void (*)(void*), void*, void*);
+    static Register const next = reinterpret_cast<Register>(::dlsym(RTLD_NEXT, "__cxa_atexit"));
+    return next(destructor, object, handle);
+}
+
+namespace {
+
+class Loaded {
+public:
+    Loaded() : m_handle((registeredCount = 0, ::dlopen(LIBRARY_FILE, RTLD_NOW | RTLD_LOCAL))) {}
+    ~Loaded() { unload(); }
+    Loaded(Loaded const&) = delete;
+    Loaded& operator=(Loaded const&) = delete;
+
+    explicit operator bool() const { return m_handle; }
+    void unload()
+    {
+        if (m_handle)
+            ::dlclose(m_handle);
+        m_handle = nullptr;
+    }
+    void* symbol(char const* name) const { return ::dlsym(m_handle, name); }
+
+    // The library's objects that came to life, by name and in their order.
+    std::vector<std::string> objects() const
+    {
+        link_map* map = nullptr;
+        ::dlinfo(m_handle, RTLD_DI_LINKMAP, &map);
+        std::map<void*, std::string> names;
+        for (std::string const& line : lines(run({"nm", "--defined-only", "--demangle", LIBRARY_FILE}).out)) {
+            std::istringstream fields(line);
+            unsigned long address = 0;
+            std::string type;
+            std::string name;
+            if (fields >> std::hex >> address >> type >> std::ws && std::getline(fields, name) && type.find_first_of("bBdD") == 0)
+                names[reinterpret_cast<void*>(map->l_addr + address)] = bare(name);
+        }
+        std::vector<std::string> result;
+        for (std::size_t index = 0; index < registeredCount; ++index) {
+            auto const found = names.find(registered[index]);
+            if (found != names.end())
+                result.push_back(found->second);
+        }
+        return result;
+    }
+
+private:
+    // "(anonymous namespace)::name" and "name[abi:cxx11]" as name.
+    static std::string bare(std::string name)
+    {
+        name.erase(std::min(name.find('['), name.size()));
+        std::string const anonymous = "(anonymous namespace)::";
+        return name.compare(0, anonymous.size(), anonymous) == 0 ? name.substr(anonymous.size()) : name;
+    }
+
+    void* m_handle;
+};
+
+bool endsWith(std::string const& text, std::string const& end)
+{
+    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+TEST(Load, ObjectsComeToLifeInTheirOrder)
+{
+    Loaded const library;
+    ASSERT_TRUE(library) << ::dlerror();
+    std::vector<std::string> const objects = library.objects();
+    auto const position = [&](std::string const& name) { return std::find(objects.begin(), objects.end(), name) - objects.begin(); };
+    auto const count = static_cast<std::ptrdiff_t>(objects.size());
+
+    ASSERT_GT(count, 100) << "the library's symbols were found";
+    EXPECT_EQ(objects.front(), "Configuration::productDataFolder");
+    EXPECT_EQ(objects.back(), "s_instance");
+    EXPECT_EQ(position("listSeparator"), count - 2);
+
+    // Keys and defaults, then folder names.
+    std::ptrdiff_t const firstFolderName = position("Settings::lumoraLibrary");
+    char const* const folderNames[] = {"lumoraLibrary",
+                                       "projectDirectory",
+                                       "audioRecordDirectory",
+                                       "resourcesDirectory",
+                                       "stabilizedFileDirectory",
+                                       "fastTrackContentDirectory",
+                                       "waveformCacheDirectory",
+                                       "newsCenterContentDirectory",
+                                       "bundleShadowCacheDirectory",
+                                       "downloaderCacheDirectory",
+                                       "packInAppCacheDirectory",
+                                       "countDownFont",
+                                       "countDownPadImage",
+                                       "packageExtenstion",
+                                       "waveformExtension"};
+    std::ptrdiff_t next = firstFolderName;
+    for (char const* name : folderNames)
+        EXPECT_EQ(position(std::string("Settings::") + name), next++) << name;
+    EXPECT_EQ(next, count - 2) << "the folder names stand right before the list separator";
+    int keys = 0;
+    for (std::ptrdiff_t index = 1; index < firstFolderName; ++index) {
+        std::string const& name = objects[static_cast<std::size_t>(index)];
+        EXPECT_TRUE(endsWith(name, "Key") || endsWith(name, "Default") || name == "usedOutputDirectories") << name;
+        keys += endsWith(name, "Key");
+    }
+    EXPECT_EQ(keys, 55);
+}
+
+TEST(Load, BindingIsEmptyAtFirst)
+{
+    Loaded const library;
+    ASSERT_TRUE(library) << ::dlerror();
+    auto const* const instance = static_cast<SettingsContext const*>(library.symbol("s_instance"));
+    ASSERT_TRUE(instance);
+    EXPECT_FALSE(instance->productInfo.lock());
+    EXPECT_FALSE(instance->commonStorage.lock());
+    EXPECT_FALSE(instance->productStorage.lock());
+    EXPECT_EQ(instance->resourcesRoot.utf8string(), "");
+}
+
+struct Store final : ISettingsStorage {
+    explicit Store(bool& destroyed) : m_destroyed(destroyed) {}
+    ~Store() override { m_destroyed = true; }
+    void setBool(std::string const&, bool) override {}
+    void setInt(std::string const&, int) override {}
+    void setString(std::string const&, std::string const&) override {}
+    void setBytes(std::string const&, std::vector<unsigned char> const&) override {}
+    bool contains(std::string const&) const override { return false; }
+    void remove(std::string const&) override {}
+    bool getBool(std::string const&, bool value) const override { return value; }
+    int getInt(std::string const&, int value) const override { return value; }
+    std::string getString(std::string const&, std::string const& value) const override { return value; }
+    std::vector<unsigned char> getBytes(std::string const&, std::vector<unsigned char> const& value) const override { return value; }
+
+private:
+    bool& m_destroyed;
+};
+
+int freedBlocks = 0;
+
+// Counts the control blocks that are freed, which happens when the last weak reference goes.
+template <typename T>
+struct CountingAllocator {
+    using value_type = T;
+    CountingAllocator() = default;
+    template <typename U>
+    CountingAllocator(CountingAllocator<U> const&)
+    {}
+    T* allocate(std::size_t count) { return std::allocator<T>().allocate(count); }
+    void deallocate(T* pointer, std::size_t count)
+    {
+        ++freedBlocks;
+        std::allocator<T>().deallocate(pointer, count);
+    }
+    bool operator==(CountingAllocator const&) const { return true; }
+    bool operator!=(CountingAllocator const&) const { return false; }
+};
+
+TEST(Unload, ReleasesTheWeakReferencesAndLeavesTheCollaboratorsAlone)
+{
+    Loaded library;
+    ASSERT_TRUE(library) << ::dlerror();
+    auto const init = reinterpret_cast<void (*)(SettingsContext const&)>(library.symbol("_ZN8Settings4initERK15SettingsContext"));
+    ASSERT_TRUE(init);
+    bool destroyed = false;
+    std::shared_ptr<ISettingsStorage> store = std::allocate_shared<Store>(CountingAllocator<Store>(), destroyed);
+    init({{}, store, store, Lumora::ioPath("/root")});
+    library.unload();
+    ASSERT_FALSE(::dlopen(LIBRARY_FILE, RTLD_NOW | RTLD_NOLOAD)) << "the library is still loaded";
+    EXPECT_FALSE(destroyed);
+    freedBlocks = 0;
+    store.reset();
+    EXPECT_TRUE(destroyed);
+    EXPECT_EQ(freedBlocks, 1) << "a weak reference is left";
+}
+
+} // namespace

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+//
+// A host that brings its own functions of the platform library: the settings library calls them, not ours.
+#include <Lumora/Util/StandardPaths.h>
+
+#include <support/BoundLibrary.h>
+
+namespace {
+
+std::vector<QStandardPaths::StandardLocation> askedLocations;
+std::vector<QString> askedLibraries;
+QString standardPath;
+QString libraryPath;
+
+} // namespace
+
+QString Lumora::Util::GetStandardPath(QStandardPaths::StandardLocation location)
+{
+    askedLocations.push_back(location);
+    return standardPath;
+}
+
+QString Lumora::Util::GetLumoraLibraryPath(QString name)
+{
+    askedLibraries.push_back(name);
+    return libraryPath;
+}
+
+namespace {
+
+class OwnPlatform : public BoundLibrary {
+protected:
+    void SetUp() override
+    {
+        askedLocations.clear();
+        askedLibraries.clear();
+        standardPath = QStringLiteral("/Users/u/Movies");
+        libraryPath = QStringLiteral("/Users/u/Library");
+    }
+};
+
+TEST_F(OwnPlatform, DefaultPathIsBuiltOnTheHostsStandardPath)
+{
+    EXPECT_EQ(makeDefaultPath(QStandardPaths::MoviesLocation, QStringLiteral("Projects")),
+              QStringLiteral("/Users/u/Movies/Lumora Video Editor/Projects"));
+    EXPECT_EQ(askedLocations, std::vector{QStandardPaths::MoviesLocation});
+}
+
+TEST_F(OwnPlatform, SeparatorAtTheEndOfAStandardPathIsNotDoubled)
+{
+    standardPath = QStringLiteral("/m/");
+    EXPECT_EQ(Settings::defaultProjectPath(), QStringLiteral("/m/Lumora Video Editor/Projects"));
+    EXPECT_EQ(Settings::defaultAudioRecordPath(), QStringLiteral("/m/Lumora Video Editor/Recorded Audio"));
+    EXPECT_EQ(Settings::defaultStabilizedFilePath(), QStringLiteral("/m/Lumora Video Editor/Stabilized"));
+    EXPECT_EQ(Settings::defaultFastTrackContentPath(), QStringLiteral("/m/Lumora Video Editor/Preview Files"));
+    EXPECT_EQ(Settings::defaultDownloadableResourcesPath(), QStringLiteral("/m/Lumora Video Editor/Media Content"));
+    EXPECT_EQ(Settings::defaultNewsCenterContentPath(), QStringLiteral("/m/Lumora Video Editor/News Center"));
+    EXPECT_EQ(Settings::defaultBundleShadowCachePath(), QStringLiteral("/m/Lumora Video Editor/Bundle Shadow Copy"));
+    EXPECT_EQ(Settings::defaultDownloaderCachePath(), QStringLiteral("/m/Lumora Video Editor/Downloader Cache"));
+    EXPECT_EQ(Settings::defaultPackInAppCachePath(), QStringLiteral("/m/Lumora Video Editor/PackInApp Cache"));
+    using Paths = QStandardPaths;
+    EXPECT_EQ(askedLocations,
+              (std::vector{Paths::MoviesLocation, Paths::MusicLocation, Paths::MoviesLocation, Paths::MoviesLocation, Paths::MoviesLocation,
+                           Paths::CacheLocation, Paths::CacheLocation, Paths::CacheLocation, Paths::CacheLocation}));
+}
+
+TEST_F(OwnPlatform, EmptyStandardPathGivesARootedPath)
+{
+    standardPath.clear();
+    EXPECT_EQ(Settings::defaultProjectPath(), QStringLiteral("/Lumora Video Editor/Projects"));
+}
+
+TEST_F(OwnPlatform, StandardPathIsAskedAnewAlsoWhenTheFolderIsStored)
+{
+    Settings::setProjectPath(QStringLiteral("/p"));
+    EXPECT_EQ(Settings::projectPath(), QStringLiteral("/p"));
+    EXPECT_EQ(Settings::projectPath(), QStringLiteral("/p"));
+    EXPECT_EQ(askedLocations.size(), 2u);
+}
+
+TEST_F(OwnPlatform, UserLibraryIsAskedByTheNameOfTheKind)
+{
+    for (int const kind : {1, 0, 2, -1}) {
+        m_product->kind = kind;
+        EXPECT_EQ(Settings::defaultLumoraLibraryPath(), QStringLiteral("/Users/u/Library"));
+    }
+    EXPECT_EQ(askedLibraries, (std::vector{QStringLiteral("Lumora Video Editor"), QStringLiteral("Lumora Library"),
+                                           QStringLiteral("Lumora Library"), QStringLiteral("Lumora Library")}));
+    EXPECT_TRUE(askedLocations.empty());
+}
+
+TEST_F(OwnPlatform, UserLibraryIsCleaned)
+{
+    libraryPath = QStringLiteral("/Users//u/./Library/");
+    EXPECT_EQ(Settings::defaultLumoraLibraryPath(), QStringLiteral("/Users/u/Library"));
+    libraryPath.clear();
+    EXPECT_EQ(Settings::defaultLumoraLibraryPath(), QString());
+}
+
+TEST_F(OwnPlatform, ExportAndSnapshotFoldersAskForTheUserLibrary)
+{
+    m_product->kind = 1;
+    EXPECT_EQ(Settings::exportPath(), QStringLiteral("/Users/u/Library"));
+    EXPECT_EQ(Settings::snapshotPath(), QStringLiteral("/Users/u/Library"));
+    EXPECT_EQ(askedLibraries, std::vector(2, QStringLiteral("Lumora Video Editor")));
+}
+
+TEST_F(OwnPlatform, DataRootsDoNotAskTheHost)
+{
+    ::setenv("XDG_DATA_HOME", "/D", 1);
+    EXPECT_EQ(productDataPath(), QStringLiteral("/D/Vendor/Product"));
+    EXPECT_EQ(Settings::defaultWaveformCachePath(), QStringLiteral("/D/Vendor/SharedData/Shared/Waveforms/Cache"));
+    EXPECT_TRUE(askedLocations.empty());
+}
+
+} // namespace

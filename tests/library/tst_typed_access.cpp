@@ -1,0 +1,300 @@
+// SPDX-License-Identifier: MIT
+#include <TestKit/FailingStorage.h>
+
+#include <support/BoundLibrary.h>
+#include <support/Named.h>
+
+#include <limits>
+#include <type_traits>
+
+using Rational = boost::rational<long long>;
+
+// The fourteen overloads, with the lists by value and all else by reference.
+template <typename T, typename Argument = T const&>
+constexpr bool hasOverloads(T (*)(std::string const&, Argument, bool), void (*)(std::string const&, Argument, bool))
+{
+    return true;
+}
+static_assert(hasOverloads<std::string>(&read, &write));
+static_assert(hasOverloads<QString>(&read, &write));
+static_assert(hasOverloads<bool>(&read, &write));
+static_assert(hasOverloads<int>(&read, &write));
+static_assert(hasOverloads<QByteArray>(&read, &write));
+static_assert(hasOverloads<Rational>(&read, &write));
+static_assert(hasOverloads<QStringList, QStringList>(&read, &write));
+
+namespace {
+
+std::string const key = "key";
+bool const common = true;
+bool const product = false;
+
+// "grüße €🎬" in the two encodings.
+std::string const textUtf8 = "gr\xC3\xBC\xC3\x9F"
+                             "e \xE2\x82\xAC\xF0\x9F\x8E\xAC";
+QString text() { return QString::fromUtf16(u"gr\u00FC\u00DFe \u20AC\U0001F3AC"); }
+
+class TypedAccess : public BoundLibrary {};
+
+// --- Which store call each overload makes ---
+
+TEST_F(TypedAccess, NarrowStringIsPassedUntouched)
+{
+    std::string const raw("\xFF\0raw", 5);
+    EXPECT_EQ(read(key, raw, product), raw);
+    EXPECT_EQ(calls(), (Calls{"product.getString(\"key\", \"\xFF\\x00raw\")"}));
+    write(key, raw, product);
+    EXPECT_EQ(calls(), (Calls{"product.setString(\"key\", \"\xFF\\x00raw\")"}));
+    EXPECT_EQ(read(key, std::string("default"), product), raw);
+    EXPECT_EQ(calls(), (Calls{"product.getString(\"key\", \"default\")"}));
+}
+
+TEST_F(TypedAccess, TextCrossesAsUtf8)
+{
+    EXPECT_EQ(read(key, text(), product), text());
+    EXPECT_EQ(calls(), (Calls{"product.getString(\"key\", \"" + textUtf8 + "\")"}));
+    write(key, text(), product);
+    EXPECT_EQ(calls(), (Calls{"product.setString(\"key\", \"" + textUtf8 + "\")"}));
+    EXPECT_EQ(m_productValues->getString(key, ""), textUtf8);
+    EXPECT_EQ(read(key, QString(), product), text());
+}
+
+TEST_F(TypedAccess, TextCrossesInFullLength)
+{
+    QString const withNul = QString::fromUtf16(u"a\0b", 3);
+    write(key, withNul, product);
+    EXPECT_EQ(m_productValues->getString(key, ""), std::string("a\0b", 3));
+    EXPECT_EQ(read(key, QString(), product), withNul);
+    EXPECT_EQ(read("absent", withNul, product), withNul);
+}
+
+TEST_F(TypedAccess, InvalidUtf8IsReadWithReplacementCharacters)
+{
+    m_productStore->setString(key, "a\xFFz");
+    EXPECT_EQ(read(key, QString(), product), QString::fromUtf16(u"a\uFFFDz"));
+    EXPECT_EQ(read(key, QStringList(), product), QStringList(QString::fromUtf16(u"a\uFFFDz")));
+}
+
+TEST_F(TypedAccess, BoolMakesOneCall)
+{
+    EXPECT_TRUE(read(key, true, product));
+    EXPECT_FALSE(read(key, false, product));
+    EXPECT_EQ(calls(), (Calls{"product.getBool(\"key\", true)", "product.getBool(\"key\", false)"}));
+    write(key, true, product);
+    EXPECT_EQ(calls(), (Calls{"product.setBool(\"key\", true)"}));
+    EXPECT_TRUE(read(key, false, product));
+    write(key, false, product);
+    EXPECT_FALSE(read(key, true, product));
+}
+
+TEST_F(TypedAccess, IntMakesOneCall)
+{
+    EXPECT_EQ(read(key, -5, product), -5);
+    EXPECT_EQ(calls(), (Calls{"product.getInt(\"key\", -5)"}));
+    write(key, std::numeric_limits<int>::min(), product);
+    EXPECT_EQ(calls(), (Calls{"product.setInt(\"key\", -2147483648)"}));
+    EXPECT_EQ(read(key, 0, product), std::numeric_limits<int>::min());
+}
+
+TEST_F(TypedAccess, BytesCrossByteForByte)
+{
+    QByteArray const bytes("\x00\xFF|#|\x80", 6);
+    write(key, bytes, product);
+    EXPECT_EQ(calls(), (Calls{"product.setBytes(\"key\", [00 ff 7c 23 7c 80])"}));
+    EXPECT_EQ(read(key, QByteArray(), product), bytes);
+    EXPECT_EQ(calls(), (Calls{"product.getBytes(\"key\", [])"}));
+}
+
+TEST_F(TypedAccess, AbsentBytesAreEmptyWhateverTheDefault)
+{
+    EXPECT_EQ(read(key, QByteArray("default"), product), QByteArray());
+    EXPECT_EQ(calls(), (Calls{"product.getBytes(\"key\", [])"}));
+}
+
+TEST_F(TypedAccess, RationalAsksNumeratorThenDenominator)
+{
+    EXPECT_EQ(read(key, Rational(3, 4), product), Rational(3, 4));
+    EXPECT_EQ(calls(), (Calls{"product.getInt(\"key_N\", 3)", "product.getInt(\"key_D\", 4)"}));
+    write(key, Rational(6, -8), product);
+    EXPECT_EQ(calls(), (Calls{"product.setInt(\"key_N\", -3)", "product.setInt(\"key_D\", 4)"}));
+    EXPECT_EQ(read(key, Rational(1, 1), product), Rational(-3, 4));
+}
+
+TEST_F(TypedAccess, ListMakesOneCallWithTheElementsJoined)
+{
+    QStringList const list{QStringLiteral("a"), QStringLiteral("b c"), text()};
+    EXPECT_EQ(read(key, list, product), list);
+    EXPECT_EQ(calls(), (Calls{"product.getString(\"key\", \"a|#|b c|#|" + textUtf8 + "\")"}));
+    write(key, list, product);
+    EXPECT_EQ(calls(), (Calls{"product.setString(\"key\", \"a|#|b c|#|" + textUtf8 + "\")"}));
+    EXPECT_EQ(read(key, QStringList(), product), list);
+    EXPECT_EQ(calls(), (Calls{"product.getString(\"key\", \"\")"}));
+}
+
+TEST_F(TypedAccess, FlagPicksTheStore)
+{
+    write(key, 1, common);
+    write(key, 2, product);
+    EXPECT_EQ(read(key, 0, common), 1);
+    EXPECT_EQ(read(key, 0, product), 2);
+    EXPECT_EQ(calls(), (Calls{"common.setInt(\"key\", 1)", "product.setInt(\"key\", 2)", "common.getInt(\"key\", 0)",
+                              "product.getInt(\"key\", 0)"}));
+}
+
+TEST_F(TypedAccess, FlagPicksTheStoreInEveryOverload)
+{
+    write("s", std::string("v"), common);
+    write("q", QStringLiteral("v"), common);
+    write("b", true, common);
+    write("i", 1, common);
+    write("y", QByteArray("v"), common);
+    write("r", Rational(1, 2), common);
+    write("l", QStringList(QStringLiteral("v")), common);
+    EXPECT_TRUE(m_productValues->values().empty());
+    EXPECT_EQ(m_commonValues->values().size(), 8u);
+    EXPECT_EQ(read("s", std::string(), common), "v");
+    EXPECT_EQ(read("q", QString(), common), QStringLiteral("v"));
+    EXPECT_TRUE(read("b", false, common));
+    EXPECT_EQ(read("i", 0, common), 1);
+    EXPECT_EQ(read("y", QByteArray(), common), QByteArray("v"));
+    EXPECT_EQ(read("r", Rational(5), common), Rational(1, 2));
+    EXPECT_EQ(read("l", QStringList(), common), QStringList(QStringLiteral("v")));
+    EXPECT_EQ(read("s", std::string("none"), product), "none");
+    EXPECT_EQ(read("r", Rational(5), product), Rational(5));
+}
+
+// --- Lists ---
+
+struct ListCase {
+    char const* meaning;
+    QStringList written;
+    char const* stored;
+    QStringList readBack;
+};
+
+class ListEncoding : public BoundLibrary, public testing::WithParamInterface<ListCase> {};
+
+TEST_P(ListEncoding, IsJoinedAndSplit)
+{
+    write(key, GetParam().written, product);
+    EXPECT_EQ(m_productValues->getString(key, "unset"), GetParam().stored);
+    EXPECT_EQ(read(key, QStringList(QStringLiteral("default")), product), GetParam().readBack);
+    EXPECT_EQ(read("absent", GetParam().written, product), GetParam().readBack) << "a default takes the same way";
+}
+
+QStringList list(std::initializer_list<char const*> elements)
+{
+    QStringList result;
+    for (char const* element : elements)
+        result.append(QString::fromUtf8(element));
+    return result;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, ListEncoding,
+    testing::Values(ListCase{"EmptyListIsAnEmptyText", {}, "", {}}, ListCase{"OneElementHasNoSeparator", list({"a"}), "a", list({"a"})},
+                    ListCase{"EmptyElementInTheMiddleIsLost", list({"a", "", "b"}), "a|#||#|b", list({"a", "b"})},
+                    ListCase{"EmptyElementsAtTheEndsAreLost", list({"", "a", ""}), "|#|a|#|", list({"a"})},
+                    ListCase{"OnlyEmptyElementsGiveAnEmptyList", list({"", ""}), "|#|", {}},
+                    ListCase{"ElementWithTheSeparatorComesBackAsTwo", list({"x|#|y"}), "x|#|y", list({"x", "y"})},
+                    ListCase{"ElementThatIsTheSeparatorIsLost", list({"|#|"}), "|#|", {}},
+                    ListCase{"PartsOfTheSeparatorAreKept", list({"|", "#", "|#", "#|"}), "||#|#|#||#|#|#|", list({"|", "#", "#"})},
+                    ListCase{"BlanksAreElements", list({" ", "a b"}), " |#|a b", list({" ", "a b"})},
+                    ListCase{"LettersKeepTheirCase", list({"A", "a"}), "A|#|a", list({"A", "a"})}),
+    byMeaning);
+
+TEST_F(TypedAccess, ListOfTheCallerStaysAsItIs)
+{
+    QStringList const written = list({"a", "", "b"});
+    write(key, written, product);
+    EXPECT_EQ(written, list({"a", "", "b"}));
+}
+
+// --- Rationals ---
+
+TEST_F(TypedAccess, RationalBeyond32BitsIsCutOnWrite)
+{
+    write(key, Rational(5000000000LL, 3), product);
+    EXPECT_EQ(calls(), (Calls{"product.setInt(\"key_N\", 705032704)", "product.setInt(\"key_D\", 3)"}));
+    write(key, Rational(1, 4294967297LL), product);
+    EXPECT_EQ(calls(), (Calls{"product.setInt(\"key_N\", 1)", "product.setInt(\"key_D\", 1)"}));
+    write(key, Rational(-2147483649LL, 1), product);
+    EXPECT_EQ(calls(), (Calls{"product.setInt(\"key_N\", 2147483647)", "product.setInt(\"key_D\", 1)"}));
+}
+
+TEST_F(TypedAccess, RationalDefaultBeyond32BitsIsCutOnRead)
+{
+    EXPECT_EQ(read(key, Rational(5000000000LL, 3), product), Rational(705032704, 3));
+    EXPECT_EQ(calls(), (Calls{"product.getInt(\"key_N\", 705032704)", "product.getInt(\"key_D\", 3)"}));
+    EXPECT_EQ(read(key, Rational(1, 4294967298LL), product), Rational(1, 2));
+}
+
+TEST_F(TypedAccess, RationalDefaultWhoseDenominatorIsCutToZeroThrows)
+{
+    EXPECT_THROW(read(key, Rational(1, 4294967296LL), product), boost::bad_rational);
+}
+
+TEST_F(TypedAccess, RationalIsNormalised)
+{
+    m_productStore->setInt("key_N", 4);
+    m_productStore->setInt("key_D", -6);
+    Rational const value = read(key, Rational(1), product);
+    EXPECT_EQ(value.numerator(), -2);
+    EXPECT_EQ(value.denominator(), 3);
+}
+
+TEST_F(TypedAccess, SmallestIntegersAreSignExtended)
+{
+    m_productStore->setInt("key_N", std::numeric_limits<int>::min());
+    m_productStore->setInt("key_D", -1);
+    Rational const value = read(key, Rational(1), product);
+    EXPECT_EQ(value.numerator(), 2147483648LL);
+    EXPECT_EQ(value.denominator(), 1);
+}
+
+TEST_F(TypedAccess, HalvesOfARationalFallBackOneByOne)
+{
+    m_productStore->setInt("numerator only_N", 3);
+    EXPECT_EQ(read("numerator only", Rational(1, 4), product), Rational(3, 4));
+    m_productStore->setInt("denominator only_D", 9);
+    EXPECT_EQ(read("denominator only", Rational(1, 4), product), Rational(1, 9));
+}
+
+TEST_F(TypedAccess, ZeroDenominatorThrowsBadRational)
+{
+    m_productStore->setInt("key_N", 1);
+    m_productStore->setInt("key_D", 0);
+    try {
+        read(key, Rational(1), product);
+        FAIL() << "nothing was thrown";
+    } catch (boost::bad_rational const& error) {
+        EXPECT_STREQ(error.what(), "bad rational: zero denominator");
+    }
+}
+
+TEST_F(TypedAccess, FailingSecondHalfLeavesTheFirstWritten)
+{
+    auto const failing = std::make_shared<TestKit::FailingStorage>(2, m_productValues);
+    TestKit::ScopedBinding const binding({{}, {}, failing, {}});
+    EXPECT_THROW(write(key, Rational(3, 4), product), TestKit::StorageFailure);
+    EXPECT_EQ(m_productValues->getInt("key_N", 0), 3);
+    EXPECT_FALSE(m_productValues->contains("key_D"));
+}
+
+TEST_F(TypedAccess, FailingFirstHalfAsksForNoSecond)
+{
+    auto const failing = std::make_shared<TestKit::FailingStorage>(1, m_productStore);
+    TestKit::ScopedBinding const binding({{}, {}, failing, {}});
+    EXPECT_THROW(read(key, Rational(3, 4), product), TestKit::StorageFailure);
+    EXPECT_EQ(calls(), Calls{});
+}
+
+// --- Traps for callers ---
+
+TEST_F(TypedAccess, LiteralPicksTheBoolOverload)
+{
+    write(key, "text", product);
+    EXPECT_EQ(calls(), (Calls{"product.setBool(\"key\", true)"}));
+}
+
+} // namespace

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include <support/Process.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <sstream>
+#include <system_error>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+struct Pipe {
+    int ends[2] = {-1, -1};
+
+    Pipe()
+    {
+        if (::pipe2(ends, O_CLOEXEC) != 0)
+            throw std::system_error(errno, std::generic_category(), "pipe");
+    }
+    ~Pipe() { ::close(ends[0]); }
+};
+
+std::string readToEnd(int descriptor)
+{
+    std::string result;
+    char buffer[4096];
+    for (ssize_t count; (count = ::read(descriptor, buffer, sizeof buffer)) > 0;)
+        result.append(buffer, static_cast<std::size_t>(count));
+    return result;
+}
+
+} // namespace
+
+Ended run(std::vector<std::string> const& command, std::map<std::string, std::string> const& environment)
+{
+    Pipe out;
+    Pipe err;
+    std::vector<char*> arguments;
+    for (std::string const& argument : command)
+        arguments.push_back(const_cast<char*>(argument.c_str()));
+    arguments.push_back(nullptr);
+
+    pid_t const child = ::fork();
+    if (child < 0)
+        throw std::system_error(errno, std::generic_category(), "fork");
+    if (child == 0) {
+        for (auto const& [name, value] : environment)
+            ::setenv(name.c_str(), value.c_str(), 1);
+        ::dup2(::open("/dev/null", O_RDONLY), STDIN_FILENO);
+        ::dup2(out.ends[1], STDOUT_FILENO);
+        ::dup2(err.ends[1], STDERR_FILENO);
+        ::execvp(arguments[0], arguments.data());
+        ::_exit(127);
+    }
+    ::close(out.ends[1]);
+    ::close(err.ends[1]);
+    Ended ended;
+    std::thread reader([&] { ended.err = readToEnd(err.ends[0]); });
+    ended.out = readToEnd(out.ends[0]);
+    reader.join();
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    ended.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    return ended;
+}
+
+std::vector<std::string> lines(std::string const& text)
+{
+    std::vector<std::string> result;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);)
+        result.push_back(line);
+    return result;
+}
