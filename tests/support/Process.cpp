@@ -8,6 +8,7 @@
 #include <thread>
 
 #include <fcntl.h>
+#include <grp.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -75,4 +76,31 @@ std::vector<std::string> lines(std::string const& text)
     for (std::string line; std::getline(stream, line);)
         result.push_back(line);
     return result;
+}
+
+std::string inChild(std::function<std::string()> const& work, bool asOrdinaryUser)
+{
+    Pipe answer;
+    pid_t const child = ::fork();
+    if (child < 0)
+        throw std::system_error(errno, std::generic_category(), "fork");
+    if (child == 0) {
+        std::string text;
+        try {
+            if (asOrdinaryUser && ::geteuid() == 0 &&
+                (::setgroups(0, nullptr) != 0 || ::setgid(ordinaryUser) != 0 || ::setuid(ordinaryUser) != 0))
+                throw std::system_error(errno, std::generic_category(), "becoming an ordinary user");
+            text = work();
+        } catch (std::exception const& error) {
+            text = error.what();
+        }
+        std::size_t written = 0;
+        for (ssize_t count; written < text.size() && (count = ::write(answer.ends[1], text.data() + written, text.size() - written)) > 0;)
+            written += static_cast<std::size_t>(count);
+        std::exit(0);
+    }
+    ::close(answer.ends[1]);
+    std::string const text = readToEnd(answer.ends[0]);
+    ::waitpid(child, nullptr, 0);
+    return text;
 }

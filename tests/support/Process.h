@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -18,3 +19,10 @@ Ended run(std::vector<std::string> const& command, std::map<std::string, std::st
 
 /// The lines of `text`, without their ends.
 std::vector<std::string> lines(std::string const& text);
+
+/// Runs `work` in a forked process, as an ordinary user where this one is root, and returns the text that it returned,
+/// or the text of the exception that it threw. What is not an ordinary user's to do fails there as it should.
+std::string inChild(std::function<std::string()> const& work, bool asOrdinaryUser = false);
+
+/// The user and group that an ordinary user's process runs as where this one is root.
+constexpr unsigned ordinaryUser = 65534;

@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+#include <Storage/SqliteStorage.h>
+
+#include "StoreFile.h"
+
+#include <SQLiteCpp/Column.h>
+#include <SQLiteCpp/Exception.h>
+#include <SQLiteCpp/Statement.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <mutex>
+#include <utility>
+
+namespace Storage {
+
+namespace {
+
+using Value = SqliteStorage::Value;
+
+// The values of a row as they are stored. A value whose type does not fit its kind is not guessed at.
+Value decoded(std::string const& kind, SQLite::Column const& stored)
+{
+    if (kind == "string" && stored.isText())
+        return stored.getString();
+    if (kind == "bytes" && stored.isBlob()) {
+        auto const* bytes = static_cast<unsigned char const*>(stored.getBlob());
+        return std::vector<unsigned char>(bytes, bytes + stored.getBytes());
+    }
+    if (!stored.isInteger())
+        return {};
+    long long const number = stored.getInt64();
+    if (kind == "bool" && (number == 0 || number == 1))
+        return number == 1;
+    if (kind == "int" && number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max())
+        return static_cast<int>(number);
+    return {};
+}
+
+SqliteStorage::Row decodedRow(std::string key, SQLite::Column const& kind, SQLite::Column const& value, SQLite::Column const& changed)
+{
+    std::chrono::system_clock::time_point const time{std::chrono::milliseconds{changed.getInt64()}};
+    return {std::move(key), kind.getString(), decoded(kind.getString(), value), time};
+}
+
+long long millisecondsSinceEpoch()
+{
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
+}
+
+// A statement that is still running holds a lock on the file, so each use ends with a reset, also when it throws.
+class Use {
+public:
+    explicit Use(SQLite::Statement& statement) : m_statement(statement) {}
+    ~Use() { m_statement.tryReset(); }
+    Use(Use const&) = delete;
+    Use& operator=(Use const&) = delete;
+
+    SQLite::Statement& operator*() { return m_statement; }
+    SQLite::Statement* operator->() { return &m_statement; }
+
+private:
+    SQLite::Statement& m_statement;
+};
+
+} // namespace
+
+// The open file with its statements. Each member function is one call of the store, for one thread at a time.
+class SqliteStorage::Connection {
+    template <typename Work>
+    auto attempt(std::string const& what, Work const& work)
+    {
+        std::lock_guard<std::mutex> const turn(m_turns);
+        return translated(m_file, what, work);
+    }
+
+    std::filesystem::path const m_file;
+    std::mutex m_turns;
+    SQLite::Database m_database;
+    SQLite::Statement m_find;
+    SQLite::Statement m_set;
+    SQLite::Statement m_remove;
+
+public:
+    Connection(std::filesystem::path const& path, Options const& options)
+        : m_file(path),
+          m_database(openStore(m_file, static_cast<int>(options.busyTimeout.count()), static_cast<int>(options.synchronous))),
+          m_find(m_database, "SELECT kind, value, changed FROM settings WHERE key = ?1"),
+          m_set(m_database, "INSERT INTO settings (key, kind, value, changed) VALUES (?1, ?2, ?3, ?4) ON CONFLICT (key) DO UPDATE "
+                            "SET kind = excluded.kind, value = excluded.value, changed = excluded.changed"),
+          m_remove(m_database, "DELETE FROM settings WHERE key = ?1")
+    {}
+
+    std::optional<Row> find(std::string const& key)
+    {
+        return attempt("read \"" + key + '"', [&]() -> std::optional<Row> {
+            Use find(m_find);
+            find->bindNoCopy(1, key);
+            if (!find->executeStep())
+                return std::nullopt;
+            return decodedRow(key, find->getColumn(0), find->getColumn(1), find->getColumn(2));
+        });
+    }
+
+    std::vector<Row> rows()
+    {
+        return attempt("list the stored values", [&] {
+            SQLite::Statement all(m_database, "SELECT key, kind, value, changed FROM settings ORDER BY key");
+            std::vector<Row> result;
+            while (all.executeStep())
+                result.push_back(decodedRow(all.getColumn(0).getString(), all.getColumn(1), all.getColumn(2), all.getColumn(3)));
+            return result;
+        });
+    }
+
+    template <typename BindValue>
+    void set(std::string const& key, char const* kind, BindValue const& bindValue)
+    {
+        attempt("set \"" + key + '"', [&] {
+            Use set(m_set);
+            set->bindNoCopy(1, key);
+            set->bindNoCopy(2, kind);
+            bindValue(*set, 3);
+            set->bind(4, static_cast<std::int64_t>(millisecondsSinceEpoch()));
+            set->exec();
+        });
+    }
+
+    void remove(std::string const& key)
+    {
+        attempt("remove \"" + key + '"', [&] {
+            Use remove(m_remove);
+            remove->bindNoCopy(1, key);
+            remove->exec();
+        });
+    }
+
+    std::filesystem::path const& file() const { return m_file; }
+
+    bool isReadOnly() const { return isOpenForReadingOnly(m_database); }
+};
+
+SqliteStorage::SqliteStorage(std::filesystem::path const& file) : SqliteStorage(file, Options{}) {}
+SqliteStorage::SqliteStorage(std::filesystem::path const& file, Options const& options)
+    : m_connection(
+          translated(file, "open the store", [&] { return std::make_unique<Connection>(std::filesystem::absolute(file), options); }))
+{}
+SqliteStorage::~SqliteStorage() = default;
+
+namespace {
+
+// What a read for one kind gives: the value where the key holds that kind, else the default.
+template <typename T>
+T valueOr(std::optional<SqliteStorage::Row> row, T const& defaultValue)
+{
+    T* const value = row ? std::get_if<T>(&row->value) : nullptr;
+    return value ? std::move(*value) : defaultValue;
+}
+
+// SQLite takes sizes as int and refuses what is beyond its own, smaller limit.
+int boundSize(std::size_t size) { return static_cast<int>(std::min<std::size_t>(size, std::numeric_limits<int>::max())); }
+
+} // namespace
+
+void SqliteStorage::setBool(std::string const& key, bool value)
+{
+    m_connection->set(key, "bool", [value](SQLite::Statement& set, int index) { set.bind(index, value ? 1 : 0); });
+}
+
+void SqliteStorage::setInt(std::string const& key, int value)
+{
+    m_connection->set(key, "int", [value](SQLite::Statement& set, int index) { set.bind(index, value); });
+}
+
+void SqliteStorage::setString(std::string const& key, std::string const& value)
+{
+    m_connection->set(key, "string", [&value](SQLite::Statement& set, int index) { set.bindNoCopy(index, value); });
+}
+
+void SqliteStorage::setBytes(std::string const& key, std::vector<unsigned char> const& value)
+{
+    // A null pointer would store a null instead of no bytes.
+    void const* const bytes = value.empty() ? static_cast<void const*>("") : value.data();
+    m_connection->set(key, "bytes", [&](SQLite::Statement& set, int index) { set.bindNoCopy(index, bytes, boundSize(value.size())); });
+}
+
+bool SqliteStorage::contains(std::string const& key) const { return m_connection->find(key).has_value(); }
+
+void SqliteStorage::remove(std::string const& key) { m_connection->remove(key); }
+
+bool SqliteStorage::getBool(std::string const& key, bool defaultValue) const { return valueOr(m_connection->find(key), defaultValue); }
+
+int SqliteStorage::getInt(std::string const& key, int defaultValue) const { return valueOr(m_connection->find(key), defaultValue); }
+
+std::string SqliteStorage::getString(std::string const& key, std::string const& defaultValue) const
+{
+    return valueOr(m_connection->find(key), defaultValue);
+}
+
+std::vector<unsigned char> SqliteStorage::getBytes(std::string const& key, std::vector<unsigned char> const& defaultValue) const
+{
+    return valueOr(m_connection->find(key), defaultValue);
+}
+
+std::optional<SqliteStorage::Row> SqliteStorage::find(std::string const& key) const { return m_connection->find(key); }
+
+std::vector<SqliteStorage::Row> SqliteStorage::rows() const { return m_connection->rows(); }
+
+std::filesystem::path const& SqliteStorage::file() const noexcept { return m_connection->file(); }
+
+bool SqliteStorage::isReadOnly() const { return m_connection->isReadOnly(); }
+
+} // namespace Storage

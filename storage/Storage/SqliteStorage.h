@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <Settings/ISettingsStorage.h>
+#include <Storage/StorageError.h>
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace Storage {
+
+/// A durable store: one SQLite file, one row for each key.
+///
+/// Durability: a set or a removal is one transaction, on disk when the call returns. After a crash each key holds its
+///   old or its new value.
+/// Threads: any thread may call at any time; calls on one object take turns.
+/// Processes: several may hold the file open. A read sees what another process committed before it; a writer waits for
+///   the others, for as long as `Options::busyTimeout`.
+/// Kinds: a read for another kind than the stored one answers its default and changes nothing; `find` tells the kind.
+/// Errors: every function throws `StorageError`, never anything of SQLite's. A file is never replaced and never
+///   emptied, whatever it holds: only a missing file is created. The object stays usable after an error.
+class SqliteStorage final : public ISettingsStorage {
+public:
+    /// How often SQLite waits for the disk, see its documentation of PRAGMA synchronous.
+    enum class Synchronous {
+        normal = 1, ///< A crash of the system may undo the last changes, but never damages the file.
+        full = 2,   ///< A change is on disk when its call returns.
+        extra = 3,  ///< As `full`, and the folder's entries are too.
+    };
+
+    struct Options {
+        /// How long a call waits for other processes before it throws.
+        std::chrono::milliseconds busyTimeout{5000};
+        Synchronous synchronous = Synchronous::full;
+    };
+
+    /// A stored value; `std::monostate` for a kind, or a value of a kind, that this version cannot read.
+    using Value = std::variant<std::monostate, bool, int, std::string, std::vector<unsigned char>>;
+
+    struct Row {
+        std::string key;
+        std::string kind; ///< "bool", "int", "string" or "bytes"; another word where a later version stored it.
+        Value value;
+        std::chrono::system_clock::time_point changed; ///< When the value was last set, to the millisecond.
+    };
+
+    /// Opens the store in `file`. A missing file is created with mode 0600, missing folders above it with 0700. An
+    /// existing file is checked whole and not changed. A file that the user may read but not write is opened for
+    /// reading, and each change throws. The current directory counts only now.
+    explicit SqliteStorage(std::filesystem::path const& file);
+    SqliteStorage(std::filesystem::path const& file, Options const& options);
+    ~SqliteStorage() override;
+
+    void setBool(std::string const& key, bool value) override;
+    void setInt(std::string const& key, int value) override;
+    /// At most 1,000,000,000 bytes, key included: SQLite's limit for a row.
+    void setString(std::string const& key, std::string const& value) override;
+    /// As `setString`.
+    void setBytes(std::string const& key, std::vector<unsigned char> const& value) override;
+
+    bool contains(std::string const& key) const override;
+    void remove(std::string const& key) override;
+
+    bool getBool(std::string const& key, bool defaultValue) const override;
+    int getInt(std::string const& key, int defaultValue) const override;
+    std::string getString(std::string const& key, std::string const& defaultValue) const override;
+    std::vector<unsigned char> getBytes(std::string const& key, std::vector<unsigned char> const& defaultValue) const override;
+
+    /// What `key` holds; nothing where it is absent. Tells a mismatch of kinds from an absent key.
+    std::optional<Row> find(std::string const& key) const;
+    /// All rows as of one moment, sorted by the bytes of their keys.
+    std::vector<Row> rows() const;
+
+    /// The file, as an absolute path.
+    std::filesystem::path const& file() const noexcept;
+    /// Whether the file could be opened for reading only.
+    bool isReadOnly() const;
+
+private:
+    class Connection;
+    std::unique_ptr<Connection> m_connection;
+};
+
+} // namespace Storage

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace Storage {
+
+/// Trouble with a store's file. The text is one sentence for the user in UTF-8: the file, what was tried, why it failed
+/// (in SQLite's or the system's words) and what to do. The stored values are as they were before the call.
+class StorageError : public std::runtime_error {
+public:
+    StorageError(std::string const& file, std::string const& attempt, std::string const& reason, std::string const& remedy)
+        : std::runtime_error(file + ": cannot " + attempt + ": " + reason + "; " + remedy), m_file(file)
+    {}
+
+    /// The file that the trouble is about.
+    std::string const& file() const noexcept { return m_file; }
+
+private:
+    std::string m_file;
+};
+
+} // namespace Storage

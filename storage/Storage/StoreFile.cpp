@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: MIT
+#include "StoreFile.h"
+
+#include <SQLiteCpp/Statement.h>
+
+#include <sqlite3.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <system_error>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace Storage {
+
+namespace {
+
+constexpr int applicationId = 0x4C754553; // "LuES", in the file's header, tells a store from other SQLite files
+constexpr int schemaVersion = 1;          // counted up when an older version could not read the file any more
+
+// Kinds and values carry no constraint: what a later version stores passes through this one untouched.
+constexpr char const* schema = "BEGIN;"
+                               "CREATE TABLE settings ("
+                               " key TEXT NOT NULL PRIMARY KEY,"
+                               " kind TEXT NOT NULL," // bool, int, string, bytes
+                               " value NOT NULL,"
+                               " changed INTEGER NOT NULL);" // milliseconds since 1970-01-01 00:00 UTC
+                               "COMMIT;";
+
+constexpr char const* checkAccess = "make the file and its folder readable and writable for this user";
+constexpr char const* restoreBackup = "the file was left as it is: move it away and restore it from a backup";
+
+char const* remedyFor(int extendedCode)
+{
+    if (extendedCode == SQLITE_READONLY_DBMOVED)
+        return "the file was moved or removed while it was open: start the program again";
+    switch (extendedCode & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return "another process is writing: try again, or close the other process";
+    case SQLITE_FULL:
+        return "free some space on the disk and try again";
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
+    case SQLITE_ERROR: // the statements are right, so the tables are not
+        return restoreBackup;
+    case SQLITE_READONLY:
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+        return checkAccess;
+    case SQLITE_TOOBIG:
+        return "keep the value in a file of its own and store the file's name";
+    default:
+        return "check the disk and its space, and try again";
+    }
+}
+
+[[noreturn]] void throwSystemError(fs::path const& file, char const* attempt, int error)
+{
+    throw StorageError(file.u8string(), attempt, std::generic_category().message(error),
+                       error == ENOSPC || error == EDQUOT ? remedyFor(SQLITE_FULL) : checkAccess);
+}
+
+// Makes the entries of a folder durable: a new file counts as stored only when its name is on disk too. As far as the
+// folder lets us: one that may not be listed, or a file system without such a call, must not stand in the way.
+void syncFolder(fs::path const& folder)
+{
+    int const descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    ::fsync(descriptor);
+    ::close(descriptor);
+}
+
+void createFolders(fs::path const& folder)
+{
+    std::error_code ignored;
+    if (fs::exists(folder, ignored))
+        return;
+    createFolders(folder.parent_path());
+    if (::mkdir(folder.c_str(), 0700) == 0)
+        ::chmod(folder.c_str(), 0700); // a umask may have taken the owner's rights too
+    else if (errno != EEXIST)
+        throwSystemError(folder, "create the folder", errno);
+    syncFolder(folder.parent_path());
+}
+
+// A file that is removed when the object goes.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(fs::path const& beside)
+        : m_path((beside.parent_path() / ("." + beside.filename().string() + ".XXXXXX")).string())
+    {
+        int const descriptor = ::mkstemp(m_path.data());
+        if (descriptor < 0 || ::fchmod(descriptor, 0600) != 0)
+            throwSystemError(beside, "create the store", errno);
+        ::close(descriptor);
+    }
+    ~TemporaryFile() { ::unlink(m_path.c_str()); }
+    TemporaryFile(TemporaryFile const&) = delete;
+    TemporaryFile& operator=(TemporaryFile const&) = delete;
+
+    std::string const& path() const { return m_path; }
+
+private:
+    std::string m_path;
+};
+
+// The file gets its name only when it is whole, so that nobody ever finds a store half made; and never in place of
+// another: where a second process was faster, its file is the store.
+void createStore(fs::path const& file)
+{
+    createFolders(file.parent_path());
+    TemporaryFile const made(file);
+    translated(file, "create the store", [&] {
+        SQLite::Database database(made.path(), SQLite::OPEN_READWRITE);
+        database.exec("PRAGMA synchronous = FULL; PRAGMA application_id = " + std::to_string(applicationId) +
+                      "; PRAGMA user_version = " + std::to_string(schemaVersion) + ";" + schema);
+    });
+    if (::link(made.path().c_str(), file.c_str()) != 0 && errno != EEXIST)
+        throwSystemError(file, "create the store", errno);
+    syncFolder(file.parent_path());
+}
+
+// Whether the file is there, after making sure that it may be a store at all. Asks for names and sizes only: to open
+// and close the file here would drop the locks that another store object of this process holds on it.
+bool isThere(fs::path const& file)
+{
+    auto const refuse = [&](char const* reason, char const* remedy) {
+        throw StorageError(file.u8string(), "open the store", reason, remedy);
+    };
+    std::error_code error;
+    fs::file_status const target = fs::status(file, error);
+    if (target.type() == fs::file_type::not_found) {
+        if (fs::is_symlink(fs::symlink_status(file, error)))
+            refuse("it is a symbolic link to a file that does not exist", "remove the link, or restore the file that it names");
+        return false;
+    }
+    if (error)
+        throwSystemError(file, "open the store", error.value());
+    if (!fs::is_regular_file(target))
+        refuse("it is not a regular file", "move it away, or name another file");
+    if (fs::file_size(file, error) == 0 && !error)
+        refuse("the file is empty, which a store never is", restoreBackup);
+    return true;
+}
+
+// Byte 18 of the header is 2 in a file of SQLite's write-ahead-log mode. Read through SQLite's own handle, before any
+// statement, as the first statement would already make the log's files.
+bool usesWriteAheadLog(SQLite::Database& database)
+{
+    sqlite3_file* file = nullptr;
+    unsigned char format = 0;
+    sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    return file && file->pMethods && file->pMethods->xRead(file, &format, 1, 18) == SQLITE_OK && format == 2;
+}
+
+void checkStore(fs::path const& file, SQLite::Database& database)
+{
+    auto const refuse = [&](std::string const& reason, char const* remedy) {
+        throw StorageError(file.u8string(), "open the store", reason, remedy);
+    };
+    if (database.execAndGet("PRAGMA application_id").getInt() != applicationId)
+        refuse("it is an SQLite file of another program", "move it away, or name another file");
+    int const version = database.execAndGet("PRAGMA user_version").getInt();
+    if (version > schemaVersion)
+        refuse("it was written by a newer version (schema " + std::to_string(version) + ", this version reads " +
+                   std::to_string(schemaVersion) + ")",
+               "update this program; the file was left as it is");
+    std::string const finding = database.execAndGet("PRAGMA integrity_check(1)").getString();
+    if (finding != "ok")
+        refuse("the file is damaged (" + finding.substr(finding.rfind('\n') + 1) + ")", restoreBackup);
+}
+
+} // namespace
+
+SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, int synchronous)
+{
+    if (!isThere(file))
+        createStore(file);
+    SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, busyTimeoutMilliseconds);
+    if (usesWriteAheadLog(database))
+        throw StorageError(file.u8string(), "open the store", "it was switched to write-ahead logging, which can damage it",
+                           "switch it back with: sqlite3 FILE 'PRAGMA journal_mode=DELETE'");
+    checkStore(file, database);
+    // TRUNCATE rather than DELETE: with synchronous=FULL it syncs the emptied journal, so that a crash after the call
+    // cannot bring the journal back and undo the change; a deleted one could come back with its folder entry.
+    database.exec("PRAGMA journal_mode = TRUNCATE; PRAGMA synchronous = " + std::to_string(synchronous));
+    return database;
+}
+
+bool isOpenForReadingOnly(SQLite::Database const& database) { return sqlite3_db_readonly(database.getHandle(), "main") == 1; }
+
+StorageError storageError(fs::path const& file, std::string const& attempt, SQLite::Exception const& error)
+{
+    return {file.u8string(), attempt, error.what(), remedyFor(error.getExtendedErrorCode())};
+}
+
+} // namespace Storage

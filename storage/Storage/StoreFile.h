@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+//
+// The file of a SqliteStorage: how it comes to be, how it is checked, and what its troubles are called. Internal.
+#pragma once
+
+#include <Storage/StorageError.h>
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Exception.h>
+
+#include <filesystem>
+#include <string>
+
+namespace Storage {
+
+/// Opens the store in the absolute path `file`, creating a missing one. Throws `StorageError` and SQLite's errors.
+SQLite::Database openStore(std::filesystem::path const& file, int busyTimeoutMilliseconds, int synchronous);
+
+bool isOpenForReadingOnly(SQLite::Database const& database);
+
+/// SQLite's error as this project's, with a remedy.
+StorageError storageError(std::filesystem::path const& file, std::string const& attempt, SQLite::Exception const& error);
+
+/// Does `work`; what SQLite throws comes out as a `StorageError`.
+template <typename Work>
+auto translated(std::filesystem::path const& file, std::string const& attempt, Work const& work)
+{
+    try {
+        return work();
+    } catch (SQLite::Exception const& error) {
+        throw storageError(file, attempt, error);
+    }
+}
+
+} // namespace Storage

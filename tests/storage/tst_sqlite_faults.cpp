@@ -1,0 +1,309 @@
+// SPDX-License-Identifier: MIT
+//
+// Files that cannot be opened, read or written: each is named, and none is changed.
+#include "StoreFolder.h"
+
+#include <support/Named.h>
+#include <support/Process.h>
+
+#include <csignal>
+
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace {
+
+using Storage::SqliteStorage;
+using Storage::StorageError;
+
+char const restore[] = "the file was left as it is: move it away and restore it from a backup";
+char const access[] = "make the file and its folder readable and writable for this user";
+
+// --- Files that no store is in ---
+
+struct Unusable {
+    char const* meaning;
+    void (*make)(std::filesystem::path const& file);
+    std::string reason;
+    std::string remedy;
+};
+
+class UnusableFile : public StoreFolder, public testing::WithParamInterface<Unusable> {
+public:
+    static void store(std::filesystem::path const& file)
+    {
+        SqliteStorage store(file);
+        for (int number = 0; number < 200; ++number)
+            store.setString("key " + std::to_string(number), std::string(100, 'x'));
+        std::filesystem::remove(file.string() + "-journal");
+    }
+
+    static void changed(std::filesystem::path const& file, std::string (*change)(std::string content))
+    {
+        store(file);
+        overwrite(file, change(content(file)));
+    }
+
+    static void sql(std::filesystem::path const& file, char const* statements) { OtherProgram(file).execute(statements); }
+};
+
+TEST_P(UnusableFile, IsNamedAndLeftAsItIs)
+{
+    GetParam().make(path());
+    bool const isRegular = std::filesystem::is_regular_file(path());
+    std::string const before = isRegular ? content(path()) : "";
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        try {
+            SqliteStorage const store(path());
+            FAIL() << "it was opened";
+        } catch (StorageError const& error) {
+            EXPECT_EQ(std::string(error.what()),
+                      path().string() + ": cannot open the store: " + GetParam().reason + "; " + GetParam().remedy);
+        }
+    }
+    EXPECT_EQ(isRegular ? content(path()) : "", before);
+    EXPECT_FALSE(std::filesystem::exists(path("store.sqlite-wal"))) << "no file is left beside it";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, UnusableFile,
+    testing::Values(Unusable{"EmptyFile", [](std::filesystem::path const& file) { std::ofstream(file).close(); },
+                             "the file is empty, which a store never is", restore},
+                    Unusable{"TextFile", [](std::filesystem::path const& file) { std::ofstream(file) << std::string(5000, 't'); },
+                             "file is not a database", restore},
+                    Unusable{"ShortTextFile", [](std::filesystem::path const& file) { std::ofstream(file) << "[General]\nkey=value\n"; },
+                             "file is not a database", restore},
+                    Unusable{"DamagedHeader",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::changed(file, [](std::string content) { return content.replace(0, 8, 8, '\0'); });
+                             },
+                             "file is not a database", restore},
+                    Unusable{"CutInTheMiddle",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::changed(file, [](std::string content) { return content.substr(0, content.size() / 2); });
+                             },
+                             "database disk image is malformed", restore},
+                    Unusable{"ZeroedPage",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::changed(file,
+                                                       [](std::string content) { return content.replace(4 * 4096, 4096, 4096, '\0'); });
+                             },
+                             "the file is damaged (Page 5: btreeInitPage() returns error code 11)", restore},
+                    Unusable{"AnotherProgramsDatabase",
+                             [](std::filesystem::path const& file) { UnusableFile::sql(file, "CREATE TABLE settings (key, value)"); },
+                             "it is an SQLite file of another program", "move it away, or name another file"},
+                    Unusable{"NewerSchema",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::store(file);
+                                 UnusableFile::sql(file, "PRAGMA user_version = 2");
+                             },
+                             "it was written by a newer version (schema 2, this version reads 1)",
+                             "update this program; the file was left as it is"},
+                    Unusable{"MissingTable",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::store(file);
+                                 UnusableFile::sql(file, "DROP TABLE settings");
+                             },
+                             "no such table: settings", restore},
+                    Unusable{"WriteAheadLog",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::store(file);
+                                 UnusableFile::sql(file, "PRAGMA journal_mode = WAL");
+                             },
+                             "it was switched to write-ahead logging, which can damage it",
+                             "switch it back with: sqlite3 FILE 'PRAGMA journal_mode=DELETE'"},
+                    Unusable{"Folder", [](std::filesystem::path const& file) { std::filesystem::create_directory(file); },
+                             "it is not a regular file", "move it away, or name another file"},
+                    Unusable{"Fifo", [](std::filesystem::path const& file) { ::mkfifo(file.c_str(), 0600); }, "it is not a regular file",
+                             "move it away, or name another file"},
+                    Unusable{"DanglingLink", [](std::filesystem::path const& file) { std::filesystem::create_symlink("nowhere", file); },
+                             "it is a symbolic link to a file that does not exist", "remove the link, or restore the file that it names"}),
+    byMeaning);
+
+class SqliteFaults : public StoreFolder {
+protected:
+    // A folder that an ordinary user owns.
+    std::filesystem::path ordinaryFolder()
+    {
+        std::filesystem::create_directory(path("ordinary"));
+        if (::geteuid() == 0) {
+            EXPECT_EQ(::chown(m_home.path().c_str(), ordinaryUser, ordinaryUser), 0);
+            EXPECT_EQ(::chown(path("ordinary").c_str(), ordinaryUser, ordinaryUser), 0);
+        }
+        return path("ordinary");
+    }
+
+    static constexpr bool asOrdinaryUser = true;
+};
+
+TEST_F(SqliteFaults, FolderThatCannotBeMadeIsNamed)
+{
+    overwrite(path("file"), "a file where a folder should be");
+    try {
+        SqliteStorage const store(path("file") / "folder" / "store.sqlite");
+        FAIL() << "it was opened";
+    } catch (StorageError const& error) {
+        EXPECT_EQ(std::string(error.what()), path("file").string() + "/folder: cannot create the folder: Not a directory; " + access);
+    }
+    EXPECT_EQ(content(path("file")), "a file where a folder should be");
+}
+
+TEST_F(SqliteFaults, FolderThatMayNotBeWrittenIsNamed)
+{
+    std::filesystem::path const folder = ordinaryFolder();
+    ::chmod(folder.c_str(), 0500);
+    EXPECT_EQ(inChild([&] { return SqliteStorage(folder / "store.sqlite"), std::string("opened"); }, asOrdinaryUser),
+              (folder / "store.sqlite").string() + ": cannot create the store: Permission denied; " + access);
+    EXPECT_TRUE(std::filesystem::is_empty(folder));
+}
+
+TEST_F(SqliteFaults, FileThatMayNotBeReadIsNamed)
+{
+    std::filesystem::path const file = ordinaryFolder() / "store.sqlite";
+    auto const open = [&] { return SqliteStorage(file).getString("key", "default"); };
+    ASSERT_EQ(inChild([&] { return SqliteStorage(file).setString("key", "value"), std::string("set"); }, asOrdinaryUser), "set");
+    ::chmod(file.c_str(), 0000);
+    EXPECT_EQ(inChild(open, asOrdinaryUser), file.string() + ": cannot open the store: unable to open database file; " + access);
+    ::chmod(file.c_str(), 0600);
+    EXPECT_EQ(inChild(open, asOrdinaryUser), "value");
+}
+
+TEST_F(SqliteFaults, FileThatMayNotBeWrittenIsReadAndRefusesChanges)
+{
+    std::filesystem::path const file = ordinaryFolder() / "store.sqlite";
+    ASSERT_EQ(inChild([&] { return SqliteStorage(file).setString("key", "value"), std::string("set"); }, asOrdinaryUser), "set");
+    ::chmod(file.c_str(), 0400);
+    std::string const before = content(file);
+    EXPECT_EQ(
+        inChild([&] { return SqliteStorage(file).isReadOnly() ? SqliteStorage(file).getString("key", "") : "writable"; }, asOrdinaryUser),
+        "value");
+    EXPECT_EQ(inChild([&] { return SqliteStorage(file).setString("key", "other"), std::string("set"); }, asOrdinaryUser),
+              file.string() + ": cannot set \"key\": attempt to write a readonly database; " + access);
+    EXPECT_EQ(inChild([&] { return SqliteStorage(file).remove("key"), std::string("removed"); }, asOrdinaryUser),
+              file.string() + ": cannot remove \"key\": attempt to write a readonly database; " + access);
+    EXPECT_EQ(content(file), before);
+    EXPECT_FALSE(SqliteStorage(path("own.sqlite")).isReadOnly());
+}
+
+TEST_F(SqliteFaults, FolderThatTakesNoJournalRefusesChanges)
+{
+    std::filesystem::path const folder = ordinaryFolder();
+    std::filesystem::path const file = folder / "store.sqlite";
+    ASSERT_EQ(inChild([&] { return SqliteStorage(file).setString("key", "value"), std::string("set"); }, asOrdinaryUser), "set");
+    std::filesystem::remove(file.string() + "-journal");
+    ::chmod(folder.c_str(), 0500);
+    EXPECT_EQ(inChild([&] { return SqliteStorage(file).setString("key", "other"), std::string("set"); }, asOrdinaryUser),
+              file.string() + ": cannot set \"key\": attempt to write a readonly database; " + access);
+    EXPECT_EQ(inChild([&] { return SqliteStorage(file).getString("key", ""); }, asOrdinaryUser), "value");
+}
+
+TEST_F(SqliteFaults, FullDiskIsNamedAndTheEarlierValueKept)
+{
+    std::filesystem::create_directory(path("small"));
+    std::string const answer = inChild([&] {
+        // A small file system of this process's own; an ordinary user gets one as the root of a namespace.
+        if (::unshare(::geteuid() == 0 ? CLONE_NEWNS : CLONE_NEWUSER | CLONE_NEWNS) != 0 ||
+            ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+            ::mount("tmpfs", path("small").c_str(), "tmpfs", 0, "size=64k") != 0)
+            throw std::runtime_error("cannot mount a small file system");
+        SqliteStorage store(path("small") / "store.sqlite");
+        store.setString("key", "value");
+        std::string what;
+        try {
+            store.setString("key", std::string(200000, 'x'));
+        } catch (StorageError const& error) {
+            what = error.what();
+        }
+        store.setString("other", "still works");
+        return what + '|' + store.getString("key", "lost") + '|' + store.getString("other", "");
+    });
+    EXPECT_EQ(answer, (path("small") / "store.sqlite").string() +
+                          ": cannot set \"key\": database or disk is full; free some space on the disk and try again|value|still works");
+}
+
+TEST_F(SqliteFaults, FullDiskAtCreationLeavesNothing)
+{
+    std::filesystem::create_directory(path("small"));
+    std::string const answer = inChild([&] {
+        if (::unshare(::geteuid() == 0 ? CLONE_NEWNS : CLONE_NEWUSER | CLONE_NEWNS) != 0 ||
+            ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+            ::mount("tmpfs", path("small").c_str(), "tmpfs", 0, "size=8k") != 0)
+            throw std::runtime_error("cannot mount a small file system");
+        std::string what = "opened";
+        try {
+            SqliteStorage const store(path("small") / "store.sqlite");
+        } catch (StorageError const& error) {
+            what = error.what();
+        }
+        return what + (std::filesystem::is_empty(path("small")) ? "|empty" : "|something left");
+    });
+    EXPECT_EQ(answer, (path("small") / "store.sqlite").string() +
+                          ": cannot create the store: database or disk is full; free some space on the disk and try again|empty");
+}
+
+TEST_F(SqliteFaults, FileSizeLimitIsNamedAndTheEarlierValueKept)
+{
+    std::string const answer = inChild([&] {
+        SqliteStorage store(path());
+        store.setString("key", "value");
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit const limit{64 * 1024, 64 * 1024};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        std::string what;
+        try {
+            store.setString("key", std::string(200000, 'x'));
+        } catch (StorageError const& error) {
+            what = error.what();
+        }
+        return what + '|' + store.getString("key", "lost");
+    });
+    EXPECT_EQ(answer, path().string() + ": cannot set \"key\": disk I/O error; check the disk and its space, and try again|value");
+    EXPECT_EQ(SqliteStorage(path()).getString("key", "lost"), "value");
+}
+
+TEST_F(SqliteFaults, DamageThatComesWhileItIsOpenIsNamed)
+{
+    SqliteStorage store(path());
+    for (int number = 0; number < 200; ++number)
+        store.setString("key " + std::to_string(number), std::string(100, 'x'));
+    overwrite(path(), std::string(content(path()).size(), 'z'));
+    EXPECT_THROW(store.getString("key 1", "default"), StorageError) << "a default would be a silent reset";
+    EXPECT_THROW(store.rows(), StorageError);
+    EXPECT_THROW(store.setInt("key 1", 1), StorageError);
+    EXPECT_EQ(content(path()), std::string(content(path()).size(), 'z')) << "nothing is written over it";
+}
+
+TEST_F(SqliteFaults, FileThatWasMovedAwayTakesNoChanges)
+{
+    SqliteStorage store(path());
+    store.setInt("key", 1);
+    std::filesystem::rename(path(), path("moved.sqlite"));
+    try {
+        store.setInt("key", 2);
+        FAIL() << "a change went where nobody will look for it";
+    } catch (StorageError const& error) {
+        EXPECT_EQ(std::string(error.what()), path().string() +
+                                                 ": cannot set \"key\": attempt to write a readonly database; the file was moved or "
+                                                 "removed while it was open: start the program again");
+    }
+    EXPECT_EQ(SqliteStorage(path("moved.sqlite")).getInt("key", 0), 1);
+}
+
+TEST_F(SqliteFaults, ValueBeyondTheLimitIsRefusedAndTheEarlierKept)
+{
+    SqliteStorage store(path());
+    store.setBytes("key", {1});
+    try {
+        store.setBytes("key", std::vector<unsigned char>(1000000001));
+        FAIL() << "nothing was thrown";
+    } catch (StorageError const& error) {
+        EXPECT_EQ(std::string(error.what()),
+                  path().string() +
+                      ": cannot set \"key\": string or blob too big; keep the value in a file of its own and store the file's name");
+    }
+    EXPECT_EQ(store.getBytes("key", {}), std::vector<unsigned char>{1});
+}
+
+} // namespace
