@@ -310,7 +310,7 @@ EDITOR_SETTINGS_EXPORT QString defaultBundleShadowCachePath();
 EDITOR_SETTINGS_EXPORT QString defaultDownloaderCachePath();
 /// "/home/u/.cache/Lumora Video Editor/PackInApp Cache"
 EDITOR_SETTINGS_EXPORT QString defaultPackInAppCachePath();
-/// "/home/u/.local/share/Lumora/SharedData/Shared/Waveforms/Cache" (vendor and shared-data folder name). As
+/// "/home/u/.local/share/Lumora/SharedData/VideoEditor/Waveforms/Cache" (vendor and shared-data folder name). As
 /// concatenated, with "/" on every platform.
 EDITOR_SETTINGS_EXPORT QString defaultWaveformCachePath();
 

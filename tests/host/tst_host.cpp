@@ -1,0 +1,220 @@
+// SPDX-License-Identifier: MIT
+#include <Host/Application.h>
+#include <Host/FileContent.h>
+
+#include <support/BoundLibrary.h>
+#include <support/Named.h>
+#include <support/Process.h>
+
+#include <csignal>
+#include <system_error>
+
+#include <sys/stat.h>
+
+namespace {
+
+using Host::Application;
+using Host::ProductFile;
+using Host::ProductFileError;
+
+char const complete[] = R"({
+  "vendorName": "Maker",
+  "productName": "Pr\u00f6duct",
+  "sharedDataFolderName": "Common",
+  "productKind": 1,
+  "projectFileExtensions": ["one", "two"],
+  "resourcesRoot": "share/resources"
+})";
+
+class ProductFiles : public testing::Test {
+protected:
+    TestKit::TemporaryHome m_home;
+};
+
+TEST_F(ProductFiles, EveryFieldIsAnswered)
+{
+    ProductFile const product(m_home.write("folder/product.json", complete));
+    EXPECT_EQ(product.vendorName(), "Maker");
+    EXPECT_EQ(product.productName(), "Pr\xC3\xB6"
+                                     "duct");
+    EXPECT_EQ(product.sharedDataFolderName(), "Common");
+    EXPECT_EQ(product.productKind(), 1);
+    EXPECT_EQ(product.projectFileExtensions(), "one,two");
+    EXPECT_EQ(product.resourcesRoot(), m_home.path() / "folder/share/resources") << "relative to the product file";
+}
+
+TEST_F(ProductFiles, AbsoluteResourcesRootIsKept)
+{
+    std::string text = complete;
+    text.replace(text.find("share/resources"), 15, "/opt/resources");
+    EXPECT_EQ(ProductFile(m_home.write("product.json", text)).resourcesRoot(), "/opt/resources");
+}
+
+TEST_F(ProductFiles, NoExtensionsAreAllowed)
+{
+    std::string text = complete;
+    text.replace(text.find("[\"one\", \"two\"]"), 14, "[]");
+    EXPECT_EQ(ProductFile(m_home.write("product.json", text)).projectFileExtensions(), "");
+}
+
+TEST_F(ProductFiles, InstalledFileNamesTheEditor)
+{
+    ProductFile const product(Host::installedProductFile());
+    EXPECT_EQ(product.vendorName(), "Lumora");
+    EXPECT_EQ(product.productName(), "Lumora Video Editor");
+    EXPECT_EQ(product.productKind(), 0);
+    EXPECT_EQ(product.projectFileExtensions(), "lumora");
+}
+
+TEST_F(ProductFiles, MissingFileIsNamed)
+{
+    std::string const file = (m_home.path() / "nowhere.json").string();
+    try {
+        ProductFile const product(file);
+        FAIL() << "it was read";
+    } catch (ProductFileError const& error) {
+        EXPECT_EQ(std::string(error.what()),
+                  "product file " + file +
+                      " cannot be read (No such file or directory); check its name and rights, or name another product file");
+    }
+}
+
+struct Wrong {
+    char const* meaning;
+    std::string from;
+    std::string to;
+    std::string reason;
+};
+
+class WrongProductFile : public ProductFiles, public testing::WithParamInterface<Wrong> {};
+
+TEST_P(WrongProductFile, IsRefusedWithWhatIsAccepted)
+{
+    std::string text = complete;
+    ASSERT_NE(text.find(GetParam().from), std::string::npos);
+    text.replace(text.find(GetParam().from), GetParam().from.size(), GetParam().to);
+    std::filesystem::path const file = m_home.write("product.json", text);
+    try {
+        ProductFile const product(file);
+        FAIL() << "it was read";
+    } catch (ProductFileError const& error) {
+        EXPECT_EQ(std::string(error.what()), "product file " + file.string() + ' ' + GetParam().reason);
+    }
+}
+
+std::string const allFields =
+    "the fields are vendorName, productName, sharedDataFolderName, productKind, projectFileExtensions, resourcesRoot";
+std::string const folderName = "which takes the name of a folder: not empty, not \".\" or \"..\", without \"/\"";
+std::string const wholeNumber = "which takes a whole number from -2147483648 to 2147483647";
+std::string const extensions = "which takes an array of texts, none empty, without \".\" and \",\"";
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, WrongProductFile,
+    testing::Values(
+        Wrong{"NotAnObject", complete, "[1]", "is not a JSON object; write the fields between { and }"},
+        Wrong{"NothingAtAll", complete, "",
+              "is not JSON: parse error at line 1, column 1: syntax error while parsing value - unexpected end of input; expected '[', "
+              "'{', or a literal"},
+        Wrong{"CutInTheMiddle", ",\n  \"productName\"", "",
+              "is not JSON: parse error at line 2, column 24: syntax error while parsing object - unexpected ':'; expected '}'"},
+        Wrong{"UnknownField", "vendorName", "vendor", "has a field \"vendor\" that means nothing; " + allFields},
+        Wrong{"MissingField", "\"vendorName\": \"Maker\",", "", "has no field \"vendorName\"; " + allFields},
+        Wrong{"VendorIsNoText", "\"Maker\"", "7", "has the value 7 in field \"vendorName\", which takes a text"},
+        Wrong{"VendorIsEmpty", "Maker", "", "has the value \"\" in field \"vendorName\", " + folderName},
+        Wrong{"ProductIsAPath", "Pr\\u00f6duct", "a/b", "has the value \"a/b\" in field \"productName\", " + folderName},
+        Wrong{"ProductIsTheFolderItself", "Pr\\u00f6duct", ".", "has the value \".\" in field \"productName\", " + folderName},
+        Wrong{"SharedFolderIsTheFolderAbove", "Common", "..", "has the value \"..\" in field \"sharedDataFolderName\", " + folderName},
+        Wrong{"SharedFolderHoldsNul", "Common", "a\\u0000b",
+              "has the value \"a\\u0000b\" in field \"sharedDataFolderName\", " + folderName},
+        Wrong{"KindIsAText", ": 1", ": \"1\"", "has the value \"1\" in field \"productKind\", " + wholeNumber},
+        Wrong{"KindIsAFraction", ": 1", ": 1.5", "has the value 1.5 in field \"productKind\", " + wholeNumber},
+        Wrong{"KindIsTooLarge", ": 1", ": 2147483648", "has the value 2147483648 in field \"productKind\", " + wholeNumber},
+        Wrong{"KindIsTooSmall", ": 1", ": -2147483649", "has the value -2147483649 in field \"productKind\", " + wholeNumber},
+        Wrong{"KindIsHuge", ": 1", ": 18446744073709551615", "has the value 18446744073709551615 in field \"productKind\", " + wholeNumber},
+        Wrong{"ExtensionsAreAText", "[\"one\", \"two\"]", "\"one\"",
+              "has the value \"one\" in field \"projectFileExtensions\", " + extensions},
+        Wrong{"ExtensionIsANumber", "\"one\"", "1", "has the value [1,\"two\"] in field \"projectFileExtensions\", " + extensions},
+        Wrong{"ExtensionHasADot", "\"one\"", "\".one\"",
+              "has the value [\".one\",\"two\"] in field \"projectFileExtensions\", " + extensions},
+        Wrong{"ExtensionHasAComma", "\"one\"", "\"a,b\"",
+              "has the value [\"a,b\",\"two\"] in field \"projectFileExtensions\", " + extensions},
+        Wrong{"ExtensionIsEmpty", "\"one\"", "\"\"", "has the value [\"\",\"two\"] in field \"projectFileExtensions\", " + extensions},
+        Wrong{"ResourcesRootIsNoText", "\"share/resources\"", "null", "has the value null in field \"resourcesRoot\", which takes a text"}),
+    byMeaning);
+
+TEST_F(ProductFiles, ContentOfAFileIsWholeOrAnError)
+{
+    std::string const content("a\0b\n", 4);
+    EXPECT_EQ(Host::fileContent(m_home.write("file", content)), content);
+    EXPECT_EQ(Host::fileContent(m_home.write("empty", "")), "");
+    EXPECT_EQ(Host::fileContent(m_home.write("long", std::string(200001, 'x'))), std::string(200001, 'x'));
+    EXPECT_THROW(Host::fileContent(m_home.path() / "nowhere"), std::system_error);
+    EXPECT_THROW(Host::fileContent(m_home.path()), std::system_error) << "a folder is not an empty file";
+}
+
+// --- The application ---
+
+class Applications : public ProductFiles {
+protected:
+    std::filesystem::path const m_productFile = m_home.write("product.json", complete);
+    std::filesystem::path const m_data = m_home.path() / ".local/share";
+};
+
+TEST_F(Applications, StoresLieWithTheProductAndWithTheVendor)
+{
+    Application const application(m_productFile);
+    EXPECT_EQ(application.productStorage().file(), m_data / "Maker/Pr\xC3\xB6"
+                                                            "duct/product-settings.sqlite");
+    EXPECT_EQ(application.commonStorage().file(), m_data / "Maker/common-settings.sqlite");
+    EXPECT_TRUE(std::filesystem::exists(application.productStorage().file()));
+    EXPECT_TRUE(std::filesystem::exists(application.commonStorage().file()));
+}
+
+TEST_F(Applications, StoresLieInOneFolderWhereOneIsNamed)
+{
+    Application const application(m_productFile, m_home.path() / "elsewhere");
+    EXPECT_EQ(application.productStorage().file(), m_home.path() / "elsewhere/product-settings.sqlite");
+    EXPECT_EQ(application.commonStorage().file(), m_home.path() / "elsewhere/common-settings.sqlite");
+    EXPECT_FALSE(std::filesystem::exists(m_data)) << "nothing is made where the stores would else lie";
+}
+
+TEST_F(Applications, LibraryIsBoundToFileAndStores)
+{
+    Application const application(m_productFile);
+    EXPECT_EQ(nonLocalizedProductName(), QString::fromUtf16(u"Pr\u00F6duct"));
+    EXPECT_EQ(s_instance.resourcesRoot.utf8string(), (m_home.path() / "share/resources").string());
+    Settings::setKeepVideoAspect(false);
+    Settings::setCheckForUpdates(false);
+    EXPECT_EQ(application.productStorage().rows().size(), 1u);
+    EXPECT_EQ(application.commonStorage().rows().size(), 1u);
+    EXPECT_FALSE(application.productStorage().getBool("keepVideoAspect", true));
+    EXPECT_FALSE(application.commonStorage().getBool("autoUpdate", true));
+}
+
+TEST_F(Applications, PreferencesSurviveTheApplication)
+{
+    {
+        Application const application(m_productFile);
+        Settings::setExportPath(QStringLiteral("/films"));
+    }
+    Application const application(m_productFile);
+    EXPECT_EQ(Settings::exportPath(), QStringLiteral("/films"));
+}
+
+TEST_F(Applications, CallAfterTheApplicationEndsTheProcess)
+{
+    {
+        Application const application(m_productFile);
+    }
+    EXPECT_EXIT(Settings::exportPath(), testing::KilledBySignal(SIGABRT), "productInfo is not bound or has been destroyed");
+    EXPECT_EXIT(Settings::autoUpdate(), testing::KilledBySignal(SIGABRT), "commonStorage is not bound or has been destroyed");
+}
+
+TEST_F(Applications, DamagedStoreIsAnErrorAndStaysAsItIs)
+{
+    std::filesystem::path const file = m_home.write("elsewhere/product-settings.sqlite", "not a store");
+    EXPECT_THROW(Application(m_productFile, m_home.path() / "elsewhere"), Storage::StorageError);
+    EXPECT_EQ(std::filesystem::file_size(file), 11u);
+}
+
+} // namespace
