@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include <Catalogue/Catalogue.h>
+
+#include <support/BoundLibrary.h>
+
+#include <type_traits>
+
+using Catalogue::Row;
+using Catalogue::Store;
+using Catalogue::Value;
+
+// A row's accessors and a value have their alternatives in the same order.
+template <std::size_t... Index>
+constexpr bool alternativesMatch(std::index_sequence<Index...>)
+{
+    return (std::is_same_v<std::variant_alternative_t<Index, decltype(Row::accessors)>,
+                           Catalogue::Accessors<std::variant_alternative_t<Index, Value>>> &&
+            ...);
+}
+static_assert(std::variant_size_v<Value> == 6 && std::variant_size_v<decltype(Row::accessors)> == 6);
+static_assert(alternativesMatch(std::make_index_sequence<6>()));
+
+namespace {
+
+class CatalogueOfPreferences : public BoundLibrary {};
+
+Row const& row(char const* name)
+{
+    Row const* const found = Catalogue::findPreference(name);
+    EXPECT_TRUE(found) << name;
+    return *found;
+}
+
+TEST_F(CatalogueOfPreferences, RowReadsAndWritesThroughTheLibrary)
+{
+    row("npsSendCount").write(7);
+    EXPECT_EQ(calls(), (Calls{"product.setInt(\"npsSendCount\", 7)"}));
+    EXPECT_EQ(row("npsSendCount").read(), Value(7));
+    row("autoUpdate").write(false);
+    EXPECT_EQ(Settings::autoUpdate(), false);
+    row("achievedTutorials").write(QStringList(QStringLiteral("one")));
+    EXPECT_EQ(row("achievedTutorials").read(), Value(QStringList(QStringLiteral("one"))));
+}
+
+TEST_F(CatalogueOfPreferences, ValueOfAnotherTypeIsNotWritten)
+{
+    EXPECT_THROW(row("npsSendCount").write(true), std::bad_variant_access);
+    EXPECT_THROW(row("exportPath").write(std::string("/x")), std::bad_variant_access);
+    EXPECT_EQ(calls(), Calls{});
+}
+
+TEST_F(CatalogueOfPreferences, UnsetPreferenceIsObserved)
+{
+    Catalogue::Observation const observation = Catalogue::observe(row("exportPath"));
+    EXPECT_EQ(observation.value, Value(inHome("Videos/Lumora Library")));
+    EXPECT_EQ(observation.defaultValue, Value(inHome("Videos/Lumora Library")));
+    EXPECT_EQ(observation.store, Store::product);
+    EXPECT_EQ(observation.key, "exportPath");
+    EXPECT_FALSE(observation.isStored);
+}
+
+TEST_F(CatalogueOfPreferences, SetPreferenceIsObserved)
+{
+    m_commonValues->setBool("sendStatistics", true);
+    Catalogue::Observation const observation = Catalogue::observe(row("sendStatistics"));
+    EXPECT_EQ(observation.value, Value(true));
+    EXPECT_EQ(observation.defaultValue, Value(true));
+    EXPECT_EQ(observation.store, Store::common);
+    EXPECT_TRUE(observation.isStored) << "set, though to the default";
+    m_commonValues->setBool("sendStatistics", false);
+    EXPECT_EQ(Catalogue::observe(row("sendStatistics")).value, Value(false));
+    EXPECT_EQ(Catalogue::observe(row("sendStatistics")).defaultValue, Value(true));
+}
+
+TEST_F(CatalogueOfPreferences, KeyThatHoldsAnotherKindIsStoredAndReadsAsTheDefault)
+{
+    m_productValues->setString("npsSendCount", "many");
+    Catalogue::Observation const observation = Catalogue::observe(row("npsSendCount"));
+    EXPECT_TRUE(observation.isStored);
+    EXPECT_EQ(observation.value, Value(0));
+}
+
+TEST_F(CatalogueOfPreferences, ObservingChangesNeitherBindingNorStores)
+{
+    m_productValues->setInt("npsSendCount", 5);
+    for (Row const& each : Catalogue::preferences())
+        Catalogue::observe(each);
+    EXPECT_EQ(m_productValues->values().size(), 1u);
+    EXPECT_TRUE(m_commonValues->values().empty());
+    EXPECT_EQ(s_instance.productStorage.lock(), m_productStore);
+    EXPECT_EQ(s_instance.commonStorage.lock(), m_common);
+    EXPECT_EQ(s_instance.productInfo.lock(), m_productInfo);
+    EXPECT_EQ(s_instance.resourcesRoot.utf8string(), "/resources");
+}
+
+TEST_F(CatalogueOfPreferences, HistoryInMemoryAsksNoStore)
+{
+    m_product->kind = 1;
+    Catalogue::Observation const observation = Catalogue::observe(row("targetHistory"));
+    EXPECT_FALSE(observation.store);
+    EXPECT_FALSE(observation.isStored);
+    m_product->kind = 0;
+    EXPECT_EQ(Catalogue::observe(row("targetHistory")).store, Store::product);
+}
+
+TEST_F(CatalogueOfPreferences, UnsetRemovesTheKeyFromItsStore)
+{
+    m_commonValues->setBool("autoUpdate", false);
+    m_productValues->setBool("autoUpdate", false);
+    EXPECT_TRUE(Catalogue::unset(row("autoUpdate")));
+    EXPECT_FALSE(m_commonValues->contains("autoUpdate"));
+    EXPECT_TRUE(m_productValues->contains("autoUpdate")) << "a key of the other store that happens to be called the same";
+    EXPECT_FALSE(Catalogue::unset(row("autoUpdate"))) << "nothing was stored any more";
+}
+
+TEST_F(CatalogueOfPreferences, ListsThatComeBackUnchangedAreToldFromOthers)
+{
+    auto const list = [](std::initializer_list<char const*> elements) {
+        QStringList result;
+        for (char const* element : elements)
+            result.append(QString::fromUtf8(element));
+        return result;
+    };
+    EXPECT_TRUE(Catalogue::comesBackUnchanged({}));
+    EXPECT_TRUE(Catalogue::comesBackUnchanged(list({"a", "b c", "#", "|"})));
+    EXPECT_FALSE(Catalogue::comesBackUnchanged(list({"a", ""})));
+    EXPECT_FALSE(Catalogue::comesBackUnchanged(list({"x|#|y"})));
+    EXPECT_FALSE(Catalogue::comesBackUnchanged(list({"a|#", "|b"}))) << "joined, the two make up a separator too many";
+    EXPECT_EQ(calls(), Calls{}) << "no store is touched to find out";
+}
+
+TEST_F(CatalogueOfPreferences, UnknownNameIsNotFound)
+{
+    EXPECT_FALSE(Catalogue::findPreference("nothing"));
+    EXPECT_FALSE(Catalogue::findPreference("ExportPath"));
+    EXPECT_FALSE(Catalogue::findPreference("stabilizedFileFormat")) << "it has no accessors";
+    EXPECT_EQ(Catalogue::preferencesWithoutAccessors(), std::vector<std::string>{"stabilizedFileFormat"});
+}
+
+TEST_F(CatalogueOfPreferences, PlacesAreNamedAfterTheirFunctions)
+{
+    EXPECT_STREQ(Catalogue::placeName(&Settings::defaultProjectPath), "defaultProjectPath");
+    EXPECT_STREQ(Catalogue::placeName(&Settings::defaultLumoraLibraryPath), "defaultLumoraLibraryPath");
+}
+
+} // namespace

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+//
+// The header, the catalogue's rows, the exported symbols and the independent table tell the same; where they do not,
+// a test fails with the name of what differs.
+#include <Catalogue/Catalogue.h>
+
+#include <support/BoundLibrary.h>
+#include <support/Process.h>
+#include <support/Table.h>
+
+#include <algorithm>
+#include <cxxabi.h>
+#include <dlfcn.h>
+
+#include <map>
+#include <regex>
+#include <set>
+
+namespace {
+
+using Catalogue::Row;
+using Names = std::set<std::string>;
+
+// What is exported under `Settings::` and is neither a preference's accessor nor a location, and why.
+std::map<std::string, std::string> const otherFunctions = {{"init", "binds the library"}};
+
+void expectSame(Names const& left, char const* leftName, Names const& right, char const* rightName)
+{
+    for (std::string const& name : left)
+        EXPECT_EQ(right.count(name), 1u) << name << " is in " << leftName << " but not in " << rightName;
+    for (std::string const& name : right)
+        EXPECT_EQ(left.count(name), 1u) << name << " is in " << rightName << " but not in " << leftName;
+}
+
+Names expectedFunctions()
+{
+    Names names;
+    for (PreferenceRow const& row : preferenceTable())
+        if (row.hasAccessors())
+            names.insert({row.getter, row.setter});
+    for (Catalogue::Place const& place : Catalogue::places())
+        names.insert(std::string("Settings::") + place.name);
+    for (auto const& [name, reason] : otherFunctions)
+        names.insert("Settings::" + name);
+    return names;
+}
+
+// The functions of namespace Settings that the header declares, with their results.
+std::map<std::string, std::string> declaredFunctions()
+{
+    std::ifstream file(TESTS_DATA "/../../library/Settings/Settings.h");
+    std::string const header{std::istreambuf_iterator<char>(file), {}};
+    std::map<std::string, std::string> functions;
+    bool inNamespace = false;
+    std::regex const declaration("^EDITOR_SETTINGS_EXPORT ([\\w:<> ]+) (\\w+)\\(.*");
+    for (std::string const& line : lines(header)) {
+        if (line == "namespace Settings {" || line == "} // namespace Settings")
+            inNamespace = line[0] == 'n';
+        std::smatch match;
+        if (inNamespace && std::regex_match(line, match, declaration))
+            functions["Settings::" + match[2].str()] = match[1];
+    }
+    return functions;
+}
+
+Names exportedFunctions()
+{
+    Names names;
+    std::regex const function("\\S+ T (Settings::\\w+)(\\[abi:cxx11\\])?\\(.*");
+    for (std::string const& line : lines(run({"nm", "--dynamic", "--defined-only", "--demangle", LIBRARY_FILE}).out)) {
+        std::smatch match;
+        if (std::regex_match(line, match, function))
+            names.insert(match[1]);
+    }
+    return names;
+}
+
+TEST(Drift, HeaderDeclaresWhatTableAndRowsName)
+{
+    Names declared;
+    for (auto const& [name, result] : declaredFunctions())
+        declared.insert(name);
+    ASSERT_GT(declared.size(), 100u);
+    expectSame(declared, "Settings.h", expectedFunctions(), "preferences.tsv, the places or the list of other functions");
+}
+
+TEST(Drift, LibraryExportsWhatTableAndRowsName)
+{
+    Names const exported = exportedFunctions();
+    ASSERT_GT(exported.size(), 100u);
+    expectSame(exported, "the library", expectedFunctions(), "preferences.tsv, the places or the list of other functions");
+}
+
+TEST(Drift, HeaderDeclaresTheTypesOfTheTable)
+{
+    std::map<std::string, std::string> const declared = declaredFunctions();
+    for (PreferenceRow const& row : preferenceTable()) {
+        if (!row.hasAccessors())
+            continue;
+        EXPECT_EQ(declared.at(row.getter), row.type) << row.getter;
+        EXPECT_EQ(declared.at(row.setter), "void") << row.setter;
+    }
+}
+
+TEST(Drift, EveryRowOfTheTableHasARowOfTheCatalogue)
+{
+    Names table;
+    Names withoutAccessors;
+    for (PreferenceRow const& row : preferenceTable())
+        (row.hasAccessors() ? table : withoutAccessors).insert(row.key);
+    Names catalogue;
+    for (Row const& row : Catalogue::preferences())
+        EXPECT_TRUE(catalogue.insert(row.name).second) << row.name << " has two rows";
+    expectSame(table, "preferences.tsv", catalogue, "the catalogue");
+    std::vector<std::string> const& reserved = Catalogue::preferencesWithoutAccessors();
+    expectSame(withoutAccessors, "preferences.tsv", Names(reserved.begin(), reserved.end()), "the preferences without accessors");
+}
+
+// The name of an exported function, without arguments and ABI tag.
+template <typename Function>
+std::string nameOf(Function* function)
+{
+    Dl_info info = {};
+    if (!::dladdr(reinterpret_cast<void*>(function), &info) || !info.dli_sname || info.dli_saddr != reinterpret_cast<void*>(function))
+        return "a function that is not exported";
+    char* const demangled = abi::__cxa_demangle(info.dli_sname, nullptr, nullptr, nullptr);
+    std::string name = demangled ? demangled : info.dli_sname;
+    std::free(demangled);
+    return name.substr(0, name.find_first_of("[("));
+}
+
+std::string cppType(Row const& row)
+{
+    char const* const names[] = {"bool", "int", "std::string", "QString", "QByteArray", "QStringList"};
+    return names[row.accessors.index()];
+}
+
+class DriftOfRow : public BoundLibrary, public testing::WithParamInterface<PreferenceRow> {};
+
+TEST_P(DriftOfRow, RowAgreesWithTheTable)
+{
+    PreferenceRow const& expected = GetParam();
+    Row const* const row = Catalogue::findPreference(expected.key);
+    ASSERT_TRUE(row) << expected.key << " has no row in the catalogue";
+    EXPECT_EQ(cppType(*row), expected.type);
+    EXPECT_EQ(row->store == Catalogue::Store::common ? "common" : "product", expected.store);
+    std::visit(
+        [&](auto const& accessors) {
+            EXPECT_EQ(nameOf(accessors.get), expected.getter);
+            EXPECT_EQ(nameOf(accessors.set), expected.setter);
+        },
+        row->accessors);
+
+    Catalogue::Observation const observation = Catalogue::observe(*row);
+    EXPECT_EQ(observation.key, expected.key);
+    EXPECT_EQ(observation.store, row->store) << "the row names another store than the library asks";
+
+    ASSERT_EQ(row->computedDefault != nullptr, expected.hasComputedDefault());
+    if (row->computedDefault) {
+        EXPECT_EQ(Catalogue::placeName(row->computedDefault) + std::string("()"), expected.defaultValue);
+        EXPECT_EQ(observation.defaultValue, Catalogue::Value(row->computedDefault())) << "the getter falls back on another location";
+    }
+}
+
+std::vector<PreferenceRow> rowsWithAccessors()
+{
+    std::vector<PreferenceRow> rows = preferenceTable();
+    rows.erase(std::remove_if(rows.begin(), rows.end(), [](PreferenceRow const& row) { return !row.hasAccessors(); }), rows.end());
+    return rows;
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, DriftOfRow, testing::ValuesIn(rowsWithAccessors()), [](auto const& test) { return test.param.key; });
+
+TEST(Drift, EveryPlaceIsNamedAfterItsFunction)
+{
+    for (Catalogue::Place const& place : Catalogue::places())
+        EXPECT_EQ(nameOf(place.get), std::string("Settings::") + place.name);
+}
+
+} // namespace
