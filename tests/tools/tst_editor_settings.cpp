@@ -1,0 +1,489 @@
+// SPDX-License-Identifier: MIT
+#include <Storage/SqliteStorage.h>
+#include <TestKit/TemporaryHome.h>
+
+#include <support/Named.h>
+#include <support/OtherProgram.h>
+#include <support/Process.h>
+#include <support/Table.h>
+
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+using nlohmann::json;
+
+namespace {
+
+class Tool : public testing::Test {
+protected:
+    Ended tool(std::vector<std::string> arguments, std::map<std::string, std::string> const& environment = {})
+    {
+        arguments.insert(arguments.begin(), TOOL);
+        return run(arguments, environment);
+    }
+
+    // What the tool prints, where it must succeed without a word on standard error.
+    std::string said(std::vector<std::string> const& arguments)
+    {
+        Ended const ended = tool(arguments);
+        EXPECT_EQ(ended.status, 0) << ended.err;
+        EXPECT_EQ(ended.err, "");
+        return ended.out;
+    }
+
+    // The reason for which the tool must say no, printing nothing.
+    std::string refused(std::vector<std::string> const& arguments, int status = 1)
+    {
+        Ended const ended = tool(arguments);
+        EXPECT_EQ(ended.status, status) << ended.err;
+        EXPECT_EQ(ended.out, "");
+        return ended.err;
+    }
+
+    std::string inHome(char const* relative) const { return (m_home.path() / relative).string(); }
+    std::string productFile() const { return inHome(".local/share/Lumora/Lumora Video Editor/product-settings.sqlite"); }
+    std::string commonFile() const { return inHome(".local/share/Lumora/common-settings.sqlite"); }
+
+    TestKit::TemporaryHome m_home;
+};
+
+// --- Values that stay ---
+
+TEST_F(Tool, ValueIsReadByTheNextProcess)
+{
+    EXPECT_EQ(said({"set", "exportPath", "/tmp/x"}), "");
+    EXPECT_EQ(said({"get", "exportPath"}), "/tmp/x\n");
+    EXPECT_EQ(Storage::SqliteStorage(productFile()).getString("exportPath", ""), "/tmp/x");
+}
+
+struct Kept {
+    char const* meaning;
+    char const* key;
+    std::vector<std::string> given;
+    char const* printed;
+};
+
+class KeptValue : public Tool, public testing::WithParamInterface<Kept> {};
+
+TEST_P(KeptValue, IsPrintedAsItWasGiven)
+{
+    std::vector<std::string> arguments = {"set", GetParam().key};
+    arguments.insert(arguments.end(), GetParam().given.begin(), GetParam().given.end());
+    said(arguments);
+    EXPECT_EQ(said({"get", GetParam().key}), GetParam().printed);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, KeptValue,
+    testing::Values(
+        Kept{"True", "quizAgreementChecked", {"true"}, "true\n"}, Kept{"False", "keepVideoAspect", {"False"}, "false\n"},
+        Kept{"On", "quizAgreementChecked", {"on"}, "true\n"}, Kept{"Off", "keepVideoAspect", {"off"}, "false\n"},
+        Kept{"Yes", "quizAgreementChecked", {"YES"}, "true\n"}, Kept{"No", "keepVideoAspect", {"no"}, "false\n"},
+        Kept{"One", "quizAgreementChecked", {"1"}, "true\n"}, Kept{"Zero", "keepVideoAspect", {"0"}, "false\n"},
+        Kept{"Number", "npsSendCount", {"42"}, "42\n"}, Kept{"NegativeNumber", "npsSendCount", {"-5"}, "-5\n"},
+        Kept{"NumberWithPlus", "npsSendCount", {"+5"}, "5\n"}, Kept{"SmallestNumber", "npsSendCount", {"-2147483648"}, "-2147483648\n"},
+        Kept{"LargestNumber", "npsSendCount", {"2147483647"}, "2147483647\n"}, Kept{"Text", "lastTarget", {"a text"}, "a text\n"},
+        Kept{"NarrowText", "recentProjects", {"a text"}, "a text\n"}, Kept{"EmptyText", "exportPath", {""}, "\n"},
+        Kept{"TextBeyondAscii", "lastTarget", {"\xC3\xBC\xE2\x82\xAC"}, "\xC3\xBC\xE2\x82\xAC\n"},
+        Kept{"TextInBrackets", "lastTarget", {"[a,b]"}, "[a,b]\n"}, Kept{"TextWithLineBreak", "lastTarget", {"a\nb"}, "a\nb\n"},
+        Kept{"TextWithControlCharacter", "lastTarget", {"\x1f[x]"}, "\x1f[x]\n"},
+        Kept{"TextLikeAnOption", "lastTarget", {"--", "--json"}, "--json\n"}, Kept{"TextLikeAFileName", "lastTarget", {"@file"}, "@file\n"},
+        Kept{"Bytes", "mainWindowState", {"AP8="}, "AP8=\n"}, Kept{"NoBytes", "mainWindowState", {""}, "\n"},
+        Kept{"List", "userCustomColors", {"#fff", "a b", "[c,d]"}, "#fff\na b\n[c,d]\n"},
+        Kept{"ListOfOne", "userCustomColors", {"#fff"}, "#fff\n"}, Kept{"EmptyList", "userCustomColors", {"--empty"}, ""},
+        Kept{"PartsOfTheSeparator", "userCustomColors", {"|", "#"}, "|\n#\n"}),
+    byMeaning);
+
+TEST_F(Tool, BytesAreReadFromAFile)
+{
+    std::filesystem::path const file = m_home.write("state", std::string("\x00\xFFraw\n", 6));
+    said({"set", "mainWindowState", "@" + file.string()});
+    EXPECT_EQ(said({"get", "mainWindowState"}), "AP9yYXcK\n");
+    said({"set", "mainWindowState", "@" + m_home.write("empty", "").string()});
+    EXPECT_EQ(said({"get", "mainWindowState"}), "\n");
+    EXPECT_EQ(Storage::SqliteStorage(productFile()).find("mainWindowState")->kind, "bytes");
+}
+
+TEST_F(Tool, UnsetBringsTheDefaultBack)
+{
+    said({"set", "npsSendCount", "3"});
+    EXPECT_EQ(said({"unset", "npsSendCount"}), "");
+    EXPECT_EQ(said({"get", "npsSendCount"}), "0\n");
+    EXPECT_FALSE(Storage::SqliteStorage(productFile()).contains("npsSendCount"));
+    Ended const again = tool({"unset", "npsSendCount"});
+    EXPECT_EQ(again.status, 0);
+    EXPECT_EQ(again.err, "editor-settings: npsSendCount was not set\n");
+}
+
+// --- What is said no to ---
+
+struct Refused {
+    char const* meaning;
+    std::vector<std::string> arguments;
+    std::string reason;
+};
+
+class RefusedCommand : public Tool, public testing::WithParamInterface<Refused> {};
+
+TEST_P(RefusedCommand, TellsWhatIsAcceptedAndChangesNothing)
+{
+    said({"set", "npsSendCount", "7"});
+    said({"set", "userCustomColors", "kept"});
+    EXPECT_EQ(refused(GetParam().arguments), "editor-settings: " + GetParam().reason + '\n');
+    EXPECT_EQ(said({"list", "--set", "--plain"}), "npsSendCount\tint\tproduct\tset\t7\nuserCustomColors\tlist\tproduct\tset\tkept\n");
+}
+
+std::string const wholeNumber = "give a whole number from -2147483648 to 2147483647";
+std::string const trueOrFalse = "give true or false (or yes, no, on, off, 1, 0)";
+std::string const base64 = "give the bytes in base64, or @FILE to read them from a file";
+std::string const utf8 = "give text in UTF-8, as anything else would not come back unchanged";
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, RefusedCommand,
+    testing::Values(
+        Refused{"WordForANumber", {"set", "npsSendCount", "many"}, "npsSendCount is an int and cannot be 'many'; " + wholeNumber},
+        Refused{"NothingForANumber", {"set", "npsSendCount", ""}, "npsSendCount is an int and cannot be ''; " + wholeNumber},
+        Refused{"FractionForANumber", {"set", "npsSendCount", "1.5"}, "npsSendCount is an int and cannot be '1.5'; " + wholeNumber},
+        Refused{
+            "NumberTooLarge", {"set", "npsSendCount", "2147483648"}, "npsSendCount is an int and cannot be '2147483648'; " + wholeNumber},
+        Refused{
+            "NumberTooSmall", {"set", "npsSendCount", "-2147483649"}, "npsSendCount is an int and cannot be '-2147483649'; " + wholeNumber},
+        Refused{"TwoSigns", {"set", "npsSendCount", "+-1"}, "npsSendCount is an int and cannot be '+-1'; " + wholeNumber},
+        Refused{"BlankBeforeANumber", {"set", "npsSendCount", " 1"}, "npsSendCount is an int and cannot be ' 1'; " + wholeNumber},
+        Refused{"NumberForABool", {"set", "keepVideoAspect", "2"}, "keepVideoAspect is a bool and cannot be '2'; " + trueOrFalse},
+        Refused{"NothingForABool", {"set", "keepVideoAspect", ""}, "keepVideoAspect is a bool and cannot be ''; " + trueOrFalse},
+        Refused{
+            "TwoNumbers", {"set", "npsSendCount", "1", "2"}, "npsSendCount takes one value, not 2; put quotes around a value with blanks"},
+        Refused{"EmptyForANumber", {"set", "npsSendCount", "--empty"}, "npsSendCount takes one value, not 0; --empty is for lists"},
+        Refused{"NotBase64", {"set", "mainWindowState", "a*b"}, "mainWindowState holds bytes and cannot be 'a*b'; " + base64},
+        Refused{"MissingFile",
+                {"set", "mainWindowState", "@/no/such/file"},
+                "mainWindowState: cannot read '/no/such/file' (No such file or directory); name a file that can be read after the @"},
+        Refused{"FolderForAFile",
+                {"set", "mainWindowState", "@/"},
+                "mainWindowState: cannot read '/' (Is a directory); name a file that can be read after the @"},
+        Refused{"TextThatIsNotUtf8", {"set", "lastTarget", "a\xFF"}, "lastTarget is a text and cannot be 'a\xFF'; " + utf8},
+        Refused{"TextCutInALetter", {"set", "recentProjects", "a\xC3"}, "recentProjects is a text and cannot be 'a\xC3'; " + utf8},
+        Refused{"EmptyElement",
+                {"set", "userCustomColors", "a", ""},
+                "userCustomColors is a list and cannot be ''; an empty element is lost when the list is read back; leave it out (--empty "
+                "stores an empty list)"},
+        Refused{"ElementWithTheSeparator",
+                {"set", "userCustomColors", "a", "x|#|y"},
+                "userCustomColors is a list and cannot be 'x|#|y'; the element holds the separator of stored lists and would come back in "
+                "pieces"},
+        Refused{"ElementsThatMakeTheSeparator",
+                {"set", "userCustomColors", "a|#", "|b"},
+                "userCustomColors is a list and cannot be '|b'; together with the element before it, it makes up the separator of stored "
+                "lists and would "
+                "come back otherwise"},
+        Refused{"UnknownKey", {"get", "nothingLikeIt"}, "there is no preference 'nothingLikeIt'; 'editor-settings list' shows all"},
+        Refused{"MistypedKey",
+                {"get", "exprtPath"},
+                "there is no preference 'exprtPath'; did you mean exportPath? 'editor-settings list' shows all"},
+        Refused{"KeyInAnotherCase",
+                {"set", "EXPORTPATH", "x"},
+                "there is no preference 'EXPORTPATH'; did you mean exportPath? 'editor-settings list' shows all"},
+        Refused{"PartOfAKey",
+                {"explain", "export"},
+                "there is no preference 'export'; did you mean exportPath or quizExportUserId or npsStartExportCount? "
+                "'editor-settings list' shows all"},
+        Refused{"UnknownKeyToUnset",
+                {"unset", "snapshtPath"},
+                "there is no preference 'snapshtPath'; did you mean snapshotPath? 'editor-settings list' shows all"},
+        Refused{"KeyWithALineBreak", {"get", "a\nb"}, "there is no preference 'a\\nb'; 'editor-settings list' shows all"},
+        Refused{"ReservedKey",
+                {"get", "stabilizedFileFormat"},
+                "stabilizedFileFormat is reserved: the editor neither reads nor writes it, so it cannot be reached"}),
+    byMeaning);
+
+struct Usage {
+    char const* meaning;
+    std::vector<std::string> arguments;
+};
+
+class WrongUsage : public Tool, public testing::WithParamInterface<Usage> {};
+
+TEST_P(WrongUsage, EndsWithStatusTwoAndTouchesNothing)
+{
+    std::string const reason = refused(GetParam().arguments, 2);
+    EXPECT_NE(reason.find("Run with --help for more information."), std::string::npos) << reason;
+    EXPECT_FALSE(std::filesystem::exists(inHome(".local")));
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, WrongUsage,
+                         testing::Values(Usage{"NoVerb", {}}, Usage{"UnknownVerb", {"forget"}}, Usage{"NoKey", {"get"}},
+                                         Usage{"NoValue", {"set", "npsSendCount"}}, Usage{"UnknownOption", {"list", "--loud"}},
+                                         Usage{"TwoFormats", {"list", "--json", "--plain"}},
+                                         Usage{"SetAndUnset", {"list", "--set", "--unset"}},
+                                         Usage{"UnknownStore", {"list", "--store", "third"}},
+                                         Usage{"ValueAndEmpty", {"set", "userCustomColors", "a", "--empty"}},
+                                         Usage{"TwoKeys", {"get", "a", "b"}}),
+                         byMeaning);
+
+TEST_F(Tool, HelpTellsVerbsAndExitStatus)
+{
+    std::string const help = said({"--help"});
+    for (char const* word :
+         {"list", "get", "set", "unset", "explain", "--home", "EDITOR_SETTINGS_HOME", "--product", "EDITOR_SETTINGS_PRODUCT"})
+        EXPECT_NE(help.find(word), std::string::npos) << word;
+    EXPECT_NE(help.find("  0  done\n  1  said no: unknown key, wrong value, trouble with a store or the product file\n  2  wrong usage\n"),
+              std::string::npos);
+    EXPECT_NE(said({"set", "--help"}).find("base64"), std::string::npos);
+    EXPECT_EQ(said({"--version"}), "1.0.0\n");
+    EXPECT_FALSE(std::filesystem::exists(inHome(".local"))) << "help opens no store";
+}
+
+TEST_F(Tool, FullStandardOutputIsAnError)
+{
+    Ended const ended = run({"sh", "-c", "exec \"$0\" list > /dev/full", TOOL});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.err, "editor-settings: the answer could not be printed whole: standard output cannot be written\n");
+}
+
+// --- Where the stores lie ---
+
+TEST_F(Tool, StoresLieWithProductAndVendorUnlessTheyAreNamed)
+{
+    said({"set", "npsSendCount", "1"});
+    said({"set", "autoUpdate", "false"});
+    EXPECT_EQ(Storage::SqliteStorage(productFile()).rows().size(), 1u);
+    EXPECT_EQ(Storage::SqliteStorage(commonFile()).rows().size(), 1u);
+
+    said({"--home", inHome("one"), "set", "npsSendCount", "2"});
+    EXPECT_EQ(Storage::SqliteStorage(inHome("one/product-settings.sqlite")).getInt("npsSendCount", 0), 2);
+    EXPECT_EQ(tool({"get", "npsSendCount"}, {{"EDITOR_SETTINGS_HOME", inHome("one")}}).out, "2\n");
+    EXPECT_EQ(tool({"--home", inHome("two"), "get", "npsSendCount"}, {{"EDITOR_SETTINGS_HOME", inHome("one")}}).out, "0\n")
+        << "the option wins";
+    EXPECT_EQ(said({"get", "npsSendCount"}), "1\n");
+}
+
+TEST_F(Tool, StoreThatIsNoneIsNamedAndKept)
+{
+    std::filesystem::path const file = m_home.write("broken/product-settings.sqlite", "not a store");
+    EXPECT_EQ(
+        refused({"--home", inHome("broken"), "set", "npsSendCount", "1"}),
+        "editor-settings: " + file.string() +
+            ": cannot open the store: file is not a database; the file was left as it is: move it away and restore it from a backup\n");
+    EXPECT_EQ(std::filesystem::file_size(file), 11u);
+}
+
+TEST_F(Tool, ProductFileDecidesTheFolders)
+{
+    std::filesystem::path const file = m_home.write("product.json", R"({"vendorName": "V", "productName": "P", "sharedDataFolderName": "S",
+        "productKind": 1, "projectFileExtensions": ["p"], "resourcesRoot": "."})");
+    EXPECT_EQ(said({"--product", file.string(), "get", "waveformCachePath"}), inHome(".local/share/V/SharedData/S/Waveforms/Cache") + '\n');
+    EXPECT_EQ(said({"--product", file.string(), "get", "exportPath"}), inHome("Videos/Lumora Video Editor") + '\n');
+    EXPECT_TRUE(std::filesystem::exists(inHome(".local/share/V/P/product-settings.sqlite")));
+    EXPECT_EQ(tool({"get", "exportPath"}, {{"EDITOR_SETTINGS_PRODUCT", file.string()}}).out, inHome("Videos/Lumora Video Editor") + '\n');
+    EXPECT_EQ(
+        refused({"--product", file.string(), "set", "targetHistory", "x"}),
+        "editor-settings: targetHistory is kept in memory only by a product of this kind, so it cannot be set from outside the editor\n");
+    EXPECT_EQ(said({"--product", file.string(), "list", "targetHistory", "--plain"}), "targetHistory\ttext\tmemory\tunset\t\n");
+    EXPECT_EQ(json::parse(said({"--product", file.string(), "explain", "targetHistory", "--json"}))["file"], json());
+}
+
+TEST_F(Tool, MissingProductFileIsNamed)
+{
+    EXPECT_EQ(refused({"--product", "/no/such.json", "list"}), "editor-settings: product file /no/such.json cannot be read (No such file "
+                                                               "or directory); check its name and rights, or name another product file\n");
+}
+
+// --- list ---
+
+TEST_F(Tool, ListHoldsEveryPreferenceSorted)
+{
+    std::vector<std::string> keys;
+    for (PreferenceRow const& row : preferenceTable())
+        if (row.hasAccessors())
+            keys.push_back(row.key);
+    std::sort(keys.begin(), keys.end());
+    std::vector<std::string> listed;
+    for (std::string const& line : lines(said({"list", "--plain"})))
+        listed.push_back(line.substr(0, line.find('\t')));
+    EXPECT_EQ(listed, keys);
+}
+
+TEST_F(Tool, ListIsAlignedForPeople)
+{
+    said({"set", "npsSendCount", "7"});
+    said({"set", "npsValueToSend", "-1"});
+    EXPECT_EQ(said({"list", "nps*"}), "KEY                        TYPE  STORE    STATE           VALUE\n"
+                                      "npsCommentToSend           text  product  unset\n"
+                                      "npsEmailToSend             text  product  unset\n"
+                                      "npsReadyNotificationCount  int   product  unset           -1\n"
+                                      "npsSendCount               int   product  set             7\n"
+                                      "npsStartExportCount        int   product  unset           0\n"
+                                      "npsValueToSend             int   product  set to default  -1\n");
+}
+
+TEST_F(Tool, ListColumnsLineUpBeyondAscii)
+{
+    said({"set", "lastTarget", "\xC3\xA4\xC3\xB6"});
+    said({"set", "audioRecordCodec", "x"});
+    EXPECT_EQ(said({"list", "--set"}), "KEY               TYPE  STORE    STATE  VALUE\n"
+                                       "audioRecordCodec  text  product  set    x\n"
+                                       "lastTarget        text  product  set    \xC3\xA4\xC3\xB6\n");
+}
+
+TEST_F(Tool, ListShortensLongValuesForPeopleOnly)
+{
+    std::string letters;
+    for (int letter = 0; letter < 100; ++letter)
+        letters += "\xC3\xA4";
+    said({"set", "lastTarget", letters});
+    EXPECT_EQ(said({"list", "lastTarget"}),
+              "KEY         TYPE  STORE    STATE  VALUE\nlastTarget  text  product  set    " + letters.substr(0, 2 * 71) + "\xE2\x80\xA6\n");
+    EXPECT_EQ(said({"list", "lastTarget", "--plain"}), "lastTarget\ttext\tproduct\tset\t" + letters + '\n');
+    said({"set", "lastTarget", letters.substr(0, 2 * 72)});
+    EXPECT_EQ(said({"list", "lastTarget"}),
+              "KEY         TYPE  STORE    STATE  VALUE\nlastTarget  text  product  set    " + letters.substr(0, 2 * 72) + '\n');
+}
+
+TEST_F(Tool, PlainListKeepsOneRecordALine)
+{
+    said({"set", "lastTarget", "a\tb\nc\\d\re\x01"});
+    EXPECT_EQ(said({"list", "lastTarget", "--plain"}), "lastTarget\ttext\tproduct\tset\ta\\tb\\nc\\\\d\\re\\x01\n");
+    EXPECT_EQ(said({"get", "lastTarget", "--plain"}), "a\\tb\\nc\\\\d\\re\\x01\n");
+}
+
+TEST_F(Tool, ListIsNarrowedByStateAndStore)
+{
+    said({"set", "autoUpdate", "false"});
+    said({"set", "npsSendCount", "0"});
+    EXPECT_EQ(said({"list", "--set", "--plain"}), "autoUpdate\tbool\tcommon\tset\tfalse\nnpsSendCount\tint\tproduct\tset to default\t0\n");
+    EXPECT_EQ(said({"list", "--store", "common", "--plain"}),
+              "autoUpdate\tbool\tcommon\tset\tfalse\nsendStatistics\tbool\tcommon\tunset\ttrue\n");
+    EXPECT_EQ(said({"list", "--store", "common", "--unset", "--plain"}), "sendStatistics\tbool\tcommon\tunset\ttrue\n");
+    EXPECT_EQ(lines(said({"list", "--store", "product", "--plain"})).size(), 52u);
+    EXPECT_EQ(lines(said({"list", "--unset", "--plain"})).size(), 52u);
+    EXPECT_EQ(said({"list", "nothing*", "--plain"}), "");
+    EXPECT_EQ(said({"list", "[ab]u*", "--set", "--plain"}), "autoUpdate\tbool\tcommon\tset\tfalse\n");
+}
+
+TEST_F(Tool, ListAsJsonHasTypedValues)
+{
+    said({"set", "userCustomColors", "a", "b"});
+    said({"set", "mainWindowState", "AP8="});
+    json const list = json::parse(said({"list", "--json"}));
+    ASSERT_EQ(list.size(), 54u);
+    std::map<std::string, json> byKey;
+    for (json const& row : list)
+        byKey[row["key"]] = row;
+    EXPECT_EQ(
+        byKey["userCustomColors"],
+        json::parse(
+            R"({"key": "userCustomColors", "type": "list", "store": "product", "state": "set", "value": ["a", "b"], "default": []})"));
+    EXPECT_EQ(
+        byKey["mainWindowState"],
+        json::parse(R"({"key": "mainWindowState", "type": "bytes", "store": "product", "state": "set", "value": "AP8=", "default": ""})"));
+    EXPECT_EQ(byKey["autoUpdate"],
+              json::parse(R"({"key": "autoUpdate", "type": "bool", "store": "common", "state": "unset", "value": true, "default": true})"));
+    EXPECT_EQ(byKey["npsValueToSend"]["value"], -1);
+    EXPECT_EQ(byKey["exportPath"]["default"], inHome("Videos/Lumora Library"));
+}
+
+// --- get and explain ---
+
+TEST_F(Tool, GetAsJsonTellsTheType)
+{
+    EXPECT_EQ(json::parse(said({"get", "npsSendCount", "--json"})), json::parse(R"({"key": "npsSendCount", "type": "int", "value": 0})"));
+    said({"set", "userCustomColors", "a\nb"});
+    EXPECT_EQ(json::parse(said({"get", "userCustomColors", "--json"}))["value"], json::parse(R"(["a\nb"])"));
+}
+
+TEST_F(Tool, ExplainTellsWhereAnUnsetValueComesFrom)
+{
+    EXPECT_EQ(said({"explain", "exportPath"}), "key          exportPath\n"
+                                               "type         text (QString)\n"
+                                               "store        product\n"
+                                               "file         " +
+                                                   productFile() +
+                                                   "\n"
+                                                   "state        unset\n"
+                                                   "default      " +
+                                                   inHome("Videos/Lumora Library") +
+                                                   "\n"
+                                                   "computed by  Settings::defaultLumoraLibraryPath()\n"
+                                                   "value        " +
+                                                   inHome("Videos/Lumora Library") + '\n');
+}
+
+TEST_F(Tool, ExplainTellsWhatIsStoredAndSinceWhen)
+{
+    Storage::SqliteStorage(commonFile()).setBool("autoUpdate", false);
+    std::vector<std::string> const explained = lines(said({"explain", "autoUpdate", "--plain"}));
+    ASSERT_EQ(explained.size(), 11u);
+    EXPECT_EQ(explained[0], "key\tautoUpdate");
+    EXPECT_EQ(explained[1], "type\tbool");
+    EXPECT_EQ(explained[2], "store\tcommon");
+    EXPECT_EQ(explained[3], "file\t" + commonFile());
+    EXPECT_EQ(explained[4], "state\tset");
+    EXPECT_EQ(explained[5], "stored\tfalse");
+    EXPECT_EQ(explained[6], "stored kind\tbool");
+    EXPECT_EQ(explained[7].substr(0, 10), "changed\t20");
+    EXPECT_EQ(explained[8], "default\ttrue");
+    EXPECT_EQ(explained[9], "computed by\tnothing: it is fixed");
+    EXPECT_EQ(explained[10], "value\tfalse");
+}
+
+TEST_F(Tool, ExplainGivesTheTimeInUtc)
+{
+    said({"set", "npsSendCount", "1"});
+    OtherProgram(productFile()).execute("UPDATE settings SET changed = 1795192853344");
+    EXPECT_EQ(json::parse(tool({"explain", "npsSendCount", "--json"}, {{"TZ", "Asia/Tokyo"}}).out)["stored"]["changed"],
+              "2026-11-20T16:40:53.344Z");
+}
+
+TEST_F(Tool, ExplainAsJsonTellsAll)
+{
+    said({"set", "snapshotPath", "/s"});
+    json explained = json::parse(said({"explain", "snapshotPath", "--json"}));
+    EXPECT_EQ(explained["stored"]["changed"].get<std::string>().size(), 24u);
+    explained["stored"].erase("changed");
+    json expected = json::parse(R"({"key": "snapshotPath", "type": "text", "cppType": "QString", "store": "product", "state": "set",
+        "stored": {"kind": "string", "value": "/s"}, "default": {"computedBy": "Settings::defaultLumoraLibraryPath"}, "value": "/s"})");
+    expected["file"] = productFile();
+    expected["default"]["value"] = inHome("Videos/Lumora Library");
+    EXPECT_EQ(explained, expected);
+    EXPECT_EQ(json::parse(said({"explain", "npsSendCount", "--json"}))["stored"], json());
+    EXPECT_EQ(json::parse(said({"explain", "npsSendCount", "--json"}))["default"]["computedBy"], json());
+}
+
+TEST_F(Tool, ValueOfAnotherKindIsToldAndNotLost)
+{
+    {
+        Storage::SqliteStorage store(productFile());
+        store.setString("npsSendCount", "many");
+        store.setBytes("exportPath", {0, 255});
+        store.setString("quizAgreementChecked", "false");
+    }
+    EXPECT_EQ(said({"list", "--set", "--plain"}),
+              "exportPath\ttext\tproduct\tother kind\t" + inHome("Videos/Lumora Library") +
+                  "\nnpsSendCount\tint\tproduct\tother kind\t0\nquizAgreementChecked\tbool\tproduct\tother kind\tfalse\n");
+    Ended const got = tool({"get", "npsSendCount"});
+    EXPECT_EQ(got.status, 0);
+    EXPECT_EQ(got.out, "0\n");
+    EXPECT_EQ(got.err, "editor-settings: npsSendCount holds a value of kind string, so the default is read; 'editor-settings explain "
+                       "npsSendCount' shows both\n");
+    json const stored = json::parse(said({"explain", "exportPath", "--json"}))["stored"];
+    EXPECT_EQ(stored["kind"], "bytes");
+    EXPECT_EQ(stored["value"], "AP8=");
+    EXPECT_NE(said({"explain", "npsSendCount"}).find("\nstored       many\nstored kind  string\n"), std::string::npos);
+    EXPECT_EQ(Storage::SqliteStorage(productFile()).getString("npsSendCount", ""), "many");
+}
+
+TEST_F(Tool, RowOfALaterVersionIsShownAsUnreadable)
+{
+    said({"set", "npsSendCount", "1"});
+    OtherProgram(productFile()).execute("UPDATE settings SET kind = 'date', value = '2030-01-01'");
+    EXPECT_NE(said({"explain", "npsSendCount"}).find("\nstored       (unreadable)\nstored kind  date\n"), std::string::npos);
+    EXPECT_EQ(json::parse(said({"explain", "npsSendCount", "--json"}))["stored"]["value"], json());
+}
+
+} // namespace

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+//
+// The verbs of the command line. Each prints its answer to standard output and throws `Refusal` for what it says no to.
+#pragma once
+
+#include <Host/Application.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+/// How answers are printed: aligned for people, tab-separated for scripts, or as JSON.
+enum class Format { people, plain, json };
+
+struct ListOptions {
+    std::string pattern;              ///< Of keys, with the wildcards of a shell; empty for all.
+    bool onlySet = false;             ///< Only what is stored.
+    bool onlyUnset = false;           ///< Only what is not stored.
+    std::optional<std::string> store; ///< Only "product" or "common".
+};
+
+void listPreferences(Host::Application const& application, ListOptions const& options, Format format);
+void getPreference(Host::Application const& application, std::string const& key, Format format);
+void setPreference(Host::Application const& application, std::string const& key, std::vector<std::string> const& words);
+void unsetPreference(Host::Application const& application, std::string const& key);
+void explainPreference(Host::Application const& application, std::string const& key, Format format);

@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// The names that a mistyped `word` may have meant, best first: those that hold it or that a few edits make of it,
+/// whatever the case. At most three.
+std::vector<std::string> nearest(std::string const& word, std::vector<std::string> const& names);

@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+#include "Values.h"
+
+#include <Host/FileContent.h>
+
+#include <QTextCodec>
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <charconv>
+#include <system_error>
+
+using Catalogue::Row;
+using Catalogue::Value;
+
+namespace {
+
+struct TypeNames {
+    char const* name;
+    char const* phrase;
+    char const* cpp;
+    char const* kind;
+};
+
+// In the order of the alternatives of Value.
+constexpr std::array<TypeNames, std::variant_size_v<Value>> types = {{{"bool", "is a bool", "bool", "bool"},
+                                                                      {"int", "is an int", "int", "int"},
+                                                                      {"text", "is a text", "std::string", "string"},
+                                                                      {"text", "is a text", "QString", "string"},
+                                                                      {"bytes", "holds bytes", "QByteArray", "bytes"},
+                                                                      {"list", "is a list", "QStringList", "string"}}};
+
+TypeNames const& type(Row const& row) { return types[row.accessors.index()]; }
+
+[[noreturn]] void refuse(Row const& row, std::string const& word, std::string const& accepted)
+{
+    throw Refusal(std::string(row.name) + ' ' + type(row).phrase + " and cannot be " + quoted(word) + "; " + accepted);
+}
+
+QString decoded(Row const& row, std::string const& word)
+{
+    QTextCodec::ConverterState state;
+    QString const text = QTextCodec::codecForName("UTF-8")->toUnicode(word.data(), static_cast<int>(word.size()), &state);
+    if (state.invalidChars > 0 || state.remainingChars > 0)
+        refuse(row, word, "give text in UTF-8, as anything else would not come back unchanged");
+    return text;
+}
+
+bool parsedBool(Row const& row, std::string const& word)
+{
+    std::string lower = word;
+    std::transform(lower.begin(), lower.end(), lower.begin(),
+                   [](unsigned char character) { return static_cast<char>(std::tolower(character)); });
+    for (char const* yes : {"true", "yes", "on", "1"})
+        if (lower == yes)
+            return true;
+    for (char const* no : {"false", "no", "off", "0"})
+        if (lower == no)
+            return false;
+    refuse(row, word, "give true or false (or yes, no, on, off, 1, 0)");
+}
+
+int parsedInt(Row const& row, std::string const& word)
+{
+    int value = 0;
+    char const* const first = word.data() + (word.size() > 1 && word[0] == '+' && word[1] != '-' ? 1 : 0);
+    char const* const last = word.data() + word.size();
+    auto const [end, error] = std::from_chars(first, last, value);
+    if (error != std::errc() || end != last)
+        refuse(row, word, "give a whole number from -2147483648 to 2147483647");
+    return value;
+}
+
+QByteArray contentOfFile(Row const& row, std::string const& name)
+{
+    try {
+        return QByteArray::fromStdString(Host::fileContent(name));
+    } catch (std::system_error const& error) {
+        throw Refusal(std::string(row.name) + ": cannot read " + quoted(name) + " (" + error.code().message() +
+                      "); name a file that can be read after the @");
+    }
+}
+
+QByteArray parsedBytes(Row const& row, std::string const& word)
+{
+    if (!word.empty() && word[0] == '@')
+        return contentOfFile(row, word.substr(1));
+    auto const bytes = QByteArray::fromBase64Encoding(QByteArray::fromStdString(word), QByteArray::AbortOnBase64DecodingErrors);
+    if (!bytes)
+        refuse(row, word, "give the bytes in base64, or @FILE to read them from a file");
+    return *bytes;
+}
+
+QStringList parsedList(Row const& row, std::vector<std::string> const& words)
+{
+    QStringList list;
+    for (std::string const& word : words) {
+        QString const element = decoded(row, word);
+        if (element.isEmpty())
+            refuse(row, word, "an empty element is lost when the list is read back; leave it out (--empty stores an empty list)");
+        if (!Catalogue::comesBackUnchanged({element}))
+            refuse(row, word, "the element holds the separator of stored lists and would come back in pieces");
+        list.append(element);
+        if (!Catalogue::comesBackUnchanged(list))
+            refuse(row, word,
+                   "together with the element before it, it makes up the separator of stored lists and would come back otherwise");
+    }
+    return list;
+}
+
+} // namespace
+
+std::string typeName(Row const& row) { return type(row).name; }
+std::string cppTypeName(Row const& row) { return type(row).cpp; }
+std::string storedKind(Row const& row) { return type(row).kind; }
+
+Value parsed(Row const& row, std::vector<std::string> const& words)
+{
+    if (typeName(row) == "list")
+        return parsedList(row, words);
+    if (words.size() != 1)
+        throw Refusal(std::string(row.name) + " takes one value, not " + std::to_string(words.size()) + "; " +
+                      (words.empty() ? "--empty is for lists" : "put quotes around a value with blanks"));
+    std::string const& word = words.front();
+    if (typeName(row) == "bool")
+        return parsedBool(row, word);
+    if (typeName(row) == "int")
+        return parsedInt(row, word);
+    if (typeName(row) == "bytes")
+        return parsedBytes(row, word);
+    QString const decodedWord = decoded(row, word);
+    if (cppTypeName(row) == "QString")
+        return decodedWord;
+    return word;
+}
+
+namespace {
+
+struct AsText {
+    std::string operator()(bool value) const { return value ? "true" : "false"; }
+    std::string operator()(int value) const { return std::to_string(value); }
+    std::string operator()(std::string const& value) const { return value; }
+    std::string operator()(QString const& value) const { return value.toStdString(); }
+    std::string operator()(QByteArray const& value) const { return value.toBase64().toStdString(); }
+    std::string operator()(QStringList const& value) const { return value.join(QLatin1Char('\n')).toStdString(); }
+};
+
+struct AsJson {
+    nlohmann::ordered_json operator()(bool value) const { return value; }
+    nlohmann::ordered_json operator()(int value) const { return value; }
+    nlohmann::ordered_json operator()(QStringList const& value) const
+    {
+        auto elements = nlohmann::ordered_json::array();
+        for (QString const& element : value)
+            elements.push_back(element.toStdString());
+        return elements;
+    }
+    template <typename Textual>
+    nlohmann::ordered_json operator()(Textual const& value) const
+    {
+        return AsText()(value);
+    }
+};
+
+} // namespace
+
+std::string text(Value const& value) { return std::visit(AsText(), value); }
+
+nlohmann::ordered_json toJson(Value const& value) { return std::visit(AsJson(), value); }
+
+std::string onOneLine(std::string const& text)
+{
+    std::string result;
+    for (char const character : text) {
+        if (character == '\\')
+            result += "\\\\";
+        else if (character == '\t')
+            result += "\\t";
+        else if (character == '\n')
+            result += "\\n";
+        else if (character == '\r')
+            result += "\\r";
+        else if (static_cast<unsigned char>(character) < 0x20 || character == 0x7f)
+            result += "\\x" + QByteArray(1, character).toHex().toStdString();
+        else
+            result += character;
+    }
+    return result;
+}
+
+std::string quoted(std::string const& text) { return '\'' + onOneLine(text) + '\''; }

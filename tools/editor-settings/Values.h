@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+//
+// Values of preferences as a command line takes and shows them.
+#pragma once
+
+#include <Catalogue/Catalogue.h>
+
+#include <nlohmann/json.hpp>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+/// What the tool says no to; the text goes to the user. The exit status is then 1.
+class Refusal : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// "bool", "int", "text", "bytes" or "list".
+std::string typeName(Catalogue::Row const& row);
+/// The type in the library's interface, such as "QString".
+std::string cppTypeName(Catalogue::Row const& row);
+/// The kind that the stores keep such a value as: "bool", "int", "string" or "bytes".
+std::string storedKind(Catalogue::Row const& row);
+
+/// The value of the row's type that `words` give. Throws `Refusal`, with what is accepted.
+Catalogue::Value parsed(Catalogue::Row const& row, std::vector<std::string> const& words);
+
+/// The value as text: bytes in base64, the elements of a list each on a line of its own.
+std::string text(Catalogue::Value const& value);
+/// The value as JSON: bytes as a base64 text, lists as arrays.
+nlohmann::ordered_json toJson(Catalogue::Value const& value);
+/// `text` on one line: backslash, tab and line breaks as `\\`, `\t`, `\n` and `\r`, other control characters as `\xHH`.
+std::string onOneLine(std::string const& text);
+/// `text` within single quotes, for messages.
+std::string quoted(std::string const& text);
