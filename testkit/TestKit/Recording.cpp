@@ -24,13 +24,14 @@ std::string text(int value) { return std::to_string(value); }
 std::string text(std::string const& value)
 {
     std::string result = "\"";
-    for (unsigned char const character : value) {
+    for (char const character : value) {
+        auto const code = static_cast<unsigned char>(character);
         if (character == '"' || character == '\\')
             result += '\\';
-        if (character < 0x20)
-            result += formatted("\\x%02x", character);
+        if (code < 0x20)
+            result += formatted("\\x%02x", code);
         else
-            result += static_cast<char>(character);
+            result += character;
     }
     return result + '"';
 }
