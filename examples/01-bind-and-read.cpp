@@ -4,7 +4,7 @@
 #include <Settings/Settings.h>
 #include <Storage/SqliteStorage.h>
 
-#include <iostream>
+#include <cstdio>
 
 struct Product : IProductInfo {
     std::string vendorName() const override { return "Lumora"; }
@@ -22,5 +22,5 @@ int main()
     Settings::init({product, common, own, Lumora::ioPath("resources")});
 
     Settings::setKeepVideoAspect(false);
-    std::cout << Settings::exportPath().toStdString() << '\n';
+    std::puts(Settings::exportPath().toUtf8().constData());
 }
