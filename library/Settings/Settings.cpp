@@ -31,8 +31,8 @@ std::shared_ptr<Collaborator> locked(std::weak_ptr<Collaborator> const& referenc
 {
     std::shared_ptr<Collaborator> collaborator = reference.lock();
     if (!collaborator) {
-        std::fprintf(stderr, "EditorSettings: %s is not bound or has been destroyed; call Settings::init with a live %s first\n", name,
-                     kind);
+        char const* const line = "EditorSettings: %s is not bound or has been destroyed; call Settings::init with a live %s first\n";
+        std::fprintf(stderr, line, name, kind);
         std::abort();
     }
     return collaborator;

@@ -334,15 +334,23 @@ TEST_F(Tool, ListColumnsLineUpBeyondAscii)
 TEST_F(Tool, ListShortensLongValuesForPeopleOnly)
 {
     std::string letters;
-    for (int letter = 0; letter < 100; ++letter)
+    for (int letter = 0; letter < 150; ++letter)
         letters += "\xC3\xA4";
     said({"set", "lastTarget", letters});
-    EXPECT_EQ(said({"list", "lastTarget"}),
-              "KEY         TYPE  STORE    STATE  VALUE\nlastTarget  text  product  set    " + letters.substr(0, 2 * 71) + "\xE2\x80\xA6\n");
+    EXPECT_EQ(said({"list", "lastTarget"}), "KEY         TYPE  STORE    STATE  VALUE\nlastTarget  text  product  set    " +
+                                                letters.substr(0, 2 * 119) + "\xE2\x80\xA6\n");
     EXPECT_EQ(said({"list", "lastTarget", "--plain"}), "lastTarget\ttext\tproduct\tset\t" + letters + '\n');
-    said({"set", "lastTarget", letters.substr(0, 2 * 72)});
+    said({"set", "lastTarget", letters.substr(0, 2 * 120)});
     EXPECT_EQ(said({"list", "lastTarget"}),
-              "KEY         TYPE  STORE    STATE  VALUE\nlastTarget  text  product  set    " + letters.substr(0, 2 * 72) + '\n');
+              "KEY         TYPE  STORE    STATE  VALUE\nlastTarget  text  product  set    " + letters.substr(0, 2 * 120) + '\n');
+}
+
+TEST_F(Tool, ListShowsAListOnOneLine)
+{
+    said({"set", "userCustomColors", "#fff", "navy"});
+    EXPECT_EQ(said({"list", "--set"}),
+              "KEY               TYPE  STORE    STATE  VALUE\nuserCustomColors  list  product  set    #fff, navy\n");
+    EXPECT_EQ(said({"list", "--set", "--plain"}), "userCustomColors\tlist\tproduct\tset\t#fff\\nnavy\n");
 }
 
 TEST_F(Tool, PlainListKeepsOneRecordALine)

@@ -127,11 +127,12 @@ void printTable(std::vector<Columns> table, Columns const& heading, Format forma
         std::cout << joined(line, "\t") << '\n';
 }
 
-// Lists and bytes can be long: people get the beginning, scripts the whole.
-std::string inColumn(std::string const& value, Format format)
+// Texts, lists and bytes can be long: people get the beginning, scripts the whole.
+std::string inColumn(Catalogue::Value const& value, Format format)
 {
-    constexpr std::size_t enough = 72;
-    std::string const line = onOneLine(value);
+    constexpr std::size_t enough = 120;
+    QStringList const* const list = format == Format::people ? std::get_if<QStringList>(&value) : nullptr;
+    std::string const line = onOneLine(list ? list->join(QStringLiteral(", ")).toStdString() : text(value));
     if (format != Format::people || width(line) <= enough)
         return line;
     std::size_t end = 0;
@@ -214,8 +215,7 @@ void listPreferences(Host::Application const& application, ListOptions const& op
     std::vector<Columns> table;
     for (std::size_t const index : order) {
         Look const& look = looks[index];
-        table.push_back(
-            {look.row.name, typeName(look.row), look.storeName(), look.state(), inColumn(text(look.observation.value), format)});
+        table.push_back({look.row.name, typeName(look.row), look.storeName(), look.state(), inColumn(look.observation.value, format)});
     }
     printTable(table, {"KEY", "TYPE", "STORE", "STATE", "VALUE"}, format);
 }
