@@ -219,7 +219,7 @@ EDITOR_SETTINGS_EXPORT void setPackInAppCachePath(QString const& value);
 /// Folder of snapshots. Default: `defaultLumoraLibraryPath()`, at each call.
 EDITOR_SETTINGS_EXPORT QString snapshotPath();
 EDITOR_SETTINGS_EXPORT void setSnapshotPath(QString const& value);
-/// Count after which the satisfaction survey is ready. Default: -1.
+/// Notifications that the satisfaction survey is ready, as the host counts them. Default: -1.
 EDITOR_SETTINGS_EXPORT int npsReadyNotificationCount();
 EDITOR_SETTINGS_EXPORT void setNPSReadyNotificationCount(int const& value);
 /// Exports started, as the survey counts them. Default: 0.
