@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
-// What reaches the disk before a call returns. This program's own functions stand before the system's, and note what
-// SQLite asks for.
+// What reaches the disk before a call returns, and a disk that takes no more. This program's own functions stand before
+// the system's: they note what SQLite asks for, and refuse it as a full disk does.
 #include <Storage/SqliteStorage.h>
 #include <TestKit/TemporaryHome.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <string>
 
 #include <dlfcn.h>
@@ -16,6 +17,7 @@
 namespace {
 
 std::string noted; // w: write, t: truncate, s: sync
+bool diskIsFull = false;
 
 template <typename Function>
 Function* next(char const* name)
@@ -30,6 +32,10 @@ Function* next(char const* name)
 extern "C" VISIBLE ssize_t pwrite64(int file, void const* data, size_t size, off64_t offset)
 {
     noted += 'w';
+    if (diskIsFull) {
+        errno = ENOSPC;
+        return -1;
+    }
     return next<ssize_t(int, void const*, size_t, off64_t)>("pwrite64")(file, data, size, offset);
 }
 
@@ -100,6 +106,45 @@ TEST_F(Durability, LesserLevelLeavesTheLastSyncOut)
     store.setInt("key", 2);
     EXPECT_EQ(noted.back(), 't') << noted;
     EXPECT_GE(count('s'), 2) << "the order of journal and file still holds: " << noted;
+}
+
+class FullDisk : public Durability {
+protected:
+    ~FullDisk() override { diskIsFull = false; }
+
+    template <typename Work>
+    static std::string refusal(Work const& work)
+    {
+        diskIsFull = true;
+        std::string what = "nothing was thrown";
+        try {
+            work();
+        } catch (Storage::StorageError const& error) {
+            what = error.what();
+        }
+        diskIsFull = false;
+        return what;
+    }
+};
+
+TEST_F(FullDisk, IsNamedAndTheEarlierValueKept)
+{
+    SqliteStorage store(file());
+    store.setString("key", "value");
+    EXPECT_EQ(refusal([&] { store.setString("key", "other"); }),
+              file().string() + ": cannot set \"key\": database or disk is full; free some space on the disk and try again");
+    EXPECT_EQ(store.getString("key", "lost"), "value");
+    store.setString("key", "works again");
+    EXPECT_EQ(store.getString("key", "lost"), "works again");
+}
+
+TEST_F(FullDisk, AtCreationLeavesNothing)
+{
+    std::filesystem::create_directory(file().parent_path() / "folder");
+    std::filesystem::path const fresh = file().parent_path() / "folder" / "store.sqlite";
+    EXPECT_EQ(refusal([&] { SqliteStorage const store(fresh); }),
+              fresh.string() + ": cannot create the store: database or disk is full; free some space on the disk and try again");
+    EXPECT_TRUE(std::filesystem::is_empty(fresh.parent_path()));
 }
 
 } // namespace
