@@ -139,13 +139,15 @@ public:
 
     std::filesystem::path const& file() const { return m_file; }
 
-    bool isReadOnly() const { return isOpenForReadingOnly(m_database); }
+    bool isReadOnly()
+    {
+        return attempt("ask about the store", [&] { return isOpenForReadingOnly(m_database); });
+    }
 };
 
 SqliteStorage::SqliteStorage(std::filesystem::path const& file) : SqliteStorage(file, Options{}) {}
 SqliteStorage::SqliteStorage(std::filesystem::path const& file, Options const& options)
-    : m_connection(
-          translated(file, "open the store", [&] { return std::make_unique<Connection>(std::filesystem::absolute(file), options); }))
+    : m_connection(translated(file, "open the store", [&] { return std::make_unique<Connection>(absolutePath(file), options); }))
 {}
 SqliteStorage::~SqliteStorage() = default;
 

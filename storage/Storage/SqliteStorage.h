@@ -22,8 +22,8 @@ namespace Storage {
 /// Processes: several may hold the file open. A read sees what another process committed before it; a writer waits for
 ///   the others, for as long as `Options::busyTimeout`.
 /// Kinds: a read for another kind than the stored one answers its default and changes nothing; `find` tells the kind.
-/// Errors: every function throws `StorageError`, never anything of SQLite's. A file is never replaced and never
-///   emptied, whatever it holds: only a missing file is created. The object stays usable after an error.
+/// Errors: every function throws `StorageError` (and `std::bad_alloc`), never anything of SQLite's. A file is never
+///   replaced and never emptied, whatever it holds: only a missing file is created. The object stays usable.
 class SqliteStorage final : public ISettingsStorage {
 public:
     /// How often SQLite waits for the disk, see its documentation of PRAGMA synchronous.

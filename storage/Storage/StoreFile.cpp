@@ -178,6 +178,15 @@ void checkStore(fs::path const& file, SQLite::Database& database)
 
 } // namespace
 
+fs::path absolutePath(fs::path const& file)
+{
+    std::error_code error;
+    fs::path const absolute = fs::absolute(file, error);
+    if (error)
+        throwSystemError(file, "open the store", error.value());
+    return absolute;
+}
+
 SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, int synchronous)
 {
     if (!isThere(file))

@@ -151,6 +151,17 @@ TEST_F(SqliteFaults, FolderThatCannotBeMadeIsNamed)
     EXPECT_EQ(content(path("file")), "a file where a folder should be");
 }
 
+TEST_F(SqliteFaults, NameThatCannotBeMadeAbsoluteIsAnError)
+{
+    EXPECT_THROW(SqliteStorage(""), StorageError);
+    std::filesystem::path const earlier = std::filesystem::current_path();
+    std::filesystem::create_directory(path("gone"));
+    std::filesystem::current_path(path("gone"));
+    std::filesystem::remove(path("gone"));
+    EXPECT_THROW(SqliteStorage("relative.sqlite"), StorageError);
+    std::filesystem::current_path(earlier);
+}
+
 TEST_F(SqliteFaults, FolderThatMayNotBeWrittenIsNamed)
 {
     std::filesystem::path const folder = ordinaryFolder();
