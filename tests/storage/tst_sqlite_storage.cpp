@@ -5,7 +5,6 @@
 
 #include <support/Process.h>
 
-#include <atomic>
 #include <csignal>
 #include <thread>
 #include <type_traits>
@@ -248,20 +247,16 @@ TEST_F(SqliteStore, ProcessesThatWriteAtOnceLoseNothing)
 {
     constexpr int processes = 4;
     constexpr int writes = 25;
-    std::vector<std::thread> waiting;
-    std::atomic<int> done{0};
+    std::vector<std::unique_ptr<Child>> children;
     for (int id = 0; id < processes; ++id)
-        waiting.emplace_back([&, id] {
-            done += inChild([&] {
-                        SqliteStorage store(path());
-                        for (int write = 0; write < writes; ++write)
-                            store.setInt(std::to_string(id) + '/' + std::to_string(write), write);
-                        return std::string("done");
-                    }) == "done";
-        });
-    for (std::thread& thread : waiting)
-        thread.join();
-    EXPECT_EQ(done, processes);
+        children.push_back(std::make_unique<Child>([&] {
+            SqliteStorage store(path());
+            for (int write = 0; write < writes; ++write)
+                store.setInt(std::to_string(id) + '/' + std::to_string(write), write);
+            return std::string("done");
+        }));
+    for (auto const& child : children)
+        EXPECT_EQ(child->answer(), "done");
     EXPECT_EQ(SqliteStorage(path()).rows().size(), static_cast<std::size_t>(processes * writes));
 }
 

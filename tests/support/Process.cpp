@@ -6,6 +6,7 @@
 #include <sstream>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 #include <fcntl.h>
 #include <grp.h>
@@ -78,13 +79,13 @@ std::vector<std::string> lines(std::string const& text)
     return result;
 }
 
-std::string inChild(std::function<std::string()> const& work, bool asOrdinaryUser)
+Child::Child(std::function<std::string()> const& work, bool asOrdinaryUser)
 {
     Pipe answer;
-    pid_t const child = ::fork();
-    if (child < 0)
+    m_process = ::fork();
+    if (m_process < 0)
         throw std::system_error(errno, std::generic_category(), "fork");
-    if (child == 0) {
+    if (m_process == 0) {
         std::string text;
         try {
             if (asOrdinaryUser && ::geteuid() == 0 &&
@@ -100,7 +101,15 @@ std::string inChild(std::function<std::string()> const& work, bool asOrdinaryUse
         std::exit(0);
     }
     ::close(answer.ends[1]);
-    std::string const text = readToEnd(answer.ends[0]);
-    ::waitpid(child, nullptr, 0);
+    m_answer = std::exchange(answer.ends[0], -1);
+}
+
+std::string Child::answer()
+{
+    std::string const text = readToEnd(m_answer);
+    ::close(m_answer);
+    ::waitpid(m_process, nullptr, 0);
     return text;
 }
+
+std::string inChild(std::function<std::string()> const& work, bool asOrdinaryUser) { return Child(work, asOrdinaryUser).answer(); }

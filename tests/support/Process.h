@@ -20,8 +20,24 @@ Ended run(std::vector<std::string> const& command, std::map<std::string, std::st
 /// The lines of `text`, without their ends.
 std::vector<std::string> lines(std::string const& text);
 
-/// Runs `work` in a forked process, as an ordinary user where this one is root, and returns the text that it returned,
-/// or the text of the exception that it threw. What is not an ordinary user's to do fails there as it should.
+/// A forked process that does `work`, as an ordinary user where this one is root and `asOrdinaryUser` asks for it: what
+/// is not an ordinary user's to do fails there as it should. To be started while no other thread runs, as a fork takes
+/// over their locks but not them.
+class Child {
+public:
+    explicit Child(std::function<std::string()> const& work, bool asOrdinaryUser = false);
+    Child(Child const&) = delete;
+    Child& operator=(Child const&) = delete;
+
+    /// Waits for the end; the text that `work` returned, or that of the exception that it threw. To be called once.
+    std::string answer();
+
+private:
+    int m_process = -1;
+    int m_answer = -1;
+};
+
+/// `Child(work, asOrdinaryUser).answer()`
 std::string inChild(std::function<std::string()> const& work, bool asOrdinaryUser = false);
 
 /// The user and group that an ordinary user's process runs as where this one is root.
