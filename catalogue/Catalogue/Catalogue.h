@@ -67,7 +67,7 @@ std::vector<std::string> const& preferencesWithoutAccessors();
 
 /// The locations that preferences fall back on.
 std::vector<Place> const& places();
-/// The name of the location that `function` computes.
+/// The name of the location that `function`, one of those in `places`, computes.
 char const* placeName(QString (*function)());
 
 /// Looks at a preference in the stores that the library is bound to.

@@ -39,6 +39,14 @@ public:
         return value.get<std::string>();
     }
 
+    std::string path(char const* name) const
+    {
+        std::string const value = text(name);
+        if (value.find('\0') != std::string::npos)
+            refuseField(name, "a path");
+        return value;
+    }
+
     std::string folderName(char const* name) const
     {
         std::string const value = text(name);
@@ -132,7 +140,7 @@ ProductFile::ProductFile(fs::path const& file)
     m_sharedDataFolderName = fields.folderName("sharedDataFolderName");
     m_productKind = fields.number("productKind");
     m_projectFileExtensions = fields.extensions("projectFileExtensions");
-    m_resourcesRoot = fs::absolute(file).parent_path() / fs::u8path(fields.text("resourcesRoot"));
+    m_resourcesRoot = fs::absolute(file).parent_path() / fs::u8path(fields.path("resourcesRoot"));
 }
 
 fs::path installedProductFile() { return fs::read_symlink("/proc/self/exe").parent_path().parent_path() / PRODUCT_FILE_BELOW_PREFIX; }

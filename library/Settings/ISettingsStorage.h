@@ -11,8 +11,8 @@
 /// Kinds: a key holds one value of one kind: boolean, 32-bit integer, string or bytes. Setting it replaces value and kind.
 /// Threads: the library calls from whichever thread called the library; it neither orders nor serialises the calls.
 /// Writes: for the library a write is complete when the call returns. It never flushes.
-/// Errors: whatever is thrown reaches the caller of the library function unchanged. A call that throws must leave the
-/// stored value as it was.
+/// Errors: whatever is thrown reaches the caller of the library function unchanged. A call that throws leaves
+/// the stored value as it was, as far as the store can tell.
 class ISettingsStorage {
 public:
     virtual ~ISettingsStorage() = default;

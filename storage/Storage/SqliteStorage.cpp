@@ -7,6 +7,8 @@
 #include <SQLiteCpp/Exception.h>
 #include <SQLiteCpp/Statement.h>
 
+#include <sqlite3.h>
+
 #include <algorithm>
 #include <cstdint>
 #include <limits>
@@ -44,10 +46,31 @@ SqliteStorage::Row decodedRow(std::string key, SQLite::Column const& kind, SQLit
     return {std::move(key), kind.getString(), decoded(kind.getString(), value), time};
 }
 
+// As SQLite takes it; the longest that it can wait is some 24 days.
+int busyMilliseconds(std::chrono::milliseconds duration)
+{
+    return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(duration.count(), 0, std::numeric_limits<int>::max()));
+}
+
 long long millisecondsSinceEpoch()
 {
     using namespace std::chrono;
     return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
+}
+
+// SQLite's limit for a text or a blob. It would refuse more by itself, but takes sizes as int, to which a longer one would
+// be cut on the way.
+int checkedSize(std::size_t size)
+{
+    if (size > 1000000000)
+        throw SQLite::Exception("a key or value is longer than 1000000000 bytes", SQLITE_TOOBIG);
+    return static_cast<int>(size);
+}
+
+void bindText(SQLite::Statement& statement, int index, std::string const& text)
+{
+    checkedSize(text.size());
+    statement.bindNoCopy(index, text);
 }
 
 // A statement that is still running holds a lock on the file, so each use ends with a reset, also when it throws.
@@ -86,7 +109,7 @@ class SqliteStorage::Connection {
 public:
     Connection(std::filesystem::path const& path, Options const& options)
         : m_file(path),
-          m_database(openStore(m_file, static_cast<int>(options.busyTimeout.count()), static_cast<int>(options.synchronous))),
+          m_database(openStore(m_file, busyMilliseconds(options.busyTimeout), static_cast<int>(options.synchronous))),
           m_find(m_database, "SELECT kind, value, changed FROM settings WHERE key = ?1"),
           m_set(m_database, "INSERT INTO settings (key, kind, value, changed) VALUES (?1, ?2, ?3, ?4) ON CONFLICT (key) DO UPDATE "
                             "SET kind = excluded.kind, value = excluded.value, changed = excluded.changed"),
@@ -97,7 +120,7 @@ public:
     {
         return attempt("read \"" + key + '"', [&]() -> std::optional<Row> {
             Use find(m_find);
-            find->bindNoCopy(1, key);
+            bindText(*find, 1, key);
             if (!find->executeStep())
                 return std::nullopt;
             return decodedRow(key, find->getColumn(0), find->getColumn(1), find->getColumn(2));
@@ -120,7 +143,7 @@ public:
     {
         attempt("set \"" + key + '"', [&] {
             Use set(m_set);
-            set->bindNoCopy(1, key);
+            bindText(*set, 1, key);
             set->bindNoCopy(2, kind);
             bindValue(*set, 3);
             set->bind(4, static_cast<std::int64_t>(millisecondsSinceEpoch()));
@@ -132,7 +155,7 @@ public:
     {
         attempt("remove \"" + key + '"', [&] {
             Use remove(m_remove);
-            remove->bindNoCopy(1, key);
+            bindText(*remove, 1, key);
             remove->exec();
         });
     }
@@ -161,9 +184,6 @@ T valueOr(std::optional<SqliteStorage::Row> row, T const& defaultValue)
     return value ? std::move(*value) : defaultValue;
 }
 
-// SQLite takes sizes as int and refuses what is beyond its own, smaller limit.
-int boundSize(std::size_t size) { return static_cast<int>(std::min<std::size_t>(size, std::numeric_limits<int>::max())); }
-
 } // namespace
 
 void SqliteStorage::setBool(std::string const& key, bool value)
@@ -178,14 +198,14 @@ void SqliteStorage::setInt(std::string const& key, int value)
 
 void SqliteStorage::setString(std::string const& key, std::string const& value)
 {
-    m_connection->set(key, "string", [&value](SQLite::Statement& set, int index) { set.bindNoCopy(index, value); });
+    m_connection->set(key, "string", [&value](SQLite::Statement& set, int index) { bindText(set, index, value); });
 }
 
 void SqliteStorage::setBytes(std::string const& key, std::vector<unsigned char> const& value)
 {
     // A null pointer would store a null instead of no bytes.
     void const* const bytes = value.empty() ? static_cast<void const*>("") : value.data();
-    m_connection->set(key, "bytes", [&](SQLite::Statement& set, int index) { set.bindNoCopy(index, bytes, boundSize(value.size())); });
+    m_connection->set(key, "bytes", [&](SQLite::Statement& set, int index) { set.bindNoCopy(index, bytes, checkedSize(value.size())); });
 }
 
 bool SqliteStorage::contains(std::string const& key) const { return m_connection->find(key).has_value(); }

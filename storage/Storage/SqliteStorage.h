@@ -58,7 +58,7 @@ public:
 
     void setBool(std::string const& key, bool value) override;
     void setInt(std::string const& key, int value) override;
-    /// At most 1,000,000,000 bytes, key included: SQLite's limit for a row.
+    /// Key and value have at most 1,000,000,000 bytes together: SQLite's limit for a row.
     void setString(std::string const& key, std::string const& value) override;
     /// As `setString`.
     void setBytes(std::string const& key, std::vector<unsigned char> const& value) override;

@@ -7,7 +7,8 @@
 namespace Storage {
 
 /// Trouble with a store's file. The text is one sentence for the user in UTF-8: the file, what was tried, why it failed
-/// (in SQLite's or the system's words) and what to do. The stored values are as they were before the call.
+/// (in SQLite's or the system's words) and what to do. The stored values are as they were before the call, but for one
+/// case: where the disk refuses the very last step of a change, only the next read tells whether it holds.
 class StorageError : public std::runtime_error {
 public:
     StorageError(std::string const& file, std::string const& attempt, std::string const& reason, std::string const& remedy)

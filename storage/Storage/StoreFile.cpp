@@ -92,8 +92,7 @@ void createFolders(fs::path const& folder)
 // A file that is removed when the object goes.
 class TemporaryFile {
 public:
-    explicit TemporaryFile(fs::path const& beside)
-        : m_path((beside.parent_path() / ("." + beside.filename().string() + ".XXXXXX")).string())
+    explicit TemporaryFile(fs::path const& beside) : m_path((beside.parent_path() / ".settings-XXXXXX").string())
     {
         int const descriptor = ::mkstemp(m_path.data());
         if (descriptor < 0 || ::fchmod(descriptor, 0600) != 0)
@@ -182,6 +181,8 @@ fs::path absolutePath(fs::path const& file)
 {
     std::error_code error;
     fs::path const absolute = fs::absolute(file, error);
+    if (file.native().find('\0') != std::string::npos)
+        error = std::make_error_code(std::errc::invalid_argument);
     if (error)
         throwSystemError(file, "open the store", error.value());
     return absolute;
@@ -206,7 +207,8 @@ bool isOpenForReadingOnly(SQLite::Database const& database) { return sqlite3_db_
 
 StorageError storageError(fs::path const& file, std::string const& attempt, SQLite::Exception const& error)
 {
-    return {file.u8string(), attempt, error.what(), remedyFor(error.getExtendedErrorCode())};
+    bool const isFromSqlite = error.getExtendedErrorCode() > 0;
+    return {file.u8string(), attempt, error.what(), remedyFor(isFromSqlite ? error.getExtendedErrorCode() : error.getErrorCode())};
 }
 
 } // namespace Storage

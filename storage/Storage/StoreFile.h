@@ -13,7 +13,8 @@
 
 namespace Storage {
 
-/// `file` as an absolute path. Throws `StorageError` where it is empty or there is no current directory.
+/// `file` as an absolute path. Throws `StorageError` where it is empty, holds a NUL, or there is
+/// no current directory.
 std::filesystem::path absolutePath(std::filesystem::path const& file);
 
 /// Opens the store in the absolute path `file`, creating a missing one. Throws `StorageError` and SQLite's errors.

@@ -5,7 +5,9 @@
 //   struct MyBackend {
 //       std::shared_ptr<ISettingsStorage> open(); // an empty store at the first call
 //   };
+//   namespace TestKit {
 //   INSTANTIATE_TYPED_TEST_SUITE_P(MyStore, StorageContract, MyBackend);
+//   }
 //
 // A backend is made anew for each test. `open` may be called again, also while the earlier store lives, and gives a
 // store with the same content; a backend without a lasting one returns the same store.
@@ -177,6 +179,9 @@ TYPED_TEST_P(StorageContract, ThreadsMayCallSideBySide)
                 EXPECT_EQ(this->m_store->getInt(own, 0), round);
                 std::string const shared = this->m_store->getString("shared", "");
                 EXPECT_EQ(shared, std::string(100, shared.empty() ? '?' : shared[0])) << "a torn value";
+                this->m_store->setBool(own + " passing", true);
+                EXPECT_TRUE(this->m_store->contains(own + " passing"));
+                this->m_store->remove(own + " passing");
             }
         });
     }

@@ -50,6 +50,16 @@ TEST_F(ProductFiles, AbsoluteResourcesRootIsKept)
     EXPECT_EQ(ProductFile(m_home.write("product.json", text)).resourcesRoot(), "/opt/resources");
 }
 
+TEST_F(ProductFiles, ResourcesRootIsAbsoluteAlsoWhenTheFileIsNamedRelatively)
+{
+    m_home.write("folder/product.json", complete);
+    std::filesystem::path const earlier = std::filesystem::current_path();
+    std::filesystem::current_path(m_home.path());
+    ProductFile const product("folder/product.json");
+    std::filesystem::current_path(earlier);
+    EXPECT_EQ(product.resourcesRoot(), m_home.path() / "folder/share/resources");
+}
+
 TEST_F(ProductFiles, NoExtensionsAreAllowed)
 {
     std::string text = complete;
@@ -139,6 +149,8 @@ INSTANTIATE_TEST_SUITE_P(
         Wrong{"ExtensionHasAComma", "\"one\"", "\"a,b\"",
               "has the value [\"a,b\",\"two\"] in field \"projectFileExtensions\", " + extensions},
         Wrong{"ExtensionIsEmpty", "\"one\"", "\"\"", "has the value [\"\",\"two\"] in field \"projectFileExtensions\", " + extensions},
+        Wrong{"ResourcesRootHoldsNul", "share/resources", "a\\u0000b",
+              "has the value \"a\\u0000b\" in field \"resourcesRoot\", which takes a path"},
         Wrong{"ResourcesRootIsNoText", "\"share/resources\"", "null", "has the value null in field \"resourcesRoot\", which takes a text"}),
     byMeaning);
 

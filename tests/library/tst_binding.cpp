@@ -372,7 +372,7 @@ TEST(Lifetime, StoreDroppedByItsOwnerLivesUntilTheCallInsideItReturns)
     EXPECT_TRUE(destroyed) << "nothing keeps it alive after the call";
 }
 
-TEST(Lifetime, ManyThreadsReadWhileTheOwnerLetsGo)
+TEST(Lifetime, ManyThreadsReadAtOnceAndLeaveNoReference)
 {
     auto store = std::make_shared<MemoryStorage>();
     store->setInt(key, 7);

@@ -17,9 +17,7 @@
 
 /// A folder for stores, and what a test does to their files from outside.
 class StoreFolder : public testing::Test {
-protected:
-    std::filesystem::path path(char const* name = "store.sqlite") const { return m_home.path() / name; }
-
+public:
     static std::string content(std::filesystem::path const& file)
     {
         std::ifstream stream(file, std::ios::binary);
@@ -42,6 +40,9 @@ protected:
             throw std::runtime_error("cannot stat " + file.string());
         return status.st_mode & 07777;
     }
+
+protected:
+    std::filesystem::path path(char const* name = "store.sqlite") const { return m_home.path() / name; }
 
     TestKit::TemporaryHome m_home;
 };

@@ -92,6 +92,14 @@ INSTANTIATE_TEST_SUITE_P(
                                                        [](std::string content) { return content.replace(4 * 4096, 4096, 4096, '\0'); });
                              },
                              "the file is damaged (Page 5: btreeInitPage() returns error code 11)", restore},
+                    Unusable{"IndexThatDisagreesWithItsTable",
+                             [](std::filesystem::path const& file) {
+                                 SqliteStorage(file).setInt("some key", 1);
+                                 std::string damaged = UnusableFile::content(file);
+                                 damaged.replace(damaged.find("some key", 2 * 4096), 8, "same key"); // the third page is the index
+                                 UnusableFile::overwrite(file, damaged);
+                             },
+                             "the file is damaged (row 1 missing from index sqlite_autoindex_settings_1)", restore},
                     Unusable{"AnotherProgramsDatabase",
                              [](std::filesystem::path const& file) { UnusableFile::sql(file, "CREATE TABLE settings (key, value)"); },
                              "it is an SQLite file of another program", "move it away, or name another file"},
@@ -154,6 +162,7 @@ TEST_F(SqliteFaults, FolderThatCannotBeMadeIsNamed)
 TEST_F(SqliteFaults, NameThatCannotBeMadeAbsoluteIsAnError)
 {
     EXPECT_THROW(SqliteStorage(""), StorageError);
+    EXPECT_THROW(SqliteStorage((path() / std::string("a\0b", 3))), StorageError);
     std::filesystem::path const earlier = std::filesystem::current_path();
     std::filesystem::create_directory(path("gone"));
     std::filesystem::current_path(path("gone"));
@@ -293,6 +302,16 @@ TEST_F(SqliteFaults, FileThatWasMovedAwayTakesNoChanges)
     EXPECT_EQ(SqliteStorage(path("moved.sqlite")).getInt("key", 0), 1);
 }
 
+TEST_F(SqliteFaults, TextBeyondTheLimitIsRefusedRatherThanCut)
+{
+    SqliteStorage store(path());
+    store.setString("key", "value");
+    EXPECT_THROW(store.setString("key", std::string(1000000001, 'x')), StorageError);
+    EXPECT_THROW(store.setInt(std::string(1000000001, 'x'), 1), StorageError);
+    EXPECT_EQ(store.getString("key", "lost"), "value");
+    EXPECT_EQ(store.rows().size(), 1u);
+}
+
 TEST_F(SqliteFaults, ValueBeyondTheLimitIsRefusedAndTheEarlierKept)
 {
     SqliteStorage store(path());
@@ -301,9 +320,8 @@ TEST_F(SqliteFaults, ValueBeyondTheLimitIsRefusedAndTheEarlierKept)
         store.setBytes("key", std::vector<unsigned char>(1000000001));
         FAIL() << "nothing was thrown";
     } catch (StorageError const& error) {
-        EXPECT_EQ(std::string(error.what()),
-                  path().string() +
-                      ": cannot set \"key\": string or blob too big; keep the value in a file of its own and store the file's name");
+        EXPECT_EQ(std::string(error.what()), path().string() + ": cannot set \"key\": a key or value is longer than 1000000000 bytes; keep "
+                                                               "the value in a file of its own and store the file's name");
     }
     EXPECT_EQ(store.getBytes("key", {}), std::vector<unsigned char>{1});
 }

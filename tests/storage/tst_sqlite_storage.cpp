@@ -285,6 +285,21 @@ TEST_F(SqliteStore, WriterWaitsForAnotherProcess)
     EXPECT_EQ(store.getInt("key", 0), 1);
 }
 
+TEST_F(SqliteStore, LongestWaitIsNotTakenForNone)
+{
+    SqliteStorage::Options patient;
+    patient.busyTimeout = std::chrono::milliseconds::max();
+    SqliteStorage store(path(), patient);
+    OtherProgram other(path());
+    other.execute("BEGIN EXCLUSIVE");
+    std::thread releasing([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        other.execute("COMMIT");
+    });
+    EXPECT_NO_THROW(store.setInt("key", 1));
+    releasing.join();
+}
+
 TEST_F(SqliteStore, WriterThatWaitsTooLongThrowsAndWorksAgainLater)
 {
     SqliteStorage::Options impatient;
@@ -301,7 +316,9 @@ TEST_F(SqliteStore, WriterThatWaitsTooLongThrowsAndWorksAgainLater)
                                                                "another process is writing: try again, or close the other process");
         EXPECT_EQ(error.file(), path().string());
     }
+    auto const start = std::chrono::steady_clock::now();
     EXPECT_THROW(store.getInt("key", 0), StorageError) << "a default in place of a value that cannot be read would be a lie";
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4)) << "it waited as long as it does by default";
     EXPECT_THROW(store.rows(), StorageError);
     other.execute("COMMIT");
     EXPECT_EQ(store.getInt("key", 0), 1);

@@ -12,11 +12,12 @@
 #include <string>
 
 #include <dlfcn.h>
+#include <sys/stat.h>
 #include <sys/types.h>
 
 namespace {
 
-std::string noted; // w: write, t: truncate, s: sync
+std::string noted; // w: write, t: truncate, s: sync of a file, l: link, f: sync of a folder
 bool diskIsFull = false;
 
 template <typename Function>
@@ -43,6 +44,27 @@ extern "C" VISIBLE int ftruncate64(int file, off64_t size) noexcept
 {
     noted += 't';
     return next<int(int, off64_t)>("ftruncate64")(file, size);
+}
+
+extern "C" VISIBLE int link(char const* from, char const* to) noexcept
+{
+    noted += 'l';
+    return next<int(char const*, char const*)>("link")(from, to);
+}
+
+extern "C" VISIBLE int fsync(int file)
+{
+    noted += 'f';
+    return next<int(int)>("fsync")(file);
+}
+
+extern "C" VISIBLE int mkdir(char const* folder, mode_t mode) noexcept
+{
+    if (diskIsFull) {
+        errno = ENOSPC;
+        return -1;
+    }
+    return next<int(char const*, mode_t)>("mkdir")(folder, mode);
 }
 
 extern "C" VISIBLE int fdatasync(int file)
@@ -74,6 +96,20 @@ TEST_F(Durability, SetEndsWithASyncAfterItsLastWrite)
     EXPECT_EQ(count('t'), 1) << "the journal is emptied: " << noted;
     EXPECT_EQ(noted.back(), 's') << noted;
     EXPECT_GE(count('s'), 3) << "journal, file and emptied journal are synced: " << noted;
+}
+
+TEST_F(Durability, NewFileIsOnDiskBeforeItGetsItsNameAndTheNameIsTooBeforeItIsUsed)
+{
+    noted.clear();
+    SqliteStorage const store(file());
+    EXPECT_NE(noted.find("slf"), std::string::npos) << noted;
+}
+
+TEST_F(Durability, NewFoldersAreOnDisk)
+{
+    noted.clear();
+    SqliteStorage const store(file().parent_path() / "one" / "two" / "store.sqlite");
+    EXPECT_EQ(noted.substr(0, 2), "ff") << noted;
 }
 
 TEST_F(Durability, RemoveEndsWithASyncToo)
@@ -136,6 +172,13 @@ TEST_F(FullDisk, IsNamedAndTheEarlierValueKept)
     EXPECT_EQ(store.getString("key", "lost"), "value");
     store.setString("key", "works again");
     EXPECT_EQ(store.getString("key", "lost"), "works again");
+}
+
+TEST_F(FullDisk, WithoutRoomForAFolderIsNamedAsSuch)
+{
+    std::filesystem::path const folder = file().parent_path() / "folder";
+    EXPECT_EQ(refusal([&] { SqliteStorage const store(folder / "store.sqlite"); }),
+              folder.string() + ": cannot create the folder: No space left on device; free some space on the disk and try again");
 }
 
 TEST_F(FullDisk, AtCreationLeavesNothing)

@@ -132,6 +132,7 @@ TEST(TemporaryHomeKit, PointsEveryVariableIntoItsFolder)
         folder = home.path();
         EXPECT_TRUE(folder.is_absolute());
         EXPECT_TRUE(std::filesystem::is_empty(folder / ".runtime"));
+        EXPECT_EQ(std::filesystem::status(folder / ".runtime").permissions(), std::filesystem::perms::owner_all);
         EXPECT_EQ(std::filesystem::status(folder).permissions(), std::filesystem::perms::owner_all);
         EXPECT_EQ(variable("HOME"), folder);
         for (char const* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR",
@@ -146,6 +147,23 @@ TEST(TemporaryHomeKit, PointsEveryVariableIntoItsFolder)
     EXPECT_EQ(variable("XDG_CONFIG_HOME"), earlierConfig);
     EXPECT_EQ(variable("XDG_SESSION_TYPE"), "test");
     ::unsetenv("XDG_SESSION_TYPE");
+}
+
+TEST(TemporaryHomeKit, FolderIsNamedWithoutSymbolicLinks)
+{
+    TemporaryHome const outer;
+    std::filesystem::create_directory(outer.path() / "real");
+    std::filesystem::create_directory_symlink("real", outer.path() / "link");
+    std::string const earlier = variable("TMPDIR");
+    ::setenv("TMPDIR", (outer.path() / "link").c_str(), 1);
+    {
+        TemporaryHome const inner;
+        EXPECT_EQ(inner.path().parent_path(), outer.path() / "real");
+    }
+    if (earlier == "unset")
+        ::unsetenv("TMPDIR");
+    else
+        ::setenv("TMPDIR", earlier.c_str(), 1);
 }
 
 TEST(TemporaryHomeKit, HomesNestAndDiffer)

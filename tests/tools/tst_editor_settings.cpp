@@ -91,7 +91,9 @@ INSTANTIATE_TEST_SUITE_P(
         Kept{"NarrowText", "recentProjects", {"a text"}, "a text\n"}, Kept{"EmptyText", "exportPath", {""}, "\n"},
         Kept{"TextBeyondAscii", "lastTarget", {"\xC3\xBC\xE2\x82\xAC"}, "\xC3\xBC\xE2\x82\xAC\n"},
         Kept{"TextInBrackets", "lastTarget", {"[a,b]"}, "[a,b]\n"}, Kept{"TextWithLineBreak", "lastTarget", {"a\nb"}, "a\nb\n"},
-        Kept{"TextWithControlCharacter", "lastTarget", {"\x1f[x]"}, "\x1f[x]\n"},
+        Kept{"TextWithControlCharacter", "lastTarget", {"\x1f[x]"}, "\x1f[x]\n"}, Kept{"TextThatEndsAVerb", "lastTarget", {"++"}, "++\n"},
+        Kept{"ListWithAWordThatEndsAVerb", "userCustomColors", {"a", "++", "b"}, "a\n++\nb\n"},
+        Kept{"BytesWithoutPadding", "mainWindowState", {"AP8"}, "AP8=\n"},
         Kept{"TextLikeAnOption", "lastTarget", {"--", "--json"}, "--json\n"}, Kept{"TextLikeAFileName", "lastTarget", {"@file"}, "@file\n"},
         Kept{"Bytes", "mainWindowState", {"AP8="}, "AP8=\n"}, Kept{"NoBytes", "mainWindowState", {""}, "\n"},
         Kept{"List", "userCustomColors", {"#fff", "a b", "[c,d]"}, "#fff\na b\n[c,d]\n"},
@@ -135,13 +137,13 @@ TEST_P(RefusedCommand, TellsWhatIsAcceptedAndChangesNothing)
     said({"set", "npsSendCount", "7"});
     said({"set", "userCustomColors", "kept"});
     EXPECT_EQ(refused(GetParam().arguments), "editor-settings: " + GetParam().reason + '\n');
-    EXPECT_EQ(said({"list", "--set", "--plain"}), "npsSendCount\tint\tproduct\tset\t7\nuserCustomColors\tlist\tproduct\tset\tkept\n");
+    EXPECT_EQ(said({"list", "--set", "--plain"}), "npsSendCount\tint\tproduct\tset\t7\nuserCustomColors\tlist\tproduct\tset\t[\"kept\"]\n");
 }
 
 std::string const wholeNumber = "give a whole number from -2147483648 to 2147483647";
 std::string const trueOrFalse = "give true or false (or yes, no, on, off, 1, 0)";
 std::string const base64 = "give the bytes in base64, or @FILE to read them from a file";
-std::string const utf8 = "give text in UTF-8, as anything else would not come back unchanged";
+std::string const utf8 = "give text in UTF-8 without a byte order mark, as anything else would not come back unchanged";
 
 INSTANTIATE_TEST_SUITE_P(
     Table, RefusedCommand,
@@ -161,6 +163,12 @@ INSTANTIATE_TEST_SUITE_P(
             "TwoNumbers", {"set", "npsSendCount", "1", "2"}, "npsSendCount takes one value, not 2; put quotes around a value with blanks"},
         Refused{"EmptyForANumber", {"set", "npsSendCount", "--empty"}, "npsSendCount takes one value, not 0; --empty is for lists"},
         Refused{"NotBase64", {"set", "mainWindowState", "a*b"}, "mainWindowState holds bytes and cannot be 'a*b'; " + base64},
+        Refused{"BitsThatMakeNoByte", {"set", "mainWindowState", "A"}, "mainWindowState holds bytes and cannot be 'A'; " + base64},
+        Refused{"BitsLeftOver", {"set", "mainWindowState", "AB=="}, "mainWindowState holds bytes and cannot be 'AB=='; " + base64},
+        Refused{"BlankInBase64", {"set", "mainWindowState", "AP 8="}, "mainWindowState holds bytes and cannot be 'AP 8='; " + base64},
+        Refused{"TextWithAByteOrderMark",
+                {"set", "lastTarget", "\xEF\xBB\xBFx"},
+                "lastTarget is a text and cannot be '\xEF\xBB\xBFx'; " + utf8},
         Refused{"MissingFile",
                 {"set", "mainWindowState", "@/no/such/file"},
                 "mainWindowState: cannot read '/no/such/file' (No such file or directory); name a file that can be read after the @"},
@@ -223,8 +231,17 @@ INSTANTIATE_TEST_SUITE_P(Table, WrongUsage,
                                          Usage{"SetAndUnset", {"list", "--set", "--unset"}},
                                          Usage{"UnknownStore", {"list", "--store", "third"}},
                                          Usage{"ValueAndEmpty", {"set", "userCustomColors", "a", "--empty"}},
-                                         Usage{"TwoKeys", {"get", "a", "b"}}),
+                                         Usage{"TwoKeys", {"get", "a", "b"}}, Usage{"EmptyHome", {"--home", "", "list"}},
+                                         Usage{"EmptyProductFile", {"--product", "", "list"}}),
                          byMeaning);
+
+TEST_F(Tool, WrongVerbIsAnsweredWithTheVerbs)
+{
+    std::string const rest = "The verbs are list, get, set, unset and explain.\nRun with --help for more information.\n";
+    EXPECT_EQ(refused({}, 2), "editor-settings: A verb is required\n" + rest);
+    EXPECT_EQ(refused({"forget"}, 2), "editor-settings: The following argument was not expected: forget\n" + rest);
+    EXPECT_EQ(refused({"--loud"}, 2), "editor-settings: The following argument was not expected: --loud\n" + rest);
+}
 
 TEST_F(Tool, HelpTellsVerbsAndExitStatus)
 {
@@ -244,6 +261,7 @@ TEST_F(Tool, FullStandardOutputIsAnError)
     Ended const ended = run({"sh", "-c", "exec \"$0\" list > /dev/full", TOOL});
     EXPECT_EQ(ended.status, 1);
     EXPECT_EQ(ended.err, "editor-settings: the answer could not be printed whole: standard output cannot be written\n");
+    EXPECT_EQ(run({"sh", "-c", "exec \"$0\" --help > /dev/full", TOOL}).status, 1);
 }
 
 // --- Where the stores lie ---
@@ -261,6 +279,8 @@ TEST_F(Tool, StoresLieWithProductAndVendorUnlessTheyAreNamed)
     EXPECT_EQ(tool({"--home", inHome("two"), "get", "npsSendCount"}, {{"EDITOR_SETTINGS_HOME", inHome("one")}}).out, "0\n")
         << "the option wins";
     EXPECT_EQ(said({"get", "npsSendCount"}), "1\n");
+    EXPECT_EQ(said({"get", "npsSendCount", "--home", inHome("one")}), "2\n") << "the option may stand behind the verb";
+    EXPECT_EQ(tool({"get", "npsSendCount"}, {{"EDITOR_SETTINGS_HOME", ""}}).out, "1\n") << "an empty variable is none";
 }
 
 TEST_F(Tool, StoreThatIsNoneIsNamedAndKept)
@@ -350,7 +370,10 @@ TEST_F(Tool, ListShowsAListOnOneLine)
     said({"set", "userCustomColors", "#fff", "navy"});
     EXPECT_EQ(said({"list", "--set"}),
               "KEY               TYPE  STORE    STATE  VALUE\nuserCustomColors  list  product  set    #fff, navy\n");
-    EXPECT_EQ(said({"list", "--set", "--plain"}), "userCustomColors\tlist\tproduct\tset\t#fff\\nnavy\n");
+    EXPECT_EQ(said({"list", "--set", "--plain"}), "userCustomColors\tlist\tproduct\tset\t[\"#fff\",\"navy\"]\n");
+    EXPECT_EQ(said({"get", "userCustomColors", "--plain"}), "[\"#fff\",\"navy\"]\n");
+    said({"set", "userCustomColors", "#fff\nnavy"});
+    EXPECT_EQ(said({"get", "userCustomColors", "--plain"}), "[\"#fff\\nnavy\"]\n") << "one element with a line break is told from two";
 }
 
 TEST_F(Tool, PlainListKeepsOneRecordALine)
@@ -484,6 +507,17 @@ TEST_F(Tool, ValueOfAnotherKindIsToldAndNotLost)
     EXPECT_EQ(stored["value"], "AP8=");
     EXPECT_NE(said({"explain", "npsSendCount"}).find("\nstored       many\nstored kind  string\n"), std::string::npos);
     EXPECT_EQ(Storage::SqliteStorage(productFile()).getString("npsSendCount", ""), "many");
+}
+
+TEST_F(Tool, ValueThatDoesNotFitItsKindIsToldToo)
+{
+    said({"set", "npsSendCount", "1"});
+    OtherProgram(productFile()).execute("UPDATE settings SET value = 'zz'");
+    EXPECT_EQ(said({"list", "--set", "--plain"}), "npsSendCount\tint\tproduct\tunreadable\t0\n");
+    Ended const got = tool({"get", "npsSendCount"});
+    EXPECT_EQ(got.out, "0\n");
+    EXPECT_EQ(got.err, "editor-settings: npsSendCount holds a value of kind int that cannot be read, so the default is read; "
+                       "'editor-settings explain npsSendCount' shows both\n");
 }
 
 TEST_F(Tool, RowOfALaterVersionIsShownAsUnreadable)

@@ -58,14 +58,20 @@ struct Look {
 
     std::string storeName() const { return observation.store ? name(*observation.store) : "memory"; }
 
-    bool isOfOtherKind() const { return stored && stored->kind != storedKind(row); }
+    // Why a read gives the default although something is stored; empty where it does not.
+    std::string obstacle() const
+    {
+        if (stored && stored->kind != storedKind(row))
+            return "other kind";
+        return stored && std::holds_alternative<std::monostate>(stored->value) ? "unreadable" : "";
+    }
 
     std::string state() const
     {
         if (!stored)
             return "unset";
-        if (isOfOtherKind())
-            return "other kind";
+        if (!obstacle().empty())
+            return obstacle();
         return observation.value == observation.defaultValue ? "set to default" : "set";
     }
 
@@ -132,7 +138,7 @@ std::string inColumn(Catalogue::Value const& value, Format format)
 {
     constexpr std::size_t enough = 120;
     QStringList const* const list = format == Format::people ? std::get_if<QStringList>(&value) : nullptr;
-    std::string const line = onOneLine(list ? list->join(QStringLiteral(", ")).toStdString() : text(value));
+    std::string const line = list ? onOneLine(list->join(QStringLiteral(", ")).toStdString()) : onOneLine(value);
     if (format != Format::people || width(line) <= enough)
         return line;
     std::size_t end = 0;
@@ -223,13 +229,14 @@ void listPreferences(Host::Application const& application, ListOptions const& op
 void getPreference(Host::Application const& application, std::string const& key, Format format)
 {
     Look const look(application, preference(key));
-    if (look.isOfOtherKind())
-        std::cerr << "editor-settings: " << key << " holds a value of kind " << look.stored->kind << ", so the default is read; "
-                  << "'editor-settings explain " << key << "' shows both\n";
+    if (!look.obstacle().empty())
+        std::cerr << "editor-settings: " << key << " holds a value of kind " << look.stored->kind
+                  << (look.obstacle() == "unreadable" ? " that cannot be read" : "")
+                  << ", so the default is read; 'editor-settings explain " << key << "' shows both\n";
     if (format == Format::json)
         std::cout << json({{"key", key}, {"type", typeName(look.row)}, {"value", toJson(look.observation.value)}}) << '\n';
     else if (format == Format::plain)
-        std::cout << onOneLine(text(look.observation.value)) << '\n';
+        std::cout << onOneLine(look.observation.value) << '\n';
     else if (std::string const value = text(look.observation.value); !value.empty() || typeName(look.row) != "list")
         std::cout << value << '\n';
 }
@@ -286,8 +293,8 @@ void explainPreference(Host::Application const& application, std::string const& 
         table.push_back({"stored kind", look.stored->kind});
         table.push_back({"changed", inUtc(look.stored->changed)});
     }
-    table.push_back({"default", onOneLine(text(observation.defaultValue))});
+    table.push_back({"default", onOneLine(observation.defaultValue)});
     table.push_back({"computed by", computedBy.empty() ? "nothing: it is fixed" : computedBy + "()"});
-    table.push_back({"value", onOneLine(text(observation.value))});
+    table.push_back({"value", onOneLine(observation.value)});
     printTable(table, {}, format);
 }

@@ -3,8 +3,6 @@
 
 #include <Host/FileContent.h>
 
-#include <QTextCodec>
-
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -40,10 +38,9 @@ TypeNames const& type(Row const& row) { return types[row.accessors.index()]; }
 
 QString decoded(Row const& row, std::string const& word)
 {
-    QTextCodec::ConverterState state;
-    QString const text = QTextCodec::codecForName("UTF-8")->toUnicode(word.data(), static_cast<int>(word.size()), &state);
-    if (state.invalidChars > 0 || state.remainingChars > 0)
-        refuse(row, word, "give text in UTF-8, as anything else would not come back unchanged");
+    QString const text = QString::fromStdString(word);
+    if (text.toStdString() != word)
+        refuse(row, word, "give text in UTF-8 without a byte order mark, as anything else would not come back unchanged");
     return text;
 }
 
@@ -86,10 +83,11 @@ QByteArray parsedBytes(Row const& row, std::string const& word)
 {
     if (!word.empty() && word[0] == '@')
         return contentOfFile(row, word.substr(1));
-    auto const bytes = QByteArray::fromBase64Encoding(QByteArray::fromStdString(word), QByteArray::AbortOnBase64DecodingErrors);
-    if (!bytes)
+    // Qt decodes whatever it can; only what encodes to the same word again is taken.
+    QByteArray const bytes = QByteArray::fromBase64(QByteArray::fromStdString(word));
+    if (bytes.toBase64().toStdString() != word && bytes.toBase64(QByteArray::OmitTrailingEquals).toStdString() != word)
         refuse(row, word, "give the bytes in base64, or @FILE to read them from a file");
-    return *bytes;
+    return bytes;
 }
 
 QStringList parsedList(Row const& row, std::vector<std::string> const& words)
@@ -168,6 +166,12 @@ struct AsJson {
 std::string text(Value const& value) { return std::visit(AsText(), value); }
 
 nlohmann::ordered_json toJson(Value const& value) { return std::visit(AsJson(), value); }
+
+std::string onOneLine(Value const& value)
+{
+    // The elements of a list are told apart whatever they hold.
+    return std::holds_alternative<QStringList>(value) ? toJson(value).dump() : onOneLine(text(value));
+}
 
 std::string onOneLine(std::string const& text)
 {

@@ -31,6 +31,8 @@ Catalogue::Value parsed(Catalogue::Row const& row, std::vector<std::string> cons
 std::string text(Catalogue::Value const& value);
 /// The value as JSON: bytes as a base64 text, lists as arrays.
 nlohmann::ordered_json toJson(Catalogue::Value const& value);
+/// The value on one line, for scripts: a list as a JSON array, all else as its text.
+std::string onOneLine(Catalogue::Value const& value);
 /// `text` on one line: backslash, tab and line breaks as `\\`, `\t`, `\n` and `\r`, other control characters as `\xHH`.
 std::string onOneLine(std::string const& text);
 /// `text` within single quotes, for messages.

@@ -17,17 +17,20 @@ char const* const footer = R"(Values are printed to standard output, reasons to 
   1  said no: unknown key, wrong value, trouble with a store or the product file
   2  wrong usage
 
-A value that begins with "-" goes after "--": editor-settings set lastTarget -- -x)";
+A value that begins with "-" goes after "--": editor-settings set lastTarget -- -x
 
-// CLI11 takes a word in square brackets apart at its commas. A mark before each word that begins with a bracket, or with
-// the mark itself, keeps it whole; every option takes the mark off again.
+With --plain a backslash is printed as \\, a tab as \t, line breaks as \n and \r, other control characters as \xHH, and
+a list as a JSON array.)";
+
+// CLI11 takes a word in square brackets apart at its commas, and takes "++" for the end of a verb's words. A mark before
+// such a word, and before one that begins with the mark itself, keeps it whole; every option takes the mark off again.
 constexpr char mark = '\x1f';
 
 std::vector<std::string> marked(int argc, char** argv)
 {
     std::vector<std::string> words(argv + 1, argv + argc);
     for (std::string& word : words)
-        if (!word.empty() && (word[0] == '[' || word[0] == mark))
+        if (!word.empty() && (word[0] == '[' || word[0] == mark || word == "++"))
             word.insert(word.begin(), mark);
     std::reverse(words.begin(), words.end()); // as CLI11 wants them
     return words;
@@ -41,6 +44,11 @@ CLI::Validator unmarked()
                 return std::string();
             },
             ""};
+}
+
+CLI::Validator notEmpty()
+{
+    return {[](std::string& word) { return word.empty() ? "the name is empty; leave the option out for the default" : std::string(); }, ""};
 }
 
 // --plain and --json of one verb.
@@ -63,15 +71,21 @@ class CommandLine {
 public:
     CommandLine()
     {
-        m_app.require_subcommand(1);
+        m_app.require_subcommand(0, 1);
+        m_app.failure_message([](CLI::App const* app, CLI::Error const& error) {
+            std::string const verbs = app->get_subcommands().empty() ? "The verbs are list, get, set, unset and explain.\n" : "";
+            return "editor-settings: " + std::string(error.what()) + '\n' + verbs + "Run with --help for more information.\n";
+        });
         m_app.set_version_flag("--version", EDITOR_SETTINGS_VERSION);
         m_app.footer(footer);
         m_app.add_option("--product", m_productFile, "The product file, in JSON; default: the one that is installed with this program")
             ->transform(unmarked())
+            ->check(notEmpty())
             ->type_name("FILE")
             ->envname("EDITOR_SETTINGS_PRODUCT");
         m_app.add_option("--home", m_home, "The folder of both stores; default: the product's data folder and the vendor's")
             ->transform(unmarked())
+            ->check(notEmpty())
             ->type_name("DIR")
             ->envname("EDITOR_SETTINGS_HOME");
 
@@ -80,6 +94,8 @@ public:
         m_list->add_flag("--unset", m_listOptions.onlyUnset, "Only what is not stored")->excludes(onlySet);
         m_list->add_option("--store", m_listOptions.store, "Only one store")->type_name("")->check(CLI::IsMember({"product", "common"}));
 
+        for (CLI::App* verb : {m_list, m_get, m_set, m_unset, m_explain})
+            verb->fallthrough(); // --home and --product may stand behind the verb too
         for (CLI::App* verb : {m_get, m_set, m_unset, m_explain})
             verb->add_option("KEY", m_key, "The preference")->transform(unmarked())->required();
         CLI::Option* const words = m_set->add_option("VALUE", m_words,
@@ -97,8 +113,12 @@ public:
     {
         try {
             m_app.parse(marked(argc, argv));
+            if (m_app.get_subcommands().empty())
+                throw CLI::RequiredError("A verb");
         } catch (CLI::ParseError const& error) {
-            return m_app.exit(error) == 0 ? 0 : wrongUsage;
+            int const status = m_app.exit(error) == 0 ? 0 : wrongUsage;
+            checkPrinted();
+            return status;
         }
         std::filesystem::path const productFile =
             m_productFile.empty() ? Host::installedProductFile() : std::filesystem::path(m_productFile);
@@ -114,12 +134,17 @@ public:
             unsetPreference(application, m_key);
         if (*m_explain)
             explainPreference(application, m_key, m_explainFormat);
-        if (!std::cout.flush())
-            throw Refusal("the answer could not be printed whole: standard output cannot be written");
+        checkPrinted();
         return 0;
     }
 
 private:
+    static void checkPrinted()
+    {
+        if (!std::cout.flush())
+            throw Refusal("the answer could not be printed whole: standard output cannot be written");
+    }
+
     CLI::App m_app{"Reads, changes and explains the preferences of Lumora Video Editor.", "editor-settings"};
     std::string m_productFile;
     std::string m_home;
