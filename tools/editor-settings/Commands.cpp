@@ -9,8 +9,8 @@
 #include <QDateTime>
 
 #include <algorithm>
+#include <cstring>
 #include <iostream>
-#include <numeric>
 
 #include <fnmatch.h>
 
@@ -75,7 +75,7 @@ struct Look {
         return observation.value == observation.defaultValue ? "set to default" : "set";
     }
 
-    Row const& row;
+    Row row;
     Observation observation;
     std::optional<Storage::SqliteStorage::Row> stored;
 };
@@ -166,8 +166,10 @@ bool isListed(Look const& look, ListOptions const& options)
 
 std::vector<Look> listedPreferences(Host::Application const& application, ListOptions const& options)
 {
+    std::vector<Row> sorted = Catalogue::preferences();
+    std::sort(sorted.begin(), sorted.end(), [](Row const& left, Row const& right) { return std::strcmp(left.name, right.name) < 0; });
     std::vector<Look> looks;
-    for (Row const& row : Catalogue::preferences()) {
+    for (Row const& row : sorted) {
         Look look(application, row);
         if (isListed(look, options))
             looks.push_back(std::move(look));
@@ -198,16 +200,10 @@ std::string storedText(Storage::SqliteStorage::Value const& value)
 
 void listPreferences(Host::Application const& application, ListOptions const& options, Format format)
 {
-    std::vector<Look> looks = listedPreferences(application, options);
-    std::vector<std::size_t> order(looks.size());
-    std::iota(order.begin(), order.end(), std::size_t(0));
-    std::sort(order.begin(), order.end(),
-              [&](std::size_t left, std::size_t right) { return std::string(looks[left].row.name) < looks[right].row.name; });
-
+    std::vector<Look> const looks = listedPreferences(application, options);
     if (format == Format::json) {
         auto array = ordered_json::array();
-        for (std::size_t const index : order) {
-            Look const& look = looks[index];
+        for (Look const& look : looks) {
             array.push_back({{"key", look.row.name},
                              {"type", typeName(look.row)},
                              {"store", look.storeName()},
@@ -219,10 +215,8 @@ void listPreferences(Host::Application const& application, ListOptions const& op
         return;
     }
     std::vector<Columns> table;
-    for (std::size_t const index : order) {
-        Look const& look = looks[index];
+    for (Look const& look : looks)
         table.push_back({look.row.name, typeName(look.row), look.storeName(), look.state(), inColumn(look.observation.value, format)});
-    }
     printTable(table, {"KEY", "TYPE", "STORE", "STATE", "VALUE"}, format);
 }
 
