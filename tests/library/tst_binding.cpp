@@ -2,6 +2,7 @@
 #include <TestKit/FailingStorage.h>
 
 #include <support/BoundLibrary.h>
+#include <support/EmptyStorage.h>
 
 #include <atomic>
 #include <condition_variable>
@@ -78,11 +79,11 @@ TEST(Binding, InitCopiesEveryField)
     auto const info = std::make_shared<FixedProductInfo>();
     auto const commonStore = std::make_shared<MemoryStorage>();
     auto const productStore = std::make_shared<MemoryStorage>();
-    Settings::init({info, commonStore, productStore, Lumora::ioPath("/root/of/resources")});
+    Settings::init({info, commonStore, productStore, Lumora::ioPath("/the/resources")});
     EXPECT_EQ(s_instance.productInfo.lock(), info);
     EXPECT_EQ(s_instance.commonStorage.lock(), commonStore);
     EXPECT_EQ(s_instance.productStorage.lock(), productStore);
-    EXPECT_EQ(s_instance.resourcesRoot.utf8string(), "/root/of/resources");
+    EXPECT_EQ(s_instance.resourcesRoot.utf8string(), "/the/resources");
 }
 
 TEST(Binding, SecondInitReachesTheSecondPair)
@@ -137,7 +138,7 @@ TEST(Binding, InitWithTheBoundContextChangesNothing)
 }
 
 // A store that tells how many strong references to itself there are while a call is inside it.
-class CountedStorage final : public ISettingsStorage {
+class CountedStorage final : public EmptyStorage {
 public:
     std::weak_ptr<CountedStorage> self;
     mutable std::vector<long> counts;
@@ -147,8 +148,6 @@ public:
     void setInt(std::string const&, int) override { count(); }
     void setString(std::string const&, std::string const&) override { count(); }
     void setBytes(std::string const&, std::vector<unsigned char> const&) override { count(); }
-    bool contains(std::string const&) const override { return false; }
-    void remove(std::string const&) override {}
     bool getBool(std::string const&, bool value) const override { return count(), value; }
     int getInt(std::string const&, int value) const override { return count(), value; }
     std::string getString(std::string const&, std::string const& value) const override { return count(), value; }
@@ -255,22 +254,14 @@ TEST(Relock, EachProductAnswerIsAskedOfWhatIsBoundThen)
 TEST(Relock, KindIsNoLongerHeldWhenTheStoreIsCalled)
 {
     // The object answers, and is dropped by its owner while it does; it must be gone when the store is reached.
-    struct Store final : ISettingsStorage {
+    struct Store final : EmptyStorage {
         std::weak_ptr<IProductInfo> watched;
         mutable int goneAtCalls = 0;
-        void setBool(std::string const&, bool) override {}
-        void setInt(std::string const&, int) override {}
         void setString(std::string const&, std::string const&) override { goneAtCalls += watched.expired(); }
-        void setBytes(std::string const&, std::vector<unsigned char> const&) override {}
-        bool contains(std::string const&) const override { return false; }
-        void remove(std::string const&) override {}
-        bool getBool(std::string const&, bool value) const override { return value; }
-        int getInt(std::string const&, int value) const override { return value; }
         std::string getString(std::string const&, std::string const& value) const override
         {
             return goneAtCalls += watched.expired(), value;
         }
-        std::vector<unsigned char> getBytes(std::string const&, std::vector<unsigned char> const& value) const override { return value; }
     };
     struct Leaving final : IProductInfo {
         std::shared_ptr<IProductInfo>* owner = nullptr;
@@ -296,19 +287,11 @@ TEST(Relock, KindIsNoLongerHeldWhenTheStoreIsCalled)
 
 TEST(Relock, EachHalfOfARationalIsAskedOfWhatIsBoundThen)
 {
-    struct First final : ISettingsStorage {
+    struct First final : EmptyStorage {
         std::shared_ptr<ISettingsStorage> next;
         void replace() const { Settings::init({{}, next, next, {}}); }
-        void setBool(std::string const&, bool) override {}
         void setInt(std::string const&, int) override { replace(); }
-        void setString(std::string const&, std::string const&) override {}
-        void setBytes(std::string const&, std::vector<unsigned char> const&) override {}
-        bool contains(std::string const&) const override { return false; }
-        void remove(std::string const&) override {}
-        bool getBool(std::string const&, bool) const override { return false; }
         int getInt(std::string const&, int) const override { return replace(), 3; }
-        std::string getString(std::string const&, std::string const&) const override { return {}; }
-        std::vector<unsigned char> getBytes(std::string const&, std::vector<unsigned char> const&) const override { return {}; }
     };
     auto const second = std::make_shared<MemoryStorage>();
     second->setInt("key_N", 100);
@@ -324,28 +307,19 @@ TEST(Relock, EachHalfOfARationalIsAskedOfWhatIsBoundThen)
 }
 
 // A store whose read waits inside the call until it is let go.
-class WaitingStorage final : public ISettingsStorage {
+class WaitingStorage final : public EmptyStorage {
 public:
     WaitingStorage(std::promise<void>& entered, std::shared_future<void> leave, std::atomic<bool>& destroyed)
         : m_entered(entered), m_leave(std::move(leave)), m_destroyed(destroyed)
     {}
     ~WaitingStorage() override { m_destroyed = true; }
 
-    void setBool(std::string const&, bool) override {}
-    void setInt(std::string const&, int) override {}
-    void setString(std::string const&, std::string const&) override {}
-    void setBytes(std::string const&, std::vector<unsigned char> const&) override {}
-    bool contains(std::string const&) const override { return false; }
-    void remove(std::string const&) override {}
-    bool getBool(std::string const&, bool value) const override { return value; }
     int getInt(std::string const&, int) const override
     {
         m_entered.set_value();
         m_leave.wait();
         return m_destroyed ? -1 : m_answer;
     }
-    std::string getString(std::string const&, std::string const& value) const override { return value; }
-    std::vector<unsigned char> getBytes(std::string const&, std::vector<unsigned char> const& value) const override { return value; }
 
 private:
     std::promise<void>& m_entered;

@@ -4,6 +4,7 @@
 // its end with __cxa_atexit, in the order of the beginnings, and this program's __cxa_atexit is called first.
 #include <Settings/SettingsContext.h>
 
+#include <support/EmptyStorage.h>
 #include <support/Process.h>
 
 #include <gtest/gtest.h>
@@ -146,19 +147,9 @@ TEST(Load, BindingIsEmptyAtFirst)
     EXPECT_EQ(instance->resourcesRoot.utf8string(), "");
 }
 
-struct Store final : ISettingsStorage {
+struct Store final : EmptyStorage {
     explicit Store(bool& destroyed) : m_destroyed(destroyed) {}
     ~Store() override { m_destroyed = true; }
-    void setBool(std::string const&, bool) override {}
-    void setInt(std::string const&, int) override {}
-    void setString(std::string const&, std::string const&) override {}
-    void setBytes(std::string const&, std::vector<unsigned char> const&) override {}
-    bool contains(std::string const&) const override { return false; }
-    void remove(std::string const&) override {}
-    bool getBool(std::string const&, bool value) const override { return value; }
-    int getInt(std::string const&, int value) const override { return value; }
-    std::string getString(std::string const&, std::string const& value) const override { return value; }
-    std::vector<unsigned char> getBytes(std::string const&, std::vector<unsigned char> const& value) const override { return value; }
 
 private:
     bool& m_destroyed;
