@@ -28,9 +28,8 @@ class SqliteStorage final : public ISettingsStorage {
 public:
     /// How often SQLite waits for the disk, see its documentation of PRAGMA synchronous.
     enum class Synchronous {
-        normal = 1, ///< A crash of the system may undo the last changes, but never damages the file.
+        normal = 1, ///< A crash of the system may undo the last changes and, very rarely, damage the file.
         full = 2,   ///< A change is on disk when its call returns.
-        extra = 3,  ///< As `full`, and the folder's entries are too.
     };
 
     struct Options {

@@ -231,8 +231,8 @@ void getPreference(Host::Application const& application, std::string const& key,
         std::cout << json({{"key", key}, {"type", typeName(look.row)}, {"value", toJson(look.observation.value)}}) << '\n';
     else if (format == Format::plain)
         std::cout << onOneLine(look.observation.value) << '\n';
-    else if (std::string const value = text(look.observation.value); !value.empty() || typeName(look.row) != "list")
-        std::cout << value << '\n';
+    else if (look.observation.value != Catalogue::Value(QStringList()))
+        std::cout << text(look.observation.value) << '\n';
 }
 
 void setPreference(Host::Application const&, std::string const& key, std::vector<std::string> const& words)

@@ -8,6 +8,7 @@
 #include <cctype>
 #include <charconv>
 #include <system_error>
+#include <type_traits>
 
 using Catalogue::Row;
 using Catalogue::Value;
@@ -107,6 +108,31 @@ QStringList parsedList(Row const& row, std::vector<std::string> const& words)
     return list;
 }
 
+std::string const& onlyWord(Row const& row, std::vector<std::string> const& words)
+{
+    if (words.size() != 1)
+        throw Refusal(std::string(row.name) + " takes one value, not " + std::to_string(words.size()) + "; " +
+                      (words.empty() ? "--empty is for lists" : "put quotes around a value with blanks"));
+    return words.front();
+}
+
+template <typename T>
+T parsedAs(Row const& row, std::vector<std::string> const& words)
+{
+    if constexpr (std::is_same_v<T, QStringList>)
+        return parsedList(row, words);
+    else if constexpr (std::is_same_v<T, bool>)
+        return parsedBool(row, onlyWord(row, words));
+    else if constexpr (std::is_same_v<T, int>)
+        return parsedInt(row, onlyWord(row, words));
+    else if constexpr (std::is_same_v<T, QByteArray>)
+        return parsedBytes(row, onlyWord(row, words));
+    else if constexpr (std::is_same_v<T, QString>)
+        return decoded(row, onlyWord(row, words));
+    else
+        return decoded(row, onlyWord(row, words)).toStdString();
+}
+
 } // namespace
 
 std::string typeName(Row const& row) { return type(row).name; }
@@ -115,22 +141,7 @@ std::string storedKind(Row const& row) { return type(row).kind; }
 
 Value parsed(Row const& row, std::vector<std::string> const& words)
 {
-    if (typeName(row) == "list")
-        return parsedList(row, words);
-    if (words.size() != 1)
-        throw Refusal(std::string(row.name) + " takes one value, not " + std::to_string(words.size()) + "; " +
-                      (words.empty() ? "--empty is for lists" : "put quotes around a value with blanks"));
-    std::string const& word = words.front();
-    if (typeName(row) == "bool")
-        return parsedBool(row, word);
-    if (typeName(row) == "int")
-        return parsedInt(row, word);
-    if (typeName(row) == "bytes")
-        return parsedBytes(row, word);
-    QString const decodedWord = decoded(row, word);
-    if (cppTypeName(row) == "QString")
-        return decodedWord;
-    return word;
+    return std::visit([&](auto const& accessors) -> Value { return parsedAs<decltype(accessors.get())>(row, words); }, row.accessors);
 }
 
 namespace {
