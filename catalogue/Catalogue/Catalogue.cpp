@@ -2,6 +2,8 @@
 #include <Catalogue/Catalogue.h>
 
 #include <algorithm>
+#include <functional>
+#include <map>
 #include <memory>
 #include <utility>
 
@@ -17,7 +19,23 @@ Row row(char const* name, Store store, T (*get)(), void (*set)(T const&), QStrin
     return {name, store, Accessors<T>{get, set}, computedDefault};
 }
 
-Place place(char const* name, QString (*get)()) { return {name, get}; }
+template <typename T>
+Row row(char const* name, Store store, T (*get)(), void (*set)(T))
+{
+    return {name, store, Accessors<T>{get, set}};
+}
+
+template <typename T>
+Family family(char const* name, Store store, T (*get)(QString), void (*set)(QString, T const&) = nullptr)
+{
+    return {name, store, KeyedAccessors<T>{get, set}};
+}
+
+template <typename Function>
+Place place(char const* name, Function* function, Root root, Use use, std::vector<std::string> arguments = {})
+{
+    return {name, root, use, function, std::move(arguments)};
+}
 
 } // namespace
 
@@ -78,7 +96,17 @@ std::vector<Row> const& preferences()
         row("npsEmailToSend", Store::product, &Settings::npsEmailToSend, &Settings::setNPSEmailToSend),
         row("achievedTutorials", Store::product, &Settings::achievedTutorials, &Settings::setAchievedTutorials),
         row("userCustomColors", Store::product, &Settings::userCustomColors, &Settings::setUserCustomColors),
+        row("SUAutomaticallyUpdate", Store::common, &Settings::autoDownloadUpdates, &Settings::setAutoDownloadUpdates),
         row("targetHistory", Store::product, &Settings::targetHistory, &Settings::setTargetHistory),
+    };
+    return rows;
+}
+
+std::vector<Family> const& families()
+{
+    static std::vector<Family> const rows = {
+        family("indicationObject", Store::product, &Settings::indicationObject, &Settings::setIndicationObject),
+        family("favoriteItems", Store::product, &Settings::favoriteItems),
     };
     return rows;
 }
@@ -86,17 +114,68 @@ std::vector<Row> const& preferences()
 std::vector<Place> const& places()
 {
     static std::vector<Place> const rows = {
-        place("defaultLumoraLibraryPath", &Settings::defaultLumoraLibraryPath),
-        place("defaultProjectPath", &Settings::defaultProjectPath),
-        place("defaultAudioRecordPath", &Settings::defaultAudioRecordPath),
-        place("defaultStabilizedFilePath", &Settings::defaultStabilizedFilePath),
-        place("defaultFastTrackContentPath", &Settings::defaultFastTrackContentPath),
-        place("defaultDownloadableResourcesPath", &Settings::defaultDownloadableResourcesPath),
-        place("defaultNewsCenterContentPath", &Settings::defaultNewsCenterContentPath),
-        place("defaultBundleShadowCachePath", &Settings::defaultBundleShadowCachePath),
-        place("defaultDownloaderCachePath", &Settings::defaultDownloaderCachePath),
-        place("defaultPackInAppCachePath", &Settings::defaultPackInAppCachePath),
-        place("defaultWaveformCachePath", &Settings::defaultWaveformCachePath),
+        place("productDataPath", &productDataPath, Root::data, Use::written),
+        place("defaultLumoraLibraryPath", &Settings::defaultLumoraLibraryPath, Root::movies, Use::fallback),
+        place("defaultProjectPath", &Settings::defaultProjectPath, Root::movies, Use::fallback),
+        place("defaultAudioRecordPath", &Settings::defaultAudioRecordPath, Root::music, Use::fallback),
+        place("defaultStabilizedFilePath", &Settings::defaultStabilizedFilePath, Root::movies, Use::fallback),
+        place("defaultFastTrackContentPath", &Settings::defaultFastTrackContentPath, Root::movies, Use::fallback),
+        place("defaultDownloadableResourcesPath", &Settings::defaultDownloadableResourcesPath, Root::movies, Use::fallback),
+        place("defaultNewsCenterContentPath", &Settings::defaultNewsCenterContentPath, Root::cache, Use::fallback),
+        place("defaultBundleShadowCachePath", &Settings::defaultBundleShadowCachePath, Root::cache, Use::fallback),
+        place("defaultDownloaderCachePath", &Settings::defaultDownloaderCachePath, Root::cache, Use::fallback),
+        place("defaultPackInAppCachePath", &Settings::defaultPackInAppCachePath, Root::cache, Use::fallback),
+        place("defaultWaveformCachePath", &Settings::defaultWaveformCachePath, Root::data, Use::fallback),
+        place("resourceFile", &resourceFile, Root::resources, Use::shipped, {"FILE"}),
+        place("stockSampleProjectsPath", &stockSampleProjectsPath, Root::resources, Use::shipped),
+        place("presetFilePath", &Settings::presetFilePath, Root::resources, Use::shipped),
+        place("transitionPreviewImageAPath", &Settings::transitionPreviewImageAPath, Root::resources, Use::shipped),
+        place("transitionPreviewImageBPath", &Settings::transitionPreviewImageBPath, Root::resources, Use::shipped),
+        place("titlePreviewImagePath", &Settings::titlePreviewImagePath, Root::resources, Use::shipped),
+        place("calloutPreviewImagePath", &Settings::calloutPreviewImagePath, Root::resources, Use::shipped),
+        place("quizPreviewImagePath", &Settings::quizPreviewImagePath, Root::resources, Use::shipped),
+        place("effectPreviewImagePath", &Settings::effectPreviewImagePath, Root::resources, Use::shipped),
+        place("audioPreviewImagePath", &Settings::audioPreviewImagePath, Root::resources, Use::shipped),
+        place("panZoomPreviewImagePath", &Settings::panZoomPreviewImagePath, Root::resources, Use::shipped),
+        place("animationBackgroundPreviewImagePath", &Settings::animationBackgroundPreviewImagePath, Root::resources, Use::shipped),
+        place("animationIconPreviewImagePath", &Settings::animationIconPreviewImagePath, Root::resources, Use::shipped),
+        place("colorFilterPreviewImagePath", &Settings::colorFilterPreviewImagePath, Root::resources, Use::shipped),
+        place("stockTitlesSvgPath", &Settings::stockTitlesSvgPath, Root::resources, Use::shipped),
+        place("stockCalloutsSvgPath", &Settings::stockCalloutsSvgPath, Root::resources, Use::shipped),
+        place("stockStickersSvgPath", &Settings::stockStickersSvgPath, Root::resources, Use::shipped),
+        place("stockImportsPath", &Settings::stockImportsPath, Root::resources, Use::shipped),
+        place("stockAudioEffectsPath", &Settings::stockAudioEffectsPath, Root::resources, Use::shipped),
+        place("stockVideoEffectsPath", &Settings::stockVideoEffectsPath, Root::resources, Use::shipped),
+        place("stockPipEffectsPath", &Settings::stockPipEffectsPath, Root::resources, Use::shipped),
+        place("stockColorFiltersPath", &Settings::stockColorFiltersPath, Root::resources, Use::shipped),
+        place("stockTransitionsPath", &Settings::stockTransitionsPath, Root::resources, Use::shipped),
+        place("stockAnimationsPath", &Settings::stockAnimationsPath, Root::resources, Use::shipped),
+        place("stockPanAndZoomPath", &Settings::stockPanAndZoomPath, Root::resources, Use::shipped),
+        place("stockContentPackagesPath", &Settings::stockContentPackagesPath, Root::resources, Use::shipped),
+        place("stockServicePackagesPath", &Settings::stockServicePackagesPath, Root::resources, Use::shipped),
+        place("stockWizardPackagesPath", &Settings::stockWizardPackagesPath, Root::resources, Use::shipped),
+        place("stockThemesPath", &Settings::stockThemesPath, Root::resources, Use::shipped),
+        place("stockWizardBackgroundsPath", &Settings::stockWizardBackgroundsPath, Root::resources, Use::shipped),
+        place("blurMasksPath", &Settings::blurMasksPath, Root::resources, Use::shipped),
+        place("flyingObjectsPath", &Settings::flyingObjectsPath, Root::resources, Use::shipped),
+        place("stockMusicPath", &Settings::stockMusicPath, Root::nothing, Use::fragment),
+        place("stockAudioPath", &Settings::stockAudioPath, Root::nothing, Use::fragment),
+        place("stockVideoPath", &Settings::stockVideoPath, Root::nothing, Use::fragment),
+        place("stockBackgroundsPath", &Settings::stockBackgroundsPath, Root::nothing, Use::fragment),
+        place("userIntrosPath", &Settings::userIntrosPath, Root::data, Use::written),
+        place("userOverlaysPath", &Settings::userOverlaysPath, Root::data, Use::written),
+        place("userEffectsPath", &Settings::userEffectsPath, Root::data, Use::written, {"NAME"}),
+        place("userUnsplashPath", &Settings::userUnsplashPath, Root::data, Use::written),
+        place("unsplashContentPath", &Settings::unsplashContentPath, Root::data, Use::written),
+        place("packageDeploymentPath", &Settings::packageDeploymentPath, Root::data, Use::written),
+        place("fastTrackConfigurationPath", &Settings::fastTrackConfigurationPath, Root::data, Use::written),
+        place("waveformConfigurationPath", &Settings::waveformConfigurationPath, Root::data, Use::written),
+        place("stockPackagesStatisticsPath", &Settings::stockPackagesStatisticsPath, Root::data, Use::written),
+        place("deployedPackagesStatisticsPath", &Settings::deployedPackagesStatisticsPath, Root::data, Use::written),
+        place("notificationFile", &Settings::notificationFile, Root::resources, Use::shipped, {"finish", "error"}),
+        place("countDownImagePath", &Settings::countDownImagePath, Root::nothing, Use::embedded),
+        place("portableProjectMediaPath", &Settings::portableProjectMediaPath, Root::nothing, Use::fragment),
+        place("sampleProjectPath", &Settings::sampleProjectPath, Root::resources, Use::shipped),
     };
     return rows;
 }
@@ -114,10 +193,50 @@ Row const* findPreference(std::string const& name)
     return found == preferences().end() ? nullptr : &*found;
 }
 
-char const* placeName(QString (*function)())
+Place const* findPlace(std::string const& name)
 {
-    return std::find_if(places().begin(), places().end(), [&](Place const& place) { return place.get == function; })->name;
+    auto const found = std::find_if(places().begin(), places().end(), [&](Place const& place) { return place.name == name; });
+    return found == places().end() ? nullptr : &*found;
 }
+
+Place const& placeOf(QString (*function)())
+{
+    auto const computes = [&](Place const& place) { return place.function == decltype(place.function)(function); };
+    return *std::find_if(places().begin(), places().end(), computes);
+}
+
+namespace {
+
+QString asPath(QString const& path) { return path; }
+QString asPath(std::string const& path) { return QString::fromStdString(path); }
+
+Settings::Notifications notification(std::string const& name)
+{
+    static std::map<std::string, Settings::Notifications> const sounds = {{"finish", Settings::FinishNotification},
+                                                                          {"error", Settings::ErrorNotification}};
+    return sounds.at(name);
+}
+
+// Calls a function of a place with what it takes of `argument`.
+struct Asked {
+    std::string const& argument;
+
+    template <typename Path>
+    QString operator()(Path (*function)()) const
+    {
+        return asPath(function());
+    }
+    template <typename Path>
+    QString operator()(Path (*function)(std::string const&)) const
+    {
+        return asPath(function(argument));
+    }
+    QString operator()(QString (*function)(Settings::Notifications)) const { return function(notification(argument)); }
+};
+
+} // namespace
+
+QString Place::path(std::string const& argument) const { return std::visit(Asked{argument}, function); }
 
 Value Row::read() const
 {
@@ -126,7 +245,12 @@ Value Row::read() const
 
 void Row::write(Value const& value) const
 {
-    std::visit([&](auto const& typed) { typed.set(std::get<decltype(typed.get())>(value)); }, accessors);
+    std::visit(
+        [&](auto const& typed) {
+            auto const& typedValue = std::get<decltype(typed.get())>(value);
+            std::visit([&](auto const set) { set(typedValue); }, typed.set);
+        },
+        accessors);
 }
 
 namespace {
@@ -161,25 +285,23 @@ private:
     mutable std::optional<std::string> m_askedKey;
 };
 
-// The library bound to stores that hold nothing, for as long as the object lives.
-class WithoutStoredValues {
+// The library bound to `context`, for as long as the object lives.
+class BoundForAMoment {
 public:
-    WithoutStoredValues()
-    {
-        SettingsContext context = m_earlier;
-        context.commonStorage = common;
-        context.productStorage = product;
-        Settings::init(context);
-    }
-    ~WithoutStoredValues() { Settings::init(m_earlier); }
-    WithoutStoredValues(WithoutStoredValues const&) = delete;
-    WithoutStoredValues& operator=(WithoutStoredValues const&) = delete;
-
-    std::shared_ptr<NothingStored> const common = std::make_shared<NothingStored>();
-    std::shared_ptr<NothingStored> const product = std::make_shared<NothingStored>();
+    explicit BoundForAMoment(SettingsContext const& context) { Settings::init(context); }
+    ~BoundForAMoment() { Settings::init(m_earlier); }
+    BoundForAMoment(BoundForAMoment const&) = delete;
+    BoundForAMoment& operator=(BoundForAMoment const&) = delete;
 
 private:
     SettingsContext const m_earlier = s_instance;
+};
+
+// The library bound to stores that hold nothing, for as long as the object lives.
+struct WithoutStoredValues {
+    std::shared_ptr<NothingStored> const common = std::make_shared<NothingStored>();
+    std::shared_ptr<NothingStored> const product = std::make_shared<NothingStored>();
+    BoundForAMoment const binding{{s_instance.productInfo, common, product, s_instance.resourcesRoot}};
 };
 
 std::shared_ptr<ISettingsStorage> boundStore(Store store)
@@ -189,12 +311,15 @@ std::shared_ptr<ISettingsStorage> boundStore(Store store)
 
 } // namespace
 
-Observation observe(Row const& row)
+namespace {
+
+// `read` asks for at most one key.
+Observation observeReading(std::function<Value()> const& read)
 {
     Observation result;
     {
         WithoutStoredValues const stores;
-        result.defaultValue = row.read();
+        result.defaultValue = read();
         if (stores.product->askedKey())
             result.store = Store::product;
         if (stores.common->askedKey())
@@ -202,9 +327,51 @@ Observation observe(Row const& row)
         if (result.store)
             result.key = *(result.store == Store::common ? stores.common : stores.product)->askedKey();
     }
-    result.value = row.read();
+    result.value = read();
     result.isStored = result.store && boundStore(*result.store)->contains(result.key);
     return result;
+}
+
+// Product information that answers as another object does, and notes what it was asked.
+class NotingProductInfo final : public IProductInfo {
+public:
+    explicit NotingProductInfo(std::shared_ptr<IProductInfo const> inner) : m_inner(std::move(inner)) {}
+
+    std::vector<std::string> const& asked() const { return m_asked; }
+
+    std::string vendorName() const override { return note("vendorName"), m_inner->vendorName(); }
+    std::string productName() const override { return note("productName"), m_inner->productName(); }
+    std::string sharedDataFolderName() const override { return note("sharedDataFolderName"), m_inner->sharedDataFolderName(); }
+    int productKind() const override { return note("productKind"), m_inner->productKind(); }
+    std::string projectFileExtensions() const override { return note("projectFileExtensions"), m_inner->projectFileExtensions(); }
+
+private:
+    void note(char const* operation) const { m_asked.emplace_back(operation); }
+
+    std::shared_ptr<IProductInfo const> m_inner;
+    mutable std::vector<std::string> m_asked;
+};
+
+} // namespace
+
+Observation observe(Row const& row)
+{
+    return observeReading([&] { return row.read(); });
+}
+
+Observation observe(Family const& family, QString const& name)
+{
+    return observeReading([&] { return std::visit([&](auto const& typed) -> Value { return typed.get(name); }, family.accessors); });
+}
+
+std::vector<std::string> askedOfTheProduct(Place const& place)
+{
+    auto const noting = std::make_shared<NotingProductInfo>(s_instance.productInfo.lock());
+    SettingsContext context = s_instance;
+    context.productInfo = noting;
+    BoundForAMoment const binding(context);
+    place.path(place.arguments.empty() ? std::string() : place.arguments.front());
+    return noting->asked();
 }
 
 bool unset(Row const& row)

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// The preferences as tools see them: one row for each, made from the addresses of the library's own functions, so that
-// a tool reaches a preference the way the editor does. Defaults, keys and whether a preference is stored are observed
-// at the stores, never restated here.
+// The preferences and locations as tools see them: one row for each, made from the addresses of the library's own
+// functions, so that a tool reaches them the way the editor does. Defaults, keys, whether a preference is stored and
+// what a location asks of the product are observed at the collaborators, never restated here.
 //
-// To observe, the library is bound to other stores for a moment. So nothing here may run beside another call of the
-// library: this is for tools, not for the editor itself.
+// To observe, the library is bound to other collaborators for a moment. So nothing here may run beside another call of
+// the library: this is for tools, not for the editor itself.
 #pragma once
 
 #include <Settings/Settings.h>
@@ -26,12 +26,12 @@ using Value = std::variant<bool, int, std::string, QString, QByteArray, QStringL
 template <typename T>
 struct Accessors {
     T (*get)();
-    void (*set)(T const&);
+    std::variant<void (*)(T const&), void (*)(T)> set;
 };
 
 /// One preference.
 struct Row {
-    char const* name;
+    char const* name; ///< Its key.
     Store store;
     std::variant<Accessors<bool>, Accessors<int>, Accessors<std::string>, Accessors<QString>, Accessors<QByteArray>, Accessors<QStringList>>
         accessors;                          ///< In the order of the alternatives of `Value`.
@@ -43,10 +43,54 @@ struct Row {
     void write(Value const& value) const;
 };
 
+/// The getter and the setter, if there is one, of values of type `T` under keys that are made from a name.
+template <typename T>
+struct KeyedAccessors {
+    T (*get)(QString);
+    void (*set)(QString, T const&);
+};
+
+/// Settings that the editor keeps under names of its own choice.
+struct Family {
+    char const* name; ///< Of the getter, without namespace.
+    Store store;
+    std::variant<KeyedAccessors<QByteArray>, KeyedAccessors<QStringList>> accessors;
+};
+
+/// What a location starts from.
+enum class Root {
+    movies,    ///< The movies location of the editor's platform library.
+    music,     ///< The music location, likewise.
+    cache,     ///< The cache location, likewise.
+    data,      ///< Qt's generic data location.
+    resources, ///< The resources root of the binding.
+    nothing,   ///< The text is fixed.
+};
+
+/// What the editor does with a location.
+enum class Use {
+    fallback, ///< Takes it for a folder preference that is not stored.
+    written,  ///< Writes there, and makes the folder first where it is missing.
+    shipped,  ///< Reads what the product brings along.
+    fragment, ///< Joins it to a folder of its choice: by itself it is no place.
+    embedded, ///< Finds it in the application's own program, not on disk.
+};
+
 /// One location.
 struct Place {
     char const* name; ///< Of the function, without namespace.
-    QString (*get)();
+    Root root;
+    Use use;
+    std::variant<QString (*)(), std::string (*)(), QString (*)(std::string const&), std::string (*)(std::string const&),
+                 QString (*)(Settings::Notifications)>
+        function;
+    /// What to ask it about, for a listing: an example where it takes any name, and every answer where it takes a few.
+    /// Empty where it takes nothing.
+    std::vector<std::string> arguments = {};
+
+    /// What the function gives now, for `argument` where it takes one: a name in UTF-8, or "finish" or "error" for a
+    /// notification, `std::out_of_range` for another.
+    QString path(std::string const& argument = {}) const;
 };
 
 /// What a look at the stores tells of a preference.
@@ -65,13 +109,22 @@ Row const* findPreference(std::string const& name);
 /// Preferences that the library has a key and a default for, but no accessors.
 std::vector<std::string> const& preferencesWithoutAccessors();
 
-/// The locations that preferences fall back on.
+/// The settings under names of the editor's choice.
+std::vector<Family> const& families();
+
+/// All locations, in the order of the library's header.
 std::vector<Place> const& places();
-/// The name of the location that `function`, one of those in `places`, computes.
-char const* placeName(QString (*function)());
+/// The location called `name`; null where there is none.
+Place const* findPlace(std::string const& name);
+/// The location that `function`, one of those in `places`, computes.
+Place const& placeOf(QString (*function)());
+/// The operations of `IProductInfo` that the library asks for a location, in their order.
+std::vector<std::string> askedOfTheProduct(Place const& place);
 
 /// Looks at a preference in the stores that the library is bound to.
 Observation observe(Row const& row);
+/// Looks at what `family` keeps under `name`.
+Observation observe(Family const& family, QString const& name);
 /// Removes what is stored for a preference, so that reads give the default again. Whether anything was stored.
 bool unset(Row const& row);
 

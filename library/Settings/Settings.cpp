@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // Static objects come to life in the order of this file, which is relied on: first the product's folder name, then the
-// keys and defaults of the preferences, the folder names, the list separator and, as the last definition, s_instance.
+// keys and defaults of the preferences, the folder names, the names of resource files, the list separator and, as the
+// last definition, s_instance.
 // The defaults that copy format names need libLumoraConf, which is loaded before this library as it is linked to it.
 #include <Settings/Settings.h>
 
@@ -9,8 +10,14 @@
 #include <Lumora/Util/ByteConversion.h>
 #include <Lumora/Util/StandardPaths.h>
 
+#include <QDateTime>
 #include <QDir>
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QObject>
+#include <QRegExp>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -395,8 +402,18 @@ QString Settings::npsEmailToSend() { return read(npsEmailToSendKey, npsEmailToSe
 void Settings::setNPSEmailToSend(QString const& value) { write(npsEmailToSendKey, value, product); }
 
 // --- Composite settings ----------------------------------------------------------------------------------------------
+//
+// Lists, the updater's preference, and keys that are made from a caller's name, which enters them as it is.
 
 namespace {
+
+// The updater's own key. The default differs from that of autoUpdate: nothing is downloaded unasked.
+constexpr char const* autoDownloadUpdatesKey = "SUAutomaticallyUpdate";
+constexpr bool autoDownloadUpdatesDefault = false;
+
+std::string indicationKey(QString const& name) { return QStringLiteral("Indication/%1").arg(name).toStdString(); }
+
+std::string favoritesKey(QString const& name) { return QStringLiteral("favorites_%1").arg(name).toStdString(); }
 
 // The export targets of a product of kind 1, which forgets them when the process ends.
 std::string usedOutputDirectories;
@@ -414,6 +431,15 @@ std::string const userCustomColorsKey = "userCustomColors";
 QStringList const userCustomColorsDefault;
 QStringList Settings::userCustomColors() { return read(userCustomColorsKey, userCustomColorsDefault, product); }
 void Settings::setUserCustomColors(QStringList const& colors) { write(userCustomColorsKey, colors, product); }
+
+bool Settings::autoDownloadUpdates() { return read(autoDownloadUpdatesKey, autoDownloadUpdatesDefault, common); }
+void Settings::setAutoDownloadUpdates(bool enabled) { write(autoDownloadUpdatesKey, enabled, common); }
+
+QByteArray Settings::indicationObject(QString name) { return read(indicationKey(name), QByteArray(), product); }
+void Settings::setIndicationObject(QString name, QByteArray const& data) { write(indicationKey(name), data, product); }
+
+// The lists are written by the part of the editor that shows them.
+QStringList Settings::favoriteItems(QString name) { return read(favoritesKey(name), QStringList(), product); }
 
 std::string const targetHistoryKey = "targetHistory";
 std::string const targetHistoryDefault;
@@ -509,6 +535,221 @@ QString Settings::defaultBundleShadowCachePath() { return makeDefaultPath(QStand
 QString Settings::defaultDownloaderCachePath() { return makeDefaultPath(QStandardPaths::CacheLocation, downloaderCacheDirectory); }
 QString Settings::defaultPackInAppCachePath() { return makeDefaultPath(QStandardPaths::CacheLocation, packInAppCacheDirectory); }
 QString Settings::defaultWaveformCachePath() { return sharedDataPath() + QLatin1String("/Waveforms/") + waveformCacheDirectory; }
+
+// --- Stock content and resources -------------------------------------------------------------------------------------
+//
+// Three forms that stay apart, as hosts compare the paths as text: a resource file is joined, made absolute and narrow;
+// a stock folder is concatenated, with a doubled separator inside and one at its end; a fragment is for the caller to join.
+
+std::string const presetFilePath = "presets-videoeditor.json";
+// Reserved: nothing here reads it.
+std::string const userPresetFilePath = "customPresets.json";
+std::string const transitionPreviewFileAPath = "resources/samples/transitionPreview1.png";
+std::string const transitionPreviewFileBPath = "resources/samples/transitionPreview2.png";
+std::string const titlePreviewFilePath = "resources/samples/titlePreview.png";
+std::string const calloutPreviewFilePath = "resources/samples/calloutPreview.png";
+std::string const quizPreviewFilePath = "resources/samples/quizPreview.png";
+std::string const effectPreviewFilePath = "resources/samples/effectPreview.png";
+// Called otherwise than its function: the file shows the audio player.
+std::string const audioPreviewFilePath = "resources/samples/audioPlayerPreview.png";
+std::string const panZoomPreviewFilePath = "resources/samples/panZoomPreview.png";
+std::string const animationBackgroundPreviewFilePath = "resources/samples/animationBackgroundPreview.png";
+std::string const animationIconPreviewFilePath = "resources/samples/animationIconPreview.png";
+std::string const colorFilterPreviewFilePath = "resources/samples/colorFilterPreview.png";
+
+namespace {
+
+// As a C string, so up to its first NUL; resourceFile takes the root whole.
+QString resourcesRoot() { return QString::fromUtf8(s_instance.resourcesRoot.utf8string().c_str()); }
+
+QString stockPath(QLatin1String folder) { return resourcesRoot() + QLatin1String("/resources/samples/stock/") + folder; }
+
+} // namespace
+
+std::string resourceFile(std::string const& relative)
+{
+    Lumora::ioPath path = s_instance.resourcesRoot;
+    path /= Lumora::ioPath(relative);
+    path.make_preferred();
+    return path.absolute_path().utf8string();
+}
+
+std::string Settings::presetFilePath() { return resourceFile(::presetFilePath); }
+std::string Settings::transitionPreviewImageAPath() { return resourceFile(transitionPreviewFileAPath); }
+std::string Settings::transitionPreviewImageBPath() { return resourceFile(transitionPreviewFileBPath); }
+std::string Settings::titlePreviewImagePath() { return resourceFile(titlePreviewFilePath); }
+std::string Settings::calloutPreviewImagePath() { return resourceFile(calloutPreviewFilePath); }
+std::string Settings::quizPreviewImagePath() { return resourceFile(quizPreviewFilePath); }
+std::string Settings::effectPreviewImagePath() { return resourceFile(effectPreviewFilePath); }
+std::string Settings::audioPreviewImagePath() { return resourceFile(audioPreviewFilePath); }
+std::string Settings::panZoomPreviewImagePath() { return resourceFile(panZoomPreviewFilePath); }
+std::string Settings::animationBackgroundPreviewImagePath() { return resourceFile(animationBackgroundPreviewFilePath); }
+std::string Settings::animationIconPreviewImagePath() { return resourceFile(animationIconPreviewFilePath); }
+std::string Settings::colorFilterPreviewImagePath() { return resourceFile(colorFilterPreviewFilePath); }
+
+QString Settings::stockTitlesSvgPath() { return stockPath(QLatin1String("/titles/")); }
+QString Settings::stockCalloutsSvgPath() { return stockPath(QLatin1String("/callouts/")); }
+QString Settings::stockStickersSvgPath() { return stockPath(QLatin1String("/stickers/")); }
+QString Settings::stockImportsPath() { return stockPath(QLatin1String("/imports/")); }
+QString Settings::stockAudioEffectsPath() { return stockPath(QLatin1String("/audioEffects/")); }
+QString Settings::stockVideoEffectsPath() { return stockPath(QLatin1String("/videoEffects/")); }
+QString Settings::stockPipEffectsPath() { return stockPath(QLatin1String("/pipEffects/")); }
+QString Settings::stockColorFiltersPath() { return stockPath(QLatin1String("/colorFilters/")); }
+QString Settings::stockTransitionsPath() { return stockPath(QLatin1String("/transitions/")); }
+QString Settings::stockAnimationsPath() { return stockPath(QLatin1String("/animations/")); }
+QString Settings::stockPanAndZoomPath() { return stockPath(QLatin1String("/panandzoom/")); }
+QString Settings::stockContentPackagesPath() { return stockPath(QLatin1String("/packages/Content/")); }
+QString Settings::stockServicePackagesPath() { return stockPath(QLatin1String("/packages/Service/")); }
+QString Settings::stockWizardPackagesPath() { return stockPath(QLatin1String("/packages/Wizard/")); }
+QString Settings::stockThemesPath() { return stockPath(QLatin1String("/themes/")); }
+QString Settings::stockWizardBackgroundsPath() { return stockPath(QLatin1String("/wizardBackgrounds/")); }
+QString Settings::blurMasksPath() { return stockPath(QLatin1String("/blurMasks/")); }
+QString Settings::flyingObjectsPath() { return stockPath(QLatin1String("/flyingObjects/")); }
+
+QString Settings::stockMusicPath() { return QStringLiteral("/Music Library/"); }
+QString Settings::stockAudioPath() { return QStringLiteral("/Audio/"); }
+QString Settings::stockVideoPath() { return QStringLiteral("/Video/"); }
+QString Settings::stockBackgroundsPath() { return QStringLiteral("/Backgrounds/"); }
+
+// --- User content, notifications and configuration -------------------------------------------------------------------
+//
+// Concatenated and left so, but for the two Unsplash folders, which are cleaned and native.
+
+namespace {
+
+// Seven characters: the backslash escapes the slash and is itself let through, as is the asterisk.
+QString sanitized(QString fileName) { return fileName.replace(QRegExp(QStringLiteral("[\\/:?\"<>|]")), QStringLiteral("_")); }
+
+QString productFolder(QLatin1String folder)
+{
+    return QDir::toNativeSeparators(QDir::cleanPath(productDataPath() + QDir::separator() + folder));
+}
+
+} // namespace
+
+// Intros by name, imports by folder: hosts rely on both.
+QString Settings::userIntrosPath() { return sharedDataPath() + QLatin1String("/UserImports/"); }
+QString Settings::userOverlaysPath() { return sharedDataPath() + QLatin1String("/UserOverlays/"); }
+QString Settings::userEffectsPath(std::string const& name)
+{
+    return sharedDataPath() + QLatin1String("/UserEffects/") + sanitized(QString::fromStdString(name)) + QDir::separator();
+}
+QString Settings::userUnsplashPath() { return productFolder(QLatin1String("Unsplash/SavedCollection")); }
+QString Settings::unsplashContentPath() { return productFolder(QLatin1String("Unsplash/Content")); }
+
+// "VideoEditor" whatever the product: these three are shared by all editors of the vendor.
+QString Settings::packageDeploymentPath() { return vendorDataPath() + QLatin1String("/SharedData/VideoEditor/Packages/"); }
+QString Settings::fastTrackConfigurationPath() { return vendorDataPath() + QLatin1String("/SharedData/VideoEditor/FastTrack/"); }
+QString Settings::waveformConfigurationPath()
+{
+    return vendorDataPath() + QLatin1String("/SharedData/VideoEditor/Waveforms/Configuration/");
+}
+
+QString Settings::stockPackagesStatisticsPath() { return productDataPath() + QLatin1String("/StockPackagesStats/"); }
+// Deployed packages keep their statistics where they lie.
+QString Settings::deployedPackagesStatisticsPath() { return packageDeploymentPath(); }
+
+QString Settings::notificationFile(Notifications kind)
+{
+    QString const folder = resourcesRoot() + QLatin1String("/resources/samples/notifications/");
+    switch (kind) {
+    case FinishNotification:
+        return folder + QLatin1String("finish.wav");
+    case ErrorNotification:
+        return folder + QLatin1String("error.wav");
+    }
+    return folder; // a sound that this version does not know
+}
+
+QString Settings::countDownImagePath() { return countDownPadImage; }
+QFont Settings::countFiguresDownFont() { return countDownFont; }
+QString Settings::portableProjectMediaPath() { return QStringLiteral("/media/"); }
+
+// --- Generated file names --------------------------------------------------------------------------------------------
+//
+// The number after the highest in the folder. What is escaped, in what case a name is compared and how often the
+// folder is asked for differs between the three on purpose: files that users have keep the numbers they count as.
+
+namespace {
+
+// Files only, without hidden ones; `filter` must match the whole name, in any case.
+QStringList fileNames(QString const& folder, QString const& filter) { return QDir(folder).entryList({filter}, QDir::Files, QDir::Name); }
+
+// The highest number that the first group of `pattern` finds anywhere in one of the names; 0 without one. A number
+// that does not fit an int counts as 0.
+int extractVaryingNumber(QStringList names, QString pattern)
+{
+    QRegExp number(pattern);
+    int highest = 0;
+    while (!names.isEmpty())
+        if (number.indexIn(names.takeFirst()) >= 0)
+            highest = std::max(highest, number.cap(1).toInt());
+    return highest;
+}
+
+// After the largest number comes the smallest.
+int following(int number) { return static_cast<int>(static_cast<unsigned>(number) + 1); }
+
+QString joined(QString const& folder, QString const& name) { return QStringList{folder, name}.join(QDir::separator()); }
+
+} // namespace
+
+QString Settings::generateAudioRecordFilePath()
+{
+    QStringList const names = fileNames(audioRecordPath(), QStringLiteral("Rec-*-*-*.*"));
+    QString const number = QString::number(following(extractVaryingNumber(names, QStringLiteral("Rec-(\\d+)-.*"))));
+    QString const timestamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyy.MM.dd-HH.mm.ss"));
+    QString const extension = QString::fromStdString(audioRecordFormat()).toLower();
+    // The folder is asked for again: a host may have changed it meanwhile, and the recording belongs into the new one.
+    return joined(audioRecordPath(), QStringLiteral("Rec-%1-%2.%3").arg(number, timestamp, extension));
+}
+
+QString Settings::generateFreezedFilePath(QString sourceFilePath)
+{
+    QString const stem = QFileInfo(sourceFilePath).completeBaseName();
+    QString const format = QString::fromStdString(freezedFileFormat());
+    QString const folder = exportPath();
+    QStringList names = fileNames(folder, QStringLiteral("*.%1").arg(format));
+    auto const isOfOtherSource = [&](QString const& name) { return !QFileInfo(name).completeBaseName().startsWith(stem); };
+    names.erase(std::remove_if(names.begin(), names.end(), isOfOtherSource), names.end());
+    // One pass for each argument, so a placeholder that the stem brings in is filled as well.
+    QString const pattern = QStringLiteral("%1 \\((\\d+)\\)\\.%2").arg(QRegExp::escape(stem)).arg(format);
+    qlonglong const number = following(extractVaryingNumber(names, pattern));
+    return joined(folder, QStringLiteral("%1 (%2).%3").arg(stem).arg(number).arg(format));
+}
+
+QString Settings::generateStabilizedFilePath(QString sourceFilePath, QString fileFormat)
+{
+    // Up to the first dot, and with its wildcards and pattern characters at work.
+    QString const stem = QFileInfo(sourceFilePath).baseName();
+    QStringList const names = fileNames(stabilizedFilePath(), stem + QLatin1String("-*.*"));
+    QString const number = QString::number(following(extractVaryingNumber(names, stem + QLatin1String("-(\\d+).*"))));
+    // Asked for again, as for recordings.
+    return joined(stabilizedFilePath(), QStringLiteral("%1-%2.%3").arg(stem, number, fileFormat));
+}
+
+// --- Project files ---------------------------------------------------------------------------------------------------
+
+QString Settings::projectNameDefault() { return QObject::tr("New Project"); }
+
+QStringList Settings::supportedProjectFileExtensions()
+{
+    return QString::fromStdString(productInfo()->projectFileExtensions()).split(QLatin1Char(','), Qt::SkipEmptyParts);
+}
+
+QString Settings::projectFileExtension() { return supportedProjectFileExtensions().value(0, QStringLiteral("")); } // empty, not null
+QString Settings::projectFileSaveFilter() { return QStringLiteral("*.%1").arg(projectFileExtension()); }
+QString Settings::projectFileOpenFilter() { return QLatin1String("*.") + supportedProjectFileExtensions().join(QLatin1String(" *.")); }
+
+QString stockSampleProjectsPath() { return stockPath(QLatin1String("projects")); }
+
+QString Settings::sampleProjectPath()
+{
+    QString const folder = stockSampleProjectsPath();
+    QStringList const filters = projectFileOpenFilter().split(QLatin1Char(' '), Qt::KeepEmptyParts);
+    QDirIterator samples(folder, filters, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
+    return samples.hasNext() ? samples.next() : QString();
+}
 
 // --- The last objects to come to life ----------------------------------------------------------------------------------
 

@@ -246,6 +246,17 @@ EDITOR_SETTINGS_EXPORT void setAchievedTutorials(QStringList const& tutorials);
 /// The user's own colours, in whatever text the host uses, as a list. Default: empty.
 EDITOR_SETTINGS_EXPORT QStringList userCustomColors();
 EDITOR_SETTINGS_EXPORT void setUserCustomColors(QStringList const& colors);
+/// Whether the updater downloads what it finds, under the updater's own key "SUAutomaticallyUpdate" in `commonStorage`.
+/// Default: false, unlike that of `autoUpdate`.
+EDITOR_SETTINGS_EXPORT bool autoDownloadUpdates();
+EDITOR_SETTINGS_EXPORT void setAutoDownloadUpdates(bool enabled);
+/// What the editor keeps for the indication called `name`, under the key "Indication/" and the name as it is. Null where
+/// nothing was ever set.
+EDITOR_SETTINGS_EXPORT QByteArray indicationObject(QString name);
+EDITOR_SETTINGS_EXPORT void setIndicationObject(QString name, QByteArray const& data);
+/// The favourites of the list called `name`, under the key "favorites_" and the name as it is. Default: empty. Whoever
+/// writes them takes the same key and `write` for a list.
+EDITOR_SETTINGS_EXPORT QStringList favoriteItems(QString name);
 /// Recent export targets in one string that the caller composes; stored whole. For a product of kind 1 it is kept in
 /// process memory, reaches no store, and the calls must stay on one thread. Default: empty.
 EDITOR_SETTINGS_EXPORT std::string targetHistory();
@@ -313,5 +324,138 @@ EDITOR_SETTINGS_EXPORT QString defaultPackInAppCachePath();
 /// "/home/u/.local/share/Lumora/SharedData/VideoEditor/Waveforms/Cache" (vendor and shared-data folder name). As
 /// concatenated, with "/" on every platform.
 EDITOR_SETTINGS_EXPORT QString defaultWaveformCachePath();
+
+} // namespace Settings
+
+// --- Stock content and resources -------------------------------------------------------------------------------------
+//
+// What the product ships, below the resources root of the binding; the examples take "/opt/editor". Nothing tests
+// whether it is there. The three forms differ, so compare a path only with one of its own form.
+
+/// The resource `relative` to the root, absolute, with preferred separators, in UTF-8: "/opt/editor/resources/x.png" for
+/// "resources/x.png". A relative root is resolved against the current directory, an absolute `relative` replaces it.
+EDITOR_SETTINGS_EXPORT std::string resourceFile(std::string const& relative);
+/// The folder of sample projects: "/opt/editor/resources/samples/stock/projects". Concatenated, without a separator at
+/// the end; the root counts up to its first NUL.
+EDITOR_SETTINGS_EXPORT QString stockSampleProjectsPath();
+
+namespace Settings {
+
+/// What `resourceFile` gives for "presets-videoeditor.json": "/opt/editor/presets-videoeditor.json"
+EDITOR_SETTINGS_EXPORT std::string presetFilePath();
+/// The previews likewise: "/opt/editor/resources/samples/transitionPreview1.png"
+EDITOR_SETTINGS_EXPORT std::string transitionPreviewImageAPath();
+EDITOR_SETTINGS_EXPORT std::string transitionPreviewImageBPath();         ///< transitionPreview2.png
+EDITOR_SETTINGS_EXPORT std::string titlePreviewImagePath();               ///< titlePreview.png
+EDITOR_SETTINGS_EXPORT std::string calloutPreviewImagePath();             ///< calloutPreview.png
+EDITOR_SETTINGS_EXPORT std::string quizPreviewImagePath();                ///< quizPreview.png
+EDITOR_SETTINGS_EXPORT std::string effectPreviewImagePath();              ///< effectPreview.png
+EDITOR_SETTINGS_EXPORT std::string audioPreviewImagePath();               ///< audioPlayerPreview.png
+EDITOR_SETTINGS_EXPORT std::string panZoomPreviewImagePath();             ///< panZoomPreview.png
+EDITOR_SETTINGS_EXPORT std::string animationBackgroundPreviewImagePath(); ///< animationBackgroundPreview.png
+EDITOR_SETTINGS_EXPORT std::string animationIconPreviewImagePath();       ///< animationIconPreview.png
+EDITOR_SETTINGS_EXPORT std::string colorFilterPreviewImagePath();         ///< colorFilterPreview.png
+
+/// Stock folders: "/opt/editor/resources/samples/stock//titles/". The root up to its first NUL, then the folder as
+/// concatenated: the separator is doubled and one stands at the end, on every platform "/".
+EDITOR_SETTINGS_EXPORT QString stockTitlesSvgPath();
+EDITOR_SETTINGS_EXPORT QString stockCalloutsSvgPath();       ///< …//callouts/
+EDITOR_SETTINGS_EXPORT QString stockStickersSvgPath();       ///< …//stickers/
+EDITOR_SETTINGS_EXPORT QString stockImportsPath();           ///< …//imports/
+EDITOR_SETTINGS_EXPORT QString stockAudioEffectsPath();      ///< …//audioEffects/
+EDITOR_SETTINGS_EXPORT QString stockVideoEffectsPath();      ///< …//videoEffects/
+EDITOR_SETTINGS_EXPORT QString stockPipEffectsPath();        ///< …//pipEffects/
+EDITOR_SETTINGS_EXPORT QString stockColorFiltersPath();      ///< …//colorFilters/
+EDITOR_SETTINGS_EXPORT QString stockTransitionsPath();       ///< …//transitions/
+EDITOR_SETTINGS_EXPORT QString stockAnimationsPath();        ///< …//animations/
+EDITOR_SETTINGS_EXPORT QString stockPanAndZoomPath();        ///< …//panandzoom/
+EDITOR_SETTINGS_EXPORT QString stockContentPackagesPath();   ///< …//packages/Content/
+EDITOR_SETTINGS_EXPORT QString stockServicePackagesPath();   ///< …//packages/Service/
+EDITOR_SETTINGS_EXPORT QString stockWizardPackagesPath();    ///< …//packages/Wizard/
+EDITOR_SETTINGS_EXPORT QString stockThemesPath();            ///< …//themes/
+EDITOR_SETTINGS_EXPORT QString stockWizardBackgroundsPath(); ///< …//wizardBackgrounds/
+EDITOR_SETTINGS_EXPORT QString blurMasksPath();              ///< …//blurMasks/
+EDITOR_SETTINGS_EXPORT QString flyingObjectsPath();          ///< …//flyingObjects/
+
+/// Fragments, for the caller to join to a root of its own choice.
+EDITOR_SETTINGS_EXPORT QString stockMusicPath();       ///< "/Music Library/"
+EDITOR_SETTINGS_EXPORT QString stockAudioPath();       ///< "/Audio/"
+EDITOR_SETTINGS_EXPORT QString stockVideoPath();       ///< "/Video/"
+EDITOR_SETTINGS_EXPORT QString stockBackgroundsPath(); ///< "/Backgrounds/"
+
+// --- User content, notifications and configuration -------------------------------------------------------------------
+//
+// Concatenated with "/" at the end, doubled separators left, but for the two Unsplash folders.
+
+/// The user's own intros: "/home/u/.local/share/Lumora/SharedData/VideoEditor/UserImports/"
+EDITOR_SETTINGS_EXPORT QString userIntrosPath();
+/// "/home/u/.local/share/Lumora/SharedData/VideoEditor/UserOverlays/"
+EDITOR_SETTINGS_EXPORT QString userOverlaysPath();
+/// "/home/u/.local/share/Lumora/SharedData/VideoEditor/UserEffects/My_Effect_/" for "My:Effect?": each of / : ? " < > |
+/// in `name`, which is UTF-8, becomes "_". An empty name leaves a doubled separator.
+EDITOR_SETTINGS_EXPORT QString userEffectsPath(std::string const& name);
+/// "/home/u/.local/share/Lumora/Lumora Video Editor/Unsplash/SavedCollection", cleaned, with native separators.
+EDITOR_SETTINGS_EXPORT QString userUnsplashPath();
+/// "/home/u/.local/share/Lumora/Lumora Video Editor/Unsplash/Content", cleaned, with native separators.
+EDITOR_SETTINGS_EXPORT QString unsplashContentPath();
+/// "/home/u/.local/share/Lumora/SharedData/VideoEditor/Packages/"; "VideoEditor" for every product of the vendor, here
+/// and in the next two.
+EDITOR_SETTINGS_EXPORT QString packageDeploymentPath();
+/// "/home/u/.local/share/Lumora/SharedData/VideoEditor/FastTrack/"
+EDITOR_SETTINGS_EXPORT QString fastTrackConfigurationPath();
+/// "/home/u/.local/share/Lumora/SharedData/VideoEditor/Waveforms/Configuration/"
+EDITOR_SETTINGS_EXPORT QString waveformConfigurationPath();
+/// "/home/u/.local/share/Lumora/Lumora Video Editor/StockPackagesStats/"
+EDITOR_SETTINGS_EXPORT QString stockPackagesStatisticsPath();
+/// The same as `packageDeploymentPath()`.
+EDITOR_SETTINGS_EXPORT QString deployedPackagesStatisticsPath();
+
+/// The sounds of notifications.
+enum Notifications : int { FinishNotification = 0, ErrorNotification = 1 };
+/// "/opt/editor/resources/samples/notifications/finish.wav" or ".../error.wav"; for any other value the folder, with "/"
+/// at its end. The root counts up to its first NUL.
+EDITOR_SETTINGS_EXPORT QString notificationFile(Notifications kind);
+
+EDITOR_SETTINGS_EXPORT QString countDownImagePath();       ///< A copy of `countDownPadImage`.
+EDITOR_SETTINGS_EXPORT QFont countFiguresDownFont();       ///< A copy of `countDownFont`.
+EDITOR_SETTINGS_EXPORT QString portableProjectMediaPath(); ///< "/media/", to be joined to a portable project's folder.
+
+// --- Generated file names --------------------------------------------------------------------------------------------
+//
+// Each lists a folder and answers with a name whose number is one above the highest there. Nothing is created or
+// reserved: two calls before the caller has made the file give the same number. To claim a name, make the folder and
+// open the file so that it must not exist. A folder that is missing or cannot be read counts as empty. After 2147483647
+// comes -2147483648, which later calls do not count.
+
+/// "/home/u/Music/Lumora Video Editor/Recorded Audio/Rec-4-2024.03.09-17.05.31.wav": in `audioRecordPath()`, with the
+/// local time and `audioRecordFormat()` in lower case. "Rec-3-…" counts whatever its extension.
+/// The folder is asked for twice, so a change in between lists one folder and names a file in the other.
+EDITOR_SETTINGS_EXPORT QString generateAudioRecordFilePath();
+/// "/home/u/Videos/Lumora Library/Holiday.final (2).png" for "/a/Holiday.final.mov": in `exportPath()`, named after the
+/// source up to its last dot, with `freezedFileFormat()`. Only files of that format count. The source need not exist.
+/// A "%1" in the source's name is taken for a placeholder, and such a name is never counted.
+EDITOR_SETTINGS_EXPORT QString generateFreezedFilePath(QString sourceFilePath);
+/// "/home/u/Videos/Lumora Video Editor/Stabilized/Holiday-4.mp4" for "/a/Holiday.final.mov" and "mp4": in
+/// `stabilizedFilePath()`, which is asked for twice, named after the source up to its first dot. Any extension counts.
+/// Wildcards and pattern characters in the source's name are at work, so "Clip (1)" gives a name that may exist.
+EDITOR_SETTINGS_EXPORT QString generateStabilizedFilePath(QString sourceFilePath, QString fileFormat);
+
+// --- Project files ---------------------------------------------------------------------------------------------------
+//
+// The extensions are the product's, as it gives them: in its order, case and blanks, empty ones left out.
+
+/// "New Project", translated at each call in context "QObject".
+EDITOR_SETTINGS_EXPORT QString projectNameDefault();
+/// All extensions, without dots: "lumora", "lumorax".
+EDITOR_SETTINGS_EXPORT QStringList supportedProjectFileExtensions();
+/// The extension for saving, which is the first: "lumora". Empty, not null, where there is none.
+EDITOR_SETTINGS_EXPORT QString projectFileExtension();
+/// For a save dialog, without description: "*.lumora"; "*." without extensions.
+EDITOR_SETTINGS_EXPORT QString projectFileSaveFilter();
+/// For an open dialog, without description: "*.lumora *.lumorax"; "*." without extensions.
+EDITOR_SETTINGS_EXPORT QString projectFileOpenFilter();
+/// The first file below `stockSampleProjectsPath()` that matches the open filter, in any case; null where there is none.
+/// Links, hidden files and hidden folders are left out. Which file is first is up to the file system.
+EDITOR_SETTINGS_EXPORT QString sampleProjectPath();
 
 } // namespace Settings

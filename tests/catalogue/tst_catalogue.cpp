@@ -137,10 +137,81 @@ TEST_F(CatalogueOfPreferences, UnknownNameIsNotFound)
     EXPECT_EQ(Catalogue::preferencesWithoutAccessors(), std::vector<std::string>{"stabilizedFileFormat"});
 }
 
-TEST_F(CatalogueOfPreferences, PlacesAreNamedAfterTheirFunctions)
+TEST_F(CatalogueOfPreferences, SetterThatTakesItsValueByValueIsCalledToo)
 {
-    EXPECT_STREQ(Catalogue::placeName(&Settings::defaultProjectPath), "defaultProjectPath");
-    EXPECT_STREQ(Catalogue::placeName(&Settings::defaultLumoraLibraryPath), "defaultLumoraLibraryPath");
+    row("SUAutomaticallyUpdate").write(true);
+    EXPECT_EQ(calls(), (Calls{"common.setBool(\"SUAutomaticallyUpdate\", true)"}));
+    EXPECT_EQ(row("SUAutomaticallyUpdate").read(), Value(true));
+}
+
+// --- Families ---
+
+class CatalogueOfFamilies : public BoundLibrary {};
+
+TEST_F(CatalogueOfFamilies, AreTheTwoThatTheLibraryHas)
+{
+    ASSERT_EQ(Catalogue::families().size(), 2u);
+    EXPECT_STREQ(Catalogue::families()[0].name, "indicationObject");
+    EXPECT_STREQ(Catalogue::families()[1].name, "favoriteItems");
+}
+
+TEST_F(CatalogueOfFamilies, AreObservedUnderTheKeyOfAName)
+{
+    m_productValues->setString("favorites_fonts", "a|#|b");
+    Catalogue::Observation const favorites = Catalogue::observe(Catalogue::families()[1], QStringLiteral("fonts"));
+    EXPECT_EQ(favorites.key, "favorites_fonts");
+    EXPECT_EQ(favorites.store, Store::product);
+    EXPECT_TRUE(favorites.isStored);
+    EXPECT_EQ(favorites.value, Value(QStringList{QStringLiteral("a"), QStringLiteral("b")}));
+    EXPECT_EQ(favorites.defaultValue, Value(QStringList()));
+    Catalogue::Observation const indication = Catalogue::observe(Catalogue::families()[0], QStringLiteral("a/b"));
+    EXPECT_EQ(indication.key, "Indication/a/b");
+    EXPECT_FALSE(indication.isStored);
+    EXPECT_EQ(indication.value, Value(QByteArray()));
+}
+
+// --- Places ---
+
+class CatalogueOfPlaces : public BoundLibrary {};
+
+TEST_F(CatalogueOfPlaces, GiveWhatTheirFunctionsGive)
+{
+    EXPECT_EQ(Catalogue::findPlace("defaultProjectPath")->path(), inHome("Videos/Lumora Video Editor/Projects"));
+    EXPECT_EQ(Catalogue::findPlace("presetFilePath")->path(), QStringLiteral("/resources/presets-videoeditor.json"));
+    EXPECT_EQ(Catalogue::findPlace("stockMusicPath")->path(), QStringLiteral("/Music Library/"));
+}
+
+TEST_F(CatalogueOfPlaces, HandOnTheirArgument)
+{
+    EXPECT_EQ(Catalogue::findPlace("resourceFile")->path("a/b.png"), QStringLiteral("/resources/a/b.png"));
+    EXPECT_EQ(Catalogue::findPlace("userEffectsPath")->path("a:b"), inHome(".local/share/Vendor/SharedData/Shared/UserEffects/a_b/"));
+    Catalogue::Place const* const sound = Catalogue::findPlace("notificationFile");
+    EXPECT_EQ(sound->path("finish"), QStringLiteral("/resources/resources/samples/notifications/finish.wav"));
+    EXPECT_EQ(sound->path("error"), QStringLiteral("/resources/resources/samples/notifications/error.wav"));
+    EXPECT_THROW(sound->path("other"), std::out_of_range);
+    EXPECT_EQ(sound->arguments, (std::vector<std::string>{"finish", "error"}));
+}
+
+TEST_F(CatalogueOfPlaces, AreFoundByNameAndFunction)
+{
+    EXPECT_STREQ(Catalogue::placeOf(&Settings::defaultProjectPath).name, "defaultProjectPath");
+    EXPECT_STREQ(Catalogue::placeOf(&Settings::defaultLumoraLibraryPath).name, "defaultLumoraLibraryPath");
+    EXPECT_FALSE(Catalogue::findPlace("makeDefaultPath"));
+    EXPECT_FALSE(Catalogue::findPlace("DefaultProjectPath"));
+}
+
+TEST_F(CatalogueOfPlaces, TellWhatTheyAskOfTheProduct)
+{
+    using Names = std::vector<std::string>;
+    auto const asked = [](char const* name) { return Catalogue::askedOfTheProduct(*Catalogue::findPlace(name)); };
+    EXPECT_EQ(asked("productDataPath"), (Names{"vendorName", "productName"}));
+    EXPECT_EQ(asked("userEffectsPath"), (Names{"vendorName", "sharedDataFolderName"}));
+    EXPECT_EQ(asked("packageDeploymentPath"), Names{"vendorName"});
+    EXPECT_EQ(asked("defaultLumoraLibraryPath"), Names{"productKind"});
+    EXPECT_EQ(asked("sampleProjectPath"), Names{"projectFileExtensions"});
+    EXPECT_EQ(asked("defaultProjectPath"), Names{});
+    EXPECT_EQ(asked("notificationFile"), Names{});
+    EXPECT_EQ(s_instance.productInfo.lock(), m_productInfo) << "the binding is as it was";
 }
 
 } // namespace

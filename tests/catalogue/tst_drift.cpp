@@ -12,6 +12,7 @@
 #include <cxxabi.h>
 #include <dlfcn.h>
 
+#include <functional>
 #include <map>
 #include <regex>
 #include <set>
@@ -21,8 +22,23 @@ namespace {
 using Catalogue::Row;
 using Names = std::set<std::string>;
 
-// What is exported under `Settings::` and is neither a preference's accessor nor a location, and why.
-std::map<std::string, std::string> const otherFunctions = {{"init", "binds the library"}};
+// What is exported and is neither an accessor of a preference or a family nor a location, and why.
+std::map<std::string, std::string> const otherFunctions = {
+    {"Settings::init", "binds the library"},
+    {"read", "takes any key"},
+    {"write", "takes any key"},
+    {"makeDefaultPath", "is what the default folders are made with"},
+    {"nonLocalizedProductName", "is a name, not a location"},
+    {"Settings::countFiguresDownFont", "is a font"},
+    {"Settings::generateAudioRecordFilePath", "makes a new name at each call"},
+    {"Settings::generateFreezedFilePath", "makes a new name at each call"},
+    {"Settings::generateStabilizedFilePath", "makes a new name at each call"},
+    {"Settings::projectNameDefault", "is a text to show"},
+    {"Settings::supportedProjectFileExtensions", "is about extensions"},
+    {"Settings::projectFileExtension", "is about extensions"},
+    {"Settings::projectFileSaveFilter", "is about extensions"},
+    {"Settings::projectFileOpenFilter", "is about extensions"},
+};
 
 void expectSame(Names const& left, char const* leftName, Names const& right, char const* rightName)
 {
@@ -32,6 +48,24 @@ void expectSame(Names const& left, char const* leftName, Names const& right, cha
         EXPECT_EQ(left.count(name), 1u) << name << " is in " << rightName << " but not in " << leftName;
 }
 
+// The name of an exported function, without arguments and ABI tag.
+template <typename Function>
+std::string nameOf(Function* function)
+{
+    Dl_info info = {};
+    if (!::dladdr(reinterpret_cast<void*>(function), &info) || !info.dli_sname || info.dli_saddr != reinterpret_cast<void*>(function))
+        return "a function that is not exported";
+    char* const demangled = abi::__cxa_demangle(info.dli_sname, nullptr, nullptr, nullptr);
+    std::string name = demangled ? demangled : info.dli_sname;
+    std::free(demangled);
+    return name.substr(0, name.find_first_of("[("));
+}
+
+std::string nameOf(Catalogue::Place const& place)
+{
+    return std::visit([](auto const function) { return nameOf(function); }, place.function);
+}
+
 Names expectedFunctions()
 {
     Names names;
@@ -39,13 +73,21 @@ Names expectedFunctions()
         if (row.hasAccessors())
             names.insert({row.getter, row.setter});
     for (Catalogue::Place const& place : Catalogue::places())
-        names.insert(std::string("Settings::") + place.name);
+        names.insert(nameOf(place));
+    for (Catalogue::Family const& family : Catalogue::families())
+        std::visit(
+            [&](auto const& accessors) {
+                names.insert(nameOf(accessors.get));
+                if (accessors.set)
+                    names.insert(nameOf(accessors.set));
+            },
+            family.accessors);
     for (auto const& [name, reason] : otherFunctions)
-        names.insert("Settings::" + name);
+        EXPECT_TRUE(names.insert(name).second) << name << " has a row although it is on the list of those that have none";
     return names;
 }
 
-// The functions of namespace Settings that the header declares, with their results.
+// The functions that the header declares, with their results.
 std::map<std::string, std::string> declaredFunctions()
 {
     std::ifstream file(TESTS_DATA "/../../library/Settings/Settings.h");
@@ -57,8 +99,8 @@ std::map<std::string, std::string> declaredFunctions()
         if (line == "namespace Settings {" || line == "} // namespace Settings")
             inNamespace = line[0] == 'n';
         std::smatch match;
-        if (inNamespace && std::regex_match(line, match, declaration))
-            functions["Settings::" + match[2].str()] = match[1];
+        if (std::regex_match(line, match, declaration))
+            functions[(inNamespace ? "Settings::" : "") + match[2].str()] = match[1];
     }
     return functions;
 }
@@ -66,7 +108,7 @@ std::map<std::string, std::string> declaredFunctions()
 Names exportedFunctions()
 {
     Names names;
-    std::regex const function("\\S+ T (Settings::\\w+)(\\[abi:cxx11\\])?\\(.*");
+    std::regex const function("\\S+ T ([\\w:]+)(\\[abi:cxx11\\])?\\(.*");
     for (std::string const& line : lines(run({"nm", "--dynamic", "--defined-only", "--demangle", LIBRARY_FILE}).out)) {
         std::smatch match;
         if (std::regex_match(line, match, function))
@@ -81,14 +123,14 @@ TEST(Drift, HeaderDeclaresWhatTableAndRowsName)
     for (auto const& [name, result] : declaredFunctions())
         declared.insert(name);
     ASSERT_GT(declared.size(), 100u);
-    expectSame(declared, "Settings.h", expectedFunctions(), "preferences.tsv, the places or the list of other functions");
+    expectSame(declared, "Settings.h", expectedFunctions(), "preferences.tsv, the rows or the list of other functions");
 }
 
 TEST(Drift, LibraryExportsWhatTableAndRowsName)
 {
     Names const exported = exportedFunctions();
     ASSERT_GT(exported.size(), 100u);
-    expectSame(exported, "the library", expectedFunctions(), "preferences.tsv, the places or the list of other functions");
+    expectSame(exported, "the library", expectedFunctions(), "preferences.tsv, the rows or the list of other functions");
 }
 
 TEST(Drift, HeaderDeclaresTheTypesOfTheTable)
@@ -116,19 +158,6 @@ TEST(Drift, EveryRowOfTheTableHasARowOfTheCatalogue)
     expectSame(withoutAccessors, "preferences.tsv", Names(reserved.begin(), reserved.end()), "the preferences without accessors");
 }
 
-// The name of an exported function, without arguments and ABI tag.
-template <typename Function>
-std::string nameOf(Function* function)
-{
-    Dl_info info = {};
-    if (!::dladdr(reinterpret_cast<void*>(function), &info) || !info.dli_sname || info.dli_saddr != reinterpret_cast<void*>(function))
-        return "a function that is not exported";
-    char* const demangled = abi::__cxa_demangle(info.dli_sname, nullptr, nullptr, nullptr);
-    std::string name = demangled ? demangled : info.dli_sname;
-    std::free(demangled);
-    return name.substr(0, name.find_first_of("[("));
-}
-
 std::string cppType(Row const& row)
 {
     char const* const names[] = {"bool", "int", "std::string", "QString", "QByteArray", "QStringList"};
@@ -147,7 +176,7 @@ TEST_P(DriftOfRow, RowAgreesWithTheTable)
     std::visit(
         [&](auto const& accessors) {
             EXPECT_EQ(nameOf(accessors.get), expected.getter);
-            EXPECT_EQ(nameOf(accessors.set), expected.setter);
+            std::visit([&](auto const set) { EXPECT_EQ(nameOf(set), expected.setter); }, accessors.set);
         },
         row->accessors);
 
@@ -157,7 +186,7 @@ TEST_P(DriftOfRow, RowAgreesWithTheTable)
 
     ASSERT_EQ(row->computedDefault != nullptr, expected.hasComputedDefault());
     if (row->computedDefault) {
-        EXPECT_EQ(Catalogue::placeName(row->computedDefault) + std::string("()"), expected.defaultValue);
+        EXPECT_EQ(Catalogue::placeOf(row->computedDefault).name + std::string("()"), expected.defaultValue);
         EXPECT_EQ(observation.defaultValue, Catalogue::Value(row->computedDefault())) << "the getter falls back on another location";
     }
 }
@@ -171,10 +200,81 @@ std::vector<PreferenceRow> rowsWithAccessors()
 
 INSTANTIATE_TEST_SUITE_P(Table, DriftOfRow, testing::ValuesIn(rowsWithAccessors()), [](auto const& test) { return test.param.key; });
 
-TEST(Drift, EveryPlaceIsNamedAfterItsFunction)
+std::string withoutNamespace(std::string const& name) { return name.substr(name.rfind(':') + 1); }
+
+TEST(Drift, EveryPlaceAndFamilyIsNamedAfterItsFunction)
 {
+    Names names;
+    for (Catalogue::Place const& place : Catalogue::places()) {
+        EXPECT_EQ(withoutNamespace(nameOf(place)), place.name);
+        EXPECT_TRUE(names.insert(place.name).second) << place.name << " has two rows";
+    }
+    for (Catalogue::Family const& family : Catalogue::families())
+        EXPECT_EQ(withoutNamespace(std::visit([](auto const& accessors) { return nameOf(accessors.get); }, family.accessors)), family.name);
+}
+
+TEST(Drift, EveryFolderPreferenceFallsBackOnALocationOfThatUse)
+{
+    Names fallbacks;
+    for (Row const& row : Catalogue::preferences())
+        if (row.computedDefault)
+            fallbacks.insert(Catalogue::placeOf(row.computedDefault).name);
+    Names places;
     for (Catalogue::Place const& place : Catalogue::places())
-        EXPECT_EQ(nameOf(place.get), std::string("Settings::") + place.name);
+        if (place.use == Catalogue::Use::fallback)
+            places.insert(place.name);
+    expectSame(fallbacks, "the preferences", places, "the places");
+}
+
+// --- What a place starts from, and what it asks of the product ---
+
+class DriftOfPlace : public BoundLibrary, public testing::WithParamInterface<Catalogue::Place> {};
+
+// Moves one root after the other and looks which one takes the place along.
+TEST_P(DriftOfPlace, PlaceStartsFromItsRoot)
+{
+    using Catalogue::Root;
+    Catalogue::Place const& place = GetParam();
+    m_home.write("R/resources/samples/stock/projects/sample.ext1", "");
+    auto const bindResources = [&](char const* folder) {
+        SettingsContext context = s_instance;
+        context.resourcesRoot = Lumora::ioPath(inHome(folder).toStdString());
+        Settings::init(context);
+    };
+    bindResources("R");
+    std::string const argument = place.arguments.empty() ? "" : place.arguments.front();
+    QString const before = place.path(argument);
+    EXPECT_FALSE(before.isEmpty());
+
+    std::map<Root, std::function<void()>> const moves = {
+        {Root::movies, [&] { m_home.write(".config/user-dirs.dirs", "XDG_VIDEOS_DIR=\"$HOME/elsewhere\"\n"); }},
+        {Root::music,
+         [&] { m_home.write(".config/user-dirs.dirs", "XDG_VIDEOS_DIR=\"$HOME/elsewhere\"\nXDG_MUSIC_DIR=\"$HOME/elsewhere\"\n"); }},
+        {Root::cache, [&] { ::setenv("XDG_CACHE_HOME", "/elsewhere", 1); }},
+        {Root::data, [&] { ::setenv("XDG_DATA_HOME", "/elsewhere", 1); }},
+        {Root::resources,
+         [&] {
+             m_home.write("elsewhere/resources/samples/stock/projects/sample.ext1", "");
+             bindResources("elsewhere");
+         }},
+    };
+    for (auto const& [root, move] : moves) {
+        QString const unmoved = place.path(argument);
+        move();
+        EXPECT_EQ(place.path(argument) != unmoved, root == place.root) << "root " << static_cast<int>(root);
+        if (root == place.root) {
+            EXPECT_TRUE(place.path(argument).contains(QStringLiteral("elsewhere")));
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Places, DriftOfPlace, testing::ValuesIn(Catalogue::places()), [](auto const& test) { return test.param.name; });
+
+TEST(Drift, OnlyAFragmentOrAnEmbeddedFileIsWithoutARoot)
+{
+    using Catalogue::Use;
+    for (Catalogue::Place const& place : Catalogue::places())
+        EXPECT_EQ(place.root == Catalogue::Root::nothing, place.use == Use::fragment || place.use == Use::embedded) << place.name;
 }
 
 } // namespace

@@ -105,7 +105,7 @@ TEST(Load, ObjectsComeToLifeInTheirOrder)
     EXPECT_EQ(objects.back(), "s_instance");
     EXPECT_EQ(position("listSeparator"), count - 2);
 
-    // Keys and defaults, then folder names.
+    // Keys and defaults, then folder names, then the names of resource files.
     std::ptrdiff_t const firstFolderName = position("Settings::lumoraLibrary");
     char const* const folderNames[] = {"lumoraLibrary",
                                        "projectDirectory",
@@ -125,7 +125,22 @@ TEST(Load, ObjectsComeToLifeInTheirOrder)
     std::ptrdiff_t next = firstFolderName;
     for (char const* name : folderNames)
         EXPECT_EQ(position(std::string("Settings::") + name), next++) << name;
-    EXPECT_EQ(next, count - 2) << "the folder names stand right before the list separator";
+    char const* const resourceFiles[] = {"presetFilePath",
+                                         "userPresetFilePath",
+                                         "transitionPreviewFileAPath",
+                                         "transitionPreviewFileBPath",
+                                         "titlePreviewFilePath",
+                                         "calloutPreviewFilePath",
+                                         "quizPreviewFilePath",
+                                         "effectPreviewFilePath",
+                                         "audioPreviewFilePath",
+                                         "panZoomPreviewFilePath",
+                                         "animationBackgroundPreviewFilePath",
+                                         "animationIconPreviewFilePath",
+                                         "colorFilterPreviewFilePath"};
+    for (char const* name : resourceFiles)
+        EXPECT_EQ(position(name), next++) << name;
+    EXPECT_EQ(next, count - 2) << "the names of files and folders stand right before the list separator";
     int keys = 0;
     for (std::ptrdiff_t index = 1; index < firstFolderName; ++index) {
         std::string const& name = objects[static_cast<std::size_t>(index)];

@@ -10,6 +10,7 @@
 #include <dlfcn.h>
 
 #include <fstream>
+#include <functional>
 #include <map>
 #include <regex>
 #include <sstream>
@@ -25,12 +26,12 @@ std::string getterSymbol(std::string const& name)
 }
 
 template <typename T>
-std::string setterSymbol(std::string const& name)
+std::string setterSymbol(std::string const& name, bool byValue = false)
 {
     std::string type = typeid(T).name();
     if (std::is_same_v<T, std::string>)
         type = "NSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEEE";
-    return "_ZN8Settings" + std::to_string(name.size()) + name + "ERK" + type;
+    return "_ZN8Settings" + std::to_string(name.size()) + name + (byValue ? "E" : "ERK") + type;
 }
 
 template <typename Function>
@@ -131,9 +132,12 @@ protected:
     {
         PreferenceRow const& row = GetParam();
         auto* const get = exported<T()>(getterSymbol<T>(withoutNamespace(row.getter)));
-        auto* const set = exported<void(T const&)>(setterSymbol<T>(withoutNamespace(row.setter)));
+        std::string const setter = setterSymbol<T>(withoutNamespace(row.setter), row.isOfUpdater());
+        std::function<void(T const&)> set = exported<void(T const&)>(setter);
         ASSERT_TRUE(get) << row.getter << " is not exported with this type";
         ASSERT_TRUE(set) << row.setter << " is not exported with this type";
+        if (row.isOfUpdater())
+            set = exported<void(T)>(setter);
 
         T defaultValue{};
         Calls before;
@@ -203,10 +207,10 @@ std::string implementation()
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-TEST(PreferenceTable, HoldsFiftyFivePreferencesAndOneWithoutAccessors)
+TEST(PreferenceTable, HoldsFiftySixPreferencesAndOneWithoutAccessors)
 {
-    EXPECT_EQ(preferenceTable().size(), 55u);
-    EXPECT_EQ(rowsWithAccessors().size(), 54u);
+    EXPECT_EQ(preferenceTable().size(), 56u);
+    EXPECT_EQ(rowsWithAccessors().size(), 55u);
 }
 
 TEST(PreferenceTable, EveryRowHasBothConstants)
@@ -218,6 +222,8 @@ TEST(PreferenceTable, EveryRowHasBothConstants)
                                                         {"png", "IFormatFile::FORMAT_PNG"},
                                                         {"pcm_s16le", "IFormatCodecAudio::CODEC_ID_PCM_S16LE"}};
     for (PreferenceRow const& row : preferenceTable()) {
+        if (row.isOfUpdater())
+            continue;
         std::string const keyConstant = "\nstd::string const " + row.key + "Key = \"" + row.key + "\";\n";
         std::string defaultConstant = '\n' + row.type + " const " + row.key + "Default";
         if (!row.hasComputedDefault() && row.defaultValue != "\"\"" && row.defaultValue != "{}") {
@@ -238,7 +244,7 @@ TEST(PreferenceTable, EveryConstantHasARow)
     for (std::sregex_iterator match(code.begin(), code.end(), constant), end; match != end; ++match)
         ++constants[(*match)[1]];
     for (PreferenceRow const& row : preferenceTable()) {
-        EXPECT_EQ(constants[row.key], 2) << row.key << " has a key and a default";
+        EXPECT_EQ(constants[row.key], row.isOfUpdater() ? 0 : 2) << row.key << " has a key and a default";
         constants.erase(row.key);
     }
     for (auto const& [name, count] : constants)

@@ -17,6 +17,8 @@ struct PreferenceRow {
     std::string getter;       // qualified; "-" for none
     std::string setter;
 
+    // The updater's key is not the library's own: it has no constants, and its setter takes the value by value.
+    bool isOfUpdater() const { return key == "SUAutomaticallyUpdate"; }
     bool hasAccessors() const { return getter != "-"; }
     bool hasComputedDefault() const { return defaultValue.size() > 2 && defaultValue.substr(defaultValue.size() - 2) == "()"; }
 };

@@ -389,10 +389,11 @@ TEST_F(Tool, ListIsNarrowedByStateAndStore)
     said({"set", "npsSendCount", "0"});
     EXPECT_EQ(said({"list", "--set", "--plain"}), "autoUpdate\tbool\tcommon\tset\tfalse\nnpsSendCount\tint\tproduct\tset to default\t0\n");
     EXPECT_EQ(said({"list", "--store", "common", "--plain"}),
-              "autoUpdate\tbool\tcommon\tset\tfalse\nsendStatistics\tbool\tcommon\tunset\ttrue\n");
-    EXPECT_EQ(said({"list", "--store", "common", "--unset", "--plain"}), "sendStatistics\tbool\tcommon\tunset\ttrue\n");
+              "SUAutomaticallyUpdate\tbool\tcommon\tunset\tfalse\nautoUpdate\tbool\tcommon\tset\tfalse\n"
+              "sendStatistics\tbool\tcommon\tunset\ttrue\n");
+    EXPECT_EQ(said({"list", "s*", "--store", "common", "--unset", "--plain"}), "sendStatistics\tbool\tcommon\tunset\ttrue\n");
     EXPECT_EQ(lines(said({"list", "--store", "product", "--plain"})).size(), 52u);
-    EXPECT_EQ(lines(said({"list", "--unset", "--plain"})).size(), 52u);
+    EXPECT_EQ(lines(said({"list", "--unset", "--plain"})).size(), 53u);
     EXPECT_EQ(said({"list", "nothing*", "--plain"}), "");
     EXPECT_EQ(said({"list", "[ab]u*", "--set", "--plain"}), "autoUpdate\tbool\tcommon\tset\tfalse\n");
 }
@@ -402,7 +403,7 @@ TEST_F(Tool, ListAsJsonHasTypedValues)
     said({"set", "userCustomColors", "a", "b"});
     said({"set", "mainWindowState", "AP8="});
     json const list = json::parse(said({"list", "--json"}));
-    ASSERT_EQ(list.size(), 54u);
+    ASSERT_EQ(list.size(), 55u);
     std::map<std::string, json> byKey;
     for (json const& row : list)
         byKey[row["key"]] = row;

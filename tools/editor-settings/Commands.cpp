@@ -255,7 +255,7 @@ void explainPreference(Host::Application const& application, std::string const& 
     Look const look(application, preference(key));
     Observation const& observation = look.observation;
     std::string const computedBy =
-        look.row.computedDefault ? std::string("Settings::") + Catalogue::placeName(look.row.computedDefault) : "";
+        look.row.computedDefault ? std::string("Settings::") + Catalogue::placeOf(look.row.computedDefault).name : "";
     std::string const file = observation.store ? storage(application, *observation.store).file().u8string() : "";
 
     if (format == Format::json) {
