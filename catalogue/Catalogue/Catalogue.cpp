@@ -374,14 +374,6 @@ std::vector<std::string> askedOfTheProduct(Place const& place)
     return noting->asked();
 }
 
-bool unset(Row const& row)
-{
-    Observation const observation = observe(row);
-    if (observation.isStored)
-        boundStore(*observation.store)->remove(observation.key);
-    return observation.isStored;
-}
-
 bool comesBackUnchanged(QStringList const& list)
 {
     // A default passes through the same encoding as a stored list.

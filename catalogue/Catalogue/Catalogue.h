@@ -125,8 +125,6 @@ std::vector<std::string> askedOfTheProduct(Place const& place);
 Observation observe(Row const& row);
 /// Looks at what `family` keeps under `name`.
 Observation observe(Family const& family, QString const& name);
-/// Removes what is stored for a preference, so that reads give the default again. Whether anything was stored.
-bool unset(Row const& row);
 
 /// Whether a list comes back from a store as it was written: empty elements are lost, and the library's separator
 /// splits an element that holds it.

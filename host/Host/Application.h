@@ -22,6 +22,7 @@ public:
     Application(Application const&) = delete;
     Application& operator=(Application const&) = delete;
 
+    ProductFile const& productFile() const { return *m_productInfo; }
     Storage::SqliteStorage& commonStorage() const { return *m_commonStorage; }
     Storage::SqliteStorage& productStorage() const { return *m_productStorage; }
 

@@ -132,7 +132,7 @@ private:
 
 } // namespace
 
-ProductFile::ProductFile(fs::path const& file)
+ProductFile::ProductFile(fs::path const& file) : m_file(file)
 {
     Fields const fields(file);
     m_vendorName = fields.folderName("vendorName");

@@ -34,10 +34,13 @@ public:
     int productKind() const override { return m_productKind; }
     std::string projectFileExtensions() const override { return m_projectFileExtensions; }
 
+    /// The file that was read, as it was named.
+    std::filesystem::path const& file() const { return m_file; }
     /// The root of the product's resources, as an absolute path.
     std::filesystem::path const& resourcesRoot() const { return m_resourcesRoot; }
 
 private:
+    std::filesystem::path m_file;
     std::string m_vendorName;
     std::string m_productName;
     std::string m_sharedDataFolderName;

@@ -103,16 +103,6 @@ TEST_F(CatalogueOfPreferences, HistoryInMemoryAsksNoStore)
     EXPECT_EQ(Catalogue::observe(row("targetHistory")).store, Store::product);
 }
 
-TEST_F(CatalogueOfPreferences, UnsetRemovesTheKeyFromItsStore)
-{
-    m_commonValues->setBool("autoUpdate", false);
-    m_productValues->setBool("autoUpdate", false);
-    EXPECT_TRUE(Catalogue::unset(row("autoUpdate")));
-    EXPECT_FALSE(m_commonValues->contains("autoUpdate"));
-    EXPECT_TRUE(m_productValues->contains("autoUpdate")) << "a key of the other store that happens to be called the same";
-    EXPECT_FALSE(Catalogue::unset(row("autoUpdate"))) << "nothing was stored any more";
-}
-
 TEST_F(CatalogueOfPreferences, ListsThatComeBackUnchangedAreToldFromOthers)
 {
     auto const list = [](std::initializer_list<char const*> elements) {

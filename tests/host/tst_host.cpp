@@ -41,6 +41,7 @@ TEST_F(ProductFiles, EveryFieldIsAnswered)
     EXPECT_EQ(product.productKind(), 1);
     EXPECT_EQ(product.projectFileExtensions(), "one,two");
     EXPECT_EQ(product.resourcesRoot(), m_home.path() / "folder/share/resources") << "relative to the product file";
+    EXPECT_EQ(product.file().filename(), "product.json");
 }
 
 TEST_F(ProductFiles, AbsoluteResourcesRootIsKept)

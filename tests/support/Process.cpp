@@ -70,6 +70,13 @@ Ended run(std::vector<std::string> const& command, std::map<std::string, std::st
     return ended;
 }
 
+std::vector<std::string> withoutPrivileges(std::vector<std::string> command)
+{
+    if (::geteuid() == 0)
+        command.insert(command.begin(), {"setpriv", "--bounding-set=-dac_override,-dac_read_search", "--"});
+    return command;
+}
+
 std::vector<std::string> lines(std::string const& text)
 {
     std::vector<std::string> result;

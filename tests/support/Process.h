@@ -17,6 +17,9 @@ struct Ended {
 /// to the one of this process; standard input is empty. Throws `std::system_error` where it cannot be started.
 Ended run(std::vector<std::string> const& command, std::map<std::string, std::string> const& environment = {});
 
+/// `command` so that the rights of files count for it also where this process is root.
+std::vector<std::string> withoutPrivileges(std::vector<std::string> command);
+
 /// The lines of `text`, without their ends.
 std::vector<std::string> lines(std::string const& text);
 

@@ -1,56 +1,17 @@
 // SPDX-License-Identifier: MIT
+#include "Tool.h"
+
 #include <Storage/SqliteStorage.h>
-#include <TestKit/TemporaryHome.h>
 
 #include <support/Named.h>
 #include <support/OtherProgram.h>
-#include <support/Process.h>
 #include <support/Table.h>
-
-#include <gtest/gtest.h>
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 
-using nlohmann::json;
-
 namespace {
-
-class Tool : public testing::Test {
-protected:
-    Ended tool(std::vector<std::string> arguments, std::map<std::string, std::string> const& environment = {})
-    {
-        arguments.insert(arguments.begin(), TOOL);
-        return run(arguments, environment);
-    }
-
-    // What the tool prints, where it must succeed without a word on standard error.
-    std::string said(std::vector<std::string> const& arguments)
-    {
-        Ended const ended = tool(arguments);
-        EXPECT_EQ(ended.status, 0) << ended.err;
-        EXPECT_EQ(ended.err, "");
-        return ended.out;
-    }
-
-    // The reason for which the tool must say no, printing nothing.
-    std::string refused(std::vector<std::string> const& arguments, int status = 1)
-    {
-        Ended const ended = tool(arguments);
-        EXPECT_EQ(ended.status, status) << ended.err;
-        EXPECT_EQ(ended.out, "");
-        return ended.err;
-    }
-
-    std::string inHome(char const* relative) const { return (m_home.path() / relative).string(); }
-    std::string productFile() const { return inHome(".local/share/Lumora/Lumora Video Editor/product-settings.sqlite"); }
-    std::string commonFile() const { return inHome(".local/share/Lumora/common-settings.sqlite"); }
-
-    TestKit::TemporaryHome m_home;
-};
 
 // --- Values that stay ---
 
@@ -237,7 +198,8 @@ INSTANTIATE_TEST_SUITE_P(Table, WrongUsage,
 
 TEST_F(Tool, WrongVerbIsAnsweredWithTheVerbs)
 {
-    std::string const rest = "The verbs are list, get, set, unset and explain.\nRun with --help for more information.\n";
+    std::string const rest = "The verbs are list, get, set, unset, explain, paths, next-name, project, favorites, indication, tutorials, "
+                             "colors, target-history, completion and manual.\nRun with --help for more information.\n";
     EXPECT_EQ(refused({}, 2), "editor-settings: A verb is required\n" + rest);
     EXPECT_EQ(refused({"forget"}, 2), "editor-settings: The following argument was not expected: forget\n" + rest);
     EXPECT_EQ(refused({"--loud"}, 2), "editor-settings: The following argument was not expected: --loud\n" + rest);
@@ -249,7 +211,8 @@ TEST_F(Tool, HelpTellsVerbsAndExitStatus)
     for (char const* word :
          {"list", "get", "set", "unset", "explain", "--home", "EDITOR_SETTINGS_HOME", "--product", "EDITOR_SETTINGS_PRODUCT"})
         EXPECT_NE(help.find(word), std::string::npos) << word;
-    EXPECT_NE(help.find("  0  done\n  1  said no: unknown key, wrong value, trouble with a store or the product file\n  2  wrong usage\n"),
+    EXPECT_NE(help.find("  0  done\n  1  said no: unknown key, wrong value, trouble with a store or the product file, a folder that "
+                        "cannot be used\n  2  wrong usage\n"),
               std::string::npos);
     EXPECT_NE(said({"set", "--help"}).find("base64"), std::string::npos);
     EXPECT_EQ(said({"--version"}), "1.0.0\n");

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Commands.h"
 
-#include "Nearest.h"
+#include "Printing.h"
+#include "Setting.h"
 #include "Values.h"
 
 #include <Lumora/Util/ByteConversion.h>
@@ -9,142 +10,20 @@
 #include <QDateTime>
 
 #include <algorithm>
-#include <cstring>
 #include <iostream>
 
 #include <fnmatch.h>
 
 using Catalogue::Observation;
-using Catalogue::Row;
-using Catalogue::Store;
 using nlohmann::ordered_json;
 
 namespace {
 
-using Columns = std::vector<std::string>;
-
-Row const& preference(std::string const& key)
+std::string typeWithLanguage(Catalogue::Value const& value)
 {
-    if (Row const* const row = Catalogue::findPreference(key))
-        return *row;
-    auto const& reserved = Catalogue::preferencesWithoutAccessors();
-    if (std::find(reserved.begin(), reserved.end(), key) != reserved.end())
-        throw Refusal(key + " is reserved: the editor neither reads nor writes it, so it cannot be reached");
-    std::vector<std::string> names;
-    for (Row const& row : Catalogue::preferences())
-        names.push_back(row.name);
-    std::vector<std::string> const similar = nearest(key, names);
-    std::string suggestion;
-    for (std::string const& name : similar)
-        suggestion += (suggestion.empty() ? "did you mean " : " or ") + name;
-    throw Refusal("there is no preference " + quoted(key) + "; " + (similar.empty() ? "" : suggestion + "? ") +
-                  "'editor-settings list' shows all");
-}
-
-std::string name(Store store) { return store == Store::common ? "common" : "product"; }
-
-Storage::SqliteStorage& storage(Host::Application const& application, Store store)
-{
-    return store == Store::common ? application.commonStorage() : application.productStorage();
-}
-
-// A preference with all that is known of it.
-struct Look {
-    Look(Host::Application const& application, Row const& preferenceRow) : row(preferenceRow), observation(Catalogue::observe(row))
-    {
-        if (observation.isStored)
-            stored = storage(application, *observation.store).find(observation.key);
-    }
-
-    std::string storeName() const { return observation.store ? name(*observation.store) : "memory"; }
-
-    // Why a read gives the default although something is stored; empty where it does not.
-    std::string obstacle() const
-    {
-        if (stored && stored->kind != storedKind(row))
-            return "other kind";
-        return stored && std::holds_alternative<std::monostate>(stored->value) ? "unreadable" : "";
-    }
-
-    std::string state() const
-    {
-        if (!stored)
-            return "unset";
-        if (!obstacle().empty())
-            return obstacle();
-        return observation.value == observation.defaultValue ? "set to default" : "set";
-    }
-
-    Row row;
-    Observation observation;
-    std::optional<Storage::SqliteStorage::Row> stored;
-};
-
-std::string json(ordered_json const& value) { return value.dump(2, ' ', false, ordered_json::error_handler_t::replace); }
-
-std::string typeWithLanguage(Row const& row)
-{
-    std::string const type = typeName(row);
-    std::string const cpp = cppTypeName(row);
+    std::string const type = typeName(value);
+    std::string const cpp = cppTypeName(value);
     return type == cpp ? type : type + " (" + cpp + ')';
-}
-
-// --- Tables ---
-
-// Code points rather than bytes, so that columns line up in every script whose letters are one column wide.
-std::size_t width(std::string const& text)
-{
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; }));
-}
-
-std::string joined(Columns const& columns, char const* separator)
-{
-    std::string line;
-    for (std::string const& column : columns)
-        line += (&column == &columns.front() ? "" : separator) + column;
-    return line;
-}
-
-void printAligned(std::vector<Columns> const& table)
-{
-    std::vector<std::size_t> widths;
-    for (Columns const& line : table) {
-        widths.resize(line.size());
-        for (std::size_t column = 0; column < line.size(); ++column)
-            widths[column] = std::max(widths[column], width(line[column]));
-    }
-    for (Columns line : table) {
-        for (std::size_t column = 0; column < line.size(); ++column)
-            line[column].append(widths[column] - width(line[column]), ' ');
-        std::string const aligned = joined(line, "  ");
-        std::cout << aligned.substr(0, aligned.find_last_not_of(' ') + 1) << '\n';
-    }
-}
-
-void printTable(std::vector<Columns> table, Columns const& heading, Format format)
-{
-    if (format == Format::people) {
-        if (!heading.empty())
-            table.insert(table.begin(), heading);
-        printAligned(table);
-        return;
-    }
-    for (Columns const& line : table)
-        std::cout << joined(line, "\t") << '\n';
-}
-
-// Texts, lists and bytes can be long: people get the beginning, scripts the whole.
-std::string inColumn(Catalogue::Value const& value, Format format)
-{
-    constexpr std::size_t enough = 120;
-    QStringList const* const list = format == Format::people ? std::get_if<QStringList>(&value) : nullptr;
-    std::string const line = list ? onOneLine(list->join(QStringLiteral(", ")).toStdString()) : onOneLine(value);
-    if (format != Format::people || width(line) <= enough)
-        return line;
-    std::size_t end = 0;
-    for (std::size_t letters = 0; letters < enough - 1; ++end)
-        letters += (line[end + 1] & 0xC0) != 0x80;
-    return line.substr(0, end) + "\xE2\x80\xA6";
 }
 
 std::string inUtc(std::chrono::system_clock::time_point time)
@@ -153,28 +32,13 @@ std::string inUtc(std::chrono::system_clock::time_point time)
     return QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC).toString(Qt::ISODateWithMs).toStdString();
 }
 
-// --- list ---
-
-bool isListed(Look const& look, ListOptions const& options)
+bool isListed(Setting const& setting, ListOptions const& options)
 {
-    if (!options.pattern.empty() && ::fnmatch(options.pattern.c_str(), look.row.name, 0) != 0)
+    if (!options.pattern.empty() && ::fnmatch(options.pattern.c_str(), setting.key.c_str(), 0) != 0)
         return false;
-    if ((options.onlySet && !look.stored) || (options.onlyUnset && look.stored))
+    if ((options.onlySet && !setting.stored) || (options.onlyUnset && setting.stored))
         return false;
-    return !options.store || *options.store == name(look.row.store);
-}
-
-std::vector<Look> listedPreferences(Host::Application const& application, ListOptions const& options)
-{
-    std::vector<Row> sorted = Catalogue::preferences();
-    std::sort(sorted.begin(), sorted.end(), [](Row const& left, Row const& right) { return std::strcmp(left.name, right.name) < 0; });
-    std::vector<Look> looks;
-    for (Row const& row : sorted) {
-        Look look(application, row);
-        if (isListed(look, options))
-            looks.push_back(std::move(look));
-    }
-    return looks;
+    return !options.store || *options.store == name(setting.store);
 }
 
 // The value as the store holds it, of whichever kind.
@@ -200,95 +64,126 @@ std::string storedText(Storage::SqliteStorage::Value const& value)
 
 void listPreferences(Host::Application const& application, ListOptions const& options, Format format)
 {
-    std::vector<Look> const looks = listedPreferences(application, options);
+    std::vector<Setting> settings = allSettings(application);
+    auto const isLeftOut = [&](Setting const& setting) { return !isListed(setting, options); };
+    settings.erase(std::remove_if(settings.begin(), settings.end(), isLeftOut), settings.end());
     if (format == Format::json) {
         auto array = ordered_json::array();
-        for (Look const& look : looks) {
-            array.push_back({{"key", look.row.name},
-                             {"type", typeName(look.row)},
-                             {"store", look.storeName()},
-                             {"state", look.state()},
-                             {"value", toJson(look.observation.value)},
-                             {"default", toJson(look.observation.defaultValue)}});
+        for (Setting const& setting : settings) {
+            array.push_back({{"key", setting.key},
+                             {"type", typeName(setting.observation.value)},
+                             {"store", setting.storeName()},
+                             {"state", setting.state()},
+                             {"value", toJson(setting.observation.value)},
+                             {"default", toJson(setting.observation.defaultValue)}});
         }
-        std::cout << json(array) << '\n';
+        printJson(array);
         return;
     }
     std::vector<Columns> table;
-    for (Look const& look : looks)
-        table.push_back({look.row.name, typeName(look.row), look.storeName(), look.state(), inColumn(look.observation.value, format)});
+    for (Setting const& setting : settings)
+        table.push_back({onOneLine(setting.key), typeName(setting.observation.value), setting.storeName(), setting.state(),
+                         inColumn(setting.observation.value, format)});
     printTable(table, {"KEY", "TYPE", "STORE", "STATE", "VALUE"}, format);
 }
 
 void getPreference(Host::Application const& application, std::string const& key, Format format)
 {
-    Look const look(application, preference(key));
-    if (!look.obstacle().empty())
-        std::cerr << "editor-settings: " << key << " holds a value of kind " << look.stored->kind
-                  << (look.obstacle() == "unreadable" ? " that cannot be read" : "")
+    Setting const found = setting(application, key);
+    Catalogue::Value const& value = found.observation.value;
+    if (!found.obstacle().empty())
+        std::cerr << "editor-settings: " << onOneLine(key) << " holds a value of kind " << found.stored->kind
+                  << (found.obstacle() == "unreadable" ? " that cannot be read" : "")
                   << ", so the default is read; 'editor-settings explain " << key << "' shows both\n";
     if (format == Format::json)
-        std::cout << json({{"key", key}, {"type", typeName(look.row)}, {"value", toJson(look.observation.value)}}) << '\n';
+        printJson({{"key", key}, {"type", typeName(value)}, {"value", toJson(value)}});
     else if (format == Format::plain)
-        std::cout << onOneLine(look.observation.value) << '\n';
-    else if (look.observation.value != Catalogue::Value(QStringList()))
-        std::cout << text(look.observation.value) << '\n';
+        std::cout << onOneLine(value) << '\n';
+    else if (value != Catalogue::Value(QStringList()))
+        std::cout << text(value) << '\n';
 }
 
-void setPreference(Host::Application const&, std::string const& key, std::vector<std::string> const& words)
+void setPreference(Host::Application const& application, std::string const& key, std::vector<std::string> const& words)
 {
-    Row const& row = preference(key);
-    Catalogue::Value const value = parsed(row, words);
-    if (!Catalogue::observe(row).store)
+    Setting const found = setting(application, key);
+    if (!found.write)
+        throw Refusal(onOneLine(key) + " is written by the editor alone, so it cannot be set; 'editor-settings unset' removes it");
+    Catalogue::Value const value = parsed(key, found.observation.value, words);
+    if (!found.observation.store)
         throw Refusal(key + " is kept in memory only by a product of this kind, so it cannot be set from outside the editor");
-    row.write(value);
+    found.write(value);
 }
 
-void unsetPreference(Host::Application const&, std::string const& key)
+void unsetPreference(Host::Application const& application, std::string const& key)
 {
-    if (!Catalogue::unset(preference(key)))
-        std::cerr << "editor-settings: " << key << " was not set\n";
+    Setting const found = setting(application, key);
+    if (found.observation.isStored)
+        storage(application, *found.observation.store).remove(found.observation.key);
+    else
+        std::cerr << "editor-settings: " << onOneLine(key) << " was not set\n";
 }
 
 void explainPreference(Host::Application const& application, std::string const& key, Format format)
 {
-    Look const look(application, preference(key));
-    Observation const& observation = look.observation;
-    std::string const computedBy =
-        look.row.computedDefault ? std::string("Settings::") + Catalogue::placeOf(look.row.computedDefault).name : "";
+    Setting const found = setting(application, key);
+    Observation const& observation = found.observation;
+    std::string const computedBy = found.computedDefault ? std::string("Settings::") + Catalogue::placeOf(found.computedDefault).name : "";
     std::string const file = observation.store ? storage(application, *observation.store).file().u8string() : "";
 
     if (format == Format::json) {
         ordered_json stored = nullptr;
-        if (look.stored)
-            stored = {{"kind", look.stored->kind},
-                      {"value", std::visit(StoredAsJson(), look.stored->value)},
-                      {"changed", inUtc(look.stored->changed)}};
-        std::cout << json({{"key", key},
-                           {"type", typeName(look.row)},
-                           {"cppType", cppTypeName(look.row)},
-                           {"store", look.storeName()},
-                           {"file", file.empty() ? ordered_json() : ordered_json(file)},
-                           {"state", look.state()},
-                           {"stored", stored},
-                           {"default",
-                            {{"value", toJson(observation.defaultValue)},
-                             {"computedBy", computedBy.empty() ? ordered_json() : ordered_json(computedBy)}}},
-                           {"value", toJson(observation.value)}})
-                  << '\n';
+        if (found.stored)
+            stored = {{"kind", found.stored->kind},
+                      {"value", std::visit(StoredAsJson(), found.stored->value)},
+                      {"changed", inUtc(found.stored->changed)}};
+        printJson({{"key", key},
+                   {"type", typeName(observation.value)},
+                   {"cppType", cppTypeName(observation.value)},
+                   {"store", found.storeName()},
+                   {"file", file.empty() ? ordered_json() : ordered_json(file)},
+                   {"state", found.state()},
+                   {"stored", stored},
+                   {"default",
+                    {{"value", toJson(observation.defaultValue)},
+                     {"computedBy", computedBy.empty() ? ordered_json() : ordered_json(computedBy)}}},
+                   {"value", toJson(observation.value)}});
         return;
     }
-    std::vector<Columns> table = {{"key", key}, {"type", typeWithLanguage(look.row)}, {"store", look.storeName()}};
+    std::vector<Columns> table = {{"key", onOneLine(key)}, {"type", typeWithLanguage(observation.value)}, {"store", found.storeName()}};
     if (!file.empty())
         table.push_back({"file", onOneLine(file)});
-    table.push_back({"state", look.state()});
-    if (look.stored) {
-        table.push_back({"stored", onOneLine(storedText(look.stored->value))});
-        table.push_back({"stored kind", look.stored->kind});
-        table.push_back({"changed", inUtc(look.stored->changed)});
+    table.push_back({"state", found.state()});
+    if (found.stored) {
+        table.push_back({"stored", onOneLine(storedText(found.stored->value))});
+        table.push_back({"stored kind", found.stored->kind});
+        table.push_back({"changed", inUtc(found.stored->changed)});
     }
     table.push_back({"default", onOneLine(observation.defaultValue)});
     table.push_back({"computed by", computedBy.empty() ? "nothing: it is fixed" : computedBy + "()"});
     table.push_back({"value", onOneLine(observation.value)});
     printTable(table, {}, format);
+}
+
+void showProject(Format format)
+{
+    QStringList const extensions = Settings::supportedProjectFileExtensions();
+    QString const sample = Settings::sampleProjectPath();
+    if (format == Format::json) {
+        printJson({{"defaultName", Settings::projectNameDefault().toStdString()},
+                   {"extensions", toJson(extensions)},
+                   {"extensionForSaving", Settings::projectFileExtension().toStdString()},
+                   {"saveFilter", Settings::projectFileSaveFilter().toStdString()},
+                   {"openFilter", Settings::projectFileOpenFilter().toStdString()},
+                   {"sampleProject", sample.isNull() ? ordered_json() : ordered_json(sample.toStdString())}});
+        return;
+    }
+    printTable({{"default name", onOneLine(Settings::projectNameDefault())},
+                {"extensions", inColumn(extensions, format)},
+                {"extension for saving", onOneLine(Settings::projectFileExtension())},
+                {"save filter", onOneLine(Settings::projectFileSaveFilter())},
+                {"open filter", onOneLine(Settings::projectFileOpenFilter())},
+                {"sample project", onOneLine(sample)}},
+               {}, format);
+    if (sample.isNull() && format == Format::people)
+        std::cerr << "editor-settings: there is no sample project below " << stockSampleProjectsPath().toStdString() << '\n';
 }

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 //
-// The verbs of the command line. Each prints its answer to standard output and throws `Refusal` for what it says no to.
+// The verbs about settings and project files. Each prints its answer to standard output and throws `Refusal` for what
+// it says no to.
 #pragma once
+
+#include "Printing.h"
 
 #include <Host/Application.h>
 
 #include <optional>
 #include <string>
 #include <vector>
-
-/// How answers are printed: aligned for people, tab-separated for scripts, or as JSON.
-enum class Format { people, plain, json };
 
 struct ListOptions {
     std::string pattern;              ///< Of keys, with the wildcards of a shell; empty for all.
@@ -24,3 +24,6 @@ void getPreference(Host::Application const& application, std::string const& key,
 void setPreference(Host::Application const& application, std::string const& key, std::vector<std::string> const& words);
 void unsetPreference(Host::Application const& application, std::string const& key);
 void explainPreference(Host::Application const& application, std::string const& key, Format format);
+
+/// The default name of a project, the extensions, the filters of file dialogs and the sample project.
+void showProject(Format format);

@@ -51,3 +51,11 @@ std::vector<std::string> nearest(std::string const& word, std::vector<std::strin
             result.push_back(name);
     return result;
 }
+
+std::string didYouMean(std::string const& word, std::vector<std::string> const& names)
+{
+    std::string question;
+    for (std::string const& name : nearest(word, names))
+        question += (question.empty() ? "did you mean " : " or ") + name;
+    return question.empty() ? question : question + "? ";
+}

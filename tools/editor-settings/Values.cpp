@@ -10,7 +10,6 @@
 #include <system_error>
 #include <type_traits>
 
-using Catalogue::Row;
 using Catalogue::Value;
 
 namespace {
@@ -30,22 +29,28 @@ constexpr std::array<TypeNames, std::variant_size_v<Value>> types = {{{"bool", "
                                                                       {"bytes", "holds bytes", "QByteArray", "bytes"},
                                                                       {"list", "is a list", "QStringList", "string"}}};
 
-TypeNames const& type(Row const& row) { return types[row.accessors.index()]; }
+TypeNames const& type(Value const& value) { return types[value.index()]; }
 
-[[noreturn]] void refuse(Row const& row, std::string const& word, std::string const& accepted)
+// What a word is parsed for.
+struct Target {
+    std::string name;
+    Value like;
+};
+
+[[noreturn]] void refuse(Target const& target, std::string const& word, std::string const& accepted)
 {
-    throw Refusal(std::string(row.name) + ' ' + type(row).phrase + " and cannot be " + quoted(word) + "; " + accepted);
+    throw Refusal(target.name + ' ' + type(target.like).phrase + " and cannot be " + quoted(word) + "; " + accepted);
 }
 
-QString decoded(Row const& row, std::string const& word)
+QString decoded(Target const& target, std::string const& word)
 {
     QString const text = QString::fromStdString(word);
     if (text.toStdString() != word)
-        refuse(row, word, "give text in UTF-8 without a byte order mark, as anything else would not come back unchanged");
+        refuse(target, word, "give text in UTF-8 without a byte order mark, as anything else would not come back unchanged");
     return text;
 }
 
-bool parsedBool(Row const& row, std::string const& word)
+bool parsedBool(Target const& target, std::string const& word)
 {
     std::string lower = word;
     std::transform(lower.begin(), lower.end(), lower.begin(),
@@ -56,92 +61,93 @@ bool parsedBool(Row const& row, std::string const& word)
     for (char const* no : {"false", "no", "off", "0"})
         if (lower == no)
             return false;
-    refuse(row, word, "give true or false (or yes, no, on, off, 1, 0)");
+    refuse(target, word, "give true or false (or yes, no, on, off, 1, 0)");
 }
 
-int parsedInt(Row const& row, std::string const& word)
+int parsedInt(Target const& target, std::string const& word)
 {
     int value = 0;
     char const* const first = word.data() + (word.size() > 1 && word[0] == '+' && word[1] != '-' ? 1 : 0);
     char const* const last = word.data() + word.size();
     auto const [end, error] = std::from_chars(first, last, value);
     if (error != std::errc() || end != last)
-        refuse(row, word, "give a whole number from -2147483648 to 2147483647");
+        refuse(target, word, "give a whole number from -2147483648 to 2147483647");
     return value;
 }
 
-QByteArray contentOfFile(Row const& row, std::string const& name)
+QByteArray contentOfFile(Target const& target, std::string const& name)
 {
     try {
         return QByteArray::fromStdString(Host::fileContent(name));
     } catch (std::system_error const& error) {
-        throw Refusal(std::string(row.name) + ": cannot read " + quoted(name) + " (" + error.code().message() +
+        throw Refusal(target.name + ": cannot read " + quoted(name) + " (" + error.code().message() +
                       "); name a file that can be read after the @");
     }
 }
 
-QByteArray parsedBytes(Row const& row, std::string const& word)
+QByteArray parsedBytes(Target const& target, std::string const& word)
 {
     if (!word.empty() && word[0] == '@')
-        return contentOfFile(row, word.substr(1));
+        return contentOfFile(target, word.substr(1));
     // Qt decodes whatever it can; only what encodes to the same word again is taken.
     QByteArray const bytes = QByteArray::fromBase64(QByteArray::fromStdString(word));
     if (bytes.toBase64().toStdString() != word && bytes.toBase64(QByteArray::OmitTrailingEquals).toStdString() != word)
-        refuse(row, word, "give the bytes in base64, or @FILE to read them from a file");
+        refuse(target, word, "give the bytes in base64, or @FILE to read them from a file");
     return bytes;
 }
 
-QStringList parsedList(Row const& row, std::vector<std::string> const& words)
+QStringList parsedList(Target const& target, std::vector<std::string> const& words)
 {
     QStringList list;
     for (std::string const& word : words) {
-        QString const element = decoded(row, word);
+        QString const element = decoded(target, word);
         if (element.isEmpty())
-            refuse(row, word, "an empty element is lost when the list is read back; leave it out (--empty stores an empty list)");
+            refuse(target, word, "an empty element is lost when the list is read back; leave it out (--empty stores an empty list)");
         if (!Catalogue::comesBackUnchanged({element}))
-            refuse(row, word, "the element holds the separator of stored lists and would come back in pieces");
+            refuse(target, word, "the element holds the separator of stored lists and would come back in pieces");
         list.append(element);
         if (!Catalogue::comesBackUnchanged(list))
-            refuse(row, word,
+            refuse(target, word,
                    "together with the element before it, it makes up the separator of stored lists and would come back otherwise");
     }
     return list;
 }
 
-std::string const& onlyWord(Row const& row, std::vector<std::string> const& words)
+std::string const& onlyWord(Target const& target, std::vector<std::string> const& words)
 {
     if (words.size() != 1)
-        throw Refusal(std::string(row.name) + " takes one value, not " + std::to_string(words.size()) + "; " +
+        throw Refusal(target.name + " takes one value, not " + std::to_string(words.size()) + "; " +
                       (words.empty() ? "--empty is for lists" : "put quotes around a value with blanks"));
     return words.front();
 }
 
 template <typename T>
-T parsedAs(Row const& row, std::vector<std::string> const& words)
+T parsedAs(Target const& target, std::vector<std::string> const& words)
 {
     if constexpr (std::is_same_v<T, QStringList>)
-        return parsedList(row, words);
+        return parsedList(target, words);
     else if constexpr (std::is_same_v<T, bool>)
-        return parsedBool(row, onlyWord(row, words));
+        return parsedBool(target, onlyWord(target, words));
     else if constexpr (std::is_same_v<T, int>)
-        return parsedInt(row, onlyWord(row, words));
+        return parsedInt(target, onlyWord(target, words));
     else if constexpr (std::is_same_v<T, QByteArray>)
-        return parsedBytes(row, onlyWord(row, words));
+        return parsedBytes(target, onlyWord(target, words));
     else if constexpr (std::is_same_v<T, QString>)
-        return decoded(row, onlyWord(row, words));
+        return decoded(target, onlyWord(target, words));
     else
-        return decoded(row, onlyWord(row, words)).toStdString();
+        return decoded(target, onlyWord(target, words)).toStdString();
 }
 
 } // namespace
 
-std::string typeName(Row const& row) { return type(row).name; }
-std::string cppTypeName(Row const& row) { return type(row).cpp; }
-std::string storedKind(Row const& row) { return type(row).kind; }
+std::string typeName(Value const& value) { return type(value).name; }
+std::string cppTypeName(Value const& value) { return type(value).cpp; }
+std::string storedKind(Value const& value) { return type(value).kind; }
 
-Value parsed(Row const& row, std::vector<std::string> const& words)
+Value parsed(std::string const& name, Value const& like, std::vector<std::string> const& words)
 {
-    return std::visit([&](auto const& accessors) -> Value { return parsedAs<decltype(accessors.get())>(row, words); }, row.accessors);
+    Target const target = {name, like};
+    return std::visit([&](auto const& typed) -> Value { return parsedAs<std::decay_t<decltype(typed)>>(target, words); }, like);
 }
 
 namespace {

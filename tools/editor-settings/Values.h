@@ -17,15 +17,15 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// "bool", "int", "text", "bytes" or "list".
-std::string typeName(Catalogue::Row const& row);
-/// The type in the library's interface, such as "QString".
-std::string cppTypeName(Catalogue::Row const& row);
+/// The type of a value: "bool", "int", "text", "bytes" or "list".
+std::string typeName(Catalogue::Value const& value);
+/// Its type in the library's interface, such as "QString".
+std::string cppTypeName(Catalogue::Value const& value);
 /// The kind that the stores keep such a value as: "bool", "int", "string" or "bytes".
-std::string storedKind(Catalogue::Row const& row);
+std::string storedKind(Catalogue::Value const& value);
 
-/// The value of the row's type that `words` give. Throws `Refusal`, with what is accepted.
-Catalogue::Value parsed(Catalogue::Row const& row, std::vector<std::string> const& words);
+/// The value that `words` give for what is called `name`, of the type of `like`. Throws `Refusal`, with what is accepted.
+Catalogue::Value parsed(std::string const& name, Catalogue::Value const& like, std::vector<std::string> const& words);
 
 /// The value as text: bytes in base64, the elements of a list each on a line of its own.
 std::string text(Catalogue::Value const& value);

@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Commands.h"
+#include "Manual.h"
+#include "NextName.h"
+#include "Paths.h"
+#include "Setting.h"
 #include "Values.h"
 
 #include <CLI/CLI.hpp>
@@ -12,15 +16,18 @@ namespace {
 constexpr int saidNo = 1;
 constexpr int wrongUsage = 2;
 
-char const* const footer = R"(Values are printed to standard output, reasons to standard error. Exit status:
-  0  done
-  1  said no: unknown key, wrong value, trouble with a store or the product file
-  2  wrong usage
-
-A value that begins with "-" goes after "--": editor-settings set lastTarget -- -x
-
-With --plain a backslash is printed as \\, a tab as \t, line breaks as \n and \r, other control characters as \xHH, and
-a list as a JSON array.)";
+std::vector<Note> const& notes()
+{
+    static std::vector<Note> const all = {
+        {"Exit status", R"(  0  done
+  1  said no: unknown key, wrong value, trouble with a store or the product file, a folder that cannot be used
+  2  wrong usage)"},
+        {"Output", R"(Values are printed to standard output, reasons to standard error. With --plain a backslash is printed as \\, a tab
+as \t, line breaks as \n and \r, other control characters as \xHH, and a list as a JSON array.)"},
+        {"Words that look like options", R"(A value that begins with "-" goes after "--": editor-settings set lastTarget -- -x)"},
+    };
+    return all;
+}
 
 // CLI11 takes a word in square brackets apart at its commas, and takes "++" for the end of a verb's words. A mark before
 // such a word, and before one that begins with the mark itself, keeps it whole; every option takes the mark off again.
@@ -67,17 +74,44 @@ private:
     bool m_json = false;
 };
 
+// A verb that shows a setting under a name of its own, and changes it where a value is given.
+struct ShortVerb {
+    ShortVerb(CLI::App& app, char const* name, char const* description) : verb(app.add_subcommand(name, description)), format(verb) {}
+
+    // One word, or one for each element of a list; also an empty list where `isList`.
+    void takeValue(char const* name, char const* description, bool isList)
+    {
+        CLI::Option* const value = verb->add_option(name, words, description)->transform(unmarked());
+        value->expected(1, isList ? CLI::detail::expected_max_vector_size : 1);
+        if (isList)
+            verb->add_flag("--empty", empty, "Stores an empty list")->excludes(value);
+    }
+
+    void run(Host::Application const& application, std::string const& key) const
+    {
+        if (words.empty() && !empty)
+            getPreference(application, key, format);
+        else
+            setPreference(application, key, words);
+    }
+
+    CLI::App* verb;
+    FormatOptions format;
+    std::vector<std::string> words;
+    bool empty = false;
+};
+
 class CommandLine {
 public:
     CommandLine()
     {
         m_app.require_subcommand(0, 1);
         m_app.failure_message([](CLI::App const* app, CLI::Error const& error) {
-            std::string const verbs = app->get_subcommands().empty() ? "The verbs are list, get, set, unset and explain.\n" : "";
+            std::string const verbs = app->get_subcommands().empty() ? "The verbs are " + verbNames(*app) + ".\n" : "";
             return "editor-settings: " + std::string(error.what()) + '\n' + verbs + "Run with --help for more information.\n";
         });
         m_app.set_version_flag("--version", EDITOR_SETTINGS_VERSION);
-        m_app.footer(footer);
+        m_app.footer(helpFooter(notes()));
         m_app.add_option("--product", m_productFile, "The product file, in JSON; default: the one that is installed with this program")
             ->transform(unmarked())
             ->check(notEmpty())
@@ -92,10 +126,10 @@ public:
         m_list->add_option("PATTERN", m_listOptions.pattern, "Only keys that match, such as '*Path'")->transform(unmarked());
         CLI::Option* const onlySet = m_list->add_flag("--set", m_listOptions.onlySet, "Only what is stored");
         m_list->add_flag("--unset", m_listOptions.onlyUnset, "Only what is not stored")->excludes(onlySet);
-        m_list->add_option("--store", m_listOptions.store, "Only one store")->type_name("")->check(CLI::IsMember({"product", "common"}));
+        m_list->add_option("--store", m_listOptions.store, "Only one store")
+            ->type_name("STORE")
+            ->check(CLI::IsMember({"product", "common"}));
 
-        for (CLI::App* verb : {m_list, m_get, m_set, m_unset, m_explain})
-            verb->fallthrough(); // --home and --product may stand behind the verb too
         for (CLI::App* verb : {m_get, m_set, m_unset, m_explain})
             verb->add_option("KEY", m_key, "The preference")->transform(unmarked())->required();
         CLI::Option* const words = m_set->add_option("VALUE", m_words,
@@ -107,6 +141,43 @@ public:
             if (words->empty() && empty->empty())
                 throw CLI::RequiredError("VALUE");
         });
+
+        m_paths->add_option("NAME", m_pathsOptions.name, "One location, or those that match, such as 'stock*'")->transform(unmarked());
+        m_paths->add_option("ARGUMENT", m_pathsOptions.argument, "What the location is asked about, where it takes that")
+            ->transform(unmarked());
+        CLI::Option* const explained = m_paths->add_flag_callback(
+            "--explain", [this] { m_pathsOptions.view = PathsView::explain; }, "What decides where a location lies");
+        m_paths
+            ->add_flag_callback(
+                "--check", [this] { m_pathsOptions.view = PathsView::check; },
+                "Whether they exist and can be used; exit status 1 where the editor cannot write to one that it writes to")
+            ->excludes(explained);
+
+        m_nextName->require_subcommand(1);
+        m_nextName->add_flag("--reserve", m_nextNameOptions.reserve,
+                             "Makes the file, empty, so that nobody else gets the name; the folder too, and a free number where needed");
+        for (CLI::App* kind : {m_nextFreeze, m_nextStabilized})
+            kind->add_option("SOURCE", m_nextNameOptions.source, "The file that it is made of; only its name counts")
+                ->transform(unmarked())
+                ->required();
+        m_nextStabilized->add_option("FORMAT", m_nextNameOptions.format, "The extension, such as mp4")->transform(unmarked())->required();
+
+        for (ShortVerb* verb : {&m_favorites, &m_indication})
+            verb->verb->add_option("NAME", m_member, "The name that the editor keeps it under")->transform(unmarked())->required();
+        m_indication.takeValue("VALUE", "Stores these bytes: in base64, or @FILE", false);
+        m_tutorials.takeValue("VALUE", "Stores this list, one word for each element", true);
+        m_colors.takeValue("VALUE", "Stores this list, one word for each element", true);
+        m_targetHistory.takeValue("VALUE", "Stores this text", false);
+
+        m_completion->add_option("SHELL", m_shell, "bash, zsh or fish")
+            ->required()
+            ->type_name("")
+            ->check(CLI::IsMember({"bash", "zsh", "fish"}));
+
+        for (CLI::App* verb : m_app.get_subcommands([](CLI::App const*) { return true; }))
+            verb->fallthrough(); // --home and --product may stand behind the verb too
+        for (CLI::App* kind : {m_nextAudio, m_nextFreeze, m_nextStabilized})
+            kind->fallthrough();
     }
 
     int run(int argc, char** argv)
@@ -120,10 +191,53 @@ public:
             checkPrinted();
             return status;
         }
+        if (*m_manual || *m_completion) {
+            std::cout << (*m_manual ? manualPage(m_app, notes()) : completionScript(m_app, choices(), m_shell));
+            checkPrinted();
+            return 0;
+        }
         std::filesystem::path const productFile =
             m_productFile.empty() ? Host::installedProductFile() : std::filesystem::path(m_productFile);
         std::optional<std::filesystem::path> const home = m_home.empty() ? std::nullopt : std::optional<std::filesystem::path>(m_home);
-        Host::Application const application(productFile, home);
+        answer(Host::Application(productFile, home));
+        checkPrinted();
+        return 0;
+    }
+
+private:
+    static std::string verbNames(CLI::App const& app)
+    {
+        std::string names;
+        auto const verbs = app.get_subcommands([](CLI::App const*) { return true; });
+        for (CLI::App const* verb : verbs)
+            names += (verb == verbs.front() ? "" : verb == verbs.back() ? " and " : ", ") + verb->get_name();
+        return names;
+    }
+
+    // What completes the words of the command line. The names of locations need no binding.
+    std::map<CLI::Option const*, Choice> choices() const
+    {
+        Choice keys;
+        for (Catalogue::Row const& row : Catalogue::preferences())
+            keys.words.push_back(row.name);
+        std::sort(keys.words.begin(), keys.words.end());
+        std::map<CLI::Option const*, Choice> result = {
+            {m_app.get_option("--product"), {Choice::Kind::files}},
+            {m_app.get_option("--home"), {Choice::Kind::folders}},
+            {m_list->get_option("PATTERN"), keys},
+            {m_list->get_option("--store"), {Choice::Kind::words, {"product", "common"}}},
+            {m_paths->get_option("NAME"), {Choice::Kind::words, pathNames()}},
+            {m_completion->get_option("SHELL"), {Choice::Kind::words, {"bash", "zsh", "fish"}}},
+        };
+        for (CLI::App const* verb : {m_get, m_set, m_unset, m_explain})
+            result[verb->get_option("KEY")] = keys;
+        for (CLI::App const* kind : {m_nextFreeze, m_nextStabilized})
+            result[kind->get_option("SOURCE")] = {Choice::Kind::files};
+        return result;
+    }
+
+    void answer(Host::Application const& application)
+    {
         if (*m_list)
             listPreferences(application, m_listOptions, m_listFormat);
         if (*m_get)
@@ -134,18 +248,33 @@ public:
             unsetPreference(application, m_key);
         if (*m_explain)
             explainPreference(application, m_key, m_explainFormat);
-        checkPrinted();
-        return 0;
+        if (*m_paths)
+            showPaths(application, m_pathsOptions, m_pathsFormat);
+        if (*m_nextName) {
+            m_nextNameOptions.file = *m_nextAudio ? NewFile::audio : *m_nextFreeze ? NewFile::freeze : NewFile::stabilized;
+            showNextName(m_nextNameOptions, m_nextNameFormat);
+        }
+        if (*m_project)
+            showProject(m_projectFormat);
+        if (*m_favorites.verb)
+            m_favorites.run(application, keyInFamily("favoriteItems", m_member));
+        if (*m_indication.verb)
+            m_indication.run(application, keyInFamily("indicationObject", m_member));
+        if (*m_tutorials.verb)
+            m_tutorials.run(application, "achievedTutorials");
+        if (*m_colors.verb)
+            m_colors.run(application, "userCustomColors");
+        if (*m_targetHistory.verb)
+            m_targetHistory.run(application, "targetHistory");
     }
 
-private:
     static void checkPrinted()
     {
         if (!std::cout.flush())
             throw Refusal("the answer could not be printed whole: standard output cannot be written");
     }
 
-    CLI::App m_app{"Reads, changes and explains the preferences of Lumora Video Editor.", "editor-settings"};
+    CLI::App m_app{"Reads, changes and explains the preferences, folders and file names of Lumora Video Editor.", "editor-settings"};
     std::string m_productFile;
     std::string m_home;
 
@@ -154,11 +283,31 @@ private:
     CLI::App* m_set = m_app.add_subcommand("set", "Stores a value");
     CLI::App* m_unset = m_app.add_subcommand("unset", "Removes the stored value, so that the default holds again");
     CLI::App* m_explain = m_app.add_subcommand("explain", "Where a value comes from: what is stored, since when, and the default");
+    CLI::App* m_paths = m_app.add_subcommand("paths", "Where the editor's files and folders lie");
+    CLI::App* m_nextName = m_app.add_subcommand("next-name", "The name that the editor gives the next file of a kind");
+    CLI::App* m_nextAudio = m_nextName->add_subcommand("audio", "An audio recording");
+    CLI::App* m_nextFreeze = m_nextName->add_subcommand("freeze", "A freeze frame");
+    CLI::App* m_nextStabilized = m_nextName->add_subcommand("stabilized", "A stabilized clip");
+    CLI::App* m_project = m_app.add_subcommand("project", "Default name, extensions and filters of projects, and the sample project");
+    ShortVerb m_favorites{m_app, "favorites", "The favourites of one list"};
+    ShortVerb m_indication{m_app, "indication", "What the editor keeps for an indication, or stores it"};
+    ShortVerb m_tutorials{m_app, "tutorials", "The finished tutorials, or stores them"};
+    ShortVerb m_colors{m_app, "colors", "The user's own colours, or stores them"};
+    ShortVerb m_targetHistory{m_app, "target-history", "The recent export targets, or stores them"};
+    CLI::App* m_completion = m_app.add_subcommand("completion", "A completion script for a shell, to be sourced");
+    CLI::App* m_manual = m_app.add_subcommand("manual", "The manual page, for man");
     FormatOptions m_listFormat{m_list};
     FormatOptions m_getFormat{m_get};
     FormatOptions m_explainFormat{m_explain};
+    FormatOptions m_pathsFormat{m_paths};
+    FormatOptions m_nextNameFormat{m_nextName};
+    FormatOptions m_projectFormat{m_project};
     ListOptions m_listOptions;
+    PathsOptions m_pathsOptions;
+    NextNameOptions m_nextNameOptions;
     std::string m_key;
+    std::string m_member;
+    std::string m_shell;
     std::vector<std::string> m_words;
 };
 

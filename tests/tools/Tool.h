@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <TestKit/TemporaryHome.h>
+
+#include <support/Process.h>
+
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+using nlohmann::json;
+
+/// The program, run as its users run it, in a home folder of the test's own.
+class Tool : public testing::Test {
+protected:
+    Ended tool(std::vector<std::string> arguments, std::map<std::string, std::string> const& environment = {})
+    {
+        arguments.insert(arguments.begin(), TOOL);
+        return run(arguments, environment);
+    }
+
+    // What the tool prints, where it must succeed without a word on standard error.
+    std::string said(std::vector<std::string> const& arguments)
+    {
+        Ended const ended = tool(arguments);
+        EXPECT_EQ(ended.status, 0) << ended.err;
+        EXPECT_EQ(ended.err, "");
+        return ended.out;
+    }
+
+    // The reason for which the tool must say no, printing nothing.
+    std::string refused(std::vector<std::string> const& arguments, int status = 1)
+    {
+        Ended const ended = tool(arguments);
+        EXPECT_EQ(ended.status, status) << ended.err;
+        EXPECT_EQ(ended.out, "");
+        return ended.err;
+    }
+
+    std::string inHome(char const* relative) const { return (m_home.path() / relative).string(); }
+    std::string productFile() const { return inHome(".local/share/Lumora/Lumora Video Editor/product-settings.sqlite"); }
+    std::string commonFile() const { return inHome(".local/share/Lumora/common-settings.sqlite"); }
+
+    TestKit::TemporaryHome m_home;
+};

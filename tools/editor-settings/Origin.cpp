@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include "Origin.h"
+
+#include "Values.h"
+
+#include <Lumora/Util/StandardPaths.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTextStream>
+
+#include <functional>
+#include <map>
+
+using Catalogue::Root;
+
+namespace {
+
+std::string inDoubleQuotes(std::string const& text) { return '"' + onOneLine(text) + '"'; }
+
+// A folder, with what decides that it is this one.
+struct Origin {
+    QString folder;
+    std::vector<Decision> decisions;
+};
+
+Origin homeFolder()
+{
+    QByteArray const home = qgetenv("HOME");
+    if (home.isEmpty())
+        return {QDir::homePath(), {{"environment", "HOME", {}, "", "HOME is not set, so " + QDir::homePath().toStdString()}}};
+    return {QDir::homePath(),
+            {{"environment", "HOME", home.toStdString(), "", "HOME=" + onOneLine(home.toStdString()) + " in the environment"}}};
+}
+
+// `folder` in the home folder, after the reason why.
+Origin inHomeFolder(Decision const& reason, char const* folder)
+{
+    Origin origin = homeFolder();
+    origin.folder += QLatin1Char('/') + QString::fromUtf8(folder);
+    origin.decisions.insert(origin.decisions.begin(), reason);
+    return origin;
+}
+
+std::string soInHomeFolder(char const* folder) { return std::string(", so ") + inDoubleQuotes(folder) + " in the home folder"; }
+
+// A folder that a variable names.
+Origin namedFolder(char const* variable, char const* folderInHome)
+{
+    QByteArray const value = qgetenv(variable);
+    std::string const name = variable;
+    if (value.isEmpty())
+        return inHomeFolder({"environment", name, {}, "", name + " is not set" + soInHomeFolder(folderInHome)}, folderInHome);
+    return {QFile::decodeName(value),
+            {{"environment", name, value.toStdString(), "", name + '=' + onOneLine(value.toStdString()) + " in the environment"}}};
+}
+
+struct Line {
+    int number = 0;
+    QString value;
+};
+
+// The last line that sets `name`, with the quotes around the value taken off as Qt does.
+std::optional<Line> lastSetting(QString const& fileName, QString const& name)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    std::optional<Line> found;
+    QTextStream stream(&file);
+    for (int number = 1; !stream.atEnd(); ++number) {
+        QString const line = stream.readLine();
+        if (!line.startsWith(name + QLatin1Char('=')))
+            continue;
+        QString value = line.mid(name.size() + 1);
+        if (value.size() > 2 && value.startsWith(QLatin1Char('"')) && value.endsWith(QLatin1Char('"')))
+            value = value.mid(1, value.size() - 2);
+        found = Line{number, value};
+    }
+    return found;
+}
+
+// A folder that a line of user-dirs.dirs names.
+Origin userFolder(char const* name, char const* folderInHome)
+{
+    QString const file = namedFolder("XDG_CONFIG_HOME", ".config").folder + QLatin1String("/user-dirs.dirs");
+    std::string const where = file.toStdString();
+    std::optional<Line> const line = lastSetting(file, QString::fromUtf8(name));
+    if (!line) {
+        std::string const text = std::string("no ") + name + " in " + onOneLine(where) + soInHomeFolder(folderInHome);
+        return inHomeFolder({"user-dirs.dirs", name, {}, where, text}, folderInHome);
+    }
+    std::string const value = line->value.toStdString();
+    std::string const place = where + ", line " + std::to_string(line->number);
+    Decision const decision = {"user-dirs.dirs", name, value, place,
+                               std::string(name) + '=' + inDoubleQuotes(value) + " in " + onOneLine(place)};
+    QString const variable = QStringLiteral("$HOME");
+    Origin origin = {line->value, {decision}};
+    if (line->value.startsWith(variable)) {
+        origin = homeFolder();
+        origin.folder += line->value.mid(variable.size());
+        origin.decisions.insert(origin.decisions.begin(), decision);
+    }
+    if (origin.folder.size() > 1 && origin.folder.endsWith(QLatin1Char('/')))
+        origin.folder.chop(1);
+    return origin;
+}
+
+// The reasons, where they lead to the folder that the library gets; else who gives it.
+std::vector<Decision> confirmed(Origin const& origin, QString const& answer, std::string const& function)
+{
+    if (origin.folder == answer)
+        return origin.decisions;
+    std::string const path = answer.toStdString();
+    return {{"platform", function, path, "", function + " gives " + onOneLine(path)}};
+}
+
+std::vector<Decision> rootDecisions(Host::Application const& application, Root root)
+{
+    auto const standardPath = [](Origin const& origin, QStandardPaths::StandardLocation location) {
+        return confirmed(origin, Lumora::Util::GetStandardPath(location), "Lumora::Util::GetStandardPath");
+    };
+    std::string const productFile = application.productFile().file().u8string();
+    switch (root) {
+    case Root::movies:
+        return standardPath(userFolder("XDG_VIDEOS_DIR", "Videos"), QStandardPaths::MoviesLocation);
+    case Root::music:
+        return standardPath(userFolder("XDG_MUSIC_DIR", "Music"), QStandardPaths::MusicLocation);
+    case Root::cache:
+        return standardPath(namedFolder("XDG_CACHE_HOME", ".cache"), QStandardPaths::CacheLocation);
+    case Root::data:
+        return confirmed(namedFolder("XDG_DATA_HOME", ".local/share"),
+                         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation), "QStandardPaths::writableLocation");
+    case Root::resources: {
+        std::string const folder = application.productFile().resourcesRoot().u8string();
+        return {{"product file", "resourcesRoot", folder, productFile,
+                 "resourcesRoot of " + onOneLine(productFile) + ", which is " + onOneLine(folder)}};
+    }
+    case Root::nothing:
+        break;
+    }
+    return {{"library", "", {}, "", "nothing: the text is fixed"}};
+}
+
+} // namespace
+
+std::vector<Decision> decisions(Host::Application const& application, Catalogue::Place const& place)
+{
+    std::map<std::string, std::function<std::string(IProductInfo const&)>> const fields = {
+        {"vendorName", [](IProductInfo const& product) { return product.vendorName(); }},
+        {"productName", [](IProductInfo const& product) { return product.productName(); }},
+        {"sharedDataFolderName", [](IProductInfo const& product) { return product.sharedDataFolderName(); }},
+        {"productKind", [](IProductInfo const& product) { return std::to_string(product.productKind()); }},
+        {"projectFileExtensions", [](IProductInfo const& product) { return product.projectFileExtensions(); }},
+    };
+    std::vector<Decision> result = rootDecisions(application, place.root);
+    std::string const file = application.productFile().file().u8string();
+    for (std::string const& field : Catalogue::askedOfTheProduct(place)) {
+        std::string const value = fields.at(field)(application.productFile());
+        result.push_back({"product file", field, value, file, field + ' ' + inDoubleQuotes(value) + " in " + onOneLine(file)});
+    }
+    return result;
+}

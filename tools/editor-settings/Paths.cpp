@@ -1,0 +1,276 @@
+// SPDX-License-Identifier: MIT
+#include "Paths.h"
+
+#include "FolderCheck.h"
+#include "Nearest.h"
+#include "Origin.h"
+#include "Setting.h"
+#include "Values.h"
+
+#include <algorithm>
+#include <iostream>
+
+#include <fnmatch.h>
+
+using Catalogue::Place;
+using Catalogue::Row;
+using Catalogue::Use;
+using nlohmann::ordered_json;
+
+namespace {
+
+// A location to print: what a place gives for one argument, or a folder preference, which falls back on a place.
+struct Location {
+    std::string name;
+    std::string argument;
+    QString path;
+    Use use;
+    Place const* place;
+    Row const* preference = nullptr;
+
+    std::string label() const { return argument.empty() ? name : name + '(' + argument + ')'; }
+};
+
+Location locationOf(Row const& row)
+{
+    return {row.name, {}, std::get<QString>(row.read()), Use::written, &Catalogue::placeOf(row.computedDefault), &row};
+}
+
+Location locationOf(Place const& place, std::string const& argument)
+{
+    return {place.name, argument, place.path(argument), place.use, &place};
+}
+
+std::vector<Location> allLocations()
+{
+    std::vector<Location> locations;
+    for (Row const& row : Catalogue::preferences())
+        if (row.computedDefault)
+            locations.push_back(locationOf(row));
+    for (Place const& place : Catalogue::places()) {
+        if (place.arguments.empty())
+            locations.push_back(locationOf(place, {}));
+        for (std::string const& argument : place.arguments)
+            locations.push_back(locationOf(place, argument));
+    }
+    std::stable_sort(locations.begin(), locations.end(),
+                     [](Location const& left, Location const& right) { return left.name < right.name; });
+    return locations;
+}
+
+// The whole list, or its only element where one location was asked for by name.
+void printJsonOf(ordered_json const& array, bool isOne) { printJson(isOne ? array.front() : array); }
+
+std::string joined(std::vector<std::string> const& words, char const* separator)
+{
+    std::string text;
+    for (std::string const& word : words)
+        text += (text.empty() ? "" : separator) + word;
+    return text;
+}
+
+// One location, asked about `argument`.
+Location oneLocation(PathsOptions const& options)
+{
+    Place const* const place = Catalogue::findPlace(options.name);
+    if (!place) {
+        Row const* const row = Catalogue::findPreference(options.name);
+        if (!row || !row->computedDefault)
+            throw Refusal("there is no location " + quoted(options.name) + "; " + didYouMean(options.name, pathNames()) +
+                          "'editor-settings paths' shows all");
+        if (!options.argument.empty())
+            throw Refusal(options.name + " takes nothing after it");
+        return locationOf(*row);
+    }
+    bool const takesAnArgument = !place->arguments.empty();
+    bool const isOneOfAFew = place->arguments.size() > 1;
+    bool const isKnown = std::find(place->arguments.begin(), place->arguments.end(), options.argument) != place->arguments.end();
+    if (takesAnArgument && (options.argument.empty() || (isOneOfAFew && !isKnown)))
+        throw Refusal("say what " + options.name + " is asked about: 'editor-settings paths " + options.name + ' ' +
+                      joined(place->arguments, "' or '") + '\'');
+    if (!takesAnArgument && !options.argument.empty())
+        throw Refusal(options.name + " takes nothing after it");
+    return locationOf(*place, options.argument);
+}
+
+bool isPattern(std::string const& name) { return name.find_first_of("*?[") != std::string::npos; }
+
+std::vector<Location> askedLocations(PathsOptions const& options)
+{
+    if (!options.name.empty() && !isPattern(options.name))
+        return {oneLocation(options)};
+    std::vector<Location> locations = allLocations();
+    auto const isLeftOut = [&](Location const& location) {
+        return !options.name.empty() && ::fnmatch(options.name.c_str(), location.name.c_str(), 0) != 0;
+    };
+    locations.erase(std::remove_if(locations.begin(), locations.end(), isLeftOut), locations.end());
+    // Where any name will do, the one that a listing shows is an example: there is nothing to check.
+    auto const isExample = [](Location const& location) { return location.place->arguments.size() == 1; };
+    if (options.view == PathsView::check)
+        locations.erase(std::remove_if(locations.begin(), locations.end(), isExample), locations.end());
+    return locations;
+}
+
+std::string useName(Use use)
+{
+    switch (use) {
+    case Use::fallback:
+        return "default of a preference";
+    case Use::written:
+        return "written to";
+    case Use::shipped:
+        return "shipped with the product";
+    case Use::fragment:
+        return "joined to a folder by the editor";
+    case Use::embedded:
+        return "inside the editor's program";
+    }
+    return {};
+}
+
+ordered_json asJson(Location const& location)
+{
+    ordered_json json = {{"name", location.name}};
+    if (!location.argument.empty())
+        json["argument"] = location.argument;
+    json["path"] = location.path.isNull() ? ordered_json() : ordered_json(location.path.toStdString());
+    return json;
+}
+
+// --- What decides ---
+
+std::vector<Decision> decisionsOf(Host::Application const& application, Location const& location)
+{
+    if (!location.preference)
+        return decisions(application, *location.place);
+    Setting const found = setting(application, location.name);
+    std::string const file = application.productStorage().file().u8string();
+    if (found.stored && found.obstacle().empty())
+        return {{"preference", location.name, location.path.toStdString(), file, location.name + " is stored in " + onOneLine(file)}};
+    std::string const fallback = std::string("Settings::") + location.place->name + "()";
+    std::string const state = found.stored ? " is stored with a value of another kind in " : " is not stored in ";
+    std::vector<Decision> result = decisions(application, *location.place);
+    result.insert(result.begin(),
+                  {"preference", location.name, {}, file, location.name + state + onOneLine(file) + ", so " + fallback + " holds"});
+    return result;
+}
+
+void explain(Host::Application const& application, std::vector<Location> const& locations, bool isOne, Format format)
+{
+    auto array = ordered_json::array();
+    std::vector<Columns> table;
+    for (Location const& location : locations) {
+        std::vector<Decision> const decided = decisionsOf(application, location);
+        ordered_json json = asJson(location);
+        json["use"] = useName(location.use);
+        json["decidedBy"] = ordered_json::array();
+        if (!table.empty())
+            table.push_back({"", ""});
+        table.push_back({"location", location.label()});
+        table.push_back({"path", onOneLine(location.path.toStdString())});
+        table.push_back({"use", useName(location.use)});
+        for (Decision const& decision : decided) {
+            table.push_back({"decided by", decision.text});
+            json["decidedBy"].push_back({{"by", decision.by},
+                                         {"name", decision.name},
+                                         {"value", decision.value ? ordered_json(*decision.value) : ordered_json()},
+                                         {"where", decision.where},
+                                         {"text", decision.text}});
+        }
+        array.push_back(json);
+    }
+    if (format == Format::json)
+        printJsonOf(array, isOne);
+    else
+        printTable(table, {}, format);
+}
+
+// --- Whether they can be used ---
+
+FolderCheck checked(Location const& location)
+{
+    switch (location.use) {
+    case Use::written:
+        return checkFolderToWrite(location.path);
+    case Use::fallback:
+    case Use::shipped:
+        return checkShipped(location.path);
+    case Use::fragment:
+    case Use::embedded:
+        break;
+    }
+    FolderCheck check;
+    check.remark = useName(location.use);
+    return check;
+}
+
+std::string yesOrNo(bool value) { return value ? "yes" : "no"; }
+
+void check(std::vector<Location> const& locations, bool isOne, Format format)
+{
+    auto array = ordered_json::array();
+    std::vector<Columns> table;
+    std::vector<std::string> unusable;
+    for (Location const& location : locations) {
+        FolderCheck const check = checked(location);
+        bool const isOnDisk = location.use != Use::fragment && location.use != Use::embedded;
+        bool const isUsable = location.use != Use::written || check.isUsable;
+        if (!isUsable)
+            unusable.push_back(location.label());
+        table.push_back({location.label(), isOnDisk ? yesOrNo(check.exists) : "-", isOnDisk ? yesOrNo(check.isWritable) : "-", check.remark,
+                         onOneLine(location.path.toStdString())});
+        ordered_json json = asJson(location);
+        json["use"] = useName(location.use);
+        json["exists"] = isOnDisk ? ordered_json(check.exists) : ordered_json();
+        json["writable"] = isOnDisk ? ordered_json(check.isWritable) : ordered_json();
+        json["remark"] = check.remark;
+        json["usable"] = isUsable;
+        array.push_back(json);
+    }
+    if (format == Format::json)
+        printJsonOf(array, isOne);
+    else
+        printTable(table, {"LOCATION", "EXISTS", "WRITABLE", "REMARK", "PATH"}, format);
+    if (!unusable.empty())
+        throw Refusal("the editor cannot write to " + joined(unusable, ", ") +
+                      "; mend what is remarked, or store another folder: 'editor-settings paths NAME --explain' tells what decides");
+}
+
+} // namespace
+
+std::vector<std::string> pathNames()
+{
+    std::vector<std::string> names;
+    for (Row const& row : Catalogue::preferences())
+        if (row.computedDefault)
+            names.push_back(row.name);
+    for (Place const& place : Catalogue::places())
+        names.push_back(place.name);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+void showPaths(Host::Application const& application, PathsOptions const& options, Format format)
+{
+    std::vector<Location> const locations = askedLocations(options);
+    bool const isOne = !options.name.empty() && !isPattern(options.name);
+    if (options.view == PathsView::explain)
+        return explain(application, locations, isOne, format);
+    if (options.view == PathsView::check)
+        return check(locations, isOne, format);
+    if (format == Format::json) {
+        auto array = ordered_json::array();
+        for (Location const& location : locations)
+            array.push_back(asJson(location));
+        return printJsonOf(array, isOne);
+    }
+    if (isOne) {
+        std::string const path = locations.front().path.toStdString();
+        std::cout << (format == Format::plain ? onOneLine(path) : path) << '\n';
+        return;
+    }
+    std::vector<Columns> table;
+    for (Location const& location : locations)
+        table.push_back({location.label(), onOneLine(location.path.toStdString())});
+    printTable(table, {"LOCATION", "PATH"}, format);
+}

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+//
+// Answers on standard output: aligned for people, tab-separated for scripts, or as JSON.
+#pragma once
+
+#include <Catalogue/Catalogue.h>
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+#include <vector>
+
+enum class Format { people, plain, json };
+
+using Columns = std::vector<std::string>;
+
+/// Prints `table` below `heading`, aligned; for scripts without heading, the columns separated by tabs.
+void printTable(std::vector<Columns> table, Columns const& heading, Format format);
+
+/// Prints `value`. Text that is no UTF-8 is printed with replacement characters, as JSON knows no other.
+void printJson(nlohmann::ordered_json const& value);
+
+/// The value for a column. It may be long: people get the beginning, scripts the whole.
+std::string inColumn(Catalogue::Value const& value, Format format);

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+//
+// A setting as the verbs see it: a preference, or a member of a family such as the favourites of one list, with all that
+// is known of it.
+#pragma once
+
+#include <Catalogue/Catalogue.h>
+#include <Host/Application.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+struct Setting {
+    std::string key;
+    Catalogue::Store store; ///< Where it belongs; `observation` tells which store a read asks.
+    Catalogue::Observation observation;
+    std::optional<Storage::SqliteStorage::Row> stored;  ///< What the store holds, of whichever kind.
+    std::function<void(Catalogue::Value const&)> write; ///< Empty where the library has no setter.
+    QString (*computedDefault)() = nullptr;
+
+    /// "product", "common", or "memory" where the value does not outlive the editor.
+    std::string storeName() const;
+    /// "unset", "set", "set to default", or the obstacle.
+    std::string state() const;
+    /// Why a read gives the default although something is stored, "other kind" or "unreadable"; empty where it does not.
+    std::string obstacle() const;
+};
+
+/// The name of a store on the command line.
+std::string name(Catalogue::Store store);
+/// The store of that name.
+Storage::SqliteStorage& storage(Host::Application const& application, Catalogue::Store store);
+
+/// The setting under `key`. Throws `Refusal`, with what may have been meant.
+Setting setting(Host::Application const& application, std::string const& key);
+/// All preferences, and the members of families that are stored, sorted by key.
+std::vector<Setting> allSettings(Host::Application const& application);
+/// The key of the member `member` of the family called `family`. Throws `Refusal` where it is not UTF-8.
+std::string keyInFamily(char const* family, std::string const& member);
