@@ -559,7 +559,8 @@ std::string const colorFilterPreviewFilePath = "resources/samples/colorFilterPre
 
 namespace {
 
-// As a C string, so up to its first NUL; resourceFile takes the root whole.
+// As a C string, so up to its first NUL: Qt would search below a path that holds one for ever. resourceFile takes the
+// root whole.
 QString resourcesRoot() { return QString::fromUtf8(s_instance.resourcesRoot.utf8string().c_str()); }
 
 QString stockPath(QLatin1String folder) { return resourcesRoot() + QLatin1String("/resources/samples/stock/") + folder; }

@@ -334,6 +334,7 @@ EDITOR_SETTINGS_EXPORT QString defaultWaveformCachePath();
 
 /// The resource `relative` to the root, absolute, with preferred separators, in UTF-8: "/opt/editor/resources/x.png" for
 /// "resources/x.png". A relative root is resolved against the current directory, an absolute `relative` replaces it.
+/// Throws `std::filesystem::filesystem_error` where a relative root finds no current directory.
 EDITOR_SETTINGS_EXPORT std::string resourceFile(std::string const& relative);
 /// The folder of sample projects: "/opt/editor/resources/samples/stock/projects". Concatenated, without a separator at
 /// the end; the root counts up to its first NUL.
@@ -392,7 +393,7 @@ EDITOR_SETTINGS_EXPORT QString userIntrosPath();
 /// "/home/u/.local/share/Lumora/SharedData/VideoEditor/UserOverlays/"
 EDITOR_SETTINGS_EXPORT QString userOverlaysPath();
 /// "/home/u/.local/share/Lumora/SharedData/VideoEditor/UserEffects/My_Effect_/" for "My:Effect?": each of / : ? " < > |
-/// in `name`, which is UTF-8, becomes "_". An empty name leaves a doubled separator.
+/// in `name`, which is UTF-8, becomes "_". An empty name leaves a doubled separator; ".." and backslashes pass.
 EDITOR_SETTINGS_EXPORT QString userEffectsPath(std::string const& name);
 /// "/home/u/.local/share/Lumora/Lumora Video Editor/Unsplash/SavedCollection", cleaned, with native separators.
 EDITOR_SETTINGS_EXPORT QString userUnsplashPath();

@@ -251,6 +251,33 @@ TEST(Relock, EachProductAnswerIsAskedOfWhatIsBoundThen)
     EXPECT_EQ(Settings::defaultWaveformCachePath(), data + QStringLiteral("/First/SharedData/Second/Waveforms/Cache"));
 }
 
+TEST(Relock, EachUserFolderAsksWhatIsBoundThen)
+{
+    struct Folder {
+        QString (*function)();
+        QString belowData;
+    };
+    Folder const folders[] = {
+        {&Settings::userIntrosPath, QStringLiteral("/First/SharedData/Second/UserImports/")},
+        {&Settings::userOverlaysPath, QStringLiteral("/First/SharedData/Second/UserOverlays/")},
+        {[] { return Settings::userEffectsPath("fx"); }, QStringLiteral("/First/SharedData/Second/UserEffects/fx/")},
+        {&Settings::userUnsplashPath, QStringLiteral("/First/Second/Unsplash/SavedCollection")},
+        {&Settings::unsplashContentPath, QStringLiteral("/First/Second/Unsplash/Content")},
+        {&Settings::stockPackagesStatisticsPath, QStringLiteral("/First/Second/StockPackagesStats/")},
+        {&Settings::packageDeploymentPath, QStringLiteral("/First/SharedData/VideoEditor/Packages/")},
+    };
+    TestKit::TemporaryHome const home;
+    QString const data = QString::fromStdString((home.path() / ".local/share").string());
+    auto const second = std::make_shared<FixedProductInfo>();
+    second->vendor = second->product = second->sharedData = "Second";
+    auto const first = std::make_shared<Replacing>();
+    first->next = second;
+    for (Folder const& folder : folders) {
+        ScopedBinding const binding({first, {}, {}, {}});
+        EXPECT_EQ(folder.function(), data + folder.belowData);
+    }
+}
+
 TEST(Relock, KindIsNoLongerHeldWhenTheStoreIsCalled)
 {
     // The object answers, and is dropped by its owner while it does; it must be gone when the store is reached.
@@ -390,17 +417,114 @@ TEST(BrokenBindingDeathTest, EveryOverloadEndsTheProcess)
         EXPECT_EXIT(call(), testing::KilledBySignal(SIGABRT), productStorageLine) << name;
 }
 
-TEST(BrokenBindingDeathTest, EveryLocationThatAsksTheProductEndsTheProcess)
+// What asks the product information, be it first or later.
+std::vector<std::pair<char const*, void (*)()>> const everyUserOfTheProduct = {
+    {"nonLocalizedProductName", [] { nonLocalizedProductName(); }},
+    {"productDataPath", [] { productDataPath(); }},
+    {"defaultLumoraLibraryPath", [] { Settings::defaultLumoraLibraryPath(); }},
+    {"defaultWaveformCachePath", [] { Settings::defaultWaveformCachePath(); }},
+    {"exportPath", [] { Settings::exportPath(); }},
+    {"snapshotPath", [] { Settings::snapshotPath(); }},
+    {"waveformCachePath", [] { Settings::waveformCachePath(); }},
+    {"targetHistory", [] { Settings::targetHistory(); }},
+    {"setTargetHistory", [] { Settings::setTargetHistory({}); }},
+    {"userIntrosPath", [] { Settings::userIntrosPath(); }},
+    {"userOverlaysPath", [] { Settings::userOverlaysPath(); }},
+    {"userEffectsPath", [] { Settings::userEffectsPath({}); }},
+    {"userUnsplashPath", [] { Settings::userUnsplashPath(); }},
+    {"unsplashContentPath", [] { Settings::unsplashContentPath(); }},
+    {"packageDeploymentPath", [] { Settings::packageDeploymentPath(); }},
+    {"fastTrackConfigurationPath", [] { Settings::fastTrackConfigurationPath(); }},
+    {"waveformConfigurationPath", [] { Settings::waveformConfigurationPath(); }},
+    {"stockPackagesStatisticsPath", [] { Settings::stockPackagesStatisticsPath(); }},
+    {"deployedPackagesStatisticsPath", [] { Settings::deployedPackagesStatisticsPath(); }},
+    {"generateFreezedFilePath", [] { Settings::generateFreezedFilePath(QStringLiteral("/a/clip.mov")); }},
+    {"supportedProjectFileExtensions", [] { Settings::supportedProjectFileExtensions(); }},
+    {"projectFileExtension", [] { Settings::projectFileExtension(); }},
+    {"projectFileSaveFilter", [] { Settings::projectFileSaveFilter(); }},
+    {"projectFileOpenFilter", [] { Settings::projectFileOpenFilter(); }},
+    {"sampleProjectPath", [] { Settings::sampleProjectPath(); }},
+};
+
+TEST(BrokenBindingDeathTest, EveryUserOfTheProductEndsTheProcessWithoutOne)
 {
+    TestKit::TemporaryHome const home;
     auto const store = std::make_shared<MemoryStorage>();
     ScopedBinding const binding({{}, store, store, {}});
-    EXPECT_EXIT(productDataPath(), testing::KilledBySignal(SIGABRT), productInfoLine);
-    EXPECT_EXIT(Settings::defaultLumoraLibraryPath(), testing::KilledBySignal(SIGABRT), productInfoLine);
-    EXPECT_EXIT(Settings::defaultWaveformCachePath(), testing::KilledBySignal(SIGABRT), productInfoLine);
-    EXPECT_EXIT(Settings::exportPath(), testing::KilledBySignal(SIGABRT), productInfoLine);
-    EXPECT_EXIT(Settings::snapshotPath(), testing::KilledBySignal(SIGABRT), productInfoLine);
-    EXPECT_EXIT(Settings::targetHistory(), testing::KilledBySignal(SIGABRT), productInfoLine);
-    EXPECT_EXIT(Settings::setTargetHistory({}), testing::KilledBySignal(SIGABRT), productInfoLine);
+    for (auto const& [name, call] : everyUserOfTheProduct)
+        EXPECT_EXIT(call(), testing::KilledBySignal(SIGABRT), productInfoLine) << name;
+}
+
+TEST(BrokenBindingDeathTest, EveryCompositeAndGeneratorEndsTheProcessWithoutItsStore)
+{
+    std::pair<char const*, void (*)()> const usersOfTheProductStore[] = {
+        {"achievedTutorials", [] { Settings::achievedTutorials(); }},
+        {"setAchievedTutorials", [] { Settings::setAchievedTutorials({}); }},
+        {"userCustomColors", [] { Settings::userCustomColors(); }},
+        {"setUserCustomColors", [] { Settings::setUserCustomColors({}); }},
+        {"indicationObject", [] { Settings::indicationObject({}); }},
+        {"setIndicationObject", [] { Settings::setIndicationObject({}, {}); }},
+        {"favoriteItems", [] { Settings::favoriteItems({}); }},
+        {"targetHistory", [] { Settings::targetHistory(); }},
+        {"setTargetHistory", [] { Settings::setTargetHistory({}); }},
+        {"generateAudioRecordFilePath", [] { Settings::generateAudioRecordFilePath(); }},
+        {"generateFreezedFilePath", [] { Settings::generateFreezedFilePath({}); }},
+        {"generateStabilizedFilePath", [] { Settings::generateStabilizedFilePath({}, {}); }},
+    };
+    TestKit::TemporaryHome const home;
+    auto const info = std::make_shared<FixedProductInfo>();
+    auto const store = std::make_shared<MemoryStorage>();
+    {
+        ScopedBinding const binding({info, store, {}, {}});
+        for (auto const& [name, call] : usersOfTheProductStore)
+            EXPECT_EXIT(call(), testing::KilledBySignal(SIGABRT), productStorageLine) << name;
+        EXPECT_FALSE(Settings::autoDownloadUpdates()) << "the other store is there";
+    }
+    ScopedBinding const binding({info, {}, store, {}});
+    EXPECT_EXIT(Settings::autoDownloadUpdates(), testing::KilledBySignal(SIGABRT), commonStorageLine);
+    EXPECT_EXIT(Settings::setAutoDownloadUpdates(true), testing::KilledBySignal(SIGABRT), commonStorageLine);
+}
+
+TEST(Binding, WhatAsksNoCollaboratorWorksWithoutAny)
+{
+    TestKit::TemporaryHome const home;
+    QString const homeFolder = QString::fromStdString(home.path().string());
+    ScopedBinding const binding({});
+    EXPECT_EQ(Settings::defaultProjectPath(), homeFolder + QStringLiteral("/Videos/Lumora Video Editor/Projects"));
+    EXPECT_EQ(Settings::defaultNewsCenterContentPath(), homeFolder + QStringLiteral("/.cache/Lumora Video Editor/News Center"));
+    EXPECT_EQ(resourceFile("/a"), "/a");
+    EXPECT_EQ(Settings::stockTitlesSvgPath(), QStringLiteral("/resources/samples/stock//titles/"));
+    EXPECT_EQ(Settings::stockMusicPath(), QStringLiteral("/Music Library/"));
+    EXPECT_EQ(stockSampleProjectsPath(), QStringLiteral("/resources/samples/stock/projects"));
+    EXPECT_EQ(Settings::notificationFile(Settings::FinishNotification), QStringLiteral("/resources/samples/notifications/finish.wav"));
+    EXPECT_EQ(Settings::countDownImagePath(), QStringLiteral(":/icons/Player/countdownPad.png"));
+    EXPECT_EQ(Settings::countFiguresDownFont().pointSize(), 60);
+    EXPECT_EQ(Settings::portableProjectMediaPath(), QStringLiteral("/media/"));
+    EXPECT_EQ(Settings::projectNameDefault(), QStringLiteral("New Project"));
+}
+
+TEST(ProductInformation, ExceptionPassesAndTheLockIsDropped)
+{
+    struct Throwing final : IProductInfo {
+        [[noreturn]] static void fail() { throw std::runtime_error("thrown by the product information"); }
+        std::string vendorName() const override { fail(); }
+        std::string productName() const override { fail(); }
+        std::string sharedDataFolderName() const override { fail(); }
+        int productKind() const override { fail(); }
+        std::string projectFileExtensions() const override { fail(); }
+    };
+    auto const info = std::make_shared<Throwing>();
+    auto const store = std::make_shared<MemoryStorage>();
+    ScopedBinding const binding({info, store, store, {}});
+    for (auto const& [name, call] : everyUserOfTheProduct) {
+        try {
+            call();
+            ADD_FAILURE() << name << ": nothing was thrown";
+        } catch (std::runtime_error const& error) {
+            EXPECT_STREQ(error.what(), "thrown by the product information") << name;
+        }
+        EXPECT_EQ(info.use_count(), 1) << name;
+    }
 }
 
 TEST(BrokenBindingDeathTest, DestroyedStoreGivesNoDefault)

@@ -110,7 +110,31 @@ TEST_F(OwnPlatform, DataRootsDoNotAskTheHost)
     ::setenv("XDG_DATA_HOME", "/D", 1);
     EXPECT_EQ(productDataPath(), QStringLiteral("/D/Vendor/Product"));
     EXPECT_EQ(Settings::defaultWaveformCachePath(), QStringLiteral("/D/Vendor/SharedData/Shared/Waveforms/Cache"));
+    EXPECT_EQ(Settings::userIntrosPath(), QStringLiteral("/D/Vendor/SharedData/Shared/UserImports/"));
+    EXPECT_EQ(Settings::userOverlaysPath(), QStringLiteral("/D/Vendor/SharedData/Shared/UserOverlays/"));
+    EXPECT_EQ(Settings::userEffectsPath("fx"), QStringLiteral("/D/Vendor/SharedData/Shared/UserEffects/fx/"));
+    EXPECT_EQ(Settings::userUnsplashPath(), QStringLiteral("/D/Vendor/Product/Unsplash/SavedCollection"));
+    EXPECT_EQ(Settings::unsplashContentPath(), QStringLiteral("/D/Vendor/Product/Unsplash/Content"));
+    EXPECT_EQ(Settings::packageDeploymentPath(), QStringLiteral("/D/Vendor/SharedData/VideoEditor/Packages/"));
+    EXPECT_EQ(Settings::fastTrackConfigurationPath(), QStringLiteral("/D/Vendor/SharedData/VideoEditor/FastTrack/"));
+    EXPECT_EQ(Settings::waveformConfigurationPath(), QStringLiteral("/D/Vendor/SharedData/VideoEditor/Waveforms/Configuration/"));
+    EXPECT_EQ(Settings::stockPackagesStatisticsPath(), QStringLiteral("/D/Vendor/Product/StockPackagesStats/"));
+    EXPECT_EQ(Settings::deployedPackagesStatisticsPath(), QStringLiteral("/D/Vendor/SharedData/VideoEditor/Packages/"));
     EXPECT_TRUE(askedLocations.empty());
+    EXPECT_TRUE(askedLibraries.empty());
+}
+
+TEST_F(OwnPlatform, ResourcesDoNotAskTheHost)
+{
+    EXPECT_EQ(Settings::presetFilePath(), "/resources/presets-videoeditor.json");
+    EXPECT_EQ(Settings::stockTitlesSvgPath(), QStringLiteral("/resources/resources/samples/stock//titles/"));
+    EXPECT_EQ(stockSampleProjectsPath(), QStringLiteral("/resources/resources/samples/stock/projects"));
+    EXPECT_TRUE(Settings::sampleProjectPath().isNull());
+    EXPECT_EQ(Settings::notificationFile(Settings::ErrorNotification),
+              QStringLiteral("/resources/resources/samples/notifications/error.wav"));
+    EXPECT_EQ(Settings::portableProjectMediaPath(), QStringLiteral("/media/"));
+    EXPECT_TRUE(askedLocations.empty());
+    EXPECT_TRUE(askedLibraries.empty());
 }
 
 } // namespace
