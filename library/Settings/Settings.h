@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
 //
-// The editor's preferences and locations.
+// The editor's preferences, its locations, and names for the files that it is about to write.
 //
 // Binding. Call `Settings::init` once, before anything else here, with a product-information object and two stores
 //   that stay alive for as long as the library is called. A call that finds its collaborator unbound or destroyed ends
 //   the process with a line on standard error that names the collaborator; no default is ever given in its place.
 // Threads. Once bound, every function may be called from any thread; whether calls on one store may run side by side
 //   is the store's business. `Settings::init` must not run beside any other call. The constants are read-only.
-// Failure. The library reports nothing and logs nothing. What a store, the product information or an allocation throws
-//   reaches the caller unchanged.
+// Failure. The library reports nothing and logs nothing. What a store, the product information, the platform libraries
+//   or an allocation throws reaches the caller unchanged.
 //
 // Nothing is cached: each call asks its collaborators and the environment anew. No function creates, removes or checks
-// a file or a directory. Example paths are those of a user "u" with the product names in parentheses.
+// a file or a directory; the generated names and the sample project list one. Example paths are those of a user "u" with the product names in parentheses.
 #pragma once
 
 #include <Settings/Export.h>
