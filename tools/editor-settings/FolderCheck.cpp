@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FolderCheck.h"
 
-#include "Values.h"
+#include "Text.h"
 
 #include <QDir>
 

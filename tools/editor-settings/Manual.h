@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// Descriptions of the command line that are made from the command line itself, so that they hold what it holds: the
-// manual page, and completion for shells.
+// The manual page, made from the command line itself, so that it tells what the command line takes.
 #pragma once
 
 #include <CLI/CLI.hpp>
 
-#include <map>
 #include <string>
 #include <vector>
 
@@ -20,14 +18,3 @@ struct Note {
 std::string helpFooter(std::vector<Note> const& notes);
 /// The manual page, as troff with the man macros.
 std::string manualPage(CLI::App const& app, std::vector<Note> const& notes);
-
-/// What can stand for a word of the command line.
-struct Choice {
-    enum class Kind { words, files, folders };
-    Kind kind = Kind::words;
-    std::vector<std::string> words = {};
-};
-
-/// A completion script for "bash", "zsh" or "fish". `choices` tells what completes a positional word or an option's
-/// value; nothing does where it is silent.
-std::string completionScript(CLI::App const& app, std::map<CLI::Option const*, Choice> const& choices, std::string const& shell);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "NextName.h"
 
-#include "Values.h"
+#include "Text.h"
 
 #include <Settings/Settings.h>
 

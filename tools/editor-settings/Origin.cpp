@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Origin.h"
 
-#include "Values.h"
+#include "Text.h"
 
 #include <Lumora/Util/StandardPaths.h>
 

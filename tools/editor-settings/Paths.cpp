@@ -61,14 +61,6 @@ std::vector<Location> allLocations()
 // The whole list, or its only element where one location was asked for by name.
 void printJsonOf(ordered_json const& array, bool isOne) { printJson(isOne ? array.front() : array); }
 
-std::string joined(std::vector<std::string> const& words, char const* separator)
-{
-    std::string text;
-    for (std::string const& word : words)
-        text += (text.empty() ? "" : separator) + word;
-    return text;
-}
-
 // One location, asked about `argument`.
 Location oneLocation(PathsOptions const& options)
 {

@@ -14,14 +14,6 @@ std::size_t width(std::string const& text)
     return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; }));
 }
 
-std::string joined(Columns const& columns, char const* separator)
-{
-    std::string line;
-    for (std::string const& column : columns)
-        line += (&column == &columns.front() ? "" : separator) + column;
-    return line;
-}
-
 void printAligned(std::vector<Columns> const& table)
 {
     std::vector<std::size_t> widths;

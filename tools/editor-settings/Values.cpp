@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Values.h"
 
+#include "Text.h"
+
 #include <Host/FileContent.h>
 
 #include <algorithm>
@@ -189,25 +191,3 @@ std::string onOneLine(Value const& value)
     // The elements of a list are told apart whatever they hold.
     return std::holds_alternative<QStringList>(value) ? toJson(value).dump() : onOneLine(text(value));
 }
-
-std::string onOneLine(std::string const& text)
-{
-    std::string result;
-    for (char const character : text) {
-        if (character == '\\')
-            result += "\\\\";
-        else if (character == '\t')
-            result += "\\t";
-        else if (character == '\n')
-            result += "\\n";
-        else if (character == '\r')
-            result += "\\r";
-        else if (static_cast<unsigned char>(character) < 0x20 || character == 0x7f)
-            result += "\\x" + QByteArray(1, character).toHex().toStdString();
-        else
-            result += character;
-    }
-    return result;
-}
-
-std::string quoted(std::string const& text) { return '\'' + onOneLine(text) + '\''; }

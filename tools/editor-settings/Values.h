@@ -3,19 +3,14 @@
 // Values of preferences as a command line takes and shows them.
 #pragma once
 
+#include "Text.h"
+
 #include <Catalogue/Catalogue.h>
 
 #include <nlohmann/json.hpp>
 
-#include <stdexcept>
 #include <string>
 #include <vector>
-
-/// What the tool says no to; the text goes to the user. The exit status is then 1.
-class Refusal : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
 
 /// The type of a value: "bool", "int", "text", "bytes" or "list".
 std::string typeName(Catalogue::Value const& value);
@@ -33,7 +28,3 @@ std::string text(Catalogue::Value const& value);
 nlohmann::ordered_json toJson(Catalogue::Value const& value);
 /// The value on one line, for scripts: a list as a JSON array, all else as its text.
 std::string onOneLine(Catalogue::Value const& value);
-/// `text` on one line: backslash, tab and line breaks as `\\`, `\t`, `\n` and `\r`, other control characters as `\xHH`.
-std::string onOneLine(std::string const& text);
-/// `text` within single quotes, for messages.
-std::string quoted(std::string const& text);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Commands.h"
+#include "Completion.h"
 #include "Manual.h"
 #include "NextName.h"
 #include "Paths.h"
