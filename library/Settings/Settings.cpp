@@ -673,7 +673,7 @@ QString Settings::portableProjectMediaPath() { return QStringLiteral("/media/");
 
 namespace {
 
-// Files only, without hidden ones; `filter` must match the whole name, in any case.
+// Files, and links to what is no folder, without hidden ones; `filter` must match the whole name, in any case.
 QStringList fileNames(QString const& folder, QString const& filter) { return QDir(folder).entryList({filter}, QDir::Files, QDir::Name); }
 
 // The highest number that the first group of `pattern` finds anywhere in one of the names; 0 without one. A number

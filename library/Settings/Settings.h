@@ -11,7 +11,8 @@
 //   or an allocation throws reaches the caller unchanged.
 //
 // Nothing is cached: each call asks its collaborators and the environment anew. No function creates, removes or checks
-// a file or a directory; the generated names and the sample project list one. Example paths are those of a user "u" with the product names in parentheses.
+// a file or a directory; the generated names and the sample project list one. Example paths are those of a user "u" with the product names
+// in parentheses.
 #pragma once
 
 #include <Settings/Export.h>
@@ -426,7 +427,8 @@ EDITOR_SETTINGS_EXPORT QString portableProjectMediaPath(); ///< "/media/", to be
 // Each lists a folder and answers with a name whose number is one above the highest there. Nothing is created or
 // reserved: two calls before the caller has made the file give the same number. To claim a name, make the folder and
 // open the file so that it must not exist. A folder that is missing or cannot be read counts as empty. After 2147483647
-// comes -2147483648, which later calls do not count.
+// comes -2147483648, which later calls do not count. Qt itself warns on standard error where a "[" stays open in a format
+// or in the name of a stabilized clip's source.
 
 /// "/home/u/Music/Lumora Video Editor/Recorded Audio/Rec-4-2024.03.09-17.05.31.wav": in `audioRecordPath()`, with the
 /// local time and `audioRecordFormat()` in lower case. "Rec-3-…" counts whatever its extension.
@@ -434,7 +436,7 @@ EDITOR_SETTINGS_EXPORT QString portableProjectMediaPath(); ///< "/media/", to be
 EDITOR_SETTINGS_EXPORT QString generateAudioRecordFilePath();
 /// "/home/u/Videos/Lumora Library/Holiday.final (2).png" for "/a/Holiday.final.mov": in `exportPath()`, named after the
 /// source up to its last dot, with `freezedFileFormat()`. Only files of that format count. The source need not exist.
-/// A "%1" in the source's name is taken for a placeholder, and such a name is never counted.
+/// A placeholder such as "%1" in the source's name is filled as well; the name that results is never counted.
 EDITOR_SETTINGS_EXPORT QString generateFreezedFilePath(QString sourceFilePath);
 /// "/home/u/Videos/Lumora Video Editor/Stabilized/Holiday-4.mp4" for "/a/Holiday.final.mov" and "mp4": in
 /// `stabilizedFilePath()`, which is asked for twice, named after the source up to its first dot. Any extension counts.

@@ -1,0 +1,741 @@
+// SPDX-License-Identifier: MIT
+//
+// The generated names told a second time, as plainly as can be, and compared with the library on random folders. What
+// is random follows from a seed, which a failure prints; the environment variable EDITOR_SETTINGS_SEED repeats it.
+#include <support/BoundLibrary.h>
+#include <support/Named.h>
+
+#include <QFile>
+#include <QLocale>
+#include <QRegExp>
+#include <QRegularExpression>
+#include <QTextCodec>
+
+#include <algorithm>
+#include <clocale>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <random>
+#include <sstream>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <langinfo.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Files = std::vector<std::string>;
+
+// The locale of the environment, as a program of Qt takes it over, before Qt first reads the name of a file.
+char const* const locale = std::setlocale(LC_ALL, "");
+
+QString utf8(std::string const& text) { return QString::fromUtf8(text.data(), static_cast<int>(text.size())); }
+
+// --- The oracle --------------------------------------------------------------------------------------------------------
+
+namespace oracle {
+
+bool isUtf8(std::string const& bytes)
+{
+    for (std::size_t at = 0; at < bytes.size();) {
+        auto const byte = [&](std::size_t offset) {
+            return at + offset < bytes.size() ? static_cast<unsigned char>(bytes[at + offset]) : 0U;
+        };
+        std::size_t const length = byte(0) < 0x80   ? 1
+                                   : byte(0) < 0xC2 ? 0
+                                   : byte(0) < 0xE0 ? 2
+                                   : byte(0) < 0xF0 ? 3
+                                   : byte(0) < 0xF5 ? 4
+                                                    : 0;
+        if (length == 0)
+            return false;
+        for (std::size_t next = 1; next < length; ++next)
+            if (byte(next) < 0x80 || byte(next) > 0xBF)
+                return false;
+        bool const isOverlong = (byte(0) == 0xE0 && byte(1) < 0xA0) || (byte(0) == 0xF0 && byte(1) < 0x90);
+        bool const isSurrogate = byte(0) == 0xED && byte(1) > 0x9F;
+        bool const isBeyondUnicode = byte(0) == 0xF4 && byte(1) > 0x8F;
+        if (isOverlong || isSurrogate || isBeyondUnicode)
+            return false;
+        at += length;
+    }
+    return true;
+}
+
+bool isText(std::string const& bytes, std::string const& codec)
+{
+    if (codec == "ISO-8859-1")
+        return true;
+    if (codec == "US-ASCII")
+        return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+    return isUtf8(bytes);
+}
+
+// Files, and links to whatever exists and is no folder.
+bool isListed(std::string const& path)
+{
+    struct stat status {};
+    if (::lstat(path.c_str(), &status) != 0)
+        return false;
+    if (S_ISREG(status.st_mode))
+        return true;
+    return S_ISLNK(status.st_mode) && ::stat(path.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+}
+
+QStringList listing(std::string const& folder, std::string const& codec)
+{
+    QStringList names;
+    DIR* const directory = ::opendir(folder.c_str());
+    if (!directory)
+        return names;
+    while (dirent const* const entry = ::readdir(directory)) {
+        std::string const name = entry->d_name;
+        if (name[0] != '.' && isText(name, codec) && isListed(folder + '/' + name))
+            names.append(QFile::decodeName(name.c_str()));
+    }
+    ::closedir(directory);
+    return names;
+}
+
+// One for all characters that are the same letter in another case; for those that occur here.
+uint folded(uint character)
+{
+    bool const isUpperAscii = character >= 'A' && character <= 'Z';
+    bool const isUpperLatin = character >= 0xC0 && character <= 0xDE && character != 0xD7;
+    switch (character) {
+    case 0x17F:
+        return 's';
+    case 0x212A:
+        return 'k';
+    case 0x10400:
+        return 0x10428;
+    default:
+        return isUpperAscii || isUpperLatin ? character + 0x20 : character;
+    }
+}
+
+// Whether all of `name` is what `filter` says, where '*' stands for any text.
+bool matches(QVector<uint> const& filter, QVector<uint> const& name, int atFilter = 0, int atName = 0)
+{
+    if (atFilter == filter.size())
+        return atName == name.size();
+    if (filter[atFilter] != '*')
+        return atName < name.size() && folded(filter[atFilter]) == folded(name[atName]) && matches(filter, name, atFilter + 1, atName + 1);
+    for (int rest = atName; rest <= name.size(); ++rest)
+        if (matches(filter, name, atFilter + 1, rest))
+            return true;
+    return false;
+}
+
+bool holdsOneOf(QString const& text, char const* characters)
+{
+    return std::any_of(text.begin(), text.end(), [&](QChar character) {
+        return character.unicode() < 0x80 && character.unicode() != 0 && std::strchr(characters, character.unicode());
+    });
+}
+
+// The names that pass the filter. Where `ofTheCaller`, its part that is not fixed, is at work in it, Qt tells what it means.
+QStringList filtered(QStringList const& names, QString const& filter, QString const& ofTheCaller)
+{
+    QRegularExpression const expression(QRegularExpression::wildcardToRegularExpression(filter), QRegularExpression::CaseInsensitiveOption);
+    bool const isLiteral = !holdsOneOf(ofTheCaller, "*?[]");
+    QStringList result;
+    for (QString const& name : names)
+        if (isLiteral ? matches(filter.toUcs4(), name.toUcs4()) : expression.isValid() && expression.match(name).hasMatch())
+            result.append(name);
+    return result;
+}
+
+// The decimal digits that occur here.
+bool isDigit(QChar character)
+{
+    ushort const code = character.unicode();
+    return (code >= '0' && code <= '9') || (code >= 0x660 && code <= 0x669) || (code >= 0xFF10 && code <= 0xFF19);
+}
+
+int valueOf(QString const& digits)
+{
+    long long value = 0;
+    for (QChar const digit : digits) {
+        if (digit.unicode() < '0' || digit.unicode() > '9')
+            return 0;
+        value = value * 10 + (digit.unicode() - '0');
+        if (value > 2147483647)
+            return 0;
+    }
+    return static_cast<int>(value);
+}
+
+// The number in the first place in `name` where it stands between `before` and `after`.
+int numberBetween(QString const& before, QString const& after, QString const& name)
+{
+    for (int start = 0; start <= name.size(); ++start) {
+        if (name.mid(start, before.size()) != before)
+            continue;
+        int end = start + before.size();
+        while (end < name.size() && isDigit(name[end]))
+            ++end;
+        int const first = start + before.size();
+        if (end > first && name.mid(end, after.size()) == after)
+            return valueOf(name.mid(first, end - first));
+    }
+    return 0;
+}
+
+int numberByPattern(QString const& pattern, QString const& name)
+{
+    QRegExp expression(pattern);
+    return expression.indexIn(name) < 0 ? 0 : valueOf(expression.cap(1));
+}
+
+QString next(int highest) { return highest == 2147483647 ? QStringLiteral("-2147483648") : QString::number(highest + 1); }
+
+template <typename NumberOf>
+QString nextAfter(QStringList const& names, NumberOf numberOf)
+{
+    int highest = 0;
+    for (QString const& name : names)
+        if (int const number = numberOf(name); number > highest)
+            highest = number;
+    return next(highest);
+}
+
+// A "%1" or "%L12" in a text: where it begins, how long it is, what number it bears.
+struct Placeholder {
+    int begin;
+    int length;
+    int number;
+};
+
+std::vector<Placeholder> placeholders(QString const& text)
+{
+    auto const digitAt = [&](int at) { return at < text.size() && isDigit(text[at]) ? text[at].unicode() % 16 : -1; };
+    // '0' is 0x30, and the other zeros are 0x660 and 0xFF10.
+    std::vector<Placeholder> result;
+    for (int at = 0; at < text.size(); ++at) {
+        if (text[at] != QLatin1Char('%'))
+            continue;
+        int end = at + 1;
+        if (end < text.size() && text[end] == QLatin1Char('L'))
+            ++end;
+        if (digitAt(end) < 0)
+            continue;
+        int number = digitAt(end++);
+        if (digitAt(end) >= 0)
+            number = number * 10 + digitAt(end++);
+        result.push_back({at, end - at, number});
+        at = end - 1;
+    }
+    return result;
+}
+
+// `text` with `value` in all places of the lowest number.
+QString filled(QString const& text, QString const& value)
+{
+    int lowest = 100;
+    for (Placeholder const& placeholder : placeholders(text))
+        lowest = std::min(lowest, placeholder.number);
+    QString result;
+    int done = 0;
+    for (Placeholder const& placeholder : placeholders(text))
+        if (placeholder.number == lowest) {
+            result += text.mid(done, placeholder.begin - done) + value;
+            done = placeholder.begin + placeholder.length;
+        }
+    return result + text.mid(done);
+}
+
+char const* const patternCharacters = "$()*+.?[\\]^{|}";
+
+QString escaped(QString const& text)
+{
+    QString result;
+    for (QChar const character : text)
+        result += (holdsOneOf(character, patternCharacters) ? QStringLiteral("\\") : QString()) + character;
+    return result;
+}
+
+QString fileName(QString const& path) { return path.mid(path.lastIndexOf(QLatin1Char('/')) + 1); }
+
+QString upToLastDot(QString const& name)
+{
+    int const dot = name.lastIndexOf(QLatin1Char('.'));
+    return dot < 0 ? name : name.left(dot);
+}
+
+QString upToFirstDot(QString const& name)
+{
+    int const dot = name.indexOf(QLatin1Char('.'));
+    return dot < 0 ? name : name.left(dot);
+}
+
+QString lowerCase(QString const& text)
+{
+    QString result;
+    for (QChar const character : text) {
+        ushort const code = character.unicode();
+        if (code == 0x130)
+            result += QString::fromUtf16(u"i\u0307");
+        else
+            result += code < 0x100 ? QChar(folded(code)) : character;
+    }
+    return result;
+}
+
+// The name, with TIME for the time.
+QString recording(QStringList const& names, QString const& format)
+{
+    QString const number = nextAfter(filtered(names, QStringLiteral("Rec-*-*-*.*"), QString()),
+                                     [](QString const& name) { return numberBetween(QStringLiteral("Rec-"), QStringLiteral("-"), name); });
+    return QStringLiteral("Rec-") + number + QStringLiteral("-TIME.") + lowerCase(format);
+}
+
+QString freeze(QStringList const& names, QString const& source, QString const& format)
+{
+    QString const stem = upToLastDot(fileName(source));
+    QStringList own;
+    for (QString const& name : filtered(names, QStringLiteral("*.") + format, format))
+        if (upToLastDot(name).left(stem.size()) == stem)
+            own.append(name);
+    // A placeholder of the stem takes the format, so the parts of the pattern are found once all is filled in.
+    QString const number = [&] {
+        if (holdsOneOf(format, patternCharacters)) {
+            QString const pattern = filled(filled(QStringLiteral("%1 \\((\\d+)\\)\\.%2"), escaped(stem)), format);
+            return nextAfter(own, [&](QString const& name) { return numberByPattern(pattern, name); });
+        }
+        QString const digits = QChar(0xE000);
+        QStringList const around = filled(filled(QStringLiteral("%1 (") + digits + QStringLiteral(").%2"), stem), format).split(digits);
+        return nextAfter(own, [&](QString const& name) { return numberBetween(around[0], around[1], name); });
+    }();
+    return filled(filled(filled(QStringLiteral("%1 (%2).%3"), stem), number), format);
+}
+
+QString stabilized(QStringList const& names, QString const& source, QString const& format)
+{
+    QString const stem = upToFirstDot(fileName(source));
+    bool const isLiteral = !holdsOneOf(stem, patternCharacters);
+    QString const pattern = stem + QStringLiteral("-(\\d+).*");
+    QString const number = nextAfter(filtered(names, stem + QStringLiteral("-*.*"), stem), [&](QString const& name) {
+        return isLiteral ? numberBetween(stem + QLatin1Char('-'), QString(), name) : numberByPattern(pattern, name);
+    });
+    return stem + QLatin1Char('-') + number + QLatin1Char('.') + format;
+}
+
+} // namespace oracle
+
+// --- Random folders ----------------------------------------------------------------------------------------------------
+
+std::string printable(std::string const& bytes)
+{
+    std::ostringstream text;
+    for (char const byte : bytes) {
+        auto const code = static_cast<unsigned char>(byte);
+        if (code >= 0x20 && code < 0x7F && byte != '\\')
+            text << byte;
+        else
+            text << "\\x" << std::hex << (code < 16 ? "0" : "") << static_cast<unsigned>(code);
+    }
+    return text.str();
+}
+
+std::string printable(QString const& text) { return printable(text.toStdString()); }
+
+class Chance {
+public:
+    explicit Chance(std::uint64_t seed) : m_engine(seed) {}
+
+    std::size_t below(std::size_t end) { return std::uniform_int_distribution<std::size_t>(0, end - 1)(m_engine); }
+    bool oneIn(std::size_t count) { return below(count) == 0; }
+    std::string const& of(Files const& choices) { return choices[below(choices.size())]; }
+
+private:
+    std::mt19937_64 m_engine;
+};
+
+Files const plainPieces = {"Holiday",
+                           "Holiday",
+                           "holiday",
+                           "Clip",
+                           "a",
+                           "b",
+                           "aa",
+                           "A",
+                           "s",
+                           "k",
+                           "Rec",
+                           " ",
+                           "-",
+                           "-1",
+                           "7",
+                           "(2)",
+                           " (3)",
+                           "x y",
+                           "a.b",
+                           ".",
+                           ":",
+                           "\n",
+                           "png",
+                           u8"\u00E9",
+                           u8"\u00C9",
+                           u8"e\u0301",
+                           u8"\u05D0",
+                           u8"\U0001F3AC",
+                           u8"\U00010400",
+                           u8"\U00010428",
+                           u8"\u017F",
+                           u8"\u212A",
+                           u8"\u0663",
+                           u8"\uFFFD"};
+Files const oddPieces = {"%1",    "%2",  "%3",   "%%1",  "%%",   "%L2", "%L1", "%0",  "%10",   "%",  u8"%\u0661", "(a|b)",
+                         "(7|8)", "(1)", "[ab]", "[^a]", "[!a]", "a*",  "*",   "?",   "a?",    "b+", "a{2}",      "(",
+                         ")",     "[",   "]",    "|",    "^",    "$",   "\\",  "\\d", "(?:a)", "{"};
+Files const formats = {
+    "png",      "png",    "png", "PNG", "mp4", "", "p.g", "p?g", "p*", "[pj]ng", "(png)", "(png", "[", "%1", "%2", "%3", u8"\u00C4\u00D6",
+    u8"\u0130", "tar.gz", "p|g", "$",   ".png"};
+Files const numbers = {"1",
+                       "2",
+                       "3",
+                       "7",
+                       "8",
+                       "9",
+                       "10",
+                       "11",
+                       "99",
+                       "007",
+                       "0",
+                       "12345",
+                       "2147483646",
+                       "2147483647",
+                       "2147483648",
+                       "4294967297",
+                       "99999999999",
+                       "18446744073709551617",
+                       "-5",
+                       "+5",
+                       " 5",
+                       "",
+                       "x",
+                       "1x",
+                       u8"\u0663",
+                       u8"1\u0663",
+                       u8"\uFF11",
+                       u8"\u00B2",
+                       u8"\U0001D7CF",
+                       "1.5",
+                       "-2147483648"};
+Files const extensions = {".png", ".PNG", ".mp4", ".mov", ".wav", ".", ""};
+
+class Content {
+public:
+    explicit Content(Chance& chance) : m_chance(chance)
+    {
+        for (int count = 0; count < 2; ++count) {
+            m_stems.push_back(stem());
+            m_formats.push_back(m_chance.of(formats));
+        }
+    }
+
+    std::string const& stem(std::size_t index) const { return m_stems[index]; }
+    std::string const& format(std::size_t index) const { return m_formats[index]; }
+
+    // The path of a clip with the stem.
+    std::string source(std::size_t index)
+    {
+        static Files const folders = {"", "/", "/a/b.c/", "relative/"};
+        static Files const ends = {".mov", ".mov", ".mov", "", ".", ".final.mov", ".MOV", "/"};
+        return m_chance.of(folders) + m_stems[index] + m_chance.of(ends);
+    }
+
+    // A name that counts, or nearly.
+    std::string name()
+    {
+        std::string result = wellFormed();
+        if (m_chance.oneIn(6))
+            result.erase(m_chance.below(result.size()), 1);
+        if (m_chance.oneIn(8))
+            result.insert(m_chance.below(result.size() + 1),
+                          m_chance.of({"-", ".", " ", "a", "Rec-", "\n", "1", "(", "\xFF", "\xC3", "\xED\xA0\x80", u8"\u00E9"}));
+        if (m_chance.oneIn(10))
+            result = otherCase(result);
+        if (m_chance.oneIn(15))
+            result.insert(0, ".");
+        return result;
+    }
+
+private:
+    std::string stem()
+    {
+        std::string result;
+        for (std::size_t pieces = m_chance.below(4); pieces > 0; --pieces)
+            result += m_chance.of(m_chance.oneIn(3) ? oddPieces : plainPieces);
+        return result;
+    }
+
+    std::string wellFormed()
+    {
+        std::size_t const index = m_chance.below(2);
+        std::string const& stem = m_stems[index];
+        std::string const& format = m_chance.oneIn(6) ? m_chance.of(formats) : m_formats[index];
+        std::string const& number = m_chance.of(numbers);
+        std::string const prefix = m_chance.oneIn(4) ? stem + m_chance.of(plainPieces) : std::string();
+        switch (m_chance.below(8)) {
+        case 0:
+        case 1:
+            return prefix + "Rec-" + number + "-2024.01.02-" + m_chance.of({"10.00.00", "x", ""}) + m_chance.of(extensions);
+        case 2:
+        case 3:
+            return (m_chance.oneIn(4) ? otherCase(stem) + " " : prefix) + stem + " (" + number + ")." + format;
+        case 4: {
+            // What the pattern looks like once the placeholders of the stem are filled.
+            QString const pattern = oracle::filled(oracle::filled(QStringLiteral("%1 (NUMBER).%2"), utf8(stem)), utf8(format));
+            return stem + " " + QString(pattern).replace(QStringLiteral("NUMBER"), utf8(number)).toStdString() + "." + format;
+        }
+        case 5:
+            return stem + "-" + m_chance.of({"a", "b", "aa", "7", "8", "1", "!", "Clip"}) + "-" + number + m_chance.of(extensions);
+        case 6:
+            return m_chance.of({"a", "b", "ab", "Clip"}) + "-" + number + m_chance.of(extensions);
+        default:
+            return prefix + stem + "-" + number + m_chance.of(extensions);
+        }
+    }
+
+    static std::string otherCase(std::string text)
+    {
+        for (char& byte : text) {
+            bool const isLetter = (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
+            byte = isLetter ? static_cast<char>(byte ^ 0x20) : byte;
+        }
+        return text;
+    }
+
+    Chance& m_chance;
+    Files m_stems;
+    Files m_formats;
+};
+
+// The path with TIME in the place of the time, which no test knows beforehand.
+QString withoutTime(QString const& path)
+{
+    static QRegularExpression const time(QStringLiteral("-[0-9]{4}\\.[0-9]{2}\\.[0-9]{2}-[0-9]{2}\\.[0-9]{2}\\.[0-9]{2}\\."));
+    return QString(path).replace(time, QStringLiteral("-TIME."));
+}
+
+std::uint64_t seedOfThisRun()
+{
+    char const* const given = std::getenv("EDITOR_SETTINGS_SEED");
+    return given ? std::stoull(given) : std::random_device()();
+}
+
+struct Reading {
+    char const* meaning;
+    char const* codec; // null for the one of the locale
+    std::uint64_t folders;
+};
+
+// Names of files read with another codec than the locale's for as long as it lives.
+class FileNameCodec {
+public:
+    explicit FileNameCodec(char const* name)
+    {
+        if (name)
+            QTextCodec::setCodecForLocale(QTextCodec::codecForName(name));
+    }
+    ~FileNameCodec() { QTextCodec::setCodecForLocale(nullptr); }
+    FileNameCodec(FileNameCodec const&) = delete;
+    FileNameCodec& operator=(FileNameCodec const&) = delete;
+};
+
+class NameOracle : public BoundLibrary, public testing::WithParamInterface<Reading> {
+protected:
+    NameOracle()
+    {
+        fs::create_directory(m_folder);
+        m_home.write("target", "content");
+        EXPECT_EQ(::mkfifo((m_home.path() / "pipe").c_str(), 0600), 0);
+        QLocale::setDefault(QLocale::c());
+    }
+    ~NameOracle() override { QLocale::setDefault(m_earlier); }
+
+    void make(std::string const& name, Chance& chance) const
+    {
+        std::string const path = m_folder + '/' + name;
+        switch (chance.below(16)) {
+        case 0:
+            ::mkdir(path.c_str(), 0700);
+            break;
+        case 1:
+            ::mkfifo(path.c_str(), 0600);
+            break;
+        case 2:
+            static_cast<void>(::symlink(chance.of({"../target", "../target", "../missing", "..", "../pipe"}).c_str(), path.c_str()));
+            break;
+        default:
+            ::close(::open(path.c_str(), O_CREAT | O_EXCL | O_WRONLY, 0600));
+        }
+    }
+
+    void fill(Content& content, Chance& chance) const
+    {
+        for (std::size_t count = chance.below(13); count > 0; --count) {
+            std::string const name = content.name();
+            bool const isName = !name.empty() && name != "." && name != ".." && name.size() < 256 && name.find('/') == std::string::npos;
+            if (isName)
+                make(name, chance);
+        }
+    }
+
+    // Its entries, each with its kind as `ls` marks it.
+    std::string description() const
+    {
+        std::string result;
+        for (fs::directory_entry const& entry : fs::directory_iterator(m_folder)) {
+            bool const isLink = entry.is_symlink();
+            std::string const mark = isLink                 ? " -> " + fs::read_symlink(entry.path()).string()
+                                     : entry.is_directory() ? "/"
+                                     : entry.is_fifo()      ? "|"
+                                                            : "";
+            result += "  \"" + printable(entry.path().filename().string()) + "\"" + mark + "\n";
+        }
+        return result;
+    }
+
+    void clear() const
+    {
+        for (fs::directory_entry const& entry : fs::directory_iterator(m_folder))
+            fs::remove(entry.path());
+    }
+
+    std::string const m_folder = (m_home.path() / "folder").string();
+    QLocale const m_earlier;
+};
+
+TEST_P(NameOracle, AgreesOnRandomFolders)
+{
+    FileNameCodec const reading(GetParam().codec);
+    std::string const codec = GetParam().codec ? GetParam().codec : "UTF-8";
+    std::uint64_t const seed = seedOfThisRun();
+    RecordProperty("seed", std::to_string(seed));
+    std::uint64_t counted[3] = {};
+
+    for (std::uint64_t round = 0; round < GetParam().folders; ++round) {
+        Chance chance(seed + round);
+        Content content(chance);
+        fill(content, chance);
+        std::string const form = chance.oneIn(20) ? m_folder + "/missing" : m_folder + chance.of({"", "", "/", "/.", "/../folder"});
+        for (char const* const key : {"audioRecordPath", "exportPath", "stabilizedFilePath"})
+            m_productValues->setString(key, form);
+        QStringList const names = oracle::listing(form, codec);
+
+        auto const compare = [&](std::size_t generator, QString const& answer, QString const& name, std::string const& source,
+                                 std::string const& format) {
+            QString const expected = utf8(form) + QLatin1Char('/') + name;
+            QString const alone = generator == 0   ? oracle::recording({}, utf8(format))
+                                  : generator == 1 ? oracle::freeze({}, utf8(source), utf8(format))
+                                                   : oracle::stabilized({}, utf8(source), utf8(format));
+            counted[generator] += name != alone;
+            EXPECT_EQ(answer, expected) << "EDITOR_SETTINGS_SEED=" << seed << ", folder " << round << "\nsource \"" << printable(source)
+                                        << "\", format \"" << printable(format) << "\"\nlibrary \"" << printable(answer) << "\"\noracle  \""
+                                        << printable(expected) << "\"\nin the folder:\n"
+                                        << description();
+        };
+
+        std::string const recordingFormat = chance.of(formats);
+        m_productValues->setString("audioRecordFormat", recordingFormat);
+        compare(0, withoutTime(Settings::generateAudioRecordFilePath()), oracle::recording(names, utf8(recordingFormat)), "",
+                recordingFormat);
+        for (std::size_t index = 0; index < 2; ++index) {
+            std::string const source = content.source(index);
+            std::string const& format = content.format(index);
+            m_productValues->setString("freezedFileFormat", format);
+            compare(1, Settings::generateFreezedFilePath(utf8(source)), oracle::freeze(names, utf8(source), utf8(format)), source, format);
+            compare(2, Settings::generateStabilizedFilePath(utf8(source), utf8(format)),
+                    oracle::stabilized(names, utf8(source), utf8(format)), source, format);
+        }
+        calls();
+        clear();
+        if (HasFailure())
+            return;
+    }
+    // Else hardly a folder held a name that counts, and the agreement would tell little.
+    EXPECT_GT(counted[0], GetParam().folders / 20);
+    EXPECT_GT(counted[1], GetParam().folders / 20);
+    EXPECT_GT(counted[2], GetParam().folders / 20);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, NameOracle,
+                         testing::Values(Reading{"InTheLocale", nullptr, 10000}, Reading{"InAscii", "US-ASCII", 1000},
+                                         Reading{"InLatin1", "ISO-8859-1", 1000}),
+                         byMeaning);
+
+// --- How the names of files are read -----------------------------------------------------------------------------------
+
+TEST(FileNames, LocaleIsTheOneOfTheEnvironment)
+{
+    char const* const asked = std::getenv("LC_ALL");
+    ASSERT_TRUE(asked) << "to be started with LC_ALL=C or LC_ALL=C.UTF-8, as ctest does";
+    std::string const name = asked;
+    ASSERT_TRUE(name == "C" || name == "C.UTF-8") << name;
+    EXPECT_EQ(locale, name);
+    EXPECT_STREQ(::nl_langinfo(CODESET), name == "C" ? "ANSI_X3.4-1968" : "UTF-8");
+}
+
+// Qt asks ICU how text is encoded, which answers with UTF-8 in every locale where it is built so, as on Debian.
+TEST(FileNames, AreReadAsUtf8InEveryLocale) { EXPECT_EQ(QTextCodec::codecForLocale()->name(), "UTF-8"); }
+
+struct Read {
+    char const* meaning;
+    char const* codec;
+    std::string file;
+    char16_t const* stem;
+    bool counts;
+};
+
+class FileNameReading : public BoundLibrary, public testing::WithParamInterface<Read> {};
+
+TEST_P(FileNameReading, DecidesWhatCounts)
+{
+    FileNameCodec const reading(GetParam().codec);
+    m_home.write("folder/" + GetParam().file, "content");
+    m_productValues->setString("stabilizedFilePath", (m_home.path() / "folder").string());
+    m_productValues->setString("exportPath", (m_home.path() / "folder").string());
+    QString const stem = QString::fromUtf16(GetParam().stem);
+    EXPECT_EQ(Settings::generateStabilizedFilePath(stem, QStringLiteral("mp4")),
+              inHome("folder/") + stem + (GetParam().counts ? QStringLiteral("-8.mp4") : QStringLiteral("-1.mp4")));
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, FileNameReading,
+                         testing::Values(Read{"AccentInTheLocale", nullptr, u8"\u00E9-7.mp4", u"\u00E9", true},
+                                         Read{"SurrogatePairInTheLocale", nullptr, u8"\U0001F3AC-7.mp4", u"\U0001F3AC", true},
+                                         Read{"AccentOfLatin1InTheLocale", nullptr, "\xE9-7.mp4", u"\u00E9", false},
+                                         Read{"NoTextInTheLocale", nullptr, "a-7\xFF.mp4", u"a", false},
+                                         Read{"AsciiInAscii", "US-ASCII", "a-7.mp4", u"a", true},
+                                         Read{"AccentInAscii", "US-ASCII", u8"\u00E9-7.mp4", u"\u00E9", false},
+                                         Read{"AccentAfterTheNumberInAscii", "US-ASCII", u8"a-7\u00E9.mp4", u"a", false},
+                                         Read{"AccentInLatin1", "ISO-8859-1", "\xE9-7.mp4", u"\u00E9", true},
+                                         Read{"Utf8InLatin1", "ISO-8859-1", u8"\u00E9-7.mp4", u"\u00E9", false},
+                                         Read{"Utf8InLatin1IsTwoLetters", "ISO-8859-1", u8"\u00E9-7.mp4", u"\u00C3\u00A9", true},
+                                         Read{"AnyByteIsTextInLatin1", "ISO-8859-1", "a-7\xFF.mp4", u"a", true}),
+                         byMeaning);
+
+class FileNamesInAscii : public BoundLibrary {
+protected:
+    FileNameCodec m_reading{"US-ASCII"};
+};
+
+// Qt writes a question mark for what the codec does not know, and so finds a folder of that name.
+TEST_F(FileNamesInAscii, FolderThatCannotBeWrittenIsLookedForUnderQuestionMarks)
+{
+    m_productValues->setString("stabilizedFilePath", m_home.path().string() + u8"/\u00E9");
+    QString const folder = inHome("") + QString::fromUtf16(u"\u00E9/");
+    m_home.write(fs::u8path(u8"\u00E9") / "a-7.mp4", "content");
+    EXPECT_EQ(Settings::generateStabilizedFilePath(QStringLiteral("a"), QStringLiteral("mp4")), folder + QStringLiteral("a-1.mp4"));
+    m_home.write("?/a-3.mp4", "content");
+    EXPECT_EQ(Settings::generateStabilizedFilePath(QStringLiteral("a"), QStringLiteral("mp4")), folder + QStringLiteral("a-4.mp4"));
+}
+
+} // namespace
