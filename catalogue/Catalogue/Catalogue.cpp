@@ -193,6 +193,11 @@ Row const* findPreference(std::string const& name)
     return found == preferences().end() ? nullptr : &*found;
 }
 
+Family const& familyOf(std::string const& name)
+{
+    return *std::find_if(families().begin(), families().end(), [&](Family const& family) { return family.name == name; });
+}
+
 Place const* findPlace(std::string const& name)
 {
     auto const found = std::find_if(places().begin(), places().end(), [&](Place const& place) { return place.name == name; });
@@ -308,10 +313,6 @@ std::shared_ptr<ISettingsStorage> boundStore(Store store)
 {
     return (store == Store::common ? s_instance.commonStorage : s_instance.productStorage).lock();
 }
-
-} // namespace
-
-namespace {
 
 // `read` asks for at most one key.
 Observation observeReading(std::function<Value()> const& read)

@@ -111,6 +111,8 @@ std::vector<std::string> const& preferencesWithoutAccessors();
 
 /// The settings under names of the editor's choice.
 std::vector<Family> const& families();
+/// The family called `name`, which must be one of them.
+Family const& familyOf(std::string const& name);
 
 /// All locations, in the order of the library's header.
 std::vector<Place> const& places();

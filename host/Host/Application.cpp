@@ -3,11 +3,51 @@
 
 #include <Settings/Settings.h>
 
+#include <stdexcept>
+#include <system_error>
+
 namespace fs = std::filesystem;
 
 namespace Host {
 
-Application::Application(fs::path const& productFile, std::optional<fs::path> const& storeFolder)
+namespace {
+
+// In the place of a store that is not there.
+class NoStore final : public ISettingsStorage {
+public:
+    void setBool(std::string const&, bool) override { refuse(); }
+    void setInt(std::string const&, int) override { refuse(); }
+    void setString(std::string const&, std::string const&) override { refuse(); }
+    void setBytes(std::string const&, std::vector<unsigned char> const&) override { refuse(); }
+    bool contains(std::string const&) const override { return false; }
+    void remove(std::string const&) override {}
+    bool getBool(std::string const&, bool defaultValue) const override { return defaultValue; }
+    int getInt(std::string const&, int defaultValue) const override { return defaultValue; }
+    std::string getString(std::string const&, std::string const& defaultValue) const override { return defaultValue; }
+    std::vector<unsigned char> getBytes(std::string const&, std::vector<unsigned char> const& defaultValue) const override
+    {
+        return defaultValue;
+    }
+
+private:
+    [[noreturn]] static void refuse() { throw std::logic_error("the store was left out, so it takes no value"); }
+};
+
+} // namespace
+
+Application::Store::Store(fs::path const& path, MissingStore missingStore) : file(fs::absolute(path))
+{
+    std::error_code error;
+    bool const isMissing = fs::symlink_status(file, error).type() == fs::file_type::not_found;
+    if (isMissing && missingStore == MissingStore::leaveOut) {
+        bound = std::make_shared<NoStore>();
+    } else {
+        opened = std::make_shared<Storage::SqliteStorage>(file);
+        bound = opened;
+    }
+}
+
+Application::Application(fs::path const& productFile, std::optional<fs::path> const& storeFolder, MissingStore missingStore)
     : m_productInfo(std::make_shared<ProductFile>(productFile))
 {
     SettingsContext context;
@@ -18,10 +58,10 @@ Application::Application(fs::path const& productFile, std::optional<fs::path> co
     fs::path const productFolder = storeFolder.value_or(fs::u8path(productDataPath().toStdString()));
     fs::path const commonFolder = storeFolder.value_or(productFolder.parent_path());
 
-    m_commonStorage = std::make_shared<Storage::SqliteStorage>(commonFolder / "common-settings.sqlite");
-    m_productStorage = std::make_shared<Storage::SqliteStorage>(productFolder / "product-settings.sqlite");
-    context.commonStorage = m_commonStorage;
-    context.productStorage = m_productStorage;
+    m_common = Store(commonFolder / "common-settings.sqlite", missingStore);
+    m_product = Store(productFolder / "product-settings.sqlite", missingStore);
+    context.commonStorage = m_common.bound;
+    context.productStorage = m_product.bound;
     Settings::init(context);
 }
 

@@ -10,26 +10,46 @@
 
 namespace Host {
 
+/// What to do about a store whose file is missing.
+enum class MissingStore {
+    create,
+    leaveOut, ///< Bind a store that holds nothing and takes nothing: for programs that only look.
+};
+
 /// An application's side of the settings library: while the object lives, the library is bound to its product file and
 /// its two stores. A model for real hosts: own the collaborators, bind them once, keep them until the last call.
 ///
 /// The stores lie in "product-settings.sqlite" in the product's data folder and in "common-settings.sqlite" in the
-/// vendor's, or both in one folder where that is given. What is missing is created.
+/// vendor's, or both in one folder where that is given.
 class Application {
 public:
     /// Binds the library. Throws `ProductFileError` and `Storage::StorageError`; the library is then not to be used.
-    explicit Application(std::filesystem::path const& productFile, std::optional<std::filesystem::path> const& storeFolder = std::nullopt);
+    explicit Application(std::filesystem::path const& productFile, std::optional<std::filesystem::path> const& storeFolder = std::nullopt,
+                         MissingStore missingStore = MissingStore::create);
     Application(Application const&) = delete;
     Application& operator=(Application const&) = delete;
 
     ProductFile const& productFile() const { return *m_productInfo; }
-    Storage::SqliteStorage& commonStorage() const { return *m_commonStorage; }
-    Storage::SqliteStorage& productStorage() const { return *m_productStorage; }
+    /// The store, or null where it was left out.
+    Storage::SqliteStorage* commonStorage() const { return m_common.opened.get(); }
+    Storage::SqliteStorage* productStorage() const { return m_product.opened.get(); }
+    /// Where the store lies, or would, as an absolute path.
+    std::filesystem::path const& commonStorageFile() const { return m_common.file; }
+    std::filesystem::path const& productStorageFile() const { return m_product.file; }
 
 private:
+    struct Store {
+        Store() = default;
+        Store(std::filesystem::path const& path, MissingStore missingStore);
+
+        std::filesystem::path file;
+        std::shared_ptr<Storage::SqliteStorage> opened;
+        std::shared_ptr<ISettingsStorage> bound;
+    };
+
     std::shared_ptr<ProductFile> m_productInfo;
-    std::shared_ptr<Storage::SqliteStorage> m_commonStorage;
-    std::shared_ptr<Storage::SqliteStorage> m_productStorage;
+    Store m_common;
+    Store m_product;
 };
 
 } // namespace Host

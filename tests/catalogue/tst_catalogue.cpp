@@ -3,6 +3,8 @@
 
 #include <support/BoundLibrary.h>
 
+#include <map>
+#include <set>
 #include <type_traits>
 
 using Catalogue::Row;
@@ -202,6 +204,24 @@ TEST_F(CatalogueOfPlaces, TellWhatTheyAskOfTheProduct)
     EXPECT_EQ(asked("defaultProjectPath"), Names{});
     EXPECT_EQ(asked("notificationFile"), Names{});
     EXPECT_EQ(s_instance.productInfo.lock(), m_productInfo) << "the binding is as it was";
+}
+
+TEST_F(CatalogueOfPlaces, AreUsedAsTheEditorUsesThem)
+{
+    using Catalogue::Use;
+    std::map<Use, std::set<std::string>> names;
+    for (Catalogue::Place const& place : Catalogue::places())
+        names[place.use].insert(place.name);
+    EXPECT_EQ(names[Use::written],
+              (std::set<std::string>{"productDataPath", "userIntrosPath", "userOverlaysPath", "userEffectsPath", "userUnsplashPath",
+                                     "unsplashContentPath", "packageDeploymentPath", "fastTrackConfigurationPath",
+                                     "waveformConfigurationPath", "stockPackagesStatisticsPath", "deployedPackagesStatisticsPath"}));
+    EXPECT_EQ(names[Use::fragment], (std::set<std::string>{"stockMusicPath", "stockAudioPath", "stockVideoPath", "stockBackgroundsPath",
+                                                           "portableProjectMediaPath"}));
+    EXPECT_EQ(names[Use::embedded], std::set<std::string>{"countDownImagePath"});
+    EXPECT_EQ(names[Use::fallback].size(), 11u);
+    EXPECT_EQ(names[Use::shipped].size(), 34u);
+    EXPECT_EQ(Catalogue::places().size(), 62u);
 }
 
 } // namespace

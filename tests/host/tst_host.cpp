@@ -176,19 +176,56 @@ protected:
 TEST_F(Applications, StoresLieWithTheProductAndWithTheVendor)
 {
     Application const application(m_productFile);
-    EXPECT_EQ(application.productStorage().file(), m_data / "Maker/Pr\xC3\xB6"
-                                                            "duct/product-settings.sqlite");
-    EXPECT_EQ(application.commonStorage().file(), m_data / "Maker/common-settings.sqlite");
-    EXPECT_TRUE(std::filesystem::exists(application.productStorage().file()));
-    EXPECT_TRUE(std::filesystem::exists(application.commonStorage().file()));
+    EXPECT_EQ(application.productStorage()->file(), m_data / "Maker/Pr\xC3\xB6"
+                                                             "duct/product-settings.sqlite");
+    EXPECT_EQ(application.commonStorage()->file(), m_data / "Maker/common-settings.sqlite");
+    EXPECT_TRUE(std::filesystem::exists(application.productStorage()->file()));
+    EXPECT_TRUE(std::filesystem::exists(application.commonStorage()->file()));
 }
 
 TEST_F(Applications, StoresLieInOneFolderWhereOneIsNamed)
 {
     Application const application(m_productFile, m_home.path() / "elsewhere");
-    EXPECT_EQ(application.productStorage().file(), m_home.path() / "elsewhere/product-settings.sqlite");
-    EXPECT_EQ(application.commonStorage().file(), m_home.path() / "elsewhere/common-settings.sqlite");
+    EXPECT_EQ(application.productStorage()->file(), m_home.path() / "elsewhere/product-settings.sqlite");
+    EXPECT_EQ(application.commonStorage()->file(), m_home.path() / "elsewhere/common-settings.sqlite");
     EXPECT_FALSE(std::filesystem::exists(m_data)) << "nothing is made where the stores would else lie";
+}
+
+TEST_F(Applications, MissingStoresAreLeftOutWhereAskedFor)
+{
+    Application const application(m_productFile, m_home.path() / "elsewhere", Host::MissingStore::leaveOut);
+    EXPECT_FALSE(application.commonStorage());
+    EXPECT_FALSE(application.productStorage());
+    EXPECT_EQ(application.commonStorageFile(), m_home.path() / "elsewhere/common-settings.sqlite");
+    EXPECT_EQ(application.productStorageFile(), m_home.path() / "elsewhere/product-settings.sqlite");
+    EXPECT_EQ(Settings::exportPath(), QString::fromStdString(m_home.path().string()) + QStringLiteral("/Videos/Lumora Video Editor"));
+    EXPECT_TRUE(Settings::autoUpdate());
+    EXPECT_EQ(Settings::npsSendCount(), 0);
+    EXPECT_EQ(Settings::mainWindowState(), QByteArray());
+    EXPECT_THROW(Settings::setNPSSendCount(1), std::logic_error);
+    EXPECT_THROW(Settings::setKeepVideoAspect(true), std::logic_error);
+    EXPECT_THROW(Settings::setExportPath(QString()), std::logic_error);
+    EXPECT_THROW(Settings::setMainWindowState({}), std::logic_error);
+    EXPECT_FALSE(std::filesystem::exists(m_home.path() / "elsewhere")) << "to look makes nothing";
+}
+
+TEST_F(Applications, StoreThatIsThereIsOpenedAlsoWhereTheOtherIsMissing)
+{
+    {
+        Application const application(m_productFile);
+        Settings::setNPSSendCount(5);
+    }
+    std::filesystem::remove(m_data / "Maker/common-settings.sqlite");
+    Application const application(m_productFile, std::nullopt, Host::MissingStore::leaveOut);
+    EXPECT_FALSE(application.commonStorage());
+    EXPECT_EQ(Settings::npsSendCount(), 5);
+}
+
+TEST_F(Applications, DanglingLinkIsNoMissingStore)
+{
+    std::filesystem::create_directory(m_home.path() / "elsewhere");
+    std::filesystem::create_symlink("nowhere", m_home.path() / "elsewhere/product-settings.sqlite");
+    EXPECT_THROW(Application(m_productFile, m_home.path() / "elsewhere", Host::MissingStore::leaveOut), Storage::StorageError);
 }
 
 TEST_F(Applications, LibraryIsBoundToFileAndStores)
@@ -198,10 +235,10 @@ TEST_F(Applications, LibraryIsBoundToFileAndStores)
     EXPECT_EQ(s_instance.resourcesRoot.utf8string(), (m_home.path() / "share/resources").string());
     Settings::setKeepVideoAspect(false);
     Settings::setCheckForUpdates(false);
-    EXPECT_EQ(application.productStorage().rows().size(), 1u);
-    EXPECT_EQ(application.commonStorage().rows().size(), 1u);
-    EXPECT_FALSE(application.productStorage().getBool("keepVideoAspect", true));
-    EXPECT_FALSE(application.commonStorage().getBool("autoUpdate", true));
+    EXPECT_EQ(application.productStorage()->rows().size(), 1u);
+    EXPECT_EQ(application.commonStorage()->rows().size(), 1u);
+    EXPECT_FALSE(application.productStorage()->getBool("keepVideoAspect", true));
+    EXPECT_FALSE(application.commonStorage()->getBool("autoUpdate", true));
 }
 
 TEST_F(Applications, PreferencesSurviveTheApplication)

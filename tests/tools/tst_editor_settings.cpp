@@ -219,12 +219,46 @@ TEST_F(Tool, HelpTellsVerbsAndExitStatus)
     EXPECT_FALSE(std::filesystem::exists(inHome(".local"))) << "help opens no store";
 }
 
+TEST_F(Tool, LookingMakesNoStore)
+{
+    for (std::vector<std::string> const& look : {std::vector<std::string>{"list"},
+                                                 {"get", "exportPath"},
+                                                 {"explain", "exportPath"},
+                                                 {"unset", "exportPath"},
+                                                 {"paths"},
+                                                 {"next-name", "audio"},
+                                                 {"project"},
+                                                 {"favorites", "x"},
+                                                 {"tutorials"}})
+        EXPECT_EQ(tool(look).status, 0) << look.front();
+    EXPECT_FALSE(std::filesystem::exists(inHome(".local")));
+    said({"tutorials", "one"});
+    EXPECT_TRUE(std::filesystem::exists(productFile()));
+}
+
+TEST_F(Tool, ReadOnlyHomeIsLookedAt)
+{
+    std::filesystem::permissions(m_home.path(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    Ended const got = run(withoutPrivileges({TOOL, "get", "npsSendCount"}));
+    Ended const set = run(withoutPrivileges({TOOL, "set", "npsSendCount", "1"}));
+    std::filesystem::permissions(m_home.path(), std::filesystem::perms::owner_all);
+    EXPECT_EQ(got.out, "0\n");
+    EXPECT_EQ(set.status, 1);
+    EXPECT_NE(set.err.find("Permission denied"), std::string::npos) << set.err;
+}
+
+TEST_F(Tool, ControlCharactersOfWrongWordsAreEscaped)
+{
+    EXPECT_EQ(lines(refused({"\x1b[31mred"}, 2)).front(), "editor-settings: The following argument was not expected: \\x1b[31mred");
+}
+
 TEST_F(Tool, FullStandardOutputIsAnError)
 {
     Ended const ended = run({"sh", "-c", "exec \"$0\" list > /dev/full", TOOL});
     EXPECT_EQ(ended.status, 1);
     EXPECT_EQ(ended.err, "editor-settings: the answer could not be printed whole: standard output cannot be written\n");
-    EXPECT_EQ(run({"sh", "-c", "exec \"$0\" --help > /dev/full", TOOL}).status, 1);
+    for (char const* words : {"--help", "manual", "completion bash"})
+        EXPECT_EQ(run({"sh", "-c", std::string("exec \"$0\" ") + words + " > /dev/full", TOOL}).status, 1) << words;
 }
 
 // --- Where the stores lie ---
@@ -260,6 +294,7 @@ TEST_F(Tool, ProductFileDecidesTheFolders)
 {
     std::filesystem::path const file = m_home.write("product.json", R"({"vendorName": "V", "productName": "P", "sharedDataFolderName": "S",
         "productKind": 1, "projectFileExtensions": ["p"], "resourcesRoot": "."})");
+    said({"--product", file.string(), "set", "npsSendCount", "1"});
     EXPECT_EQ(said({"--product", file.string(), "get", "waveformCachePath"}), inHome(".local/share/V/SharedData/S/Waveforms/Cache") + '\n');
     EXPECT_EQ(said({"--product", file.string(), "get", "exportPath"}), inHome("Videos/Lumora Video Editor") + '\n');
     EXPECT_TRUE(std::filesystem::exists(inHome(".local/share/V/P/product-settings.sqlite")));

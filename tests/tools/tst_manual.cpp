@@ -85,6 +85,12 @@ TEST_F(Manual, PageTellsEveryVerbAndOptionOfTheHelp)
             EXPECT_EQ(section.find("\\fB" + option + "\\fR") == std::string::npos, option.find("--help") == 0)
                 << verb << " has no " << option << ", or tells --help anew";
     }
+    EXPECT_NE(
+        page.find(
+            "\n.SH NAME\neditor-settings - reads, changes and explains the preferences, folders and file names of Lumora Video Editor\n"),
+        std::string::npos);
+    EXPECT_NE(page.find("\nStores a value.\n.TP\n\\fIKEY\\fR\nThe preference\n.TP\n\\fIVALUE\\fR\nA bool as true or false"),
+              std::string::npos);
     for (std::string const& option : longOptions())
         EXPECT_NE(page.find(option + "\\fR"), std::string::npos) << option;
     for (char const* text :
@@ -135,9 +141,11 @@ Words askBash(std::string const& script, std::vector<std::string> const& line)
 {
     std::string const count = std::to_string(line.size() - 1);
     Ended const ended = run({"bash", "--norc", "-c",
-                             "compopt() { :; }; source '" + script + "' && COMP_WORDS=(" + quoted(line) + ") COMP_CWORD=" + count +
-                                 " && _editor_settings && printf '%s\\n' \"${COMPREPLY[@]}\""});
+                             "compopt() { echo \"compopt $*\"; }; source '" + script + "' && COMP_WORDS=(" + quoted(line) +
+                                 ") COMP_CWORD=" + count + " && _editor_settings && printf '%s\\n' \"${COMPREPLY[@]}\""});
     EXPECT_EQ(ended.err, "");
+    std::vector<std::string> const offered = lines(ended.out);
+    EXPECT_EQ(Words(offered.begin(), offered.end()).size(), offered.size()) << "a word is offered twice";
     return words(ended.out);
 }
 
@@ -146,7 +154,7 @@ Words askZsh(std::string const& script, std::vector<std::string> const& line)
 {
     Ended const ended =
         run({"zsh", "-f", "-c",
-             "compdef() { :; }; _files() { print -l *(N); }\n"
+             "compdef() { :; }; _files() { print -r -- _files $*; }; compset() { current=${current#*=}; }\n"
              "_describe() { for each in ${(P)2}; do [[ ${each%%:*} == $current* ]] && print -r -- ${each%%:*}; done; true; }\n"
              "source '" +
                  script + "'; words=(" + quoted(line) + "); CURRENT=$#words; _editor_settings"});
@@ -170,6 +178,8 @@ Words askFish(std::string const& script, std::vector<std::string> const& line)
 struct ShellCase {
     char const* name;
     Shell ask;
+    Words files; // how the shell is told to complete with files; fish does it itself
+    Words folders;
 };
 
 class ShellCompletion : public Manual, public testing::WithParamInterface<ShellCase> {
@@ -232,16 +242,74 @@ TEST_P(ShellCompletion, OffersTheOptions)
     EXPECT_EQ(offered({"next-name", "freeze", "--res"}), Words{"--reserve"}) << "an option of the verb above";
 }
 
+TEST_P(ShellCompletion, OffersFilesAndFolders)
+{
+    m_home.write("in/a b[1].mov", "");
+    std::filesystem::create_directories(inHome("in/folder"));
+    std::string const here = inHome("in/");
+    Words const files = GetParam().files.empty() ? Words{here + "a b[1].mov", here + "folder/"} : GetParam().files;
+    Words const folders = GetParam().folders.empty() ? Words{here + "folder/"} : GetParam().folders;
+    EXPECT_EQ(offered({"next-name", "freeze", here}), files);
+    EXPECT_EQ(offered({"next-name", "stabilized", here}), files);
+    EXPECT_EQ(offered({"--product", here}), files);
+    EXPECT_EQ(offered({"--home", here}), folders);
+    EXPECT_EQ(offered({"get", here}), Words{}) << "a key is no file";
+}
+
 TEST_P(ShellCompletion, OffersTheValuesOfOptions)
 {
     EXPECT_EQ(offered({"list", "--store", ""}), (Words{"product", "common"}));
     EXPECT_EQ(offered({"list", "--store", "c"}), Words{"common"});
+    std::vector<std::string> const inOneWord = {"list", "--store=c"};
+    std::vector<std::string> const asBashHasIt = {"list", "--store", "=", "c"};
+    bool const isBash = std::string(GetParam().name) == "bash";
+    Words const common = std::string(GetParam().name) == "fish" ? Words{"--store=common"} : Words{"common"};
+    EXPECT_EQ(offered(isBash ? asBashHasIt : inOneWord), common);
+    if (isBash) {
+        EXPECT_EQ(offered({"list", "--store", "="}), (Words{"product", "common"}));
+        EXPECT_EQ(offered({"--home", "=", "x", "get", "expo"}), Words{"exportPath"});
+    }
+    EXPECT_EQ(offered({"--home=x", "get", "expo"}), Words{"exportPath"});
     EXPECT_EQ(offered({"completion", ""}), (Words{"bash", "zsh", "fish"}));
 }
 
 INSTANTIATE_TEST_SUITE_P(Shells, ShellCompletion,
-                         testing::Values(ShellCase{"bash", &askBash}, ShellCase{"zsh", &askZsh}, ShellCase{"fish", &askFish}),
+                         testing::Values(ShellCase{"bash", &askBash, {"compopt", "-o", "default"}, {"compopt", "-o", "dirnames"}},
+                                         ShellCase{"zsh", &askZsh, {"_files"}, {"_files", "-/"}}, ShellCase{"fish", &askFish, {}, {}}),
                          [](auto const& test) { return std::string(test.param.name); });
+
+TEST_F(Manual, CompletionTellsWhatVerbsAndOptionsDo)
+{
+    EXPECT_NE(said({"completion", "zsh"}).find("'get:The value that the editor reads now'"), std::string::npos);
+    EXPECT_NE(said({"completion", "zsh"}).find("'--set:Only what is stored'"), std::string::npos);
+    EXPECT_NE(said({"completion", "zsh"}).find("editor'\\''s files"), std::string::npos) << "a quote is kept";
+    EXPECT_NE(said({"completion", "fish"}).find("-a 'get' -d 'The value that the editor reads now'"), std::string::npos);
+    EXPECT_NE(said({"completion", "fish"}).find("-l set -d 'Only what is stored'"), std::string::npos);
+}
+
+// The completion system itself, on a terminal, with the script in a folder of completions. It is asked twice, as the
+// script is read at the first time only.
+TEST_F(Manual, CompletionWorksInZshOnATerminal)
+{
+    m_home.write("functions/_editor-settings", said({"completion", "zsh"}));
+    m_home.write("driver", R"(
+        zmodload zsh/zpty
+        TRAPALRM() { print -r -- "too late"; exit 1 }
+        TMOUT=60
+        zpty terminal zsh -f -i
+        zpty -w terminal "PS1=READY; fpath=($1 \$fpath); autoload -Uz compinit; compinit -u -D; print LOADED"
+        zpty -r -m terminal text '*LOADED*READY*'
+        for round in 1 2 3; do
+            zpty -w -n terminal $'editor-settings get expo\t'
+            zpty -r -m terminal text '*expo*rtPath*' && print completed
+            zpty -w terminal $'\x15'
+            zpty -r -m terminal text '*READY*'
+        done
+        zpty -d terminal
+    )");
+    Ended const ended = run({"timeout", "60", "zsh", "-f", inHome("driver"), inHome("functions")});
+    EXPECT_EQ(ended.out, "completed\ncompleted\ncompleted\n") << ended.err;
+}
 
 TEST_F(Manual, CompletionIsForKnownShells) { EXPECT_EQ(tool({"completion", "csh"}).status, 2); }
 

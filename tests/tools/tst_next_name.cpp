@@ -7,11 +7,14 @@
 
 #include <algorithm>
 #include <atomic>
+#include <ctime>
 #include <fstream>
+#include <regex>
 #include <set>
 #include <thread>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -52,10 +55,17 @@ protected:
         return names;
     }
 
+    std::string cannotBeReserved(char const* folder, std::string const& setting, std::string const& remark) const
+    {
+        return "editor-settings: nothing can be reserved in '" + inHome(folder) + "', which is " + setting + ": " + remark +
+               "; store another folder there, or mend that\n";
+    }
+
     static std::string takenInstead(char const* taken, char const* instead)
     {
-        return std::string("editor-settings: '") + taken + "' is there already, though the editor would propose it; '" + instead +
-               "' is reserved instead\n";
+        std::string const text = std::string("editor-settings: '") + taken + "' is there already, though the editor would propose it; '" +
+                                 instead + "' is reserved instead\n";
+        return std::regex_replace(text, std::regex("\x01"), "\\x01");
     }
 };
 
@@ -83,6 +93,7 @@ TEST_F(NextName, AsJsonAndPlain)
               json({{"path", inHome("out/a (1).png")}, {"reserved", true}}))
         << "options may stand before the kind";
     EXPECT_EQ(named({"stabilized", "a\tb.mov", "mp4", "--plain"}), "a\\tb-1.mp4");
+    EXPECT_EQ(named({"stabilized", "a.mov", "[x]"}), "a-1.[x]");
     EXPECT_EQ(named({"stabilized", "[a,b].mov", "mp4"}), "[a,b]-1.mp4");
 }
 
@@ -96,6 +107,9 @@ TEST_F(NextName, SourceThatIsNotUtf8IsSaidNoTo)
 
 TEST_F(NextName, UsageIsChecked)
 {
+    EXPECT_EQ(nextName({}).err,
+              "editor-settings: A subcommand is required\nWhat follows next-name is one of audio, freeze and stabilized.\n"
+              "Run with --help for more information.\n");
     for (std::vector<std::string> const& wrong :
          {std::vector<std::string>{}, {"video"}, {"freeze"}, {"stabilized", "a.mov"}, {"audio", "x"}})
         EXPECT_EQ(nextName(wrong).status, 2);
@@ -163,6 +177,11 @@ INSTANTIATE_TEST_SUITE_P(
               "a--2147483647.mp4"},
         Taken{"FreezeWithPlaceholder", {"freeze", "Shot %1.mov"}, {"Shot 1 (png).%3"}, "Shot 1 (png).%3", "Shot 2 (png).%3"},
         Taken{"FreezeWithTwoPlaceholders", {"freeze", "%2 %1.mov"}, {"png 1 (png).%3"}, "png 1 (png).%3", "png 2 (png).%3"},
+        Taken{
+            "FreezeWithThePlaceholderTwice", {"freeze", "Shot %1 %1.mov"}, {"Shot 1 1 (png).%3"}, "Shot 1 1 (png).%3", "Shot 2 2 (png).%3"},
+        Taken{"FreezeWithAControlCharacter", {"freeze", ".a\x01z.mov"}, {".a\x01z (1).png"}, ".a\x01z (1).png", ".a\x01z (2).png"},
+        Taken{"FreezeWithANumberInItsName", {"freeze", ".2 1.mov"}, {".2 1 (1).png", ".2 1 (2).png"}, ".2 1 (1).png", ".2 1 (3).png"},
+        Taken{"StabilizedInBrackets", {"stabilized", "[x].mov", "[y]"}, {"[x]-1.[y]"}, "[x]-1.[y]", "[x]-2.[y]"},
         Taken{"FreezeWithNumberBeforeAll", {"freeze", "%1.mov"}, {"1 (png).%3", "2 (png).%3"}, "1 (png).%3", "3 (png).%3"},
         Taken{"FreezeOfAHiddenSource", {"freeze", ".hidden.mov"}, {".hidden (1).png"}, ".hidden (1).png", ".hidden (2).png"}),
     byMeaning);
@@ -189,30 +208,63 @@ TEST_F(NextName, FormatWithAPlaceholderIsNotFilled)
 
 struct Impossible {
     char const* meaning;
-    char const* folder; // below the home folder
-    std::string source;
-    char const* reason;
+    std::string folder; // "~" at its beginning stands for the home folder
+    char const* remark;
 };
 
-class ImpossibleName : public NextName, public testing::WithParamInterface<Impossible> {};
+class ImpossibleFolder : public NextName, public testing::WithParamInterface<Impossible> {};
 
-TEST_P(ImpossibleName, IsSaidNoToWithTheReason)
+TEST_P(ImpossibleFolder, IsSaidNoToWithTheReason)
 {
     m_home.write("file", "precious");
     fs::create_symlink("nowhere", inHome("dangling"));
-    Storage::SqliteStorage(productFile()).setString("exportPath", inHome(GetParam().folder));
-    std::string const reason = refused({"next-name", "freeze", GetParam().source, "--reserve"});
-    EXPECT_NE(reason.find(GetParam().reason), std::string::npos) << reason;
+    std::string const folder = GetParam().folder[0] == '~' ? m_home.path().string() + GetParam().folder.substr(1) : GetParam().folder;
+    std::string remark = GetParam().remark;
+    for (std::size_t tilde; (tilde = remark.find('~')) != std::string::npos;)
+        remark.replace(tilde, 1, m_home.path().string());
+    Storage::SqliteStorage(productFile()).setString("exportPath", folder);
+    EXPECT_EQ(refused({"next-name", "freeze", "a.mov", "--reserve"}), "editor-settings: nothing can be reserved in '" + folder +
+                                                                          "', which is exportPath: " + remark +
+                                                                          "; store another folder there, or mend that\n");
     EXPECT_EQ(fs::file_size(inHome("file")), 8u);
+    EXPECT_EQ(fs::symlink_status(inHome("dangling")).type(), fs::file_type::symlink);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, ImpossibleName,
-    testing::Values(Impossible{"FileInPlaceOfTheFolder", "file", "a.mov", "file' (Not a directory); 'editor-settings paths --check'"},
-                    Impossible{"FolderBelowAFile", "file/x", "a.mov", "cannot make the folder '"},
-                    Impossible{"DanglingLinkInPlaceOfTheFolder", "dangling", "a.mov", "cannot make the folder '"},
-                    Impossible{"NameTooLong", "out", std::string(250, 'x') + ".mov", "(File name too long); mend that"}),
-    byMeaning);
+INSTANTIATE_TEST_SUITE_P(Table, ImpossibleFolder,
+                         testing::Values(Impossible{"FileInPlaceOfTheFolder", "~/file", "not a folder"},
+                                         Impossible{"FolderBelowAFile", "~/file/x", "missing, and ~/file is not a folder"},
+                                         Impossible{"DanglingLinkInPlaceOfTheFolder", "~/dangling", "dangling link to nowhere"},
+                                         Impossible{"Nothing", "", "empty"},
+                                         Impossible{"RelativeFolder", "films",
+                                                    "not absolute: it depends on the folder that the editor is started in"}),
+                         byMeaning);
+
+TEST_F(NextName, FormatThatLeavesTheFolderIsSaidNoTo)
+{
+    for (char const* format : {"a/b", "a/", "x/.", "x/..", "/../../evil"})
+        EXPECT_EQ(refused({"next-name", "--reserve", "stabilized", "Clip.mov", format}),
+                  std::string("editor-settings: the name 'Clip-1.") + format + "' would not lie in '" + inHome("out") +
+                      "' as it is; take a format without \"/\" and NUL\n");
+    using Words = std::vector<std::string>;
+    for (auto const& [key, words] :
+         {std::pair{"freezedFileFormat", Words{"freeze", "Clip.mov"}}, std::pair{"audioRecordFormat", Words{"audio"}}}) {
+        Words command = {"next-name", "--reserve"};
+        command.insert(command.end(), words.begin(), words.end());
+        for (std::string const& format : {std::string("x/."), std::string("x\0y", 3)}) {
+            Storage::SqliteStorage(productFile()).setString(key, format);
+            EXPECT_NE(refused(command).find("would not lie in"), std::string::npos);
+        }
+    }
+    EXPECT_FALSE(fs::exists(inHome("out"))) << "nothing is made";
+}
+
+TEST_F(NextName, NameThatIsTooLongIsSaidNoTo)
+{
+    std::string const stem(250, 'x');
+    EXPECT_EQ(refused({"next-name", "freeze", stem + ".mov", "--reserve"}),
+              "editor-settings: cannot make the file '" + inHome("out/") + stem +
+                  " (1).png' (File name too long); take a source with a shorter name\n");
+}
 
 TEST_F(NextName, FolderThatTheUserMayNotWriteToIsNamed)
 {
@@ -220,8 +272,60 @@ TEST_F(NextName, FolderThatTheUserMayNotWriteToIsNamed)
     fs::permissions(inHome("out"), fs::perms::owner_read | fs::perms::owner_exec);
     Ended const ended = run(withoutPrivileges({TOOL, "next-name", "freeze", "a.mov", "--reserve"}));
     EXPECT_EQ(ended.status, 1);
-    EXPECT_EQ(ended.err, "editor-settings: cannot make the file '" + inHome("out/a (1).png") +
-                             "' (Permission denied); mend that, or choose another folder\n");
+    EXPECT_EQ(ended.err, cannotBeReserved("out", "exportPath", "not writable"));
+}
+
+TEST_F(NextName, FolderThatHoldsANulIsNotCutOff)
+{
+    Storage::SqliteStorage(productFile()).setString("exportPath", inHome("out") + std::string("\0x", 2));
+    EXPECT_EQ(refused({"next-name", "freeze", "a.mov", "--reserve"}),
+              cannotBeReserved("out\\x00x", "exportPath", "holds a NUL, at which the system would cut it off"));
+    EXPECT_FALSE(fs::exists(inHome("out")));
+    Ended const check = tool({"paths", "exportPath", "--check", "--plain"});
+    EXPECT_EQ(check.status, 1);
+    EXPECT_EQ(check.out, "exportPath\tno\tno\tholds a NUL, at which the system would cut it off\t" + inHome("out") + "\\x00x\n");
+}
+
+TEST_F(NextName, ReservedNameIsNotLostWhenItCannotBePrinted)
+{
+    Ended const ended = run({"sh", "-c", "exec \"$0\" next-name freeze a.mov --reserve > /dev/full", TOOL});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.err, "editor-settings: '" + inHome("out/a (1).png") +
+                             "' is reserved, but standard output cannot be written; remove the file if it is not wanted\n");
+}
+
+TEST_F(NextName, ReservedFileHasTheRightsThatTheUserGivesFiles)
+{
+    run({"sh", "-c", "umask 027; exec \"$0\" next-name freeze a.mov --reserve", TOOL});
+    EXPECT_EQ(fs::status(inHome("out/a (1).png")).permissions(), fs::perms(0640));
+}
+
+TEST_F(NextName, FolderThatIsRemovedMeanwhileIsMadeAgain)
+{
+    std::atomic<bool> done{false};
+    std::thread someone([&] {
+        while (!done)
+            ::rmdir(inHome("out").c_str());
+    });
+    for (int round = 0; round < 40; ++round)
+        EXPECT_EQ(nextName({"freeze", "a.mov", "--reserve"}).status, 0);
+    done = true;
+    someone.join();
+    EXPECT_EQ(files().size(), 40u);
+}
+
+TEST_F(NextName, RecordingOfATakenNameCountsOn)
+{
+    // The names of the next seconds are taken by folders, which the library does not count.
+    std::time_t const now = std::time(nullptr);
+    for (std::time_t second = now; second < now + 20; ++second) {
+        char name[64];
+        std::strftime(name, sizeof name, "Rec-1-%Y.%m.%d-%H.%M.%S.wav", std::localtime(&second));
+        fs::create_directories(inHome("out") + '/' + name);
+    }
+    Ended const ended = nextName({"audio", "--reserve"});
+    EXPECT_EQ(bare(ended.out).substr(0, 6), "Rec-2-");
+    EXPECT_NE(ended.err.find(" is there already, though the editor would propose it; 'Rec-2-"), std::string::npos) << ended.err;
 }
 
 // --- Two hundred at once ---
@@ -289,7 +393,8 @@ TEST_F(NextName, NameThatSomeoneElseTakesMeanwhileGivesWayToALaterOne)
         why = nextName({"freeze", "a.mov", "--reserve"}).err;
     done = true;
     someone.join();
-    EXPECT_EQ(why.substr(0, 34), "editor-settings: someone else took") << why;
+    EXPECT_EQ(why.substr(0, 20), "editor-settings: 'a ") << why;
+    EXPECT_NE(why.find(").png' was taken by someone else meanwhile; 'a ("), std::string::npos) << why;
     EXPECT_NE(why.find(" is reserved instead\n"), std::string::npos) << why;
 }
 

@@ -45,6 +45,13 @@ protected:
         return ended.err;
     }
 
+    static std::string cannotWriteTo(std::string const& names)
+    {
+        return "editor-settings: the editor cannot write to " + names +
+               "; mend what is remarked: 'editor-settings paths NAME --explain' tells what decides, and a preference may be set to another "
+               "folder\n";
+    }
+
     void store(char const* key, std::string const& value) { Storage::SqliteStorage(storeFile()).setString(key, value); }
 
     // "~" at the beginning of `text` as the home folder.
@@ -177,6 +184,8 @@ TEST_F(Paths, JsonIsAnObjectForOneAndAnArrayForMany)
     EXPECT_EQ(json::parse(printed({"exportPath", "--json"})), json({{"name", "exportPath"}, {"path", inHome("Videos/Lumora Library")}}));
     EXPECT_EQ(json::parse(printed({"exp*", "--json"})), json::array({{{"name", "exportPath"}, {"path", inHome("Videos/Lumora Library")}}}));
     EXPECT_EQ(json::parse(printed({"--json"})).size(), 75u);
+    store("snapshotPath", "");
+    EXPECT_EQ(json::parse(printed({"snapshotPath", "--json"}))["path"], "") << "an empty path is none of the missing";
     EXPECT_EQ(json::parse(printed({"sampleProjectPath", "--json"}))["path"], json()) << "none is null, not an empty path";
     m_home.write("R/resources/samples/stock/projects/a/sample.EXT2", "");
     EXPECT_EQ(printed({"sampleProjectPath"}), inHome("R/resources/samples/stock/projects/a/sample.EXT2\n"));
@@ -191,6 +200,8 @@ TEST_F(Paths, LocationThatIsUnknownIsSaidNoTo)
               "editor-settings: there is no location 'lastAddMediaPath'; 'editor-settings paths' shows all\n")
         << "a preference that remembers a folder is none";
     EXPECT_EQ(printed({"nothing*"}), "LOCATION  PATH\n");
+    EXPECT_EQ(printed({"STOCK*"}), "LOCATION  PATH\n");
+    EXPECT_EQ(printed({"stock[M]usicPath", "--plain"}), "stockMusicPath\t/Music Library/\n");
 }
 
 TEST_F(Paths, ArgumentMustFit)
@@ -202,6 +213,9 @@ TEST_F(Paths, ArgumentMustFit)
               "editor-settings: say what userEffectsPath is asked about: 'editor-settings paths userEffectsPath NAME'\n");
     EXPECT_EQ(refusal({"exportPath", "x"}), "editor-settings: exportPath takes nothing after it\n");
     EXPECT_EQ(refusal({"stockMusicPath", "x"}), "editor-settings: stockMusicPath takes nothing after it\n");
+    EXPECT_EQ(refusal({"stock*", "x"}), "editor-settings: nothing goes after a pattern; name one location\n");
+    EXPECT_EQ(refusal({"userEffectsPath", "\xFF"}),
+              "editor-settings: '\xFF' is not UTF-8 without a byte order mark; give it as the editor does\n");
 }
 
 // --- What decides ---
@@ -221,6 +235,12 @@ protected:
 
     std::string home() const { return m_home.path().string(); }
     std::string homeReason() const { return "HOME=" + home() + " in the environment"; }
+    // The test's home sets it.
+    std::string configReason() const { return "XDG_CONFIG_HOME=" + home() + "/.config in the environment"; }
+    std::string noFile(char const* folder) const
+    {
+        return "there is no " + home() + "/.config/user-dirs.dirs, so \"" + folder + "\" in the home folder";
+    }
     std::string field(char const* text) const { return text + (" in " + m_product); }
 };
 
@@ -240,15 +260,12 @@ TEST_F(ExplainedPath, IsShownWithItsUse)
 
 TEST_F(ExplainedPath, StandardLocationsAreDecidedByTheHomeFolder)
 {
-    std::string const file = inHome(".config/user-dirs.dirs");
-    EXPECT_EQ(reasons("defaultProjectPath"),
-              (Reasons{"no XDG_VIDEOS_DIR in " + file + ", so \"Videos\" in the home folder", homeReason()}));
-    EXPECT_EQ(reasons("defaultAudioRecordPath"),
-              (Reasons{"no XDG_MUSIC_DIR in " + file + ", so \"Music\" in the home folder", homeReason()}));
+    EXPECT_EQ(reasons("defaultProjectPath"), (Reasons{noFile("Videos"), homeReason(), configReason()}));
+    EXPECT_EQ(reasons("defaultAudioRecordPath"), (Reasons{noFile("Music"), homeReason(), configReason()}));
     EXPECT_EQ(reasons("defaultDownloaderCachePath", {{"XDG_CACHE_HOME", ""}}),
-              (Reasons{"XDG_CACHE_HOME is not set, so \".cache\" in the home folder", homeReason()}));
+              (Reasons{"XDG_CACHE_HOME is empty, so \".cache\" in the home folder", homeReason()}));
     EXPECT_EQ(reasons("packageDeploymentPath", {{"XDG_DATA_HOME", ""}}),
-              (Reasons{"XDG_DATA_HOME is not set, so \".local/share\" in the home folder", homeReason(), field("vendorName \"V\"")}));
+              (Reasons{"XDG_DATA_HOME is empty, so \".local/share\" in the home folder", homeReason(), field("vendorName \"V\"")}));
 }
 
 TEST_F(ExplainedPath, VariablesOfTheEnvironmentAreNamed)
@@ -258,20 +275,101 @@ TEST_F(ExplainedPath, VariablesOfTheEnvironmentAreNamed)
     EXPECT_EQ(reasons("defaultDownloaderCachePath", {{"XDG_CACHE_HOME", "/C"}}), Reasons{"XDG_CACHE_HOME=/C in the environment"});
 }
 
-TEST_F(ExplainedPath, LineOfUserDirsIsNamed)
+TEST_F(ExplainedPath, VariableThatIsNotSetIsTold)
 {
-    std::string const file =
-        m_home.write(".config/user-dirs.dirs", "# mine\nXDG_VIDEOS_DIR=\"/other\"\nXDG_VIDEOS_DIR=\"$HOME/Films\"\n").string();
-    EXPECT_EQ(printed({"defaultProjectPath"}), inHome("Films/Lumora Video Editor/Projects\n"));
-    EXPECT_EQ(reasons("defaultProjectPath"), (Reasons{"XDG_VIDEOS_DIR=\"$HOME/Films\" in " + file + ", line 3", homeReason()}))
-        << "the last line counts";
-    m_home.write(".config/user-dirs.dirs", "XDG_VIDEOS_DIR=/films/\nXDG_MUSIC_DIR=\n");
-    EXPECT_EQ(reasons("defaultProjectPath"), Reasons{"XDG_VIDEOS_DIR=\"/films/\" in " + file + ", line 1"});
-    EXPECT_EQ(printed({"defaultAudioRecordPath"}), "/Lumora Video Editor/Recorded Audio\n") << "Qt takes an empty value as it is";
-    EXPECT_EQ(reasons("defaultAudioRecordPath"), Reasons{"XDG_MUSIC_DIR=\"\" in " + file + ", line 2"});
+    Ended const ended = run({"env", "--unset=XDG_DATA_HOME", "--unset=XDG_CONFIG_HOME", TOOL, "--product", m_product, "paths",
+                             "stockPackagesStatisticsPath", "--explain", "--plain"});
+    EXPECT_EQ(lines(ended.out)[3], "decided by\tXDG_DATA_HOME is not set, so \".local/share\" in the home folder");
+    EXPECT_EQ(
+        reasons("packageDeploymentPath", {{"XDG_DATA_HOME", ""}, {"HOME", ""}}),
+        (Reasons{"XDG_DATA_HOME is empty, so \".local/share\" in the home folder", "HOME is empty, so /", field("vendorName \"V\"")}));
+}
+
+struct Line {
+    char const* meaning;
+    char const* content;              // of user-dirs.dirs
+    char const* folder;               // what Qt makes of it
+    std::vector<char const*> reasons; // "~" stands for the home folder
+};
+
+class ExplainedLine : public ExplainedPath, public testing::WithParamInterface<Line> {};
+
+TEST_P(ExplainedLine, IsToldAsQtTakesIt)
+{
+    m_home.write(".config/user-dirs.dirs", GetParam().content);
+    EXPECT_EQ(printed({"defaultProjectPath"}), expanded(std::string(GetParam().folder) + "/Lumora Video Editor/Projects\n"));
+    Reasons expected;
+    for (std::string reason : GetParam().reasons) {
+        for (std::size_t tilde; (tilde = reason.find('~')) != std::string::npos;)
+            reason.replace(tilde, 1, home());
+        expected.push_back(reason);
+    }
+    if (expected.front().find("GetStandardPath") == std::string::npos)
+        expected.push_back(configReason());
+    EXPECT_EQ(reasons("defaultProjectPath"), expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, ExplainedLine,
+    testing::Values(
+        Line{"InTheHomeFolder",
+             "# mine\nXDG_VIDEOS_DIR=\"$HOME/Films\"\n",
+             "~/Films",
+             {"XDG_VIDEOS_DIR=\"$HOME/Films\" in ~/.config/user-dirs.dirs, line 2", "HOME=~ in the environment"}},
+        Line{"LastOfTwo",
+             "XDG_VIDEOS_DIR=\"/other\"\nXDG_VIDEOS_DIR=\"/films\"\n",
+             "/films",
+             {"XDG_VIDEOS_DIR=\"/films\" in ~/.config/user-dirs.dirs, line 2"}},
+        Line{"WithoutQuotes", "XDG_VIDEOS_DIR=/films", "/films", {"XDG_VIDEOS_DIR=\"/films\" in ~/.config/user-dirs.dirs, line 1"}},
+        Line{"WithSeparatorAtItsEnd",
+             "XDG_VIDEOS_DIR=/films/\n",
+             "/films",
+             {"XDG_VIDEOS_DIR=\"/films/\" in ~/.config/user-dirs.dirs, line 1"}},
+        Line{"RootFolder", "XDG_VIDEOS_DIR=\"/\"\n", "", {"XDG_VIDEOS_DIR=\"/\" in ~/.config/user-dirs.dirs, line 1"}},
+        Line{"Nothing", "XDG_VIDEOS_DIR=\n", "", {"XDG_VIDEOS_DIR=\"\" in ~/.config/user-dirs.dirs, line 1"}},
+        Line{"TwoQuotesOnly", "XDG_VIDEOS_DIR=\"\"\n", "\"\"", {"XDG_VIDEOS_DIR=\"\"\"\" in ~/.config/user-dirs.dirs, line 1"}},
+        Line{"OpenQuote", "XDG_VIDEOS_DIR=\"/a\n", "\"/a", {"XDG_VIDEOS_DIR=\"\"/a\" in ~/.config/user-dirs.dirs, line 1"}},
+        Line{
+            "CarriageReturn", "XDG_VIDEOS_DIR=\"/films\"\r\n", "/films", {"XDG_VIDEOS_DIR=\"/films\" in ~/.config/user-dirs.dirs, line 1"}},
+        Line{"OtherName",
+             "XDG_VIDEOS_DIRX=\"/a\"\n XDG_VIDEOS_DIR=\"/b\"\n",
+             "~/Videos",
+             {"no XDG_VIDEOS_DIR in ~/.config/user-dirs.dirs, so \"Videos\" in the home folder", "HOME=~ in the environment"}},
+        // Qt takes the name up to the last "_DIR=" of a line, so that this one names no known folder.
+        Line{"NameWithinTheValue", "XDG_VIDEOS_DIR=\"/x_DIR=y\"\n", "~/Videos", {"Lumora::Util::GetStandardPath gives ~/Videos"}}),
+    byMeaning);
+
+TEST_F(ExplainedPath, OtherConfigurationFolderIsTold)
+{
     std::string const other = m_home.write("config/user-dirs.dirs", "XDG_VIDEOS_DIR=\"/v\"\n").string();
     EXPECT_EQ(reasons("defaultProjectPath", {{"XDG_CONFIG_HOME", inHome("config")}}),
-              Reasons{"XDG_VIDEOS_DIR=\"/v\" in " + other + ", line 1"});
+              (Reasons{"XDG_VIDEOS_DIR=\"/v\" in " + other + ", line 1", "XDG_CONFIG_HOME=" + inHome("config") + " in the environment"}));
+}
+
+TEST_F(ExplainedPath, FileThatCannotBeReadIsToldFromAMissingLine)
+{
+    fs::create_directories(inHome(".config/user-dirs.dirs"));
+    EXPECT_EQ(reasons("defaultProjectPath").front(),
+              inHome(".config/user-dirs.dirs") + " cannot be read (file to open is a directory), so \"Videos\" in the home folder");
+}
+
+TEST_F(ExplainedPath, AbsoluteArgumentStandsForItself)
+{
+    EXPECT_EQ(lines(printed({"resourceFile", "/a/b", "--explain", "--plain"})),
+              (Reasons{"location\tresourceFile(/a/b)", "path\t/a/b", "use\tshipped with the product",
+                       "decided by\tnothing else: an absolute path stands for itself"}));
+}
+
+TEST_F(ExplainedPath, ControlCharactersAreEscaped)
+{
+    store("exportPath", "/a\nb");
+    EXPECT_EQ(lines(printed({"exportPath", "--explain", "--plain"}))[1], "path\t/a\\nb");
+    EXPECT_EQ(lines(printed({"exp*", "--plain"})), Reasons{"exportPath\t/a\\nb"});
+    EXPECT_EQ(lines(printed({"exportPath", "--check"})).size(), 2u);
+    EXPECT_EQ(reasons("packageDeploymentPath", {{"XDG_DATA_HOME", "/a\nb"}}).front(), "XDG_DATA_HOME=/a\\nb in the environment");
+    Ended const elsewhere = tool({"--product", m_product, "--home", inHome("a\nb"), "paths", "exportPath", "--explain", "--plain"});
+    EXPECT_EQ(lines(elsewhere.out)[3], "decided by\texportPath is not stored in " + inHome("a\\nb/product-settings.sqlite") +
+                                           ", so Settings::defaultLumoraLibraryPath() holds");
 }
 
 TEST_F(ExplainedPath, FieldsOfTheProductFileAreNamed)
@@ -288,9 +386,8 @@ TEST_F(ExplainedPath, FieldsOfTheProductFileAreNamed)
 TEST_F(ExplainedPath, PreferenceIsToldStoredOrNot)
 {
     EXPECT_EQ(reasons("exportPath"),
-              (Reasons{"exportPath is not stored in " + storeFile() + ", so Settings::defaultLumoraLibraryPath() holds",
-                       "no XDG_VIDEOS_DIR in " + inHome(".config/user-dirs.dirs") + ", so \"Videos\" in the home folder", homeReason(),
-                       field("productKind \"0\"")}));
+              (Reasons{"exportPath is not stored in " + storeFile() + ", so Settings::defaultLumoraLibraryPath() holds", noFile("Videos"),
+                       homeReason(), configReason(), field("productKind \"0\"")}));
     store("exportPath", "/films");
     EXPECT_EQ(reasons("exportPath"), Reasons{"exportPath is stored in " + storeFile()});
     Storage::SqliteStorage(storeFile()).setInt("exportPath", 5);
@@ -304,16 +401,28 @@ TEST_F(ExplainedPath, JsonHoldsTheParts)
     json const explained = json::parse(printed({"defaultLumoraLibraryPath", "--explain", "--json"}));
     EXPECT_EQ(explained["use"], "default of a preference");
     EXPECT_EQ(explained["path"], "/v/Lumora Library");
-    ASSERT_EQ(explained["decidedBy"].size(), 2u);
+    ASSERT_EQ(explained["decidedBy"].size(), 3u);
     EXPECT_EQ(explained["decidedBy"][0], json({{"by", "user-dirs.dirs"},
                                                {"name", "XDG_VIDEOS_DIR"},
                                                {"value", "/v"},
                                                {"where", inHome(".config/user-dirs.dirs, line 1")},
                                                {"text", "XDG_VIDEOS_DIR=\"/v\" in " + inHome(".config/user-dirs.dirs, line 1")}}));
+    EXPECT_EQ(explained["decidedBy"][1]["name"], "XDG_CONFIG_HOME");
     EXPECT_EQ(
-        explained["decidedBy"][1],
+        explained["decidedBy"][2],
         json(
             {{"by", "product file"}, {"name", "productKind"}, {"value", "0"}, {"where", m_product}, {"text", field("productKind \"0\"")}}));
+}
+
+TEST_F(ExplainedPath, StoredPreferenceIsAllThatDecides)
+{
+    store("exportPath", "/films");
+    json const explained = json::parse(printed({"exportPath", "--explain", "--json"}));
+    EXPECT_EQ(explained["decidedBy"], json::array({{{"by", "preference"},
+                                                    {"name", "exportPath"},
+                                                    {"value", "/films"},
+                                                    {"where", storeFile()},
+                                                    {"text", "exportPath is stored in " + storeFile()}}}));
 }
 
 TEST_F(ExplainedPath, ManyAreToldApartByAnEmptyLine)
@@ -345,6 +454,7 @@ protected:
         fs::create_symlink("nowhere", inHome("dangling"));
         fs::create_directory_symlink("there", inHome("link"));
         fs::create_symlink("loop", inHome("loop"));
+        fs::create_symlink("a\nb", inHome("odd"));
         ::mkfifo(inHome("fifo").c_str(), 0600);
     }
 };
@@ -360,10 +470,7 @@ TEST_P(CheckedFolder, IsJudgedAsTheEditorFindsIt)
     EXPECT_EQ(ended.out,
               std::string("exportPath\t") + row.exists + '\t' + row.writable + '\t' + remark + '\t' + expanded(row.stored) + '\n');
     EXPECT_EQ(ended.status, row.status);
-    EXPECT_EQ(ended.err, row.status == 0
-                             ? ""
-                             : "editor-settings: the editor cannot write to exportPath; mend what is remarked, or store another "
-                               "folder: 'editor-settings paths NAME --explain' tells what decides\n");
+    EXPECT_EQ(ended.err, row.status == 0 ? "" : cannotWriteTo("exportPath"));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -372,13 +479,15 @@ INSTANTIATE_TEST_SUITE_P(
         Checked{"Folder", "~/there", "yes", "yes", "", 0}, Checked{"FolderWithSeparatorAtItsEnd", "~/there/", "yes", "yes", "", 0},
         Checked{"LinkToAFolder", "~/link", "yes", "yes", "", 0}, Checked{"HomeFolder", "~", "yes", "yes", "the home folder itself", 0},
         Checked{"HomeFolderByAnotherWay", "~/there/..", "yes", "yes", "the home folder itself", 0},
+        Checked{"RootFolder", "/", "yes", "yes", "", 0},
+        Checked{"DanglingLinkWithALineBreak", "~/odd", "no", "no", "dangling link to a\\nb", 1},
         Checked{"MissingFolder", "~/there/new/newer", "no", "yes", "missing; the editor can make it", 0},
         Checked{"Nothing", "", "no", "no", "empty", 1},
         Checked{"RelativePath", "films", "no", "no", "not absolute: it depends on the folder that the editor is started in", 1},
         Checked{"DanglingLink", "~/dangling", "no", "no", "dangling link to nowhere", 1},
         Checked{"DanglingLinkWithSeparatorAtItsEnd", "~/dangling/", "no", "no", "dangling link to nowhere", 1},
         Checked{"FolderBelowADanglingLink", "~/dangling/new", "no", "no", "missing, and ~/dangling: dangling link to nowhere", 1},
-        Checked{"LinkToItself", "~/loop", "no", "no", "dangling link to loop", 1},
+        Checked{"LinkToItself", "~/loop", "no", "no", "Too many levels of symbolic links", 1},
         Checked{"File", "~/file", "yes", "yes", "not a folder", 1},
         Checked{"FolderBelowAFile", "~/file/new", "no", "no", "missing, and ~/file is not a folder", 1},
         Checked{"Fifo", "~/fifo", "yes", "yes", "not a folder", 1}),
@@ -405,9 +514,7 @@ TEST_F(Paths, CheckOfAllNamesWhatTheEditorCannotWriteTo)
     store("projectPath", "/dev/null/x");
     Ended const ended = paths({"--check"});
     EXPECT_EQ(ended.status, 1);
-    EXPECT_EQ(ended.err,
-              "editor-settings: the editor cannot write to exportPath, projectPath; mend what is remarked, or store another folder: "
-              "'editor-settings paths NAME --explain' tells what decides\n");
+    EXPECT_EQ(ended.err, cannotWriteTo("exportPath, projectPath"));
 }
 
 TEST_F(Paths, DefaultThatIsNotInUseMayBeUnusable)
@@ -432,7 +539,7 @@ TEST_F(Paths, CheckOfWhatIsShippedAndOfFragments)
               "stockMusicPath\t-\t-\tjoined to a folder by the editor\t/Music Library/\n");
     EXPECT_EQ(printed({"countDownImagePath", "--check", "--plain"}),
               "countDownImagePath\t-\t-\tinside the editor's program\t:/icons/Player/countdownPad.png\n");
-    EXPECT_EQ(printed({"sampleProjectPath", "--check", "--plain"}), "sampleProjectPath\tno\tno\tempty\t\n");
+    EXPECT_EQ(printed({"sampleProjectPath", "--check", "--plain"}), "sampleProjectPath\tno\tno\tnone found\t\n");
 }
 
 TEST_F(Paths, CheckLeavesExamplesOut)
@@ -463,9 +570,62 @@ TEST_F(Paths, CheckAsJson)
     EXPECT_EQ(fragment["usable"], true);
 }
 
+TEST_F(Paths, CheckNamesTheAskedLocationWithItsArgument)
+{
+    m_home.write(".local/share/V/SharedData", "a file in the way");
+    Ended const ended = paths({"userEffectsPath", "x", "--check"});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.err, cannotWriteTo("userEffectsPath(x)"));
+}
+
+// What an ordinary user may not do is found as such.
+class CheckedRights : public Paths {
+protected:
+    Ended check(char const* name) { return run(withoutPrivileges({TOOL, "--product", m_product, "paths", name, "--check", "--plain"})); }
+};
+
+TEST_F(CheckedRights, FolderThatCanBeWrittenButNotReadIsRemarked)
+{
+    fs::create_directories(inHome("blind"));
+    fs::permissions(inHome("blind"), fs::perms::owner_write | fs::perms::owner_exec);
+    store("exportPath", inHome("blind"));
+    EXPECT_EQ(check("exportPath").status, 0);
+    EXPECT_EQ(check("exportPath").out,
+              "exportPath\tyes\tyes\tnot readable, so names are numbered as if it were empty\t" + inHome("blind") + '\n');
+    fs::permissions(inHome("blind"), fs::perms::owner_write);
+    EXPECT_EQ(check("exportPath").out, "exportPath\tyes\tno\tnot writable\t" + inHome("blind") + '\n');
+}
+
+TEST_F(CheckedRights, LinkIntoAForbiddenFolderIsNotCalledDangling)
+{
+    fs::create_directories(inHome("forbidden/there"));
+    fs::create_directory_symlink("forbidden/there", inHome("link"));
+    fs::permissions(inHome("forbidden"), fs::perms::none);
+    store("exportPath", inHome("link"));
+    EXPECT_EQ(check("exportPath").out, "exportPath\tno\tno\tPermission denied\t" + inHome("link") + '\n');
+    fs::permissions(inHome("forbidden"), fs::perms::owner_all);
+}
+
+TEST_F(CheckedRights, ShippedFileThatIsNotWritableIsTold)
+{
+    fs::permissions(m_home.write("R/presets-videoeditor.json", "{}"), fs::perms::owner_read);
+    EXPECT_EQ(check("presetFilePath").out, "presetFilePath\tyes\tno\t\t" + inHome("R/presets-videoeditor.json\n"));
+}
+
+TEST_F(CheckedRights, HomeFolderThatIsNotWritableIsChecked)
+{
+    fs::permissions(m_home.path(), fs::perms::owner_read | fs::perms::owner_exec);
+    Ended const ended = check("exportPath");
+    fs::permissions(m_home.path(), fs::perms::owner_all);
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.out,
+              "exportPath\tno\tno\tmissing, and " + m_home.path().string() + " is not writable\t" + inHome("Videos/Lumora Library") + '\n');
+}
+
 TEST_F(Paths, CheckMakesNothing)
 {
     paths({"--check"});
+    EXPECT_FALSE(fs::exists(inHome(".local"))) << "not even the stores";
     EXPECT_FALSE(fs::exists(inHome("Videos")));
     EXPECT_FALSE(fs::exists(inHome("Music")));
     EXPECT_FALSE(fs::exists(inHome(".cache/Lumora Video Editor")));

@@ -96,6 +96,12 @@ TEST_F(ShortVerbs, KeysMadeFromNamesAreListedExplainedAndUnset)
     EXPECT_EQ(text("unknown"), "kept");
 }
 
+TEST_F(ShortVerbs, KeyThatIsNotUtf8IsInNoFamily)
+{
+    EXPECT_EQ(refused({"get", "favorites_\xFF"}),
+              "editor-settings: there is no preference 'favorites_\xFF'; 'editor-settings list' shows all\n");
+}
+
 TEST_F(ShortVerbs, ValueOfAnotherKindIsTold)
 {
     Storage::SqliteStorage(productFile()).setString("Indication/x", "text");
@@ -174,6 +180,10 @@ TEST_F(Project, MissingSampleIsSaid)
     EXPECT_EQ(lines(ended.out).back(), "sample project");
     EXPECT_EQ(ended.err, "editor-settings: there is no sample project below " + inHome("R/resources/samples/stock/projects\n"));
     EXPECT_EQ(json::parse(said({"--product", product, "project", "--json"}))["sampleProject"], json());
+    EXPECT_EQ(lines(said({"--product", product, "project", "--plain"})).back(), "sample project\t");
+    m_home.write("R/resources/samples/stock/projects/a\nb.ext1", "");
+    EXPECT_EQ(lines(said({"--product", product, "project"})).back(),
+              "sample project        " + inHome("R/resources/samples/stock/projects/a\\nb.ext1"));
 }
 
 } // namespace

@@ -118,7 +118,7 @@ void unsetPreference(Host::Application const& application, std::string const& ke
 {
     Setting const found = setting(application, key);
     if (found.observation.isStored)
-        storage(application, *found.observation.store).remove(found.observation.key);
+        storage(application, *found.observation.store)->remove(found.observation.key);
     else
         std::cerr << "editor-settings: " << onOneLine(key) << " was not set\n";
 }
@@ -128,7 +128,7 @@ void explainPreference(Host::Application const& application, std::string const& 
     Setting const found = setting(application, key);
     Observation const& observation = found.observation;
     std::string const computedBy = found.computedDefault ? std::string("Settings::") + Catalogue::placeOf(found.computedDefault).name : "";
-    std::string const file = observation.store ? storage(application, *observation.store).file().u8string() : "";
+    std::string const file = observation.store ? storageFile(application, *observation.store).u8string() : "";
 
     if (format == Format::json) {
         ordered_json stored = nullptr;

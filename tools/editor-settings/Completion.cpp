@@ -84,11 +84,11 @@ void collect(CLI::App const& verb, std::string const& path, std::map<CLI::Option
     completion.options.push_back(options);
 }
 
-std::string inSingleQuotes(std::string const& text, char const* quote)
+std::string inSingleQuotes(std::string const& text, char const* quoteWithin)
 {
     std::string result = "'";
     for (char const character : text)
-        result += character == '\'' ? quote : std::string(1, character);
+        result += character == '\'' ? quoteWithin : std::string(1, character);
     return result + '\'';
 }
 
@@ -119,13 +119,18 @@ std::string casesOf(std::vector<Point> const& points, std::string (*action)(Poin
 
 std::string alternatives(std::vector<std::string> const& words) { return '"' + joined(words, "\"|\"") + '"'; }
 
+// Finds `verb`, `number` and, where the value of an option comes next, `option`. Bash takes "--option=value" for three
+// words.
 std::string walkOf(Completion const& completion)
 {
-    return "        if [[ -n $skip ]]; then skip=; continue; fi\n"
+    return "        if [[ -n $option ]]; then\n"
+           "            [[ $word == '=' ]] || option=\n"
+           "            continue\n"
+           "        fi\n"
            "        case \"$word\" in\n"
            "        " +
            alternatives({completion.valued.begin(), completion.valued.end()}) +
-           ") skip=1; continue ;;\n"
+           ") option=$word; continue ;;\n"
            "        -*) continue ;;\n"
            "        esac\n"
            "        case \"$verb${verb:+ }$word\" in\n"
@@ -140,13 +145,13 @@ std::string bashAction(Point const& point)
 {
     switch (point.kind) {
     case Choice::Kind::files:
-        return "compopt -o filenames; COMPREPLY=($(compgen -f -- \"$current\"))";
+        return "compopt -o default";
     case Choice::Kind::folders:
-        return "compopt -o filenames; COMPREPLY=($(compgen -d -- \"$current\"))";
+        return "compopt -o dirnames";
     case Choice::Kind::words:
         break;
     }
-    return "COMPREPLY=($(compgen -W '" + wordsOf(point) + "' -- \"$current\"))";
+    return "mapfile -t COMPREPLY < <(compgen -W '" + wordsOf(point) + "' -- \"$current\")";
 }
 
 std::string bashOptions(Point const& point) { return "options+=' " + wordsOf(point) + "'"; }
@@ -155,13 +160,14 @@ std::string bashScript(Completion const& completion)
 {
     return "_editor_settings()\n"
            "{\n"
-           "    local current=${COMP_WORDS[COMP_CWORD]} verb= number=0 skip= options= word IFS=$' \\n'\n"
+           "    local current=${COMP_WORDS[COMP_CWORD]} verb= number=0 option= options= word\n"
            "    COMPREPLY=()\n"
            "    for word in \"${COMP_WORDS[@]:1:COMP_CWORD-1}\"; do\n" +
            walkOf(completion) +
            "    done\n"
-           "    if [[ -n $skip ]]; then\n"
-           "        case \"${COMP_WORDS[COMP_CWORD-1]}\" in\n" +
+           "    if [[ -n $option ]]; then\n"
+           "        [[ $current == '=' ]] && current=\n"
+           "        case \"$option\" in\n" +
            casesOf(pointsOf(completion.values), bashAction) +
            "        esac\n"
            "    elif [[ $current == -* ]]; then\n"
@@ -171,7 +177,7 @@ std::string bashScript(Completion const& completion)
            "        case \"$verb\" in\n" +
            casesOf({completion.options.begin() + 1, completion.options.end()}, bashOptions) +
            "        esac\n"
-           "        COMPREPLY=($(compgen -W \"$options\" -- \"$current\"))\n"
+           "        mapfile -t COMPREPLY < <(compgen -W \"$options\" -- \"$current\")\n"
            "    else\n"
            "        case \"$verb:$number\" in\n" +
            casesOf(completion.positionals, bashAction) +
@@ -209,13 +215,17 @@ std::string zshScript(Completion const& completion)
     return "#compdef editor-settings\n"
            "_editor_settings()\n"
            "{\n"
-           "    local current=${words[CURRENT]} verb= number=0 skip= word\n"
+           "    local current=${words[CURRENT]} verb= number=0 option= word\n"
            "    local -a candidates\n"
            "    for word in \"${(@)words[2,CURRENT-1]}\"; do\n" +
            walkOf(completion) +
            "    done\n"
-           "    if [[ -n $skip ]]; then\n"
-           "        case \"${words[CURRENT-1]}\" in\n" +
+           "    if [[ -z $option && $current == --*=* ]]; then\n"
+           "        option=${current%%=*}\n"
+           "        compset -P 1 '*='\n"
+           "    fi\n"
+           "    if [[ -n $option ]]; then\n"
+           "        case \"$option\" in\n" +
            casesOf(pointsOf(completion.values), zshAction) +
            "        esac\n"
            "    elif [[ $current == -* ]]; then\n"
@@ -232,8 +242,8 @@ std::string zshScript(Completion const& completion)
            "        esac\n"
            "    fi\n"
            "}\n"
-           // Read from a folder of completions it is called at once; sourced, it is made known.
-           "if [[ $zsh_eval_context[-1] == loadautofunc ]]; then _editor_settings \"$@\"; else compdef _editor_settings editor-settings; "
+           // In a folder of completions the file is the body of a function of its name; sourced, it is made known.
+           "if [[ ${funcstack[1]} == _editor-settings ]]; then _editor_settings \"$@\"; else compdef _editor_settings editor-settings; "
            "fi\n";
 }
 
@@ -249,12 +259,33 @@ std::string fishPoint(std::string const& condition, Point const& point)
 {
     if (point.kind == Choice::Kind::files)
         return "complete -c editor-settings -n " + inFish(condition) + " -F\n";
-    if (point.kind == Choice::Kind::folders)
-        return "complete -c editor-settings -n " + inFish(condition) + " -a '(__fish_complete_directories)'\n";
     std::string text;
     for (Candidate const& candidate : point.candidates)
         text += fishComplete(condition, candidate);
     return text;
+}
+
+// What tells fish that an option is followed by a value, and what completes that.
+std::string fishValue(Point const& point)
+{
+    switch (point.kind) {
+    case Choice::Kind::files:
+        return " -r -F";
+    case Choice::Kind::folders:
+        return " -x -a '(__fish_complete_directories)'";
+    case Choice::Kind::words:
+        break;
+    }
+    return " -x -a " + inFish(wordsOf(point));
+}
+
+std::string fishOption(std::string const& condition, Candidate const& option, Completion const& completion)
+{
+    bool const isLong = option.word.compare(0, 2, "--") == 0;
+    auto const value = completion.values.find(option.word);
+    return "complete -c editor-settings -n " + inFish(condition) +
+           (isLong ? " -l " + option.word.substr(2) : " -s " + option.word.substr(1)) +
+           (value == completion.values.end() ? "" : fishValue(value->second)) + " -d " + inFish(option.description) + '\n';
 }
 
 std::string fishScript(Completion const& completion)
@@ -287,25 +318,17 @@ std::string fishScript(Completion const& completion)
                          "            set number (math $number + 1)\n"
                          "        end\n"
                          "    end\n"
-                         "    if set -q skip[1]\n"
-                         "        echo $skip\n"
-                         "    else\n"
-                         "        echo $verb:$number\n"
-                         "    end\n"
+                         "    echo $verb:$number\n"
                          "end\n"
                          "complete -c editor-settings -f\n";
     auto const at = [](std::string const& position) { return "test (__editor_settings_position) = \"" + position + '"'; };
-    for (Point const& point : pointsOf(completion.values))
-        script += fishPoint(at(point.position), point);
     for (Point const& point : completion.positionals)
         script += fishPoint(at(point.position), point);
     for (Point const& point : completion.options) {
-        std::string const verb = point.position.empty() ? "string match -q -- '*:*' (__editor_settings_position)"
-                                                        : "string match -q -- '" + point.position + ":*' (__editor_settings_position)";
+        std::string const verb =
+            point.position.empty() ? "true" : "string match -q -- '" + point.position + ":*' (__editor_settings_position)";
         for (Candidate const& candidate : point.candidates)
-            script += "complete -c editor-settings -n " + inFish(verb) +
-                      (candidate.word.compare(0, 2, "--") == 0 ? " -l " + candidate.word.substr(2) : " -s " + candidate.word.substr(1)) +
-                      " -d " + inFish(candidate.description) + '\n';
+            script += fishOption(verb, candidate, completion);
     }
     return script;
 }

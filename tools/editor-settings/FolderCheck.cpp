@@ -39,6 +39,8 @@ FolderCheck checkPath(fs::path const& path)
     FolderCheck check;
     if (path.empty())
         return unusable(check, "empty");
+    if (path.native().find('\0') != std::string::npos)
+        return unusable(check, "holds a NUL, at which the system would cut it off");
     if (!path.is_absolute())
         return unusable(check, "not absolute: it depends on the folder that the editor is started in");
     std::error_code linkError;
@@ -48,10 +50,10 @@ FolderCheck checkPath(fs::path const& path)
     check.exists = fs::exists(target);
     if (link.type() == fs::file_type::none)
         return unusable(check, linkError.message());
-    if (fs::is_symlink(link) && !check.exists)
-        return unusable(check, "dangling link to " + onOneLine(fs::read_symlink(path, linkError).u8string()));
     if (target.type() == fs::file_type::none)
         return unusable(check, targetError.message());
+    if (fs::is_symlink(link) && !check.exists)
+        return unusable(check, "dangling link to " + onOneLine(fs::read_symlink(path, linkError).u8string()));
     check.isWritable = check.exists && userMay(path, W_OK);
     return check;
 }
@@ -95,12 +97,14 @@ FolderCheck checkFolderToWrite(QString const& path)
     check.isWritable = userMay(folder, W_OK | X_OK);
     if (!check.isWritable)
         return unusable(check, "not writable");
-    if (fs::equivalent(folder, bare(QDir::homePath()), error))
+    if (!userMay(folder, R_OK))
+        check.remark = "not readable, so names are numbered as if it were empty";
+    else if (fs::equivalent(folder, bare(QDir::homePath()), error))
         check.remark = "the home folder itself";
     return check;
 }
 
-FolderCheck checkShipped(QString const& path)
+FolderCheck checkExistence(QString const& path)
 {
     FolderCheck check = checkPath(bare(path));
     if (check.isUsable && !check.exists)

@@ -17,4 +17,4 @@ struct FolderCheck {
 /// Looks at a folder that the editor writes to, as the user who asks.
 FolderCheck checkFolderToWrite(QString const& path);
 /// Looks at a file or folder that the editor reads.
-FolderCheck checkShipped(QString const& path);
+FolderCheck checkExistence(QString const& path);

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "NextName.h"
 
+#include "FolderCheck.h"
 #include "Text.h"
 
 #include <Settings/Settings.h>
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegExp>
 
 #include <cerrno>
 #include <filesystem>
@@ -22,131 +24,158 @@ namespace {
 
 QString utf8(std::string const& word)
 {
-    QString const text = QString::fromStdString(word);
-    if (text.toStdString() != word)
+    if (!isUtf8(word))
         throw Refusal(quoted(word) + " is not UTF-8 without a byte order mark; give the name in UTF-8");
-    return text;
+    return QString::fromStdString(word);
 }
 
-QString proposal(NextNameOptions const& options)
-{
-    switch (options.file) {
-    case NewFile::audio:
-        return Settings::generateAudioRecordFilePath();
-    case NewFile::freeze:
-        return Settings::generateFreezedFilePath(utf8(options.source));
-    case NewFile::stabilized:
-        return Settings::generateStabilizedFilePath(utf8(options.source), utf8(options.format));
-    }
-    return {};
-}
-
-// --- Numbers, where the library's own cannot be had ---
-
-// What stands before the number in a proposed name.
-QString beforeNumber(NextNameOptions const& options)
-{
-    switch (options.file) {
-    case NewFile::audio:
-        return QStringLiteral("Rec-");
-    case NewFile::freeze: {
-        // The stem may hold placeholders, which the library fills, so that the number may stand anywhere.
-        QChar const mark(1);
-        QString const stem = QFileInfo(utf8(options.source)).completeBaseName();
-        QString const format = QString::fromStdString(Settings::freezedFileFormat());
-        return QStringLiteral("%1 (%2).%3").arg(stem).arg(mark).arg(format).section(mark, 0, 0);
-    }
-    case NewFile::stabilized:
-        return QFileInfo(utf8(options.source)).baseName() + QLatin1Char('-');
-    }
-    return {};
-}
-
-// Counts on from a proposed path that is taken.
-class Counter {
-public:
-    Counter(QString const& path, QString const& prefix)
-    {
-        int const begin = path.lastIndexOf(QDir::separator() + prefix) + 1 + prefix.size();
-        int end = begin + (path.mid(begin, 1) == QLatin1String("-"));
-        while (end < path.size() && path[end] >= QLatin1Char('0') && path[end] <= QLatin1Char('9'))
-            ++end;
-        m_before = path.left(begin);
-        m_number = path.mid(begin, end - begin).toLongLong();
-        m_after = path.mid(end);
-    }
-
-    QString next() { return m_before + QString::number(++m_number) + m_after; }
-
-private:
-    QString m_before;
-    qlonglong m_number;
-    QString m_after;
+// The folder setting that the name goes into, and the path that the library proposes.
+struct Proposal {
+    char const* setting;
+    QString folder;
+    QString path;
 };
+
+Proposal proposal(NextNameOptions const& options)
+{
+    switch (options.file) {
+    case NewFile::audio:
+        return {"audioRecordPath", Settings::audioRecordPath(), Settings::generateAudioRecordFilePath()};
+    case NewFile::freeze:
+        return {"exportPath", Settings::exportPath(), Settings::generateFreezedFilePath(utf8(options.source))};
+    case NewFile::stabilized:
+        break;
+    }
+    return {"stabilizedFilePath", Settings::stabilizedFilePath(),
+            Settings::generateStabilizedFilePath(utf8(options.source), utf8(options.format))};
+}
 
 // --- Reserving ---
 
-std::string reason(int error) { return std::generic_category().message(error); }
+constexpr int triesWhereTheFolderComesAndGoes = 100;
 
-void makeFolder(fs::path const& folder)
+// The proposed name. Throws where it would not lie in a folder that can be used.
+QString checkedName(Proposal const& proposal)
 {
-    std::error_code error;
-    fs::create_directories(folder, error);
-    if (error)
-        throw Refusal("cannot make the folder " + quoted(folder.u8string()) + " (" + error.message() +
-                      "); 'editor-settings paths --check' tells which folders can be used");
+    std::string const folder = quoted(proposal.folder.toStdString());
+    FolderCheck check = checkFolderToWrite(proposal.folder);
+    // The folder may come and go while it is looked at.
+    for (int tries = 1; !check.isUsable && tries < triesWhereTheFolderComesAndGoes; ++tries)
+        check = checkFolderToWrite(proposal.folder);
+    if (!check.isUsable)
+        throw Refusal("nothing can be reserved in " + folder + ", which is " + proposal.setting + ": " + check.remark +
+                      "; store another folder there, or mend that");
+    QString const beginning = proposal.folder + QDir::separator();
+    if (!proposal.path.startsWith(beginning))
+        throw Refusal(proposal.setting + std::string(" was changed meanwhile; try again"));
+    QString const name = proposal.path.mid(beginning.size());
+    if (name.contains(QDir::separator()) || name.contains(QChar(0)))
+        throw Refusal("the name " + quoted(name.toStdString()) + " would not lie in " + folder +
+                      " as it is; take a format without \"/\" and NUL");
+    return name;
+}
+
+[[noreturn]] void refuse(char const* what, fs::path const& path, std::error_code const& error)
+{
+    char const* const remedy = error == std::errc::filename_too_long ? "take a source with a shorter name"
+                                                                     : "'editor-settings paths --check' tells which folders can be used";
+    throw Refusal(std::string("cannot make the ") + what + ' ' + quoted(path.u8string()) + " (" + error.message() + "); " + remedy);
 }
 
 // Makes the file where nothing of that name is there, be it a link that leads nowhere. Whether it did.
 bool claimed(fs::path const& file)
 {
-    makeFolder(file.parent_path());
-    int const descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
-    if (descriptor < 0 && errno == EEXIST)
-        return false;
-    if (descriptor < 0)
-        throw Refusal("cannot make the file " + quoted(file.u8string()) + " (" + reason(errno) + "); mend that, or choose another folder");
-    ::close(descriptor);
-    return true;
+    std::error_code error;
+    for (int tries = 0; tries < triesWhereTheFolderComesAndGoes; ++tries) {
+        fs::create_directories(file.parent_path(), error);
+        if (error)
+            continue;
+        int const descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
+        if (descriptor >= 0) {
+            ::close(descriptor);
+            return true;
+        }
+        if (errno == EEXIST)
+            return false;
+        error = {errno, std::generic_category()};
+        if (error != std::errc::no_such_file_or_directory)
+            refuse("file", file, error);
+    }
+    refuse("folder", file.parent_path(), error);
 }
 
-fs::path onDisk(QString const& path) { return fs::u8path(path.toStdString()); }
+fs::path onDisk(QString const& folder, QString const& name) { return fs::u8path((folder + QDir::separator() + name).toStdString()); }
 
-QString fileName(QString const& path) { return path.section(QDir::separator(), -1); }
-
-// Claims the first proposal that nobody has. Where the library proposes a taken name a second time, it does not count
-// that name, and never will: from there on the numbers are counted here.
-QString reserved(NextNameOptions const& options)
+// The name that the library would give with another number in the place of that of `proposed`.
+QString nameWith(NextNameOptions const& options, QString const& proposed, qlonglong number)
 {
-    QString const first = proposal(options);
-    QString path = first;
-    std::string why;
-    while (!claimed(onDisk(path))) {
-        QString const again = proposal(options);
-        if (again != path) {
-            why = "someone else took " + quoted(fileName(first).toStdString()) + " meanwhile";
-            path = again;
-            continue;
-        }
-        why = quoted(fileName(path).toStdString()) + " is there already, though the editor would propose it";
-        Counter counter(path, beforeNumber(options));
-        do
-            path = counter.next();
-        while (!claimed(onDisk(path)));
+    switch (options.file) {
+    case NewFile::audio:
+        // The time is the proposed one.
+        return QString(proposed).replace(QRegExp(QStringLiteral("^Rec--?[0-9]+")), QStringLiteral("Rec-") + QString::number(number));
+    case NewFile::freeze:
+        return QStringLiteral("%1 (%2).%3")
+            .arg(QFileInfo(utf8(options.source)).completeBaseName())
+            .arg(number)
+            .arg(QString::fromStdString(Settings::freezedFileFormat()));
+    case NewFile::stabilized:
         break;
     }
+    return QStringLiteral("%1-%2.%3").arg(QFileInfo(utf8(options.source)).baseName(), QString::number(number), utf8(options.format));
+}
+
+// The number of a proposed name: the one of those within it that makes the same name. 0 where none does.
+qlonglong numberOf(NextNameOptions const& options, QString const& proposed)
+{
+    QRegExp number(QStringLiteral("-?[0-9]+"));
+    for (int at = number.indexIn(proposed); at >= 0; at = number.indexIn(proposed, at + 1))
+        if (nameWith(options, proposed, number.cap().toLongLong()) == proposed)
+            return number.cap().toLongLong();
+    return 0;
+}
+
+// Claims the first name after a taken one that is free. The library does not count the taken one, and never will.
+QString claimedAfter(QString const& taken, QString const& folder, NextNameOptions const& options)
+{
+    qlonglong number = numberOf(options, taken);
+    QString name;
+    do
+        name = nameWith(options, taken, ++number);
+    while (!claimed(onDisk(folder, name)));
+    return name;
+}
+
+// Claims the first proposal that nobody has. Where the library proposes a taken name a second time, the numbers are
+// counted on from there.
+fs::path reserved(NextNameOptions const& options)
+{
+    Proposal asked = proposal(options);
+    QString name = checkedName(asked);
+    std::string why;
+    while (!claimed(onDisk(asked.folder, name))) {
+        asked = proposal(options);
+        QString const again = checkedName(asked);
+        bool const isTheSame = again == name;
+        why = quoted(name.toStdString()) +
+              (isTheSame ? " is there already, though the editor would propose it" : " was taken by someone else meanwhile");
+        name = isTheSame ? claimedAfter(name, asked.folder, options) : again;
+        if (isTheSame)
+            break;
+    }
     if (!why.empty())
-        std::cerr << "editor-settings: " << why << "; " << quoted(fileName(path).toStdString()) << " is reserved instead\n";
-    return path;
+        std::cerr << "editor-settings: " << why << "; " << quoted(name.toStdString()) << " is reserved instead\n";
+    return onDisk(asked.folder, name);
 }
 
 } // namespace
 
 void showNextName(NextNameOptions const& options, Format format)
 {
-    std::string const path = (options.reserve ? reserved(options) : proposal(options)).toStdString();
+    std::string const path = options.reserve ? reserved(options).u8string() : proposal(options).path.toStdString();
     if (format == Format::json)
         printJson({{"path", path}, {"reserved", options.reserve}});
     else
         std::cout << (format == Format::plain ? onOneLine(path) : path) << '\n';
+    if (options.reserve && !std::cout.flush())
+        throw Refusal(quoted(path) + " is reserved, but standard output cannot be written; remove the file if it is not wanted");
 }

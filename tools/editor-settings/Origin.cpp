@@ -24,14 +24,18 @@ struct Origin {
     std::vector<Decision> decisions;
 };
 
-Origin homeFolder()
+// The reason that a variable is, and whether it says anything: Qt takes an empty one for none.
+Decision variable(char const* name, std::string const& consequence)
 {
-    QByteArray const home = qgetenv("HOME");
-    if (home.isEmpty())
-        return {QDir::homePath(), {{"environment", "HOME", {}, "", "HOME is not set, so " + QDir::homePath().toStdString()}}};
-    return {QDir::homePath(),
-            {{"environment", "HOME", home.toStdString(), "", "HOME=" + onOneLine(home.toStdString()) + " in the environment"}}};
+    bool const isSet = qEnvironmentVariableIsSet(name);
+    std::string const value = qgetenv(name).toStdString();
+    std::string const text = !isSet          ? name + (" is not set" + consequence)
+                             : value.empty() ? name + (" is empty" + consequence)
+                                             : name + ('=' + onOneLine(value)) + " in the environment";
+    return {"environment", name, isSet ? std::optional<std::string>(value) : std::nullopt, "", text};
 }
+
+Origin homeFolder() { return {QDir::homePath(), {variable("HOME", ", so " + QDir::homePath().toStdString())}}; }
 
 // `folder` in the home folder, after the reason why.
 Origin inHomeFolder(Decision const& reason, char const* folder)
@@ -45,14 +49,11 @@ Origin inHomeFolder(Decision const& reason, char const* folder)
 std::string soInHomeFolder(char const* folder) { return std::string(", so ") + inDoubleQuotes(folder) + " in the home folder"; }
 
 // A folder that a variable names.
-Origin namedFolder(char const* variable, char const* folderInHome)
+Origin namedFolder(char const* name, char const* folderInHome)
 {
-    QByteArray const value = qgetenv(variable);
-    std::string const name = variable;
-    if (value.isEmpty())
-        return inHomeFolder({"environment", name, {}, "", name + " is not set" + soInHomeFolder(folderInHome)}, folderInHome);
-    return {QFile::decodeName(value),
-            {{"environment", name, value.toStdString(), "", name + '=' + onOneLine(value.toStdString()) + " in the environment"}}};
+    Decision const decision = variable(name, soInHomeFolder(folderInHome));
+    QByteArray const value = qgetenv(name);
+    return value.isEmpty() ? inHomeFolder(decision, folderInHome) : Origin{QFile::decodeName(value), {decision}};
 }
 
 struct Line {
@@ -61,11 +62,8 @@ struct Line {
 };
 
 // The last line that sets `name`, with the quotes around the value taken off as Qt does.
-std::optional<Line> lastSetting(QString const& fileName, QString const& name)
+std::optional<Line> lastSetting(QFile& file, QString const& name)
 {
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly))
-        return std::nullopt;
     std::optional<Line> found;
     QTextStream stream(&file);
     for (int number = 1; !stream.atEnd(); ++number) {
@@ -80,29 +78,45 @@ std::optional<Line> lastSetting(QString const& fileName, QString const& name)
     return found;
 }
 
-// A folder that a line of user-dirs.dirs names.
-Origin userFolder(char const* name, char const* folderInHome)
+// The folder that the value of a line names.
+Origin lineFolder(Line const& line, Decision const& decision)
 {
-    QString const file = namedFolder("XDG_CONFIG_HOME", ".config").folder + QLatin1String("/user-dirs.dirs");
-    std::string const where = file.toStdString();
-    std::optional<Line> const line = lastSetting(file, QString::fromUtf8(name));
-    if (!line) {
-        std::string const text = std::string("no ") + name + " in " + onOneLine(where) + soInHomeFolder(folderInHome);
-        return inHomeFolder({"user-dirs.dirs", name, {}, where, text}, folderInHome);
-    }
-    std::string const value = line->value.toStdString();
-    std::string const place = where + ", line " + std::to_string(line->number);
-    Decision const decision = {"user-dirs.dirs", name, value, place,
-                               std::string(name) + '=' + inDoubleQuotes(value) + " in " + onOneLine(place)};
-    QString const variable = QStringLiteral("$HOME");
-    Origin origin = {line->value, {decision}};
-    if (line->value.startsWith(variable)) {
+    QString const home = QStringLiteral("$HOME");
+    Origin origin = {line.value, {decision}};
+    if (line.value.startsWith(home)) {
         origin = homeFolder();
-        origin.folder += line->value.mid(variable.size());
+        origin.folder += line.value.mid(home.size());
         origin.decisions.insert(origin.decisions.begin(), decision);
     }
     if (origin.folder.size() > 1 && origin.folder.endsWith(QLatin1Char('/')))
         origin.folder.chop(1);
+    return origin;
+}
+
+// A folder that a line of user-dirs.dirs names.
+Origin userFolder(char const* name, char const* folderInHome)
+{
+    Origin const configuration = namedFolder("XDG_CONFIG_HOME", ".config");
+    QFile file(configuration.folder + QLatin1String("/user-dirs.dirs"));
+    std::string const where = file.fileName().toStdString();
+    bool const isReadable = file.open(QIODevice::ReadOnly);
+    std::optional<Line> const line = isReadable ? lastSetting(file, QString::fromUtf8(name)) : std::nullopt;
+    Origin origin;
+    if (line) {
+        std::string const value = line->value.toStdString();
+        std::string const place = where + ", line " + std::to_string(line->number);
+        origin = lineFolder(
+            *line, {"user-dirs.dirs", name, value, place, std::string(name) + '=' + inDoubleQuotes(value) + " in " + onOneLine(place)});
+    } else {
+        std::string const path = onOneLine(where);
+        std::string const lack = isReadable      ? std::string("no ") + name + " in " + path
+                                 : file.exists() ? path + " cannot be read (" + file.errorString().toStdString() + ')'
+                                                 : "there is no " + path;
+        origin = inHomeFolder({"user-dirs.dirs", name, {}, where, lack + soInHomeFolder(folderInHome)}, folderInHome);
+    }
+    // Where the file is looked for.
+    if (!qEnvironmentVariableIsEmpty("XDG_CONFIG_HOME"))
+        origin.decisions.push_back(configuration.decisions.front());
     return origin;
 }
 

@@ -12,8 +12,8 @@
 
 /// One thing that decides a location.
 struct Decision {
-    std::string by;                   ///< "environment", "user-dirs.dirs", "product file", "preference", "library" or "platform".
-    std::string name;                 ///< Of the variable, line, field, preference or function.
+    std::string by;   ///< "environment", "user-dirs.dirs", "product file", "preference", "library", "platform" or "argument".
+    std::string name; ///< Of the variable, line, field, preference or function.
     std::optional<std::string> value; ///< None where it is not set.
     std::string where;                ///< The file, with the line where there is one; empty for the environment.
     std::string text;                 ///< All of it, for people.

@@ -64,6 +64,8 @@ void printJsonOf(ordered_json const& array, bool isOne) { printJson(isOne ? arra
 // One location, asked about `argument`.
 Location oneLocation(PathsOptions const& options)
 {
+    if (!isUtf8(options.argument))
+        throw Refusal(quoted(options.argument) + " is not UTF-8 without a byte order mark; give it as the editor does");
     Place const* const place = Catalogue::findPlace(options.name);
     if (!place) {
         Row const* const row = Catalogue::findPreference(options.name);
@@ -91,6 +93,8 @@ std::vector<Location> askedLocations(PathsOptions const& options)
 {
     if (!options.name.empty() && !isPattern(options.name))
         return {oneLocation(options)};
+    if (!options.argument.empty())
+        throw Refusal("nothing goes after a pattern; name one location");
     std::vector<Location> locations = allLocations();
     auto const isLeftOut = [&](Location const& location) {
         return !options.name.empty() && ::fnmatch(options.name.c_str(), location.name.c_str(), 0) != 0;
@@ -133,10 +137,13 @@ ordered_json asJson(Location const& location)
 
 std::vector<Decision> decisionsOf(Host::Application const& application, Location const& location)
 {
+    bool const isAbsolute = location.place->root == Catalogue::Root::resources && location.argument[0] == '/';
+    if (isAbsolute)
+        return {{"argument", location.argument, location.argument, "", "nothing else: an absolute path stands for itself"}};
     if (!location.preference)
         return decisions(application, *location.place);
     Setting const found = setting(application, location.name);
-    std::string const file = application.productStorage().file().u8string();
+    std::string const file = application.productStorageFile().u8string();
     if (found.stored && found.obstacle().empty())
         return {{"preference", location.name, location.path.toStdString(), file, location.name + " is stored in " + onOneLine(file)}};
     std::string const fallback = std::string("Settings::") + location.place->name + "()";
@@ -181,18 +188,20 @@ void explain(Host::Application const& application, std::vector<Location> const& 
 
 FolderCheck checked(Location const& location)
 {
+    FolderCheck check;
+    check.remark = location.path.isNull() ? "none found" : useName(location.use);
+    if (location.path.isNull())
+        return check;
     switch (location.use) {
     case Use::written:
         return checkFolderToWrite(location.path);
     case Use::fallback:
     case Use::shipped:
-        return checkShipped(location.path);
+        return checkExistence(location.path);
     case Use::fragment:
     case Use::embedded:
         break;
     }
-    FolderCheck check;
-    check.remark = useName(location.use);
     return check;
 }
 
@@ -204,18 +213,18 @@ void check(std::vector<Location> const& locations, bool isOne, Format format)
     std::vector<Columns> table;
     std::vector<std::string> unusable;
     for (Location const& location : locations) {
-        FolderCheck const check = checked(location);
+        FolderCheck const found = checked(location);
         bool const isOnDisk = location.use != Use::fragment && location.use != Use::embedded;
-        bool const isUsable = location.use != Use::written || check.isUsable;
+        bool const isUsable = location.use != Use::written || found.isUsable;
         if (!isUsable)
             unusable.push_back(location.label());
-        table.push_back({location.label(), isOnDisk ? yesOrNo(check.exists) : "-", isOnDisk ? yesOrNo(check.isWritable) : "-", check.remark,
+        table.push_back({location.label(), isOnDisk ? yesOrNo(found.exists) : "-", isOnDisk ? yesOrNo(found.isWritable) : "-", found.remark,
                          onOneLine(location.path.toStdString())});
         ordered_json json = asJson(location);
         json["use"] = useName(location.use);
-        json["exists"] = isOnDisk ? ordered_json(check.exists) : ordered_json();
-        json["writable"] = isOnDisk ? ordered_json(check.isWritable) : ordered_json();
-        json["remark"] = check.remark;
+        json["exists"] = isOnDisk ? ordered_json(found.exists) : ordered_json();
+        json["writable"] = isOnDisk ? ordered_json(found.isWritable) : ordered_json();
+        json["remark"] = found.remark;
         json["usable"] = isUsable;
         array.push_back(json);
     }
@@ -225,7 +234,8 @@ void check(std::vector<Location> const& locations, bool isOne, Format format)
         printTable(table, {"LOCATION", "EXISTS", "WRITABLE", "REMARK", "PATH"}, format);
     if (!unusable.empty())
         throw Refusal("the editor cannot write to " + joined(unusable, ", ") +
-                      "; mend what is remarked, or store another folder: 'editor-settings paths NAME --explain' tells what decides");
+                      "; mend what is remarked: 'editor-settings paths NAME --explain' tells what decides, and a preference may be set to "
+                      "another folder");
 }
 
 } // namespace

@@ -16,7 +16,7 @@ namespace {
 void look(Host::Application const& application, Setting& setting)
 {
     if (setting.observation.isStored)
-        setting.stored = storage(application, *setting.observation.store).find(setting.observation.key);
+        setting.stored = storage(application, *setting.observation.store)->find(setting.observation.key);
 }
 
 Setting settingOf(Host::Application const& application, Row const& row)
@@ -98,9 +98,14 @@ std::string Setting::state() const
 
 std::string name(Store store) { return store == Store::common ? "common" : "product"; }
 
-Storage::SqliteStorage& storage(Host::Application const& application, Store store)
+Storage::SqliteStorage* storage(Host::Application const& application, Store store)
 {
     return store == Store::common ? application.commonStorage() : application.productStorage();
+}
+
+std::filesystem::path const& storageFile(Host::Application const& application, Store store)
+{
+    return store == Store::common ? application.commonStorageFile() : application.productStorageFile();
 }
 
 Setting setting(Host::Application const& application, std::string const& key)
@@ -120,18 +125,19 @@ std::vector<Setting> allSettings(Host::Application const& application)
     std::vector<Setting> settings;
     for (Row const& row : Catalogue::preferences())
         settings.push_back(settingOf(application, row));
-    for (Storage::SqliteStorage::Row const& stored : application.productStorage().rows())
+    std::vector<Storage::SqliteStorage::Row> rows;
+    if (application.productStorage())
+        rows = application.productStorage()->rows();
+    for (Storage::SqliteStorage::Row const& stored : rows)
         if (std::optional<Setting> member = memberOfAFamily(application, stored.key))
             settings.push_back(*std::move(member));
     std::sort(settings.begin(), settings.end(), [](Setting const& left, Setting const& right) { return left.key < right.key; });
     return settings;
 }
 
-std::string keyInFamily(char const* family, std::string const& member)
+std::string keyInFamily(Family const& family, std::string const& member)
 {
-    auto const& families = Catalogue::families();
-    auto const found = std::find_if(families.begin(), families.end(), [&](Family const& each) { return std::string(each.name) == family; });
-    if (QString::fromStdString(member).toStdString() != member)
+    if (!isUtf8(member))
         throw Refusal("the name " + quoted(member) + " is not UTF-8 without a byte order mark; give it as the editor writes it");
-    return prefix(*found) + member;
+    return prefix(family) + member;
 }

@@ -30,12 +30,14 @@ struct Setting {
 
 /// The name of a store on the command line.
 std::string name(Catalogue::Store store);
-/// The store of that name.
-Storage::SqliteStorage& storage(Host::Application const& application, Catalogue::Store store);
+/// The store itself; null where there is none yet.
+Storage::SqliteStorage* storage(Host::Application const& application, Catalogue::Store store);
+/// Where it lies, or would.
+std::filesystem::path const& storageFile(Host::Application const& application, Catalogue::Store store);
 
 /// The setting under `key`. Throws `Refusal`, with what may have been meant.
 Setting setting(Host::Application const& application, std::string const& key);
 /// All preferences, and the members of families that are stored, sorted by key.
 std::vector<Setting> allSettings(Host::Application const& application);
-/// The key of the member `member` of the family called `family`. Throws `Refusal` where it is not UTF-8.
-std::string keyInFamily(char const* family, std::string const& member);
+/// The key of the member `member` of a family. Throws `Refusal` where it is not UTF-8.
+std::string keyInFamily(Catalogue::Family const& family, std::string const& member);

@@ -2,6 +2,7 @@
 #include "Text.h"
 
 #include <QByteArray>
+#include <QString>
 
 std::string onOneLine(std::string const& text)
 {
@@ -24,6 +25,8 @@ std::string onOneLine(std::string const& text)
 }
 
 std::string quoted(std::string const& text) { return '\'' + onOneLine(text) + '\''; }
+
+bool isUtf8(std::string const& text) { return QString::fromStdString(text).toStdString() == text; }
 
 std::string joined(std::vector<std::string> const& words, std::string const& separator)
 {

@@ -17,5 +17,7 @@ public:
 std::string onOneLine(std::string const& text);
 /// `text` within single quotes, for messages.
 std::string quoted(std::string const& text);
+/// Whether `text` comes back unchanged from the library's texts: UTF-8 that does not begin with a byte order mark.
+bool isUtf8(std::string const& text);
 /// `words` with `separator` between each two.
 std::string joined(std::vector<std::string> const& words, std::string const& separator);

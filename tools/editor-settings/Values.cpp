@@ -46,10 +46,9 @@ struct Target {
 
 QString decoded(Target const& target, std::string const& word)
 {
-    QString const text = QString::fromStdString(word);
-    if (text.toStdString() != word)
+    if (!isUtf8(word))
         refuse(target, word, "give text in UTF-8 without a byte order mark, as anything else would not come back unchanged");
-    return text;
+    return QString::fromStdString(word);
 }
 
 bool parsedBool(Target const& target, std::string const& word)

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "CommandWalk.h"
 #include "Commands.h"
 #include "Completion.h"
 #include "Manual.h"
 #include "NextName.h"
 #include "Paths.h"
 #include "Setting.h"
-#include "Values.h"
+#include "Text.h"
 
 #include <CLI/CLI.hpp>
 
@@ -59,13 +60,16 @@ CLI::Validator notEmpty()
     return {[](std::string& word) { return word.empty() ? "the name is empty; leave the option out for the default" : std::string(); }, ""};
 }
 
+char const* const asJson = "As JSON";
+char const* const asJsonWithBytes = "As JSON; bytes in base64";
+
 // --plain and --json of one verb.
 class FormatOptions {
 public:
-    explicit FormatOptions(CLI::App* verb)
+    FormatOptions(CLI::App* verb, char const* json)
     {
         CLI::Option* const plain = verb->add_flag("--plain", m_plain, "Tab-separated, one record a line, nothing shortened; for scripts");
-        verb->add_flag("--json", m_json, "As JSON; bytes in base64")->excludes(plain);
+        verb->add_flag("--json", m_json, json)->excludes(plain);
     }
 
     operator Format() const { return m_json ? Format::json : m_plain ? Format::plain : Format::people; }
@@ -77,7 +81,9 @@ private:
 
 // A verb that shows a setting under a name of its own, and changes it where a value is given.
 struct ShortVerb {
-    ShortVerb(CLI::App& app, char const* name, char const* description) : verb(app.add_subcommand(name, description)), format(verb) {}
+    ShortVerb(CLI::App& app, char const* name, char const* description, char const* json = asJson)
+        : verb(app.add_subcommand(name, description)), format(verb, json)
+    {}
 
     // One word, or one for each element of a list; also an empty list where `isList`.
     void takeValue(char const* name, char const* description, bool isList)
@@ -88,12 +94,14 @@ struct ShortVerb {
             verb->add_flag("--empty", empty, "Stores an empty list")->excludes(value);
     }
 
+    bool isToStore() const { return !words.empty() || empty; }
+
     void run(Host::Application const& application, std::string const& key) const
     {
-        if (words.empty() && !empty)
-            getPreference(application, key, format);
-        else
+        if (isToStore())
             setPreference(application, key, words);
+        else
+            getPreference(application, key, format);
     }
 
     CLI::App* verb;
@@ -108,8 +116,7 @@ public:
     {
         m_app.require_subcommand(0, 1);
         m_app.failure_message([](CLI::App const* app, CLI::Error const& error) {
-            std::string const verbs = app->get_subcommands().empty() ? "The verbs are " + verbNames(*app) + ".\n" : "";
-            return "editor-settings: " + std::string(error.what()) + '\n' + verbs + "Run with --help for more information.\n";
+            return "editor-settings: " + onOneLine(error.what()) + '\n' + whatFollows(*app) + "Run with --help for more information.\n";
         });
         m_app.set_version_flag("--version", EDITOR_SETTINGS_VERSION);
         m_app.footer(helpFooter(notes()));
@@ -175,7 +182,7 @@ public:
             ->type_name("")
             ->check(CLI::IsMember({"bash", "zsh", "fish"}));
 
-        for (CLI::App* verb : m_app.get_subcommands([](CLI::App const*) { return true; }))
+        for (CLI::App* verb : m_app.get_subcommands([](CLI::App*) { return true; }))
             verb->fallthrough(); // --home and --product may stand behind the verb too
         for (CLI::App* kind : {m_nextAudio, m_nextFreeze, m_nextStabilized})
             kind->fallthrough();
@@ -200,19 +207,24 @@ public:
         std::filesystem::path const productFile =
             m_productFile.empty() ? Host::installedProductFile() : std::filesystem::path(m_productFile);
         std::optional<std::filesystem::path> const home = m_home.empty() ? std::nullopt : std::optional<std::filesystem::path>(m_home);
-        answer(Host::Application(productFile, home));
+        answer(Host::Application(productFile, home, isToStore() ? Host::MissingStore::create : Host::MissingStore::leaveOut));
         checkPrinted();
         return 0;
     }
 
 private:
-    static std::string verbNames(CLI::App const& app)
+    // A line that names what was to follow the verbs given so far; empty where nothing was.
+    static std::string whatFollows(CLI::App const& app)
     {
+        CLI::App const* given = &app;
+        while (!given->get_subcommands().empty())
+            given = given->get_subcommands().front();
         std::string names;
-        auto const verbs = app.get_subcommands([](CLI::App const*) { return true; });
+        auto const verbs = verbsOf(*given);
         for (CLI::App const* verb : verbs)
             names += (verb == verbs.front() ? "" : verb == verbs.back() ? " and " : ", ") + verb->get_name();
-        return names;
+        std::string const what = given == &app ? "The verbs" : "What follows " + given->get_name();
+        return names.empty() ? names : what + (given == &app ? " are " : " is one of ") + names + ".\n";
     }
 
     // What completes the words of the command line. The names of locations need no binding.
@@ -237,6 +249,11 @@ private:
         return result;
     }
 
+    bool isToStore() const
+    {
+        return *m_set || m_indication.isToStore() || m_tutorials.isToStore() || m_colors.isToStore() || m_targetHistory.isToStore();
+    }
+
     void answer(Host::Application const& application)
     {
         if (*m_list)
@@ -258,9 +275,9 @@ private:
         if (*m_project)
             showProject(m_projectFormat);
         if (*m_favorites.verb)
-            m_favorites.run(application, keyInFamily("favoriteItems", m_member));
+            m_favorites.run(application, keyInFamily(Catalogue::familyOf("favoriteItems"), m_member));
         if (*m_indication.verb)
-            m_indication.run(application, keyInFamily("indicationObject", m_member));
+            m_indication.run(application, keyInFamily(Catalogue::familyOf("indicationObject"), m_member));
         if (*m_tutorials.verb)
             m_tutorials.run(application, "achievedTutorials");
         if (*m_colors.verb)
@@ -291,18 +308,18 @@ private:
     CLI::App* m_nextStabilized = m_nextName->add_subcommand("stabilized", "A stabilized clip");
     CLI::App* m_project = m_app.add_subcommand("project", "Default name, extensions and filters of projects, and the sample project");
     ShortVerb m_favorites{m_app, "favorites", "The favourites of one list"};
-    ShortVerb m_indication{m_app, "indication", "What the editor keeps for an indication, or stores it"};
+    ShortVerb m_indication{m_app, "indication", "What the editor keeps for an indication, or stores it", asJsonWithBytes};
     ShortVerb m_tutorials{m_app, "tutorials", "The finished tutorials, or stores them"};
     ShortVerb m_colors{m_app, "colors", "The user's own colours, or stores them"};
     ShortVerb m_targetHistory{m_app, "target-history", "The recent export targets, or stores them"};
     CLI::App* m_completion = m_app.add_subcommand("completion", "A completion script for a shell, to be sourced");
     CLI::App* m_manual = m_app.add_subcommand("manual", "The manual page, for man");
-    FormatOptions m_listFormat{m_list};
-    FormatOptions m_getFormat{m_get};
-    FormatOptions m_explainFormat{m_explain};
-    FormatOptions m_pathsFormat{m_paths};
-    FormatOptions m_nextNameFormat{m_nextName};
-    FormatOptions m_projectFormat{m_project};
+    FormatOptions m_listFormat{m_list, asJsonWithBytes};
+    FormatOptions m_getFormat{m_get, asJsonWithBytes};
+    FormatOptions m_explainFormat{m_explain, asJsonWithBytes};
+    FormatOptions m_pathsFormat{m_paths, asJson};
+    FormatOptions m_nextNameFormat{m_nextName, asJson};
+    FormatOptions m_projectFormat{m_project, asJson};
     ListOptions m_listOptions;
     PathsOptions m_pathsOptions;
     NextNameOptions m_nextNameOptions;
