@@ -53,7 +53,7 @@ TEST_P(ResourceFile, LiesBelowTheRoot)
 {
     bindRoot("/R");
     EXPECT_EQ(GetParam().function(), std::string("/R") + GetParam().belowRoot);
-    bindRoot("/other/root/");
+    bindRoot("/other/place/");
     EXPECT_EQ(GetParam().function(), std::string("/other/root") + GetParam().belowRoot);
     EXPECT_EQ(calls(), Calls{});
 }
@@ -102,8 +102,8 @@ TEST_P(StockFolder, IsTheRootAndTheFolderAsConcatenated)
 {
     bindRoot("/R");
     EXPECT_EQ(GetParam().function(), QStringLiteral("/R") + GetParam().belowRoot);
-    bindRoot("/other/root/");
-    EXPECT_EQ(GetParam().function(), QStringLiteral("/other/root/") + GetParam().belowRoot);
+    bindRoot("/other/place/");
+    EXPECT_EQ(GetParam().function(), QStringLiteral("/other/place/") + GetParam().belowRoot);
     EXPECT_EQ(calls(), Calls{});
 }
 

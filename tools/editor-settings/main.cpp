@@ -89,9 +89,10 @@ struct ShortVerb {
     void takeValue(char const* name, char const* description, bool isList)
     {
         CLI::Option* const value = verb->add_option(name, words, description)->transform(unmarked());
-        value->expected(1, isList ? CLI::detail::expected_max_vector_size : 1);
         if (isList)
             verb->add_flag("--empty", empty, "Stores an empty list")->excludes(value);
+        else
+            value->expected(1);
     }
 
     bool isToStore() const { return !words.empty() || empty; }
@@ -120,63 +121,10 @@ public:
         });
         m_app.set_version_flag("--version", EDITOR_SETTINGS_VERSION);
         m_app.footer(helpFooter(notes()));
-        m_app.add_option("--product", m_productFile, "The product file, in JSON; default: the one that is installed with this program")
-            ->transform(unmarked())
-            ->check(notEmpty())
-            ->type_name("FILE")
-            ->envname("EDITOR_SETTINGS_PRODUCT");
-        m_app.add_option("--home", m_home, "The folder of both stores; default: the product's data folder and the vendor's")
-            ->transform(unmarked())
-            ->check(notEmpty())
-            ->type_name("DIR")
-            ->envname("EDITOR_SETTINGS_HOME");
-
-        m_list->add_option("PATTERN", m_listOptions.pattern, "Only keys that match, such as '*Path'")->transform(unmarked());
-        CLI::Option* const onlySet = m_list->add_flag("--set", m_listOptions.onlySet, "Only what is stored");
-        m_list->add_flag("--unset", m_listOptions.onlyUnset, "Only what is not stored")->excludes(onlySet);
-        m_list->add_option("--store", m_listOptions.store, "Only one store")
-            ->type_name("STORE")
-            ->check(CLI::IsMember({"product", "common"}));
-
-        for (CLI::App* verb : {m_get, m_set, m_unset, m_explain})
-            verb->add_option("KEY", m_key, "The preference")->transform(unmarked())->required();
-        CLI::Option* const words = m_set->add_option("VALUE", m_words,
-                                                     "A bool as true or false, an int in decimal, text in UTF-8, bytes in base64 or as "
-                                                     "@FILE, a list as one word for each element");
-        words->transform(unmarked());
-        CLI::Option* const empty = m_set->add_flag("--empty", "Stores an empty list")->excludes(words);
-        m_set->callback([words, empty] {
-            if (words->empty() && empty->empty())
-                throw CLI::RequiredError("VALUE");
-        });
-
-        m_paths->add_option("NAME", m_pathsOptions.name, "One location, or those that match, such as 'stock*'")->transform(unmarked());
-        m_paths->add_option("ARGUMENT", m_pathsOptions.argument, "What the location is asked about, where it takes that")
-            ->transform(unmarked());
-        CLI::Option* const explained = m_paths->add_flag_callback(
-            "--explain", [this] { m_pathsOptions.view = PathsView::explain; }, "What decides where a location lies");
-        m_paths
-            ->add_flag_callback(
-                "--check", [this] { m_pathsOptions.view = PathsView::check; },
-                "Whether they exist and can be used; exit status 1 where the editor cannot write to one that it writes to")
-            ->excludes(explained);
-
-        m_nextName->require_subcommand(1);
-        m_nextName->add_flag("--reserve", m_nextNameOptions.reserve,
-                             "Makes the file, empty, so that nobody else gets the name; the folder too, and a free number where needed");
-        for (CLI::App* kind : {m_nextFreeze, m_nextStabilized})
-            kind->add_option("SOURCE", m_nextNameOptions.source, "The file that it is made of; only its name counts")
-                ->transform(unmarked())
-                ->required();
-        m_nextStabilized->add_option("FORMAT", m_nextNameOptions.format, "The extension, such as mp4")->transform(unmarked())->required();
-
-        for (ShortVerb* verb : {&m_favorites, &m_indication})
-            verb->verb->add_option("NAME", m_member, "The name that the editor keeps it under")->transform(unmarked())->required();
-        m_indication.takeValue("VALUE", "Stores these bytes: in base64, or @FILE", false);
-        m_tutorials.takeValue("VALUE", "Stores this list, one word for each element", true);
-        m_colors.takeValue("VALUE", "Stores this list, one word for each element", true);
-        m_targetHistory.takeValue("VALUE", "Stores this text", false);
-
+        addWhatStandsForAll();
+        addPreferenceVerbs();
+        addLocationVerbs();
+        addShortVerbs();
         m_completion->add_option("SHELL", m_shell, "bash, zsh or fish")
             ->required()
             ->type_name("")
@@ -213,6 +161,75 @@ public:
     }
 
 private:
+    void addWhatStandsForAll()
+    {
+        m_app.add_option("--product", m_productFile, "The product file, in JSON; default: the one that is installed with this program")
+            ->transform(unmarked())
+            ->check(notEmpty())
+            ->type_name("FILE")
+            ->envname("EDITOR_SETTINGS_PRODUCT");
+        m_app.add_option("--home", m_home, "The folder of both stores; default: the product's data folder and the vendor's")
+            ->transform(unmarked())
+            ->check(notEmpty())
+            ->type_name("DIR")
+            ->envname("EDITOR_SETTINGS_HOME");
+    }
+
+    void addPreferenceVerbs()
+    {
+        m_list->add_option("PATTERN", m_listOptions.pattern, "Only keys that match, such as '*Path'")->transform(unmarked());
+        CLI::Option* const onlySet = m_list->add_flag("--set", m_listOptions.onlySet, "Only what is stored");
+        m_list->add_flag("--unset", m_listOptions.onlyUnset, "Only what is not stored")->excludes(onlySet);
+        m_list->add_option("--store", m_listOptions.store, "Only one store")
+            ->type_name("STORE")
+            ->check(CLI::IsMember({"product", "common"}));
+
+        for (CLI::App* verb : {m_get, m_set, m_unset, m_explain})
+            verb->add_option("KEY", m_key, "The preference")->transform(unmarked())->required();
+        CLI::Option* const words = m_set->add_option("VALUE", m_words,
+                                                     "A bool as true or false, an int in decimal, text in UTF-8, bytes in base64 or as "
+                                                     "@FILE, a list as one word for each element");
+        words->transform(unmarked());
+        CLI::Option* const empty = m_set->add_flag("--empty", "Stores an empty list")->excludes(words);
+        m_set->callback([words, empty] {
+            if (words->empty() && empty->empty())
+                throw CLI::RequiredError("VALUE");
+        });
+    }
+
+    void addLocationVerbs()
+    {
+        m_paths->add_option("NAME", m_pathsOptions.name, "One location, or those that match, such as 'stock*'")->transform(unmarked());
+        m_paths->add_option("ARGUMENT", m_pathsOptions.argument, "What the location is asked about, where it takes that")
+            ->transform(unmarked());
+        CLI::Option* const explained = m_paths->add_flag_callback(
+            "--explain", [this] { m_pathsOptions.view = PathsView::explain; }, "What decides where a location lies");
+        m_paths
+            ->add_flag_callback(
+                "--check", [this] { m_pathsOptions.view = PathsView::check; },
+                "Whether they exist and can be used; exit status 1 where the editor cannot write to one that it writes to")
+            ->excludes(explained);
+
+        m_nextName->require_subcommand(1);
+        m_nextName->add_flag("--reserve", m_nextNameOptions.reserve,
+                             "Makes the file, empty, so that nobody else gets the name; the folder too, and a free number where needed");
+        for (CLI::App* kind : {m_nextFreeze, m_nextStabilized})
+            kind->add_option("SOURCE", m_nextNameOptions.source, "The file that it is made of; only its name counts")
+                ->transform(unmarked())
+                ->required();
+        m_nextStabilized->add_option("FORMAT", m_nextNameOptions.format, "The extension, such as mp4")->transform(unmarked())->required();
+    }
+
+    void addShortVerbs()
+    {
+        for (ShortVerb* verb : {&m_favorites, &m_indication})
+            verb->verb->add_option("NAME", m_member, "The name that the editor keeps it under")->transform(unmarked())->required();
+        m_indication.takeValue("VALUE", "Stores these bytes: in base64, or @FILE", false);
+        m_tutorials.takeValue("VALUE", "Stores this list, one word for each element", true);
+        m_colors.takeValue("VALUE", "Stores this list, one word for each element", true);
+        m_targetHistory.takeValue("VALUE", "Stores this text", false);
+    }
+
     // A line that names what was to follow the verbs given so far; empty where nothing was.
     static std::string whatFollows(CLI::App const& app)
     {
