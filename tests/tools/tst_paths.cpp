@@ -366,6 +366,7 @@ TEST_F(ExplainedPath, ControlCharactersAreEscaped)
     EXPECT_EQ(lines(printed({"exportPath", "--explain", "--plain"}))[1], "path\t/a\\nb");
     EXPECT_EQ(lines(printed({"exp*", "--plain"})), Reasons{"exportPath\t/a\\nb"});
     EXPECT_EQ(lines(printed({"exportPath", "--check"})).size(), 2u);
+    EXPECT_EQ(lines(printed({"userEffectsPath", "a\nb", "--explain", "--plain"})).front(), "location\tuserEffectsPath(a\\nb)");
     EXPECT_EQ(reasons("packageDeploymentPath", {{"XDG_DATA_HOME", "/a\nb"}}).front(), "XDG_DATA_HOME=/a\\nb in the environment");
     Ended const elsewhere = tool({"--product", m_product, "--home", inHome("a\nb"), "paths", "exportPath", "--explain", "--plain"});
     EXPECT_EQ(lines(elsewhere.out)[3], "decided by\texportPath is not stored in " + inHome("a\\nb/product-settings.sqlite") +

@@ -28,7 +28,7 @@ struct Location {
     Place const* place;
     Row const* preference = nullptr;
 
-    std::string label() const { return argument.empty() ? name : name + '(' + argument + ')'; }
+    std::string label() const { return argument.empty() ? name : name + '(' + onOneLine(argument) + ')'; }
 };
 
 Location locationOf(Row const& row)
@@ -188,10 +188,11 @@ void explain(Host::Application const& application, std::vector<Location> const& 
 
 FolderCheck checked(Location const& location)
 {
-    FolderCheck check;
-    check.remark = location.path.isNull() ? "none found" : useName(location.use);
-    if (location.path.isNull())
-        return check;
+    FolderCheck unchecked;
+    if (location.path.isNull()) {
+        unchecked.remark = "none found";
+        return unchecked;
+    }
     switch (location.use) {
     case Use::written:
         return checkFolderToWrite(location.path);
@@ -202,7 +203,8 @@ FolderCheck checked(Location const& location)
     case Use::embedded:
         break;
     }
-    return check;
+    unchecked.remark = useName(location.use);
+    return unchecked;
 }
 
 std::string yesOrNo(bool value) { return value ? "yes" : "no"; }
