@@ -6,6 +6,7 @@
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Exception.h>
 #include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/Transaction.h>
 
 #include <sqlite3.h>
 
@@ -13,6 +14,7 @@
 #include <cstdint>
 #include <limits>
 #include <mutex>
+#include <type_traits>
 #include <utility>
 
 namespace Storage {
@@ -46,6 +48,19 @@ SqliteStorage::Row decodedRow(std::string key, SQLite::Column const& kind, SQLit
     return {std::move(key), kind.getString(), decoded(kind.getString(), value), time};
 }
 
+} // namespace
+
+std::vector<SqliteStorage::Row> storedRows(SQLite::Database& database)
+{
+    SQLite::Statement all(database, "SELECT key, kind, value, changed FROM settings ORDER BY key");
+    std::vector<SqliteStorage::Row> result;
+    while (all.executeStep())
+        result.push_back(decodedRow(all.getColumn(0).getString(), all.getColumn(1), all.getColumn(2), all.getColumn(3)));
+    return result;
+}
+
+namespace {
+
 // As SQLite takes it; the longest that it can wait is some 24 days.
 int busyMilliseconds(std::chrono::milliseconds duration)
 {
@@ -73,6 +88,22 @@ void bindText(SQLite::Statement& statement, int index, std::string const& text)
     statement.bindNoCopy(index, text);
 }
 
+// A value as it is stored: the word for its kind, and how SQLite is given it.
+char const* kindOf(bool) { return "bool"; }
+char const* kindOf(int) { return "int"; }
+char const* kindOf(std::string const&) { return "string"; }
+char const* kindOf(std::vector<unsigned char> const&) { return "bytes"; }
+
+void bindValue(SQLite::Statement& statement, int index, bool value) { statement.bind(index, value ? 1 : 0); }
+void bindValue(SQLite::Statement& statement, int index, int value) { statement.bind(index, value); }
+void bindValue(SQLite::Statement& statement, int index, std::string const& value) { bindText(statement, index, value); }
+void bindValue(SQLite::Statement& statement, int index, std::vector<unsigned char> const& value)
+{
+    // A null pointer would store a null instead of no bytes.
+    void const* const bytes = value.empty() ? static_cast<void const*>("") : value.data();
+    statement.bindNoCopy(index, bytes, checkedSize(value.size()));
+}
+
 // A statement that is still running holds a lock on the file, so each use ends with a reset, also when it throws.
 class Use {
 public:
@@ -90,7 +121,7 @@ private:
 
 } // namespace
 
-// The open file with its statements. Each member function is one call of the store, for one thread at a time.
+// The open file with its statements. Each public member function is one call of the store, for one thread at a time.
 class SqliteStorage::Connection {
     template <typename Work>
     auto attempt(std::string const& what, Work const& work)
@@ -99,9 +130,59 @@ class SqliteStorage::Connection {
         return translated(m_file, what, work);
     }
 
+    // One transaction. A newer version may have taken the file over since it was opened; inside the transaction nobody can.
+    template <typename Work>
+    void change(std::string const& what, Work const& work)
+    {
+        attempt(what, [&] {
+            SQLite::Transaction transaction(m_database, SQLite::TransactionBehavior::IMMEDIATE);
+            if (std::optional<Obstacle> const obstacle = obstacleToChanges(m_database, schemaVersion()))
+                throw StorageError(m_file.u8string(), what, obstacle->reason, obstacle->remedy);
+            work();
+            transaction.commit();
+        });
+    }
+
+    int schemaVersion()
+    {
+        Use schema(m_schema);
+        schema->executeStep();
+        return schema->getColumn(0).getInt();
+    }
+
+    template <typename T>
+    void setNow(std::string const& key, T const& value)
+    {
+        Use set(m_set);
+        bindText(*set, 1, key);
+        set->bindNoCopy(2, kindOf(value));
+        bindValue(*set, 3, value);
+        set->bind(4, static_cast<std::int64_t>(millisecondsSinceEpoch()));
+        set->exec();
+    }
+
+    void removeNow(std::string const& key)
+    {
+        Use remove(m_remove);
+        bindText(*remove, 1, key);
+        remove->exec();
+    }
+
+    void makeNow(Change const& change)
+    {
+        auto const make = [&](auto const& value) {
+            if constexpr (std::is_same_v<decltype(value), std::monostate const&>)
+                removeNow(change.key);
+            else
+                setNow(change.key, value);
+        };
+        std::visit(make, change.value);
+    }
+
     std::filesystem::path const m_file;
     std::mutex m_turns;
     SQLite::Database m_database;
+    SQLite::Statement m_schema;
     SQLite::Statement m_find;
     SQLite::Statement m_set;
     SQLite::Statement m_remove;
@@ -110,6 +191,7 @@ public:
     Connection(std::filesystem::path const& path, Options const& options)
         : m_file(path),
           m_database(openStore(m_file, busyMilliseconds(options.busyTimeout), static_cast<int>(options.synchronous))),
+          m_schema(m_database, "PRAGMA user_version"),
           m_find(m_database, "SELECT kind, value, changed FROM settings WHERE key = ?1"),
           m_set(m_database, "INSERT INTO settings (key, kind, value, changed) VALUES (?1, ?2, ?3, ?4) ON CONFLICT (key) DO UPDATE "
                             "SET kind = excluded.kind, value = excluded.value, changed = excluded.changed"),
@@ -129,42 +211,53 @@ public:
 
     std::vector<Row> rows()
     {
-        return attempt("list the stored values", [&] {
-            SQLite::Statement all(m_database, "SELECT key, kind, value, changed FROM settings ORDER BY key");
-            std::vector<Row> result;
-            while (all.executeStep())
-                result.push_back(decodedRow(all.getColumn(0).getString(), all.getColumn(1), all.getColumn(2), all.getColumn(3)));
-            return result;
-        });
+        return attempt("list the stored values", [&] { return storedRows(m_database); });
     }
 
-    template <typename BindValue>
-    void set(std::string const& key, char const* kind, BindValue const& bindValue)
+    template <typename T>
+    void set(std::string const& key, T const& value)
     {
-        attempt("set \"" + key + '"', [&] {
-            Use set(m_set);
-            bindText(*set, 1, key);
-            set->bindNoCopy(2, kind);
-            bindValue(*set, 3);
-            set->bind(4, static_cast<std::int64_t>(millisecondsSinceEpoch()));
-            set->exec();
-        });
+        change("set \"" + key + '"', [&] { setNow(key, value); });
     }
 
     void remove(std::string const& key)
     {
-        attempt("remove \"" + key + '"', [&] {
-            Use remove(m_remove);
-            bindText(*remove, 1, key);
-            remove->exec();
+        change("remove \"" + key + '"', [&] { removeNow(key); });
+    }
+
+    void apply(std::vector<Change> const& changes)
+    {
+        change("make " + std::to_string(changes.size()) + " changes together", [&] {
+            for (Change const& change : changes)
+                makeNow(change);
         });
+    }
+
+    std::string snapshot()
+    {
+        return attempt("copy the store", [&] { return snapshotOf(m_database); });
+    }
+
+    long long changesOfOthers()
+    {
+        return attempt("ask for changes", [&]() -> long long { return m_database.execAndGet("PRAGMA data_version").getInt64(); });
     }
 
     std::filesystem::path const& file() const { return m_file; }
 
-    bool isReadOnly()
+    std::string readOnlyReason()
     {
-        return attempt("ask about the store", [&] { return isOpenForReadingOnly(m_database); });
+        return attempt("ask about the store", [&]() -> std::string {
+            std::optional<Obstacle> const obstacle = obstacleToChanges(m_database, schemaVersion());
+            return obstacle ? StorageError(m_file.u8string(), "change the store", obstacle->reason, obstacle->remedy).what() : "";
+        });
+    }
+
+    Report examine()
+    {
+        return attempt("examine the store", [&]() -> Report {
+            return {sqlite3_libversion(), m_database.execAndGet("PRAGMA journal_mode").getString(), schemaVersion(), damageOf(m_database)};
+        });
     }
 };
 
@@ -186,27 +279,13 @@ T valueOr(std::optional<SqliteStorage::Row> row, T const& defaultValue)
 
 } // namespace
 
-void SqliteStorage::setBool(std::string const& key, bool value)
-{
-    m_connection->set(key, "bool", [value](SQLite::Statement& set, int index) { set.bind(index, value ? 1 : 0); });
-}
+void SqliteStorage::setBool(std::string const& key, bool value) { m_connection->set(key, value); }
 
-void SqliteStorage::setInt(std::string const& key, int value)
-{
-    m_connection->set(key, "int", [value](SQLite::Statement& set, int index) { set.bind(index, value); });
-}
+void SqliteStorage::setInt(std::string const& key, int value) { m_connection->set(key, value); }
 
-void SqliteStorage::setString(std::string const& key, std::string const& value)
-{
-    m_connection->set(key, "string", [&value](SQLite::Statement& set, int index) { bindText(set, index, value); });
-}
+void SqliteStorage::setString(std::string const& key, std::string const& value) { m_connection->set(key, value); }
 
-void SqliteStorage::setBytes(std::string const& key, std::vector<unsigned char> const& value)
-{
-    // A null pointer would store a null instead of no bytes.
-    void const* const bytes = value.empty() ? static_cast<void const*>("") : value.data();
-    m_connection->set(key, "bytes", [&](SQLite::Statement& set, int index) { set.bindNoCopy(index, bytes, checkedSize(value.size())); });
-}
+void SqliteStorage::setBytes(std::string const& key, std::vector<unsigned char> const& value) { m_connection->set(key, value); }
 
 bool SqliteStorage::contains(std::string const& key) const { return m_connection->find(key).has_value(); }
 
@@ -230,8 +309,16 @@ std::optional<SqliteStorage::Row> SqliteStorage::find(std::string const& key) co
 
 std::vector<SqliteStorage::Row> SqliteStorage::rows() const { return m_connection->rows(); }
 
+void SqliteStorage::apply(std::vector<Change> const& changes) { m_connection->apply(changes); }
+
+std::string SqliteStorage::snapshot() const { return m_connection->snapshot(); }
+
+long long SqliteStorage::changesOfOthers() const { return m_connection->changesOfOthers(); }
+
 std::filesystem::path const& SqliteStorage::file() const noexcept { return m_connection->file(); }
 
-bool SqliteStorage::isReadOnly() const { return m_connection->isReadOnly(); }
+std::string SqliteStorage::readOnlyReason() const { return m_connection->readOnlyReason(); }
+
+SqliteStorage::Report SqliteStorage::examine() const { return m_connection->examine(); }
 
 } // namespace Storage

@@ -48,9 +48,26 @@ public:
         std::chrono::system_clock::time_point changed; ///< When the value was last set, to the millisecond.
     };
 
+    /// One of the changes that `apply` makes together.
+    struct Change {
+        std::string key;
+        Value value; ///< `std::monostate` removes the key.
+    };
+
+    /// What can be told of the file itself.
+    struct Report {
+        std::string sqliteVersion;       ///< Of the SQLite that runs, such as "3.40.1".
+        std::string journalMode;         ///< That this object writes with, as SQLite names it.
+        int schemaVersion = 0;           ///< Of the file.
+        std::vector<std::string> damage; ///< In SQLite's words; empty where the file is sound.
+    };
+
+    /// The schema that this version writes. A file with a newer one is opened for reading only.
+    static constexpr int writtenSchema = 1;
+
     /// Opens the store in `file`. A missing file is created with mode 0600, missing folders above it with 0700. An
-    /// existing file is checked whole and not changed. A file that the user may read but not write is opened for
-    /// reading, and each change throws. The current directory counts only now.
+    /// existing file is checked whole and not changed. A file that the user may read but not write, and one that a newer
+    /// version wrote, is opened for reading, and each change throws. The current directory counts only now.
     explicit SqliteStorage(std::filesystem::path const& file);
     SqliteStorage(std::filesystem::path const& file, Options const& options);
     ~SqliteStorage() override;
@@ -75,10 +92,22 @@ public:
     /// All rows as of one moment, sorted by the bytes of their keys.
     std::vector<Row> rows() const;
 
+    /// Makes all of `changes`, in their order, or none of them where one cannot be made: one transaction.
+    void apply(std::vector<Change> const& changes);
+    /// The bytes of the store as of one moment: a store of their own when they are written to a file.
+    std::string snapshot() const;
+    /// A number that is another one when somebody else, also another object of this process, has changed the file since
+    /// the last call.
+    long long changesOfOthers() const;
+
     /// The file, as an absolute path.
     std::filesystem::path const& file() const noexcept;
-    /// Whether the file could be opened for reading only.
-    bool isReadOnly() const;
+    /// Whether every change is refused.
+    bool isReadOnly() const { return !readOnlyReason().empty(); }
+    /// Why every change is refused, and what to do; empty where changes are taken.
+    std::string readOnlyReason() const;
+    /// Looks the file over, whole.
+    Report examine() const;
 
 private:
     class Connection;

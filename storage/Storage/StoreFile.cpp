@@ -2,11 +2,14 @@
 #include "StoreFile.h"
 
 #include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/Transaction.h>
 
 #include <sqlite3.h>
 
 #include <cerrno>
 #include <cstdlib>
+#include <memory>
+#include <sstream>
 #include <system_error>
 
 #include <fcntl.h>
@@ -20,16 +23,15 @@ namespace Storage {
 namespace {
 
 constexpr int applicationId = 0x4C754553; // "LuES", in the file's header, tells a store from other SQLite files
-constexpr int schemaVersion = 1;          // counted up when an older version could not read the file any more
 
 // Kinds and values carry no constraint: what a later version stores passes through this one untouched.
-constexpr char const* schema = "BEGIN;"
-                               "CREATE TABLE settings ("
-                               " key TEXT NOT NULL PRIMARY KEY,"
-                               " kind TEXT NOT NULL," // bool, int, string, bytes
-                               " value NOT NULL,"
-                               " changed INTEGER NOT NULL);" // milliseconds since 1970-01-01 00:00 UTC
-                               "COMMIT;";
+constexpr char const* makeTables = "BEGIN;"
+                                   "CREATE TABLE settings ("
+                                   " key TEXT NOT NULL PRIMARY KEY,"
+                                   " kind TEXT NOT NULL," // bool, int, string, bytes
+                                   " value NOT NULL,"
+                                   " changed INTEGER NOT NULL);" // milliseconds since 1970-01-01 00:00 UTC
+                                   "COMMIT;";
 
 constexpr char const* checkAccess = "make the file and its folder readable and writable for this user";
 constexpr char const* restoreBackup = "the file was left as it is: move it away and restore it from a backup";
@@ -118,7 +120,7 @@ void createStore(fs::path const& file)
     translated(file, "create the store", [&] {
         SQLite::Database database(made.path(), SQLite::OPEN_READWRITE);
         database.exec("PRAGMA synchronous = FULL; PRAGMA application_id = " + std::to_string(applicationId) +
-                      "; PRAGMA user_version = " + std::to_string(schemaVersion) + ";" + schema);
+                      "; PRAGMA user_version = " + std::to_string(SqliteStorage::writtenSchema) + ";" + makeTables);
     });
     if (::link(made.path().c_str(), file.c_str()) != 0 && errno != EEXIST)
         throwSystemError(file, "create the store", errno);
@@ -158,6 +160,27 @@ bool usesWriteAheadLog(SQLite::Database& database)
     return file && file->pMethods && file->pMethods->xRead(file, &format, 1, 18) == SQLITE_OK && format == 2;
 }
 
+std::string newerSchema(int schema)
+{
+    return "it was written by a newer version (schema " + std::to_string(schema) + ", this version writes " +
+           std::to_string(SqliteStorage::writtenSchema) + ")";
+}
+
+constexpr char const* updateProgram = "update this program; the file was left as it is";
+
+// A newer version may have changed the layout too.
+void checkLayout(fs::path const& file, SQLite::Database& database, int schema)
+{
+    try {
+        SQLite::Statement(database, "SELECT key, kind, value, changed FROM settings");
+    } catch (SQLite::Exception const& error) {
+        if (schema > SqliteStorage::writtenSchema)
+            throw StorageError(file.u8string(), "open the store", newerSchema(schema) + ", in a layout that this version cannot read",
+                               updateProgram);
+        throw;
+    }
+}
+
 void checkStore(fs::path const& file, SQLite::Database& database)
 {
     auto const refuse = [&](std::string const& reason, char const* remedy) {
@@ -165,14 +188,9 @@ void checkStore(fs::path const& file, SQLite::Database& database)
     };
     if (database.execAndGet("PRAGMA application_id").getInt() != applicationId)
         refuse("it is an SQLite file of another program", "move it away, or name another file");
-    int const version = database.execAndGet("PRAGMA user_version").getInt();
-    if (version > schemaVersion)
-        refuse("it was written by a newer version (schema " + std::to_string(version) + ", this version reads " +
-                   std::to_string(schemaVersion) + ")",
-               "update this program; the file was left as it is");
-    std::string const finding = database.execAndGet("PRAGMA integrity_check(1)").getString();
-    if (finding != "ok")
-        refuse("the file is damaged (" + finding.substr(finding.rfind('\n') + 1) + ")", restoreBackup);
+    if (std::vector<std::string> const damage = damageOf(database); !damage.empty())
+        refuse("the file is damaged (" + damage.front() + ")", restoreBackup);
+    checkLayout(file, database, database.execAndGet("PRAGMA user_version").getInt());
 }
 
 } // namespace
@@ -203,7 +221,46 @@ SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, in
     return database;
 }
 
-bool isOpenForReadingOnly(SQLite::Database const& database) { return sqlite3_db_readonly(database.getHandle(), "main") == 1; }
+std::optional<Obstacle> obstacleToChanges(SQLite::Database const& database, int schema)
+{
+    if (schema > SqliteStorage::writtenSchema)
+        return Obstacle{newerSchema(schema), updateProgram};
+    if (sqlite3_db_readonly(database.getHandle(), "main") == 1)
+        return Obstacle{"it may not be written", checkAccess};
+    return std::nullopt;
+}
+
+std::vector<std::string> damageOf(SQLite::Database& database)
+{
+    sqlite3_db_release_memory(database.getHandle()); // pages in memory tell nothing of the file
+    SQLite::Statement check(database, "PRAGMA integrity_check");
+    std::vector<std::string> damage;
+    try {
+        while (check.executeStep()) {
+            // One row may hold several findings, each on a line, below a heading that names the database.
+            std::istringstream findings(check.getColumn(0).getString());
+            for (std::string finding; std::getline(findings, finding);)
+                if (finding != "ok" && finding.compare(0, 3, "***") != 0)
+                    damage.push_back(finding);
+        }
+    } catch (SQLite::Exception const&) {
+        if (damage.empty()) // else the check gave up over what it found
+            throw;
+    }
+    return damage;
+}
+
+std::string snapshotOf(SQLite::Database& database)
+{
+    // The transaction, and a first read in it, hold the moment.
+    SQLite::Transaction const moment(database);
+    database.execAndGet("PRAGMA user_version");
+    sqlite3_int64 size = 0;
+    std::unique_ptr<unsigned char, void (*)(void*)> const bytes(sqlite3_serialize(database.getHandle(), "main", &size, 0), &sqlite3_free);
+    if (!bytes)
+        throw SQLite::Exception(database.getHandle());
+    return {reinterpret_cast<char const*>(bytes.get()), static_cast<std::size_t>(size)};
+}
 
 StorageError storageError(fs::path const& file, std::string const& attempt, SQLite::Exception const& error)
 {

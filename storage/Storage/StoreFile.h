@@ -3,13 +3,15 @@
 // The file of a SqliteStorage: how it comes to be, how it is checked, and what its troubles are called. Internal.
 #pragma once
 
-#include <Storage/StorageError.h>
+#include <Storage/SqliteStorage.h>
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Exception.h>
 
 #include <filesystem>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace Storage {
 
@@ -20,7 +22,23 @@ std::filesystem::path absolutePath(std::filesystem::path const& file);
 /// Opens the store in the absolute path `file`, creating a missing one. Throws `StorageError` and SQLite's errors.
 SQLite::Database openStore(std::filesystem::path const& file, int busyTimeoutMilliseconds, int synchronous);
 
-bool isOpenForReadingOnly(SQLite::Database const& database);
+/// Why changes are refused.
+struct Obstacle {
+    std::string reason;
+    std::string remedy;
+};
+
+/// What stands against every change of the open store, whose file has the schema `schema`; nothing where nothing does.
+std::optional<Obstacle> obstacleToChanges(SQLite::Database const& database, int schema);
+
+/// What SQLite finds wrong with the file.
+std::vector<std::string> damageOf(SQLite::Database& database);
+
+/// All rows of an open store, sorted by the bytes of their keys.
+std::vector<SqliteStorage::Row> storedRows(SQLite::Database& database);
+
+/// The bytes of an open store's file as of one moment.
+std::string snapshotOf(SQLite::Database& database);
 
 /// SQLite's error as this project's, with a remedy.
 StorageError storageError(std::filesystem::path const& file, std::string const& attempt, SQLite::Exception const& error);

@@ -103,12 +103,13 @@ INSTANTIATE_TEST_SUITE_P(
                     Unusable{"AnotherProgramsDatabase",
                              [](std::filesystem::path const& file) { UnusableFile::sql(file, "CREATE TABLE settings (key, value)"); },
                              "it is an SQLite file of another program", "move it away, or name another file"},
-                    Unusable{"NewerSchema",
+                    Unusable{"NewerSchemaInAnotherLayout",
                              [](std::filesystem::path const& file) {
                                  UnusableFile::store(file);
-                                 UnusableFile::sql(file, "PRAGMA user_version = 2");
+                                 UnusableFile::sql(file, "PRAGMA user_version = 2; ALTER TABLE settings RENAME COLUMN value TO content");
                              },
-                             "it was written by a newer version (schema 2, this version reads 1)",
+                             "it was written by a newer version (schema 2, this version writes 1), in a layout that this version "
+                             "cannot read",
                              "update this program; the file was left as it is"},
                     Unusable{"MissingTable",
                              [](std::filesystem::path const& file) {
@@ -201,9 +202,9 @@ TEST_F(SqliteFaults, FileThatMayNotBeWrittenIsReadAndRefusesChanges)
         inChild([&] { return SqliteStorage(file).isReadOnly() ? SqliteStorage(file).getString("key", "") : "writable"; }, asOrdinaryUser),
         "value");
     EXPECT_EQ(inChild([&] { return SqliteStorage(file).setString("key", "other"), std::string("set"); }, asOrdinaryUser),
-              file.string() + ": cannot set \"key\": attempt to write a readonly database; " + access);
+              file.string() + ": cannot set \"key\": it may not be written; " + access);
     EXPECT_EQ(inChild([&] { return SqliteStorage(file).remove("key"), std::string("removed"); }, asOrdinaryUser),
-              file.string() + ": cannot remove \"key\": attempt to write a readonly database; " + access);
+              file.string() + ": cannot remove \"key\": it may not be written; " + access);
     EXPECT_EQ(content(file), before);
     EXPECT_FALSE(SqliteStorage(path("own.sqlite")).isReadOnly());
 }
