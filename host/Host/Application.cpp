@@ -35,19 +35,23 @@ private:
 
 } // namespace
 
-Application::Store::Store(fs::path const& path, MissingStore missingStore) : file(fs::absolute(path))
+Application::Store::Store(fs::path const& path, StorePolicy policy) : file(fs::absolute(path)), bound(std::make_shared<NoStore>())
 {
     std::error_code error;
     bool const isMissing = fs::symlink_status(file, error).type() == fs::file_type::not_found;
-    if (isMissing && missingStore == MissingStore::leaveOut) {
-        bound = std::make_shared<NoStore>();
-    } else {
+    if (isMissing && policy != StorePolicy::create)
+        return;
+    try {
         opened = std::make_shared<Storage::SqliteStorage>(file);
         bound = opened;
+    } catch (Storage::StorageError const& unusable) {
+        if (policy != StorePolicy::leaveOutUnusable)
+            throw;
+        trouble = unusable.what();
     }
 }
 
-Application::Application(fs::path const& productFile, std::optional<fs::path> const& storeFolder, MissingStore missingStore)
+Application::Application(fs::path const& productFile, std::optional<fs::path> const& storeFolder, StorePolicy policy)
     : m_productInfo(std::make_shared<ProductFile>(productFile))
 {
     SettingsContext context;
@@ -58,8 +62,8 @@ Application::Application(fs::path const& productFile, std::optional<fs::path> co
     fs::path const productFolder = storeFolder.value_or(fs::u8path(productDataPath().toStdString()));
     fs::path const commonFolder = storeFolder.value_or(productFolder.parent_path());
 
-    m_common = Store(commonFolder / "common-settings.sqlite", missingStore);
-    m_product = Store(productFolder / "product-settings.sqlite", missingStore);
+    m_common = Store(commonFolder / "common-settings.sqlite", policy);
+    m_product = Store(productFolder / "product-settings.sqlite", policy);
     context.commonStorage = m_common.bound;
     context.productStorage = m_product.bound;
     Settings::init(context);

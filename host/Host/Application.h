@@ -7,13 +7,15 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace Host {
 
-/// What to do about a store whose file is missing.
-enum class MissingStore {
-    create,
-    leaveOut, ///< Bind a store that holds nothing and takes nothing: for programs that only look.
+/// What to do about a store that is not there.
+enum class StorePolicy {
+    create,           ///< Make it.
+    leaveOutMissing,  ///< Bind a store that holds nothing and takes nothing: for programs that only look.
+    leaveOutUnusable, ///< The same also in the place of one that cannot be opened: for programs that look for trouble.
 };
 
 /// An application's side of the settings library: while the object lives, the library is bound to its product file and
@@ -25,7 +27,7 @@ class Application {
 public:
     /// Binds the library. Throws `ProductFileError` and `Storage::StorageError`; the library is then not to be used.
     explicit Application(std::filesystem::path const& productFile, std::optional<std::filesystem::path> const& storeFolder = std::nullopt,
-                         MissingStore missingStore = MissingStore::create);
+                         StorePolicy policy = StorePolicy::create);
     Application(Application const&) = delete;
     Application& operator=(Application const&) = delete;
 
@@ -36,13 +38,17 @@ public:
     /// Where the store lies, or would, as an absolute path.
     std::filesystem::path const& commonStorageFile() const { return m_common.file; }
     std::filesystem::path const& productStorageFile() const { return m_product.file; }
+    /// Why the store was left out although something is there, as `Storage::StorageError` tells it; else empty.
+    std::string const& commonStorageTrouble() const { return m_common.trouble; }
+    std::string const& productStorageTrouble() const { return m_product.trouble; }
 
 private:
     struct Store {
         Store() = default;
-        Store(std::filesystem::path const& path, MissingStore missingStore);
+        Store(std::filesystem::path const& path, StorePolicy policy);
 
         std::filesystem::path file;
+        std::string trouble;
         std::shared_ptr<Storage::SqliteStorage> opened;
         std::shared_ptr<ISettingsStorage> bound;
     };

@@ -193,7 +193,7 @@ TEST_F(Applications, StoresLieInOneFolderWhereOneIsNamed)
 
 TEST_F(Applications, MissingStoresAreLeftOutWhereAskedFor)
 {
-    Application const application(m_productFile, m_home.path() / "elsewhere", Host::MissingStore::leaveOut);
+    Application const application(m_productFile, m_home.path() / "elsewhere", Host::StorePolicy::leaveOutMissing);
     EXPECT_FALSE(application.commonStorage());
     EXPECT_FALSE(application.productStorage());
     EXPECT_EQ(application.commonStorageFile(), m_home.path() / "elsewhere/common-settings.sqlite");
@@ -216,7 +216,7 @@ TEST_F(Applications, StoreThatIsThereIsOpenedAlsoWhereTheOtherIsMissing)
         Settings::setNPSSendCount(5);
     }
     std::filesystem::remove(m_data / "Maker/common-settings.sqlite");
-    Application const application(m_productFile, std::nullopt, Host::MissingStore::leaveOut);
+    Application const application(m_productFile, std::nullopt, Host::StorePolicy::leaveOutMissing);
     EXPECT_FALSE(application.commonStorage());
     EXPECT_EQ(Settings::npsSendCount(), 5);
 }
@@ -225,7 +225,21 @@ TEST_F(Applications, DanglingLinkIsNoMissingStore)
 {
     std::filesystem::create_directory(m_home.path() / "elsewhere");
     std::filesystem::create_symlink("nowhere", m_home.path() / "elsewhere/product-settings.sqlite");
-    EXPECT_THROW(Application(m_productFile, m_home.path() / "elsewhere", Host::MissingStore::leaveOut), Storage::StorageError);
+    EXPECT_THROW(Application(m_productFile, m_home.path() / "elsewhere", Host::StorePolicy::leaveOutMissing), Storage::StorageError);
+}
+
+TEST_F(Applications, UnusableStoreIsLeftOutWithItsReasonWhereAskedFor)
+{
+    std::filesystem::path const damaged = m_home.write("elsewhere/product-settings.sqlite", "not a store");
+    Application const application(m_productFile, m_home.path() / "elsewhere", Host::StorePolicy::leaveOutUnusable);
+    EXPECT_FALSE(application.productStorage());
+    EXPECT_EQ(application.productStorageTrouble(), damaged.string() + ": cannot open the store: file is not a database; the file was "
+                                                                      "left as it is: move it away and restore it from a backup");
+    EXPECT_FALSE(application.commonStorage());
+    EXPECT_EQ(application.commonStorageTrouble(), "") << "nothing is there";
+    EXPECT_EQ(Settings::npsSendCount(), 0);
+    EXPECT_EQ(std::filesystem::file_size(damaged), 11u);
+    EXPECT_FALSE(std::filesystem::exists(m_home.path() / "elsewhere/common-settings.sqlite"));
 }
 
 TEST_F(Applications, LibraryIsBoundToFileAndStores)

@@ -155,7 +155,7 @@ public:
         std::filesystem::path const productFile =
             m_productFile.empty() ? Host::installedProductFile() : std::filesystem::path(m_productFile);
         std::optional<std::filesystem::path> const home = m_home.empty() ? std::nullopt : std::optional<std::filesystem::path>(m_home);
-        answer(Host::Application(productFile, home, isToStore() ? Host::MissingStore::create : Host::MissingStore::leaveOut));
+        answer(Host::Application(productFile, home, isToStore() ? Host::StorePolicy::create : Host::StorePolicy::leaveOutMissing));
         checkPrinted();
         return 0;
     }
