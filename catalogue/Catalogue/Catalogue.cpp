@@ -14,21 +14,21 @@ namespace {
 // The type is deduced from both addresses, so that a getter with another preference's setter does not compile where
 // their types differ.
 template <typename T>
-Row row(char const* name, Store store, T (*get)(), void (*set)(T const&), QString (*computedDefault)() = nullptr)
+Row row(char const* name, Store store, Class category, T (*get)(), void (*set)(T const&), QString (*computedDefault)() = nullptr)
 {
-    return {name, store, Accessors<T>{get, set}, computedDefault};
+    return {name, store, category, Accessors<T>{get, set}, computedDefault};
 }
 
 template <typename T>
-Row row(char const* name, Store store, T (*get)(), void (*set)(T))
+Row row(char const* name, Store store, Class category, T (*get)(), void (*set)(T))
 {
-    return {name, store, Accessors<T>{get, set}};
+    return {name, store, category, Accessors<T>{get, set}};
 }
 
 template <typename T>
-Family family(char const* name, Store store, T (*get)(QString), void (*set)(QString, T const&) = nullptr)
+Family family(char const* name, Store store, Class category, T (*get)(QString), void (*set)(QString, T const&) = nullptr)
 {
-    return {name, store, KeyedAccessors<T>{get, set}};
+    return {name, store, category, KeyedAccessors<T>{get, set}};
 }
 
 template <typename Function>
@@ -43,61 +43,61 @@ Place place(char const* name, Function* function, Root root, Use use, std::vecto
 std::vector<Row> const& preferences()
 {
     static std::vector<Row> const rows = {
-        row("exportPath", Store::product, &Settings::exportPath, &Settings::setExportPath, &Settings::defaultLumoraLibraryPath),
-        row("projectPath", Store::product, &Settings::projectPath, &Settings::setProjectPath, &Settings::defaultProjectPath),
-        row("lastAddMediaPath", Store::product, &Settings::lastAddMediaPath, &Settings::setLastAddMediaPath),
-        row("lastAddVideoPath", Store::product, &Settings::lastAddVideoPath, &Settings::setLastAddVideoPath),
-        row("lastAddImagePath", Store::product, &Settings::lastAddImagePath, &Settings::setLastAddImagePath),
-        row("lastAddAudioPath", Store::product, &Settings::lastAddAudioPath, &Settings::setLastAddAudioPath),
-        row("lastAddDirectoryPath", Store::product, &Settings::lastAddDirectoryPath, &Settings::setLastAddDirectoryPath),
-        row("lastAddImageDirectoryPath", Store::product, &Settings::lastAddImageDirectoryPath, &Settings::setLastAddImageDirectoryPath),
-        row("lastTarget", Store::product, &Settings::lastTarget, &Settings::setLastTarget),
-        row("openOutputAfterExport", Store::product, &Settings::openOutputAfterExport, &Settings::setOpenOutputAfterExport),
-        row("openLinkAfterUpload", Store::product, &Settings::openLinkAfterUpload, &Settings::setOpenLinkAfterUpload),
-        row("lastUsedPresetGroup", Store::product, &Settings::lastUsedPresetGroup, &Settings::setLastUsedPresetGroup),
-        row("lastUsedPresetId", Store::product, &Settings::lastUsedPresetId, &Settings::setLastUsedPresetId),
-        row("dontShowStartDialog", Store::product, &Settings::dontShowStartDialog, &Settings::setDontShowStartDialog),
-        row("keepVideoAspect", Store::product, &Settings::keepVideoAspect, &Settings::setKeepVideoAspect),
-        row("autoUpdate", Store::common, &Settings::autoUpdate, &Settings::setCheckForUpdates),
-        row("sendStatistics", Store::common, &Settings::sendStatistics, &Settings::setSendStatistics),
-        row("recentProjects", Store::product, &Settings::recentProjects, &Settings::setRecentProjects),
-        row("recentProjectPreviews", Store::product, &Settings::recentProjectPreviews, &Settings::setRecentProjectPreviews),
-        row("mainWindowGeometry", Store::product, &Settings::mainWindowGeometry, &Settings::setMainWindowGeometry),
-        row("mainWindowState", Store::product, &Settings::mainWindowState, &Settings::setMainWindowState),
-        row("splitterMainGeometry", Store::product, &Settings::splitterMainGeometry, &Settings::setSplitterMainGeometry),
-        row("splitterMainState", Store::product, &Settings::splitterMainState, &Settings::setSplitterMainState),
-        row("splitterTopPanelGeometry", Store::product, &Settings::splitterTopPanelGeometry, &Settings::setSplitterTopPanelGeometry),
-        row("splitterTopPanelState", Store::product, &Settings::splitterTopPanelState, &Settings::setSplitterTopPanelState),
-        row("audioRecordPath", Store::product, &Settings::audioRecordPath, &Settings::setAudioRecordPath, &Settings::defaultAudioRecordPath),
-        row("audioRecordFormat", Store::product, &Settings::audioRecordFormat, &Settings::setAudioRecordFormat),
-        row("audioRecordCodec", Store::product, &Settings::audioRecordCodec, &Settings::setAudioRecordCodec),
-        row("downloadableResourcesPath", Store::product, &Settings::downloadableResourcesPath, &Settings::setDownloadableResourcesPath, &Settings::defaultDownloadableResourcesPath),
-        row("stabilizedFilePath", Store::product, &Settings::stabilizedFilePath, &Settings::setStabilizedFilePath, &Settings::defaultStabilizedFilePath),
-        row("freezedFileFormat", Store::product, &Settings::freezedFileFormat, &Settings::setfreezedFileFormat),
-        row("notificationsEnabled", Store::product, &Settings::notificationsEnabled, &Settings::setNotificationsEnabled),
-        row("useGuideLines", Store::product, &Settings::useGuideLines, &Settings::setUseGuideLines),
-        row("acquaintedWithFastTrack", Store::product, &Settings::acquaintedWithFastTrack, &Settings::setAcquaintedWithFastTrack),
-        row("fastTrackEnabled", Store::product, &Settings::fastTrackEnabled, &Settings::setFastTrackEnabled),
-        row("useFilmstripPreview", Store::product, &Settings::useFilmstripPreview, &Settings::setUseFilmstripPreview),
-        row("fastTrackContentPath", Store::product, &Settings::fastTrackContentPath, &Settings::setFastTrackContentPath, &Settings::defaultFastTrackContentPath),
-        row("waveformCachePath", Store::product, &Settings::waveformCachePath, &Settings::setWaveformCachePath, &Settings::defaultWaveformCachePath),
-        row("newsCenterContentPath", Store::product, &Settings::newsCenterContentPath, &Settings::setNewsCenterContentPath, &Settings::defaultNewsCenterContentPath),
-        row("quizExportUserId", Store::product, &Settings::quizExportUserId, &Settings::setQuizExportUserId),
-        row("quizAgreementChecked", Store::product, &Settings::quizAgreementChecked, &Settings::setQuizAgreementChecked),
-        row("bundleShadowCachePath", Store::product, &Settings::bundleShadowCachePath, &Settings::setBundleShadowCachePath, &Settings::defaultBundleShadowCachePath),
-        row("downloaderCachePath", Store::product, &Settings::downloaderCachePath, &Settings::setDownloaderCachePath, &Settings::defaultDownloaderCachePath),
-        row("packInAppCachePath", Store::product, &Settings::packInAppCachePath, &Settings::setPackInAppCachePath, &Settings::defaultPackInAppCachePath),
-        row("snapshotPath", Store::product, &Settings::snapshotPath, &Settings::setSnapshotPath, &Settings::defaultLumoraLibraryPath),
-        row("npsReadyNotificationCount", Store::product, &Settings::npsReadyNotificationCount, &Settings::setNPSReadyNotificationCount),
-        row("npsStartExportCount", Store::product, &Settings::npsStartExportCount, &Settings::setNPSStartExportCount),
-        row("npsSendCount", Store::product, &Settings::npsSendCount, &Settings::setNPSSendCount),
-        row("npsValueToSend", Store::product, &Settings::npsValueToSend, &Settings::setNPSValueToSend),
-        row("npsCommentToSend", Store::product, &Settings::npsCommentToSend, &Settings::setNPSCommentToSend),
-        row("npsEmailToSend", Store::product, &Settings::npsEmailToSend, &Settings::setNPSEmailToSend),
-        row("achievedTutorials", Store::product, &Settings::achievedTutorials, &Settings::setAchievedTutorials),
-        row("userCustomColors", Store::product, &Settings::userCustomColors, &Settings::setUserCustomColors),
-        row("SUAutomaticallyUpdate", Store::common, &Settings::autoDownloadUpdates, &Settings::setAutoDownloadUpdates),
-        row("targetHistory", Store::product, &Settings::targetHistory, &Settings::setTargetHistory),
+        row("exportPath", Store::product, Class::local, &Settings::exportPath, &Settings::setExportPath, &Settings::defaultLumoraLibraryPath),
+        row("projectPath", Store::product, Class::local, &Settings::projectPath, &Settings::setProjectPath, &Settings::defaultProjectPath),
+        row("lastAddMediaPath", Store::product, Class::personal, &Settings::lastAddMediaPath, &Settings::setLastAddMediaPath),
+        row("lastAddVideoPath", Store::product, Class::personal, &Settings::lastAddVideoPath, &Settings::setLastAddVideoPath),
+        row("lastAddImagePath", Store::product, Class::personal, &Settings::lastAddImagePath, &Settings::setLastAddImagePath),
+        row("lastAddAudioPath", Store::product, Class::personal, &Settings::lastAddAudioPath, &Settings::setLastAddAudioPath),
+        row("lastAddDirectoryPath", Store::product, Class::personal, &Settings::lastAddDirectoryPath, &Settings::setLastAddDirectoryPath),
+        row("lastAddImageDirectoryPath", Store::product, Class::personal, &Settings::lastAddImageDirectoryPath, &Settings::setLastAddImageDirectoryPath),
+        row("lastTarget", Store::product, Class::transient, &Settings::lastTarget, &Settings::setLastTarget),
+        row("openOutputAfterExport", Store::product, Class::roaming, &Settings::openOutputAfterExport, &Settings::setOpenOutputAfterExport),
+        row("openLinkAfterUpload", Store::product, Class::roaming, &Settings::openLinkAfterUpload, &Settings::setOpenLinkAfterUpload),
+        row("lastUsedPresetGroup", Store::product, Class::transient, &Settings::lastUsedPresetGroup, &Settings::setLastUsedPresetGroup),
+        row("lastUsedPresetId", Store::product, Class::transient, &Settings::lastUsedPresetId, &Settings::setLastUsedPresetId),
+        row("dontShowStartDialog", Store::product, Class::roaming, &Settings::dontShowStartDialog, &Settings::setDontShowStartDialog),
+        row("keepVideoAspect", Store::product, Class::roaming, &Settings::keepVideoAspect, &Settings::setKeepVideoAspect),
+        row("autoUpdate", Store::common, Class::local, &Settings::autoUpdate, &Settings::setCheckForUpdates),
+        row("sendStatistics", Store::common, Class::roaming, &Settings::sendStatistics, &Settings::setSendStatistics),
+        row("recentProjects", Store::product, Class::personal, &Settings::recentProjects, &Settings::setRecentProjects),
+        row("recentProjectPreviews", Store::product, Class::personal, &Settings::recentProjectPreviews, &Settings::setRecentProjectPreviews),
+        row("mainWindowGeometry", Store::product, Class::local, &Settings::mainWindowGeometry, &Settings::setMainWindowGeometry),
+        row("mainWindowState", Store::product, Class::local, &Settings::mainWindowState, &Settings::setMainWindowState),
+        row("splitterMainGeometry", Store::product, Class::local, &Settings::splitterMainGeometry, &Settings::setSplitterMainGeometry),
+        row("splitterMainState", Store::product, Class::local, &Settings::splitterMainState, &Settings::setSplitterMainState),
+        row("splitterTopPanelGeometry", Store::product, Class::local, &Settings::splitterTopPanelGeometry, &Settings::setSplitterTopPanelGeometry),
+        row("splitterTopPanelState", Store::product, Class::local, &Settings::splitterTopPanelState, &Settings::setSplitterTopPanelState),
+        row("audioRecordPath", Store::product, Class::local, &Settings::audioRecordPath, &Settings::setAudioRecordPath, &Settings::defaultAudioRecordPath),
+        row("audioRecordFormat", Store::product, Class::roaming, &Settings::audioRecordFormat, &Settings::setAudioRecordFormat),
+        row("audioRecordCodec", Store::product, Class::roaming, &Settings::audioRecordCodec, &Settings::setAudioRecordCodec),
+        row("downloadableResourcesPath", Store::product, Class::local, &Settings::downloadableResourcesPath, &Settings::setDownloadableResourcesPath, &Settings::defaultDownloadableResourcesPath),
+        row("stabilizedFilePath", Store::product, Class::local, &Settings::stabilizedFilePath, &Settings::setStabilizedFilePath, &Settings::defaultStabilizedFilePath),
+        row("freezedFileFormat", Store::product, Class::roaming, &Settings::freezedFileFormat, &Settings::setfreezedFileFormat),
+        row("notificationsEnabled", Store::product, Class::roaming, &Settings::notificationsEnabled, &Settings::setNotificationsEnabled),
+        row("useGuideLines", Store::product, Class::roaming, &Settings::useGuideLines, &Settings::setUseGuideLines),
+        row("acquaintedWithFastTrack", Store::product, Class::roaming, &Settings::acquaintedWithFastTrack, &Settings::setAcquaintedWithFastTrack),
+        row("fastTrackEnabled", Store::product, Class::roaming, &Settings::fastTrackEnabled, &Settings::setFastTrackEnabled),
+        row("useFilmstripPreview", Store::product, Class::roaming, &Settings::useFilmstripPreview, &Settings::setUseFilmstripPreview),
+        row("fastTrackContentPath", Store::product, Class::local, &Settings::fastTrackContentPath, &Settings::setFastTrackContentPath, &Settings::defaultFastTrackContentPath),
+        row("waveformCachePath", Store::product, Class::local, &Settings::waveformCachePath, &Settings::setWaveformCachePath, &Settings::defaultWaveformCachePath),
+        row("newsCenterContentPath", Store::product, Class::local, &Settings::newsCenterContentPath, &Settings::setNewsCenterContentPath, &Settings::defaultNewsCenterContentPath),
+        row("quizExportUserId", Store::product, Class::personal, &Settings::quizExportUserId, &Settings::setQuizExportUserId),
+        row("quizAgreementChecked", Store::product, Class::personal, &Settings::quizAgreementChecked, &Settings::setQuizAgreementChecked),
+        row("bundleShadowCachePath", Store::product, Class::local, &Settings::bundleShadowCachePath, &Settings::setBundleShadowCachePath, &Settings::defaultBundleShadowCachePath),
+        row("downloaderCachePath", Store::product, Class::local, &Settings::downloaderCachePath, &Settings::setDownloaderCachePath, &Settings::defaultDownloaderCachePath),
+        row("packInAppCachePath", Store::product, Class::local, &Settings::packInAppCachePath, &Settings::setPackInAppCachePath, &Settings::defaultPackInAppCachePath),
+        row("snapshotPath", Store::product, Class::local, &Settings::snapshotPath, &Settings::setSnapshotPath, &Settings::defaultLumoraLibraryPath),
+        row("npsReadyNotificationCount", Store::product, Class::transient, &Settings::npsReadyNotificationCount, &Settings::setNPSReadyNotificationCount),
+        row("npsStartExportCount", Store::product, Class::transient, &Settings::npsStartExportCount, &Settings::setNPSStartExportCount),
+        row("npsSendCount", Store::product, Class::transient, &Settings::npsSendCount, &Settings::setNPSSendCount),
+        row("npsValueToSend", Store::product, Class::personal, &Settings::npsValueToSend, &Settings::setNPSValueToSend),
+        row("npsCommentToSend", Store::product, Class::personal, &Settings::npsCommentToSend, &Settings::setNPSCommentToSend),
+        row("npsEmailToSend", Store::product, Class::personal, &Settings::npsEmailToSend, &Settings::setNPSEmailToSend),
+        row("achievedTutorials", Store::product, Class::roaming, &Settings::achievedTutorials, &Settings::setAchievedTutorials),
+        row("userCustomColors", Store::product, Class::roaming, &Settings::userCustomColors, &Settings::setUserCustomColors),
+        row("SUAutomaticallyUpdate", Store::common, Class::local, &Settings::autoDownloadUpdates, &Settings::setAutoDownloadUpdates),
+        row("targetHistory", Store::product, Class::personal, &Settings::targetHistory, &Settings::setTargetHistory),
     };
     return rows;
 }
@@ -105,8 +105,8 @@ std::vector<Row> const& preferences()
 std::vector<Family> const& families()
 {
     static std::vector<Family> const rows = {
-        family("indicationObject", Store::product, &Settings::indicationObject, &Settings::setIndicationObject),
-        family("favoriteItems", Store::product, &Settings::favoriteItems),
+        family("indicationObject", Store::product, Class::transient, &Settings::indicationObject, &Settings::setIndicationObject),
+        family("favoriteItems", Store::product, Class::roaming, &Settings::favoriteItems),
     };
     return rows;
 }
@@ -180,6 +180,21 @@ std::vector<Place> const& places()
     return rows;
 }
 // clang-format on
+
+char const* className(Class category)
+{
+    switch (category) {
+    case Class::roaming:
+        return "roaming";
+    case Class::local:
+        return "local";
+    case Class::personal:
+        return "personal";
+    case Class::transient:
+        break;
+    }
+    return "transient";
+}
 
 std::vector<std::string> const& preferencesWithoutAccessors()
 {

@@ -19,6 +19,17 @@ namespace Catalogue {
 
 enum class Store { product, common };
 
+/// What a preference is when settings leave the machine: for another machine of the user, or for somebody who helps.
+enum class Class {
+    roaming,   ///< The user's taste: it holds on any machine.
+    local,     ///< Fits this machine: folders, windows, updates of the program.
+    personal,  ///< Tells who the user is or what the user works on.
+    transient, ///< What was last used or counted: the editor comes to it again by itself.
+};
+
+/// The word for a class: "roaming", "local", "personal" or "transient".
+char const* className(Class category);
+
 /// A value of a preference, in the type that the library's functions take.
 using Value = std::variant<bool, int, std::string, QString, QByteArray, QStringList>;
 
@@ -33,6 +44,7 @@ struct Accessors {
 struct Row {
     char const* name; ///< Its key.
     Store store;
+    Class category;
     std::variant<Accessors<bool>, Accessors<int>, Accessors<std::string>, Accessors<QString>, Accessors<QByteArray>, Accessors<QStringList>>
         accessors;                          ///< In the order of the alternatives of `Value`.
     QString (*computedDefault)() = nullptr; ///< The location that a read falls back on, where it is computed.
@@ -54,6 +66,7 @@ struct KeyedAccessors {
 struct Family {
     char const* name; ///< Of the getter, without namespace.
     Store store;
+    Class category; ///< Of each member.
     std::variant<KeyedAccessors<QByteArray>, KeyedAccessors<QStringList>> accessors;
 };
 

@@ -145,6 +145,8 @@ TEST_F(CatalogueOfFamilies, AreTheTwoThatTheLibraryHas)
     ASSERT_EQ(Catalogue::families().size(), 2u);
     EXPECT_STREQ(Catalogue::families()[0].name, "indicationObject");
     EXPECT_STREQ(Catalogue::families()[1].name, "favoriteItems");
+    EXPECT_EQ(Catalogue::families()[0].category, Catalogue::Class::transient);
+    EXPECT_EQ(Catalogue::families()[1].category, Catalogue::Class::roaming);
 }
 
 TEST_F(CatalogueOfFamilies, AreObservedUnderTheKeyOfAName)

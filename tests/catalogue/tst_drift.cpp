@@ -173,6 +173,7 @@ TEST_P(DriftOfRow, RowAgreesWithTheTable)
     ASSERT_TRUE(row) << expected.key << " has no row in the catalogue";
     EXPECT_EQ(cppType(*row), expected.type);
     EXPECT_EQ(row->store == Catalogue::Store::common ? "common" : "product", expected.store);
+    EXPECT_EQ(Catalogue::className(row->category), expected.category);
     std::visit(
         [&](auto const& accessors) {
             EXPECT_EQ(nameOf(accessors.get), expected.getter);

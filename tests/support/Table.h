@@ -16,6 +16,7 @@ struct PreferenceRow {
     std::string store;        // product or common
     std::string getter;       // qualified; "-" for none
     std::string setter;
+    std::string category;
 
     // The updater's key is not the library's own: it has no constants, and its setter takes the value by value.
     bool isOfUpdater() const { return key == "SUAutomaticallyUpdate"; }
@@ -29,12 +30,12 @@ inline std::vector<PreferenceRow> preferenceTable()
     std::vector<PreferenceRow> rows;
     std::string line;
     std::getline(file, line);
-    if (line != "key\ttype\tdefault\tstore\tgetter\tsetter")
+    if (line != "key\ttype\tdefault\tstore\tgetter\tsetter\tclass")
         throw std::runtime_error("preferences.tsv has other columns: " + line);
     while (std::getline(file, line)) {
         PreferenceRow row;
         std::istringstream fields(line);
-        for (std::string* field : {&row.key, &row.type, &row.defaultValue, &row.store, &row.getter, &row.setter})
+        for (std::string* field : {&row.key, &row.type, &row.defaultValue, &row.store, &row.getter, &row.setter, &row.category})
             std::getline(fields, *field, '\t');
         rows.push_back(row);
     }

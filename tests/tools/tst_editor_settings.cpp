@@ -431,6 +431,7 @@ TEST_F(Tool, ExplainTellsWhereAnUnsetValueComesFrom)
 {
     EXPECT_EQ(said({"explain", "exportPath"}), "key          exportPath\n"
                                                "type         text (QString)\n"
+                                               "class        local\n"
                                                "store        product\n"
                                                "file         " +
                                                    productFile() +
@@ -448,18 +449,19 @@ TEST_F(Tool, ExplainTellsWhatIsStoredAndSinceWhen)
 {
     Storage::SqliteStorage(commonFile()).setBool("autoUpdate", false);
     std::vector<std::string> const explained = lines(said({"explain", "autoUpdate", "--plain"}));
-    ASSERT_EQ(explained.size(), 11u);
+    ASSERT_EQ(explained.size(), 12u);
     EXPECT_EQ(explained[0], "key\tautoUpdate");
     EXPECT_EQ(explained[1], "type\tbool");
-    EXPECT_EQ(explained[2], "store\tcommon");
-    EXPECT_EQ(explained[3], "file\t" + commonFile());
-    EXPECT_EQ(explained[4], "state\tset");
-    EXPECT_EQ(explained[5], "stored\tfalse");
-    EXPECT_EQ(explained[6], "stored kind\tbool");
-    EXPECT_EQ(explained[7].substr(0, 10), "changed\t20");
-    EXPECT_EQ(explained[8], "default\ttrue");
-    EXPECT_EQ(explained[9], "computed by\tnothing: it is fixed");
-    EXPECT_EQ(explained[10], "value\tfalse");
+    EXPECT_EQ(explained[2], "class\tlocal");
+    EXPECT_EQ(explained[3], "store\tcommon");
+    EXPECT_EQ(explained[4], "file\t" + commonFile());
+    EXPECT_EQ(explained[5], "state\tset");
+    EXPECT_EQ(explained[6], "stored\tfalse");
+    EXPECT_EQ(explained[7], "stored kind\tbool");
+    EXPECT_EQ(explained[8].substr(0, 10), "changed\t20");
+    EXPECT_EQ(explained[9], "default\ttrue");
+    EXPECT_EQ(explained[10], "computed by\tnothing: it is fixed");
+    EXPECT_EQ(explained[11], "value\tfalse");
 }
 
 TEST_F(Tool, ExplainGivesTheTimeInUtc)
@@ -476,7 +478,8 @@ TEST_F(Tool, ExplainAsJsonTellsAll)
     json explained = json::parse(said({"explain", "snapshotPath", "--json"}));
     EXPECT_EQ(explained["stored"]["changed"].get<std::string>().size(), 24u);
     explained["stored"].erase("changed");
-    json expected = json::parse(R"({"key": "snapshotPath", "type": "text", "cppType": "QString", "store": "product", "state": "set",
+    json expected = json::parse(R"({"key": "snapshotPath", "type": "text", "cppType": "QString", "class": "local", "store": "product",
+        "state": "set",
         "stored": {"kind": "string", "value": "/s"}, "default": {"computedBy": "Settings::defaultLumoraLibraryPath"}, "value": "/s"})");
     expected["file"] = productFile();
     expected["default"]["value"] = inHome("Videos/Lumora Library");

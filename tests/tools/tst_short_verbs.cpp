@@ -89,7 +89,7 @@ TEST_F(ShortVerbs, KeysMadeFromNamesAreListedExplainedAndUnset)
     std::vector<std::string> const explained = lines(said({"explain", "Indication/x", "--plain"}));
     EXPECT_EQ(explained[0], "key\tIndication/x");
     EXPECT_EQ(explained[1], "type\tbytes (QByteArray)");
-    EXPECT_EQ(explained[4], "state\tset");
+    EXPECT_EQ(explained[5], "state\tset");
     said({"unset", "Indication/x"});
     said({"unset", "favorites_fonts"});
     EXPECT_EQ(said({"list", "--set", "--plain"}), "");

@@ -139,6 +139,7 @@ void explainPreference(Host::Application const& application, std::string const& 
         printJson({{"key", key},
                    {"type", typeName(observation.value)},
                    {"cppType", cppTypeName(observation.value)},
+                   {"class", Catalogue::className(found.category)},
                    {"store", found.storeName()},
                    {"file", file.empty() ? ordered_json() : ordered_json(file)},
                    {"state", found.state()},
@@ -149,7 +150,10 @@ void explainPreference(Host::Application const& application, std::string const& 
                    {"value", toJson(observation.value)}});
         return;
     }
-    std::vector<Columns> table = {{"key", onOneLine(key)}, {"type", typeWithLanguage(observation.value)}, {"store", found.storeName()}};
+    std::vector<Columns> table = {{"key", onOneLine(key)},
+                                  {"type", typeWithLanguage(observation.value)},
+                                  {"class", Catalogue::className(found.category)},
+                                  {"store", found.storeName()}};
     if (!file.empty())
         table.push_back({"file", onOneLine(file)});
     table.push_back({"state", found.state()});

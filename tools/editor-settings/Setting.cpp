@@ -21,8 +21,9 @@ void look(Host::Application const& application, Setting& setting)
 
 Setting settingOf(Host::Application const& application, Row const& row)
 {
-    Setting setting = {row.name,           row.store, Catalogue::observe(row), {}, [&row](Value const& value) { row.write(value); },
-                       row.computedDefault};
+    Setting setting = {
+        row.name,           row.store, row.category, Catalogue::observe(row), {}, [&row](Value const& value) { row.write(value); },
+        row.computedDefault};
     look(application, setting);
     return setting;
 }
@@ -43,7 +44,7 @@ struct Writer {
 Setting settingOf(Host::Application const& application, Family const& family, QString const& member)
 {
     Catalogue::Observation const observation = Catalogue::observe(family, member);
-    Setting setting = {observation.key, family.store, observation, {}, std::visit(Writer{member}, family.accessors)};
+    Setting setting = {observation.key, family.store, family.category, observation, {}, std::visit(Writer{member}, family.accessors)};
     look(application, setting);
     return setting;
 }

@@ -15,6 +15,7 @@
 struct Setting {
     std::string key;
     Catalogue::Store store; ///< Where it belongs; `observation` tells which store a read asks.
+    Catalogue::Class category;
     Catalogue::Observation observation;
     std::optional<Storage::SqliteStorage::Row> stored;  ///< What the store holds, of whichever kind.
     std::function<void(Catalogue::Value const&)> write; ///< Empty where the library has no setter.
