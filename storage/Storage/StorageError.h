@@ -12,14 +12,17 @@ namespace Storage {
 class StorageError : public std::runtime_error {
 public:
     StorageError(std::string const& file, std::string const& attempt, std::string const& reason, std::string const& remedy)
-        : std::runtime_error(file + ": cannot " + attempt + ": " + reason + "; " + remedy), m_file(file)
+        : std::runtime_error(file + ": cannot " + attempt + ": " + reason + "; " + remedy), m_file(file), m_reason(reason)
     {}
 
     /// The file that the trouble is about.
     std::string const& file() const noexcept { return m_file; }
+    /// Why it failed, without the rest of the sentence.
+    std::string const& reason() const noexcept { return m_reason; }
 
 private:
     std::string m_file;
+    std::string m_reason;
 };
 
 } // namespace Storage

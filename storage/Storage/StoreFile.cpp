@@ -1,20 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "StoreFile.h"
 
+#include "NewFile.h"
+
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 
 #include <sqlite3.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <memory>
 #include <sstream>
 #include <system_error>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -61,70 +58,13 @@ char const* remedyFor(int extendedCode)
     }
 }
 
-[[noreturn]] void throwSystemError(fs::path const& file, char const* attempt, int error)
+// The content of a store without values.
+std::string emptyStore()
 {
-    throw StorageError(file.u8string(), attempt, std::generic_category().message(error),
-                       error == ENOSPC || error == EDQUOT ? remedyFor(SQLITE_FULL) : checkAccess);
-}
-
-// Makes the entries of a folder durable: a new file counts as stored only when its name is on disk too. As far as the
-// folder lets us: one that may not be listed, or a file system without such a call, must not stand in the way.
-void syncFolder(fs::path const& folder)
-{
-    int const descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0)
-        return;
-    ::fsync(descriptor);
-    ::close(descriptor);
-}
-
-void createFolders(fs::path const& folder)
-{
-    std::error_code ignored;
-    if (fs::exists(folder, ignored))
-        return;
-    createFolders(folder.parent_path());
-    if (::mkdir(folder.c_str(), 0700) == 0)
-        ::chmod(folder.c_str(), 0700); // a umask may have taken the owner's rights too
-    else if (errno != EEXIST)
-        throwSystemError(folder, "create the folder", errno);
-    syncFolder(folder.parent_path());
-}
-
-// A file that is removed when the object goes.
-class TemporaryFile {
-public:
-    explicit TemporaryFile(fs::path const& beside) : m_path((beside.parent_path() / ".settings-XXXXXX").string())
-    {
-        int const descriptor = ::mkstemp(m_path.data());
-        if (descriptor < 0 || ::fchmod(descriptor, 0600) != 0)
-            throwSystemError(beside, "create the store", errno);
-        ::close(descriptor);
-    }
-    ~TemporaryFile() { ::unlink(m_path.c_str()); }
-    TemporaryFile(TemporaryFile const&) = delete;
-    TemporaryFile& operator=(TemporaryFile const&) = delete;
-
-    std::string const& path() const { return m_path; }
-
-private:
-    std::string m_path;
-};
-
-// The file gets its name only when it is whole, so that nobody ever finds a store half made; and never in place of
-// another: where a second process was faster, its file is the store.
-void createStore(fs::path const& file)
-{
-    createFolders(file.parent_path());
-    TemporaryFile const made(file);
-    translated(file, "create the store", [&] {
-        SQLite::Database database(made.path(), SQLite::OPEN_READWRITE);
-        database.exec("PRAGMA synchronous = FULL; PRAGMA application_id = " + std::to_string(applicationId) +
-                      "; PRAGMA user_version = " + std::to_string(SqliteStorage::writtenSchema) + ";" + makeTables);
-    });
-    if (::link(made.path().c_str(), file.c_str()) != 0 && errno != EEXIST)
-        throwSystemError(file, "create the store", errno);
-    syncFolder(file.parent_path());
+    SQLite::Database database(":memory:", SQLite::OPEN_READWRITE);
+    database.exec("PRAGMA application_id = " + std::to_string(applicationId) +
+                  "; PRAGMA user_version = " + std::to_string(SqliteStorage::writtenSchema) + ";" + makeTables);
+    return snapshotOf(database);
 }
 
 // Whether the file is there, after making sure that it may be a store at all. Asks for names and sizes only: to open
@@ -181,6 +121,14 @@ void checkLayout(fs::path const& file, SQLite::Database& database, int schema)
     }
 }
 
+} // namespace
+
+void throwSystemError(fs::path const& file, char const* attempt, int error)
+{
+    throw StorageError(file.u8string(), attempt, std::generic_category().message(error),
+                       error == ENOSPC || error == EDQUOT ? remedyFor(SQLITE_FULL) : checkAccess);
+}
+
 void checkStore(fs::path const& file, SQLite::Database& database)
 {
     auto const refuse = [&](std::string const& reason, char const* remedy) {
@@ -192,8 +140,6 @@ void checkStore(fs::path const& file, SQLite::Database& database)
         refuse("the file is damaged (" + damage.front() + ")", restoreBackup);
     checkLayout(file, database, database.execAndGet("PRAGMA user_version").getInt());
 }
-
-} // namespace
 
 fs::path absolutePath(fs::path const& file)
 {
@@ -209,7 +155,7 @@ fs::path absolutePath(fs::path const& file)
 SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, int synchronous)
 {
     if (!isThere(file))
-        createStore(file);
+        writeNewFile(file, emptyStore(), "create the store"); // where a second process was faster, its file is the store
     SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, busyTimeoutMilliseconds);
     if (usesWriteAheadLog(database))
         throw StorageError(file.u8string(), "open the store", "it was switched to write-ahead logging, which can damage it",

@@ -22,6 +22,9 @@ std::filesystem::path absolutePath(std::filesystem::path const& file);
 /// Opens the store in the absolute path `file`, creating a missing one. Throws `StorageError` and SQLite's errors.
 SQLite::Database openStore(std::filesystem::path const& file, int busyTimeoutMilliseconds, int synchronous);
 
+/// Throws `StorageError`, which names `file`, and SQLite's errors where the open database is no sound store.
+void checkStore(std::filesystem::path const& file, SQLite::Database& database);
+
 /// Why changes are refused.
 struct Obstacle {
     std::string reason;

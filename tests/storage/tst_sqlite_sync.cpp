@@ -12,8 +12,10 @@
 #include <string>
 
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/types.h>
+#include <unistd.h>
 
 namespace {
 
@@ -46,15 +48,26 @@ extern "C" VISIBLE int ftruncate64(int file, off64_t size) noexcept
     return next<int(int, off64_t)>("ftruncate64")(file, size);
 }
 
-extern "C" VISIBLE int link(char const* from, char const* to) noexcept
+extern "C" VISIBLE ssize_t write(int file, void const* data, size_t size)
+{
+    if (diskIsFull) {
+        errno = ENOSPC;
+        return -1;
+    }
+    return next<ssize_t(int, void const*, size_t)>("write")(file, data, size);
+}
+
+extern "C" VISIBLE int linkat(int fromFolder, char const* from, int toFolder, char const* to, int flags) noexcept
 {
     noted += 'l';
-    return next<int(char const*, char const*)>("link")(from, to);
+    return next<int(int, char const*, int, char const*, int)>("linkat")(fromFolder, from, toFolder, to, flags);
 }
 
 extern "C" VISIBLE int fsync(int file)
 {
-    noted += 'f';
+    struct stat status = {};
+    ::fstat(file, &status);
+    noted += S_ISDIR(status.st_mode) ? 'f' : 's';
     return next<int(int)>("fsync")(file);
 }
 
@@ -186,7 +199,7 @@ TEST_F(FullDisk, AtCreationLeavesNothing)
     std::filesystem::create_directory(file().parent_path() / "folder");
     std::filesystem::path const fresh = file().parent_path() / "folder" / "store.sqlite";
     EXPECT_EQ(refusal([&] { SqliteStorage const store(fresh); }),
-              fresh.string() + ": cannot create the store: database or disk is full; free some space on the disk and try again");
+              fresh.string() + ": cannot create the store: No space left on device; free some space on the disk and try again");
     EXPECT_TRUE(std::filesystem::is_empty(fresh.parent_path()));
 }
 

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+#include "NewFile.h"
+
+#include <Storage/StorageError.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <system_error>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace Storage {
+
+namespace {
+
+// Makes the entries of a folder durable: a new file counts as stored only when its name is on disk too. As far as the
+// folder lets us: one that may not be listed, or a file system without such a call, must not stand in the way.
+void syncFolder(fs::path const& folder)
+{
+    int const descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    ::fsync(descriptor);
+    ::close(descriptor);
+}
+
+void createFolders(fs::path const& folder)
+{
+    std::error_code ignored;
+    if (fs::exists(folder, ignored))
+        return;
+    createFolders(folder.parent_path());
+    if (::mkdir(folder.c_str(), 0700) == 0)
+        ::chmod(folder.c_str(), 0700); // a umask may have taken the owner's rights too
+    else if (errno != EEXIST)
+        throwSystemError(folder, "create the folder", errno);
+    syncFolder(folder.parent_path());
+}
+
+// A new file that is not in its place yet. As a rule it has no name at all, so that even a process that is killed leaves
+// nothing behind; where the file system or a missing /proc does not allow that, it has a passing one.
+class Draft {
+public:
+    enum class Name { none, passing };
+
+    Draft(fs::path const& file, Name name) : m_file(file)
+    {
+        fs::path const folder = file.parent_path();
+        if (name == Name::none) {
+            m_descriptor = ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
+        } else {
+            m_name = (folder / ".settings-XXXXXX").string();
+            m_descriptor = ::mkostemp(m_name.data(), O_CLOEXEC);
+        }
+    }
+    ~Draft()
+    {
+        close(m_descriptor);
+        close(m_handle);
+        if (!m_name.empty())
+            ::unlink(m_name.c_str());
+    }
+    Draft(Draft const&) = delete;
+    Draft& operator=(Draft const&) = delete;
+
+    bool isOpen() const { return m_descriptor >= 0; }
+
+    bool write(std::string const& content)
+    {
+        for (std::size_t written = 0; written < content.size();) {
+            ssize_t const count = ::write(m_descriptor, content.data() + written, content.size() - written);
+            if (count < 0)
+                return false;
+            written += static_cast<std::size_t>(count);
+        }
+        return ::fchmod(m_descriptor, 0600) == 0 && ::fsync(m_descriptor) == 0;
+    }
+
+    // Puts the file in its place, unless there is one. It is closed before, as to close it there would drop the locks that
+    // a store object of this process holds on it by then; a handle without access keeps a nameless one alive.
+    bool publish()
+    {
+        std::string const link = "/proc/self/fd/";
+        if (m_name.empty() && (m_handle = ::open((link + std::to_string(m_descriptor)).c_str(), O_PATH | O_CLOEXEC)) < 0)
+            return false;
+        close(m_descriptor);
+        std::string const made = m_name.empty() ? link + std::to_string(m_handle) : m_name;
+        return ::linkat(AT_FDCWD, made.c_str(), AT_FDCWD, m_file.c_str(), AT_SYMLINK_FOLLOW) == 0;
+    }
+
+private:
+    static void close(int& descriptor)
+    {
+        if (descriptor >= 0)
+            ::close(std::exchange(descriptor, -1));
+    }
+
+    fs::path const& m_file;
+    std::string m_name;
+    int m_descriptor = -1;
+    int m_handle = -1;
+};
+
+// The system's error number, 0 for none.
+int errorOfWriting(fs::path const& file, std::string const& content, Draft::Name name)
+{
+    Draft draft(file, name);
+    return draft.isOpen() && draft.write(content) && draft.publish() ? 0 : errno;
+}
+
+} // namespace
+
+bool writeNewFile(fs::path const& file, std::string const& content, char const* attempt)
+{
+    createFolders(file.parent_path());
+    int error = errorOfWriting(file, content, Draft::Name::none);
+    if (error != 0 && error != EEXIST)
+        error = errorOfWriting(file, content, Draft::Name::passing);
+    if (error != 0 && error != EEXIST)
+        throwSystemError(file, attempt, error);
+    syncFolder(file.parent_path());
+    return error == 0;
+}
+
+} // namespace Storage
