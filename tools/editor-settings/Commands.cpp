@@ -3,11 +3,8 @@
 
 #include "Printing.h"
 #include "Setting.h"
+#include "Stored.h"
 #include "Values.h"
-
-#include <Lumora/Util/ByteConversion.h>
-
-#include <QDateTime>
 
 #include <algorithm>
 #include <iostream>
@@ -26,12 +23,6 @@ std::string typeWithLanguage(Catalogue::Value const& value)
     return type == cpp ? type : type + " (" + cpp + ')';
 }
 
-std::string inUtc(std::chrono::system_clock::time_point time)
-{
-    auto const milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch()).count();
-    return QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC).toString(Qt::ISODateWithMs).toStdString();
-}
-
 bool isListed(Setting const& setting, ListOptions const& options)
 {
     if (!options.pattern.empty() && ::fnmatch(options.pattern.c_str(), setting.key.c_str(), 0) != 0)
@@ -39,25 +30,6 @@ bool isListed(Setting const& setting, ListOptions const& options)
     if ((options.onlySet && !setting.stored) || (options.onlyUnset && setting.stored))
         return false;
     return !options.store || *options.store == name(setting.store);
-}
-
-// The value as the store holds it, of whichever kind.
-struct StoredAsJson {
-    ordered_json operator()(std::monostate) const { return nullptr; }
-    ordered_json operator()(std::vector<unsigned char> const& value) const { return toJson(Lumora::Util::VectorByteToQByteArray(value)); }
-    template <typename T>
-    ordered_json operator()(T const& value) const
-    {
-        return toJson(value);
-    }
-};
-
-std::string storedText(Storage::SqliteStorage::Value const& value)
-{
-    ordered_json const shown = std::visit(StoredAsJson(), value);
-    if (shown.is_null())
-        return "(unreadable)";
-    return shown.is_string() ? shown.get<std::string>() : shown.dump();
 }
 
 } // namespace
@@ -133,9 +105,7 @@ void explainPreference(Host::Application const& application, std::string const& 
     if (format == Format::json) {
         ordered_json stored = nullptr;
         if (found.stored)
-            stored = {{"kind", found.stored->kind},
-                      {"value", std::visit(StoredAsJson(), found.stored->value)},
-                      {"changed", inUtc(found.stored->changed)}};
+            stored = {{"kind", found.stored->kind}, {"value", storedJson(found.stored->value)}, {"changed", inUtc(found.stored->changed)}};
         printJson({{"key", key},
                    {"type", typeName(observation.value)},
                    {"cppType", cppTypeName(observation.value)},

@@ -109,6 +109,11 @@ std::filesystem::path const& storageFile(Host::Application const& application, S
     return store == Store::common ? application.commonStorageFile() : application.productStorageFile();
 }
 
+std::string const& storageTrouble(Host::Application const& application, Store store)
+{
+    return store == Store::common ? application.commonStorageTrouble() : application.productStorageTrouble();
+}
+
 Setting setting(Host::Application const& application, std::string const& key)
 {
     if (Row const* const row = Catalogue::findPreference(key))

@@ -36,6 +36,9 @@ Storage::SqliteStorage* storage(Host::Application const& application, Catalogue:
 /// Where it lies, or would.
 std::filesystem::path const& storageFile(Host::Application const& application, Catalogue::Store store);
 
+/// Why it was left out although something is there; empty where it was not.
+std::string const& storageTrouble(Host::Application const& application, Catalogue::Store store);
+
 /// The setting under `key`. Throws `Refusal`, with what may have been meant.
 Setting setting(Host::Application const& application, std::string const& key);
 /// All preferences, and the members of families that are stored, sorted by key.

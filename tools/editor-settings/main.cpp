@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "Backups.h"
 #include "CommandWalk.h"
 #include "Commands.h"
 #include "Completion.h"
 #include "Manual.h"
+#include "Monitor.h"
 #include "NextName.h"
 #include "Paths.h"
 #include "Setting.h"
@@ -125,6 +127,7 @@ public:
         addPreferenceVerbs();
         addLocationVerbs();
         addShortVerbs();
+        addUpkeepVerbs();
         m_completion->add_option("SHELL", m_shell, "bash, zsh or fish")
             ->required()
             ->type_name("")
@@ -155,7 +158,9 @@ public:
         std::filesystem::path const productFile =
             m_productFile.empty() ? Host::installedProductFile() : std::filesystem::path(m_productFile);
         std::optional<std::filesystem::path> const home = m_home.empty() ? std::nullopt : std::optional<std::filesystem::path>(m_home);
-        answer(Host::Application(productFile, home, isToStore() ? Host::StorePolicy::create : Host::StorePolicy::leaveOutMissing));
+        Host::Application const application(productFile, home, policy());
+        noteStoresThatTakeNoChange(application);
+        answer(application);
         checkPrinted();
         return 0;
     }
@@ -230,6 +235,13 @@ private:
         m_targetHistory.takeValue("VALUE", "Stores this text", false);
     }
 
+    void addUpkeepVerbs()
+    {
+        m_backup->add_option("FILE", m_file, "The new file")->transform(unmarked())->required();
+        m_restore->add_option("FILE", m_file, "A file that backup has written")->transform(unmarked())->required();
+        m_restore->add_flag("--dry-run", m_isDryRun, "Only tells what would change");
+    }
+
     // A line that names what was to follow the verbs given so far; empty where nothing was.
     static std::string whatFollows(CLI::App const& app)
     {
@@ -257,6 +269,8 @@ private:
             {m_list->get_option("PATTERN"), keys},
             {m_list->get_option("--store"), {Choice::Kind::words, {"product", "common"}}},
             {m_paths->get_option("NAME"), {Choice::Kind::words, pathNames()}},
+            {m_backup->get_option("FILE"), {Choice::Kind::files}},
+            {m_restore->get_option("FILE"), {Choice::Kind::files}},
             {m_completion->get_option("SHELL"), {Choice::Kind::words, {"bash", "zsh", "fish"}}},
         };
         for (CLI::App const* verb : {m_get, m_set, m_unset, m_explain})
@@ -269,6 +283,23 @@ private:
     bool isToStore() const
     {
         return *m_set || m_indication.isToStore() || m_tutorials.isToStore() || m_colors.isToStore() || m_targetHistory.isToStore();
+    }
+
+    Host::StorePolicy policy() const
+    {
+        if (isToStore())
+            return Host::StorePolicy::create;
+        return *m_restore || *m_monitor ? Host::StorePolicy::leaveOutUnusable : Host::StorePolicy::leaveOutMissing;
+    }
+
+    // A change that fails tells it by itself.
+    void noteStoresThatTakeNoChange(Host::Application const& application) const
+    {
+        if (isToStore())
+            return;
+        for (Catalogue::Store const store : {Catalogue::Store::product, Catalogue::Store::common})
+            if (Storage::SqliteStorage const* const opened = storage(application, store); opened && opened->isReadOnly())
+                std::cerr << "editor-settings: only for reading: " << opened->readOnlyReason() << '\n';
     }
 
     void answer(Host::Application const& application)
@@ -301,6 +332,12 @@ private:
             m_colors.run(application, "userCustomColors");
         if (*m_targetHistory.verb)
             m_targetHistory.run(application, "targetHistory");
+        if (*m_backup)
+            backUpStores(application, m_file);
+        if (*m_restore)
+            restoreStores(application, m_file, m_isDryRun, m_restoreFormat);
+        if (*m_monitor)
+            monitorStores(application, m_monitorFormat);
     }
 
     static void checkPrinted()
@@ -329,6 +366,9 @@ private:
     ShortVerb m_tutorials{m_app, "tutorials", "The finished tutorials, or stores them"};
     ShortVerb m_colors{m_app, "colors", "The user's own colours, or stores them"};
     ShortVerb m_targetHistory{m_app, "target-history", "The recent export targets, or stores them"};
+    CLI::App* m_backup = m_app.add_subcommand("backup", "Copies both stores into one file, also while the editor runs");
+    CLI::App* m_restore = m_app.add_subcommand("restore", "Brings the stores of a backup back, and keeps what was there");
+    CLI::App* m_monitor = m_app.add_subcommand("monitor", "Prints the changes that other processes make, as they happen");
     CLI::App* m_completion = m_app.add_subcommand("completion", "A completion script for a shell, to be sourced");
     CLI::App* m_manual = m_app.add_subcommand("manual", "The manual page, for man");
     FormatOptions m_listFormat{m_list, asJsonWithBytes};
@@ -337,9 +377,13 @@ private:
     FormatOptions m_pathsFormat{m_paths, asJson};
     FormatOptions m_nextNameFormat{m_nextName, asJson};
     FormatOptions m_projectFormat{m_project, asJson};
+    FormatOptions m_restoreFormat{m_restore, asJsonWithBytes};
+    FormatOptions m_monitorFormat{m_monitor, "One JSON object a line; bytes in base64"};
     ListOptions m_listOptions;
     PathsOptions m_pathsOptions;
     NextNameOptions m_nextNameOptions;
+    std::string m_file;
+    bool m_isDryRun = false;
     std::string m_key;
     std::string m_member;
     std::string m_shell;

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+//
+// Backups of both stores on the command line.
+#include "Tool.h"
+
+#include <Storage/SqliteStorage.h>
+
+#include <support/OtherProgram.h>
+
+#include <fstream>
+#include <regex>
+
+#include <sys/stat.h>
+
+namespace {
+
+using Storage::SqliteStorage;
+
+class ToolBackups : public Tool {
+protected:
+    void store(std::string const& exportPath)
+    {
+        SqliteStorage product(productFile());
+        product.setString("exportPath", exportPath);
+        product.setInt("npsSendCount", 3);
+        SqliteStorage(commonFile()).setBool("autoUpdate", false);
+    }
+
+    std::string backup() const { return inHome("settings.backup"); }
+
+    // With the time of the backup and the names of the kept files made alike.
+    static std::string timeless(std::string const& text)
+    {
+        std::string const time = std::regex_replace(text, std::regex("\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d\\.000Z"), "TIME");
+        return std::regex_replace(time, std::regex("before-restore-\\d{8}T\\d{6}Z"), "before-restore-TIME");
+    }
+};
+
+TEST_F(ToolBackups, BackupComesBackAndWhatWasThereIsKept)
+{
+    store("/films");
+    Ended const made = tool({"backup", backup()});
+    EXPECT_EQ(made.status, 0);
+    EXPECT_EQ(made.out, "");
+    EXPECT_EQ(made.err, "editor-settings: the common store is backed up with 1 value\n"
+                        "editor-settings: the product store is backed up with 2 values\n");
+    store("/later");
+    said({"set", "keepVideoAspect", "no"});
+
+    Ended const restored = tool({"restore", backup()});
+    EXPECT_EQ(restored.status, 0);
+    EXPECT_EQ(restored.out, "STORE    KEY              NOW     IN THE BACKUP\n"
+                            "product  exportPath       /later  /films\n"
+                            "product  keepVideoAspect  false   (unset)\n");
+    EXPECT_EQ(timeless(restored.err),
+              "editor-settings: the product store of TIME: 2 values differ from before; what was there is kept in " + productFile() +
+                  ".before-restore-TIME\n"
+                  "editor-settings: the common store of TIME: 0 values differ from before; what was there is kept in " +
+                  commonFile() + ".before-restore-TIME\n");
+    EXPECT_EQ(said({"get", "exportPath"}), "/films\n");
+    EXPECT_EQ(said({"get", "keepVideoAspect"}), "true\n");
+}
+
+TEST_F(ToolBackups, DryRunTellsWhatWouldChangeAndChangesNothing)
+{
+    store("/films");
+    tool({"backup", backup()});
+    store("/later\n");
+    Ended const told = tool({"restore", backup(), "--dry-run"});
+    EXPECT_EQ(told.status, 0);
+    EXPECT_EQ(told.out, "STORE    KEY         NOW       IN THE BACKUP\n"
+                        "product  exportPath  /later\\n  /films\n");
+    EXPECT_EQ(timeless(told.err), "editor-settings: the product store of TIME: 1 value would change\n"
+                                  "editor-settings: the common store of TIME: 0 values would change\n");
+    EXPECT_EQ(said({"restore", backup(), "--dry-run", "--plain"}), "product\texportPath\t/later\\n\t/films\n");
+    json const expected = json::parse(R"({"dryRun": true, "stores": {"common": {"kept": null, "changes": []}, "product": {"kept": null,
+        "changes": [{"key": "exportPath", "before": {"kind": "string", "value": "/later\n"},
+                     "after": {"kind": "string", "value": "/films"}}]}}})");
+    json answer = json::parse(said({"restore", backup(), "--dry-run", "--json"}));
+    EXPECT_EQ(answer["made"].get<std::string>().size(), 24u);
+    answer.erase("made");
+    EXPECT_EQ(answer, expected);
+    EXPECT_EQ(SqliteStorage(productFile()).getString("exportPath", ""), "/later\n");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(std::filesystem::path(commonFile()).parent_path()), {}), 3)
+        << "a folder, a store and its journal: nothing new";
+}
+
+TEST_F(ToolBackups, RestoreAsJsonNamesWhatIsKept)
+{
+    store("/films");
+    tool({"backup", backup()});
+    json const answer = json::parse(said({"restore", backup(), "--json"}));
+    EXPECT_EQ(answer["dryRun"], false);
+    std::string const kept = answer["stores"]["product"]["kept"];
+    EXPECT_EQ(SqliteStorage(kept).getString("exportPath", ""), "/films");
+}
+
+TEST_F(ToolBackups, NothingIsBackedUpWhereNothingIsThere)
+{
+    EXPECT_EQ(refused({"backup", backup()}), "editor-settings: there is no store yet, so there is nothing to back up\n");
+    EXPECT_FALSE(std::filesystem::exists(backup()));
+    EXPECT_FALSE(std::filesystem::exists(productFile()));
+}
+
+TEST_F(ToolBackups, BackupIsNeverWrittenOverAFile)
+{
+    store("/films");
+    std::ofstream(backup()) << "mine";
+    EXPECT_EQ(refused({"backup", backup()}),
+              "editor-settings: " + backup() + ": cannot write the backup: it is there already; name a new file, or move that one away\n");
+    EXPECT_EQ(std::filesystem::file_size(backup()), 4u);
+}
+
+TEST_F(ToolBackups, StoreThatTheBackupDoesNotHoldStaysAsItIs)
+{
+    SqliteStorage(productFile()).setString("exportPath", "/films");
+    tool({"backup", backup()});
+    store("/later");
+    Ended const restored = tool({"restore", backup()});
+    EXPECT_EQ(restored.status, 0);
+    EXPECT_NE(restored.err.find("editor-settings: the backup holds no common store, so that one stays as it is\n"), std::string::npos);
+    EXPECT_EQ(said({"get", "exportPath"}), "/films\n");
+    EXPECT_EQ(said({"get", "autoUpdate"}), "false\n");
+}
+
+TEST_F(ToolBackups, DamagedStoreIsReplacedAndKept)
+{
+    store("/films");
+    tool({"backup", backup()});
+    std::ofstream(productFile()) << "not a store";
+    std::string const trouble = productFile() + ": cannot open the store: file is not a database; the file was left as it is: move it away "
+                                                "and restore it from a backup\n";
+    EXPECT_EQ(refused({"get", "exportPath"}), "editor-settings: " + trouble);
+    Ended const restored = tool({"restore", backup()});
+    EXPECT_EQ(restored.status, 0);
+    EXPECT_EQ(timeless(restored.err).substr(0, 17 + trouble.size()), "editor-settings: " + trouble);
+    EXPECT_NE(timeless(restored.err).find("kept in " + productFile() + ".before-restore-TIME\n"), std::string::npos);
+    EXPECT_EQ(said({"get", "exportPath"}), "/films\n");
+}
+
+TEST_F(ToolBackups, FileThatIsNoBackupChangesNothing)
+{
+    store("/films");
+    std::ofstream(backup()) << "not a backup";
+    EXPECT_EQ(refused({"restore", backup()}),
+              "editor-settings: " + backup() +
+                  ": cannot read the backup: file is not a database; name another backup; this one was left as "
+                  "it is\n");
+    EXPECT_EQ(refused({"restore", productFile()}),
+              "editor-settings: " + productFile() +
+                  ": cannot read the backup: it is an SQLite file, but no backup; name another backup; this one was left as it is\n");
+    EXPECT_EQ(said({"get", "exportPath"}), "/films\n");
+}
+
+TEST_F(ToolBackups, StoreOfANewerVersionIsReadWithANote)
+{
+    store("/films");
+    OtherProgram(productFile()).execute("PRAGMA user_version = 2");
+    Ended const got = tool({"get", "exportPath"});
+    std::string const reason =
+        "it was written by a newer version (schema 2, this version writes 1); update this program; the file was left "
+        "as it is\n";
+    EXPECT_EQ(got.status, 0);
+    EXPECT_EQ(got.out, "/films\n");
+    EXPECT_EQ(got.err, "editor-settings: only for reading: " + productFile() + ": cannot change the store: " + reason);
+    EXPECT_EQ(refused({"set", "exportPath", "/x"}), "editor-settings: " + productFile() + ": cannot set \"exportPath\": " + reason);
+}
+
+} // namespace

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include "Backups.h"
+
+#include "Setting.h"
+#include "Stored.h"
+#include "Text.h"
+
+#include <Storage/Backup.h>
+
+#include <algorithm>
+#include <iostream>
+
+using Catalogue::Store;
+using nlohmann::ordered_json;
+using Storage::SqliteStorage;
+
+namespace {
+
+constexpr Store stores[] = {Store::product, Store::common};
+
+std::string countOf(std::size_t count) { return std::to_string(count) + (count == 1 ? " value" : " values"); }
+
+std::vector<SqliteStorage::Row> rowsNow(Host::Application const& application, Store store)
+{
+    SqliteStorage const* const now = storage(application, store);
+    return now ? now->rows() : std::vector<SqliteStorage::Row>();
+}
+
+bool holds(Storage::Backup const& backup, Store store)
+{
+    std::vector<std::string> const names = backup.names();
+    return std::find(names.begin(), names.end(), name(store)) != names.end();
+}
+
+// What a restore of one store does, or would.
+struct Restored {
+    Store store;
+    std::vector<KeyChange> changes;
+    std::optional<std::filesystem::path> kept;
+};
+
+void printAsJson(Storage::Backup const& backup, std::vector<Restored> const& all, bool isDryRun)
+{
+    ordered_json result = {{"made", inUtc(backup.made())}, {"dryRun", isDryRun}, {"stores", ordered_json::object()}};
+    for (Restored const& restored : all) {
+        auto changes = ordered_json::array();
+        for (KeyChange const& change : restored.changes)
+            changes.push_back({{"key", change.key}, {"before", storedJson(change.before)}, {"after", storedJson(change.after)}});
+        result["stores"][name(restored.store)] = {{"kept", restored.kept ? ordered_json(restored.kept->u8string()) : ordered_json()},
+                                                  {"changes", changes}};
+    }
+    printJson(result);
+}
+
+void printAsTable(std::vector<Restored> const& all, Format format)
+{
+    std::vector<Columns> table;
+    for (Restored const& restored : all)
+        for (KeyChange const& change : restored.changes)
+            table.push_back({name(restored.store), onOneLine(change.key), shown(change.before, "(unset)"), shown(change.after, "(unset)")});
+    if (!table.empty())
+        printTable(table, {"STORE", "KEY", "NOW", "IN THE BACKUP"}, format);
+}
+
+void tell(Storage::Backup const& backup, Restored const& restored, bool isDryRun)
+{
+    std::string const count = countOf(restored.changes.size());
+    std::cerr << "editor-settings: the " << name(restored.store) << " store of " << inUtc(backup.made()) << ": " << count
+              << (isDryRun                       ? " would change"
+                  : restored.changes.size() == 1 ? " differs from before"
+                                                 : " differ from before");
+    if (restored.kept)
+        std::cerr << "; what was there is kept in " << onOneLine(restored.kept->u8string());
+    std::cerr << '\n';
+}
+
+} // namespace
+
+void backUpStores(Host::Application const& application, std::string const& file)
+{
+    std::map<std::string, SqliteStorage const*> present;
+    for (Store const store : stores)
+        if (SqliteStorage const* const now = storage(application, store))
+            present[name(store)] = now;
+    if (present.empty())
+        throw Refusal("there is no store yet, so there is nothing to back up");
+    Storage::Backup::write(file, present);
+    Storage::Backup const written(file);
+    for (std::string const& store : written.names())
+        std::cerr << "editor-settings: the " << store << " store is backed up with " << countOf(written.rows(store).size()) << '\n';
+}
+
+void restoreStores(Host::Application const& application, std::string const& file, bool isDryRun, Format format)
+{
+    Storage::Backup const backup(file);
+    std::vector<Restored> all;
+    for (Store const store : stores) {
+        if (!holds(backup, store)) {
+            std::cerr << "editor-settings: the backup holds no " << name(store) << " store, so that one stays as it is\n";
+            continue;
+        }
+        if (std::string const& trouble = storageTrouble(application, store); !trouble.empty())
+            std::cerr << "editor-settings: " << trouble << '\n';
+        Restored restored = {store, changesBetween(rowsNow(application, store), backup.rows(name(store))), std::nullopt};
+        if (!isDryRun)
+            restored.kept = backup.restore(name(store), storageFile(application, store));
+        if (format == Format::people)
+            tell(backup, restored, isDryRun);
+        all.push_back(std::move(restored));
+    }
+    if (format == Format::json)
+        printAsJson(backup, all, isDryRun);
+    else
+        printAsTable(all, format);
+}
