@@ -42,10 +42,18 @@ Value decoded(std::string const& kind, SQLite::Column const& stored)
     return {};
 }
 
+// A time beyond what the clock holds, which another program may have stored, becomes the clock's first or last one.
+std::chrono::system_clock::time_point decodedTime(long long sinceEpoch)
+{
+    using namespace std::chrono;
+    auto const first = duration_cast<milliseconds>(system_clock::time_point::min().time_since_epoch());
+    auto const last = duration_cast<milliseconds>(system_clock::time_point::max().time_since_epoch());
+    return system_clock::time_point{std::clamp(milliseconds{sinceEpoch}, first, last)};
+}
+
 SqliteStorage::Row decodedRow(std::string key, SQLite::Column const& kind, SQLite::Column const& value, SQLite::Column const& changed)
 {
-    std::chrono::system_clock::time_point const time{std::chrono::milliseconds{changed.getInt64()}};
-    return {std::move(key), kind.getString(), decoded(kind.getString(), value), time};
+    return {std::move(key), kind.getString(), decoded(kind.getString(), value), decodedTime(changed.getInt64())};
 }
 
 } // namespace

@@ -218,6 +218,17 @@ TEST_F(SqliteStore, EdgesOfTheNumbersAreReadable)
     EXPECT_EQ(store.getInt("min", 0), -2147483647 - 1);
 }
 
+TEST_F(SqliteStore, TimeBeyondTheClockIsItsFirstOrLast)
+{
+    SqliteStorage const store(path());
+    OtherProgram(path()).execute("INSERT INTO settings VALUES ('end', 'int', 1, 9223372036854775807),"
+                                 " ('begin', 'int', 1, -9223372036854775807 - 1), ('last', 'int', 1, 9223372036854)");
+    using std::chrono::milliseconds;
+    EXPECT_EQ(store.find("end")->changed.time_since_epoch(), milliseconds(9223372036854));
+    EXPECT_EQ(store.find("begin")->changed.time_since_epoch(), milliseconds(-9223372036854));
+    EXPECT_EQ(store.find("last")->changed.time_since_epoch(), milliseconds(9223372036854));
+}
+
 // --- Several processes ---
 
 TEST_F(SqliteStore, ValueIsOnDiskWhenSetReturnsAndTheProcessIsKilled)
