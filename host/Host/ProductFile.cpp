@@ -2,6 +2,8 @@
 #include <Host/FileContent.h>
 #include <Host/ProductFile.h>
 
+#include <QString>
+
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -28,7 +30,7 @@ public:
             refuse("is not a JSON object; write the fields between { and }");
         for (auto const& field : m_object.items())
             if (std::find(std::begin(fieldNames), std::end(fieldNames), field.key()) == std::end(fieldNames))
-                refuse("has a field \"" + field.key() + "\" that means nothing; the fields are " + allNames());
+                refuse("has a field " + inJson(field.key()) + " that means nothing; the fields are " + allNames());
     }
 
     std::string text(char const* name) const
@@ -86,12 +88,18 @@ public:
 private:
     json parsed() const
     {
+        // Of a file that is nested without end a value could not even be told: each level takes its part of the stack.
+        auto const isFlat = [this](int depth, json::parse_event_t, json const&) {
+            if (depth > 3)
+                refuse("is nested too deeply; it takes one object of texts, a number and an array of texts");
+            return true;
+        };
         try {
-            return json::parse(fileContent(m_file));
+            return json::parse(fileContent(m_file), isFlat);
         } catch (std::system_error const& error) {
             refuse("cannot be read (" + error.code().message() + "); check its name and rights, or name another product file");
-        } catch (json::parse_error const& error) {
-            // The library's text begins with a code of its own in brackets.
+        } catch (json::exception const& error) {
+            // No text of JSON, or a number out of all range. The library's text begins with a code of its own in brackets.
             std::string const what = error.what();
             refuse("is not JSON: " + what.substr(what.find("] ") + 2));
         }
@@ -113,12 +121,17 @@ private:
         return names;
     }
 
-    [[noreturn]] void refuse(std::string const& what) const { throw ProductFileError("product file " + m_file.u8string() + ' ' + what); }
+    static std::string inJson(json const& value) { return value.dump(-1, ' ', false, json::error_handler_t::replace); }
+
+    // What the file holds, or its name, need not be UTF-8.
+    [[noreturn]] void refuse(std::string const& what) const
+    {
+        throw ProductFileError(QString::fromStdString("product file " + m_file.u8string() + ' ' + what).toStdString());
+    }
 
     [[noreturn]] void refuseField(char const* name, std::string const& accepted) const
     {
-        refuse("has the value " + field(name).dump(-1, ' ', false, json::error_handler_t::replace) + " in field \"" + name +
-               "\", which takes " + accepted);
+        refuse("has the value " + inJson(field(name)) + " in field \"" + name + "\", which takes " + accepted);
     }
 
     [[noreturn]] void refuseExtensions(char const* name) const

@@ -90,6 +90,19 @@ TEST_F(ProductFiles, MissingFileIsNamed)
     }
 }
 
+TEST_F(ProductFiles, FileWhoseNameIsNoTextIsNamedAsNearlyAsTextCan)
+{
+    try {
+        ProductFile const product(m_home.path() / "\xFF.json");
+        FAIL() << "it was read";
+    } catch (ProductFileError const& error) {
+        EXPECT_EQ(std::string(error.what()),
+                  "product file " + m_home.path().string() +
+                      "/\xEF\xBF\xBD.json cannot be read (No such file or directory); check its name and rights, or name another product "
+                      "file");
+    }
+}
+
 struct Wrong {
     char const* meaning;
     std::string from;
@@ -128,6 +141,14 @@ INSTANTIATE_TEST_SUITE_P(
               "'{', or a literal"},
         Wrong{"CutInTheMiddle", ",\n  \"productName\"", "",
               "is not JSON: parse error at line 2, column 24: syntax error while parsing object - unexpected ':'; expected '}'"},
+        Wrong{"NoText", "Maker", "\xFF",
+              "is not JSON: parse error at line 2, column 18: syntax error while parsing value - invalid string: ill-formed UTF-8 byte; "
+              "last read: '\"\xEF\xBF\xBD'"},
+        Wrong{"NumberBeyondAll", ": 1", ": 1e999", "is not JSON: number overflow parsing '1e999'"},
+        Wrong{"NestedWithoutEnd", "\"Maker\"", std::string(200000, '[') + std::string(200000, ']'),
+              "is nested too deeply; it takes one object of texts, a number and an array of texts"},
+        Wrong{"NestedALittle", "\"Maker\"", "[[{}]]", "has the value [[{}]] in field \"vendorName\", which takes a text"},
+        Wrong{"UnknownFieldOnTwoLines", "vendorName", "a\\n\\u0000b", "has a field \"a\\n\\u0000b\" that means nothing; " + allFields},
         Wrong{"UnknownField", "vendorName", "vendor", "has a field \"vendor\" that means nothing; " + allFields},
         Wrong{"MissingField", "\"vendorName\": \"Maker\",", "", "has no field \"vendorName\"; " + allFields},
         Wrong{"VendorIsNoText", "\"Maker\"", "7", "has the value 7 in field \"vendorName\", which takes a text"},
