@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTextStream>
 
 #include <functional>
@@ -61,16 +62,18 @@ struct Line {
     QString value;
 };
 
-// The last line that sets `name`, with the quotes around the value taken off as Qt does.
+// The last line that sets `name`, with the quotes around the value taken off as Qt does, which also takes the last
+// "_DIR=" of a line for the end of its name and leaves a line out that is no text.
 std::optional<Line> lastSetting(QFile& file, QString const& name)
 {
+    static QRegularExpression const setting(QStringLiteral("^(XDG_.*_DIR)=(.*)$"));
     std::optional<Line> found;
     QTextStream stream(&file);
     for (int number = 1; !stream.atEnd(); ++number) {
-        QString const line = stream.readLine();
-        if (!line.startsWith(name + QLatin1Char('=')))
+        QRegularExpressionMatch const match = setting.match(stream.readLine());
+        if (match.captured(1) != name)
             continue;
-        QString value = line.mid(name.size() + 1);
+        QString value = match.captured(2);
         if (value.size() > 2 && value.startsWith(QLatin1Char('"')) && value.endsWith(QLatin1Char('"')))
             value = value.mid(1, value.size() - 2);
         found = Line{number, value};
