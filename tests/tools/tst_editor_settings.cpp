@@ -136,8 +136,8 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{"FolderForAFile",
                 {"set", "mainWindowState", "@/"},
                 "mainWindowState: cannot read '/' (Is a directory); name a file that can be read after the @"},
-        Refused{"TextThatIsNotUtf8", {"set", "lastTarget", "a\xFF"}, "lastTarget is a text and cannot be 'a\xFF'; " + utf8},
-        Refused{"TextCutInALetter", {"set", "recentProjects", "a\xC3"}, "recentProjects is a text and cannot be 'a\xC3'; " + utf8},
+        Refused{"TextThatIsNotUtf8", {"set", "lastTarget", "a\xFF"}, "lastTarget is a text and cannot be 'a\\xff'; " + utf8},
+        Refused{"TextCutInALetter", {"set", "recentProjects", "a\xC3"}, "recentProjects is a text and cannot be 'a\\xc3'; " + utf8},
         Refused{"EmptyElement",
                 {"set", "userCustomColors", "a", ""},
                 "userCustomColors is a list and cannot be ''; an empty element is lost when the list is read back; leave it out (--empty "
@@ -256,7 +256,7 @@ TEST_F(Tool, FullStandardOutputIsAnError)
 {
     Ended const ended = run({"sh", "-c", "exec \"$0\" list > /dev/full", TOOL});
     EXPECT_EQ(ended.status, 1);
-    EXPECT_EQ(ended.err, "editor-settings: the answer could not be printed whole: standard output cannot be written\n");
+    EXPECT_EQ(ended.err, "editor-settings: cannot write to standard output: No space left on device\n");
     for (char const* words : {"--help", "manual", "completion bash"})
         EXPECT_EQ(run({"sh", "-c", std::string("exec \"$0\" ") + words + " > /dev/full", TOOL}).status, 1) << words;
 }

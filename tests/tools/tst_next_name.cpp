@@ -100,9 +100,9 @@ TEST_F(NextName, AsJsonAndPlain)
 TEST_F(NextName, SourceThatIsNotUtf8IsSaidNoTo)
 {
     EXPECT_EQ(refused({"next-name", "freeze", "a\xFF.mov"}),
-              "editor-settings: 'a\xFF.mov' is not UTF-8 without a byte order mark; give the name in UTF-8\n");
+              "editor-settings: 'a\\xff.mov' is not UTF-8 without a byte order mark; give the name in UTF-8\n");
     EXPECT_EQ(refused({"next-name", "stabilized", "a.mov", "\xFF"}),
-              "editor-settings: '\xFF' is not UTF-8 without a byte order mark; give the name in UTF-8\n");
+              "editor-settings: '\\xff' is not UTF-8 without a byte order mark; give the name in UTF-8\n");
 }
 
 TEST_F(NextName, UsageIsChecked)
@@ -291,7 +291,8 @@ TEST_F(NextName, ReservedNameIsNotLostWhenItCannotBePrinted)
     Ended const ended = run({"sh", "-c", "exec \"$0\" next-name freeze a.mov --reserve > /dev/full", TOOL});
     EXPECT_EQ(ended.status, 1);
     EXPECT_EQ(ended.err, "editor-settings: '" + inHome("out/a (1).png") +
-                             "' is reserved, but standard output cannot be written; remove the file if it is not wanted\n");
+                             "' is reserved, but standard output cannot be written; remove the file if it is not wanted\neditor-settings: "
+                             "cannot write to standard output: No space left on device\n");
 }
 
 TEST_F(NextName, ReservedFileHasTheRightsThatTheUserGivesFiles)

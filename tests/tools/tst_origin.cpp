@@ -18,7 +18,7 @@ class Origin : public BoundLibrary {
 protected:
     std::vector<Decision> decisionsAbout(char const* place) const
     {
-        Host::Application const application(m_productFile, m_home.path() / "stores", Host::MissingStore::leaveOut);
+        Host::Application const application(m_productFile, m_home.path() / "stores", Host::StorePolicy::leaveOutMissing);
         return decisions(application, *Catalogue::findPlace(place));
     }
 

@@ -215,7 +215,7 @@ TEST_F(Paths, ArgumentMustFit)
     EXPECT_EQ(refusal({"stockMusicPath", "x"}), "editor-settings: stockMusicPath takes nothing after it\n");
     EXPECT_EQ(refusal({"stock*", "x"}), "editor-settings: nothing goes after a pattern; name one location\n");
     EXPECT_EQ(refusal({"userEffectsPath", "\xFF"}),
-              "editor-settings: '\xFF' is not UTF-8 without a byte order mark; give it as the editor does\n");
+              "editor-settings: '\\xff' is not UTF-8 without a byte order mark; give it as the editor does\n");
 }
 
 // --- What decides ---

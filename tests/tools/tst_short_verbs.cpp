@@ -99,7 +99,7 @@ TEST_F(ShortVerbs, KeysMadeFromNamesAreListedExplainedAndUnset)
 TEST_F(ShortVerbs, KeyThatIsNotUtf8IsInNoFamily)
 {
     EXPECT_EQ(refused({"get", "favorites_\xFF"}),
-              "editor-settings: there is no preference 'favorites_\xFF'; 'editor-settings list' shows all\n");
+              "editor-settings: there is no preference 'favorites_\\xff'; 'editor-settings list' shows all\n");
 }
 
 TEST_F(ShortVerbs, ValueOfAnotherKindIsTold)
@@ -117,7 +117,7 @@ TEST_F(ShortVerbs, WrongWordsAreSaidNoTo)
               "editor-settings: Indication/x holds bytes and cannot be 'a*b'; give the bytes in base64, or "
               "@FILE to read them from a file\n");
     EXPECT_EQ(refused({"indication", "x\xFF"}),
-              "editor-settings: the name 'x\xFF' is not UTF-8 without a byte order mark; give it as the editor writes it\n");
+              "editor-settings: the name 'x\\xff' is not UTF-8 without a byte order mark; give it as the editor writes it\n");
     EXPECT_EQ(refused({"tutorials", "a", ""}),
               "editor-settings: achievedTutorials is a list and cannot be ''; an empty element is lost when the "
               "list is read back; leave it out (--empty stores an empty list)\n");

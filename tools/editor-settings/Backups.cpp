@@ -8,7 +8,6 @@
 #include <Storage/Backup.h>
 
 #include <algorithm>
-#include <iostream>
 
 using Catalogue::Store;
 using nlohmann::ordered_json;
@@ -62,16 +61,12 @@ void printAsTable(std::vector<Restored> const& all, Format format)
         printTable(table, {"STORE", "KEY", "NOW", "IN THE BACKUP"}, format);
 }
 
-void tell(Storage::Backup const& backup, Restored const& restored, bool isDryRun)
+void tellOf(Storage::Backup const& backup, Restored const& restored, bool isDryRun)
 {
     std::string const count = countOf(restored.changes.size());
-    std::cerr << "editor-settings: the " << name(restored.store) << " store of " << inUtc(backup.made()) << ": " << count
-              << (isDryRun                       ? " would change"
-                  : restored.changes.size() == 1 ? " differs from before"
-                                                 : " differ from before");
-    if (restored.kept)
-        std::cerr << "; what was there is kept in " << onOneLine(restored.kept->u8string());
-    std::cerr << '\n';
+    std::string const differ = restored.changes.size() == 1 ? " differs from before" : " differ from before";
+    std::string const kept = restored.kept ? "; what was there is kept in " + restored.kept->u8string() : "";
+    tell("the " + name(restored.store) + " store of " + inUtc(backup.made()) + ": " + count + (isDryRun ? " would change" : differ) + kept);
 }
 
 } // namespace
@@ -87,7 +82,7 @@ void backUpStores(Host::Application const& application, std::string const& file)
     Storage::Backup::write(file, present);
     Storage::Backup const written(file);
     for (std::string const& store : written.names())
-        std::cerr << "editor-settings: the " << store << " store is backed up with " << countOf(written.rows(store).size()) << '\n';
+        tell("the " + store + " store is backed up with " + countOf(written.rows(store).size()));
 }
 
 void restoreStores(Host::Application const& application, std::string const& file, bool isDryRun, Format format)
@@ -96,16 +91,16 @@ void restoreStores(Host::Application const& application, std::string const& file
     std::vector<Restored> all;
     for (Store const store : stores) {
         if (!holds(backup, store)) {
-            std::cerr << "editor-settings: the backup holds no " << name(store) << " store, so that one stays as it is\n";
+            tell("the backup holds no " + name(store) + " store, so that one stays as it is");
             continue;
         }
         if (std::string const& trouble = storageTrouble(application, store); !trouble.empty())
-            std::cerr << "editor-settings: " << trouble << '\n';
+            tell(trouble);
         Restored restored = {store, changesBetween(rowsNow(application, store), backup.rows(name(store))), std::nullopt};
         if (!isDryRun)
             restored.kept = backup.restore(name(store), storageFile(application, store));
         if (format == Format::people)
-            tell(backup, restored, isDryRun);
+            tellOf(backup, restored, isDryRun);
         all.push_back(std::move(restored));
     }
     if (format == Format::json)

@@ -32,6 +32,21 @@ bool isListed(Setting const& setting, ListOptions const& options)
     return !options.store || *options.store == name(setting.store);
 }
 
+Setting settingToWrite(Host::Application const& application, std::string const& key)
+{
+    Setting found = setting(application, key);
+    if (!found.write)
+        throw Refusal(key + " is written by the editor alone, so it cannot be set; 'editor-settings unset' removes it");
+    return found;
+}
+
+void write(Setting const& setting, Catalogue::Value const& value)
+{
+    if (!setting.observation.store)
+        throw Refusal(setting.key + " is kept in memory only by a product of this kind, so it cannot be set from outside the editor");
+    setting.write(value);
+}
+
 } // namespace
 
 void listPreferences(Host::Application const& application, ListOptions const& options, Format format)
@@ -64,26 +79,26 @@ void getPreference(Host::Application const& application, std::string const& key,
     Setting const found = setting(application, key);
     Catalogue::Value const& value = found.observation.value;
     if (!found.obstacle().empty())
-        std::cerr << "editor-settings: " << onOneLine(key) << " holds a value of kind " << found.stored->kind
-                  << (found.obstacle() == "unreadable" ? " that cannot be read" : "")
-                  << ", so the default is read; 'editor-settings explain " << key << "' shows both\n";
+        tell(key + " holds a value of kind " + found.stored->kind + (found.obstacle() == "unreadable" ? " that cannot be read" : "") +
+             ", so the default is read; 'editor-settings explain " + key + "' shows both");
     if (format == Format::json)
         printJson({{"key", key}, {"type", typeName(value)}, {"value", toJson(value)}});
     else if (format == Format::plain)
         std::cout << onOneLine(value) << '\n';
     else if (value != Catalogue::Value(QStringList()))
-        std::cout << text(value) << '\n';
+        printAsItIs(text(value));
 }
 
 void setPreference(Host::Application const& application, std::string const& key, std::vector<std::string> const& words)
 {
-    Setting const found = setting(application, key);
-    if (!found.write)
-        throw Refusal(onOneLine(key) + " is written by the editor alone, so it cannot be set; 'editor-settings unset' removes it");
-    Catalogue::Value const value = parsed(key, found.observation.value, words);
-    if (!found.observation.store)
-        throw Refusal(key + " is kept in memory only by a product of this kind, so it cannot be set from outside the editor");
-    found.write(value);
+    Setting const found = settingToWrite(application, key);
+    write(found, parsed(key, found.observation.value, words));
+}
+
+void setPreferenceFromFile(Host::Application const& application, std::string const& key, std::string const& file)
+{
+    Setting const found = settingToWrite(application, key);
+    write(found, parsedFile(key, found.observation.value, file));
 }
 
 void unsetPreference(Host::Application const& application, std::string const& key)
@@ -92,7 +107,7 @@ void unsetPreference(Host::Application const& application, std::string const& ke
     if (found.observation.isStored)
         storage(application, *found.observation.store)->remove(found.observation.key);
     else
-        std::cerr << "editor-settings: " << onOneLine(key) << " was not set\n";
+        tell(key + " was not set");
 }
 
 void explainPreference(Host::Application const& application, std::string const& key, Format format)
@@ -129,7 +144,7 @@ void explainPreference(Host::Application const& application, std::string const& 
     table.push_back({"state", found.state()});
     if (found.stored) {
         table.push_back({"stored", onOneLine(storedText(found.stored->value))});
-        table.push_back({"stored kind", found.stored->kind});
+        table.push_back({"stored kind", onOneLine(found.stored->kind)});
         table.push_back({"changed", inUtc(found.stored->changed)});
     }
     table.push_back({"default", onOneLine(observation.defaultValue)});
@@ -159,5 +174,5 @@ void showProject(Format format)
                 {"sample project", onOneLine(sample)}},
                {}, format);
     if (sample.isNull() && format == Format::people)
-        std::cerr << "editor-settings: there is no sample project below " << stockSampleProjectsPath().toStdString() << '\n';
+        tell("there is no sample project below " + stockSampleProjectsPath().toStdString());
 }

@@ -22,6 +22,9 @@ struct ListOptions {
 void listPreferences(Host::Application const& application, ListOptions const& options, Format format);
 void getPreference(Host::Application const& application, std::string const& key, Format format);
 void setPreference(Host::Application const& application, std::string const& key, std::vector<std::string> const& words);
+/// Stores the content of `file`, or of standard input where it is "-": a list's elements on a line each, all else byte for
+/// byte.
+void setPreferenceFromFile(Host::Application const& application, std::string const& key, std::string const& file);
 void unsetPreference(Host::Application const& application, std::string const& key);
 void explainPreference(Host::Application const& application, std::string const& key, Format format);
 

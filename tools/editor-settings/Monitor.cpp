@@ -47,7 +47,7 @@ public:
             return changesBetween(before, m_rows);
         } catch (Storage::StorageError const& error) {
             m_opened.reset();
-            tell(error.what());
+            tellOnce(error.what());
             return {};
         }
     }
@@ -75,10 +75,10 @@ private:
     }
 
     // Each trouble once, for as long as it lasts.
-    void tell(std::string const& trouble)
+    void tellOnce(std::string const& trouble)
     {
         if (trouble != m_trouble)
-            std::cerr << "editor-settings: " << trouble << '\n';
+            tell(trouble);
         m_trouble = trouble;
     }
 
@@ -100,7 +100,7 @@ void print(std::string const& store, KeyChange const& change, Format format)
                                    {"key", change.key},
                                    {"before", storedJson(change.before)},
                                    {"after", storedJson(change.after)}};
-        std::cout << line.dump(-1, ' ', false, ordered_json::error_handler_t::replace) << '\n';
+        std::cout << jsonText(line) << '\n';
         return;
     }
     char const* const separator = format == Format::plain ? "\t" : "  ";
@@ -128,7 +128,7 @@ void monitorStores(Host::Application const& application, Format format)
                               {name(Store::common), storageFile(application, Store::common)}};
     for (WatchedStore& store : watched)
         store.look();
-    std::cerr << "editor-settings: watching both stores; Ctrl+C ends it" << std::endl;
+    tell("watching both stores; Ctrl+C ends it");
     while (std::cout && ::sigtimedwait(&ends, nullptr, &pauseBetweenLooks) < 0)
         for (WatchedStore& store : watched) {
             for (KeyChange const& change : store.look())

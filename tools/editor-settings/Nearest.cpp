@@ -39,6 +39,8 @@ std::vector<std::string> nearest(std::string const& word, std::vector<std::strin
     std::vector<std::pair<std::size_t, std::string>> candidates;
     for (std::string const& name : names) {
         std::string const candidate = lowerCase(name);
+        if (wanted.size() > candidate.size() + tolerated)
+            continue; // so many letters would have to go; it takes long to count them one by one
         std::size_t const distance = edits(wanted, candidate);
         bool const holdsIt = wanted.size() >= 3 && candidate.find(wanted) != std::string::npos;
         if (distance <= tolerated || holdsIt)

@@ -11,6 +11,8 @@
 #include <QRegExp>
 
 #include <cerrno>
+#include <climits>
+#include <csignal>
 #include <filesystem>
 #include <iostream>
 #include <system_error>
@@ -25,7 +27,10 @@ namespace {
 QString utf8(std::string const& word)
 {
     if (!isUtf8(word))
-        throw Refusal(quoted(word) + " is not UTF-8 without a byte order mark; give the name in UTF-8");
+        throw Refusal(quotedBriefly(word) + " is not UTF-8 without a byte order mark; give the name in UTF-8");
+    // A name can be a pattern, and a pattern that nests deep would take more stack than there is.
+    if (word.size() >= PATH_MAX)
+        throw Refusal(quotedBriefly(word) + " is longer than a path can be; give the name of a file");
     return QString::fromStdString(word);
 }
 
@@ -163,7 +168,7 @@ fs::path reserved(NextNameOptions const& options)
             break;
     }
     if (!why.empty())
-        std::cerr << "editor-settings: " << why << "; " << quoted(name.toStdString()) << " is reserved instead\n";
+        tell(why + "; " + quoted(name.toStdString()) + " is reserved instead");
     return onDisk(asked.folder, name);
 }
 
@@ -171,11 +176,14 @@ fs::path reserved(NextNameOptions const& options)
 
 void showNextName(NextNameOptions const& options, Format format)
 {
+    // Whoever reads the name may be gone; that a file was made is told nevertheless.
+    if (options.reserve)
+        std::signal(SIGPIPE, SIG_IGN);
     std::string const path = options.reserve ? reserved(options).u8string() : proposal(options).path.toStdString();
     if (format == Format::json)
         printJson({{"path", path}, {"reserved", options.reserve}});
     else
-        std::cout << (format == Format::plain ? onOneLine(path) : path) << '\n';
+        printAsItIs(format == Format::plain ? onOneLine(path) : path);
     if (options.reserve && !std::cout.flush())
         throw Refusal(quoted(path) + " is reserved, but standard output cannot be written; remove the file if it is not wanted");
 }

@@ -65,12 +65,12 @@ void printJsonOf(ordered_json const& array, bool isOne) { printJson(isOne ? arra
 Location oneLocation(PathsOptions const& options)
 {
     if (!isUtf8(options.argument))
-        throw Refusal(quoted(options.argument) + " is not UTF-8 without a byte order mark; give it as the editor does");
+        throw Refusal(quotedBriefly(options.argument) + " is not UTF-8 without a byte order mark; give it as the editor does");
     Place const* const place = Catalogue::findPlace(options.name);
     if (!place) {
         Row const* const row = Catalogue::findPreference(options.name);
         if (!row || !row->computedDefault)
-            throw Refusal("there is no location " + quoted(options.name) + "; " + didYouMean(options.name, pathNames()) +
+            throw Refusal("there is no location " + quotedBriefly(options.name) + "; " + didYouMean(options.name, pathNames()) +
                           "'editor-settings paths' shows all");
         if (!options.argument.empty())
             throw Refusal(options.name + " takes nothing after it");
@@ -270,8 +270,7 @@ void showPaths(Host::Application const& application, PathsOptions const& options
     }
     if (isOne) {
         std::string const path = locations.front().path.toStdString();
-        std::cout << (format == Format::plain ? onOneLine(path) : path) << '\n';
-        return;
+        return printAsItIs(format == Format::plain ? onOneLine(path) : path);
     }
     std::vector<Columns> table;
     for (Location const& location : locations)

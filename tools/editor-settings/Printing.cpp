@@ -6,13 +6,9 @@
 #include <algorithm>
 #include <iostream>
 
-namespace {
+#include <unistd.h>
 
-// Code points rather than bytes, so that columns line up in every script whose letters are one column wide.
-std::size_t width(std::string const& text)
-{
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) { return (byte & 0xC0) != 0x80; }));
-}
+namespace {
 
 void printAligned(std::vector<Columns> const& table)
 {
@@ -44,20 +40,28 @@ void printTable(std::vector<Columns> table, Columns const& heading, Format forma
         std::cout << joined(line, "\t") << '\n';
 }
 
-void printJson(nlohmann::ordered_json const& value)
+void printAsItIs(std::string const& text) { std::cout << (::isatty(STDOUT_FILENO) == 1 ? withoutControls(text, "\t\n") : text) << '\n'; }
+
+std::string jsonText(nlohmann::ordered_json const& value, int indent)
 {
-    std::cout << value.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
+    std::string const text = value.dump(indent, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+    // The control characters above ASCII's stand as they are, and can only stand within texts.
+    std::string result;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        bool const isAboveAscii = text[at] == '\xC2' && static_cast<unsigned char>(text[at + 1]) < 0xA0;
+        if (isAboveAscii || text[at] == '\x7f')
+            result += "\\u00" + QByteArray(1, text[isAboveAscii ? ++at : at]).toHex().toStdString();
+        else
+            result += text[at];
+    }
+    return result;
 }
+
+void printJson(nlohmann::ordered_json const& value) { std::cout << jsonText(value, 2) << '\n'; }
 
 std::string inColumn(Catalogue::Value const& value, Format format)
 {
-    constexpr std::size_t enough = 120;
     QStringList const* const list = format == Format::people ? std::get_if<QStringList>(&value) : nullptr;
     std::string const line = list ? onOneLine(list->join(QStringLiteral(", ")).toStdString()) : onOneLine(value);
-    if (format != Format::people || width(line) <= enough)
-        return line;
-    std::size_t end = 0;
-    for (std::size_t letters = 0; letters < enough - 1; ++end)
-        letters += (line[end + 1] & 0xC0) != 0x80;
-    return line.substr(0, end) + "\xE2\x80\xA6";
+    return format == Format::people ? shortened(line, 120) : line;
 }

@@ -17,7 +17,15 @@ using Columns = std::vector<std::string>;
 /// Prints `table` below `heading`, aligned; for scripts without heading, the columns separated by tabs.
 void printTable(std::vector<Columns> table, Columns const& heading, Format format);
 
-/// Prints `value`. Text that is no UTF-8 is printed with replacement characters, as JSON knows no other.
+/// Prints `text` and a line break: as it is for a program that reads it, but without what a terminal would obey where
+/// standard output is one.
+void printAsItIs(std::string const& text);
+
+/// `value` as JSON text, without raw control characters of any kind. Text that is no UTF-8 gets replacement characters, as
+/// JSON knows no other.
+std::string jsonText(nlohmann::ordered_json const& value, int indent = -1);
+
+/// Prints `value` so, indented.
 void printJson(nlohmann::ordered_json const& value);
 
 /// The value for a column. It may be long: people get the beginning, scripts the whole.

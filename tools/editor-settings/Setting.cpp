@@ -123,7 +123,7 @@ Setting setting(Host::Application const& application, std::string const& key)
     auto const& reserved = Catalogue::preferencesWithoutAccessors();
     if (std::find(reserved.begin(), reserved.end(), key) != reserved.end())
         throw Refusal(key + " is reserved: the editor neither reads nor writes it, so it cannot be reached");
-    throw Refusal("there is no preference " + quoted(key) + "; " + suggestion(key) + "'editor-settings list' shows all");
+    throw Refusal("there is no preference " + quotedBriefly(key) + "; " + suggestion(key) + "'editor-settings list' shows all");
 }
 
 std::vector<Setting> allSettings(Host::Application const& application)
@@ -144,6 +144,6 @@ std::vector<Setting> allSettings(Host::Application const& application)
 std::string keyInFamily(Family const& family, std::string const& member)
 {
     if (!isUtf8(member))
-        throw Refusal("the name " + quoted(member) + " is not UTF-8 without a byte order mark; give it as the editor writes it");
+        throw Refusal("the name " + quotedBriefly(member) + " is not UTF-8 without a byte order mark; give it as the editor writes it");
     return prefix(family) + member;
 }

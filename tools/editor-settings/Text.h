@@ -13,10 +13,21 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// `text` on one line: backslash, tab and line breaks as `\\`, `\t`, `\n` and `\r`, other control characters as `\xHH`.
+/// `text` on one line: backslash, tab and line breaks as `\\`, `\t`, `\n` and `\r`, the bytes of other control characters
+/// and those that are no UTF-8 as `\xHH`.
 std::string onOneLine(std::string const& text);
+/// As `onOneLine`, but backslashes stay as they are, and so does each control character in `butFor`: for what people read.
+std::string withoutControls(std::string const& text, std::string const& butFor = {});
 /// `text` within single quotes, for messages.
 std::string quoted(std::string const& text);
+/// As `quoted`, with the beginning of a long `text` only: for words that the user gave a moment ago.
+std::string quotedBriefly(std::string const& text);
+/// The first letters of `text` and an ellipsis where it has more than `letters`.
+std::string shortened(std::string const& text, std::size_t letters);
+/// The number of code points: the columns that `text` takes in every script whose letters are one column wide.
+std::size_t width(std::string const& text);
+/// Tells the user something on standard error, on one line.
+void tell(std::string const& text);
 /// Whether `text` comes back unchanged from the library's texts: UTF-8 that does not begin with a byte order mark.
 bool isUtf8(std::string const& text);
 /// `words` with `separator` between each two.

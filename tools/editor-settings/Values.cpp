@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Values.h"
 
+#include "Printing.h"
 #include "Text.h"
 
 #include <Host/FileContent.h>
@@ -8,9 +9,13 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <cerrno>
 #include <charconv>
+#include <sstream>
 #include <system_error>
 #include <type_traits>
+
+#include <unistd.h>
 
 using Catalogue::Value;
 
@@ -41,7 +46,7 @@ struct Target {
 
 [[noreturn]] void refuse(Target const& target, std::string const& word, std::string const& accepted)
 {
-    throw Refusal(target.name + ' ' + type(target.like).phrase + " and cannot be " + quoted(word) + "; " + accepted);
+    throw Refusal(target.name + ' ' + type(target.like).phrase + " and cannot be " + quotedBriefly(word) + "; " + accepted);
 }
 
 QString decoded(Target const& target, std::string const& word)
@@ -76,20 +81,41 @@ int parsedInt(Target const& target, std::string const& word)
     return value;
 }
 
-QByteArray contentOfFile(Target const& target, std::string const& name)
+std::string standardInput()
+{
+    std::string content;
+    char buffer[1 << 16];
+    for (ssize_t count; (count = ::read(STDIN_FILENO, buffer, sizeof buffer)) != 0;) {
+        if (count > 0)
+            content.append(buffer, static_cast<std::size_t>(count));
+        else if (errno != EINTR)
+            throw std::system_error(errno, std::generic_category());
+    }
+    return content;
+}
+
+std::string contentOfFile(Target const& target, std::string const& name, char const* remedy)
 {
     try {
-        return QByteArray::fromStdString(Host::fileContent(name));
+        return Host::fileContent(name);
     } catch (std::system_error const& error) {
-        throw Refusal(target.name + ": cannot read " + quoted(name) + " (" + error.code().message() +
-                      "); name a file that can be read after the @");
+        throw Refusal(target.name + ": cannot read " + quoted(name) + " (" + error.code().message() + "); " + remedy);
+    }
+}
+
+std::string contentOfInput(Target const& target)
+{
+    try {
+        return standardInput();
+    } catch (std::system_error const& error) {
+        throw Refusal(target.name + ": cannot read standard input (" + error.code().message() + "); give it a file or a pipe");
     }
 }
 
 QByteArray parsedBytes(Target const& target, std::string const& word)
 {
     if (!word.empty() && word[0] == '@')
-        return contentOfFile(target, word.substr(1));
+        return QByteArray::fromStdString(contentOfFile(target, word.substr(1), "name a file that can be read after the @"));
     // Qt decodes whatever it can; only what encodes to the same word again is taken.
     QByteArray const bytes = QByteArray::fromBase64(QByteArray::fromStdString(word));
     if (bytes.toBase64().toStdString() != word && bytes.toBase64(QByteArray::OmitTrailingEquals).toStdString() != word)
@@ -106,10 +132,11 @@ QStringList parsedList(Target const& target, std::vector<std::string> const& wor
             refuse(target, word, "an empty element is lost when the list is read back; leave it out (--empty stores an empty list)");
         if (!Catalogue::comesBackUnchanged({element}))
             refuse(target, word, "the element holds the separator of stored lists and would come back in pieces");
-        list.append(element);
-        if (!Catalogue::comesBackUnchanged(list))
+        // No separator reaches further than from one element into the next, so two of them tell.
+        if (!list.isEmpty() && !Catalogue::comesBackUnchanged({list.last(), element}))
             refuse(target, word,
                    "together with the element before it, it makes up the separator of stored lists and would come back otherwise");
+        list.append(element);
     }
     return list;
 }
@@ -151,6 +178,21 @@ Value parsed(std::string const& name, Value const& like, std::vector<std::string
     return std::visit([&](auto const& typed) -> Value { return parsedAs<std::decay_t<decltype(typed)>>(target, words); }, like);
 }
 
+Value parsedFile(std::string const& name, Value const& like, std::string const& file)
+{
+    Target const target = {name, like};
+    std::string const content = file == "-" ? contentOfInput(target) : contentOfFile(target, file, "name a file that can be read");
+    if (std::holds_alternative<QByteArray>(like))
+        return QByteArray::fromStdString(content);
+    if (!std::holds_alternative<QStringList>(like))
+        return parsed(name, like, {content});
+    std::vector<std::string> elements;
+    std::istringstream stream(content);
+    for (std::string line; std::getline(stream, line);)
+        elements.push_back(line);
+    return parsed(name, like, elements);
+}
+
 namespace {
 
 struct AsText {
@@ -188,5 +230,5 @@ nlohmann::ordered_json toJson(Value const& value) { return std::visit(AsJson(), 
 std::string onOneLine(Value const& value)
 {
     // The elements of a list are told apart whatever they hold.
-    return std::holds_alternative<QStringList>(value) ? toJson(value).dump() : onOneLine(text(value));
+    return std::holds_alternative<QStringList>(value) ? jsonText(toJson(value)) : onOneLine(text(value));
 }

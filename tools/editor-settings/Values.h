@@ -22,6 +22,10 @@ std::string storedKind(Catalogue::Value const& value);
 /// The value that `words` give for what is called `name`, of the type of `like`. Throws `Refusal`, with what is accepted.
 Catalogue::Value parsed(std::string const& name, Catalogue::Value const& like, std::vector<std::string> const& words);
 
+/// The value that is in `file`, or on standard input where that is "-": the elements of a list on a line each, all else byte
+/// for byte. Throws `Refusal`.
+Catalogue::Value parsedFile(std::string const& name, Catalogue::Value const& like, std::string const& file);
+
 /// The value as text: bytes in base64, the elements of a list each on a line of its own.
 std::string text(Catalogue::Value const& value);
 /// The value as JSON: bytes as a base64 text, lists as arrays.

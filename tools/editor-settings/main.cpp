@@ -8,6 +8,7 @@
 #include "NextName.h"
 #include "Paths.h"
 #include "Setting.h"
+#include "StandardOutput.h"
 #include "Text.h"
 
 #include <CLI/CLI.hpp>
@@ -27,7 +28,8 @@ std::vector<Note> const& notes()
   1  said no: unknown key, wrong value, trouble with a store or the product file, a folder that cannot be used
   2  wrong usage)"},
         {"Output", R"(Values are printed to standard output, reasons to standard error. With --plain a backslash is printed as \\, a tab
-as \t, line breaks as \n and \r, other control characters as \xHH, and a list as a JSON array.)"},
+as \t, line breaks as \n and \r, other control characters and bytes that are not UTF-8 as \xHH, and a list as a JSON array.
+A terminal is sent no control characters but tabs and line breaks. An answer that could not be printed whole is an error.)"},
         {"Words that look like options", R"(A value that begins with "-" goes after "--": editor-settings set lastTarget -- -x)"},
     };
     return all;
@@ -45,6 +47,15 @@ std::vector<std::string> marked(int argc, char** argv)
             word.insert(word.begin(), mark);
     std::reverse(words.begin(), words.end()); // as CLI11 wants them
     return words;
+}
+
+// A text that tells of marked words, without their marks.
+std::string unmarked(std::string text)
+{
+    for (std::string const& marked : {std::string{mark, '['}, std::string{mark, mark}, std::string{mark, '+', '+'}})
+        for (std::size_t at = text.find(marked); at != std::string::npos; at = text.find(marked, at + 1))
+            text.erase(at, 1);
+    return text;
 }
 
 CLI::Validator unmarked()
@@ -119,7 +130,8 @@ public:
     {
         m_app.require_subcommand(0, 1);
         m_app.failure_message([](CLI::App const* app, CLI::Error const& error) {
-            return "editor-settings: " + onOneLine(error.what()) + '\n' + whatFollows(*app) + "Run with --help for more information.\n";
+            return "editor-settings: " + shortened(withoutControls(unmarked(error.what())), 500) + '\n' + whatFollows(*app) +
+                   "Run with --help for more information.\n";
         });
         m_app.set_version_flag("--version", EDITOR_SETTINGS_VERSION);
         m_app.footer(helpFooter(notes()));
@@ -146,13 +158,10 @@ public:
             if (m_app.get_subcommands().empty())
                 throw CLI::RequiredError("A verb");
         } catch (CLI::ParseError const& error) {
-            int const status = m_app.exit(error) == 0 ? 0 : wrongUsage;
-            checkPrinted();
-            return status;
+            return m_app.exit(error) == 0 ? 0 : wrongUsage;
         }
         if (*m_manual || *m_completion) {
             std::cout << (*m_manual ? manualPage(m_app, notes()) : completionScript(m_app, choices(), m_shell));
-            checkPrinted();
             return 0;
         }
         std::filesystem::path const productFile =
@@ -161,7 +170,6 @@ public:
         Host::Application const application(productFile, home, policy());
         noteStoresThatTakeNoChange(application);
         answer(application);
-        checkPrinted();
         return 0;
     }
 
@@ -196,8 +204,12 @@ private:
                                                      "@FILE, a list as one word for each element");
         words->transform(unmarked());
         CLI::Option* const empty = m_set->add_flag("--empty", "Stores an empty list")->excludes(words);
-        m_set->callback([words, empty] {
-            if (words->empty() && empty->empty())
+        CLI::Option* const file = m_set->add_option("--from-file", m_file,
+                                                    "Stores what the file holds, or standard input where it is -: byte for byte, but for "
+                                                    "a list one element on each line");
+        file->transform(unmarked())->check(notEmpty())->type_name("FILE")->excludes(words)->excludes(empty);
+        m_set->callback([words, empty, file] {
+            if (words->empty() && empty->empty() && file->empty())
                 throw CLI::RequiredError("VALUE");
         });
     }
@@ -267,6 +279,7 @@ private:
             {m_app.get_option("--product"), {Choice::Kind::files}},
             {m_app.get_option("--home"), {Choice::Kind::folders}},
             {m_list->get_option("PATTERN"), keys},
+            {m_set->get_option("--from-file"), {Choice::Kind::files}},
             {m_list->get_option("--store"), {Choice::Kind::words, {"product", "common"}}},
             {m_paths->get_option("NAME"), {Choice::Kind::words, pathNames()}},
             {m_backup->get_option("FILE"), {Choice::Kind::files}},
@@ -299,7 +312,7 @@ private:
             return;
         for (Catalogue::Store const store : {Catalogue::Store::product, Catalogue::Store::common})
             if (Storage::SqliteStorage const* const opened = storage(application, store); opened && opened->isReadOnly())
-                std::cerr << "editor-settings: only for reading: " << opened->readOnlyReason() << '\n';
+                tell("only for reading: " + opened->readOnlyReason());
     }
 
     void answer(Host::Application const& application)
@@ -308,8 +321,10 @@ private:
             listPreferences(application, m_listOptions, m_listFormat);
         if (*m_get)
             getPreference(application, m_key, m_getFormat);
-        if (*m_set)
+        if (*m_set && m_file.empty())
             setPreference(application, m_key, m_words);
+        if (*m_set && !m_file.empty())
+            setPreferenceFromFile(application, m_key, m_file);
         if (*m_unset)
             unsetPreference(application, m_key);
         if (*m_explain)
@@ -338,12 +353,6 @@ private:
             restoreStores(application, m_file, m_isDryRun, m_restoreFormat);
         if (*m_monitor)
             monitorStores(application, m_monitorFormat);
-    }
-
-    static void checkPrinted()
-    {
-        if (!std::cout.flush())
-            throw Refusal("the answer could not be printed whole: standard output cannot be written");
     }
 
     CLI::App m_app{"Reads, changes and explains the preferences, folders and file names of Lumora Video Editor.", "editor-settings"};
@@ -394,10 +403,18 @@ private:
 
 int main(int argc, char** argv)
 {
+    holdStandardStreams();
+    StandardOutput output;
+    int status = saidNo;
     try {
-        return CommandLine().run(argc, argv);
+        status = CommandLine().run(argc, argv);
     } catch (std::exception const& error) {
-        std::cerr << "editor-settings: " << error.what() << '\n';
-        return saidNo;
+        std::cout.flush(); // an answer stands before what is wrong with it
+        tell(error.what());
     }
+    if (std::string const trouble = output.trouble(); !trouble.empty()) {
+        tell("cannot write to standard output: " + trouble);
+        return status == 0 ? saidNo : status;
+    }
+    return status;
 }
