@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+//
+// A store's file of any bytes: it gives values or a `StorageError`, and stays as it is.
+//
+// An input is the file's content.
+#include <support/Fuzz.h>
+#include <support/NaiveNames.h>
+
+#include <Storage/SqliteStorage.h>
+
+using Fuzz::expect;
+using Storage::SqliteStorage;
+
+namespace {
+
+void checkError(Storage::StorageError const& error, std::filesystem::path const& file)
+{
+    std::string const text = error.what();
+    std::string const begin = file.string() + ": cannot ";
+    Fuzz::expectEqual("file of an error", error.file(), file.string());
+    if (text.compare(0, begin.size(), begin) != 0 || text.find("; ") == std::string::npos)
+        Fuzz::finding("a text that names the file and says what to do", {text});
+}
+
+void read(SqliteStorage const& store)
+{
+    for (SqliteStorage::Row const& row : store.rows())
+        store.getString(row.key, "default");
+    store.find("npsSendCount");
+    store.getInt("npsSendCount", 0);
+    store.contains("");
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size)
+{
+    static TestKit::TemporaryHome const home;
+    static std::filesystem::path const file = home.path() / "store.sqlite";
+    Fuzz::writeFile(file, data, size);
+    try {
+        SqliteStorage const store(file, {std::chrono::milliseconds(0), SqliteStorage::Synchronous::normal});
+        read(store);
+    } catch (Storage::StorageError const& error) {
+        checkError(error, file);
+    }
+    expect(Fuzz::fileContent(file) == std::string(data, data + size), "a file that is only read stays as it is");
+    static std::filesystem::path const journal = file.string() + "-journal";
+    expect(!std::filesystem::exists(journal), "nothing is left beside the file");
+    return 0;
+}
