@@ -32,6 +32,14 @@ std::string printable(std::string const& bytes)
     return text.str();
 }
 
+std::string terminated(QStringList const& elements)
+{
+    QString text;
+    for (QString const& element : elements)
+        text += element + QLatin1Char('\n');
+    return text.toStdString();
+}
+
 void onWarning(QtMsgType, QMessageLogContext const&, QString const& message)
 {
     if (message != QLatin1String("QRegularExpressionPrivate::doMatch(): called on an invalid QRegularExpression object"))
@@ -69,8 +77,8 @@ void expectEqual(std::string const& what, QString const& answer, QString const& 
 void expectEqual(std::string const& what, QStringList const& answer, QStringList const& expected)
 {
     if (answer != expected)
-        finding(what + ": first the answer, then what was expected, with a line for each element",
-                {answer.join(QLatin1Char('\n')).toStdString(), expected.join(QLatin1Char('\n')).toStdString()});
+        finding(what + ": first the answer, then what was expected, with a line break after each element",
+                {terminated(answer), terminated(expected)});
 }
 
 std::vector<std::string> split(std::string const& text, char separator)
