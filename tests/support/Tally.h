@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+//
+// What a test did how often and what was lost: the rows of the report on reliability.
+#pragma once
+
+#include <cstdlib>
+#include <fstream>
+#include <string>
+
+/// Whether the long form is asked for.
+inline bool thorough()
+{
+    char const* const asked = std::getenv("EDITOR_SETTINGS_THOROUGH");
+    return asked && std::string(asked) == "1";
+}
+
+/// How often a test does something: `shortCount` in the everyday form, `longCount` in the long one.
+inline int times(int shortCount, int longCount) { return thorough() ? longCount : shortCount; }
+
+/// Adds "what<TAB>done<TAB>lost" to the file that EDITOR_SETTINGS_RELIABILITY names. Where none is named, does nothing.
+inline void tally(std::string const& what, long long done, long long lost)
+{
+    char const* const file = std::getenv("EDITOR_SETTINGS_RELIABILITY");
+    if (!file || !*file)
+        return;
+    // In one write at the end of the file, so that tests that run at once keep their lines whole.
+    std::ofstream(file, std::ios::app) << what + '\t' + std::to_string(done) + '\t' + std::to_string(lost) + '\n';
+}
