@@ -31,9 +31,11 @@ void syncFolder(fs::path const& folder)
 
 void createFolders(fs::path const& folder)
 {
-    std::error_code ignored;
-    if (fs::exists(folder, ignored))
+    std::error_code error;
+    if (fs::exists(folder, error))
         return;
+    if (error)
+        throwSystemError(folder, "create the folder", error.value());
     createFolders(folder.parent_path());
     if (::mkdir(folder.c_str(), 0700) == 0)
         ::chmod(folder.c_str(), 0700); // a umask may have taken the owner's rights too

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "StoreFile.h"
 
+#include "CarefulFiles.h"
 #include "NewFile.h"
 
 #include <SQLiteCpp/Statement.h>
@@ -12,6 +13,7 @@
 #include <memory>
 #include <sstream>
 #include <system_error>
+#include <utility>
 
 namespace fs = std::filesystem;
 
@@ -156,7 +158,7 @@ SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, in
 {
     if (!isThere(file))
         writeNewFile(file, emptyStore(), "create the store"); // where a second process was faster, its file is the store
-    SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, busyTimeoutMilliseconds);
+    SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, busyTimeoutMilliseconds, carefulFiles());
     if (usesWriteAheadLog(database))
         throw StorageError(file.u8string(), "open the store", "it was switched to write-ahead logging, which can damage it",
                            "switch it back with: sqlite3 FILE 'PRAGMA journal_mode=DELETE'");

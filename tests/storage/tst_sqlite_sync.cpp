@@ -1,187 +1,143 @@
 // SPDX-License-Identifier: MIT
 //
-// What reaches the disk before a call returns, and a disk that takes no more. This program's own functions stand before
-// the system's: they note what SQLite asks for, and refuse it as a full disk does.
-#include <Storage/SqliteStorage.h>
-#include <TestKit/TemporaryHome.h>
-
-#include <gtest/gtest.h>
+// What reaches the disk before a call returns, and a disk that takes no more.
+#include "FaultySystem.h"
+#include "StoreFolder.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <string>
-
-#include <dlfcn.h>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <sys/types.h>
-#include <unistd.h>
-
-namespace {
-
-std::string noted; // w: write, t: truncate, s: sync of a file, l: link, f: sync of a folder
-bool diskIsFull = false;
-
-template <typename Function>
-Function* next(char const* name)
-{
-    return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
-}
-
-} // namespace
-
-#define VISIBLE __attribute__((visibility("default")))
-
-extern "C" VISIBLE ssize_t pwrite64(int file, void const* data, size_t size, off64_t offset)
-{
-    noted += 'w';
-    if (diskIsFull) {
-        errno = ENOSPC;
-        return -1;
-    }
-    return next<ssize_t(int, void const*, size_t, off64_t)>("pwrite64")(file, data, size, offset);
-}
-
-extern "C" VISIBLE int ftruncate64(int file, off64_t size) noexcept
-{
-    noted += 't';
-    return next<int(int, off64_t)>("ftruncate64")(file, size);
-}
-
-extern "C" VISIBLE ssize_t write(int file, void const* data, size_t size)
-{
-    if (diskIsFull) {
-        errno = ENOSPC;
-        return -1;
-    }
-    return next<ssize_t(int, void const*, size_t)>("write")(file, data, size);
-}
-
-extern "C" VISIBLE int linkat(int fromFolder, char const* from, int toFolder, char const* to, int flags) noexcept
-{
-    noted += 'l';
-    return next<int(int, char const*, int, char const*, int)>("linkat")(fromFolder, from, toFolder, to, flags);
-}
-
-extern "C" VISIBLE int fsync(int file)
-{
-    struct stat status = {};
-    ::fstat(file, &status);
-    noted += S_ISDIR(status.st_mode) ? 'f' : 's';
-    return next<int(int)>("fsync")(file);
-}
-
-extern "C" VISIBLE int mkdir(char const* folder, mode_t mode) noexcept
-{
-    if (diskIsFull) {
-        errno = ENOSPC;
-        return -1;
-    }
-    return next<int(char const*, mode_t)>("mkdir")(folder, mode);
-}
-
-extern "C" VISIBLE int fdatasync(int file)
-{
-    noted += 's';
-    return next<int(int)>("fdatasync")(file);
-}
 
 namespace {
 
 using Storage::SqliteStorage;
 
-std::ptrdiff_t count(char what) { return std::count(noted.begin(), noted.end(), what); }
+// What `work` asks of the disk. w: write, t: truncate, s: sync by SQLite, f: sync of a new file or a folder, l: link.
+template <typename Work>
+std::string asked(Work const& work)
+{
+    FaultySystem::watch();
+    work();
+    FaultySystem::rest();
+    std::string result;
+    for (std::string const& call : FaultySystem::calls()) {
+        if (call == "write" || call == "pwrite64")
+            result += 'w';
+        if (call == "ftruncate64")
+            result += 't';
+        if (call == "fdatasync")
+            result += 's';
+        if (call == "fsync")
+            result += 'f';
+        if (call == "linkat")
+            result += 'l';
+    }
+    return result;
+}
 
-class Durability : public testing::Test {
-protected:
-    std::filesystem::path file() const { return m_home.path() / "store.sqlite"; }
+std::ptrdiff_t count(std::string const& calls, char what) { return std::count(calls.begin(), calls.end(), what); }
 
-    TestKit::TemporaryHome m_home;
-};
+class Durability : public StoreFolder {};
 
 TEST_F(Durability, SetEndsWithASyncAfterItsLastWrite)
 {
-    SqliteStorage store(file());
+    SqliteStorage store(path());
     store.setInt("key", 1);
-    noted.clear();
-    store.setInt("key", 2);
-    EXPECT_GE(count('w'), 2) << "journal and file are written: " << noted;
-    EXPECT_EQ(count('t'), 1) << "the journal is emptied: " << noted;
-    EXPECT_EQ(noted.back(), 's') << noted;
-    EXPECT_GE(count('s'), 3) << "journal, file and emptied journal are synced: " << noted;
+    std::string const calls = asked([&] { store.setInt("key", 2); });
+    EXPECT_GE(count(calls, 'w'), 2) << "journal and file are written: " << calls;
+    EXPECT_EQ(count(calls, 't'), 1) << "the journal is emptied: " << calls;
+    EXPECT_EQ(calls.back(), 's') << calls;
+    EXPECT_GE(count(calls, 's'), 3) << "journal, file and emptied journal are synced: " << calls;
 }
 
 TEST_F(Durability, NewFileIsOnDiskBeforeItGetsItsNameAndTheNameIsTooBeforeItIsUsed)
 {
-    noted.clear();
-    SqliteStorage const store(file());
-    EXPECT_NE(noted.find("slf"), std::string::npos) << noted;
+    EXPECT_EQ(asked([&] { SqliteStorage const store(path()); }), "wflf");
 }
 
 TEST_F(Durability, NewFoldersAreOnDisk)
 {
-    noted.clear();
-    SqliteStorage const store(file().parent_path() / "one" / "two" / "store.sqlite");
-    EXPECT_EQ(noted.substr(0, 2), "ff") << noted;
+    EXPECT_EQ(asked([&] { SqliteStorage const store(path("one") / "two" / "store.sqlite"); }), "ffwflf");
 }
 
 TEST_F(Durability, RemoveEndsWithASyncToo)
 {
-    SqliteStorage store(file());
+    SqliteStorage store(path());
     store.setInt("key", 1);
-    noted.clear();
-    store.remove("key");
-    EXPECT_EQ(noted.back(), 's') << noted;
+    EXPECT_EQ(asked([&] { store.remove("key"); }).back(), 's');
 }
 
 TEST_F(Durability, ReadsWriteNothing)
 {
-    SqliteStorage store(file());
+    SqliteStorage store(path());
     store.setInt("key", 1);
-    noted.clear();
-    store.getInt("key", 0);
-    store.rows();
-    SqliteStorage(file()).getInt("key", 0);
-    EXPECT_EQ(noted, "");
+    EXPECT_EQ(asked([&] {
+                  store.getInt("key", 0);
+                  store.rows();
+                  SqliteStorage(path()).getInt("key", 0);
+              }),
+              "");
 }
 
 TEST_F(Durability, LesserLevelLeavesTheLastSyncOut)
 {
     SqliteStorage::Options options;
     options.synchronous = SqliteStorage::Synchronous::normal;
-    SqliteStorage store(file(), options);
+    SqliteStorage store(path(), options);
     store.setInt("key", 1);
-    noted.clear();
-    store.setInt("key", 2);
-    EXPECT_EQ(noted.back(), 't') << noted;
-    EXPECT_GE(count('s'), 2) << "the order of journal and file still holds: " << noted;
+    std::string const calls = asked([&] { store.setInt("key", 2); });
+    EXPECT_EQ(calls.back(), 't') << calls;
+    EXPECT_GE(count(calls, 's'), 2) << "the order of journal and file still holds: " << calls;
 }
 
-class FullDisk : public Durability {
-protected:
-    ~FullDisk() override { diskIsFull = false; }
+// --- A system without files that have no name ---
 
+class PassingName : public StoreFolder {
+protected:
+    // Refuses the `nth` opening during a creation, and expects the store to be made in the other way.
+    void expectMade(int error, int nth)
+    {
+        std::filesystem::create_directory(path("folder"));
+        FaultySystem::watch({error, false, false, {"open"}}, nth);
+        SqliteStorage store(path("folder") / "store.sqlite");
+        FaultySystem::rest();
+        EXPECT_EQ(FaultySystem::strikes(), 1);
+        EXPECT_EQ(std::count(FaultySystem::calls().begin(), FaultySystem::calls().end(), "mkostemp"), 1);
+        EXPECT_EQ(mode(path("folder") / "store.sqlite"), 0600u);
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(path("folder")), {}), 1) << "no other file is left";
+        store.setInt("key", 1);
+        EXPECT_EQ(store.getInt("key", 0), 1);
+    }
+};
+
+TEST_F(PassingName, IsTakenWhereTheFileSystemHasNoNamelessFiles) { expectMade(EOPNOTSUPP, 1); }
+
+TEST_F(PassingName, IsTakenWhereNamelessFilesCannotBeReached) { expectMade(ENOENT, 2); }
+
+// --- A full disk ---
+
+class FullDisk : public StoreFolder {
+protected:
     template <typename Work>
     static std::string refusal(Work const& work)
     {
-        diskIsFull = true;
+        FaultySystem::watch({ENOSPC, false, true, {"write", "pwrite64", "mkdir"}});
         std::string what = "nothing was thrown";
         try {
             work();
         } catch (Storage::StorageError const& error) {
             what = error.what();
         }
-        diskIsFull = false;
+        FaultySystem::rest();
         return what;
     }
 };
 
 TEST_F(FullDisk, IsNamedAndTheEarlierValueKept)
 {
-    SqliteStorage store(file());
+    SqliteStorage store(path());
     store.setString("key", "value");
     EXPECT_EQ(refusal([&] { store.setString("key", "other"); }),
-              file().string() + ": cannot set \"key\": database or disk is full; free some space on the disk and try again");
+              path().string() + ": cannot set \"key\": database or disk is full; free some space on the disk and try again");
     EXPECT_EQ(store.getString("key", "lost"), "value");
     store.setString("key", "works again");
     EXPECT_EQ(store.getString("key", "lost"), "works again");
@@ -189,18 +145,17 @@ TEST_F(FullDisk, IsNamedAndTheEarlierValueKept)
 
 TEST_F(FullDisk, WithoutRoomForAFolderIsNamedAsSuch)
 {
-    std::filesystem::path const folder = file().parent_path() / "folder";
-    EXPECT_EQ(refusal([&] { SqliteStorage const store(folder / "store.sqlite"); }),
-              folder.string() + ": cannot create the folder: No space left on device; free some space on the disk and try again");
+    EXPECT_EQ(refusal([&] { SqliteStorage const store(path("folder") / "store.sqlite"); }),
+              path("folder").string() + ": cannot create the folder: No space left on device; free some space on the disk and try again");
 }
 
 TEST_F(FullDisk, AtCreationLeavesNothing)
 {
-    std::filesystem::create_directory(file().parent_path() / "folder");
-    std::filesystem::path const fresh = file().parent_path() / "folder" / "store.sqlite";
+    std::filesystem::create_directory(path("folder"));
+    std::filesystem::path const fresh = path("folder") / "store.sqlite";
     EXPECT_EQ(refusal([&] { SqliteStorage const store(fresh); }),
               fresh.string() + ": cannot create the store: No space left on device; free some space on the disk and try again");
-    EXPECT_TRUE(std::filesystem::is_empty(fresh.parent_path()));
+    EXPECT_TRUE(std::filesystem::is_empty(path("folder")));
 }
 
 } // namespace

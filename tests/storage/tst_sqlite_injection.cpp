@@ -1,0 +1,295 @@
+// SPDX-License-Identifier: MIT
+//
+// Every call of the system that a store makes, refused in turn: each refusal is named, nothing is lost by it, and the
+// same store works again afterwards.
+#include "FaultySystem.h"
+#include "Ledger.h"
+#include "StoreFolder.h"
+
+#include <support/Named.h>
+#include <support/Process.h>
+#include <support/Tally.h>
+
+#include <functional>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+using Storage::SqliteStorage;
+using Storage::StorageError;
+
+struct Refusal {
+    char const* meaning;
+    FaultySystem::Fault fault;
+};
+
+std::vector<std::string> const writing{"write", "pwrite64"};
+std::vector<std::string> const reading{"read", "pread64"};
+
+std::vector<Refusal> refusals()
+{
+    std::vector<Refusal> result;
+    std::pair<char const*, int> const errors[] = {
+        {"ENOSPC", ENOSPC}, {"EIO", EIO}, {"EACCES", EACCES}, {"EROFS", EROFS}, {"EMFILE", EMFILE}};
+    for (auto const& [meaning, error] : errors) {
+        result.push_back({meaning, {error, false, false, {}}});
+        result.push_back({meaning, {error, false, true, {}}});
+    }
+    result.push_back({"short write", {0, true, false, writing}});
+    result.push_back({"short write, then no space", {ENOSPC, true, false, writing}});
+    result.push_back({"short write, then no space until told", {ENOSPC, true, true, writing}});
+    result.push_back({"short read", {0, true, false, reading}});
+    result.push_back({"short read, then EIO", {EIO, true, false, reading}});
+    return result;
+}
+
+// What a store's files hold, to bring them back.
+struct Files {
+    std::string store;
+    std::string journal;
+};
+
+class Injection : public StoreFolder {
+protected:
+    std::filesystem::path file() const { return path("folder") / "store.sqlite"; }
+    std::filesystem::path journal() const { return path("folder") / "store.sqlite-journal"; }
+
+    std::unique_ptr<SqliteStorage> open() const
+    {
+        SqliteStorage::Options impatient;
+        impatient.busyTimeout = std::chrono::milliseconds(2); // a refused lock is waited for
+        return std::make_unique<SqliteStorage>(file(), impatient);
+    }
+
+    void bring(Files const& files) const
+    {
+        bring(file(), files.store);
+        bring(journal(), files.journal);
+    }
+
+    // In its place, where an open store sees it, and not emptied before, which some file systems would then wait for.
+    static void bring(std::filesystem::path const& file, std::string const& content)
+    {
+        std::ofstream(file, std::ios::app).close();
+        std::fstream(file, std::ios::in | std::ios::out | std::ios::binary) << content;
+        std::filesystem::resize_file(file, content.size());
+    }
+
+    // A store with values; the next change of key 4 is a removal.
+    void fill(Ledger& ledger) const
+    {
+        auto const store = open();
+        ledger.fill(*store);
+        for (int change = 0; change < 3; ++change)
+            ledger.change(*store, 4);
+    }
+
+    // A store with values, and a change that a process was killed in, when only a part of it was in the file.
+    Files interrupted(Ledger& ledger) const
+    {
+        fill(ledger);
+        int parts = 0;
+        {
+            auto const store = open();
+            Ledger copy(ledger);
+            Files const before{content(file()), content(journal())};
+            FaultySystem::watch();
+            copy.change(*store, 2);
+            FaultySystem::rest();
+            for (std::string const& call : FaultySystem::calls())
+                parts += call == "pwrite64";
+            bring(before);
+        }
+        inChild([&]() -> std::string {
+            auto const store = open();
+            FaultySystem::killBefore("pwrite64", parts);
+            ledger.change(*store, 2);
+            return "";
+        });
+        Files const files{content(file()), content(journal())};
+        EXPECT_GT(files.journal.size(), 512u) << "the journal is there to be rolled back";
+        return files;
+    }
+
+    // Whether a lock is left on the file. Asked as another process would be answered.
+    bool isLocked() const
+    {
+        int const descriptor = ::open(file().c_str(), O_RDWR | O_CLOEXEC);
+        struct flock lock = {};
+        lock.l_type = F_WRLCK;
+        ::fcntl(descriptor, F_OFD_GETLK, &lock);
+        ::close(descriptor);
+        return lock.l_type != F_UNLCK;
+    }
+
+    // The error's text where there was one; what else went wrong is reported.
+    static std::string attempt(std::function<void()> const& act)
+    {
+        try {
+            act();
+        } catch (StorageError const& error) {
+            return error.what();
+        } catch (std::exception const& error) {
+            ADD_FAILURE() << "not a StorageError: " << error.what();
+        }
+        return "";
+    }
+
+    void expectClear(std::string const& text) const
+    {
+        EXPECT_EQ(text.compare(0, m_home.path().native().size(), m_home.path().native()), 0) << text;
+        EXPECT_NE(text.find(": cannot "), std::string::npos) << text;
+        EXPECT_NE(text.find("; "), std::string::npos) << text;
+        EXPECT_EQ(text.find("not an error"), std::string::npos) << text;
+    }
+
+    // Does `act` with every refusal at every call, from a state that `prepare` makes, and looks at the store afterwards.
+    void injectEverywhere(char const* operation, std::function<Ledger(std::unique_ptr<SqliteStorage>&)> const& prepare,
+                          std::function<void(std::unique_ptr<SqliteStorage>&, Ledger&)> const& act)
+    {
+        int injections = 0;
+        int lost = 0;
+        for (Refusal const& refusal : refusals())
+            for (int nth = 1;; ++nth) {
+                std::unique_ptr<SqliteStorage> store;
+                Ledger ledger = prepare(store);
+                std::string const text = attempt([&] {
+                    FaultySystem::watch(refusal.fault, nth);
+                    act(store, ledger);
+                });
+                FaultySystem::rest();
+                if (FaultySystem::strikes() == 0)
+                    break;
+                ++injections;
+                int const failuresBefore = failures();
+                SCOPED_TRACE(std::string(operation) + ": " + refusal.meaning + (refusal.fault.lasts ? " from call " : " at call ") +
+                             std::to_string(nth) + ", " + struck(refusal.fault, nth) + (text.empty() ? "" : ", told as: " + text));
+                if (!text.empty())
+                    expectClear(text);
+                if (!store) {
+                    EXPECT_EQ(attempt([&] { store = open(); }), "") << "it does not open again";
+                }
+                if (store)
+                    lookAt(*store, ledger);
+                store.reset();
+                lost += failures() > failuresBefore;
+            }
+        RecordProperty("injections", injections);
+        tally(std::string("System call refused: ") + operation, injections, lost);
+        EXPECT_GT(injections, 50);
+    }
+
+private:
+    static int failures()
+    {
+        testing::TestResult const& result = *testing::UnitTest::GetInstance()->current_test_info()->result();
+        int count = 0;
+        for (int part = 0; part < result.total_part_count(); ++part)
+            count += result.GetTestPartResult(part).failed();
+        return count;
+    }
+
+    static std::string struck(FaultySystem::Fault const& fault, int nth)
+    {
+        for (std::string const& call : FaultySystem::calls())
+            if ((fault.only.empty() || std::count(fault.only.begin(), fault.only.end(), call)) && --nth == 0)
+                return call;
+        return "none";
+    }
+
+    void lookAt(SqliteStorage& store, Ledger& ledger) const
+    {
+        EXPECT_EQ(attempt([&] { EXPECT_EQ(ledger.wrong(store), "") << "in the same store"; }), "");
+        EXPECT_EQ(attempt([&] { ledger.change(store, 0); }), "") << "the same store does not work again";
+        EXPECT_EQ(attempt([&] { EXPECT_EQ(ledger.wrong(store), "") << "in the same store, after a change"; }), "");
+        EXPECT_FALSE(isLocked()) << "a lock is left";
+        EXPECT_EQ(attempt([&] { EXPECT_EQ(ledger.wrong(*open()), "") << "in another store"; }), "");
+    }
+};
+
+TEST_F(Injection, OfCreation)
+{
+    injectEverywhere(
+        "create",
+        [&](std::unique_ptr<SqliteStorage>&) {
+            std::filesystem::remove_all(path("folder"));
+            return Ledger();
+        },
+        [&](std::unique_ptr<SqliteStorage>& store, Ledger&) { store = open(); });
+}
+
+TEST_F(Injection, OfOpening)
+{
+    Ledger ledger;
+    fill(ledger);
+    Files const files{content(file()), ""};
+    injectEverywhere(
+        "open",
+        [&](std::unique_ptr<SqliteStorage>&) {
+            bring(files);
+            return ledger;
+        },
+        [&](std::unique_ptr<SqliteStorage>& store, Ledger&) { store = open(); });
+}
+
+TEST_F(Injection, OfOpeningAfterAKill)
+{
+    Ledger ledger;
+    Files const files = interrupted(ledger);
+    injectEverywhere(
+        "open after a kill",
+        [&](std::unique_ptr<SqliteStorage>&) {
+            bring(files);
+            return ledger;
+        },
+        [&](std::unique_ptr<SqliteStorage>& store, Ledger&) { store = open(); });
+}
+
+struct Use {
+    char const* meaning;
+    char const* told;
+    void (*act)(SqliteStorage& store, Ledger& ledger);
+};
+
+class InjectionOf : public Injection, public testing::WithParamInterface<Use> {};
+
+TEST_P(InjectionOf, AnOpenStore)
+{
+    Ledger ledger;
+    fill(ledger);
+    Files const files{content(file()), ""};
+    injectEverywhere(
+        GetParam().told,
+        [&](std::unique_ptr<SqliteStorage>& store) {
+            bring(files);
+            store = open();
+            return ledger;
+        },
+        [&](std::unique_ptr<SqliteStorage>& store, Ledger& copy) { GetParam().act(*store, copy); });
+}
+
+TEST_P(InjectionOf, AnOpenStoreAfterAnotherProcessWasKilled)
+{
+    Ledger ledger;
+    Files const files = interrupted(ledger);
+    injectEverywhere((std::string(GetParam().told) + " after another's kill").c_str(),
+                     [&](std::unique_ptr<SqliteStorage>& store) {
+                         bring(files);
+                         store = open();
+                         bring(files);
+                         return ledger;
+                     },
+                     [&](std::unique_ptr<SqliteStorage>& store, Ledger& copy) { GetParam().act(*store, copy); });
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, InjectionOf,
+    testing::Values(Use{"Read", "read", [](SqliteStorage& store, Ledger& ledger) { EXPECT_EQ(ledger.wrongAt(store, 2), ""); }},
+                    Use{"Rows", "list", [](SqliteStorage& store, Ledger& ledger) { EXPECT_EQ(ledger.wrong(store), ""); }},
+                    Use{"Write", "write", [](SqliteStorage& store, Ledger& ledger) { ledger.change(store, 3); }},
+                    Use{"Remove", "remove", [](SqliteStorage& store, Ledger& ledger) { ledger.change(store, 4); }}),
+    byMeaning);
+
+} // namespace
