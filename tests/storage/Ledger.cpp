@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <map>
 #include <new>
+#include <numeric>
 #include <system_error>
 #include <tuple>
 
@@ -16,23 +17,28 @@ namespace {
 
 auto fields(SqliteStorage::Row const& row) { return std::tie(row.key, row.kind, row.value, row.changed); }
 
-} // namespace
-
-Ledger::Ledger()
+void* sharedMemory(std::size_t size)
 {
-    void* const memory = ::mmap(nullptr, keys * sizeof(Entry), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    void* const memory = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
     if (memory == MAP_FAILED)
         throw std::system_error(errno, std::generic_category(), "shared memory");
-    m_entries = new (memory) Entry[keys]{};
+    return memory;
 }
 
-Ledger::Ledger(Ledger const& other) : Ledger()
+} // namespace
+
+Ledger::Ledger() : m_entries(new (sharedMemory(keys * sizeof(Entry))) Entry[keys]{}) {}
+
+Ledger::Ledger(Ledger const& other) : Ledger() { *this = other; }
+
+Ledger& Ledger::operator=(Ledger const& other)
 {
     for (int key = 0; key < keys; ++key) {
         m_entries[key].begun = other.m_entries[key].begun.load();
         m_entries[key].returned = other.m_entries[key].returned.load();
     }
     m_untouched = other.m_untouched;
+    return *this;
 }
 
 Ledger::~Ledger() { ::munmap(m_entries, keys * sizeof(Entry)); }
@@ -101,12 +107,14 @@ std::string Ledger::wrongRow(int key, std::optional<SqliteStorage::Row> const& r
                    : "absent");
 }
 
+int Ledger::begun() const
+{
+    return std::accumulate(m_entries, m_entries + keys, 0, [](int sum, Entry const& entry) { return sum + entry.begun; });
+}
+
 int Ledger::returned() const
 {
-    int sum = 0;
-    for (int key = 0; key < keys; ++key)
-        sum += m_entries[key].returned;
-    return sum;
+    return std::accumulate(m_entries, m_entries + keys, 0, [](int sum, Entry const& entry) { return sum + entry.returned; });
 }
 
 std::string Ledger::name(int key) { return "key " + std::to_string(key); }

@@ -18,7 +18,7 @@ public:
     Ledger();
     ~Ledger();
     Ledger(Ledger const& other);
-    Ledger& operator=(Ledger const&) = delete;
+    Ledger& operator=(Ledger const& other);
 
     /// Puts rows of every kind into a new store that no change may touch, and some values.
     void fill(Storage::SqliteStorage& store);
@@ -33,7 +33,8 @@ public:
     /// As `wrong`, for one key, read by itself.
     std::string wrongAt(Storage::SqliteStorage const& store, int key);
 
-    /// How many changes returned.
+    /// How many changes were begun, and how many of them returned.
+    int begun() const;
     int returned() const;
 
     static std::string name(int key);
@@ -50,6 +51,6 @@ private:
 
     std::string wrongRow(int key, std::optional<Storage::SqliteStorage::Row> const& row);
 
-    Entry* m_entries;
+    Entry* const m_entries;
     std::vector<Storage::SqliteStorage::Row> m_untouched;
 };

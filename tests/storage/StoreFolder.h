@@ -41,6 +41,16 @@ public:
         return status.st_mode & 07777;
     }
 
+    /// How many failures this test has reported so far.
+    static int failures()
+    {
+        testing::TestResult const& result = *testing::UnitTest::GetInstance()->current_test_info()->result();
+        int count = 0;
+        for (int part = 0; part < result.total_part_count(); ++part)
+            count += result.GetTestPartResult(part).failed();
+        return count;
+    }
+
 protected:
     std::filesystem::path path(char const* name = "store.sqlite") const { return m_home.path() / name; }
 

@@ -5,14 +5,19 @@
 #include "FaultySystem.h"
 #include "Ledger.h"
 #include "StoreFolder.h"
+#include "Traced.h"
 
 #include <support/Named.h>
 #include <support/Process.h>
 #include <support/Tally.h>
 
+#include <algorithm>
 #include <functional>
+#include <map>
+#include <set>
 
 #include <fcntl.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace {
@@ -182,15 +187,6 @@ protected:
     }
 
 private:
-    static int failures()
-    {
-        testing::TestResult const& result = *testing::UnitTest::GetInstance()->current_test_info()->result();
-        int count = 0;
-        for (int part = 0; part < result.total_part_count(); ++part)
-            count += result.GetTestPartResult(part).failed();
-        return count;
-    }
-
     static std::string struck(FaultySystem::Fault const& fault, int nth)
     {
         for (std::string const& call : FaultySystem::calls())
@@ -291,5 +287,84 @@ INSTANTIATE_TEST_SUITE_P(
                     Use{"Write", "write", [](SqliteStorage& store, Ledger& ledger) { ledger.change(store, 3); }},
                     Use{"Remove", "remove", [](SqliteStorage& store, Ledger& ledger) { ledger.change(store, 4); }}),
     byMeaning);
+
+// --- That no call is missed ---
+
+// What a system call is called here, and nothing for those that reach no file.
+std::string fileCall(long number)
+{
+    static std::map<long, char const*> const calls{
+        {SYS_openat, "open"},     {SYS_read, "read"},       {SYS_write, "write"},       {SYS_pread64, "read"}, {SYS_pwrite64, "write"},
+        {SYS_close, "close"},     {SYS_newfstatat, "stat"}, {SYS_fstat, "stat"},        {SYS_fcntl, "lock"},   {SYS_ftruncate, "cut"},
+        {SYS_mkdirat, "mkdir"},   {SYS_unlinkat, "unlink"}, {SYS_fchmodat, "chmod"},    {SYS_fchmod, "chmod"}, {SYS_fchown, "chown"},
+        {SYS_linkat, "link"},     {SYS_getcwd, "getcwd"},   {SYS_faccessat2, "access"},
+#ifdef SYS_open // the older calls, which newer machines do without
+        {SYS_open, "open"},       {SYS_stat, "stat"},       {SYS_lstat, "stat"},        {SYS_mkdir, "mkdir"},  {SYS_unlink, "unlink"},
+        {SYS_chmod, "chmod"},     {SYS_access, "access"},
+#endif
+        {SYS_faccessat, "access"}};
+    static std::set<long> const others{
+        SYS_brk,    SYS_mmap,      SYS_munmap,      SYS_mremap,        SYS_madvise,       SYS_mprotect,        // memory
+        SYS_getpid, SYS_geteuid,   SYS_getuid,      SYS_getgid,        SYS_clock_gettime, SYS_clock_nanosleep, // cannot fail
+        SYS_futex,  SYS_getrandom, SYS_sched_yield, SYS_rt_sigprocmask};
+    if (auto const call = calls.find(number); call != calls.end())
+        return call->second;
+    return others.count(number) ? "" : "system call " + std::to_string(number);
+}
+
+// The same for the functions that stand before the system's. The syncs are not carried out here.
+std::string fileCall(std::string const& function)
+{
+    static std::map<std::string, char const*> const calls{
+        {"open", "open"},     {"open64", "open"},    {"mkostemp", "open"}, {"read", "read"},       {"pread64", "read"},
+        {"write", "write"},   {"pwrite64", "write"}, {"close", "close"},   {"stat", "stat"},       {"stat64", "stat"},
+        {"lstat", "stat"},    {"lstat64", "stat"},   {"fstat64", "stat"},  {"fcntl64", "lock"},    {"mkdir", "mkdir"},
+        {"unlink", "unlink"}, {"chmod", "chmod"},    {"fchmod", "chmod"},  {"ftruncate64", "cut"}, {"linkat", "link"},
+        {"getcwd", "getcwd"}, {"fchown", "chown"},   {"access", "access"}, {"faccessat", "access"}};
+    auto const call = calls.find(function);
+    return call == calls.end() ? "" : call->second;
+}
+
+template <typename Calls>
+std::vector<std::string> fileCalls(Calls const& calls)
+{
+    std::vector<std::string> result;
+    for (auto const& call : calls)
+        if (std::string const name = fileCall(call); !name.empty())
+            result.push_back(name);
+    return result;
+}
+
+TEST_F(Injection, MissesNoCallOfTheSystem)
+{
+    if (!Traced::isPossible())
+        GTEST_SKIP() << "this process may not trace others, as in some containers: the calls were not compared";
+    Ledger ledger;
+    std::unique_ptr<SqliteStorage> store;
+    auto const everything = [&] {
+        store = open();
+        ledger.fill(*store);
+        ledger.change(*store, 1);
+        store->rows();
+        store.reset();
+        store = open();
+        SqliteStorage("relative.sqlite").getInt("key", 0);
+    };
+    std::filesystem::current_path(m_home.path());
+    auto const made = fileCalls(Traced::systemCalls({[] {}, everything}));
+    std::filesystem::remove_all(path("folder"));
+    std::filesystem::remove(path("relative.sqlite"));
+    ledger = Ledger();
+    FaultySystem::watch();
+    everything();
+    FaultySystem::rest();
+    std::filesystem::current_path("/");
+    auto const seen = fileCalls(FaultySystem::calls());
+    auto const [first, second] = std::mismatch(seen.begin(), seen.end(), made.begin(), made.end());
+    EXPECT_TRUE(first == seen.end() && second == made.end())
+        << "call " << first - seen.begin() << " is " << (second == made.end() ? "none" : *second) << ", seen is "
+        << (first == seen.end() ? "none" : *first);
+    EXPECT_GT(made.size(), 300u);
+}
 
 } // namespace

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What a test did how often and what was lost: the rows of the report on reliability.
+// What a test did how often and what was lost: the rows of the report on reliability; and what its choices start from.
 #pragma once
 
 #include <cstdlib>
@@ -25,4 +25,11 @@ inline void tally(std::string const& what, long long done, long long lost)
         return;
     // In one write at the end of the file, so that tests that run at once keep their lines whole.
     std::ofstream(file, std::ios::app) << what + '\t' + std::to_string(done) + '\t' + std::to_string(lost) + '\n';
+}
+
+/// What a test's random choices start from; EDITOR_SETTINGS_SEED gives another one.
+inline unsigned seed()
+{
+    char const* const given = std::getenv("EDITOR_SETTINGS_SEED");
+    return given ? static_cast<unsigned>(std::strtoul(given, nullptr, 10)) : 1;
 }
