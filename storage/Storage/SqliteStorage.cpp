@@ -11,9 +11,11 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <limits>
 #include <mutex>
+#include <thread>
 #include <type_traits>
 #include <utility>
 
@@ -140,14 +142,27 @@ class SqliteStorage::Connection {
 
     // One transaction. A newer version may have taken the file over since it was opened; inside the transaction nobody can.
     template <typename Work>
+    void changeNow(std::string const& what, Work const& work)
+    {
+        SQLite::Transaction transaction(m_database, SQLite::TransactionBehavior::IMMEDIATE);
+        if (std::optional<Obstacle> const obstacle = obstacleToChanges(m_database, schemaVersion()))
+            throw StorageError(m_file.u8string(), what, obstacle->reason, obstacle->remedy);
+        work();
+        transaction.commit();
+    }
+
+    // Leaves the file to others for a moment between two changes, as those that wait for it would otherwise find it taken
+    // for as long as this process goes on changing it.
+    template <typename Work>
     void change(std::string const& what, Work const& work)
     {
+        using Clock = std::chrono::steady_clock;
         attempt(what, [&] {
-            SQLite::Transaction transaction(m_database, SQLite::TransactionBehavior::IMMEDIATE);
-            if (std::optional<Obstacle> const obstacle = obstacleToChanges(m_database, schemaVersion()))
-                throw StorageError(m_file.u8string(), what, obstacle->reason, obstacle->remedy);
-            work();
-            transaction.commit();
+            std::this_thread::sleep_until(m_pauseEnd);
+            Clock::time_point const start = Clock::now();
+            changeNow(what, work);
+            Clock::time_point const end = Clock::now();
+            m_pauseEnd = end + std::min<Clock::duration>((end - start) / 8, std::chrono::milliseconds(2));
         });
     }
 
@@ -189,6 +204,7 @@ class SqliteStorage::Connection {
 
     std::filesystem::path const m_file;
     std::mutex m_turns;
+    std::chrono::steady_clock::time_point m_pauseEnd;
     SQLite::Database m_database;
     SQLite::Statement m_schema;
     SQLite::Statement m_find;

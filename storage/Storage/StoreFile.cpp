@@ -10,9 +10,12 @@
 #include <sqlite3.h>
 
 #include <cerrno>
+#include <chrono>
+#include <cstdint>
 #include <memory>
 #include <sstream>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 namespace fs = std::filesystem;
@@ -67,6 +70,22 @@ std::string emptyStore()
     database.exec("PRAGMA application_id = " + std::to_string(applicationId) +
                   "; PRAGMA user_version = " + std::to_string(SqliteStorage::writtenSchema) + ";" + makeTables);
     return snapshotOf(database);
+}
+
+// Waits for other processes. SQLite's own way of waiting looks ever less often, and with several processes that write
+// without end it looked so seldom that it missed each moment in which the file was free; this one looks often, and at
+// uneven times, so that two that wait do not keep step.
+int waitForOthers(void* timeout, int earlier)
+{
+    using Clock = std::chrono::steady_clock;
+    thread_local Clock::time_point start;
+    Clock::time_point const now = Clock::now();
+    if (earlier == 0)
+        start = now;
+    if (now - start >= std::chrono::milliseconds(reinterpret_cast<std::intptr_t>(timeout)))
+        return 0;
+    std::this_thread::sleep_for(std::chrono::microseconds(500 + now.time_since_epoch().count() % 1000));
+    return 1;
 }
 
 // Whether the file is there, after making sure that it may be a store at all. Asks for names and sizes only: to open
@@ -158,7 +177,8 @@ SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, in
 {
     if (!isThere(file))
         writeNewFile(file, emptyStore(), "create the store"); // where a second process was faster, its file is the store
-    SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, busyTimeoutMilliseconds, carefulFiles());
+    SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, 0, carefulFiles());
+    sqlite3_busy_handler(database.getHandle(), waitForOthers, reinterpret_cast<void*>(static_cast<std::intptr_t>(busyTimeoutMilliseconds)));
     if (usesWriteAheadLog(database))
         throw StorageError(file.u8string(), "open the store", "it was switched to write-ahead logging, which can damage it",
                            "switch it back with: sqlite3 FILE 'PRAGMA journal_mode=DELETE'");
