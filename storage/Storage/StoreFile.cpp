@@ -111,14 +111,17 @@ bool isThere(fs::path const& file)
     return true;
 }
 
-// Byte 18 of the header is 2 in a file of SQLite's write-ahead-log mode. Read through SQLite's own handle, before any
-// statement, as the first statement would already make the log's files.
+// Bytes 18 and 19 of the header, the format for writers and for readers, are 2 in a file of SQLite's write-ahead-log
+// mode. Read through SQLite's own handle, before any statement, as the first statement would already make the log's files.
 bool usesWriteAheadLog(SQLite::Database& database)
 {
     sqlite3_file* file = nullptr;
-    unsigned char format = 0;
+    unsigned char formats[2] = {};
     sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
-    return file && file->pMethods && file->pMethods->xRead(file, &format, 1, 18) == SQLITE_OK && format == 2;
+    int const code = file && file->pMethods ? file->pMethods->xRead(file, formats, 2, 18) : SQLITE_CANTOPEN;
+    if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ)
+        throw SQLite::Exception(sqlite3_errstr(code), code);
+    return formats[0] == 2 || formats[1] == 2;
 }
 
 std::string newerSchema(int schema)

@@ -1,17 +1,23 @@
 // SPDX-License-Identifier: MIT
 //
 // Files that cannot be opened, read or written: each is named, and none is changed.
+#include "MemoryFolder.h"
 #include "StoreFolder.h"
 
 #include <support/Named.h>
 #include <support/Process.h>
+#include <support/Tally.h>
 
+#include <algorithm>
 #include <csignal>
 #include <functional>
+#include <random>
 
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 namespace {
@@ -35,10 +41,13 @@ class UnusableFile : public StoreFolder, public testing::WithParamInterface<Unus
 public:
     static void store(std::filesystem::path const& file)
     {
-        SqliteStorage store(file);
-        for (int number = 0; number < 200; ++number)
-            store.setString("key " + std::to_string(number), std::string(100, 'x'));
-        std::filesystem::remove(file.string() + "-journal");
+        MemoryFolder const folder;
+        {
+            SqliteStorage store(folder.path() / "store.sqlite");
+            for (int number = 0; number < 200; ++number)
+                store.setString("key " + std::to_string(number), std::string(100, 'x'));
+        }
+        std::filesystem::copy_file(folder.path() / "store.sqlite", file);
     }
 
     static void changed(std::filesystem::path const& file, std::string (*change)(std::string content))
@@ -48,12 +57,30 @@ public:
     }
 
     static void sql(std::filesystem::path const& file, char const* statements) { OtherProgram(file).execute(statements); }
+
+    // A store that another program changed, and left without a journal.
+    static void changedBySql(std::filesystem::path const& file, char const* statements)
+    {
+        store(file);
+        sql(file, statements);
+    }
+
+    static void makeSocket(std::filesystem::path const& file)
+    {
+        sockaddr_un address = {};
+        address.sun_family = AF_UNIX;
+        file.native().copy(address.sun_path, sizeof address.sun_path - 1);
+        int const descriptor = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        EXPECT_EQ(::bind(descriptor, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+        ::close(descriptor);
+    }
 };
 
 TEST_P(UnusableFile, IsNamedAndLeftAsItIs)
 {
     GetParam().make(path());
-    bool const isRegular = std::filesystem::is_regular_file(path());
+    std::error_code ignored;
+    bool const isRegular = std::filesystem::is_regular_file(path(), ignored);
     std::string const before = isRegular ? content(path()) : "";
     for (int attempt = 0; attempt < 2; ++attempt) {
         try {
@@ -66,6 +93,10 @@ TEST_P(UnusableFile, IsNamedAndLeftAsItIs)
     }
     EXPECT_EQ(isRegular ? content(path()) : "", before);
     EXPECT_FALSE(std::filesystem::exists(path("store.sqlite-wal"))) << "no file is left beside it";
+    SqliteStorage other(path("other.sqlite"));
+    other.setInt("key", 1);
+    EXPECT_EQ(other.getInt("key", 0), 1) << "the process goes on";
+    tally("Damaged or foreign file in the store's place", 1, HasFailure());
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -124,6 +155,109 @@ INSTANTIATE_TEST_SUITE_P(
                              },
                              "it was switched to write-ahead logging, which can damage it",
                              "switch it back with: sqlite3 FILE 'PRAGMA journal_mode=DELETE'"},
+                    Unusable{"Socket", &UnusableFile::makeSocket, "it is not a regular file", "move it away, or name another file"},
+                    Unusable{"DeviceBehindALink", [](std::filesystem::path const& file) { std::filesystem::create_symlink("/dev/null", file); },
+                             "it is not a regular file", "move it away, or name another file"},
+                    Unusable{"LinkLoop", [](std::filesystem::path const& file) { std::filesystem::create_symlink(file.filename(), file); },
+                             "Too many levels of symbolic links", access},
+                    Unusable{"LinkIntoAMissingFolder", [](std::filesystem::path const& file) { std::filesystem::create_symlink("no/where", file); },
+                             "it is a symbolic link to a file that does not exist", "remove the link, or restore the file that it names"},
+                    Unusable{"HeaderOnly",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::changed(file, [](std::string content) { return content.substr(0, 100); });
+                             },
+                             "database disk image is malformed", restore},
+                    Unusable{"FirstWordsOfTheHeaderOnly",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::changed(file, [](std::string content) { return content.substr(0, 16); });
+                             },
+                             "file is not a database", restore},
+                    Unusable{"RandomBytes",
+                             [](std::filesystem::path const& file) {
+                                 std::string bytes(40960, '\0');
+                                 std::mt19937 random(seed());
+                                 for (char& byte : bytes)
+                                     byte = static_cast<char>(random());
+                                 UnusableFile::overwrite(file, bytes);
+                             },
+                             "file is not a database", restore},
+                    Unusable{"ZeroesOnly", [](std::filesystem::path const& file) { UnusableFile::overwrite(file, std::string(8192, '\0')); },
+                             "file is not a database", restore},
+                    Unusable{"PageSizeThatIsNone",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::changed(file, [](std::string content) { return content.replace(16, 2, {'\0', '\3'}); });
+                             },
+                             "file is not a database", restore},
+                    Unusable{"OtherPageSize",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::changed(file, [](std::string content) { return content.replace(16, 2, {'\2', '\0'}); });
+                             },
+                             "malformed database schema (?)", restore},
+                    Unusable{"LaterFileFormat",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::changed(file, [](std::string content) { return content.replace(18, 2, "\3\3"); });
+                             },
+                             "file is not a database", restore},
+                    Unusable{"WriteAheadLogForReadersOnly",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::changed(file, [](std::string content) { return content.replace(19, 1, "\2"); });
+                             },
+                             "it was switched to write-ahead logging, which can damage it",
+                             "switch it back with: sqlite3 FILE 'PRAGMA journal_mode=DELETE'"},
+                    Unusable{"LaterSchemaFormat",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::changed(file, [](std::string content) { return content.replace(47, 1, "\11"); });
+                             },
+                             "unsupported file format", restore},
+                    Unusable{"FreePagesBeyondTheEnd",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::changed(file, [](std::string content) { return content.replace(35, 1, "c").replace(39, 1, "\1"); });
+                             },
+                             "the file is damaged (Main freelist: invalid page number 99)", restore},
+                    Unusable{"FreePagesThatAreNotThere",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::changed(file, [](std::string content) { return content.replace(39, 1, "\5"); });
+                             },
+                             "the file is damaged (Main freelist: size is 0 but should be 5)", restore},
+                    Unusable{"SchemaThatIsNoStatement",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::changed(file, [](std::string content) { return content.replace(content.find("CREATE TABLE"), 12, "CREATE FABLE"); });
+                             },
+                             "malformed database schema (settings) - near \"FABLE\": syntax error", restore},
+                    Unusable{"TableBeyondTheEnd",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::changedBySql(file, "PRAGMA writable_schema = ON; UPDATE sqlite_master SET rootpage = 99 WHERE name = 'settings'");
+                             },
+                             "malformed database schema (settings) - invalid rootpage", restore},
+                    Unusable{"TableWithOtherColumns",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::changedBySql(file, "DROP TABLE settings; CREATE TABLE settings (name, value)");
+                             },
+                             "no such column: kind", restore},
+                    Unusable{"TableWithoutItsKey",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::changedBySql(file, "DROP TABLE settings; CREATE TABLE settings (key, kind, value, changed)");
+                             },
+                             "ON CONFLICT clause does not match any PRIMARY KEY or UNIQUE constraint", restore},
+                    Unusable{"ViewInPlaceOfTheTable",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::changedBySql(file, "ALTER TABLE settings RENAME TO other; CREATE VIEW settings AS SELECT * FROM other");
+                             },
+                             "cannot modify settings because it is a view", restore},
+                    Unusable{"WrongApplicationId",
+                             [](std::filesystem::path const& file) { UnusableFile::changedBySql(file, "PRAGMA application_id = 1"); },
+                             "it is an SQLite file of another program", "move it away, or name another file"},
+                    Unusable{"AnotherProgramsDatabaseInUtf16",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::sql(file, "PRAGMA encoding = 'UTF-16'; CREATE TABLE settings (key TEXT PRIMARY KEY, kind TEXT, value, changed)");
+                             },
+                             "it is an SQLite file of another program", "move it away, or name another file"},
+                    Unusable{"FolderInPlaceOfItsJournal",
+                             [](std::filesystem::path const& file) {
+                                 UnusableFile::store(file);
+                                 std::filesystem::create_directory(file.string() + "-journal");
+                             },
+                             "disk I/O error", "check the disk and its space, and try again"},
                     Unusable{"Folder", [](std::filesystem::path const& file) { std::filesystem::create_directory(file); },
                              "it is not a regular file", "move it away, or name another file"},
                     Unusable{"Fifo", [](std::filesystem::path const& file) { ::mkfifo(file.c_str(), 0600); }, "it is not a regular file",
@@ -131,6 +265,107 @@ INSTANTIATE_TEST_SUITE_P(
                     Unusable{"DanglingLink", [](std::filesystem::path const& file) { std::filesystem::create_symlink("nowhere", file); },
                              "it is a symbolic link to a file that does not exist", "remove the link, or restore the file that it names"}),
     byMeaning);
+
+// --- Files that are damaged in one place after the other ---
+
+class DamagedPlaces : public StoreFolder {
+protected:
+    static constexpr std::size_t page = 4096;
+
+    void SetUp() override
+    {
+        UnusableFile::store(path());
+        m_whole = content(path());
+        ASSERT_EQ(m_whole.size() % page, 0u);
+        ASSERT_GT(m_whole.size() / page, 5u);
+    }
+
+    // Why the store is not opened; its file is left as it is.
+    std::string reasonFor(std::string const& damaged)
+    {
+        overwrite(path(), damaged);
+        std::string reason = "it was opened";
+        try {
+            SqliteStorage const store(path());
+        } catch (StorageError const& error) {
+            reason = error.what();
+            std::string const before = path().string() + ": cannot open the store: ";
+            std::string const after = std::string("; ") + restore;
+            EXPECT_EQ(reason.substr(0, before.size()), before);
+            EXPECT_EQ(reason.substr(std::max(reason.size(), after.size()) - after.size()), after);
+            reason = reason.substr(before.size(), reason.size() - before.size() - after.size());
+        }
+        EXPECT_TRUE(content(path()) == damaged) << "the file was changed";
+        ++m_files;
+        return reason;
+    }
+
+    void TearDown() override { tally("Damaged or foreign file in the store's place", m_files, HasFailure()); }
+
+    std::string m_whole;
+    int m_files = 0;
+};
+
+TEST_F(DamagedPlaces, FileThatIsCutAtAnyPageIsNamed)
+{
+    for (std::size_t at = page; at < m_whole.size(); at += page)
+        EXPECT_EQ(reasonFor(m_whole.substr(0, at)), "database disk image is malformed") << "cut at " << at;
+    for (std::size_t at = 2000; at < m_whole.size() - page; at += page)
+        EXPECT_EQ(reasonFor(m_whole.substr(0, at)), "database disk image is malformed") << "cut at " << at;
+}
+
+TEST_F(DamagedPlaces, AnyPageOfZeroesIsNamed)
+{
+    EXPECT_EQ(reasonFor(std::string(m_whole).replace(0, page, page, '\0')), "file is not a database");
+    for (std::size_t number = 2; number <= m_whole.size() / page; ++number)
+        EXPECT_EQ(reasonFor(std::string(m_whole).replace((number - 1) * page, page, page, '\0')),
+                  "the file is damaged (Page " + std::to_string(number) + ": btreeInitPage() returns error code 11)");
+}
+
+TEST_F(DamagedPlaces, AnyPageOfRandomBytesIsNamed)
+{
+    std::mt19937 random(seed());
+    for (int round = 0; round < times(2, 50); ++round)
+        for (std::size_t at = 0; at < m_whole.size(); at += page) {
+            std::string damaged = m_whole;
+            for (std::size_t byte = at; byte < at + page; ++byte)
+                damaged[byte] = static_cast<char>(random());
+            std::string const reason = reasonFor(damaged);
+            EXPECT_NE(reason, "it was opened") << "EDITOR_SETTINGS_SEED=" << seed() << ", page at " << at;
+            EXPECT_TRUE(at > 0 || reason == "file is not a database") << reason;
+        }
+}
+
+// --- What lies beside a store and is not its own ---
+
+struct Companion {
+    char const* meaning;
+    std::string journal;
+};
+
+class StrangeJournal : public StoreFolder, public testing::WithParamInterface<Companion> {};
+
+TEST_P(StrangeJournal, ChangesNothingAndIsNotInTheWay)
+{
+    UnusableFile::store(path());
+    std::string const before = content(path());
+    overwrite(path("store.sqlite-journal"), GetParam().journal);
+    SqliteStorage store(path());
+    EXPECT_EQ(store.rows().size(), 200u);
+    EXPECT_EQ(store.getString("key 7", ""), std::string(100, 'x'));
+    EXPECT_TRUE(content(path()) == before);
+    store.setString("key 7", "value");
+    EXPECT_EQ(SqliteStorage(path()).getString("key 7", ""), "value");
+    EXPECT_EQ(SqliteStorage(path()).rows().size(), 200u);
+}
+
+std::string const journalMagic("\xd9\xd5\x05\xf9\x20\xa1\x63\xd7");
+
+INSTANTIATE_TEST_SUITE_P(Table, StrangeJournal,
+                         testing::Values(Companion{"Text", std::string(5000, 'j')}, Companion{"OneByte", "x"},
+                                         Companion{"Zeroes", std::string(5000, '\0')}, Companion{"FirstWordOnly", journalMagic},
+                                         Companion{"DamagedAfterItsFirstWord", journalMagic + std::string(5000, 'j')}),
+                         byMeaning);
 
 class SqliteFaults : public StoreFolder {
 protected:

@@ -31,6 +31,9 @@ using Storage::StorageError;
 
 class Kill : public StoreFolder {
 protected:
+    Kill() : m_mask(::umask(0)) {} // that nobody else may read the files is not the mask's merit
+    ~Kill() override { ::umask(m_mask); }
+
     virtual std::filesystem::path folder() const { return path("folder"); }
     std::filesystem::path file() const { return folder() / "store.sqlite"; }
 
@@ -50,8 +53,10 @@ protected:
         auto const files = left();
         Ledger const before(ledger);
         int const failuresBefore = failures();
-        for (auto const& [name, bytes] : files)
+        for (auto const& [name, bytes] : files) {
             EXPECT_TRUE(name == "store.sqlite" || name == "store.sqlite-journal") << name << " was left";
+            EXPECT_EQ(mode(folder() / name), 0600u) << name << ", of " << bytes.size() << " bytes";
+        }
         try {
             auto duration = startAndWrite(ledger);
             // A busy disk may be slow once; what the store needs shows in the best of three starts from the same files.
@@ -86,8 +91,10 @@ protected:
         std::filesystem::remove_all(folder());
         if (!files.empty())
             std::filesystem::create_directory(folder());
-        for (auto const& [name, bytes] : files)
+        for (auto const& [name, bytes] : files) {
             overwrite(folder() / name, bytes);
+            ::chmod((folder() / name).c_str(), 0600);
+        }
     }
 
 private:
@@ -118,6 +125,7 @@ private:
         return duration;
     }
 
+    mode_t const m_mask;
     std::chrono::steady_clock::duration m_slowest{};
     int m_busyDisk = 0;
 };

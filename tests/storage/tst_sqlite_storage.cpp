@@ -41,7 +41,7 @@ class SqliteStore : public StoreFolder {};
 
 TEST_F(SqliteStore, IsCreatedForItsOwnerOnlyWhateverTheUmask)
 {
-    for (mode_t const mask : {0u, 022u, 0777u}) {
+    for (mode_t const mask : {0u, 022u, 077u, 0777u}) {
         std::filesystem::remove_all(path("new"));
         mode_t const earlier = ::umask(mask);
         {
