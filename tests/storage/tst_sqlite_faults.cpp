@@ -233,7 +233,7 @@ INSTANTIATE_TEST_SUITE_P(
                              [](std::filesystem::path const& file) {
                                  UnusableFile::changedBySql(file, "DROP TABLE settings; CREATE TABLE settings (name, value)");
                              },
-                             "no such column: kind", restore},
+                             "no such column: key", restore},
                     Unusable{"TableWithoutItsKey",
                              [](std::filesystem::path const& file) {
                                  UnusableFile::changedBySql(file, "DROP TABLE settings; CREATE TABLE settings (key, kind, value, changed)");
