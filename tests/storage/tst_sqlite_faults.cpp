@@ -107,6 +107,8 @@ INSTANTIATE_TEST_SUITE_P(
                              "file is not a database", restore},
                     Unusable{"ShortTextFile", [](std::filesystem::path const& file) { std::ofstream(file) << "[General]\nkey=value\n"; },
                              "file is not a database", restore},
+                    Unusable{"FileThatEndsInsideTheHeader", [](std::filesystem::path const& file) { std::ofstream(file) << "SQLite"; },
+                             "file is not a database", restore},
                     Unusable{"DamagedHeader",
                              [](std::filesystem::path const& file) {
                                  UnusableFile::changed(file, [](std::string content) { return content.replace(0, 8, 8, '\0'); });
@@ -414,6 +416,23 @@ TEST_F(SqliteFaults, FolderThatMayNotBeWrittenIsNamed)
     EXPECT_EQ(inChild([&] { return SqliteStorage(folder / "store.sqlite"), std::string("opened"); }, asOrdinaryUser),
               (folder / "store.sqlite").string() + ": cannot create the store: Permission denied; " + access);
     EXPECT_TRUE(std::filesystem::is_empty(folder));
+}
+
+TEST_F(SqliteFaults, FolderThatMayNotBeEnteredIsNamed)
+{
+    std::filesystem::path const folder = ordinaryFolder();
+    ::chmod(folder.c_str(), 0600);
+    EXPECT_EQ(inChild([&] { return SqliteStorage(folder / "store.sqlite"), std::string("opened"); }, asOrdinaryUser),
+              (folder / "store.sqlite").string() + ": cannot open the store: Permission denied; " + access);
+}
+
+TEST_F(SqliteFaults, FolderThatMayNotBeListedTakesAStoreAllTheSame)
+{
+    std::filesystem::path const folder = ordinaryFolder();
+    ::chmod(folder.c_str(), 0300);
+    EXPECT_EQ(inChild([&] { return SqliteStorage(folder / "store.sqlite").setInt("key", 1), std::string("set"); }, asOrdinaryUser), "set");
+    ::chmod(folder.c_str(), 0700);
+    EXPECT_EQ(SqliteStorage(folder / "store.sqlite").getInt("key", 0), 1);
 }
 
 TEST_F(SqliteFaults, FileThatMayNotBeReadIsNamed)
