@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+//
+// Where the user's standard directories lie. Both functions only compute a path: neither creates nor checks a
+// directory. They may be called from any thread while no thread changes the environment.
+#pragma once
+
+#include <Lumora/Util/Export.h>
+
+#include <QStandardPaths>
+#include <QString>
+
+namespace Lumora {
+namespace Util {
+
+/// The directory that the platform gives the user for `location`, such as "/home/u/Videos" for the movies location:
+/// `QStandardPaths::writableLocation`. Absolute, "/" as separator; empty where the platform has no such location.
+LUMORA_UTIL_EXPORT QString GetStandardPath(QStandardPaths::StandardLocation location);
+
+/// The user-library folder called `name`: that folder in the movies location, such as "/home/u/Videos/Lumora Library".
+LUMORA_UTIL_EXPORT QString GetLumoraLibraryPath(QString name);
+
+} // namespace Util
+} // namespace Lumora

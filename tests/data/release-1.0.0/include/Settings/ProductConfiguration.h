@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <Settings/Export.h>
+
+#include <QString>
+
+namespace Configuration {
+
+/// "Lumora Video Editor": the product's folder in every standard location that the library places folders in.
+/// It exists before every other object of the library and is read-only: any thread may read it.
+extern EDITOR_SETTINGS_EXPORT QString const productDataFolder;
+
+} // namespace Configuration
