@@ -275,14 +275,15 @@ void Row::write(Value const& value) const
 
 namespace {
 
-// A store that answers as if nothing were stored, and notes what it was asked for.
+// A store that answers as if nothing were stored, and notes what it was asked for and the text that it was given.
 class NothingStored final : public ISettingsStorage {
 public:
     std::optional<std::string> askedKey() const { return m_askedKey; }
+    std::string const& writtenText() const { return m_writtenText; }
 
     void setBool(std::string const&, bool) override {}
     void setInt(std::string const&, int) override {}
-    void setString(std::string const&, std::string const&) override {}
+    void setString(std::string const&, std::string const& value) override { m_writtenText = value; }
     void setBytes(std::string const&, std::vector<unsigned char> const&) override {}
     bool contains(std::string const&) const override { return false; }
     void remove(std::string const&) override {}
@@ -303,6 +304,7 @@ private:
     }
 
     mutable std::optional<std::string> m_askedKey;
+    std::string m_writtenText;
 };
 
 // The library bound to `context`, for as long as the object lives.
@@ -396,6 +398,14 @@ bool comesBackUnchanged(QStringList const& list)
     WithoutStoredValues const stores;
     bool const useCommonStorage = false;
     return ::read("list", list, useCommonStorage) == list;
+}
+
+std::string storedText(QStringList const& list)
+{
+    WithoutStoredValues const stores;
+    bool const useCommonStorage = false;
+    ::write("list", list, useCommonStorage);
+    return stores.product->writtenText();
 }
 
 } // namespace Catalogue

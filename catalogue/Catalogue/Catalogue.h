@@ -144,5 +144,7 @@ Observation observe(Family const& family, QString const& name);
 /// Whether a list comes back from a store as it was written: empty elements are lost, and the library's separator
 /// splits an element that holds it.
 bool comesBackUnchanged(QStringList const& list);
+/// The text that the library stores a list as.
+std::string storedText(QStringList const& list);
 
 } // namespace Catalogue

@@ -280,7 +280,7 @@ public:
     Report examine()
     {
         return attempt("examine the store", [&]() -> Report {
-            return {sqlite3_libversion(), m_database.execAndGet("PRAGMA journal_mode").getString(), schemaVersion(), damageOf(m_database)};
+            return {sqliteVersion(), m_database.execAndGet("PRAGMA journal_mode").getString(), schemaVersion(), damageOf(m_database)};
         });
     }
 };
@@ -344,5 +344,7 @@ std::filesystem::path const& SqliteStorage::file() const noexcept { return m_con
 std::string SqliteStorage::readOnlyReason() const { return m_connection->readOnlyReason(); }
 
 SqliteStorage::Report SqliteStorage::examine() const { return m_connection->examine(); }
+
+std::string SqliteStorage::sqliteVersion() { return sqlite3_libversion(); }
 
 } // namespace Storage

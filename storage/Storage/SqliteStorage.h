@@ -106,6 +106,8 @@ public:
     bool isReadOnly() const { return !readOnlyReason().empty(); }
     /// Why every change is refused, and what to do; empty where changes are taken.
     std::string readOnlyReason() const;
+    /// The version of SQLite that all stores are read and written with.
+    static std::string sqliteVersion();
     /// Looks the file over, whole.
     Report examine() const;
 

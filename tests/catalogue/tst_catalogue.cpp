@@ -118,6 +118,9 @@ TEST_F(CatalogueOfPreferences, ListsThatComeBackUnchangedAreToldFromOthers)
     EXPECT_FALSE(Catalogue::comesBackUnchanged(list({"a", ""})));
     EXPECT_FALSE(Catalogue::comesBackUnchanged(list({"x|#|y"})));
     EXPECT_FALSE(Catalogue::comesBackUnchanged(list({"a|#", "|b"}))) << "joined, the two make up a separator too many";
+    EXPECT_EQ(Catalogue::storedText({}), "");
+    EXPECT_EQ(Catalogue::storedText(list({"a"})), "a");
+    EXPECT_EQ(Catalogue::storedText(list({"a", "", "b c"})), "a|#||#|b c");
     EXPECT_EQ(calls(), Calls{}) << "no store is touched to find out";
 }
 

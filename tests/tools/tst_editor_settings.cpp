@@ -199,7 +199,7 @@ INSTANTIATE_TEST_SUITE_P(Table, WrongUsage,
 TEST_F(Tool, WrongVerbIsAnsweredWithTheVerbs)
 {
     std::string const rest = "The verbs are list, get, set, unset, explain, paths, next-name, project, favorites, indication, tutorials, "
-                             "colors, target-history, backup, restore, monitor, completion and manual.\nRun with --help for more information.\n";
+                             "colors, target-history, backup, restore, monitor, doctor, completion and manual.\nRun with --help for more information.\n";
     EXPECT_EQ(refused({}, 2), "editor-settings: A verb is required\n" + rest);
     EXPECT_EQ(refused({"forget"}, 2), "editor-settings: The following argument was not expected: forget\n" + rest);
     EXPECT_EQ(refused({"--loud"}, 2), "editor-settings: The following argument was not expected: --loud\n" + rest);
@@ -212,7 +212,7 @@ TEST_F(Tool, HelpTellsVerbsAndExitStatus)
          {"list", "get", "set", "unset", "explain", "--home", "EDITOR_SETTINGS_HOME", "--product", "EDITOR_SETTINGS_PRODUCT"})
         EXPECT_NE(help.find(word), std::string::npos) << word;
     EXPECT_NE(help.find("  0  done\n  1  said no: unknown key, wrong value, trouble with a store or the product file, a folder that "
-                        "cannot be used\n  2  wrong usage\n"),
+                        "cannot be used,\n     or doctor found something wrong\n  2  wrong usage\n"),
               std::string::npos);
     EXPECT_NE(said({"set", "--help"}).find("base64"), std::string::npos);
     EXPECT_EQ(said({"--version"}), "1.0.0\n");
@@ -228,6 +228,7 @@ TEST_F(Tool, LookingMakesNoStore)
                                                  {"paths"},
                                                  {"next-name", "audio"},
                                                  {"project"},
+                                                 {"doctor"},
                                                  {"favorites", "x"},
                                                  {"tutorials"}})
         EXPECT_EQ(tool(look).status, 0) << look.front();

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Paths.h"
 
-#include "FolderCheck.h"
 #include "Nearest.h"
 #include "Origin.h"
 #include "Setting.h"
@@ -87,6 +86,9 @@ Location oneLocation(PathsOptions const& options)
     return locationOf(*place, options.argument);
 }
 
+// Where any name will do, the one that a listing shows is an example: there is nothing to check.
+bool isExample(Location const& location) { return location.place->arguments.size() == 1; }
+
 bool isPattern(std::string const& name) { return name.find_first_of("*?[") != std::string::npos; }
 
 std::vector<Location> askedLocations(PathsOptions const& options)
@@ -100,8 +102,6 @@ std::vector<Location> askedLocations(PathsOptions const& options)
         return !options.name.empty() && ::fnmatch(options.name.c_str(), location.name.c_str(), 0) != 0;
     };
     locations.erase(std::remove_if(locations.begin(), locations.end(), isLeftOut), locations.end());
-    // Where any name will do, the one that a listing shows is an example: there is nothing to check.
-    auto const isExample = [](Location const& location) { return location.place->arguments.size() == 1; };
     if (options.view == PathsView::check)
         locations.erase(std::remove_if(locations.begin(), locations.end(), isExample), locations.end());
     return locations;
@@ -252,6 +252,15 @@ std::vector<std::string> pathNames()
         names.push_back(place.name);
     std::sort(names.begin(), names.end());
     return names;
+}
+
+std::vector<WrittenFolder> foldersToWrite()
+{
+    std::vector<WrittenFolder> folders;
+    for (Location const& location : allLocations())
+        if (location.use == Use::written && !isExample(location))
+            folders.push_back({location.label(), location.path, checkFolderToWrite(location.path)});
+    return folders;
 }
 
 void showPaths(Host::Application const& application, PathsOptions const& options, Format format)

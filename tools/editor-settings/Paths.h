@@ -3,6 +3,7 @@
 // The verb about locations.
 #pragma once
 
+#include "FolderCheck.h"
 #include "Printing.h"
 
 #include <Host/Application.h>
@@ -25,6 +26,16 @@ struct PathsOptions {
 /// Prints the locations. Throws `Refusal` for an unknown one, and after a check where the editor cannot use one that it
 /// writes to.
 void showPaths(Host::Application const& application, PathsOptions const& options, Format format);
+
+/// A folder that the editor writes to.
+struct WrittenFolder {
+    std::string label;
+    QString path;
+    FolderCheck check;
+};
+
+/// All of them, as they are now, sorted by their names.
+std::vector<WrittenFolder> foldersToWrite();
 
 /// The names of all locations, sorted.
 std::vector<std::string> pathNames();

@@ -126,6 +126,15 @@ Setting setting(Host::Application const& application, std::string const& key)
     throw Refusal("there is no preference " + quotedBriefly(key) + "; " + suggestion(key) + "'editor-settings list' shows all");
 }
 
+bool isInAFamily(std::string const& key)
+{
+    auto const isMember = [&](Family const& family) {
+        std::string const beginning = prefix(family);
+        return beginsWith(key, beginning) && Catalogue::observe(family, QString::fromStdString(key.substr(beginning.size()))).key == key;
+    };
+    return std::any_of(Catalogue::families().begin(), Catalogue::families().end(), isMember);
+}
+
 std::vector<Setting> allSettings(Host::Application const& application)
 {
     std::vector<Setting> settings;

@@ -41,6 +41,8 @@ std::string const& storageTrouble(Host::Application const& application, Catalogu
 
 /// The setting under `key`. Throws `Refusal`, with what may have been meant.
 Setting setting(Host::Application const& application, std::string const& key);
+/// Whether the library makes `key` from a name, as one of those that the editor keeps under names of its own.
+bool isInAFamily(std::string const& key);
 /// All preferences, and the members of families that are stored, sorted by key.
 std::vector<Setting> allSettings(Host::Application const& application);
 /// The key of the member `member` of a family. Throws `Refusal` where it is not UTF-8.

@@ -3,6 +3,7 @@
 #include "CommandWalk.h"
 #include "Commands.h"
 #include "Completion.h"
+#include "Doctor.h"
 #include "Manual.h"
 #include "Monitor.h"
 #include "NextName.h"
@@ -25,7 +26,8 @@ std::vector<Note> const& notes()
 {
     static std::vector<Note> const all = {
         {"Exit status", R"(  0  done
-  1  said no: unknown key, wrong value, trouble with a store or the product file, a folder that cannot be used
+  1  said no: unknown key, wrong value, trouble with a store or the product file, a folder that cannot be used,
+     or doctor found something wrong
   2  wrong usage)"},
         {"Output", R"(Values are printed to standard output, reasons to standard error. With --plain a backslash is printed as \\, a tab
 as \t, line breaks as \n and \r, other control characters and bytes that are not UTF-8 as \xHH, and a list as a JSON array.
@@ -167,6 +169,8 @@ public:
         std::filesystem::path const productFile =
             m_productFile.empty() ? Host::installedProductFile() : std::filesystem::path(m_productFile);
         std::optional<std::filesystem::path> const home = m_home.empty() ? std::nullopt : std::optional<std::filesystem::path>(m_home);
+        if (*m_doctor)
+            return examineAll(productFile, home, m_doctorFormat) ? 0 : saidNo;
         Host::Application const application(productFile, home, policy());
         noteStoresThatTakeNoChange(application);
         answer(application);
@@ -378,6 +382,8 @@ private:
     CLI::App* m_backup = m_app.add_subcommand("backup", "Copies both stores into one file, also while the editor runs");
     CLI::App* m_restore = m_app.add_subcommand("restore", "Brings the stores of a backup back, and keeps what was there");
     CLI::App* m_monitor = m_app.add_subcommand("monitor", "Prints the changes that other processes make, as they happen");
+    CLI::App* m_doctor =
+        m_app.add_subcommand("doctor", "What is wrong with the stores, what they hold and the folders; exit status 1 where something is");
     CLI::App* m_completion = m_app.add_subcommand("completion", "A completion script for a shell, to be sourced");
     CLI::App* m_manual = m_app.add_subcommand("manual", "The manual page, for man");
     FormatOptions m_listFormat{m_list, asJsonWithBytes};
@@ -388,6 +394,7 @@ private:
     FormatOptions m_projectFormat{m_project, asJson};
     FormatOptions m_restoreFormat{m_restore, asJsonWithBytes};
     FormatOptions m_monitorFormat{m_monitor, "One JSON object a line; bytes in base64"};
+    FormatOptions m_doctorFormat{m_doctor, asJson};
     ListOptions m_listOptions;
     PathsOptions m_pathsOptions;
     NextNameOptions m_nextNameOptions;

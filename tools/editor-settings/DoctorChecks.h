@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+//
+// What can be wrong with the stores, with what they hold and with the folders that the editor writes to. Each check looks
+// and changes nothing.
+#pragma once
+
+#include <Catalogue/Catalogue.h>
+#include <Host/Application.h>
+#include <Storage/FileSystem.h>
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+enum class Severity {
+    note,    ///< Nothing is wrong.
+    warning, ///< Something does not work as it seems to, or may be lost.
+    error,   ///< Something does not work.
+};
+
+struct Finding {
+    Severity severity;
+    char const* check;  ///< The name of what was found, for scripts; the same in every version.
+    std::string what;   ///< For people.
+    std::string remedy; ///< What to do.
+    std::optional<Catalogue::Store> store = std::nullopt;
+    std::string key = {};  ///< Empty where it is about no key.
+    std::string path = {}; ///< Empty where it is about no file or folder.
+};
+
+using Findings = std::vector<Finding>;
+
+/// A store with all that is known of it.
+struct ExaminedStore {
+    Catalogue::Store store;
+    std::filesystem::path file;
+    Storage::FileSystem fileSystem;
+    std::string trouble; ///< Why it cannot be used; empty where it can, or is missing.
+    bool isMissing = false;
+    std::string readOnlyReason;            ///< Empty where it takes changes, is missing or cannot be used.
+    Storage::SqliteStorage::Report report; ///< Of one that can be used, as are the rows.
+    std::vector<Storage::SqliteStorage::Row> rows;
+
+    bool isNewer() const { return report.schemaVersion > Storage::SqliteStorage::writtenSchema; }
+};
+
+ExaminedStore examined(Host::Application const& application, Catalogue::Store store);
+
+/// What an error of a store is about, without its file, and what to do, which stands behind.
+Finding findingOf(std::string const& trouble, ExaminedStore const& store, Severity severity, char const* check);
+
+// The file of a store.
+Findings checkAccess(ExaminedStore const& store);
+Findings checkModes(ExaminedStore const& store);
+Findings checkJournal(ExaminedStore const& store);
+Findings checkFileSystem(ExaminedStore const& store);
+
+// What a store holds.
+Findings checkKeys(ExaminedStore const& store);
+Findings checkRationals(ExaminedStore const& store);
+Findings checkValues(Host::Application const& application, ExaminedStore const& store);
+
+// What the editor writes.
+Findings checkRunningNumbers();
+Findings checkFolders();
