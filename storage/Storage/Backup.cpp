@@ -225,6 +225,7 @@ std::optional<fs::path> Backup::restore(std::string const& name, fs::path const&
     return translated(target, attempt, [&]() -> std::optional<fs::path> {
         std::error_code ignored;
         if (fs::symlink_status(target, ignored).type() == fs::file_type::not_found) {
+            setAside(target); // a journal may be there alone
             if (writeNewFile(target, copy.content(), attempt))
                 return std::nullopt;
         }

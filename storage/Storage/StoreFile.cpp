@@ -88,6 +88,13 @@ int waitForOthers(void* timeout, int earlier)
     return 1;
 }
 
+bool hasJournal(fs::path const& file)
+{
+    std::error_code error;
+    std::uintmax_t const size = fs::file_size(file.string() + "-journal", error);
+    return !error && size > 0;
+}
+
 // Whether the file is there, after making sure that it may be a store at all. Asks for names and sizes only: to open
 // and close the file here would drop the locks that another store object of this process holds on it.
 bool isThere(fs::path const& file)
@@ -100,6 +107,9 @@ bool isThere(fs::path const& file)
     if (target.type() == fs::file_type::not_found) {
         if (fs::is_symlink(fs::symlink_status(file, error)))
             refuse("it is a symbolic link to a file that does not exist", "remove the link, or restore the file that it names");
+        if (hasJournal(file) && !fs::exists(file, error)) // asked again: the journal may be of one that was just made
+            refuse("it is gone, but its journal is there and would be played back into a new one",
+                   "bring the store back beside its journal, or move the journal away");
         return false;
     }
     if (error)

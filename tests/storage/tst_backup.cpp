@@ -236,6 +236,18 @@ TEST_F(Backups, MissingStoreIsMade)
     EXPECT_EQ(mode(path("new") / "store.sqlite"), 0600u);
 }
 
+TEST_F(Backups, JournalOfAStoreThatIsGoneIsMovedAside)
+{
+    backUp("value");
+    overwrite(path("store.sqlite-journal"), "its journal");
+    EXPECT_EQ(Backup(path("copy.backup")).restore("product", path()), std::nullopt);
+    EXPECT_EQ(SqliteStorage(path()).getString("text", ""), "value");
+    Names const now = entries();
+    ASSERT_EQ(now.size(), 5u);
+    EXPECT_EQ(now[4].substr(0, 28), "store.sqlite.before-restore-");
+    EXPECT_EQ(content(path(now[4].c_str())), "its journal");
+}
+
 TEST_F(Backups, UsableStoreGetsTheValuesAndWhatWasThereIsKept)
 {
     backUp("value");

@@ -164,6 +164,30 @@ TEST_F(SqliteUpkeep, EveryDamageIsReportedAndNothingIsMended)
     EXPECT_EQ(content(path()), damaged);
 }
 
+TEST_F(SqliteUpkeep, JournalOfAStoreThatIsGoneIsNotPlayedBackIntoANewOne)
+{
+    std::string journal;
+    {
+        SqliteStorage store(path());
+        store.setString("key", std::string(20000, 'x'));
+        OtherProgram other(path());
+        other.execute("PRAGMA cache_size = 1; BEGIN; UPDATE settings SET value = 'new'; INSERT INTO settings VALUES ('k', 's', "
+                      "zeroblob(100000), 5)");
+        journal = content(path("store.sqlite-journal"));
+    }
+    ASSERT_GT(journal.size(), 4096u);
+    std::filesystem::remove(path());
+    overwrite(path("store.sqlite-journal"), journal);
+    EXPECT_EQ(refusal([&] { SqliteStorage const store(path()); }),
+              path().string() + ": cannot open the store: it is gone, but its journal is there and would be played back into a new one; "
+                                "bring the store back beside its journal, or move the journal away");
+    EXPECT_FALSE(std::filesystem::exists(path()));
+    EXPECT_EQ(content(path("store.sqlite-journal")), journal);
+    std::filesystem::rename(path("store.sqlite-journal"), path("elsewhere"));
+    SqliteStorage(path()).setInt("key", 1);
+    EXPECT_EQ(SqliteStorage(path()).getInt("key", 0), 1);
+}
+
 // --- Files of other versions ---
 
 TEST_F(SqliteUpkeep, FileOfTheFirstSchemaIsReadWhole)
