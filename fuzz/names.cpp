@@ -53,7 +53,7 @@ public:
             return;
         std::string const file = m_path + '/' + name;
         if (slash == std::string::npos)
-            ::close(::open(file.c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600));
+            ::close(::open(file.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0600));
         else if (slash + 1 == entry.size())
             ::mkdir(file.c_str(), 0700);
         else
