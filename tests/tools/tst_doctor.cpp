@@ -11,6 +11,7 @@
 #include <climits>
 #include <cstdlib>
 #include <fstream>
+#include <optional>
 
 #include <sqlite3.h>
 #include <sys/stat.h>
@@ -22,14 +23,25 @@ using Words = std::vector<std::string>;
 using Storage::SqliteStorage;
 
 // Homes of tests are made where a file system keeps what it is given, which the folder of temporary files may not be.
-struct LastingFolder {
+class LastingFolder {
+public:
     LastingFolder() { ::setenv("TMPDIR", "/var/tmp", 1); }
+    ~LastingFolder()
+    {
+        if (m_earlier)
+            ::setenv("TMPDIR", m_earlier->c_str(), 1);
+        else
+            ::unsetenv("TMPDIR");
+    }
+    LastingFolder(LastingFolder const&) = delete;
+    LastingFolder& operator=(LastingFolder const&) = delete;
+
+private:
+    std::optional<std::string> const m_earlier = std::getenv("TMPDIR") ? std::optional<std::string>(std::getenv("TMPDIR")) : std::nullopt;
 };
 
 class Doctor : private LastingFolder, public Tool {
 protected:
-    ~Doctor() override { ::unsetenv("TMPDIR"); }
-
     // A healthy beginning: both stores.
     void SetUp() override
     {
@@ -544,6 +556,7 @@ INSTANTIATE_TEST_SUITE_P(
                  "stabilizedFilePath",
                  stabilized,
                  "a-b--2147483648.x'"},
+        Numbered{"ClipWithTwoNumbers", {stabilized + "/a-2147483647-2.mov"}, "error", "stabilizedFilePath", stabilized, "a--2147483648.x'"},
         Numbered{"ClipNearTheEnd", {stabilized + "/a-2147483000.mov"}, "warning", "stabilizedFilePath", stabilized, "a-2147483001.x'"},
         Numbered{"ClipBeforeThat", {stabilized + "/a-2147482646.mov", stabilized + "/a-99999999999.mov"}, nullptr, "", "", ""},
         Numbered{"FilesInAnotherFolder",

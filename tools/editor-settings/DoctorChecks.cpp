@@ -370,7 +370,8 @@ Findings checkValues(Host::Application const& application, ExaminedStore const& 
 
 namespace {
 
-constexpr int nearTheEdge = 1000;
+constexpr long long greatest = std::numeric_limits<int>::max();
+constexpr long long nearTheEdge = greatest - 1000;
 
 // The number in a proposed name, by a pattern that has one group for it.
 std::optional<long long> numberIn(QString const& path, QString const& pattern)
@@ -381,9 +382,8 @@ std::optional<long long> numberIn(QString const& path, QString const& pattern)
 
 void checkNextNumber(QString const& proposed, QString const& pattern, char const* preference, Findings& findings)
 {
-    long long const greatest = std::numeric_limits<int>::max();
     std::optional<long long> const number = numberIn(proposed, pattern);
-    if (!number || (*number >= 0 && *number <= greatest - nearTheEdge))
+    if (!number || (*number >= 0 && *number <= nearTheEdge))
         return;
     std::string const folder = QFileInfo(proposed).path().toStdString();
     std::string const next = "; the next is " + quoted(QFileInfo(proposed).fileName().toStdString());
@@ -397,16 +397,19 @@ void checkNextNumber(QString const& proposed, QString const& pattern, char const
                             Store::product, preference, folder});
 }
 
-// What stands before the running number in the names of a folder, where that is great: only these can be near the edge.
+// What stands before the running number in the names of a folder, where that is near the edge. The library says what it
+// makes of them; to ask it about every name would take long.
 std::set<QString> stemsOfGreatNumbers(QString const& folder, QString const& pattern)
 {
-    QRegularExpression const name(pattern);
+    QRegularExpression const numbered(pattern);
     std::set<QString> stems;
-    for (QString const& file : QDir(folder).entryList(QDir::Files)) {
-        QRegularExpressionMatch const match = name.match(file);
-        if (match.hasMatch())
-            stems.insert(match.captured(1));
-    }
+    for (QString const& name : QDir(folder).entryList(QDir::Files))
+        for (auto matches = numbered.globalMatch(name); matches.hasNext();) {
+            QRegularExpressionMatch const match = matches.next();
+            long long const number = match.captured(1).toLongLong();
+            if (number >= nearTheEdge && number <= greatest)
+                stems.insert(name.left(match.capturedStart()));
+        }
     return stems;
 }
 
@@ -417,10 +420,10 @@ Findings checkRunningNumbers()
     Findings findings;
     checkNextNumber(Settings::generateAudioRecordFilePath(), QStringLiteral("^Rec-(-?\\d+)-"), "audioRecordPath", findings);
     // A source with that stem and any extension gets the next name.
-    for (QString const& stem : stemsOfGreatNumbers(Settings::exportPath(), QStringLiteral("^(.*) \\(0*\\d{10}\\)\\.")))
+    for (QString const& stem : stemsOfGreatNumbers(Settings::exportPath(), QStringLiteral(" \\((\\d+)\\)\\.")))
         checkNextNumber(Settings::generateFreezedFilePath(stem + QStringLiteral(".x")), QStringLiteral(" \\((-?\\d+)\\)\\.[^.]*$"),
                         "exportPath", findings);
-    for (QString const& stem : stemsOfGreatNumbers(Settings::stabilizedFilePath(), QStringLiteral("^([^.]*)-0*\\d{10}(?!\\d)[^.]*\\.")))
+    for (QString const& stem : stemsOfGreatNumbers(Settings::stabilizedFilePath(), QStringLiteral("-(\\d+)")))
         checkNextNumber(Settings::generateStabilizedFilePath(stem + QStringLiteral(".x"), QStringLiteral("x")),
                         QStringLiteral("-(-?\\d+)\\.x$"), "stabilizedFilePath", findings);
     return findings;
