@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Files that are whole when they get their name. Internal.
+// Files that are whole when they get their name. For the rooms of this project; not installed.
 #pragma once
 
 #include <filesystem>

@@ -199,7 +199,8 @@ INSTANTIATE_TEST_SUITE_P(Table, WrongUsage,
 TEST_F(Tool, WrongVerbIsAnsweredWithTheVerbs)
 {
     std::string const rest = "The verbs are list, get, set, unset, explain, paths, next-name, project, favorites, indication, tutorials, "
-                             "colors, target-history, backup, restore, monitor, doctor, completion and manual.\nRun with --help for more information.\n";
+                             "colors, target-history, backup, restore, monitor, doctor, export, import, diff, completion and manual.\nRun "
+                             "with --help for more information.\n";
     EXPECT_EQ(refused({}, 2), "editor-settings: A verb is required\n" + rest);
     EXPECT_EQ(refused({"forget"}, 2), "editor-settings: The following argument was not expected: forget\n" + rest);
     EXPECT_EQ(refused({"--loud"}, 2), "editor-settings: The following argument was not expected: --loud\n" + rest);
@@ -230,7 +231,8 @@ TEST_F(Tool, LookingMakesNoStore)
                                                  {"project"},
                                                  {"doctor"},
                                                  {"favorites", "x"},
-                                                 {"tutorials"}})
+                                                 {"tutorials"},
+                                                 {"export", "-"}})
         EXPECT_EQ(tool(look).status, 0) << look.front();
     EXPECT_FALSE(std::filesystem::exists(inHome(".local")));
     said({"tutorials", "one"});

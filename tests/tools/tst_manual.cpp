@@ -76,7 +76,7 @@ Words keys()
 TEST_F(Manual, PageTellsEveryVerbAndOptionOfTheHelp)
 {
     std::string const page = std::regex_replace(said({"manual"}), std::regex("\\\\-"), "-");
-    ASSERT_EQ(verbs().size(), 19u);
+    ASSERT_EQ(verbs().size(), 22u);
     for (std::string const& verb : verbs()) {
         std::size_t const begin = page.find(".SS \"\\fB" + verb + "\\fR");
         ASSERT_NE(begin, std::string::npos) << verb;
@@ -251,6 +251,8 @@ TEST_P(ShellCompletion, OffersFilesAndFolders)
     Words const folders = GetParam().folders.empty() ? Words{here + "folder/"} : GetParam().folders;
     EXPECT_EQ(offered({"next-name", "freeze", here}), files);
     EXPECT_EQ(offered({"next-name", "stabilized", here}), files);
+    for (char const* verb : {"export", "import", "diff"})
+        EXPECT_EQ(offered({verb, here}), files) << verb;
     EXPECT_EQ(offered({"--product", here}), files);
     EXPECT_EQ(offered({"--home", here}), folders);
     EXPECT_EQ(offered({"get", here}), Words{}) << "a key is no file";
@@ -271,6 +273,8 @@ TEST_P(ShellCompletion, OffersTheValuesOfOptions)
     }
     EXPECT_EQ(offered({"--home=x", "get", "expo"}), Words{"exportPath"});
     EXPECT_EQ(offered({"completion", ""}), (Words{"bash", "zsh", "fish"}));
+    for (char const* verb : {"export", "import", "diff"})
+        EXPECT_EQ(offered({verb, "--only", ""}), (Words{"roaming", "local", "personal", "transient"})) << verb;
 }
 
 INSTANTIATE_TEST_SUITE_P(Shells, ShellCompletion,

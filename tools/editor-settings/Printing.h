@@ -3,9 +3,9 @@
 // Answers on standard output: aligned for people, tab-separated for scripts, or as JSON.
 #pragma once
 
-#include <Catalogue/Catalogue.h>
+#include "JsonText.h"
 
-#include <nlohmann/json.hpp>
+#include <Catalogue/Catalogue.h>
 
 #include <string>
 #include <vector>
@@ -21,11 +21,7 @@ void printTable(std::vector<Columns> table, Columns const& heading, Format forma
 /// standard output is one.
 void printAsItIs(std::string const& text);
 
-/// `value` as JSON text, without raw control characters of any kind. Text that is no UTF-8 gets replacement characters, as
-/// JSON knows no other.
-std::string jsonText(nlohmann::ordered_json const& value, int indent = -1);
-
-/// Prints `value` so, indented.
+/// Prints the `jsonText` of `value`, indented.
 void printJson(nlohmann::ordered_json const& value);
 
 /// The value for a column. It may be long: people get the beginning, scripts the whole.

@@ -11,25 +11,6 @@ namespace {
 
 unsigned byteAt(std::string const& text, std::size_t at) { return at < text.size() ? static_cast<unsigned char>(text[at]) : 0; }
 
-// The bytes of the letter of UTF-8 at `at`; 0 where there is none.
-std::size_t lengthOfLetter(std::string const& text, std::size_t at)
-{
-    unsigned const first = byteAt(text, at);
-    if (first < 0x80)
-        return 1;
-    unsigned const second = byteAt(text, at + 1);
-    // Neither longer than need be, nor a half of a surrogate pair, nor beyond the last code point.
-    unsigned const least = first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
-    unsigned const greatest = first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
-    if (first < 0xC2 || first > 0xF4 || second < least || second > greatest)
-        return 0;
-    std::size_t const length = first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
-    for (std::size_t next = 2; next < length; ++next)
-        if (byteAt(text, at + next) < 0x80 || byteAt(text, at + next) > 0xBF)
-            return 0;
-    return length;
-}
-
 // Those of ASCII, and those of Unicode that terminals obey as well.
 bool isControl(std::string const& letter)
 {
@@ -52,6 +33,24 @@ std::string escaped(std::string const& letter)
 }
 
 } // namespace
+
+std::size_t lengthOfLetter(std::string const& text, std::size_t at)
+{
+    unsigned const first = byteAt(text, at);
+    if (first < 0x80)
+        return 1;
+    unsigned const second = byteAt(text, at + 1);
+    // Neither longer than need be, nor a half of a surrogate pair, nor beyond the last code point.
+    unsigned const least = first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
+    unsigned const greatest = first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
+    if (first < 0xC2 || first > 0xF4 || second < least || second > greatest)
+        return 0;
+    std::size_t const length = first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
+    for (std::size_t next = 2; next < length; ++next)
+        if (byteAt(text, at + next) < 0x80 || byteAt(text, at + next) > 0xBF)
+            return 0;
+    return length;
+}
 
 std::string withoutControls(std::string const& text, std::string const& butFor)
 {

@@ -26,6 +26,8 @@ std::string quotedBriefly(std::string const& text);
 std::string shortened(std::string const& text, std::size_t letters);
 /// The number of code points: the columns that `text` takes in every script whose letters are one column wide.
 std::size_t width(std::string const& text);
+/// The bytes of the letter of UTF-8 that begins at `at`; 0 where none does.
+std::size_t lengthOfLetter(std::string const& text, std::size_t at);
 /// Tells the user something on standard error, on one line.
 void tell(std::string const& text);
 /// Whether `text` comes back unchanged from the library's texts: UTF-8 that does not begin with a byte order mark.

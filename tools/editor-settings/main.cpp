@@ -11,6 +11,7 @@
 #include "Setting.h"
 #include "StandardOutput.h"
 #include "Text.h"
+#include "TransferVerbs.h"
 
 #include <CLI/CLI.hpp>
 
@@ -21,6 +22,7 @@ namespace {
 
 constexpr int saidNo = 1;
 constexpr int wrongUsage = 2;
+constexpr int different = 1; // of diff, which then says no with the status of wrong usage, as programs of that name do
 
 std::vector<Note> const& notes()
 {
@@ -28,7 +30,8 @@ std::vector<Note> const& notes()
         {"Exit status", R"(  0  done
   1  said no: unknown key, wrong value, trouble with a store or the product file, a folder that cannot be used,
      or doctor found something wrong
-  2  wrong usage)"},
+  2  wrong usage
+diff ends with 0 where nothing differs, with 1 where something does, and with 2 for everything else.)"},
         {"Output", R"(Values are printed to standard output, reasons to standard error. With --plain a backslash is printed as \\, a tab
 as \t, line breaks as \n and \r, other control characters and bytes that are not UTF-8 as \xHH, and a list as a JSON array.
 A terminal is sent no control characters but tabs and line breaks. An answer that could not be printed whole is an error.)"},
@@ -126,6 +129,63 @@ struct ShortVerb {
     bool empty = false;
 };
 
+// The verbs that carry stored values from one place to another.
+struct TransferVerbs {
+    explicit TransferVerbs(CLI::App& app)
+        : exporting(
+              app.add_subcommand("export", "Writes what is stored to a new file, in JSON: for another machine, or for somebody who helps")),
+          importing(app.add_subcommand("import", "Stores what an exported file holds, all of it or nothing; what it does not name stays")),
+          comparing(app.add_subcommand("diff", "The differences between what is stored and what an exported file holds"))
+    {
+        for (CLI::App* verb : {exporting, importing, comparing}) {
+            CLI::Option* const file = verb->add_option(
+                "FILE", options.file, verb == exporting ? "The new file; - for standard output" : "The file; - for standard input");
+            file->transform(unmarked())->check(notEmpty())->required();
+            verb->add_option("--only", options.only, "Only keys of this class; may be given several times")
+                ->allow_extra_args(false)
+                ->type_name("CLASS")
+                ->check(CLI::IsMember(classes));
+        }
+        exporting->add_flag("--redact", options.redact,
+                            "Leaves out personal values, those of unknown keys, and whatever holds the path of the home folder");
+        importing->add_flag("--with-unknown", options.withUnknown, "Takes keys that the editor does not know as they are");
+        importing->add_flag("--dry-run", options.dryRun, "Tells what would change, as diff does, and changes nothing");
+        importing->callback([this] {
+            if (importFormat != Format::people && !options.dryRun)
+                throw CLI::RequiredError("--dry-run");
+        });
+    }
+
+    bool isDiff() const { return comparing->parsed(); }
+    bool isToStore() const { return importing->parsed() && !options.dryRun; }
+
+    // The exit status.
+    int run(Host::Application const& application) const
+    {
+        if (*exporting)
+            exportSettings(application, options);
+        if (*importing)
+            importSettings(application, options, importFormat);
+        return isDiff() && showDifferences(application, options, diffFormat) ? different : 0;
+    }
+
+    void addChoices(std::map<CLI::Option const*, Choice>& choices) const
+    {
+        for (CLI::App const* verb : {exporting, importing, comparing}) {
+            choices[verb->get_option("FILE")] = {Choice::Kind::files};
+            choices[verb->get_option("--only")] = {Choice::Kind::words, classes};
+        }
+    }
+
+    std::vector<std::string> const classes = {"roaming", "local", "personal", "transient"};
+    TransferOptions options;
+    CLI::App* exporting;
+    CLI::App* importing;
+    CLI::App* comparing;
+    FormatOptions importFormat{importing, "With --dry-run: as JSON; bytes in base64"};
+    FormatOptions diffFormat{comparing, asJsonWithBytes};
+};
+
 class CommandLine {
 public:
     CommandLine()
@@ -153,6 +213,9 @@ public:
             kind->fallthrough();
     }
 
+    // The exit status for trouble.
+    int statusOfTrouble() const { return m_transfer.isDiff() ? wrongUsage : saidNo; }
+
     int run(int argc, char** argv)
     {
         try {
@@ -174,7 +237,7 @@ public:
         Host::Application const application(productFile, home, policy());
         noteStoresThatTakeNoChange(application);
         answer(application);
-        return 0;
+        return m_transfer.run(application);
     }
 
 private:
@@ -294,6 +357,7 @@ private:
             result[verb->get_option("KEY")] = keys;
         for (CLI::App const* kind : {m_nextFreeze, m_nextStabilized})
             result[kind->get_option("SOURCE")] = {Choice::Kind::files};
+        m_transfer.addChoices(result);
         return result;
     }
 
@@ -312,7 +376,7 @@ private:
     // A change that fails tells it by itself.
     void noteStoresThatTakeNoChange(Host::Application const& application) const
     {
-        if (isToStore())
+        if (isToStore() || m_transfer.isToStore())
             return;
         for (Catalogue::Store const store : {Catalogue::Store::product, Catalogue::Store::common})
             if (Storage::SqliteStorage const* const opened = storage(application, store); opened && opened->isReadOnly())
@@ -384,6 +448,7 @@ private:
     CLI::App* m_monitor = m_app.add_subcommand("monitor", "Prints the changes that other processes make, as they happen");
     CLI::App* m_doctor =
         m_app.add_subcommand("doctor", "What is wrong with the stores, what they hold and the folders; exit status 1 where something is");
+    TransferVerbs m_transfer{m_app};
     CLI::App* m_completion = m_app.add_subcommand("completion", "A completion script for a shell, to be sourced");
     CLI::App* m_manual = m_app.add_subcommand("manual", "The manual page, for man");
     FormatOptions m_listFormat{m_list, asJsonWithBytes};
@@ -412,16 +477,18 @@ int main(int argc, char** argv)
 {
     holdStandardStreams();
     StandardOutput output;
-    int status = saidNo;
+    CommandLine commandLine;
+    int status = 0;
     try {
-        status = CommandLine().run(argc, argv);
+        status = commandLine.run(argc, argv);
     } catch (std::exception const& error) {
         std::cout.flush(); // an answer stands before what is wrong with it
         tell(error.what());
+        status = commandLine.statusOfTrouble();
     }
     if (std::string const trouble = output.trouble(); !trouble.empty()) {
         tell("cannot write to standard output: " + trouble);
-        return status == 0 ? saidNo : status;
+        return std::max(status, commandLine.statusOfTrouble());
     }
     return status;
 }

@@ -1,0 +1,963 @@
+// SPDX-License-Identifier: MIT
+//
+// The verbs that carry stored values from one place to another: what an export holds, what an import takes and what it
+// leaves as it is, and how the two are told apart.
+#include "Tool.h"
+
+#include <Storage/SqliteStorage.h>
+
+#include <support/Named.h>
+#include <support/OtherProgram.h>
+#include <support/Table.h>
+
+#include <algorithm>
+#include <climits>
+#include <fstream>
+#include <regex>
+#include <thread>
+
+#include <sys/stat.h>
+
+namespace {
+
+using Storage::SqliteStorage;
+using Bytes = std::vector<unsigned char>;
+using Values = std::map<std::string, SqliteStorage::Value>;
+
+std::string fileContent(std::string const& name)
+{
+    std::ifstream file(name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+Values valuesOf(std::string const& file)
+{
+    Values values;
+    if (std::filesystem::exists(file))
+        for (SqliteStorage::Row const& row : SqliteStorage(file).rows())
+            values[row.key] = row.value;
+    return values;
+}
+
+void put(std::string const& file, Values const& values)
+{
+    std::vector<SqliteStorage::Change> changes;
+    for (auto const& [key, value] : values)
+        changes.push_back({key, value});
+    SqliteStorage(file).apply(changes);
+}
+
+// A document of version 1 with these entries, written as people would.
+std::string document(std::string const& product, std::string const& common = "")
+{
+    return R"({"format": "editor-settings export", "version": 1, "stores": {"product": {)" + product + R"(}, "common": {)" + common + "}}}";
+}
+
+class Exchange : public Tool {
+protected:
+    std::string file(std::string const& content) const { return m_home.write("in.json", content).string(); }
+    std::string productFileIn(char const* home) const { return inHome(home) + "/product-settings.sqlite"; }
+    std::string commonFileIn(char const* home) const { return inHome(home) + "/common-settings.sqlite"; }
+
+    // What an import says that must succeed and prints nothing.
+    std::string imported(std::vector<std::string> const& arguments)
+    {
+        std::vector<std::string> command = {"import"};
+        command.insert(command.end(), arguments.begin(), arguments.end());
+        Ended const ended = tool(command);
+        EXPECT_EQ(ended.status, 0);
+        EXPECT_EQ(ended.out, "");
+        return ended.err;
+    }
+
+    // An export to standard output, with a time that does not change.
+    std::string exported(std::vector<std::string> const& options = {})
+    {
+        std::vector<std::string> command = {"export", "-"};
+        command.insert(command.end(), options.begin(), options.end());
+        return std::regex_replace(said(command), std::regex("\"made\": \"20..-..-..T..:..:..\\....Z\""), "\"made\": \"NOW\"");
+    }
+};
+
+// --- The document ---
+
+TEST_F(Exchange, ExportHasALineForEachValueSortedByKey)
+{
+    put(productFile(), {{"exportPath", std::string("/films")},
+                        {"npsSendCount", -3},
+                        {"npsEmailToSend", std::string("jane@example.com")},
+                        {"keepVideoAspect", true},
+                        {"Indication/x", Bytes{0, 255}},
+                        {"favorites_fonts", std::string("Verdana|#|Arial")},
+                        {"stabilizedFileFormat", std::string("mp4")},
+                        {"somebody else's", std::string("\"kept\"\n")}});
+    put(commonFile(), {{"autoUpdate", false}});
+    EXPECT_EQ(exported(), R"({
+  "format": "editor-settings export",
+  "version": 1,
+  "made": "NOW",
+  "product": "Lumora Video Editor",
+  "stores": {
+    "product": {
+      "Indication/x": {"kind": "bytes", "class": "transient", "value": "AP8="},
+      "exportPath": {"kind": "string", "class": "local", "value": "/films"},
+      "favorites_fonts": {"kind": "string", "class": "roaming", "value": "Verdana|#|Arial"},
+      "keepVideoAspect": {"kind": "bool", "class": "roaming", "value": true},
+      "npsEmailToSend": {"kind": "string", "class": "personal", "value": "jane@example.com"},
+      "npsSendCount": {"kind": "int", "class": "transient", "value": -3},
+      "somebody else's": {"kind": "string", "class": null, "value": "\"kept\"\n"},
+      "stabilizedFileFormat": {"kind": "string", "class": null, "value": "mp4"}
+    },
+    "common": {
+      "autoUpdate": {"kind": "bool", "class": "local", "value": false}
+    }
+  }
+}
+)");
+}
+
+TEST_F(Exchange, NothingStoredIsAnExportToo)
+{
+    std::string const nothing = exported();
+    EXPECT_NE(nothing.find("  \"stores\": {\n    \"product\": {},\n    \"common\": {}\n  }\n}\n"), std::string::npos) << nothing;
+    EXPECT_EQ(imported({file(nothing)}), "editor-settings: 0 changed, 0 already as in the file\n");
+    EXPECT_FALSE(std::filesystem::exists(inHome(".local"))) << "nothing to store makes no store";
+}
+
+struct Hostile {
+    char const* meaning;
+    std::string text;
+    char const* fields; // in the document
+};
+
+class HostileText : public Exchange, public testing::WithParamInterface<Hostile> {};
+
+TEST_P(HostileText, StandsInTheDocumentAndComesBack)
+{
+    put(productFile(), {{"lastTarget", GetParam().text}});
+    std::string const whole = exported();
+    EXPECT_NE(
+        whole.find(std::string("\n      \"lastTarget\": {\"kind\": \"string\", \"class\": \"transient\", ") + GetParam().fields + "}\n"),
+        std::string::npos)
+        << whole;
+    EXPECT_EQ(imported({file(whole), "--home", inHome("other")}), "editor-settings: 1 changed, 0 already as in the file\n");
+    EXPECT_EQ(valuesOf(productFileIn("other")), (Values{{"lastTarget", GetParam().text}}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, HostileText,
+                         testing::Values(Hostile{"Empty", "", R"("value": "")"}, Hostile{"LineBreak", "a\nb", R"("value": "a\nb")"},
+                                         Hostile{"QuotesAndBackslash", "\"\\", R"("value": "\"\\")"},
+                                         Hostile{"Nul", std::string("a\0b", 3), R"("value": "a\u0000b")"},
+                                         Hostile{"BeyondAscii", "\xC3\xBC\xF0\x9F\x98\x80", "\"value\": \"\xC3\xBC\xF0\x9F\x98\x80\""},
+                                         Hostile{"EscapeOfATerminal", "\x1b[31m", R"("value": "\u001b[31m")"},
+                                         Hostile{"ControlAboveAscii",
+                                                 "\xC2\x9B"
+                                                 "31m\x7f\xC2\x80\xC2\x9F\xC2\xA0",
+                                                 "\"value\": \"\\u009b31m\\u007f\\u0080\\u009f\xC2\xA0\""},
+                                         Hostile{"NoUtf8", "\xFF\xFE", R"("encoding": "base64", "value": "//4=")"},
+                                         Hostile{"CutInALetter", "a\xC3", R"("encoding": "base64", "value": "YcM=")"},
+                                         Hostile{"HalfAPair", "\xED\xA0\x80", R"("encoding": "base64", "value": "7aCA")"},
+                                         Hostile{"TooLongForItsLetter", "\xC0\x80", R"("encoding": "base64", "value": "wIA=")"},
+                                         Hostile{"ByteOrderMark", "\xEF\xBB\xBFx", R"("encoding": "base64", "value": "77u/eA==")"},
+                                         Hostile{"LikeADocument", R"({"redacted": true})", R"("value": "{\"redacted\": true}")"}),
+                         byMeaning);
+
+struct NamedKey {
+    char const* meaning;
+    std::string key;
+    char const* name; // in the document
+};
+
+class HostileKey : public Exchange, public testing::WithParamInterface<NamedKey> {};
+
+TEST_P(HostileKey, HasANameOfItsOwnAndComesBack)
+{
+    put(productFile(), {{GetParam().key, 1}});
+    std::string const whole = exported();
+    EXPECT_NE(whole.find(std::string("\n      ") + GetParam().name + ": {\"kind\": \"int\", \"class\": null, \"value\": 1}\n"),
+              std::string::npos)
+        << whole;
+    EXPECT_EQ(imported({file(whole), "--with-unknown", "--home", inHome("other")}),
+              "editor-settings: 1 changed, 0 already as in the file\n");
+    EXPECT_EQ(valuesOf(productFileIn("other")), (Values{{GetParam().key, 1}}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, HostileKey,
+                         testing::Values(NamedKey{"Empty", "", R"("")"},
+                                         NamedKey{"NoUtf8", "favorites_\xFF\xC3", R"("favorites_\\xff\\xc3")"},
+                                         NamedKey{"NoUtf8BeforeALetter", "\x80z", R"("\\x80z")"},
+                                         NamedKey{"Backslash", "a\\xff", R"("a\\\\xff")"}, NamedKey{"LineBreak", "a\nb", R"("a\nb")"},
+                                         NamedKey{"BeyondAscii", "\xC3\xBC\xF0\x9F\x98\x80", "\"\xC3\xBC\xF0\x9F\x98\x80\""},
+                                         NamedKey{"ByteOrderMark", "\xEF\xBB\xBFx", "\"\xEF\xBB\xBFx\""},
+                                         NamedKey{"LikeAField", "redacted", R"("redacted")"}),
+                         byMeaning);
+
+// Values of a type, from those that the editor stores to those that only another program would.
+std::vector<SqliteStorage::Value> valuesOfType(std::string const& type)
+{
+    if (type == "bool")
+        return {true, false};
+    if (type == "int")
+        return {0, -1, INT_MAX, INT_MIN};
+    if (type == "QByteArray")
+        return {Bytes{}, Bytes{0, 255, 10, 34}, Bytes(100000, 0x5c)};
+    return {std::string(), std::string("|#||#|"), std::string("\xFF\0\n\"", 4), std::string(100000, '\\')};
+}
+
+TEST_F(Exchange, EveryPreferenceComesBackWithEveryValue)
+{
+    for (std::size_t round = 0; round < 4; ++round) {
+        Values product = {{"Indication/\xC3\xBC\\\"\n", valuesOfType("QByteArray")[round % 3]},
+                          {"favorites_", valuesOfType("QStringList")[round]}};
+        Values common;
+        for (PreferenceRow const& row : preferenceTable()) {
+            std::vector<SqliteStorage::Value> const values = valuesOfType(row.type);
+            if (row.hasAccessors())
+                (row.store == "common" ? common : product)[row.key] = values[round % values.size()];
+        }
+        ASSERT_EQ(product.size() + common.size(), 57u);
+        put(productFile(), product);
+        put(commonFile(), common);
+        std::string const whole = exported();
+        std::string const all = std::to_string(product.size() + common.size());
+        EXPECT_EQ(tool({"diff", file(whole)}).status, 0);
+        std::string const other = inHome(std::to_string(round).c_str());
+        EXPECT_EQ(imported({file(whole), "--home", other}), "editor-settings: " + all + " changed, 0 already as in the file\n");
+        EXPECT_EQ(valuesOf(other + "/product-settings.sqlite"), product);
+        EXPECT_EQ(valuesOf(other + "/common-settings.sqlite"), common);
+        EXPECT_EQ(imported({file(whole), "--home", other}), "editor-settings: 0 changed, " + all + " already as in the file\n");
+        EXPECT_EQ(exported({"--home", other}), whole);
+    }
+}
+
+TEST_F(Exchange, RowsThatNoDocumentCarriesAreNamed)
+{
+    put(productFile(), {{"npsSendCount", 1}, {"lastTarget", std::string("x")}, {std::string("a\0b", 3), 1}});
+    OtherProgram(productFile()).execute("UPDATE settings SET kind = 'da\nte' WHERE key = 'lastTarget'");
+    Ended const ended = tool({"export", inHome("out.json")});
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.err,
+              "editor-settings: 'a\\x00b' in the product store has a NUL in its key, so it is left out; 'editor-settings backup' "
+              "keeps it\n"
+              "editor-settings: 'lastTarget' in the product store holds a value of kind 'da\\nte' that this version cannot read, "
+              "so it is left out; 'editor-settings backup' keeps it\n");
+    json const stores = json::parse(fileContent(inHome("out.json")))["stores"];
+    EXPECT_EQ(stores["product"], json::parse(R"({"npsSendCount": {"kind": "int", "class": "transient", "value": 1}})"));
+    Ended const compared = tool({"diff", inHome("out.json")});
+    EXPECT_EQ(compared.status, 0);
+    EXPECT_EQ(compared.out, "");
+    EXPECT_EQ(compared.err, "editor-settings: 'a\\x00b' in the product store has a NUL in its key, so it is not compared\n"
+                            "editor-settings: 'lastTarget' in the product store holds a value of kind 'da\\nte' that this version cannot "
+                            "read, so it is not compared\n");
+}
+
+// --- The exported file ---
+
+TEST_F(Exchange, FileIsForItsOwnerAloneWhateverTheUmask)
+{
+    said({"set", "npsSendCount", "1"});
+    for (char const* umask : {"0", "0777"}) {
+        std::string const out = inHome((std::string("out") + umask).c_str());
+        Ended const ended = run({"sh", "-c", std::string("umask ") + umask + "; exec \"$0\" export \"$1\"", TOOL, out});
+        EXPECT_EQ(ended.err, "");
+        struct stat status = {};
+        ASSERT_EQ(::stat(out.c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 07777, 0600u) << umask;
+        EXPECT_EQ(json::parse(fileContent(out))["stores"]["product"]["npsSendCount"]["value"], 1);
+    }
+}
+
+TEST_F(Exchange, FileThatIsThereIsLeftAsItIs)
+{
+    std::string const there = m_home.write("there.json", "mine").string();
+    EXPECT_EQ(refused({"export", there}),
+              "editor-settings: '" + there + "' is there already and was left as it is; name a new file, or move that one away\n");
+    EXPECT_EQ(fileContent(there), "mine");
+    std::filesystem::create_symlink("nowhere", inHome("link"));
+    refused({"export", inHome("link")});
+    EXPECT_FALSE(std::filesystem::exists(inHome("nowhere")));
+    refused({"export", inHome("")});
+}
+
+TEST_F(Exchange, NewFoldersAreMadeAndRelativeNamesTaken)
+{
+    EXPECT_EQ(run({"sh", "-c", "cd \"$1\" && exec \"$0\" export new/out.json", TOOL, m_home.path().string()}).err, "");
+    EXPECT_EQ(json::parse(fileContent(inHome("new/out.json")))["version"], 1);
+    EXPECT_EQ(run({"sh", "-c", "cd \"$1\" && exec \"$0\" export out.json", TOOL, m_home.path().string()}).err, "");
+    EXPECT_EQ(json::parse(fileContent(inHome("out.json")))["version"], 1);
+}
+
+TEST_F(Exchange, FolderThatMayNotBeWrittenIsNamed)
+{
+    std::filesystem::create_directory(inHome("closed"));
+    std::filesystem::permissions(inHome("closed"), std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    Ended const ended = run(withoutPrivileges({TOOL, "export", inHome("closed/out.json")}));
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.err, "editor-settings: " + inHome("closed/out.json") +
+                             ": cannot write the export: Permission denied; make the file and its folder readable and writable for this "
+                             "user\n");
+}
+
+TEST_F(Exchange, DiskThatIsFullLeavesNoPartOfAFile)
+{
+    put(productFile(), {{"lastTarget", std::string(10000, 'x')}});
+    EXPECT_EQ(run({"sh", "-c", "exec \"$0\" export - > /dev/full", TOOL}).status, 1);
+    std::filesystem::create_directory(inHome("small"));
+    // A limit for files in the place of a disk of that size.
+    Ended const ended = run({"sh", "-c", "trap '' XFSZ; ulimit -f 1; exec \"$0\" export \"$1\"", TOOL, inHome("small/out.json")});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.err,
+              "editor-settings: " + inHome("small/out.json") +
+                  ": cannot write the export: File too large; make the file and its folder readable and writable for this user\n");
+    EXPECT_TRUE(std::filesystem::is_empty(inHome("small")));
+}
+
+// --- Classes, and what is personal ---
+
+TEST_F(Exchange, OnlySomeClassesAreExportedComparedAndImported)
+{
+    put(productFile(), {{"exportPath", std::string("/films")},
+                        {"keepVideoAspect", false},
+                        {"npsSendCount", 1},
+                        {"npsEmailToSend", std::string("jane@example.com")},
+                        {"unknown", 1}});
+    put(commonFile(), {{"sendStatistics", false}});
+    auto const keys = [&](std::vector<std::string> const& options) {
+        std::string names;
+        json const exportedStores = json::parse(exported(options))["stores"];
+        for (auto const& store : exportedStores)
+            for (auto const& entry : store.items())
+                names += (names.empty() ? "" : " ") + entry.key();
+        return names;
+    };
+    EXPECT_EQ(keys({"--only", "roaming"}), "sendStatistics keepVideoAspect");
+    EXPECT_EQ(keys({"--only", "personal"}), "npsEmailToSend");
+    EXPECT_EQ(keys({"--only", "transient", "--only", "local"}), "exportPath npsSendCount");
+    EXPECT_EQ(keys({}), "sendStatistics exportPath keepVideoAspect npsEmailToSend npsSendCount unknown");
+    EXPECT_EQ(refused({"export", "-", "--only", "all"}, 2).substr(0, 26), "editor-settings: --only: a");
+
+    std::string const local = file(exported({"--only", "local"}));
+    EXPECT_EQ(tool({"diff", local, "--only", "local"}).out, "");
+    EXPECT_EQ(lines(tool({"diff", local, "--plain"}).out).size(), 5u);
+    EXPECT_EQ(imported({file(exported()), "--with-unknown", "--only", "transient", "--only", "roaming", "--home", inHome("other")}),
+              "editor-settings: 3 changed, 0 already as in the file\n");
+    EXPECT_EQ(valuesOf(productFileIn("other")), (Values{{"keepVideoAspect", false}, {"npsSendCount", 1}}));
+    EXPECT_EQ(valuesOf(commonFileIn("other")), (Values{{"sendStatistics", false}}));
+}
+
+TEST_F(Exchange, ClassOfTheCatalogueCountsAndNotThatOfTheFile)
+{
+    std::string const in = file(document(R"("exportPath": {"kind": "string", "class": "roaming", "value": "/x"},
+                                            "lastTarget": {"kind": "string", "class": "later", "value": "y"})"));
+    EXPECT_EQ(imported({in, "--only", "roaming"}), "editor-settings: 0 changed, 0 already as in the file\n");
+    EXPECT_EQ(imported({in, "--only", "local"}), "editor-settings: 1 changed, 0 already as in the file\n");
+    EXPECT_EQ(valuesOf(productFile()), (Values{{"exportPath", std::string("/x")}}));
+}
+
+TEST_F(Exchange, RedactedExportHoldsNothingPersonal)
+{
+    Values product = {{"unknown", std::string("secret")}, {"unknownNumber", 424242}, {"npsValueToSend", 777777}, {"npsSendCount", 8}};
+    for (PreferenceRow const& row : preferenceTable())
+        if (row.category == "personal" && row.store == "product" && row.type != "int" && row.type != "bool")
+            product[row.key] = row.type == "QByteArray" ? SqliteStorage::Value(Bytes{'s', 'e', 'c', 'r', 'e', 't'}) : std::string("secret");
+    std::string const home = m_home.path().string();
+    Bytes utf16(4, 0);
+    for (char const letter : home)
+        utf16.insert(utf16.end(), {0, static_cast<unsigned char>(letter)});
+    Bytes swapped;
+    for (char const letter : home)
+        swapped.insert(swapped.end(), {static_cast<unsigned char>(letter), 0});
+    product["exportPath"] = home + "/films";
+    product["projectPath"] = "file://" + home;
+    product["mainWindowState"] = utf16;
+    product["mainWindowGeometry"] = swapped;
+    product["splitterMainState"] = Bytes(home.begin(), home.end());
+    product["snapshotPath"] = std::string("/films");
+    product["Indication/" + home] = Bytes{1};
+    put(productFile(), product);
+
+    Ended const ended = tool({"export", inHome("out.json"), "--redact"});
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.err, "editor-settings: a key in the product store holds the path of the home folder, so it is left out\n");
+    std::string const whole = fileContent(inHome("out.json"));
+    for (std::string const& personal : {std::string("secret"), std::string("c2VjcmV0"), std::string("424242"), std::string("777777"), home})
+        EXPECT_EQ(whole.find(personal), std::string::npos) << personal;
+    json const entries = json::parse(whole)["stores"]["product"];
+    EXPECT_EQ(entries.size(), product.size() - 1);
+    for (auto const& entry : entries.items())
+        EXPECT_EQ(entry.value().contains("value"), entry.key() == "npsSendCount" || entry.key() == "snapshotPath") << entry.key();
+    EXPECT_EQ(entries["exportPath"], json::parse(R"({"kind": "string", "class": "local", "redacted": true})"));
+    EXPECT_EQ(entries["unknown"], json::parse(R"({"kind": "string", "class": null, "redacted": true})"));
+
+    SqliteStorage(productFile()).setString("snapshotPath", "/elsewhere");
+    EXPECT_EQ(tool({"diff", inHome("out.json")}).err, "editor-settings: 20 redacted in the file, so not compared\n");
+    EXPECT_EQ(imported({inHome("out.json"), "--with-unknown"}),
+              "editor-settings: 1 changed, 1 already as in the file, 20 redacted in the file and left alone\n");
+    EXPECT_EQ(valuesOf(productFile()), product);
+}
+
+TEST_F(Exchange, HomeFolderIsFoundUnderItsOtherNames)
+{
+    std::string const real = inHome("Jane D\xC3\xB6");
+    std::filesystem::create_directory(real);
+    std::filesystem::create_directory_symlink(real, inHome("link"));
+    std::map<std::string, std::string> const environment = {{"HOME", inHome("link")}};
+    std::string const percentEncoded = "file://" + m_home.path().string() + "/Jane%20D%C3%B6/x";
+    put(productFileIn("s"), {{"exportPath", real + "/x"},
+                             {"projectPath", inHome("link/x")},
+                             {"snapshotPath", percentEncoded},
+                             {"lastTarget", inHome("elsewhere")}});
+    json const entries = json::parse(tool({"--home", inHome("s"), "export", "-", "--redact"}, environment).out)["stores"]["product"];
+    EXPECT_TRUE(entries["exportPath"].contains("redacted"));
+    EXPECT_TRUE(entries["projectPath"].contains("redacted"));
+    EXPECT_TRUE(entries["snapshotPath"].contains("redacted"));
+    EXPECT_EQ(entries["lastTarget"]["value"], inHome("elsewhere"));
+}
+
+// --- What an import takes ---
+
+TEST_F(Exchange, ImportMergesAndRewritesOnlyWhatDiffers)
+{
+    put(productFile(), {{"npsSendCount", 1}, {"lastTarget", std::string("same")}, {"exportPath", std::string("/kept")}});
+    OtherProgram(productFile()).execute("UPDATE settings SET changed = 5");
+    std::string const in =
+        file(document(R"("npsSendCount": {"kind": "int", "value": 2}, "lastTarget": {"kind": "string", "value": "same"})",
+                      R"("autoUpdate": {"kind": "bool", "value": false})"));
+    EXPECT_EQ(imported({in}), "editor-settings: 2 changed, 1 already as in the file\n");
+    EXPECT_EQ(valuesOf(productFile()),
+              (Values{{"npsSendCount", 2}, {"lastTarget", std::string("same")}, {"exportPath", std::string("/kept")}}));
+    EXPECT_EQ(valuesOf(commonFile()), (Values{{"autoUpdate", false}}));
+    EXPECT_EQ(OtherProgram(productFile()).ask("SELECT group_concat(key) FROM settings WHERE changed = 5"), "exportPath,lastTarget");
+}
+
+TEST_F(Exchange, ValueOfTheRightKindTakesThePlaceOfAnother)
+{
+    put(productFile(), {{"npsSendCount", std::string("1")}});
+    EXPECT_EQ(imported({file(document(R"("npsSendCount": {"kind": "int", "value": 1})"))}),
+              "editor-settings: 1 changed, 0 already as in the file\n");
+    EXPECT_EQ(valuesOf(productFile()), (Values{{"npsSendCount", 1}}));
+}
+
+TEST_F(Exchange, FileIsReadFromStandardInputToo)
+{
+    std::string const in = file(document(R"("npsSendCount": {"kind": "int", "value": 2})"));
+    EXPECT_EQ(run({"sh", "-c", "cat \"$1\" | \"$0\" import -", TOOL, in}).err, "editor-settings: 1 changed, 0 already as in the file\n");
+    EXPECT_EQ(run({"sh", "-c", "\"$0\" diff - < \"$1\"", TOOL, in}).status, 0);
+    EXPECT_EQ(
+        refused({"import", "-"}),
+        "editor-settings: standard input: line 1, column 1: syntax error while parsing value - unexpected end of input; expected '[', "
+        "'{', or a literal; mend it there, or export the file again; nothing was changed\n");
+}
+
+TEST_F(Exchange, UnknownKeysAreTakenWhenAskedFor)
+{
+    std::string const in =
+        file(document(R"("unknown": {"kind": "int", "value": 2}, "stabilizedFileFormat": {"kind": "bool", "value": true})"));
+    EXPECT_EQ(imported({in, "--with-unknown"}), "editor-settings: 2 changed, 0 already as in the file\n");
+    EXPECT_EQ(valuesOf(productFile()), (Values{{"unknown", 2}, {"stabilizedFileFormat", true}}));
+}
+
+TEST_F(Exchange, DryRunTellsAndMakesNothing)
+{
+    std::string const in =
+        file(document(R"("npsSendCount": {"kind": "int", "value": 2})", R"("autoUpdate": {"kind": "bool", "value": false})"));
+    Ended const ended = tool({"import", in, "--dry-run"});
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.out, "CHANGE  STORE    KEY           STORED   FILE\n"
+                         "added   product  npsSendCount  (unset)  2\n"
+                         "added   common   autoUpdate    (unset)  false\n");
+    EXPECT_EQ(ended.err, "editor-settings: 2 would change, 0 already as in the file\n");
+    EXPECT_FALSE(std::filesystem::exists(inHome(".local")));
+
+    put(productFile(), {{"npsSendCount", 1}, {"exportPath", std::string("/x")}});
+    std::string const before = fileContent(productFile());
+    EXPECT_EQ(tool({"import", in, "--dry-run", "--plain"}).out, "changed\tproduct\tnpsSendCount\tint\t1\tint\t2\n"
+                                                                "added\tcommon\tautoUpdate\t\t\tbool\tfalse\n");
+    EXPECT_EQ(json::parse(tool({"import", in, "--dry-run", "--json"}).out).size(), 2u);
+    EXPECT_EQ(fileContent(productFile()), before);
+    EXPECT_FALSE(std::filesystem::exists(commonFile()));
+    EXPECT_EQ(lines(refused({"import", in, "--json"}, 2)).front(), "editor-settings: --dry-run is required");
+}
+
+// --- What an import does not take ---
+
+// The stores, whole.
+struct Stores {
+    Values product;
+    Values common;
+    std::string productBytes;
+    std::string commonBytes;
+};
+
+class RefusedImport : public Exchange {
+protected:
+    void SetUp() override
+    {
+        put(productFile(), {{"npsSendCount", 1}, {"exportPath", std::string("/kept")}, {"unknown", Bytes{1}}});
+        put(commonFile(), {{"autoUpdate", false}});
+    }
+
+    Stores stores() const
+    {
+        return {valuesOf(productFile()), valuesOf(commonFile()), fileContent(productFile()), fileContent(commonFile())};
+    }
+
+    // The reason for which an import must change nothing at all.
+    std::string reason(std::vector<std::string> const& arguments)
+    {
+        Stores const before = stores();
+        std::vector<std::string> command = {"import"};
+        command.insert(command.end(), arguments.begin(), arguments.end());
+        std::string const said = refused(command);
+        Stores const after = stores();
+        EXPECT_EQ(after.product, before.product);
+        EXPECT_EQ(after.common, before.common);
+        EXPECT_TRUE(after.productBytes == before.productBytes);
+        EXPECT_TRUE(after.commonBytes == before.commonBytes);
+        EXPECT_EQ(after.product.size() + after.common.size(), 4u);
+        return said;
+    }
+};
+
+struct Malformed {
+    char const* meaning;
+    std::string content;
+    std::string reason;
+};
+
+class MalformedDocument : public RefusedImport, public testing::WithParamInterface<Malformed> {};
+
+TEST_P(MalformedDocument, SaysWhereItIsWrongAndChangesNothing)
+{
+    std::string const in = file(GetParam().content);
+    EXPECT_EQ(reason({in}), "editor-settings: '" + in + "': " + GetParam().reason + "; nothing was changed\n");
+}
+
+std::string const mend = "; mend it there, or export the file again";
+std::string const nul = " a NUL stands there, which no text holds; save the file as UTF-8, or export it again";
+std::string const makeOne = "give a file that 'editor-settings export' made";
+std::string const wholeNumber = "give a whole number from -2147483648 to 2147483647";
+std::string const anyKind = "give bool, int, string or bytes";
+std::string const writeTheKeySo =
+    " is not how a key is written: a backslash is doubled, and only a byte that is not UTF-8 stands as \\xHH, "
+    "in small letters; write it so";
+
+// A document whose first entry is good, so that it is seen that even that is not stored.
+std::string after(std::string const& entries) { return document(R"("lastTarget": {"kind": "string", "value": "x"}, )" + entries); }
+
+// The value of a setting, as it stands in a document.
+std::string count(std::string const& value) { return after(R"("npsSendCount": {"kind": "int", "value": )" + value + "}"); }
+
+std::string repeated(std::string const& text, int times)
+{
+    std::string result;
+    for (int time = 0; time < times; ++time)
+        result += text;
+    return result;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Syntax, MalformedDocument,
+    testing::Values(
+        Malformed{"Empty", "",
+                  "line 1, column 1: syntax error while parsing value - unexpected end of input; expected '[', '{', or a literal" + mend},
+        Malformed{"NoJson", "exportPath=/x\n", "line 1, column 1: syntax error while parsing value - invalid literal" + mend},
+        Malformed{"Truncated", document("").substr(0, 89),
+                  "line 1, column 90: syntax error while parsing object - unexpected end of input; expected '}'" + mend},
+        Malformed{"TruncatedInAText", after("\"npsSe").substr(0, 130),
+                  "line 1, column 131: syntax error while parsing object key - invalid string: missing closing quote" + mend},
+        Malformed{"CommaTooMany", "{\n  \"format\": 1,\n}",
+                  "line 3, column 1: syntax error while parsing object key - unexpected '}'; expected string literal" + mend},
+        Malformed{"LineBreakInAText", "{\"format\": \"a\nb\"}",
+                  "line 1, column 14: syntax error while parsing value - invalid string: control character U+000A (LF) must be escaped to "
+                  "\\u000A or \\n" +
+                      mend},
+        Malformed{"NoUtf8", "{\"format\": \"\xFF\"}",
+                  "line 1, column 13: syntax error while parsing value - invalid string: ill-formed UTF-8 byte" + mend},
+        Malformed{"HalfAPair", R"({"format": "\ud800"})",
+                  "line 1, column 19: syntax error while parsing value - invalid string: surrogate U+D800..U+DBFF must be followed by "
+                  "U+DC00..U+DFFF" +
+                      mend},
+        Malformed{"Utf16", std::string("\xFF\xFE{\0}\0", 6), "line 1, column 4:" + nul},
+        Malformed{"ByteOrderMark", "\xEF\xBB\xBF" + document(""),
+                  "line 1, column 1: a byte order mark stands before the text; save the file as UTF-8 without it"},
+        Malformed{"SomethingBehind", document("") + "\n]",
+                  "line 2, column 1: syntax error while parsing value - unexpected ']'; expected end of input" + mend},
+        Malformed{"TwoDocuments", document("") + document(""),
+                  "line 1, column 92: syntax error while parsing value - unexpected '{'; expected end of input" + mend},
+        Malformed{"NulBehind", document("") + std::string("\n\0{}", 4), "line 2, column 1:" + nul},
+        Malformed{"NulInAText", count("\"a" + std::string(1, '\0') + "\""), "line 1, column 166:" + nul},
+        Malformed{"Utf16WithoutMark", std::string("{\0}\0", 4), "line 1, column 2:" + nul},
+        Malformed{"Comment", "// mine\n" + document(""), "line 1, column 1: syntax error while parsing value - invalid literal" + mend},
+        Malformed{"NumberBeyondAll", "{\"version\":\n 1e999}", "line 2, column 6: a number is too large" + mend},
+        Malformed{"NumberWithoutEnd", "{\"version\":" + std::string(1000000, '9') + "}",
+                  "line 1, column 1000011: a number is too large" + mend},
+        Malformed{"TextWithoutEnd", "\"" + std::string(1000000, 'x'),
+                  "line 1, column 1000002: syntax error while parsing value - invalid string: missing closing quote" + mend}),
+    byMeaning);
+
+INSTANTIATE_TEST_SUITE_P(
+    Shape, MalformedDocument,
+    testing::Values(
+        Malformed{"Array", "[1]", "the document is an array; give an object, between { and }"},
+        Malformed{"Text", "\"x\"", "the document is \"x\"; give an object, between { and }"},
+        Malformed{"Null", "null", "the document is null; give an object, between { and }"},
+        Malformed{"NoFields", "{}", "format is missing, so this is no export of settings; " + makeOne},
+        Malformed{"OtherFormat", R"({"format": "theirs", "version": 9})",
+                  "format is \"theirs\", so this is no export of settings; " + makeOne},
+        Malformed{"FormatIsNoText", R"({"format": {"a": 1}})", "format is an object, so this is no export of settings; " + makeOne},
+        Malformed{"NoVersion", R"({"format": "editor-settings export"})", "version is missing; " + makeOne},
+        Malformed{"NewerVersion", R"({"format": "editor-settings export", "version": 2, "places": [[{"a": 1}]], "stores": 7})",
+                  "version is 2, and this program reads up to 1: a newer one wrote the file; update this program"},
+        Malformed{"VersionZero", R"({"format": "editor-settings export", "version": 0})", "version is 0; give 1"},
+        Malformed{"NegativeVersion", R"({"format": "editor-settings export", "version": -1})", "version is -1; give 1"},
+        Malformed{"VersionWithAFraction", R"({"format": "editor-settings export", "version": 1.0})", "version is 1.0; give 1"},
+        Malformed{"VersionIsAText", R"({"format": "editor-settings export", "version": "1"})", "version is \"1\"; give 1"},
+        Malformed{"UnknownField", R"({"format": "editor-settings export", "version": 1, "store": {}})",
+                  "store means nothing; remove it: what stands there is format, version, made, product, stores"},
+        Malformed{"TimeIsNoText", R"({"format": "editor-settings export", "version": 1, "made": 7, "stores": {}})",
+                  "made is 7; give a text, in quotes"},
+        Malformed{"NoStores", R"({"format": "editor-settings export", "version": 1})", "stores is missing; " + makeOne},
+        Malformed{"StoresAreAnArray", R"({"format": "editor-settings export", "version": 1, "stores": []})",
+                  "stores is an array; give an object, between { and }"},
+        Malformed{"UnknownStore", R"({"format": "editor-settings export", "version": 1, "stores": {"third": {}}})",
+                  "stores.third means nothing; remove it: what stands there is product, common"},
+        Malformed{"StoreIsNoObject", R"({"format": "editor-settings export", "version": 1, "stores": {"common": true}})",
+                  "stores.common is true; give an object, between { and }"},
+        Malformed{"FieldTwice", R"({"format": "editor-settings export", "version": 1, "stores": {}, "version": 1})",
+                  "version stands there twice; keep one of the two"},
+        Malformed{"StoreTwice", R"({"format": "editor-settings export", "version": 1, "stores": {"common": {}, "common": {}}})",
+                  "stores.common stands there twice; keep one of the two"},
+        Malformed{"NestedDeeply",
+                  after(R"("npsSendCount": {"kind": "int", "value": )" + repeated("{\"a\":", 500000) + "1" + repeated("}", 500000) + "}"),
+                  "stores.product.npsSendCount.value.a.a.a.a.a.a.a.a.a.a.a.a is nested too deeply; " + makeOne},
+        Malformed{"ArraysNestedDeeply", count(std::string(500000, '[') + std::string(500000, ']')),
+                  "stores.product.npsSendCount.value is an array; " + wholeNumber},
+        Malformed{"NestedWithoutEnd", std::string(500000, '['),
+                  "line 1, column 500001: syntax error while parsing value - unexpected end of input; expected '[', '{', or a literal" +
+                      mend},
+        Malformed{"ObjectsInArrays", count("[" + repeated("{\"a\":[", 1000) + repeated("]}", 1000) + "]"),
+                  "stores.product.npsSendCount.value is an array; " + wholeNumber}),
+    byMeaning);
+
+INSTANTIATE_TEST_SUITE_P(
+    Content, MalformedDocument,
+    testing::Values(
+        Malformed{"EntryIsAValue", after(R"("npsSendCount": 7)"), "stores.product.npsSendCount is 7; give an object, between { and }"},
+        Malformed{"EntryIsEmpty", after(R"("npsSendCount": {})"), "stores.product.npsSendCount.kind is missing; " + makeOne},
+        Malformed{"NoValue", after(R"("npsSendCount": {"kind": "int"})"), "stores.product.npsSendCount.value is missing; " + makeOne},
+        Malformed{"NoTextValue", after(R"("lastUsedPresetId": {"kind": "string"})"),
+                  "stores.product.lastUsedPresetId.value is missing; " + makeOne},
+        Malformed{"NoBytes", after(R"("mainWindowState": {"kind": "bytes"})"),
+                  "stores.product.mainWindowState.value is missing; " + makeOne},
+        Malformed{"NoBool", after(R"("keepVideoAspect": {"kind": "bool"})"), "stores.product.keepVideoAspect.value is missing; " + makeOne},
+        Malformed{"KeyTwice", after(R"("lastTarget": {"kind": "string", "value": "y"})"),
+                  "stores.product.lastTarget stands there twice; keep one of the two"},
+        Malformed{"KeyTwiceInOtherLetters", after(R"("last\u0054arget": {"kind": "string", "value": "y"})"),
+                  "stores.product.lastTarget stands there twice; keep one of the two"},
+        Malformed{"ValueTwice", count(R"(1, "value": 2)"), "stores.product.npsSendCount.value stands there twice; keep one of the two"},
+        Malformed{"UnknownFieldOfAnEntry", count(R"(1, "type": "int")"),
+                  "stores.product.npsSendCount.type means nothing; remove it: what stands there is kind, class, encoding, value, redacted"},
+        Malformed{"ClassIsANumber", count(R"(1, "class": 1)"), "stores.product.npsSendCount.class is 1; give a text, in quotes"},
+        Malformed{"UnknownKind", after(R"("npsSendCount": {"kind": "date", "value": 1})"),
+                  "stores.product.npsSendCount.kind is \"date\"; " + anyKind},
+        Malformed{"KindIsNoText", after(R"("npsSendCount": {"kind": null, "value": 1})"),
+                  "stores.product.npsSendCount.kind is null; give a text, in quotes"},
+        Malformed{"Fraction", count("1.5"), "stores.product.npsSendCount.value is 1.5; " + wholeNumber},
+        Malformed{"WholeFraction", count("1.0"), "stores.product.npsSendCount.value is 1.0; " + wholeNumber},
+        Malformed{"Exponent", count("1e2"), "stores.product.npsSendCount.value is 100.0; " + wholeNumber},
+        Malformed{"NumberTooLarge", count("2147483648"), "stores.product.npsSendCount.value is 2147483648; " + wholeNumber},
+        Malformed{"NumberTooSmall", count("-2147483649"), "stores.product.npsSendCount.value is -2147483649; " + wholeNumber},
+        Malformed{"NumberOfSixtyFourBits", count("18446744073709551615"),
+                  "stores.product.npsSendCount.value is 18446744073709551615; " + wholeNumber},
+        Malformed{"NumberOfMoreBits", count("18446744073709551616"),
+                  "stores.product.npsSendCount.value is 1.8446744073709552e+19; " + wholeNumber},
+        Malformed{"TextForANumber", count("\"1\""), "stores.product.npsSendCount.value is \"1\"; " + wholeNumber},
+        Malformed{"BoolForANumber", count("true"), "stores.product.npsSendCount.value is true; " + wholeNumber},
+        Malformed{"NullForANumber", count("null"), "stores.product.npsSendCount.value is null; " + wholeNumber},
+        Malformed{"NumberForABool", after(R"("keepVideoAspect": {"kind": "bool", "value": 1})"),
+                  "stores.product.keepVideoAspect.value is 1; give true or false"},
+        Malformed{"NumberForAText", after(R"("projectPath": {"kind": "string", "value": 1})"),
+                  "stores.product.projectPath.value is 1; give a text, in quotes"},
+        Malformed{"ArrayForAText", after(R"("userCustomColors": {"kind": "string", "value": ["a"]})"),
+                  "stores.product.userCustomColors.value is an array; give a text, in quotes"},
+        Malformed{"NoBase64", after(R"("mainWindowState": {"kind": "bytes", "value": "a*b"})"),
+                  "stores.product.mainWindowState.value is \"a*b\"; give bytes in base64"},
+        Malformed{"BitsLeftOver", after(R"("mainWindowState": {"kind": "bytes", "value": "AB=="})"),
+                  "stores.product.mainWindowState.value is \"AB==\"; give bytes in base64"},
+        Malformed{"LongValueIsCut",
+                  after(R"("mainWindowState": {"kind": "bytes", "value": ")" + std::string(98, 'A') + "\xC3\xBC" +
+                        std::string(100000, 'A') + "\"}"),
+                  "stores.product.mainWindowState.value is \"" + std::string(98, 'A') + "\xE2\x80\xA6; give bytes in base64"},
+        Malformed{"UnknownEncoding", after(R"("projectPath": {"kind": "string", "encoding": "hex", "value": "00"})"),
+                  "stores.product.projectPath.encoding is \"hex\"; give \"base64\", or leave the field out"},
+        Malformed{"NoBase64ForAText", after(R"("projectPath": {"kind": "string", "encoding": "base64", "value": "x"})"),
+                  "stores.product.projectPath.value is \"x\"; give bytes in base64"},
+        Malformed{"EncodingOfANumber", count(R"(1, "encoding": "base64")"),
+                  "stores.product.npsSendCount.encoding is for the kind string only; remove it"},
+        Malformed{"RedactedAndValue", count(R"(1, "redacted": true)"),
+                  "stores.product.npsSendCount.value stands beside \"redacted\"; keep one of the two"},
+        Malformed{"NotRedacted", after(R"("npsSendCount": {"kind": "int", "redacted": false})"),
+                  "stores.product.npsSendCount.redacted is false; give true, or a value in its place"},
+        Malformed{"RedactedOfNoKind", after(R"("npsSendCount": {"kind": "date", "redacted": true})"),
+                  "stores.product.npsSendCount.kind is \"date\"; " + anyKind},
+        Malformed{"NulInAKey", after(R"("Indication/a\u0000b": {"kind": "bytes", "value": ""})"),
+                  "stores.product.Indication/a\\x00b holds a NUL, which no key can; remove it"},
+        Malformed{"LoneBackslashInAKey", after(R"("Indication/\\n": {"kind": "bytes", "value": ""})"),
+                  "stores.product.Indication/\\\\n" + writeTheKeySo},
+        Malformed{"LetterAsAByteInAKey", after(R"("lastT\\x61rget": {"kind": "string", "value": ""})"),
+                  "stores.product.lastT\\\\x61rget" + writeTheKeySo},
+        Malformed{"CapitalsInAByteOfAKey", after(R"("a\\xFF": {"kind": "string", "value": ""})"),
+                  "stores.product.a\\\\xFF" + writeTheKeySo},
+        Malformed{"HalfAByteInAKey", after(R"("a\\xf": {"kind": "string", "value": ""})"), "stores.product.a\\\\xf" + writeTheKeySo}),
+    byMeaning);
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, MalformedDocument,
+    testing::Values(
+        Malformed{"UnknownKey", after(R"("nothingLikeIt": {"kind": "int", "value": 1})"),
+                  "stores.product.nothingLikeIt is no preference of the editor; correct or remove it, or give --with-unknown to take such "
+                  "keys as they are"},
+        Malformed{"MistypedKey", after(R"("exprtPath": {"kind": "string", "value": "x"})"),
+                  "stores.product.exprtPath is no preference of the editor; did you mean exportPath? correct or remove it, or give "
+                  "--with-unknown to take such keys as they are"},
+        Malformed{"RedactedUnknownKey", after(R"("nothingLikeIt": {"kind": "int", "redacted": true})"),
+                  "stores.product.nothingLikeIt is no preference of the editor; correct or remove it, or give --with-unknown to take such "
+                  "keys as they are"},
+        Malformed{
+            "ReservedKey", after(R"("stabilizedFileFormat": {"kind": "string", "value": "x"})"),
+            "stores.product.stabilizedFileFormat is reserved: the editor neither reads nor writes it; remove it, or give --with-unknown"},
+        Malformed{
+            "LongKeyIsCut", after("\"" + std::string(1000, 'q') + R"(": {"kind": "int", "value": 1})"),
+            "stores.product." + std::string(99, 'q') +
+                "\xE2\x80\xA6 is no preference of the editor; correct or remove it, or give --with-unknown to take such keys as they are"},
+        Malformed{"MemberThatIsNoText", after(R"("favorites_\\xff": {"kind": "string", "value": "x"})"),
+                  "stores.product.favorites_\\\\xff is no preference of the editor; correct or remove it, or give --with-unknown to take "
+                  "such keys as they are"},
+        Malformed{"OtherStore", document("", R"("exportPath": {"kind": "string", "value": "x"})"),
+                  "stores.common.exportPath is kept in the other store; move it to stores.product"},
+        Malformed{"OtherStoreToo", after(R"("autoUpdate": {"kind": "bool", "value": true})"),
+                  "stores.product.autoUpdate is kept in the other store; move it to stores.common"},
+        Malformed{"OtherKind", after(R"("npsSendCount": {"kind": "string", "value": "1"})"),
+                  "stores.product.npsSendCount.kind is \"string\", which the editor would not read; give a value of kind \"int\""},
+        Malformed{"OtherKindRedacted", after(R"("keepVideoAspect": {"kind": "int", "redacted": true})"),
+                  "stores.product.keepVideoAspect.kind is \"int\", which the editor would not read; give a value of kind \"bool\""},
+        Malformed{"OtherKindOfAList", after(R"("userCustomColors": {"kind": "bytes", "value": ""})"),
+                  "stores.product.userCustomColors.kind is \"bytes\", which the editor would not read; give a value of kind \"string\""},
+        Malformed{"OtherKindOfAMember", after(R"("Indication/x": {"kind": "string", "value": ""})"),
+                  "stores.product.Indication/x.kind is \"string\", which the editor would not read; give a value of kind \"bytes\""},
+        Malformed{"OtherKindOfAnotherMember", after(R"("favorites_x": {"kind": "bytes", "value": ""})"),
+                  "stores.product.favorites_x.kind is \"bytes\", which the editor would not read; give a value of kind \"string\""}),
+    byMeaning);
+
+TEST_F(RefusedImport, FileThatIsNoneIsNamed)
+{
+    std::string const remedy = "; name a file that can be read, or give - for standard input\n";
+    EXPECT_EQ(reason({"/no/such"}), "editor-settings: cannot read '/no/such' (No such file or directory)" + remedy);
+    EXPECT_EQ(reason({"/"}), "editor-settings: cannot read '/' (it is a folder)" + remedy);
+    EXPECT_EQ(reason({"/dev/null"}), "editor-settings: cannot read '/dev/null' (it is not a regular file)" + remedy);
+    ASSERT_EQ(::mkfifo(inHome("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(reason({inHome("pipe")}), "editor-settings: cannot read '" + inHome("pipe") + "' (it is not a regular file)" + remedy);
+    std::filesystem::permissions(file(document("")), std::filesystem::perms::none);
+    Ended const closed = run(withoutPrivileges({TOOL, "import", inHome("in.json")}));
+    EXPECT_EQ(closed.err, "editor-settings: cannot read '" + inHome("in.json") + "' (Permission denied)" + remedy);
+    EXPECT_EQ(run({"sh", "-c", "exec \"$0\" import - < /", TOOL}).err,
+              "editor-settings: cannot read standard input (Is a directory)" + remedy);
+    EXPECT_EQ(refused({"import", ""}, 2).substr(0, 17), "editor-settings: ");
+}
+
+TEST_F(RefusedImport, FileBeyondAllSizeIsNotReadWhole)
+{
+    std::string const large = m_home.write("large", "{").string();
+    std::filesystem::resize_file(large, 64 * 1024 * 1024 + 1);
+    EXPECT_EQ(reason({large}), "editor-settings: '" + large +
+                                   "' holds more than 67108864 bytes, which is too much; name a file that can be read, or give - for "
+                                   "standard input\n");
+    std::filesystem::resize_file(large, 64 * 1024 * 1024);
+    EXPECT_EQ(reason({large}), "editor-settings: '" + large + "': line 1, column 2:" + nul + "; nothing was changed\n");
+}
+
+TEST_F(RefusedImport, StoreOfANewerVersionKeepsTheOtherFromBeingChanged)
+{
+    OtherProgram(commonFile()).execute("PRAGMA user_version = 2");
+    std::string const in =
+        file(document(R"("npsSendCount": {"kind": "int", "value": 2})", R"("autoUpdate": {"kind": "bool", "value": true})"));
+    EXPECT_EQ(reason({in}), "editor-settings: " + commonFile() +
+                                ": cannot change the store: it was written by a newer version (schema 2, this version writes 1); update "
+                                "this program; the file was left as it is; nothing was changed\n");
+    EXPECT_EQ(imported({file(document("", R"("autoUpdate": {"kind": "bool", "value": false})"))}),
+              "editor-settings: 0 changed, 1 already as in the file\n")
+        << "a store that nothing is to change in need not take changes";
+}
+
+TEST_F(RefusedImport, StoreThatCannotBeMadeKeepsTheOtherFromBeingChanged)
+{
+    std::string const home = inHome("other");
+    put(home + "/product-settings.sqlite", {{"npsSendCount", 1}});
+    std::string const before = fileContent(home + "/product-settings.sqlite");
+    std::string const in =
+        file(document(R"("npsSendCount": {"kind": "int", "value": 2})", R"("autoUpdate": {"kind": "bool", "value": true})"));
+    std::filesystem::permissions(home, std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    Ended const ended = run(withoutPrivileges({TOOL, "--home", home, "import", in}));
+    std::filesystem::permissions(home, std::filesystem::perms::owner_all);
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.err, "editor-settings: " + home +
+                             "/common-settings.sqlite: cannot create the store: Permission denied; make the file and its folder readable "
+                             "and writable for this user; nothing was changed\n");
+    EXPECT_EQ(fileContent(home + "/product-settings.sqlite"), before);
+}
+
+// --- One transaction for each store ---
+
+char const* const refuseChanges =
+    "CREATE TRIGGER refuse BEFORE INSERT ON settings WHEN NEW.key >= 'n' BEGIN SELECT RAISE(ABORT, 'no'); END";
+
+TEST_F(Exchange, SecondStoreThatFailsIsToldWithTheFirst)
+{
+    put(productFile(), {{"npsSendCount", 1}});
+    put(commonFile(), {{"autoUpdate", false}});
+    OtherProgram(commonFile()).execute(refuseChanges);
+    std::string const in =
+        file(document(R"("npsSendCount": {"kind": "int", "value": 2})",
+                      R"("autoUpdate": {"kind": "bool", "value": true}, "sendStatistics": {"kind": "bool", "value": true})"));
+    EXPECT_EQ(refused({"import", in}),
+              "editor-settings: " + commonFile() +
+                  ": cannot make 2 changes together: no; check the disk and its space, and try again; the product store holds the imported "
+                  "values, the common store is as it was; then import the file again\n");
+    EXPECT_EQ(valuesOf(productFile()), (Values{{"npsSendCount", 2}}));
+    EXPECT_EQ(valuesOf(commonFile()), (Values{{"autoUpdate", false}}));
+    OtherProgram(commonFile()).execute("DROP TRIGGER refuse");
+    EXPECT_EQ(imported({in}), "editor-settings: 2 changed, 1 already as in the file\n");
+}
+
+TEST_F(Exchange, FirstStoreThatFailsLeavesTheSecondAlone)
+{
+    put(productFile(), {{"npsSendCount", 1}});
+    put(commonFile(), {{"autoUpdate", false}});
+    OtherProgram(productFile()).execute(refuseChanges);
+    EXPECT_EQ(
+        refused({"import", file(document(R"("exportPath": {"kind": "string", "value": "x"}, "npsSendCount": {"kind": "int", "value": 2})",
+                                         R"("autoUpdate": {"kind": "bool", "value": true})"))}),
+        "editor-settings: " + productFile() +
+            ": cannot make 2 changes together: no; check the disk and its space, and try again; the product store is as it was, the "
+            "common store is as it was; then import the file again\n");
+    EXPECT_EQ(valuesOf(productFile()), (Values{{"npsSendCount", 1}}));
+    EXPECT_EQ(valuesOf(commonFile()), (Values{{"autoUpdate", false}}));
+}
+
+TEST_F(Exchange, OthersMayWriteMeanwhile)
+{
+    std::string const product = productFile();
+    put(product, {{"lastTarget", std::string("0")}, {"lastUsedPresetId", std::string("0")}});
+    std::filesystem::path const stop = m_home.path() / "stop";
+    Child writer([&] {
+        SqliteStorage store(product);
+        int round = 0;
+        for (; !std::filesystem::exists(stop); ++round) {
+            store.apply({{"lastTarget", std::to_string(round)}, {"lastUsedPresetId", std::to_string(round)}, {"round", round}});
+            std::this_thread::sleep_for(std::chrono::milliseconds(5)); // others are to have their turn
+        }
+        return std::to_string(round - 1);
+    });
+    for (int number = 0; number < 15; ++number) {
+        json const entries = json::parse(said({"export", "-"}))["stores"]["product"];
+        EXPECT_EQ(entries["lastTarget"]["value"], entries["lastUsedPresetId"]["value"]) << "an export is of one moment";
+        EXPECT_EQ(imported({file(document(R"("npsSendCount": {"kind": "int", "value": )" + std::to_string(number) + "}"))}),
+                  "editor-settings: 1 changed, 0 already as in the file\n");
+    }
+    std::ofstream(stop) << "";
+    std::string const last = writer.answer();
+    EXPECT_GT(std::stoi(last), 0);
+    EXPECT_EQ(valuesOf(product),
+              (Values{{"lastTarget", last}, {"lastUsedPresetId", last}, {"round", std::stoi(last)}, {"npsSendCount", 14}}));
+}
+
+// --- diff ---
+
+class Difference : public Exchange {
+protected:
+    void SetUp() override
+    {
+        put(productFile(), {{"npsSendCount", 1},
+                            {"exportPath", std::string("/a")},
+                            {"lastTarget", std::string("same")},
+                            {"npsValueToSend", std::string("7")},
+                            {"unknown", Bytes{0, 255}}});
+        put(commonFile(), {{"autoUpdate", true}});
+        m_file = file(document(R"("npsSendCount": {"kind": "int", "value": 2}, "lastTarget": {"kind": "string", "value": "same"},
+            "npsValueToSend": {"kind": "int", "value": 7}, "theirs": {"kind": "string", "encoding": "base64", "value": "/w=="},
+            "projectPath": {"kind": "string", "value": ""}, "snapshotPath": {"kind": "string", "redacted": true})"));
+    }
+
+    std::string m_file;
+};
+
+TEST_F(Difference, IsALineForEachKey)
+{
+    Ended const ended = tool({"diff", m_file});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.err, "editor-settings: 1 redacted in the file, so not compared\n");
+    EXPECT_EQ(tool({"diff", m_file, "--plain"}).out, "removed\tproduct\texportPath\tstring\t/a\t\t\n"
+                                                     "changed\tproduct\tnpsSendCount\tint\t1\tint\t2\n"
+                                                     "changed\tproduct\tnpsValueToSend\tstring\t7\tint\t7\n"
+                                                     "added\tproduct\tprojectPath\t\t\tstring\t\n"
+                                                     "added\tproduct\ttheirs\t\t\tstring\t\\xff\n"
+                                                     "removed\tproduct\tunknown\tbytes\tAP8=\t\t\n"
+                                                     "removed\tcommon\tautoUpdate\tbool\ttrue\t\t\n");
+    SqliteStorage(productFile()).remove("unknown");
+    EXPECT_EQ(tool({"diff", file(std::regex_replace(fileContent(m_file), std::regex("\"theirs[^}]*\\},"), ""))}).out,
+              "CHANGE   STORE    KEY             STORED      FILE\n"
+              "removed  product  exportPath      /a          (absent)\n"
+              "changed  product  npsSendCount    1           2\n"
+              "changed  product  npsValueToSend  7 (string)  7 (int)\n"
+              "added    product  projectPath     (unset)\n"
+              "removed  common   autoUpdate      true        (absent)\n");
+}
+
+TEST_F(Difference, AsJsonHasBothSidesAsTheDocumentHasThem)
+{
+    Ended const ended = tool({"diff", m_file, "--json"});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(json::parse(ended.out), json::parse(R"([
+        {"change": "removed", "store": "product", "key": "exportPath", "stored": {"kind": "string", "value": "/a"}, "file": null},
+        {"change": "changed", "store": "product", "key": "npsSendCount", "stored": {"kind": "int", "value": 1}, "file": {"kind": "int", "value": 2}},
+        {"change": "changed", "store": "product", "key": "npsValueToSend", "stored": {"kind": "string", "value": "7"}, "file": {"kind": "int", "value": 7}},
+        {"change": "added", "store": "product", "key": "projectPath", "stored": null, "file": {"kind": "string", "value": ""}},
+        {"change": "added", "store": "product", "key": "theirs", "stored": null, "file": {"kind": "string", "encoding": "base64", "value": "/w=="}},
+        {"change": "removed", "store": "product", "key": "unknown", "stored": {"kind": "bytes", "value": "AP8="}, "file": null},
+        {"change": "removed", "store": "common", "key": "autoUpdate", "stored": {"kind": "bool", "value": true}, "file": null}])"));
+}
+
+TEST_F(Difference, ValueThatCannotBeReadDiffersFromAnyOther)
+{
+    OtherProgram(productFile()).execute("UPDATE settings SET kind = 'date' WHERE key = 'npsSendCount'");
+    EXPECT_EQ(lines(tool({"diff", m_file}).out)[2], "changed  product  npsSendCount    (unreadable) (date)  2 (int)");
+    EXPECT_EQ(json::parse(tool({"diff", m_file, "--json"}).out)[1]["stored"], json::parse(R"({"kind": "date", "value": null})"));
+}
+
+TEST_F(Difference, StatusTellsSameFromDifferentFromTrouble)
+{
+    EXPECT_EQ(said({"diff", file(exported())}), "");
+    EXPECT_EQ(said({"diff", file(exported()), "--plain"}), "");
+    EXPECT_EQ(said({"diff", file(exported()), "--json"}), "[]\n");
+    EXPECT_EQ(tool({"diff", file(document(""))}).status, 1);
+    EXPECT_EQ(refused({"diff", file("{")}, 2),
+              "editor-settings: '" + inHome("in.json") +
+                  "': line 1, column 2: syntax error while parsing object key - unexpected end of input; expected string literal" + mend +
+                  '\n');
+    EXPECT_EQ(tool({"diff", "/no/such"}).status, 2);
+    EXPECT_EQ(tool({"--product", "/no/such", "diff", file(document(""))}).status, 2);
+    EXPECT_EQ(tool({"diff"}).status, 2);
+    OtherProgram(productFile()).execute("PRAGMA application_id = 1");
+    EXPECT_EQ(tool({"diff", file(document(""))}).status, 2);
+    EXPECT_EQ(tool({"export", "-"}).status, 1);
+}
+
+TEST_F(Difference, StoresThatAreNotThereHoldNothing)
+{
+    EXPECT_EQ(tool({"--home", inHome("other"), "diff", m_file}).status, 1);
+    EXPECT_EQ(tool({"--home", inHome("other"), "diff", file(document(""))}).status, 0);
+    EXPECT_FALSE(std::filesystem::exists(inHome("other")));
+}
+
+} // namespace
