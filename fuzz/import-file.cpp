@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+//
+// The document that an import reads: what is taken holds nothing that a store or a later reader would stumble over and is
+// the same when it is written and read again; what is refused is refused with one line that tells where and what.
+#include <support/Fuzz.h>
+#include <support/NaiveNames.h>
+
+#include <KnownKeys.h>
+#include <Transfer.h>
+
+#include <algorithm>
+#include <tuple>
+
+using Catalogue::Store;
+using Fuzz::expect;
+using Transfer::Document;
+using Transfer::Entry;
+
+namespace {
+
+bool isSame(Entry const& left, Entry const& right)
+{
+    return std::tie(left.store, left.key, left.kind, left.category, left.value) ==
+           std::tie(right.store, right.key, right.kind, right.category, right.value);
+}
+
+// The alternative of a value of each kind; a redacted one has none.
+void checkKind(Entry const& entry)
+{
+    char const* const kinds[] = {"", "bool", "int", "string", "bytes"};
+    std::size_t const index = entry.value.index();
+    expect(index == 0 || entry.kind == kinds[index], "a value is of its kind");
+    expect(std::count(std::begin(kinds) + 1, std::end(kinds), entry.kind) == 1, "a kind is known");
+}
+
+void checkTaken(Document const& document)
+{
+    for (std::size_t index = 0; index < document.entries.size(); ++index) {
+        Entry const& entry = document.entries[index];
+        checkKind(entry);
+        expect(entry.key.find('\0') == std::string::npos, "a key holds no NUL");
+        if (index == 0)
+            continue;
+        Entry const& before = document.entries[index - 1];
+        expect(std::tie(before.store, before.key) < std::tie(entry.store, entry.key), "entries are sorted, and none stands there twice");
+    }
+}
+
+void checkWrittenAgain(Document const& document)
+{
+    std::string const bytes = Transfer::written(document);
+    expect(oracle::isUtf8(bytes), "a document is UTF-8");
+    for (char const byte : bytes)
+        expect(byte == '\n' || (static_cast<unsigned char>(byte) >= 0x20 && byte != 0x7f), "a document holds no control character");
+    Document const again = Transfer::read(bytes);
+    Fuzz::expectEqual("made", again.made, document.made);
+    Fuzz::expectEqual("product", again.product, document.product);
+    expect(again.entries.size() == document.entries.size(), "no entry is lost");
+    for (std::size_t index = 0; index < document.entries.size(); ++index)
+        if (!isSame(again.entries[index], document.entries[index]))
+            Fuzz::finding("an entry comes back", {document.entries[index].key, again.entries[index].key});
+    Fuzz::expectEqual("written again", Transfer::written(again), bytes);
+}
+
+void checkRefused(std::string const& text)
+{
+    if (!oracle::isUtf8(text) || text.size() > 2000)
+        Fuzz::finding("a text of modest length in UTF-8", {text});
+    for (char const byte : text)
+        if (static_cast<unsigned char>(byte) < 0x20 || byte == 0x7f)
+            Fuzz::finding("a text without control characters", {text});
+    if (text.find("; ") == std::string::npos)
+        Fuzz::finding("a text that says what to do", {text});
+}
+
+// A key that passes is one that the library reads, as what it is, from the store in which it stands.
+void checkKeysOf(Document const& document)
+{
+    try {
+        checkKeys(document, false);
+    } catch (Transfer::Error const& error) {
+        checkRefused(error.what());
+        return;
+    }
+    for (Entry const& entry : document.entries) {
+        std::string const indication = "Indication/";
+        std::string const favorites = "favorites_";
+        Catalogue::Row const* const row = Catalogue::findPreference(entry.key);
+        if (row)
+            expect(row->store == entry.store && !std::string(Catalogue::className(row->category)).empty(), "a preference in its store");
+        else if (entry.key.compare(0, indication.size(), indication) == 0)
+            expect(entry.kind == "bytes" && entry.store == Store::product, "an indication");
+        else
+            expect(entry.key.compare(0, favorites.size(), favorites) == 0 && entry.kind == "string" && entry.store == Store::product,
+                   "a list of favourites");
+    }
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size)
+{
+    static Fuzz::BoundLibrary const library;
+    try {
+        Document const document = Transfer::read(std::string(data, data + size));
+        checkTaken(document);
+        checkWrittenAgain(document);
+        checkKeysOf(document);
+    } catch (Transfer::Error const& error) {
+        checkRefused(error.what());
+    }
+    return 0;
+}
