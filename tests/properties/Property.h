@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <support/Tally.h>
+
 #include <QString>
 
 #include <rapidcheck.h>
@@ -22,7 +24,9 @@ void expectForAll(int cases, Property&& property)
     parameters.maxSuccess = cases;
     ::setenv("RC_PARAMS", ("seed=" + std::to_string(parameters.seed)).c_str(), 1); // which RapidCheck would else make up, and print
     auto const result = rc::detail::checkTestable(std::forward<Property>(property), rc::detail::TestMetadata(), parameters);
-    if (!result.template is<rc::detail::SuccessResult>()) {
+    bool const holds = result.template is<rc::detail::SuccessResult>();
+    tally("Random case of a property", cases, holds ? 0 : 1);
+    if (!holds) {
         std::ostringstream text;
         rc::detail::printResultMessage(result, text);
         ADD_FAILURE() << "EDITOR_SETTINGS_SEED=" << parameters.seed << '\n' << text.str();
