@@ -217,7 +217,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t deepest = 16; // more than any version may need
+    static constexpr std::size_t deepest = 8; // twice as much as documents have
 
     bool add(json value)
     {
