@@ -73,8 +73,8 @@ EDITOR_SETTINGS_EXPORT void write(std::string const& key, QByteArray const& valu
 /// Stores numerator and denominator under key + "_N" and key + "_D", each cut to its low 32 bits. Where the second
 /// store call throws, the first half is already written.
 EDITOR_SETTINGS_EXPORT void write(std::string const& key, boost::rational<long long> const& value, bool useCommonStorage);
-/// Stores the elements joined with "|#|", unescaped: an empty element is lost at the next read, and an element that
-/// holds "|#|" comes back as several.
+/// Stores the elements joined with "|#|", unescaped: an empty element is lost at the next read, an element that holds
+/// "|#|" comes back as several, and one that ends in "|#" comes back torn, with the element after it.
 EDITOR_SETTINGS_EXPORT void write(std::string const& key, QStringList value, bool useCommonStorage);
 
 // --- Preferences -----------------------------------------------------------------------------------------------------
@@ -428,7 +428,8 @@ EDITOR_SETTINGS_EXPORT QString portableProjectMediaPath(); ///< "/media/", to be
 // reserved: two calls before the caller has made the file give the same number. To claim a name, make the folder and
 // open the file so that it must not exist. A folder that is missing or cannot be read counts as empty. After 2147483647
 // comes -2147483648, which later calls do not count. Qt itself warns on standard error where a "[" stays open in a format
-// or in the name of a stabilized clip's source.
+// or in the name of a stabilized clip's source; and repetitions within repetitions there, such as "((a{99}){99}){99}", may
+// take longer than anybody waits.
 
 /// "/home/u/Music/Lumora Video Editor/Recorded Audio/Rec-4-2024.03.09-17.05.31.wav": in `audioRecordPath()`, with the
 /// local time and `audioRecordFormat()` in lower case. "Rec-3-…" counts whatever its extension.
