@@ -332,11 +332,10 @@ TEST_F(Doctor, JournalOfAStoreThatIsGoneIsFound)
     std::filesystem::remove(commonFile());
     std::ofstream(journal) << "no journal of a new store";
     ::chmod(journal.c_str(), 0600);
-    EXPECT_EQ(
-        only("journal-left", report()),
-        json::array({about("warning", "journal-left", "common", {}, journal,
-                           "a journal of 25 bytes lies there: its store is gone, and a new one of that name would take it for its own",
-                           "restore the store from a backup, or move the journal away")}));
+    EXPECT_EQ(only("journal-left", report()),
+              json::array({about("error", "journal-left", "common", {}, journal,
+                                 "a journal of 25 bytes lies there: its store is gone, and no new one is made beside it",
+                                 "bring the store back beside its journal, or move the journal away")}));
     EXPECT_EQ(content(journal), "no journal of a new store");
 }
 

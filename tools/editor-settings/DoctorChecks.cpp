@@ -158,10 +158,10 @@ Findings checkJournal(ExaminedStore const& store)
         return {};
     std::string const what = "a journal of " + std::to_string(size) + " bytes lies there: ";
     if (store.isMissing)
-        return {{Severity::warning,
+        return {{Severity::error,
                  "journal-left",
-                 what + "its store is gone, and a new one of that name would take it for its own",
-                 "restore the store from a backup, or move the journal away",
+                 what + "its store is gone, and no new one is made beside it",
+                 "bring the store back beside its journal, or move the journal away",
                  store.store,
                  {},
                  journalOf(store)}};

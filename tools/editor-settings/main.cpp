@@ -482,7 +482,6 @@ int main(int argc, char** argv)
     try {
         status = commandLine.run(argc, argv);
     } catch (std::exception const& error) {
-        std::cout.flush(); // an answer stands before what is wrong with it
         tell(error.what());
         status = commandLine.statusOfTrouble();
     }
