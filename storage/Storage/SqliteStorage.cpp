@@ -251,7 +251,7 @@ public:
 
     void apply(std::vector<Change> const& changes)
     {
-        change("make " + std::to_string(changes.size()) + " changes together", [&] {
+        change("make " + std::to_string(changes.size()) + (changes.size() == 1 ? " change" : " changes together"), [&] {
             for (Change const& change : changes)
                 makeNow(change);
         });

@@ -245,7 +245,7 @@ TEST_F(SqliteUpkeep, FileOfANewerSchemaIsReadAndRefusesEveryChange)
         EXPECT_EQ(refusal([&] { store.setString("key", "new"); }), path().string() + ": cannot set \"key\": " + reason);
         EXPECT_EQ(refusal([&] { store.setBool("key", true); }), path().string() + ": cannot set \"key\": " + reason);
         EXPECT_EQ(refusal([&] { store.remove("key"); }), path().string() + ": cannot remove \"key\": " + reason);
-        EXPECT_EQ(refusal([&] { store.apply({{"key", 1}}); }), path().string() + ": cannot make 1 changes together: " + reason);
+        EXPECT_EQ(refusal([&] { store.apply({{"key", 1}}); }), path().string() + ": cannot make 1 change: " + reason);
         EXPECT_EQ(store.getString("key", "lost"), "value");
     }
     EXPECT_EQ(content(path()), before);

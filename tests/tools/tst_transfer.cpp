@@ -838,7 +838,7 @@ TEST_F(Exchange, FirstStoreThatFailsLeavesTheSecondAlone)
     EXPECT_EQ(refused({"import", file(document(R"("npsSendCount": {"kind": "int", "value": 2})",
                                                R"("autoUpdate": {"kind": "bool", "value": true})"))}),
               "editor-settings: " + productFile() +
-                  ": cannot make 1 changes together: no; check the disk and its space, and try again; the product store is as it was, the "
+                  ": cannot make 1 change: no; check the disk and its space, and try again; the product store is as it was, the "
                   "common store is as it was; then import the file again\n");
     EXPECT_EQ(valuesOf(productFile()), (Values{{"npsSendCount", 1}}));
     EXPECT_EQ(valuesOf(commonFile()), (Values{{"autoUpdate", false}}));
