@@ -95,7 +95,10 @@ private:
             return true;
         };
         try {
-            return json::parse(fileContent(m_file), isFlat);
+            std::string const content = fileContent(m_file);
+            if (content.find('\0') != std::string::npos) // which would count as the end
+                refuse("is not JSON: it holds a NUL");
+            return json::parse(content, isFlat);
         } catch (std::system_error const& error) {
             refuse("cannot be read (" + error.code().message() + "); check its name and rights, or name another product file");
         } catch (json::exception const& error) {

@@ -176,6 +176,17 @@ INSTANTIATE_TEST_SUITE_P(
         Wrong{"ResourcesRootIsNoText", "\"share/resources\"", "null", "has the value null in field \"resourcesRoot\", which takes a text"}),
     byMeaning);
 
+TEST_F(ProductFiles, WhatFollowsANulIsNotPassedOver)
+{
+    std::filesystem::path const file = m_home.write("product.json", complete + std::string("\0and more", 9));
+    try {
+        ProductFile const product(file);
+        FAIL() << "it was read";
+    } catch (ProductFileError const& error) {
+        EXPECT_EQ(std::string(error.what()), "product file " + file.string() + " is not JSON: it holds a NUL");
+    }
+}
+
 TEST_F(ProductFiles, ContentOfAFileIsWholeOrAnError)
 {
     std::string const content("a\0b\n", 4);
