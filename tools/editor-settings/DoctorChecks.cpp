@@ -60,6 +60,16 @@ Finding findingOf(std::string const& trouble, ExaminedStore const& store, Severi
 
 namespace {
 
+std::string journalOf(ExaminedStore const& store) { return store.file.u8string() + "-journal"; }
+
+// 0 also where there is none: an empty one stays beside every store.
+std::uintmax_t sizeOfJournal(ExaminedStore const& store)
+{
+    std::error_code error;
+    std::uintmax_t const size = fs::file_size(journalOf(store), error);
+    return error ? 0 : size;
+}
+
 Finding aboutFile(ExaminedStore const& store, Severity severity, char const* check, std::string const& what, std::string const& remedy)
 {
     return {severity, check, what, remedy, store.store, {}, store.file.u8string()};
@@ -88,7 +98,7 @@ Findings checkAccess(ExaminedStore const& store)
     Findings findings;
     if (!store.trouble.empty())
         return {findingOf(store.trouble, store, Severity::error, "store-unusable")};
-    if (store.isMissing)
+    if (store.isMissing && sizeOfJournal(store) == 0)
         findings.push_back(aboutFile(store, Severity::note, "store-missing", "nothing is stored there yet",
                                      "nothing to do: the store is made when something is stored"));
     if (!store.readOnlyReason.empty())
@@ -138,8 +148,6 @@ void checkModeOf(std::string const& file, ExaminedStore const& store, Findings& 
                             file});
 }
 
-std::string journalOf(ExaminedStore const& store) { return store.file.u8string() + "-journal"; }
-
 } // namespace
 
 Findings checkModes(ExaminedStore const& store)
@@ -152,9 +160,8 @@ Findings checkModes(ExaminedStore const& store)
 
 Findings checkJournal(ExaminedStore const& store)
 {
-    std::error_code error;
-    std::uintmax_t const size = fs::file_size(journalOf(store), error);
-    if (error || size == 0) // an empty one stays beside every store
+    std::uintmax_t const size = sizeOfJournal(store);
+    if (size == 0)
         return {};
     std::string const what = "a journal of " + std::to_string(size) + " bytes lies there: ";
     if (store.isMissing)
