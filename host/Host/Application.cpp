@@ -35,9 +35,12 @@ private:
 
 } // namespace
 
-Application::Store::Store(fs::path const& path, StorePolicy policy) : file(fs::absolute(path)), bound(std::make_shared<NoStore>())
+Application::Store::Store(fs::path const& path, StorePolicy policy) : bound(std::make_shared<NoStore>())
 {
     std::error_code error;
+    file = fs::absolute(path, error);
+    if (error)
+        file = path; // without a current directory: the store tells so
     bool const isMissing = fs::symlink_status(file, error).type() == fs::file_type::not_found;
     if (isMissing && policy != StorePolicy::create)
         return;

@@ -223,6 +223,26 @@ TEST_F(Applications, StoresLieInOneFolderWhereOneIsNamed)
     EXPECT_FALSE(std::filesystem::exists(m_data)) << "nothing is made where the stores would else lie";
 }
 
+TEST_F(Applications, FolderOfTheStoresIsMeantFromTheCurrentFolder)
+{
+    std::filesystem::path const earlier = std::filesystem::current_path();
+    std::filesystem::current_path(m_home.path());
+    Application const application(m_productFile, "elsewhere", Host::StorePolicy::leaveOutMissing);
+    std::filesystem::current_path(earlier);
+    EXPECT_EQ(application.commonStorageFile(), m_home.path() / "elsewhere/common-settings.sqlite");
+    EXPECT_EQ(application.productStorageFile(), m_home.path() / "elsewhere/product-settings.sqlite");
+}
+
+TEST_F(Applications, CurrentFolderThatIsGoneIsAnErrorOfTheStore)
+{
+    std::filesystem::path const earlier = std::filesystem::current_path();
+    std::filesystem::create_directory(m_home.path() / "gone");
+    std::filesystem::current_path(m_home.path() / "gone");
+    std::filesystem::remove(m_home.path() / "gone");
+    EXPECT_THROW(Application(m_productFile, "elsewhere"), Storage::StorageError);
+    std::filesystem::current_path(earlier);
+}
+
 TEST_F(Applications, MissingStoresAreLeftOutWhereAskedFor)
 {
     Application const application(m_productFile, m_home.path() / "elsewhere", Host::StorePolicy::leaveOutMissing);
