@@ -63,6 +63,12 @@ char const stacked[] = "22 1 254:0 / / rw - ext4 /dev/vda1 rw\n"
                        "50 22 0:40 / /twice rw - vfat /dev/sdx rw\n"
                        "51 22 0:41 / /twice rw - exfat /dev/sdy rw\n";
 
+char const deep[] = "1 0 0:1 / / rw - ext4 x rw\n"
+                    "2 1 0:2 / /a rw - xfs x rw\n"
+                    "3 2 0:3 / /a/b rw - btrfs x rw\n"
+                    "4 3 0:4 / /a/b/c rw - tmpfs x rw\n"
+                    "5 4 0:5 / /a/b/c/d rw - nfs x rw\n";
+
 INSTANTIATE_TEST_SUITE_P(
     Table, MountTable,
     testing::Values(
@@ -82,7 +88,8 @@ INSTANTIATE_TEST_SUITE_P(
         Found{"LineThatEndsWithTheType", usual, "/mnt/bare", "tmpfs", "/mnt/bare"},
         Found{"OverMountedByItself", stacked, "/dev/shm/x", "tmpfs", "/dev/shm"},
         Found{"MountThatAnotherHides", stacked, "/a/b/c", "btrfs", "/a"}, Found{"TwoAtOnePlace", stacked, "/twice/x", "exfat", "/twice"},
-        Found{"EmptyTable", "", "/x", "", ""}, Found{"NoTable", "nonsense\n\n1 2 3 4 5 6\n1 2 3 4 / 6 -\n", "/x", "", ""},
+        Found{"MountOnAMountOnAMount", deep, "/a/b/c/d/x", "nfs", "/a/b/c/d"}, Found{"EmptyTable", "", "/x", "", ""},
+        Found{"NoTable", "nonsense\n\n1 2 3 4 5 6\n1 2 3 4 / 6 -\n", "/x", "", ""},
         Found{"LineThatIsCut", "22 1 254:0 / / rw - ext4 /dev/vda1 rw\n23 22 0:1 / /x rw - \n", "/x", "ext4", "/"},
         Found{"MountsInARing", "1 2 0:1 / / rw - ext4 x rw\n2 1 0:2 / / rw - xfs y rw\n", "/x", "", ""},
         Found{"RootOnItself", "1 1 0:1 / / rw - ext4 x rw\n", "/x", "ext4", "/"},
@@ -102,6 +109,10 @@ TEST_F(FileSystemOfAPath, IsThatOfTheNearestFolderThatExists)
     EXPECT_EQ(Storage::fileSystemOf("/proc/self/status").type, "proc");
     EXPECT_EQ(Storage::fileSystemOf("/proc/self/status").mountPoint, "/proc");
     EXPECT_EQ(Storage::fileSystemOf("/sys/no/such/folder").type, "sysfs");
+    std::filesystem::path const earlier = std::filesystem::current_path();
+    std::filesystem::current_path("/proc");
+    EXPECT_EQ(Storage::fileSystemOf("no/such/folder").type, "proc");
+    std::filesystem::current_path(earlier);
     std::filesystem::create_directory_symlink("/proc", m_home.path() / "link");
     EXPECT_EQ(Storage::fileSystemOf(m_home.path() / "link/no/such").type, "proc");
     std::string const here = Storage::fileSystemOf(m_home.path()).type;
@@ -156,6 +167,39 @@ TEST_F(FileSystemOfAPath, IsAskedOfTheSystemWhereThereIsNoTable)
 
 // --- What it means for a store ---
 
+TEST(NetworkFileSystem, IsKnownByEachOfItsNames)
+{
+    for (char const* type : {"nfs",
+                             "nfs4",
+                             "cifs",
+                             "smb3",
+                             "smbfs",
+                             "ncpfs",
+                             "afs",
+                             "coda",
+                             "ceph",
+                             "lustre",
+                             "glusterfs",
+                             "beegfs",
+                             "9p",
+                             "davfs",
+                             "vboxsf",
+                             "prl_fs",
+                             "fuse.sshfs",
+                             "fuse.ceph",
+                             "fuse.davfs2",
+                             "fuse.rclone",
+                             "fuse.s3fs",
+                             "fuse.ceph-fuse",
+                             "fuse.curlftpfs",
+                             "fuse.gcsfuse",
+                             "fuse.gvfsd-fuse",
+                             "fuse.smbnetfs",
+                             "fuse.vmhgfs-fuse",
+                             "fuse.glusterfs"})
+        EXPECT_EQ(Storage::suitabilityForStores({type, "/h", false}), Suitability::network) << type;
+}
+
 struct Judged {
     char const* meaning;
     FileSystem fileSystem;
@@ -180,9 +224,10 @@ INSTANTIATE_TEST_SUITE_P(
         Judged{"Davfs", {"fuse.davfs2", "/h", false}, Suitability::network},
         Judged{"Vfat", {"vfat", "/h", false}, Suitability::withoutLinks},
         Judged{"Msdos", {"msdos", "/h", false}, Suitability::withoutLinks},
-        Judged{"Exfat", {"exfat", "/h", false}, Suitability::withoutLinks}, Judged{"Tmpfs", {"tmpfs", "/h", false}, Suitability::passing},
-        Judged{"Ramfs", {"ramfs", "/h", false}, Suitability::passing}, Judged{"Fuse", {"fuse", "/h", false}, Suitability::unknown},
-        Judged{"OtherFuse", {"fuse.other", "/h", false}, Suitability::unknown},
+        Judged{"Exfat", {"exfat", "/h", false}, Suitability::withoutLinks},
+        Judged{"ExfatByAProgram", {"fuse.exfat", "/h", false}, Suitability::withoutLinks},
+        Judged{"Tmpfs", {"tmpfs", "/h", false}, Suitability::passing}, Judged{"Ramfs", {"ramfs", "/h", false}, Suitability::passing},
+        Judged{"Fuse", {"fuse", "/h", false}, Suitability::unknown}, Judged{"OtherFuse", {"fuse.other", "/h", false}, Suitability::unknown},
         Judged{"Fuseblk", {"fuseblk", "/h", false}, Suitability::unknown}, Judged{"Nameless", {"", "", false}, Suitability::unknown},
         Judged{"ReadOnlyExt4", {"ext4", "/", true}, Suitability::readOnly},
         Judged{"ReadOnlyNfs", {"nfs", "/", true}, Suitability::readOnly}),
