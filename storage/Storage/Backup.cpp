@@ -10,10 +10,14 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -25,6 +29,7 @@ constexpr int applicationId = 0x4C754542; // "LuEB"
 constexpr int formatVersion = 1;
 constexpr int busyMilliseconds = 5000;
 
+constexpr char const* keepWhatIsThere = "keep what is there";
 constexpr char const* nameAnother = "name another backup; this one was left as it is";
 
 [[noreturn]] void refuse(fs::path const& file, std::string const& reason, char const* remedy = nameAnother)
@@ -100,7 +105,7 @@ std::unique_ptr<Backup::Copy> Backup::checkedCopy(fs::path const& backup, std::s
 
 void Backup::write(fs::path const& file, std::map<std::string, SqliteStorage const*> const& stores)
 {
-    fs::path const target = absolutePath(file);
+    fs::path const target = absolutePath(file, "write the backup");
     std::map<std::string, std::string> snapshots;
     for (auto const& [name, store] : stores)
         snapshots[name] = store->snapshot();
@@ -125,11 +130,13 @@ void Backup::write(fs::path const& file, std::map<std::string, SqliteStorage con
         throw StorageError(target.u8string(), "write the backup", "it is there already", "name a new file, or move that one away");
 }
 
-Backup::Backup(fs::path const& file) : m_file(absolutePath(file))
+Backup::Backup(fs::path const& file) : m_file(absolutePath(file, "read the backup"))
 {
     try {
         SQLite::Database database = opened(m_file);
-        m_made = std::chrono::system_clock::time_point(std::chrono::seconds(database.execAndGet("SELECT made FROM about").getInt64()));
+        long long const latest = std::chrono::duration_cast<std::chrono::seconds>(std::chrono::system_clock::duration::max()).count();
+        long long const made = database.execAndGet("SELECT made FROM about").getInt64();
+        m_made = std::chrono::system_clock::time_point(std::chrono::seconds(std::clamp(made, -latest, latest)));
         SQLite::Statement copies(database, "SELECT name, content FROM copies");
         while (copies.executeStep()) {
             std::string const name = copies.getColumn(0).getString();
@@ -161,7 +168,7 @@ std::vector<SqliteStorage::Row> Backup::rows(std::string const& name) const
 
 namespace {
 
-// A name beside `file` that nothing has, for what was in its place.
+// A name beside `file` that nothing has yet, for what was in its place.
 fs::path keptName(fs::path const& file)
 {
     std::time_t const now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
@@ -169,30 +176,63 @@ fs::path keptName(fs::path const& file)
     char stamp[32];
     std::strftime(stamp, sizeof stamp, "%Y%m%dT%H%M%SZ", ::gmtime_r(&now, &utc));
     std::string const name = file.string() + ".before-restore-" + stamp;
-    std::error_code ignored;
-    fs::path kept = name;
-    for (int number = 2; fs::symlink_status(kept, ignored).type() != fs::file_type::not_found; ++number)
-        kept = name + '-' + std::to_string(number);
-    return kept;
-}
-
-void move(fs::path const& from, fs::path const& to)
-{
     std::error_code error;
-    fs::rename(from, to, error);
-    if (error && error != std::errc::no_such_file_or_directory)
-        throwSystemError(from, "move it aside", error.value());
-    if (!error && fs::is_regular_file(fs::symlink_status(to, error)))
-        ::chmod(to.c_str(), 0600);
+    for (int number = 1;; ++number) {
+        fs::path const kept = number == 1 ? name : name + '-' + std::to_string(number);
+        fs::file_type const type = fs::symlink_status(kept, error).type();
+        if (type == fs::file_type::not_found)
+            return kept;
+        if (type == fs::file_type::none)
+            throwSystemError(kept, keepWhatIsThere, error.value());
+    }
 }
 
-// Companions first: a journal beside a new file would be played back into it.
-fs::path setAside(fs::path const& file)
+// Another restore may take a name that was free.
+fs::path keptCopy(fs::path const& file, std::string const& content)
 {
-    fs::path const kept = keptName(file);
-    for (char const* companion : {"-journal", "-wal", "-shm", ""})
-        move(file.string() + companion, kept.string() + companion);
-    return kept;
+    for (;;)
+        if (fs::path const kept = keptName(file); writeNewFile(kept, content, keepWhatIsThere))
+            return kept;
+}
+
+void makePrivate(fs::path const& kept)
+{
+    std::error_code ignored;
+    if (fs::is_regular_file(fs::symlink_status(kept, ignored)))
+        ::chmod(kept.c_str(), 0600);
+}
+
+// A journal beside a new file would be played back into it.
+void setCompanionsAside(fs::path const& file, fs::path const& kept)
+{
+    for (char const* companion : {"-journal", "-wal", "-shm"}) {
+        fs::path const from = file.string() + companion;
+        fs::path const to = kept.string() + companion;
+        if (::rename(from.c_str(), to.c_str()) == 0)
+            makePrivate(to);
+        else if (errno != ENOENT && errno != ENOTDIR)
+            throwSystemError(from, keepWhatIsThere, errno);
+    }
+}
+
+struct Kept {
+    fs::path name;
+    bool isMoved = false;
+};
+
+// Gives what is there a second name, so that a new file can take its place in one step; a folder, which cannot have two, is
+// moved.
+Kept keptAside(fs::path const& file)
+{
+    for (;;) {
+        fs::path const name = keptName(file);
+        if (::link(file.c_str(), name.c_str()) == 0)
+            return {name, false};
+        if (::renameat2(AT_FDCWD, file.c_str(), AT_FDCWD, name.c_str(), RENAME_NOREPLACE) == 0)
+            return {name, true};
+        if (errno != EEXIST)
+            throwSystemError(file, keepWhatIsThere, errno);
+    }
 }
 
 // Opens the store where its values can be replaced; none where the file has to be replaced instead.
@@ -200,9 +240,12 @@ std::optional<SQLite::Database> openedForReplacing(fs::path const& file)
 {
     try {
         SQLite::Database database = openStore(file, busyMilliseconds, static_cast<int>(SqliteStorage::Synchronous::full));
+        std::optional<Obstacle> const obstacle = obstacleToChanges(database, 0);
+        if (!obstacle) // from here on nobody else changes it until it is closed, so that what is kept is what is replaced
+            database.exec("BEGIN IMMEDIATE; PRAGMA locking_mode = EXCLUSIVE; COMMIT");
         if (database.execAndGet("PRAGMA user_version").getInt() > SqliteStorage::writtenSchema)
             return std::nullopt;
-        if (std::optional<Obstacle> const obstacle = obstacleToChanges(database, 0))
+        if (obstacle)
             throw SQLite::Exception(obstacle->reason, SQLITE_READONLY);
         return database;
     } catch (StorageError const&) {
@@ -220,28 +263,33 @@ std::optional<SQLite::Database> openedForReplacing(fs::path const& file)
 std::optional<fs::path> Backup::restore(std::string const& name, fs::path const& file) const
 {
     Copy& copy = *m_copies.at(name);
-    fs::path const target = absolutePath(file);
     constexpr char const* attempt = "restore the store";
+    fs::path const target = absolutePath(file, attempt);
     return translated(target, attempt, [&]() -> std::optional<fs::path> {
-        std::error_code ignored;
-        if (fs::symlink_status(target, ignored).type() == fs::file_type::not_found) {
-            setAside(target); // a journal may be there alone
+        std::error_code error;
+        fs::file_type const present = fs::symlink_status(target, error).type();
+        if (present == fs::file_type::none)
+            throwSystemError(target, attempt, error.value());
+        if (present == fs::file_type::not_found) {
+            setCompanionsAside(target, keptName(target)); // a journal may be there alone
             if (writeNewFile(target, copy.content(), attempt))
                 return std::nullopt;
         }
         if (std::optional<SQLite::Database> store = openedForReplacing(target)) {
-            fs::path const kept = keptName(target);
-            if (!writeNewFile(kept, snapshotOf(*store), "keep what is there"))
-                throwSystemError(kept, "keep what is there", EEXIST);
+            fs::path const kept = keptCopy(target, snapshotOf(*store));
             SQLite::Backup all(*store, copy.database());
             if (int const code = all.executeStep(); code != SQLITE_DONE)
                 throw SQLite::Exception(sqlite3_errstr(code), code);
             return kept;
         }
-        fs::path const kept = setAside(target);
-        if (!writeNewFile(target, copy.content(), attempt))
-            throw StorageError(target.u8string(), attempt, "another program has made a store there meanwhile", "try again");
-        return kept;
+        Kept kept;
+        replaceFile(target, copy.content(), attempt, [&] {
+            kept = keptAside(target);
+            makePrivate(kept.name);
+            setCompanionsAside(target, kept.name);
+            return kept.isMoved;
+        });
+        return kept.name;
     });
 }
 

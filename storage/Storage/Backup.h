@@ -37,7 +37,9 @@ public:
     /// answer; none where nothing was there.
     ///
     /// A usable store is changed in one transaction, so that programs that have it open read the restored values from
-    /// then on, and a crash leaves it as it was or as it will be. Anything else, such as a damaged store, is replaced.
+    /// then on, and a crash leaves it as it was or as it will be; nobody else changes it between the keeping and the
+    /// restoring. Anything else, such as a damaged store or a link that leads to none, is replaced by a new file, which
+    /// takes its place when it is whole.
     std::optional<std::filesystem::path> restore(std::string const& name, std::filesystem::path const& file) const;
 
 private:

@@ -4,6 +4,7 @@
 #include <Storage/StorageError.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <system_error>
 #include <utility>
@@ -95,6 +96,16 @@ public:
         return ::linkat(AT_FDCWD, made.c_str(), AT_FDCWD, m_file.c_str(), AT_SYMLINK_FOLLOW) == 0;
     }
 
+    // Puts a file with a passing name in the place of what is there.
+    bool replace()
+    {
+        close(m_descriptor);
+        if (::rename(m_name.c_str(), m_file.c_str()) != 0)
+            return false;
+        m_name.clear();
+        return true;
+    }
+
 private:
     static void close(int& descriptor)
     {
@@ -127,6 +138,19 @@ bool writeNewFile(fs::path const& file, std::string const& content, char const* 
         throwSystemError(file, attempt, error);
     syncFolder(file.parent_path());
     return error == 0;
+}
+
+void replaceFile(fs::path const& file, std::string const& content, char const* attempt, std::function<bool()> const& keep)
+{
+    {
+        Draft draft(file, Draft::Name::passing);
+        if (!draft.isOpen() || !draft.write(content))
+            throwSystemError(file, attempt, errno);
+        bool const isFree = keep();
+        if (!(isFree ? draft.publish() : draft.replace()))
+            throwSystemError(file, attempt, errno);
+    }
+    syncFolder(file.parent_path());
 }
 
 } // namespace Storage

@@ -217,8 +217,7 @@ public:
           m_database(openStore(m_file, busyMilliseconds(options.busyTimeout), static_cast<int>(options.synchronous))),
           m_schema(m_database, "PRAGMA user_version"),
           m_find(m_database, "SELECT kind, value, changed FROM settings WHERE key = ?1"),
-          m_set(m_database, "INSERT INTO settings (key, kind, value, changed) VALUES (?1, ?2, ?3, ?4) ON CONFLICT (key) DO UPDATE "
-                            "SET kind = excluded.kind, value = excluded.value, changed = excluded.changed"),
+          m_set(m_database, setStatement),
           m_remove(m_database, "DELETE FROM settings WHERE key = ?1")
     {}
 
@@ -287,7 +286,8 @@ public:
 
 SqliteStorage::SqliteStorage(std::filesystem::path const& file) : SqliteStorage(file, Options{}) {}
 SqliteStorage::SqliteStorage(std::filesystem::path const& file, Options const& options)
-    : m_connection(translated(file, "open the store", [&] { return std::make_unique<Connection>(absolutePath(file), options); }))
+    : m_connection(
+          translated(file, "open the store", [&] { return std::make_unique<Connection>(absolutePath(file, "open the store"), options); }))
 {}
 SqliteStorage::~SqliteStorage() = default;
 

@@ -35,6 +35,9 @@ constexpr char const* makeTables = "BEGIN;"
                                    " changed INTEGER NOT NULL);" // milliseconds since 1970-01-01 00:00 UTC
                                    "COMMIT;";
 
+constexpr std::size_t longestPath = 504; // SQLite has no room for more, and would only say that it cannot open the file
+
+constexpr char const* shortenName = "name a file with a shorter path";
 constexpr char const* checkAccess = "make the file and its folder readable and writable for this user";
 constexpr char const* restoreBackup = "the file was left as it is: move it away and restore it from a backup";
 
@@ -61,6 +64,13 @@ char const* remedyFor(int extendedCode)
     default:
         return "check the disk and its space, and try again";
     }
+}
+
+char const* remedyForSystem(int error)
+{
+    if (error == ENAMETOOLONG)
+        return shortenName;
+    return error == ENOSPC || error == EDQUOT ? remedyFor(SQLITE_FULL) : checkAccess;
 }
 
 // The content of a store without values.
@@ -121,6 +131,8 @@ bool isThere(fs::path const& file)
     return true;
 }
 
+constexpr int formatsAt = 18;
+
 // Bytes 18 and 19 of the header, the format for writers and for readers, are 2 in a file of SQLite's write-ahead-log
 // mode. Read through SQLite's own handle, before any statement, as the first statement would already make the log's files.
 bool usesWriteAheadLog(SQLite::Database& database)
@@ -128,7 +140,7 @@ bool usesWriteAheadLog(SQLite::Database& database)
     sqlite3_file* file = nullptr;
     unsigned char formats[2] = {};
     sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
-    int const code = file && file->pMethods ? file->pMethods->xRead(file, formats, 2, 18) : SQLITE_CANTOPEN;
+    int const code = file && file->pMethods ? file->pMethods->xRead(file, formats, 2, formatsAt) : SQLITE_CANTOPEN;
     if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ)
         throw SQLite::Exception(sqlite3_errstr(code), code);
     return formats[0] == 2 || formats[1] == 2;
@@ -153,14 +165,18 @@ void checkLayout(fs::path const& file, SQLite::Database& database, int schema)
                                updateProgram);
         throw;
     }
+    if (schema <= SqliteStorage::writtenSchema)
+        SQLite::Statement(database, setStatement);
 }
 
 } // namespace
 
+char const* const setStatement = "INSERT INTO settings (key, kind, value, changed) VALUES (?1, ?2, ?3, ?4) ON CONFLICT (key) DO UPDATE "
+                                 "SET kind = excluded.kind, value = excluded.value, changed = excluded.changed";
+
 void throwSystemError(fs::path const& file, char const* attempt, int error)
 {
-    throw StorageError(file.u8string(), attempt, std::generic_category().message(error),
-                       error == ENOSPC || error == EDQUOT ? remedyFor(SQLITE_FULL) : checkAccess);
+    throw StorageError(file.u8string(), attempt, std::generic_category().message(error), remedyForSystem(error));
 }
 
 void checkStore(fs::path const& file, SQLite::Database& database)
@@ -175,14 +191,16 @@ void checkStore(fs::path const& file, SQLite::Database& database)
     checkLayout(file, database, database.execAndGet("PRAGMA user_version").getInt());
 }
 
-fs::path absolutePath(fs::path const& file)
+fs::path absolutePath(fs::path const& file, char const* attempt)
 {
     std::error_code error;
     fs::path const absolute = fs::absolute(file, error);
     if (file.native().find('\0') != std::string::npos)
         error = std::make_error_code(std::errc::invalid_argument);
     if (error)
-        throwSystemError(file, "open the store", error.value());
+        throwSystemError(file, attempt, error.value());
+    if (absolute.native().size() > longestPath)
+        throw StorageError(file.u8string(), attempt, "its path is longer than " + std::to_string(longestPath) + " bytes", shortenName);
     return absolute;
 }
 
@@ -240,7 +258,8 @@ std::string snapshotOf(SQLite::Database& database)
     std::unique_ptr<unsigned char, void (*)(void*)> const bytes(sqlite3_serialize(database.getHandle(), "main", &size, 0), &sqlite3_free);
     if (!bytes)
         throw SQLite::Exception(database.getHandle());
-    return {reinterpret_cast<char const*>(bytes.get()), static_cast<std::size_t>(size)};
+    std::string content(reinterpret_cast<char const*>(bytes.get()), static_cast<std::size_t>(size));
+    return content.replace(formatsAt, 2, "\1\1"); // what another program keeps in a log is among the bytes
 }
 
 StorageError storageError(fs::path const& file, std::string const& attempt, SQLite::Exception const& error)

@@ -15,9 +15,9 @@
 
 namespace Storage {
 
-/// `file` as an absolute path. Throws `StorageError` where it is empty, holds a NUL, or there is
-/// no current directory.
-std::filesystem::path absolutePath(std::filesystem::path const& file);
+/// `file` as an absolute path. Throws `StorageError`, which names `attempt`, where it is empty, holds a NUL or is too
+/// long for SQLite, or there is no current directory.
+std::filesystem::path absolutePath(std::filesystem::path const& file, char const* attempt);
 
 /// Opens the store in the absolute path `file`, creating a missing one. Throws `StorageError` and SQLite's errors.
 SQLite::Database openStore(std::filesystem::path const& file, int busyTimeoutMilliseconds, int synchronous);
@@ -34,13 +34,16 @@ struct Obstacle {
 /// What stands against every change of the open store, whose file has the schema `schema`; nothing where nothing does.
 std::optional<Obstacle> obstacleToChanges(SQLite::Database const& database, int schema);
 
+/// Stores a value: key, kind, value and time.
+extern char const* const setStatement;
+
 /// What SQLite finds wrong with the file.
 std::vector<std::string> damageOf(SQLite::Database& database);
 
 /// All rows of an open store, sorted by the bytes of their keys.
 std::vector<SqliteStorage::Row> storedRows(SQLite::Database& database);
 
-/// The bytes of an open store's file as of one moment.
+/// The bytes of an open store's file as of one moment, with a header that asks for no write-ahead log.
 std::string snapshotOf(SQLite::Database& database);
 
 /// SQLite's error as this project's, with a remedy.

@@ -9,9 +9,14 @@
 #include <support/Process.h>
 
 #include <algorithm>
+#include <csignal>
+#include <ctime>
 #include <functional>
+#include <memory>
 #include <set>
+#include <thread>
 
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace {
@@ -40,6 +45,25 @@ protected:
         store.setString("text", value);
         store.setBytes("bytes", Bytes{0, 255});
         Backup::write(path("copy.backup"), {{"product", &store}});
+    }
+
+    // How a restore by a process ends that may make no file of more than `size` bytes.
+    std::string restoredWithFilesUpTo(rlim_t size) const
+    {
+        return inChild([&] {
+            Backup const backup(path("copy.backup"));
+            std::signal(SIGXFSZ, SIG_IGN);
+            rlimit const limit{size, size};
+            ::setrlimit(RLIMIT_FSIZE, &limit);
+            return backup.restore("product", path()), std::string("restored");
+        });
+    }
+
+    static ino_t inode(std::filesystem::path const& file)
+    {
+        struct stat status = {};
+        ::lstat(file.c_str(), &status);
+        return status.st_ino;
     }
 
     Names entries() const
@@ -114,6 +138,42 @@ TEST_F(Backups, FolderThatTakesNoFileIsNamed)
                   "/copy: cannot write the backup: Not a directory; make the file and its folder readable and writable for this user");
 }
 
+TEST_F(Backups, NamesAreMeantFromTheCurrentFolder)
+{
+    std::filesystem::path const earlier = std::filesystem::current_path();
+    std::filesystem::current_path(m_home.path());
+    {
+        SqliteStorage store("made.sqlite");
+        store.setString("text", "value");
+        Backup::write("copy.backup", {{"product", &store}});
+    }
+    Backup const backup("copy.backup");
+    EXPECT_EQ(backup.restore("product", "store.sqlite"), std::nullopt);
+    EXPECT_EQ(refusal([&] { Backup const other("other.backup"); }).substr(0, path("other.backup").native().size()), path("other.backup"));
+    std::filesystem::current_path(earlier);
+    EXPECT_EQ(Backup(path("copy.backup")).names(), Names{"product"});
+    EXPECT_EQ(SqliteStorage(path()).getString("text", ""), "value");
+}
+
+TEST_F(Backups, NameThatIsNoneIsToldWithWhatWasTried)
+{
+    backUp("value");
+    std::string const reason = "Invalid argument; make the file and its folder readable and writable for this user";
+    EXPECT_EQ(refusal([&] { Backup::write("", {}); }), ": cannot write the backup: " + reason);
+    EXPECT_EQ(refusal([&] { Backup(""); }), ": cannot read the backup: " + reason);
+    EXPECT_EQ(refusal([&] { Backup(path("copy.backup")).restore("product", ""); }), ": cannot restore the store: " + reason);
+}
+
+TEST_F(Backups, StoreThatWasSwitchedToALogWhileItWasOpenIsHeldToo)
+{
+    SqliteStorage store(path());
+    OtherProgram(path()).execute("PRAGMA journal_mode = WAL");
+    store.setString("text", "value");
+    Backup::write(path("copy.backup"), {{"product", &store}});
+    Backup(path("copy.backup")).restore("product", path("other.sqlite"));
+    EXPECT_EQ(SqliteStorage(path("other.sqlite")).getString("text", ""), "value");
+}
+
 TEST_F(Backups, EachStoreIsAsOfOneMomentWhileOthersWrite)
 {
     SqliteStorage store(path());
@@ -160,6 +220,20 @@ TEST_P(UnusableBackup, IsNamedAndLeftAsItIs)
 
 void execute(std::filesystem::path const& file, char const* sql) { OtherProgram(file).execute(sql); }
 
+// Puts what `sql` makes of the backed up store in the place of its copy.
+void changeCopy(std::filesystem::path const& backup, char const* sql)
+{
+    std::filesystem::path const store = backup.parent_path() / "made.sqlite";
+    execute(store, sql);
+    std::string statement = "UPDATE copies SET content = x'";
+    for (char const byte : StoreFolder::content(store)) {
+        char hex[3];
+        std::snprintf(hex, sizeof hex, "%02x", static_cast<unsigned char>(byte));
+        statement += hex;
+    }
+    execute(backup, (statement + '\'').c_str());
+}
+
 char const another[] = "; name another backup; this one was left as it is";
 
 INSTANTIATE_TEST_SUITE_P(
@@ -173,6 +247,25 @@ INSTANTIATE_TEST_SUITE_P(
                      std::filesystem::create_directory(file);
                  },
                  std::string(": cannot read the backup: it is not a regular file") + another},
+        Unusable{"DeviceBehindALink",
+                 [](auto const& file) {
+                     std::filesystem::remove(file);
+                     std::filesystem::create_symlink("/dev/null", file);
+                 },
+                 std::string(": cannot read the backup: it is not a regular file") + another},
+        Unusable{"IndexThatDisagreesWithItsTable",
+                 [](auto const& file) {
+                     std::string damaged = StoreFolder::content(file);
+                     damaged.replace(damaged.rfind("product"), 7, "protect");
+                     StoreFolder::overwrite(file, damaged);
+                 },
+                 std::string(": cannot read the backup: it is damaged (row 1 missing from index sqlite_autoindex_copies_1)") + another},
+        Unusable{
+            "CopyThatTakesNoValues",
+            [](auto const& file) { changeCopy(file, "ALTER TABLE settings RENAME TO other; CREATE VIEW settings AS SELECT * FROM other"); },
+            std::string(": cannot read the backup: its copy of the product store cannot be used (cannot modify settings because it is "
+                        "a view)") +
+                another},
         Unusable{"Empty", [](auto const& file) { std::filesystem::resize_file(file, 0); },
                  std::string(": cannot read the backup: it is an SQLite file, but no backup") + another},
         Unusable{"Text", [](auto const& file) { StoreFolder::overwrite(file, std::string(5000, 't')); },
@@ -214,6 +307,15 @@ INSTANTIATE_TEST_SUITE_P(
                              "(schema 2, this version writes 1))") +
                      another}),
     byMeaning);
+
+TEST_F(Backups, TimeBeyondTheClockIsItsFirstOrLast)
+{
+    backUp("value");
+    execute(path("copy.backup"), "UPDATE about SET made = 9223372036854775807");
+    EXPECT_EQ(Backup(path("copy.backup")).made().time_since_epoch(), std::chrono::seconds(9223372036));
+    execute(path("copy.backup"), "UPDATE about SET made = -9223372036854775807");
+    EXPECT_EQ(Backup(path("copy.backup")).made().time_since_epoch(), std::chrono::seconds(-9223372036));
+}
 
 TEST_F(Backups, FileThatMayNotBeReadIsNamed)
 {
@@ -298,8 +400,10 @@ TEST_P(ReplacedStore, IsKeptAsItWas)
     backUp("value");
     GetParam().make(path());
     std::string const before = content(path());
+    ino_t const file = inode(path());
     std::optional<std::filesystem::path> const kept = Backup(path("copy.backup")).restore("product", path());
     ASSERT_TRUE(kept);
+    EXPECT_EQ(inode(*kept), file) << "who has it open keeps what was there";
     EXPECT_EQ(content(*kept), before);
     EXPECT_EQ(mode(*kept), 0600u);
     EXPECT_EQ(SqliteStorage(path()).getString("text", ""), "value");
@@ -316,6 +420,11 @@ INSTANTIATE_TEST_SUITE_P(Table, ReplacedStore,
                                                   }},
                                          Replaced{"AnotherProgramsDatabase",
                                                   [](auto const& file) { execute(file, "CREATE TABLE settings (key, value)"); }},
+                                         Replaced{"MissingTable",
+                                                  [](auto const& file) {
+                                                      SqliteStorage(file).setString("text", "before");
+                                                      execute(file, "DROP TABLE settings");
+                                                  }},
                                          Replaced{"NewerSchema",
                                                   [](auto const& file) {
                                                       SqliteStorage(file).setString("text", "newer");
@@ -334,6 +443,8 @@ TEST_F(Backups, WriteAheadLogIsKeptWithItsStore)
     EXPECT_EQ(SqliteStorage(path()).getString("text", ""), "value");
     EXPECT_EQ(OtherProgram(*kept).ask("SELECT value FROM settings"), "in the log");
     EXPECT_EQ(mode(kept->string() + "-wal"), 0600u);
+    EXPECT_TRUE(std::filesystem::exists(kept->string() + "-shm"));
+    EXPECT_FALSE(std::filesystem::exists(path("store.sqlite-shm")));
     EXPECT_FALSE(std::filesystem::exists(path("store.sqlite-wal")));
 }
 
@@ -348,6 +459,151 @@ TEST_F(Backups, FolderOrDanglingLinkInItsPlaceIsKept)
     EXPECT_EQ(SqliteStorage(path("folder.sqlite")).getString("text", ""), "value");
     EXPECT_EQ(SqliteStorage(path("link.sqlite")).getString("text", ""), "value");
     EXPECT_FALSE(std::filesystem::exists(path("nowhere")));
+}
+
+TEST_F(Backups, LinkToAStoreStaysAndItsStoreIsChanged)
+{
+    backUp("value");
+    SqliteStorage(path("real.sqlite")).setString("text", "before");
+    std::filesystem::create_symlink("real.sqlite", path());
+    std::optional<std::filesystem::path> const kept = Backup(path("copy.backup")).restore("product", path());
+    EXPECT_TRUE(std::filesystem::is_symlink(path()));
+    EXPECT_EQ(SqliteStorage(path("real.sqlite")).getString("text", ""), "value");
+    ASSERT_TRUE(kept);
+    EXPECT_EQ(SqliteStorage(*kept).getString("text", ""), "before");
+}
+
+// What is written after the keeping comes after the restoring too.
+TEST_F(Backups, ChangeOfAnotherProcessDuringARestoreIsKeptOrComesAfterIt)
+{
+    constexpr int writes = 60;
+    backUp("value");
+    SqliteStorage const store(path());
+    Child writer([&] {
+        SqliteStorage other(path());
+        for (int number = 0; number < writes; ++number)
+            other.setInt("written " + std::to_string(number), number);
+        return std::string("done");
+    });
+    Backup const backup(path("copy.backup"));
+    std::set<std::string> found;
+    for (std::string const last = "written " + std::to_string(writes - 1); found.count(last) == 0;) {
+        for (SqliteStorage::Row const& row : SqliteStorage(*backup.restore("product", path())).rows())
+            found.insert(row.key);
+    }
+    EXPECT_EQ(writer.answer(), "done");
+    for (int number = 0; number < writes; ++number)
+        EXPECT_EQ(found.count("written " + std::to_string(number)), 1u) << number;
+}
+
+TEST_F(Backups, RestoresAtOnceAllSucceedAndWhatWasThereIsKept)
+{
+    backUp("value");
+    for (char const* place : {"damaged", "usable"}) {
+        std::filesystem::path const folder = path(place);
+        std::filesystem::create_directory(folder);
+        if (place == std::string("damaged"))
+            overwrite(folder / "store.sqlite", "not a store");
+        else
+            SqliteStorage(folder / "store.sqlite").setString("text", "not a store");
+        std::vector<std::unique_ptr<Child>> children;
+        for (int child = 0; child < 4; ++child)
+            children.push_back(std::make_unique<Child>(
+                [&] { return Backup(path("copy.backup")).restore("product", folder / "store.sqlite"), std::string("restored"); }));
+        for (auto const& child : children)
+            EXPECT_EQ(child->answer(), "restored");
+        int kept = 0;
+        for (auto const& entry : std::filesystem::directory_iterator(folder))
+            kept += content(entry.path()).find("not a store") != std::string::npos && entry.path().filename() != "store.sqlite";
+        EXPECT_GE(kept, 1) << place;
+        EXPECT_EQ(SqliteStorage(folder / "store.sqlite").getString("text", ""), "value");
+    }
+}
+
+TEST_F(Backups, WhatCannotBeReplacedForWantOfRoomStaysInItsPlace)
+{
+    backUp("value");
+    overwrite(path(), "not a store");
+    Names const before = entries();
+    EXPECT_EQ(restoredWithFilesUpTo(4096),
+              path().string() +
+                  ": cannot restore the store: File too large; make the file and its folder readable and writable for this user");
+    EXPECT_EQ(content(path()), "not a store");
+    EXPECT_EQ(entries(), before);
+}
+
+TEST_F(Backups, StoreThatCannotTakeAllTheValuesKeepsItsOwn)
+{
+    backUp(std::string(200000, 'x'));
+    SqliteStorage(path()).setString("text", "before");
+    EXPECT_EQ(restoredWithFilesUpTo(65536),
+              path().string() + ": cannot restore the store: disk I/O error; check the disk and its space, and try again");
+    EXPECT_EQ(SqliteStorage(path()).getString("text", ""), "before");
+}
+
+TEST_F(Backups, NameWithoutRoomForAnotherBesideItIsRefused)
+{
+    backUp("value");
+    std::filesystem::path const file = path(std::string(240, 'n').c_str());
+    for (char const* there : {"store", "no store"}) {
+        if (there == std::string("store"))
+            SqliteStorage(file).setString("text", "before");
+        else
+            overwrite(file, "not a store");
+        std::string const before = content(file);
+        std::string const what = refusal([&] { Backup(path("copy.backup")).restore("product", file); });
+        EXPECT_EQ(what.substr(what.rfind(": cannot")), ": cannot keep what is there: File name too long; name a file with a shorter path");
+        EXPECT_EQ(content(file), before) << there;
+    }
+}
+
+TEST_F(Backups, FolderThatMayNotBeEnteredIsNamed)
+{
+    backUp("value");
+    std::filesystem::permissions(m_home.path(), std::filesystem::perms(0755));
+    std::filesystem::permissions(path("copy.backup"), std::filesystem::perms(0444));
+    std::filesystem::create_directory(path("folder"));
+    std::filesystem::permissions(path("folder"), std::filesystem::perms(0));
+    std::filesystem::path const file = path("folder") / "store.sqlite";
+    EXPECT_EQ(inChild([&] { return Backup(path("copy.backup")).restore("product", file), std::string("restored"); }, true),
+              file.string() +
+                  ": cannot restore the store: Permission denied; make the file and its folder readable and writable for this user");
+    std::filesystem::permissions(path("folder"), std::filesystem::perms(0700));
+}
+
+TEST_F(Backups, NameOfWhatIsKeptTellsTheTimeInUtc)
+{
+    backUp("value");
+    overwrite(path(), "not a store");
+    auto const now = [] {
+        std::time_t const seconds = std::time(nullptr);
+        char stamp[32];
+        std::strftime(stamp, sizeof stamp, "%Y%m%dT%H%M%SZ", std::gmtime(&seconds));
+        return std::string(stamp);
+    };
+    std::string const earliest = now();
+    std::string const kept = inChild([&] {
+        ::setenv("TZ", "XYZ-9", 1);
+        ::tzset();
+        return Backup(path("copy.backup")).restore("product", path())->filename().string();
+    });
+    EXPECT_GE(kept.substr(28, 16), earliest);
+    EXPECT_LE(kept.substr(28, 16), now());
+}
+
+TEST_F(Backups, RestoreWaitsForAnotherProcess)
+{
+    backUp("value");
+    SqliteStorage(path()).setString("text", "before");
+    OtherProgram other(path());
+    other.execute("BEGIN EXCLUSIVE");
+    std::thread releasing([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        other.execute("COMMIT");
+    });
+    EXPECT_EQ(refusal([&] { Backup(path("copy.backup")).restore("product", path()); }), "nothing was thrown");
+    releasing.join();
+    EXPECT_EQ(SqliteStorage(path()).getString("text", ""), "value");
 }
 
 TEST_F(Backups, StoreThatMayNotBeWrittenIsNotReplaced)

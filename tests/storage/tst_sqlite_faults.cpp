@@ -409,6 +409,26 @@ TEST_F(SqliteFaults, NameThatCannotBeMadeAbsoluteIsAnError)
     std::filesystem::current_path(earlier);
 }
 
+TEST_F(SqliteFaults, PathThatIsTooLongForSqliteIsNamedAndNothingIsMade)
+{
+    std::filesystem::path file = m_home.path();
+    while (file.native().size() + 101 <= 504 - 2)
+        file /= std::string(100, 'p');
+    file /= std::string(504 - 1 - file.native().size(), 'f');
+    ASSERT_EQ(file.native().size(), 504u);
+    SqliteStorage(file).setInt("key", 1);
+    EXPECT_EQ(SqliteStorage(file).getInt("key", 0), 1);
+    file += 'f';
+    try {
+        SqliteStorage const store(file);
+        FAIL() << "it was opened";
+    } catch (StorageError const& error) {
+        EXPECT_EQ(std::string(error.what()),
+                  file.string() + ": cannot open the store: its path is longer than 504 bytes; name a file with a shorter path");
+    }
+    EXPECT_FALSE(std::filesystem::exists(file));
+}
+
 TEST_F(SqliteFaults, FolderThatMayNotBeWrittenIsNamed)
 {
     std::filesystem::path const folder = ordinaryFolder();

@@ -4,6 +4,8 @@
 #include "FaultySystem.h"
 #include "StoreFolder.h"
 
+#include <Storage/Backup.h>
+
 #include <algorithm>
 #include <cerrno>
 
@@ -52,6 +54,38 @@ TEST_F(Durability, SetEndsWithASyncAfterItsLastWrite)
 TEST_F(Durability, NewFileIsOnDiskBeforeItGetsItsNameAndTheNameIsTooBeforeItIsUsed)
 {
     EXPECT_EQ(asked([&] { SqliteStorage const store(path()); }), "wflf");
+}
+
+// To close it in its place would drop the locks that another store object of this process holds on it by then.
+TEST_F(Durability, NewFileIsClosedBeforeItGetsItsName)
+{
+    asked([&] { SqliteStorage const store(path()); });
+    auto const& calls = FaultySystem::calls();
+    auto const link = std::find(calls.begin(), calls.end(), "linkat");
+    ASSERT_NE(link, calls.end());
+    EXPECT_EQ(*std::prev(link), "close");
+}
+
+TEST_F(Durability, RestoreIsOnDiskWhenItReturns)
+{
+    {
+        SqliteStorage store(path());
+        store.setInt("key", 1);
+        Storage::Backup::write(path("copy.backup"), {{"product", &store}});
+    }
+    Storage::Backup const backup(path("copy.backup"));
+    EXPECT_EQ(asked([&] { backup.restore("product", path()); }).back(), 's');
+    overwrite(path("damaged.sqlite"), "not a store");
+    EXPECT_EQ(asked([&] { backup.restore("product", path("damaged.sqlite")); }), "wff");
+    EXPECT_EQ(asked([&] { backup.restore("product", path("new.sqlite")); }), "wflf");
+}
+
+TEST_F(Durability, OpenFilesAreThoseOfTheStoreOnly)
+{
+    auto const open = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
+    auto const before = open();
+    SqliteStorage const store(path("folder") / "store.sqlite");
+    EXPECT_EQ(open(), before + 1);
 }
 
 TEST_F(Durability, NewFoldersAreOnDisk)
@@ -118,9 +152,9 @@ TEST_F(PassingName, IsTakenWhereNamelessFilesCannotBeReached) { expectMade(ENOEN
 class FullDisk : public StoreFolder {
 protected:
     template <typename Work>
-    static std::string refusal(Work const& work)
+    static std::string refusal(Work const& work, int number = ENOSPC)
     {
-        FaultySystem::watch({ENOSPC, false, true, {"write", "pwrite64", "mkdir"}});
+        FaultySystem::watch({number, false, true, {"write", "pwrite64", "mkdir"}});
         std::string what = "nothing was thrown";
         try {
             work();
@@ -156,6 +190,12 @@ TEST_F(FullDisk, AtCreationLeavesNothing)
     EXPECT_EQ(refusal([&] { SqliteStorage const store(fresh); }),
               fresh.string() + ": cannot create the store: No space left on device; free some space on the disk and try again");
     EXPECT_TRUE(std::filesystem::is_empty(path("folder")));
+}
+
+TEST_F(FullDisk, OfAUserWithAQuotaIsNamedWithTheSameAdvice)
+{
+    EXPECT_EQ(refusal([&] { SqliteStorage const store(path()); }, EDQUOT),
+              path().string() + ": cannot create the store: Disk quota exceeded; free some space on the disk and try again");
 }
 
 } // namespace
