@@ -483,11 +483,13 @@ TEST_F(Backups, ChangeOfAnotherProcessDuringARestoreIsKeptOrComesAfterIt)
         SqliteStorage other(path());
         for (int number = 0; number < writes; ++number)
             other.setInt("written " + std::to_string(number), number);
+        overwrite(path("ended"), "");
         return std::string("done");
     });
     Backup const backup(path("copy.backup"));
     std::set<std::string> found;
-    for (std::string const last = "written " + std::to_string(writes - 1); found.count(last) == 0;) {
+    for (bool isLast = false, hasEnded = false; !isLast; hasEnded = std::filesystem::exists(path("ended"))) {
+        isLast = hasEnded;
         for (SqliteStorage::Row const& row : SqliteStorage(*backup.restore("product", path())).rows())
             found.insert(row.key);
     }
@@ -604,6 +606,20 @@ TEST_F(Backups, RestoreWaitsForAnotherProcess)
     EXPECT_EQ(refusal([&] { Backup(path("copy.backup")).restore("product", path()); }), "nothing was thrown");
     releasing.join();
     EXPECT_EQ(SqliteStorage(path()).getString("text", ""), "value");
+}
+
+TEST_F(Backups, StoreThatAnotherProcessReadsWithoutEndIsLeftAsItIs)
+{
+    backUp("value");
+    SqliteStorage(path()).setString("text", "before");
+    {
+        OtherProgram other(path());
+        other.execute("BEGIN; SELECT * FROM settings");
+        EXPECT_EQ(refusal([&] { Backup(path("copy.backup")).restore("product", path()); }),
+                  path().string() + ": cannot restore the store: database is locked; another process is writing: try again, or close the "
+                                    "other process");
+    }
+    EXPECT_EQ(SqliteStorage(path()).getString("text", ""), "before");
 }
 
 TEST_F(Backups, StoreThatMayNotBeWrittenIsNotReplaced)
