@@ -414,6 +414,34 @@ TEST_F(Exchange, HomeFolderIsFoundUnderItsOtherNames)
     EXPECT_EQ(entries["lastTarget"]["value"], inHome("elsewhere"));
 }
 
+TEST_F(Exchange, HomeFolderIsFoundInOtherSpellings)
+{
+    std::map<std::string, std::string> const environment = {{"HOME", "/no/such/Jane D\xC3\xB6@x"}};
+    Values const spelled = {{"favorites_DotFolder", std::string("/no/such/./Jane D\xC3\xB6@x/a")},
+                            {"favorites_EncodedWhole", std::string("?path=%2Fno%2Fsuch%2FJane%20D%C3%B6%40x%2Fa")},
+                            {"favorites_EncodedInPart", std::string("file:///no/such/Jane%20D%c3%b6@x/a")},
+                            {"favorites_JsonInJson", std::string("{\"a\": \"\\/no\\/such\\/Jane D\xC3\xB6@x\\/a\"}")},
+                            {"favorites_OtherCase", std::string("/NO/SUCH/JANE D\xC3\xB6@X/a")},
+                            {"favorites_SeparatorTwice", std::string("/no//such///Jane D\xC3\xB6@x/a")},
+                            {"favorites_Shell", std::string("cd /no/such/Jane\\ D\xC3\xB6@x")}};
+    Values values = spelled;
+    values["favorites_another's"] = std::string("/no/such/John");
+    put(productFileIn("s"), values);
+    json const entries = json::parse(tool({"--home", inHome("s"), "export", "-", "--redact"}, environment).out)["stores"]["product"];
+    for (auto const& [key, value] : spelled)
+        EXPECT_EQ(entries[key], json::parse(R"({"kind": "string", "class": "roaming", "redacted": true})")) << key;
+    EXPECT_EQ(entries["favorites_another's"]["value"], "/no/such/John");
+}
+
+TEST_F(Exchange, KeyThatHoldsTheHomeFolderIsNotToldWhateverItsValue)
+{
+    put(productFile(), {{"Indication" + m_home.path().string(), 1}});
+    OtherProgram(productFile()).execute("UPDATE settings SET kind = 'later'");
+    Ended const ended = tool({"export", "-", "--redact"});
+    EXPECT_EQ(ended.err, "editor-settings: a key in the product store holds the path of the home folder, so it is left out\n");
+    EXPECT_TRUE(json::parse(ended.out)["stores"]["product"].empty());
+}
+
 // --- What an import takes ---
 
 TEST_F(Exchange, ImportMergesAndRewritesOnlyWhatDiffers)

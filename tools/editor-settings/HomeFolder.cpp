@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QFile>
 #include <QStringList>
-#include <QUrl>
 
 #include <algorithm>
 #include <vector>
@@ -36,22 +35,46 @@ std::string inUtf16(QString const& text, bool lowFirst)
     return bytes;
 }
 
-std::vector<std::string> const& forms()
+// In the one spelling of the many that URLs, JSON, shells and joined paths have: %XX decoded, in small letters, without
+// backslashes, each separator once.
+std::string plain(std::string const& text)
 {
-    static std::vector<std::string> const all = [] {
-        std::vector<std::string> result;
-        for (QString const& home : homes())
-            for (std::string const& form : {QFile::encodeName(home).toStdString(), home.toStdString(), inUtf16(home, true),
-                                            inUtf16(home, false), QUrl::toPercentEncoding(home, "/").toStdString()})
-                result.push_back(form);
+    std::string result;
+    for (char const byte : QByteArray::fromPercentEncoding(QByteArray::fromStdString(text)).toLower()) {
+        std::size_t const size = result.size();
+        if (byte == '/' && size >= 2 && result.compare(size - 2, 2, "/.") == 0)
+            result.pop_back();
+        bool const isRepeated = byte == '/' && !result.empty() && result.back() == '/';
+        if (byte != '\\' && !isRepeated)
+            result += byte;
+    }
+    return result;
+}
+
+struct Forms {
+    std::vector<std::string> asTheyAre;
+    std::vector<std::string> plain;
+};
+
+Forms const& forms()
+{
+    static Forms const all = [] {
+        Forms result;
+        for (QString const& home : homes()) {
+            for (std::string const& form : {QFile::encodeName(home).toStdString(), inUtf16(home, true), inUtf16(home, false)})
+                result.asTheyAre.push_back(form);
+            result.plain.push_back(plain(home.toStdString()));
+        }
         return result;
     }();
     return all;
 }
 
+bool holdsOneOf(std::string const& bytes, std::vector<std::string> const& parts)
+{
+    return std::any_of(parts.begin(), parts.end(), [&](std::string const& part) { return bytes.find(part) != std::string::npos; });
+}
+
 } // namespace
 
-bool tellsOfTheHome(std::string const& bytes)
-{
-    return std::any_of(forms().begin(), forms().end(), [&](std::string const& form) { return bytes.find(form) != std::string::npos; });
-}
+bool tellsOfTheHome(std::string const& bytes) { return holdsOneOf(bytes, forms().asTheyAre) || holdsOneOf(plain(bytes), forms().plain); }

@@ -80,10 +80,10 @@ Document exported(Host::Application const& application, TransferOptions const& o
     for (Store const store : stores) {
         for (SqliteStorage::Row const& row : rowsOf(application, store, options)) {
             Entry entry = {store, row.key, row.kind, classOf(row.key), row.value};
-            if (std::string const why = obstacleToCarrying(row); !why.empty()) {
-                tell(quoted(row.key) + " in " + described(store) + ' ' + why + ", so it is left out; 'editor-settings backup' keeps it");
-            } else if (options.redact && tellsOfTheHome(row.key)) {
+            if (options.redact && tellsOfTheHome(row.key)) {
                 tell("a key in " + described(store) + " holds the path of the home folder, so it is left out");
+            } else if (std::string const why = obstacleToCarrying(row); !why.empty()) {
+                tell(quoted(row.key) + " in " + described(store) + ' ' + why + ", so it is left out; 'editor-settings backup' keeps it");
             } else {
                 if (options.redact && isPersonal(entry))
                     entry.value = {};
