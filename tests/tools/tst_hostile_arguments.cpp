@@ -246,6 +246,10 @@ TEST_F(Hostile, EmptyWordsAreNoNames)
     EXPECT_EQ(refused({"get", ""}), "editor-settings: there is no preference ''; 'editor-settings list' shows all\n");
     EXPECT_EQ(lines(refused({""}, 2)).front(), "editor-settings: The following argument was not expected: ");
     EXPECT_EQ(lines(refused({"completion", ""}, 2)).front(), "editor-settings: SHELL:  not in {bash,zsh,fish}");
+    for (char const* verb : {"backup", "restore", "export", "import", "diff"})
+        EXPECT_EQ(lines(refused({verb, ""}, 2)).front(), "editor-settings: FILE: the name is empty; name a file") << verb;
+    EXPECT_EQ(lines(refused({"list", "--home", ""}, 2)).front(),
+              "editor-settings: --home: the name is empty; leave the option out for the default");
     said({"set", "lastTarget", ""});
     EXPECT_EQ(stored("lastTarget"), "");
 }

@@ -73,10 +73,13 @@ CLI::Validator unmarked()
             ""};
 }
 
-CLI::Validator notEmpty()
+CLI::Validator notEmpty(std::string const& remedy)
 {
-    return {[](std::string& word) { return word.empty() ? "the name is empty; leave the option out for the default" : std::string(); }, ""};
+    return {[remedy](std::string& word) { return word.empty() ? "the name is empty; " + remedy : std::string(); }, ""};
 }
+
+char const* const nameAFile = "name a file";
+char const* const leaveItOut = "leave the option out for the default";
 
 char const* const asJson = "As JSON";
 char const* const asJsonWithBytes = "As JSON; bytes in base64";
@@ -140,7 +143,7 @@ struct TransferVerbs {
         for (CLI::App* verb : {exporting, importing, comparing}) {
             CLI::Option* const file = verb->add_option(
                 "FILE", options.file, verb == exporting ? "The new file; - for standard output" : "The file; - for standard input");
-            file->transform(unmarked())->check(notEmpty())->required();
+            file->transform(unmarked())->check(notEmpty(nameAFile))->required();
             verb->add_option("--only", options.only, "Only keys of this class; may be given several times")
                 ->allow_extra_args(false)
                 ->type_name("CLASS")
@@ -245,12 +248,12 @@ private:
     {
         m_app.add_option("--product", m_productFile, "The product file, in JSON; default: the one that is installed with this program")
             ->transform(unmarked())
-            ->check(notEmpty())
+            ->check(notEmpty(leaveItOut))
             ->type_name("FILE")
             ->envname("EDITOR_SETTINGS_PRODUCT");
         m_app.add_option("--home", m_home, "The folder of both stores; default: the product's data folder and the vendor's")
             ->transform(unmarked())
-            ->check(notEmpty())
+            ->check(notEmpty(leaveItOut))
             ->type_name("DIR")
             ->envname("EDITOR_SETTINGS_HOME");
     }
@@ -274,7 +277,7 @@ private:
         CLI::Option* const file = m_set->add_option("--from-file", m_file,
                                                     "Stores what the file holds, or standard input where it is -: byte for byte, but for "
                                                     "a list one element on each line");
-        file->transform(unmarked())->check(notEmpty())->type_name("FILE")->excludes(words)->excludes(empty);
+        file->transform(unmarked())->check(notEmpty(nameAFile))->type_name("FILE")->excludes(words)->excludes(empty);
         m_set->callback([words, empty, file] {
             if (words->empty() && empty->empty() && file->empty())
                 throw CLI::RequiredError("VALUE");
@@ -316,8 +319,11 @@ private:
 
     void addUpkeepVerbs()
     {
-        m_backup->add_option("FILE", m_file, "The new file")->transform(unmarked())->required();
-        m_restore->add_option("FILE", m_file, "A file that backup has written")->transform(unmarked())->required();
+        m_backup->add_option("FILE", m_file, "The new file")->transform(unmarked())->check(notEmpty(nameAFile))->required();
+        m_restore->add_option("FILE", m_file, "A file that backup has written")
+            ->transform(unmarked())
+            ->check(notEmpty(nameAFile))
+            ->required();
         m_restore->add_flag("--dry-run", m_isDryRun, "Only tells what would change");
     }
 
