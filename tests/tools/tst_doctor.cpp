@@ -479,6 +479,13 @@ TEST_F(Doctor, ControlsOfStoredKeysAreNotSentToATerminal)
         std::string::npos);
 }
 
+TEST_F(Doctor, ControlsOfTheReasonAreNotSentToATerminal)
+{
+    Ended const ended = tool({"doctor", "--product", "/no/\x1b[31m.json"});
+    EXPECT_NE(ended.out.find("product file /no/\\x1b[31m.json cannot be read"), std::string::npos) << ended.out;
+    EXPECT_EQ(ended.out.find('\x1b'), std::string::npos) << ended.out;
+}
+
 TEST_F(Doctor, FindingsAreCounted)
 {
     SqliteStorage(productFile()).setInt("a", 1);
@@ -565,6 +572,19 @@ INSTANTIATE_TEST_SUITE_P(
                  "",
                  ""}),
     byMeaning);
+
+TEST_F(Doctor, OnlySomeOfVeryManyGreatNumbersAreLookedAt)
+{
+    for (int stem = 100; stem < 123; ++stem)
+        m_home.write(exports + "/a" + std::to_string(stem) + " (2147483647).png", "");
+    json const found = only("running-number", report());
+    ASSERT_EQ(found.size(), 21u);
+    EXPECT_NE(found[0]["what"].get<std::string>().find("'a100 (-2147483648).png'"), std::string::npos) << found[0];
+    EXPECT_NE(found[19]["what"].get<std::string>().find("'a119 (-2147483648).png'"), std::string::npos) << found[19];
+    EXPECT_EQ(found[20], about("warning", "running-number", "product", "exportPath", inHome(exports.c_str()),
+                               "3 more names in the folder with numbers near 2147483647 were not looked at",
+                               "move them out of the folder, or look again when those above are mended"));
+}
 
 TEST_F(Doctor, FolderThatTheEditorCannotWriteToIsFound)
 {

@@ -420,19 +420,43 @@ std::set<QString> stemsOfGreatNumbers(QString const& folder, QString const& patt
     return stems;
 }
 
+// Files with a running number for each stem.
+struct NumberedFiles {
+    char const* preference;
+    QString folder;
+    QString inName; // finds the number in the name of any of them
+    QString (*proposed)(QString const& source);
+    QString inProposed; // finds it in a proposed name
+};
+
+void checkNumbers(NumberedFiles const& files, Findings& findings)
+{
+    constexpr std::size_t most = 20; // for each the library reads the whole folder
+    std::set<QString> const stems = stemsOfGreatNumbers(files.folder, files.inName);
+    std::size_t left = stems.size();
+    for (auto stem = stems.begin(); stem != stems.end() && stems.size() - left < most; ++stem, --left) // a source with any extension
+        checkNextNumber(files.proposed(*stem + QStringLiteral(".x")), files.inProposed, files.preference, findings);
+    if (left > 0)
+        findings.push_back({Severity::warning, "running-number",
+                            std::to_string(left) + " more names in the folder with numbers near 2147483647 were not looked at",
+                            "move them out of the folder, or look again when those above are mended", Store::product, files.preference,
+                            files.folder.toStdString()});
+}
+
 } // namespace
 
 Findings checkRunningNumbers()
 {
     Findings findings;
     checkNextNumber(Settings::generateAudioRecordFilePath(), QStringLiteral("^Rec-(-?\\d+)-"), "audioRecordPath", findings);
-    // A source with that stem and any extension gets the next name.
-    for (QString const& stem : stemsOfGreatNumbers(Settings::exportPath(), QStringLiteral(" \\((\\d+)\\)\\.")))
-        checkNextNumber(Settings::generateFreezedFilePath(stem + QStringLiteral(".x")), QStringLiteral(" \\((-?\\d+)\\)\\.[^.]*$"),
-                        "exportPath", findings);
-    for (QString const& stem : stemsOfGreatNumbers(Settings::stabilizedFilePath(), QStringLiteral("-(\\d+)")))
-        checkNextNumber(Settings::generateStabilizedFilePath(stem + QStringLiteral(".x"), QStringLiteral("x")),
-                        QStringLiteral("-(-?\\d+)\\.x$"), "stabilizedFilePath", findings);
+    checkNumbers({"exportPath", Settings::exportPath(), QStringLiteral(" \\((\\d+)\\)\\."),
+                  [](QString const& source) { return Settings::generateFreezedFilePath(source); },
+                  QStringLiteral(" \\((-?\\d+)\\)\\.[^.]*$")},
+                 findings);
+    checkNumbers({"stabilizedFilePath", Settings::stabilizedFilePath(), QStringLiteral("-(\\d+)"),
+                  [](QString const& source) { return Settings::generateStabilizedFilePath(source, QStringLiteral("x")); },
+                  QStringLiteral("-(-?\\d+)\\.x$")},
+                 findings);
     return findings;
 }
 
