@@ -16,7 +16,9 @@
 #include <regex>
 #include <thread>
 
+#include <pwd.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -390,7 +392,11 @@ TEST_F(Exchange, RedactedExportHoldsNothingPersonal)
     EXPECT_EQ(entries["unknown"], json::parse(R"({"kind": "string", "class": null, "redacted": true})"));
 
     SqliteStorage(productFile()).setString("snapshotPath", "/elsewhere");
-    EXPECT_EQ(tool({"diff", inHome("out.json")}).err, "editor-settings: 20 redacted in the file, so not compared\n");
+    Ended const differing = tool({"diff", inHome("out.json"), "--plain"});
+    EXPECT_EQ(differing.out, "removed\tproduct\tIndication/" + home +
+                                 "\tbytes\tAQ==\t\t\n"
+                                 "changed\tproduct\tsnapshotPath\tstring\t/elsewhere\tstring\t/films\n");
+    EXPECT_EQ(differing.err, "editor-settings: 20 redacted in the file, so not compared\n");
     EXPECT_EQ(imported({inHome("out.json"), "--with-unknown"}),
               "editor-settings: 1 changed, 1 already as in the file, 20 redacted in the file and left alone\n");
     EXPECT_EQ(valuesOf(productFile()), product);
@@ -433,6 +439,15 @@ TEST_F(Exchange, HomeFolderIsFoundInOtherSpellings)
     EXPECT_EQ(entries["favorites_another's"]["value"], "/no/such/John");
 }
 
+TEST_F(Exchange, HomeFolderOfTheAccountIsFoundWhereTheEnvironmentNamesAnother)
+{
+    passwd const* const user = ::getpwuid(::geteuid());
+    if (!user)
+        GTEST_SKIP() << "this user has no account";
+    put(productFile(), {{"exportPath", std::string(user->pw_dir) + "/films"}});
+    EXPECT_TRUE(json::parse(said({"export", "-", "--redact"}))["stores"]["product"]["exportPath"].contains("redacted"));
+}
+
 TEST_F(Exchange, KeyThatHoldsTheHomeFolderIsNotToldWhateverItsValue)
 {
     put(productFile(), {{"Indication" + m_home.path().string(), 1}});
@@ -456,6 +471,13 @@ TEST_F(Exchange, ImportMergesAndRewritesOnlyWhatDiffers)
               (Values{{"npsSendCount", 2}, {"lastTarget", std::string("same")}, {"exportPath", std::string("/kept")}}));
     EXPECT_EQ(valuesOf(commonFile()), (Values{{"autoUpdate", false}}));
     EXPECT_EQ(OtherProgram(productFile()).ask("SELECT group_concat(key) FROM settings WHERE changed = 5"), "exportPath,lastTarget");
+}
+
+TEST_F(Exchange, BytesAreTakenWithoutTheSignsAtTheirEnd)
+{
+    EXPECT_EQ(imported({file(document(R"("mainWindowState": {"kind": "bytes", "value": "AP8"})"))}),
+              "editor-settings: 1 changed, 0 already as in the file\n");
+    EXPECT_EQ(valuesOf(productFile()), (Values{{"mainWindowState", Bytes{0, 255}}}));
 }
 
 TEST_F(Exchange, ValueOfTheRightKindTakesThePlaceOfAnother)
@@ -860,15 +882,16 @@ TEST_F(Exchange, SecondStoreThatFailsIsToldWithTheFirst)
 
 TEST_F(Exchange, FirstStoreThatFailsLeavesTheSecondAlone)
 {
-    put(productFile(), {{"npsSendCount", 1}});
+    put(productFile(), {{"npsSendCount", 1}, {"exportPath", std::string("/kept")}});
     put(commonFile(), {{"autoUpdate", false}});
     OtherProgram(productFile()).execute(refuseChanges);
-    EXPECT_EQ(refused({"import", file(document(R"("npsSendCount": {"kind": "int", "value": 2})",
-                                               R"("autoUpdate": {"kind": "bool", "value": true})"))}),
-              "editor-settings: " + productFile() +
-                  ": cannot make 1 change: no; check the disk and its space, and try again; the product store is as it was, the "
-                  "common store is as it was; then import the file again\n");
-    EXPECT_EQ(valuesOf(productFile()), (Values{{"npsSendCount", 1}}));
+    EXPECT_EQ(
+        refused({"import", file(document(R"("exportPath": {"kind": "string", "value": "x"}, "npsSendCount": {"kind": "int", "value": 2})",
+                                         R"("autoUpdate": {"kind": "bool", "value": true})"))}),
+        "editor-settings: " + productFile() +
+            ": cannot make 2 changes together: no; check the disk and its space, and try again; the product store is as it was, the "
+            "common store is as it was; then import the file again\n");
+    EXPECT_EQ(valuesOf(productFile()), (Values{{"npsSendCount", 1}, {"exportPath", std::string("/kept")}}));
     EXPECT_EQ(valuesOf(commonFile()), (Values{{"autoUpdate", false}}));
 }
 
