@@ -20,6 +20,14 @@ namespace {
 
 using Storage::SqliteStorage;
 
+std::size_t timesIn(std::string const& text, std::string const& part)
+{
+    std::size_t times = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+        ++times;
+    return times;
+}
+
 // The monitor, running in the background with its outputs in files.
 class Monitor : public Tool {
 protected:
@@ -54,10 +62,10 @@ protected:
         return {std::istreambuf_iterator<char>(stream), {}};
     }
 
-    // Waits until `file` holds `text`; the whole of it then, or what it held after a minute.
-    std::string awaited(char const* file, std::string const& text) const
+    // Waits until `file` holds `text` so many times; the whole of it then, or what it held after a minute.
+    std::string awaited(char const* file, std::string const& text, std::size_t times = 1) const
     {
-        for (int time = 0; time < 6000 && content(inHome(file)).find(text) == std::string::npos; ++time)
+        for (int time = 0; time < 6000 && timesIn(content(inHome(file)), text) < times; ++time)
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
         return content(inHome(file));
     }
@@ -163,6 +171,35 @@ TEST_F(Monitor, TellsTroubleOnceAndGoesOn)
     EXPECT_EQ(withoutTime(lines(out)[1]), "  common  autoUpdate  true -> false");
     EXPECT_EQ(withoutTime(lines(out)[2]), "  product  exportPath  (unset) -> /films");
     EXPECT_EQ(content(inHome("err")), "editor-settings: watching both stores; Ctrl+C ends it\n" + trouble);
+    EXPECT_EQ(statusAfter(SIGINT), 0);
+}
+
+TEST_F(Monitor, TellsTroubleThatComesBackAgain)
+{
+    std::string const trouble = "cannot open the store: file is not a database";
+    SqliteStorage common(commonFile());
+    common.setInt("round", 0);
+    SqliteStorage(inHome("store")).setString("exportPath", "/films");
+    auto const putGarbage = [&] { std::filesystem::rename(m_home.write("garbage", "not a store"), productFile()); };
+    std::filesystem::create_directories(std::filesystem::path(productFile()).parent_path());
+    start();
+    awaitReady();
+    putGarbage();
+    EXPECT_EQ(timesIn(awaited("err", trouble), trouble), 1u);
+    std::filesystem::rename(inHome("store"), productFile());
+    awaited("out", "/films");
+    std::filesystem::rename(productFile(), inHome("store"));
+    awaited("out", "-> (unset)");
+    putGarbage();
+    EXPECT_EQ(timesIn(awaited("err", trouble, 2), trouble), 2u) << "another store was there meanwhile";
+
+    std::filesystem::remove(productFile());
+    for (int round : {1, 2}) { // the second is told after another look at the product's store
+        common.setInt("round", round);
+        awaited("out", "-> " + std::to_string(round));
+    }
+    putGarbage();
+    EXPECT_EQ(timesIn(awaited("err", trouble, 3), trouble), 3u) << "no store was there meanwhile";
     EXPECT_EQ(statusAfter(SIGINT), 0);
 }
 

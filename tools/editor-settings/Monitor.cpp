@@ -41,10 +41,9 @@ public:
     {
         try {
             std::vector<SqliteStorage::Row> const before = m_rows;
-            if (!read())
-                return {};
+            bool const isReadAnew = read();
             m_trouble.clear();
-            return changesBetween(before, m_rows);
+            return isReadAnew ? changesBetween(before, m_rows) : std::vector<KeyChange>();
         } catch (Storage::StorageError const& error) {
             m_opened.reset();
             tellOnce(error.what());
