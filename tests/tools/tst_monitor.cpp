@@ -6,6 +6,8 @@
 #include <Storage/Backup.h>
 #include <Storage/SqliteStorage.h>
 
+#include <support/OtherProgram.h>
+
 #include <chrono>
 #include <csignal>
 #include <fstream>
@@ -39,13 +41,15 @@ protected:
         }
     }
 
-    void start(std::vector<std::string> const& options = {})
+    void start(std::vector<std::string> const& options = {}) { start(options, inHome("out")); }
+
+    void start(std::vector<std::string> const& options, std::string const& output)
     {
         std::vector<std::string> words = {TOOL, "monitor"};
         words.insert(words.end(), options.begin(), options.end());
         m_process = ::fork();
         if (m_process == 0) {
-            ::dup2(::open(inHome("out").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDOUT_FILENO);
+            ::dup2(::open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDOUT_FILENO);
             ::dup2(::open(inHome("err").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
             std::vector<char*> arguments;
             for (std::string& word : words)
@@ -121,6 +125,27 @@ TEST_F(Monitor, TellsChangesToScripts)
     EXPECT_EQ(told, json::parse(R"({"store": "product", "key": "exportPath", "before": {"kind": "string", "value": "/films"},
                                     "after": {"kind": "string", "value": "/a"}})"));
     EXPECT_EQ(statusAfter(SIGTERM), 0);
+}
+
+TEST_F(Monitor, TellsWhenTheValueWasStored)
+{
+    SqliteStorage(productFile()).setString("exportPath", "/films");
+    start({"--plain"});
+    awaitReady();
+    OtherProgram(productFile()).execute("UPDATE settings SET value = '/a', changed = 5");
+    EXPECT_EQ(awaited("out", "\n"), "1970-01-01T00:00:00.005Z\tproduct\texportPath\t/films\t/a\n");
+    EXPECT_EQ(statusAfter(SIGTERM), 0);
+}
+
+TEST_F(Monitor, EndsWhereNobodyCanReadIt)
+{
+    SqliteStorage(productFile()).setString("exportPath", "/films");
+    start({}, "/dev/full");
+    awaitReady();
+    said({"set", "exportPath", "/a"});
+    std::string const reason = "editor-settings: cannot write to standard output: No space left on device\n";
+    EXPECT_EQ(awaited("err", reason), "editor-settings: watching both stores; Ctrl+C ends it\n" + reason);
+    EXPECT_EQ(statusAfter(SIGTERM), 1);
 }
 
 TEST_F(Monitor, WaitsForAStoreWithoutMakingIt)
