@@ -816,13 +816,20 @@ TEST_F(RefusedImport, FileThatIsNoneIsNamed)
     EXPECT_EQ(refused({"import", ""}, 2).substr(0, 17), "editor-settings: ");
 }
 
+TEST_F(RefusedImport, BackupIsTakenForWhatItIs)
+{
+    put(inHome("other/product-settings.sqlite"), {{"npsSendCount", 1}});
+    EXPECT_EQ(tool({"--home", inHome("other"), "backup", inHome("backup")}).status, 0);
+    std::string const is =
+        "the document is a database; where 'editor-settings backup' made it, 'editor-settings restore' takes it; nothing was changed\n";
+    EXPECT_EQ(reason({inHome("backup")}), "editor-settings: '" + inHome("backup") + "': " + is);
+}
+
 TEST_F(RefusedImport, FileBeyondAllSizeIsNotReadWhole)
 {
     std::string const large = m_home.write("large", "{").string();
     std::filesystem::resize_file(large, 64 * 1024 * 1024 + 1);
-    EXPECT_EQ(reason({large}), "editor-settings: '" + large +
-                                   "' holds more than 67108864 bytes, which is too much; name a file that can be read, or give - for "
-                                   "standard input\n");
+    EXPECT_EQ(reason({large}), "editor-settings: '" + large + "' holds more than 67108864 bytes, which is too much; name a smaller one\n");
     std::filesystem::resize_file(large, 64 * 1024 * 1024);
     EXPECT_EQ(reason({large}), "editor-settings: '" + large + "': line 1, column 2:" + nul + "; nothing was changed\n");
 }

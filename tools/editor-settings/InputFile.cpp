@@ -63,7 +63,7 @@ std::string inputFile(std::string const& name, std::size_t most)
             refuse(shown, errno);
         content.append(buffer, static_cast<std::size_t>(count));
         if (content.size() > most)
-            throw Refusal(shown + " holds more than " + std::to_string(most) + " bytes, which is too much; " + remedy);
+            throw Refusal(shown + " holds more than " + std::to_string(most) + " bytes, which is too much; name a smaller one");
     }
     return content;
 }

@@ -244,6 +244,8 @@ json parsed(std::string const& bytes)
 {
     if (bytes.compare(0, 3, "\xEF\xBB\xBF") == 0)
         refuse("line 1, column 1:", "a byte order mark stands before the text; save the file as UTF-8 without it");
+    if (bytes.compare(0, 16, "SQLite format 3", 16) == 0)
+        refuse("the document", "is a database; where 'editor-settings backup' made it, 'editor-settings restore' takes it");
     // The parser would take it for the end, whatever follows.
     if (std::size_t const nul = bytes.find('\0'); nul != std::string::npos)
         refuse(lineAndColumn(bytes, nul + 1), "a NUL stands there, which no text holds; save the file as UTF-8, or export it again");
