@@ -137,6 +137,23 @@ TEST_F(Monitor, TellsWhenTheValueWasStored)
     EXPECT_EQ(statusAfter(SIGTERM), 0);
 }
 
+TEST_F(Monitor, TellsThatAValueWhichItCannotReadWasStoredAnew)
+{
+    SqliteStorage(productFile()).setString("exportPath", "/films");
+    OtherProgram(productFile()).execute("UPDATE settings SET kind = 'later', changed = 5");
+    start({"--json"});
+    awaitReady();
+    OtherProgram(productFile()).execute("UPDATE settings SET changed = 6");
+    EXPECT_EQ(json::parse(awaited("out", "\n")),
+              json::parse(R"({"time": "1970-01-01T00:00:00.006Z", "store": "product", "key": "exportPath",
+        "before": {"kind": "later", "value": null}, "after": {"kind": "later", "value": null}})"));
+    OtherProgram(productFile()).execute("UPDATE settings SET kind = 'latest'");
+    std::vector<std::string> const told = lines(awaited("out", "\n", 2));
+    ASSERT_EQ(told.size(), 2u);
+    EXPECT_EQ(json::parse(told[1])["after"]["kind"], "latest");
+    EXPECT_EQ(statusAfter(SIGTERM), 0);
+}
+
 TEST_F(Monitor, EndsWhereNobodyCanReadIt)
 {
     SqliteStorage(productFile()).setString("exportPath", "/films");

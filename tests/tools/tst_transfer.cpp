@@ -768,6 +768,10 @@ INSTANTIATE_TEST_SUITE_P(
         Malformed{"UnknownKey", after(R"("nothingLikeIt": {"kind": "int", "value": 1})"),
                   "stores.product.nothingLikeIt is no preference of the editor; correct or remove it, or give --with-unknown to take such "
                   "keys as they are"},
+        Malformed{"FirstOfTwoUnknownKeysByTheirBytes",
+                  after(R"("\\xff": {"kind": "int", "value": 1}, "nothingLikeIt": {"kind": "int", "value": 1})"),
+                  "stores.product.nothingLikeIt is no preference of the editor; correct or remove it, or give --with-unknown to take such "
+                  "keys as they are"},
         Malformed{"MistypedKey", after(R"("exprtPath": {"kind": "string", "value": "x"})"),
                   "stores.product.exprtPath is no preference of the editor; did you mean exportPath? correct or remove it, or give "
                   "--with-unknown to take such keys as they are"},
