@@ -745,6 +745,8 @@ INSTANTIATE_TEST_SUITE_P(
                   "stores.product.projectPath.value is \"x\"; give bytes in base64"},
         Malformed{"EncodingOfANumber", count(R"(1, "encoding": "base64")"),
                   "stores.product.npsSendCount.encoding is for the kind string only; remove it"},
+        Malformed{"ArraysInAnArray", count("[[1], 2]"),
+                  "stores.product.npsSendCount.value is an array; give a whole number from -2147483648 to 2147483647"},
         Malformed{"RedactedAndValue", count(R"(1, "redacted": true)"),
                   "stores.product.npsSendCount.value stands beside \"redacted\"; keep one of the two"},
         Malformed{"NotRedacted", after(R"("npsSendCount": {"kind": "int", "redacted": false})"),
