@@ -30,6 +30,7 @@ constexpr int formatVersion = 1;
 constexpr int busyMilliseconds = 5000;
 
 constexpr char const* keepWhatIsThere = "keep what is there";
+constexpr char const* restoreTheStore = "restore the store";
 constexpr char const* nameAnother = "name another backup; this one was left as it is";
 
 [[noreturn]] void refuse(fs::path const& file, std::string const& reason, char const* remedy = nameAnother)
@@ -77,8 +78,10 @@ public:
             throw SQLite::Exception(m_database.getHandle());
     }
 
-    std::string const& content() const { return m_content; }
     SQLite::Database& database() { return m_database; }
+
+    // Puts the copy in the place of `target`. The name under which what is there is kept; none where nothing is.
+    std::optional<fs::path> replace(fs::path const& target);
 
 private:
     std::string m_content; // outlives the database that reads it
@@ -263,34 +266,46 @@ std::optional<SQLite::Database> openedForReplacing(fs::path const& file)
 std::optional<fs::path> Backup::restore(std::string const& name, fs::path const& file) const
 {
     Copy& copy = *m_copies.at(name);
-    constexpr char const* attempt = "restore the store";
-    fs::path const target = absolutePath(file, attempt);
-    return translated(target, attempt, [&]() -> std::optional<fs::path> {
-        std::error_code error;
-        fs::file_type const present = fs::symlink_status(target, error).type();
-        if (present == fs::file_type::none)
-            throwSystemError(target, attempt, error.value());
-        if (present == fs::file_type::not_found) {
-            setCompanionsAside(target, keptName(target)); // a journal may be there alone
-            if (writeNewFile(target, copy.content(), attempt))
-                return std::nullopt;
+    fs::path const target = absolutePath(file, restoreTheStore);
+    return translated(target, restoreTheStore, [&] {
+        for (;;) {
+            try {
+                return copy.replace(target);
+            } catch (SQLite::Exception const& error) {
+                // Another restore has put its file in the place of the one that this one had opened.
+                if (error.getExtendedErrorCode() != SQLITE_READONLY_DBMOVED && error.getErrorCode() != SQLITE_READONLY_DBMOVED)
+                    throw;
+            }
         }
-        if (std::optional<SQLite::Database> store = openedForReplacing(target)) {
-            fs::path const kept = keptCopy(target, snapshotOf(*store));
-            SQLite::Backup all(*store, copy.database());
-            if (int const code = all.executeStep(); code != SQLITE_DONE)
-                throw SQLite::Exception(sqlite3_errstr(code), code);
-            return kept;
-        }
-        Kept kept;
-        replaceFile(target, copy.content(), attempt, [&] {
-            kept = keptAside(target);
-            makePrivate(kept.name);
-            setCompanionsAside(target, kept.name);
-            return kept.isMoved;
-        });
-        return kept.name;
     });
+}
+
+std::optional<fs::path> Backup::Copy::replace(fs::path const& target)
+{
+    std::error_code error;
+    fs::file_type const present = fs::symlink_status(target, error).type();
+    if (present == fs::file_type::none)
+        throwSystemError(target, restoreTheStore, error.value());
+    if (present == fs::file_type::not_found) {
+        setCompanionsAside(target, keptName(target)); // a journal may be there alone
+        if (writeNewFile(target, m_content, restoreTheStore))
+            return std::nullopt;
+    }
+    if (std::optional<SQLite::Database> store = openedForReplacing(target)) {
+        fs::path const kept = keptCopy(target, snapshotOf(*store));
+        SQLite::Backup all(*store, m_database);
+        if (int const code = all.executeStep(); code != SQLITE_DONE)
+            throw SQLite::Exception(sqlite3_errstr(code), code);
+        return kept;
+    }
+    Kept kept;
+    replaceFile(target, m_content, restoreTheStore, [&] {
+        kept = keptAside(target);
+        makePrivate(kept.name);
+        setCompanionsAside(target, kept.name);
+        return kept.isMoved;
+    });
+    return kept.name;
 }
 
 } // namespace Storage

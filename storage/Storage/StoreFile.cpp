@@ -47,7 +47,6 @@ char const* remedyFor(int extendedCode)
         return "the file was moved or removed while it was open: start the program again";
     switch (extendedCode & 0xff) {
     case SQLITE_BUSY:
-    case SQLITE_LOCKED:
         return "another process is writing: try again, or close the other process";
     case SQLITE_FULL:
         return "free some space on the disk and try again";
@@ -57,7 +56,6 @@ char const* remedyFor(int extendedCode)
         return restoreBackup;
     case SQLITE_READONLY:
     case SQLITE_CANTOPEN:
-    case SQLITE_PERM:
         return checkAccess;
     case SQLITE_TOOBIG:
         return "keep the value in a file of its own and store the file's name";

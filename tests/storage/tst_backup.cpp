@@ -573,6 +573,48 @@ TEST_F(Backups, FolderThatMayNotBeEnteredIsNamed)
     std::filesystem::permissions(path("folder"), std::filesystem::perms(0700));
 }
 
+TEST_F(Backups, NameThatIsTooLongForABackupIsNamed)
+{
+    std::filesystem::path const file = path(std::string(300, 'n').c_str());
+    EXPECT_EQ(refusal([&] { Backup const backup(file); }),
+              file.string() + ": cannot read the backup: File name too long; name another backup; this one was left as it is");
+}
+
+TEST_F(Backups, PlaceBelowAFileIsNamed)
+{
+    backUp("value");
+    overwrite(path("mine.txt"), "my text");
+    EXPECT_EQ(refusal([&] { Backup(path("copy.backup")).restore("product", path("mine.txt") / "store.sqlite"); }),
+              (path("mine.txt") / "store.sqlite").string() +
+                  ": cannot restore the store: Not a directory; make the file and its folder readable and writable for this user");
+    EXPECT_EQ(content(path("mine.txt")), "my text");
+}
+
+TEST_F(Backups, FolderThatMayNotBeWrittenLosesNothing)
+{
+    backUp("value");
+    std::filesystem::permissions(m_home.path(), std::filesystem::perms(0755));
+    std::filesystem::permissions(path("copy.backup"), std::filesystem::perms(0444));
+    std::string const rights = ": Permission denied; make the file and its folder readable and writable for this user";
+    auto const restored = [&](std::filesystem::path const& file) {
+        std::filesystem::permissions(file.parent_path(), std::filesystem::perms(0555));
+        return inChild([&] { return Backup(path("copy.backup")).restore("product", file), std::string("restored"); }, true);
+    };
+
+    std::filesystem::path const gone = path("one") / "store.sqlite";
+    std::filesystem::create_directory(path("one"));
+    overwrite(gone.string() + "-journal", "its journal");
+    EXPECT_EQ(restored(gone), gone.string() + "-journal: cannot keep what is there" + rights);
+    EXPECT_EQ(content(gone.string() + "-journal"), "its journal");
+
+    std::filesystem::path const damaged = path("two") / "store.sqlite";
+    std::filesystem::create_directory(path("two"));
+    overwrite(damaged, "not a store");
+    std::filesystem::permissions(damaged, std::filesystem::perms(0666));
+    EXPECT_EQ(restored(damaged), damaged.string() + ": cannot restore the store" + rights);
+    EXPECT_EQ(content(damaged), "not a store");
+}
+
 TEST_F(Backups, NameOfWhatIsKeptTellsTheTimeInUtc)
 {
     backUp("value");

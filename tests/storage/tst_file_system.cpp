@@ -94,7 +94,10 @@ INSTANTIATE_TEST_SUITE_P(
         Found{"MountsInARing", "1 2 0:1 / / rw - ext4 x rw\n2 1 0:2 / / rw - xfs y rw\n", "/x", "", ""},
         Found{"RootOnItself", "1 1 0:1 / / rw - ext4 x rw\n", "/x", "ext4", "/"},
         Found{"RootAboveAnother", "1 0 0:1 / / rw - rootfs none rw\n2 1 0:2 / / rw - overlay overlay rw\n", "/x", "overlay", "/"},
-        Found{"EscapeThatIsNone", "1 0 0:1 / /\\04 rw - ext4 x rw\n", "/\\04/x", "ext4", "/\\04"}),
+        Found{"EscapeThatIsNone", "1 0 0:1 / /\\04 rw - ext4 x rw\n", "/\\04/x", "ext4", "/\\04"},
+        Found{"EscapeWithAnEight", "1 0 0:1 / /\\0482 rw - ext4 x rw\n", "/\\0482/x", "ext4", "/\\0482"},
+        Found{"EscapeWithALetter", "1 0 0:1 / /\\a\\0a\\04a rw - ext4 x rw\n", "/\\a\\0a\\04a/x", "ext4", "/\\a\\0a\\04a"},
+        Found{"EscapeWithABlankBefore", "1 0 0:1 / /\\04!\\ rw - ext4 x rw\n", "/\\04!\\/x", "ext4", "/\\04!\\"}),
     byMeaning);
 
 // --- The system's own table ---
@@ -118,6 +121,16 @@ TEST_F(FileSystemOfAPath, IsThatOfTheNearestFolderThatExists)
     std::string const here = Storage::fileSystemOf(m_home.path()).type;
     EXPECT_NE(here, "");
     EXPECT_EQ(Storage::fileSystemOf(m_home.path() / "no/such/folder").type, here);
+}
+
+TEST_F(FileSystemOfAPath, IsThatOfAFolderThatMayNotBeEntered)
+{
+    std::string const here = Storage::fileSystemOf(m_home.path()).type;
+    std::filesystem::create_directory(m_home.path() / "closed");
+    std::filesystem::permissions(m_home.path() / "closed", std::filesystem::perms(0));
+    std::filesystem::permissions(m_home.path(), std::filesystem::perms(0755));
+    EXPECT_EQ(inChild([&] { return Storage::fileSystemOf(m_home.path() / "closed/below/x").type; }, true), here);
+    std::filesystem::permissions(m_home.path() / "closed", std::filesystem::perms(0700));
 }
 
 // In a namespace of the test's own, where a process may make one.

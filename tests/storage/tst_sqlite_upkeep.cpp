@@ -164,6 +164,13 @@ TEST_F(SqliteUpkeep, EveryDamageIsReportedAndNothingIsMended)
     EXPECT_EQ(content(path()), damaged);
 }
 
+TEST_F(SqliteUpkeep, EmptyJournalOfAStoreThatIsGoneIsNothing)
+{
+    overwrite(path("store.sqlite-journal"), "");
+    SqliteStorage(path()).setInt("key", 1);
+    EXPECT_EQ(SqliteStorage(path()).getInt("key", 0), 1);
+}
+
 TEST_F(SqliteUpkeep, JournalOfAStoreThatIsGoneIsNotPlayedBackIntoANewOne)
 {
     std::string journal;
@@ -244,6 +251,8 @@ TEST_F(SqliteUpkeep, FileOfANewerSchemaIsReadAndRefusesEveryChange)
         EXPECT_EQ(store.examine().schemaVersion, 2);
         EXPECT_EQ(refusal([&] { store.setString("key", "new"); }), path().string() + ": cannot set \"key\": " + reason);
         EXPECT_EQ(refusal([&] { store.setBool("key", true); }), path().string() + ": cannot set \"key\": " + reason);
+        EXPECT_EQ(refusal([&] { store.setInt("key", 1); }), path().string() + ": cannot set \"key\": " + reason);
+        EXPECT_EQ(refusal([&] { store.setBytes("key", Bytes{1}); }), path().string() + ": cannot set \"key\": " + reason);
         EXPECT_EQ(refusal([&] { store.remove("key"); }), path().string() + ": cannot remove \"key\": " + reason);
         EXPECT_EQ(refusal([&] { store.apply({{"key", 1}}); }), path().string() + ": cannot make 1 change: " + reason);
         EXPECT_EQ(store.getString("key", "lost"), "value");

@@ -408,7 +408,7 @@ TEST_F(Hostile, StoredControlsAreNotSentToATerminal)
         Storage::SqliteStorage store(productFile());
         store.setString("lastTarget", obeyed);
         store.setString("recentProjects", noUtf8);
-        store.setString("exportPath", "/x" + obeyed);
+        store.setString("exportPath", inHome("x") + obeyed);
         store.setString("userCustomColors", obeyed + "|#|b");
         store.setString("favorites_" + obeyed, obeyed);
         store.setString("npsSendCount", "x");
