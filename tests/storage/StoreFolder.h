@@ -10,6 +10,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <stdexcept>
 #include <string>
 
@@ -31,6 +32,17 @@ public:
         stream.close();
         if (!stream)
             throw std::runtime_error("cannot write " + file.string());
+    }
+
+    /// What `work` is refused with.
+    static std::string refusal(std::function<void()> const& work)
+    {
+        try {
+            work();
+        } catch (Storage::StorageError const& error) {
+            return error.what();
+        }
+        return "nothing was thrown";
     }
 
     static unsigned mode(std::filesystem::path const& file)

@@ -29,16 +29,6 @@ using Names = std::vector<std::string>;
 
 class Backups : public StoreFolder {
 protected:
-    static std::string refusal(std::function<void()> const& work)
-    {
-        try {
-            work();
-        } catch (StorageError const& error) {
-            return error.what();
-        }
-        return "nothing was thrown";
-    }
-
     void backUp(std::string const& value)
     {
         SqliteStorage store(path("made.sqlite"));

@@ -17,16 +17,6 @@ using Change = SqliteStorage::Change;
 
 class SqliteUpkeep : public StoreFolder {
 protected:
-    static std::string refusal(std::function<void()> const& work)
-    {
-        try {
-            work();
-        } catch (StorageError const& error) {
-            return error.what();
-        }
-        return "nothing was thrown";
-    }
-
     static std::vector<std::string> keys(SqliteStorage const& store)
     {
         std::vector<std::string> keys;
