@@ -131,17 +131,19 @@ bool isThere(fs::path const& file)
 
 constexpr int formatsAt = 18;
 
-// Bytes 18 and 19 of the header, the format for writers and for readers, are 2 in a file of SQLite's write-ahead-log
-// mode. Read through SQLite's own handle, before any statement, as the first statement would already make the log's files.
+// Bytes 18 and 19 of SQLite's header, the format for writers and for readers, are 2 in a file of its write-ahead-log
+// mode; other files have anything there. Read through SQLite's own handle, before any statement, as the first statement would already make
+// the log's files.
 bool usesWriteAheadLog(SQLite::Database& database)
 {
     sqlite3_file* file = nullptr;
-    unsigned char formats[2] = {};
+    std::string header(formatsAt + 2, '\0');
     sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
-    int const code = file && file->pMethods ? file->pMethods->xRead(file, formats, 2, formatsAt) : SQLITE_CANTOPEN;
+    int const code = file && file->pMethods ? file->pMethods->xRead(file, header.data(), formatsAt + 2, 0) : SQLITE_CANTOPEN;
     if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ)
         throw SQLite::Exception(sqlite3_errstr(code), code);
-    return formats[0] == 2 || formats[1] == 2;
+    bool const isSqlite = header.compare(0, 15, "SQLite format 3") == 0;
+    return isSqlite && (header[formatsAt] == 2 || header[formatsAt + 1] == 2);
 }
 
 std::string newerSchema(int schema)

@@ -324,6 +324,11 @@ TEST_F(DamagedPlaces, AnyPageOfZeroesIsNamed)
                   "the file is damaged (Page " + std::to_string(number) + ": btreeInitPage() returns error code 11)");
 }
 
+TEST_F(DamagedPlaces, BytesOfALogInAFileThatIsNotSqlitesAreNothing)
+{
+    EXPECT_EQ(reasonFor(std::string(m_whole).replace(0, 20, std::string(18, 'x') + "\2\2")), "file is not a database");
+}
+
 TEST_F(DamagedPlaces, AnyPageOfRandomBytesIsNamed)
 {
     std::mt19937 random(seed());
