@@ -4,6 +4,7 @@
 // keys and defaults of the preferences, the folder names, the names of resource files, the list separator and, as the
 // last definition, s_instance.
 // The defaults that copy format names need libLumoraConf, which is loaded before this library as it is linked to it.
+#include <Settings/PlainNames.h>
 #include <Settings/Settings.h>
 
 #include <Lumora/Conf/Formats.h>
@@ -673,8 +674,15 @@ QString Settings::portableProjectMediaPath() { return QStringLiteral("/media/");
 
 namespace {
 
-// Files, and links to what is no folder, without hidden ones; `filter` must match the whole name, in any case.
-QStringList fileNames(QString const& folder, QString const& filter) { return QDir(folder).entryList({filter}, QDir::Files, QDir::Name); }
+// Files, and links to what is no folder, without hidden ones; `filter` must match the whole name, in any case, and the
+// complete base name must begin with `stem`.
+QStringList fileNames(QString const& folder, QString const& filter, QString const& stem)
+{
+    QStringList names = QDir(folder).entryList({filter}, QDir::Files, QDir::Name);
+    auto const isOfOtherStem = [&](QString const& name) { return !QFileInfo(name).completeBaseName().startsWith(stem); };
+    names.erase(std::remove_if(names.begin(), names.end(), isOfOtherStem), names.end());
+    return names;
+}
 
 // The highest number that the first group of `pattern` finds anywhere in one of the names; 0 without one. A number
 // that does not fit an int counts as 0.
@@ -688,6 +696,13 @@ int extractVaryingNumber(QStringList names, QString pattern)
     return highest;
 }
 
+// Plain names are counted as the kernel lists them, which gives the same number many times sooner.
+int highestNumber(QString const& folder, QString const& filter, QString const& pattern, QString const& stem = QString())
+{
+    std::optional<int> const plain = PlainNames::highestNumber(folder, filter, pattern, stem);
+    return plain ? *plain : extractVaryingNumber(fileNames(folder, filter, stem), pattern);
+}
+
 // After the largest number comes the smallest.
 int following(int number) { return static_cast<int>(static_cast<unsigned>(number) + 1); }
 
@@ -697,8 +712,8 @@ QString joined(QString const& folder, QString const& name) { return QStringList{
 
 QString Settings::generateAudioRecordFilePath()
 {
-    QStringList const names = fileNames(audioRecordPath(), QStringLiteral("Rec-*-*-*.*"));
-    QString const number = QString::number(following(extractVaryingNumber(names, QStringLiteral("Rec-(\\d+)-.*"))));
+    int const highest = highestNumber(audioRecordPath(), QStringLiteral("Rec-*-*-*.*"), QStringLiteral("Rec-(\\d+)-.*"));
+    QString const number = QString::number(following(highest));
     QString const timestamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyy.MM.dd-HH.mm.ss"));
     QString const extension = QString::fromStdString(audioRecordFormat()).toLower();
     // The folder is asked for again: a host may have changed it meanwhile, and the recording belongs into the new one.
@@ -710,12 +725,9 @@ QString Settings::generateFreezedFilePath(QString sourceFilePath)
     QString const stem = QFileInfo(sourceFilePath).completeBaseName();
     QString const format = QString::fromStdString(freezedFileFormat());
     QString const folder = exportPath();
-    QStringList names = fileNames(folder, QStringLiteral("*.%1").arg(format));
-    auto const isOfOtherSource = [&](QString const& name) { return !QFileInfo(name).completeBaseName().startsWith(stem); };
-    names.erase(std::remove_if(names.begin(), names.end(), isOfOtherSource), names.end());
     // One pass for each argument, so a placeholder that the stem brings in is filled as well.
     QString const pattern = QStringLiteral("%1 \\((\\d+)\\)\\.%2").arg(QRegExp::escape(stem)).arg(format);
-    qlonglong const number = following(extractVaryingNumber(names, pattern));
+    qlonglong const number = following(highestNumber(folder, QStringLiteral("*.%1").arg(format), pattern, stem));
     return joined(folder, QStringLiteral("%1 (%2).%3").arg(stem).arg(number).arg(format));
 }
 
@@ -723,8 +735,8 @@ QString Settings::generateStabilizedFilePath(QString sourceFilePath, QString fil
 {
     // Up to the first dot, and with its wildcards and pattern characters at work.
     QString const stem = QFileInfo(sourceFilePath).baseName();
-    QStringList const names = fileNames(stabilizedFilePath(), stem + QLatin1String("-*.*"));
-    QString const number = QString::number(following(extractVaryingNumber(names, stem + QLatin1String("-(\\d+).*"))));
+    int const highest = highestNumber(stabilizedFilePath(), stem + QLatin1String("-*.*"), stem + QLatin1String("-(\\d+).*"));
+    QString const number = QString::number(following(highest));
     // Asked for again, as for recordings.
     return joined(stabilizedFilePath(), QStringLiteral("%1-%2.%3").arg(stem, number, fileFormat));
 }
@@ -744,12 +756,23 @@ QString Settings::projectFileOpenFilter() { return QLatin1String("*.") + support
 
 QString stockSampleProjectsPath() { return stockPath(QLatin1String("projects")); }
 
+namespace {
+
+QString firstSample(QString const& folder, QStringList const& filters)
+{
+    QDirIterator samples(folder, filters, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
+    return samples.hasNext() ? samples.next() : QString();
+}
+
+} // namespace
+
 QString Settings::sampleProjectPath()
 {
     QString const folder = stockSampleProjectsPath();
     QStringList const filters = projectFileOpenFilter().split(QLatin1Char(' '), Qt::KeepEmptyParts);
-    QDirIterator samples(folder, filters, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
-    return samples.hasNext() ? samples.next() : QString();
+    // Qt's iterator reads on to the second match before it gives the first.
+    std::optional<QString> const plain = PlainNames::firstBelow(folder, filters);
+    return plain ? *plain : firstSample(folder, filters);
 }
 
 // --- The last objects to come to life ----------------------------------------------------------------------------------
