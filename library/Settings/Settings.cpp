@@ -17,6 +17,7 @@
 #include <QFileInfo>
 #include <QObject>
 #include <QRegExp>
+#include <QStringBuilder>
 
 #include <algorithm>
 #include <cstdio>
@@ -505,8 +506,9 @@ QString sharedDataPath()
 QString makeDefaultPath(QStandardPaths::StandardLocation location, QString folder)
 {
     QString const base = Lumora::Util::GetStandardPath(location);
-    return QDir::toNativeSeparators(
-        QDir::cleanPath(base + QDir::separator() + Configuration::productDataFolder + QDir::separator() + folder));
+    // In one piece, for one allocation.
+    QString const path = base % QDir::separator() % Configuration::productDataFolder % QDir::separator() % folder;
+    return QDir::toNativeSeparators(QDir::cleanPath(path));
 }
 
 QString productDataPath()
