@@ -402,8 +402,12 @@ TEST_F(UserDirectories, AnswerFromAYoungFileIsNotKept)
 
 TEST_F(UserDirectories, AnswerFromAFileWhoseStampWasSetBackIsYoungNevertheless)
 {
+    std::this_thread::sleep_for(std::chrono::milliseconds(1100)); // the folder is to be older
+    rewrite(m_file, two);
     fs::last_write_time(m_file, fs::file_time_type::clock::now() - std::chrono::hours(1));
-    fixedTime = 0;
+    struct stat status;
+    ASSERT_EQ(::stat(m_file.c_str(), &status), 0);
+    fixedTime = status.st_ctime + 3;
     movies();
     EXPECT_FALSE(isKept());
 }
@@ -451,6 +455,26 @@ TEST_F(UserDirectories, FolderOfQtsSearchPathsIsAskedForEachTime)
     EXPECT_FALSE(isKept());
     QDir::setSearchPaths(QStringLiteral("searched"), {});
     EXPECT_EQ(movies(), inHome("Videos"));
+}
+
+TEST_F(UserDirectories, WhatIsNoPlainFileIsAskedForEachTime)
+{
+    fs::remove(m_file);
+    fs::create_directory(m_file);
+    EXPECT_EQ(movies(), inHome("Videos"));
+    EXPECT_FALSE(isKept());
+    fs::remove(m_file);
+    fs::create_symlink("/dev/null", m_file);
+    EXPECT_EQ(movies(), inHome("Videos"));
+    EXPECT_FALSE(isKept());
+}
+
+TEST_F(UserDirectories, WhatCannotBeLookedAtIsAskedForEachTime)
+{
+    fs::remove(m_file);
+    fs::create_symlink("user-dirs.dirs", m_file);
+    EXPECT_EQ(movies(), inHome("Videos"));
+    EXPECT_FALSE(isKept());
 }
 
 TEST_F(UserDirectories, RefusedOpeningIsNotKept)
