@@ -74,7 +74,7 @@ class PlainQuestion : public PlainName, public testing::WithParamInterface<Quest
 
 TEST_P(PlainQuestion, IsAnswered)
 {
-    make({"Clip-5.mp4", "a+b (6).png", "Clip-7", "x9y1z.png", "12.png", "a%b\\c-4.mp4", "c3.*"});
+    make({"Clip-5.mp4", "a+b (6).png", "Clip-7", "x9y1z.png", "12.png", "a%b\\c-4.mp4", "c3.*", "Z8"});
     EXPECT_EQ(highest(text(GetParam().filter), text(GetParam().pattern), text(GetParam().stem)), GetParam().answer);
 }
 
@@ -91,6 +91,7 @@ INSTANTIATE_TEST_SUITE_P(
         Question{"AnythingAtTheEnd", u"c*", u"c(\\d+)\\..*", u"", 3}, Question{"Stem", u"*.png", u"(\\d+)", u"a+b (", 6},
         Question{"StemUpToTheLastDot", u"*.png", u"(\\d+)", u"12", 12}, Question{"StemBeyondTheLastDot", u"*.png", u"(\\d+)", u"12.", 0},
         Question{"StemOfANameWithoutADot", u"*", u"Clip-(\\d+)", u"Clip-7", 7}, Question{"StemInOtherCase", u"*.png", u"(\\d+)", u"A+b", 0},
+        Question{"LastLetterInOtherCase", u"z*", u"Z(\\d+)", u"", 8}, Question{"FirstLetterInOtherCase", u"A+*", u"(\\d+)", u"", 6},
         Question{"FilterInOtherCase", u"cLIP-*.MP4", u"Clip-(\\d+)", u"", 5}, Question{"PatternInOtherCase", u"*", u"clip-(\\d+)", u"", 0},
         Question{"EmptyFilter", u"", u"Clip-(\\d+)", u"", 0}, Question{"FilterForPartOfTheName", u"Clip-5.mp", u"Clip-(\\d+)", u"", 0},
         Question{"FilterForMoreThanTheName", u"Clip-5.mp4?", u"Clip-(\\d+)", u"", Number()}),
@@ -99,6 +100,7 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     LeftToQt, PlainQuestion,
     testing::Values(
+        Question{"OpenBracketInTheFilter", u"[Clip*", u"Clip-(\\d+)", u"", Number()},
         Question{"QuestionMarkInTheFilter", u"Clip-?.mp4", u"Clip-(\\d+)", u"", Number()},
         Question{"BracketInTheFilter", u"[C]lip*", u"Clip-(\\d+)", u"", Number()},
         Question{"ClosingBracketInTheFilter", u"Clip]*", u"Clip-(\\d+)", u"", Number()},
@@ -106,6 +108,7 @@ INSTANTIATE_TEST_SUITE_P(
         Question{"FilterNotAscii", u"*.\u00E9", u"Clip-(\\d+)", u"", Number()},
         Question{"PatternNotAscii", u"*", u"\u00E9(\\d+)", u"", Number()},
         Question{"StemNotAscii", u"*", u"Clip-(\\d+)", u"\u00E9", Number()},
+        Question{"FirstCharacterThatIsNotAscii", u"*", u"Clip-(\\d+)", u"\u0080", Number()},
         Question{"LoneSurrogateInTheStem", u"*", u"Clip-(\\d+)", u"\xD800", Number()}, Question{"NoNumber", u"*", u"Clip", u"", Number()},
         Question{"EmptyPattern", u"*", u"", u"", Number()}, Question{"OtherDigits", u"*", u"Clip-([0-9]+)", u"", Number()},
         Question{"TwoNumbers", u"*", u"Clip-(\\d+)-(\\d+)", u"", Number()},
