@@ -201,10 +201,22 @@ TEST_F(PlainName, IsNotFoundWhereThereIsNoFolder)
 {
     make({"file"});
     fs::create_symlink("missing", m_folder / "broken");
-    for (char16_t const* const name : {u"/missing", u"/file", u"/broken", u"/file/."}) {
+    EXPECT_EQ(::mkfifo((m_folder / "pipe").c_str(), 0600), 0);
+    for (char16_t const* const name : {u"/missing", u"/file", u"/broken", u"/file/.", u"/pipe"}) {
         EXPECT_EQ(PlainNames::highestNumber(folder() + text(name), text(u"*"), text(u"(\\d+)")), 0);
         EXPECT_EQ(PlainNames::firstBelow(folder() + text(name), {text(u"*")}), QString());
     }
+}
+
+TEST_F(PlainName, LeavesNoFolderOpen)
+{
+    auto const open = [] { return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator()); };
+    make({"a1", "one/two/demo.b", "three/\u00E9"});
+    auto const before = open();
+    EXPECT_EQ(highest(text(u"*"), text(u"a(\\d+)")), 1);
+    EXPECT_EQ(PlainNames::firstBelow(folder() + text(u"/one"), {text(u"*.b")}), folder() + text(u"/one/two/demo.b"));
+    EXPECT_EQ(PlainNames::firstBelow(folder() + text(u"/three"), {text(u"*.c")}), std::nullopt);
+    EXPECT_EQ(open(), before);
 }
 
 TEST_F(PlainName, IsFoundInAFolderOfAnyName)
