@@ -4,7 +4,9 @@
 #include <support/BoundLibrary.h>
 #include <support/Named.h>
 
+#include <iterator>
 #include <limits>
+#include <random>
 #include <type_traits>
 
 using Rational = boost::rational<long long>;
@@ -208,6 +210,104 @@ TEST_F(TypedAccess, ListOfTheCallerStaysAsItIs)
     QStringList const written = list({"a", "", "b"});
     write(key, written, product);
     EXPECT_EQ(written, list({"a", "", "b"}));
+}
+
+// --- Texts of every kind ---
+
+struct TextCase {
+    char const* meaning;
+    QString text;
+    std::string stored;
+    QString readBack;
+};
+
+QString units(std::initializer_list<char16_t> units)
+{
+    return QString(reinterpret_cast<QChar const*>(units.begin()), static_cast<int>(units.size()));
+}
+
+class TextEncoding : public BoundLibrary, public testing::WithParamInterface<TextCase> {};
+
+TEST_P(TextEncoding, IsQts)
+{
+    TextCase const& test = GetParam();
+    ASSERT_EQ(test.text.toStdString(), test.stored) << "what Qt makes of it";
+    QString const own = QString(test.text.constData(), test.text.size()); // no literal, which shares nothing
+    for (QString const& text : {test.text, test.text.isNull() ? test.text : own}) {
+        write(key, text, product);
+        EXPECT_EQ(m_productValues->getString(key, "unset"), test.stored);
+        for (QString const& result :
+             {read(key, QStringLiteral("default"), product), read(key, text, product), read("absent", text, product)}) {
+            EXPECT_EQ(result, test.readBack);
+            EXPECT_EQ(result.size(), test.readBack.size());
+            EXPECT_FALSE(result.isNull());
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, TextEncoding,
+                         testing::Values(TextCase{"NullComesBackEmpty", QString(), "", QStringLiteral("")},
+                                         TextCase{"Empty", QStringLiteral(""), "", QStringLiteral("")},
+                                         TextCase{"Ascii", QStringLiteral("a/~"), "a/~", QStringLiteral("a/~")},
+                                         TextCase{"LastOfAscii", units({0x7F}), "\x7F", units({0x7F})},
+                                         TextCase{"FirstBeyondAscii", units({0x80}), "\xC2\x80", units({0x80})},
+                                         TextCase{"LastOfLatin1", units({0xFF}), "\xC3\xBF", units({0xFF})},
+                                         TextCase{"BeyondLatin1WithAnAsciiByte", units({0x141}), "\xC5\x81", units({0x141})},
+                                         TextCase{"NulAlone", units({0}), std::string(1, '\0'), units({0})},
+                                         TextCase{"NulWithin", units({'a', 0, 'b'}), std::string("a\0b", 3), units({'a', 0, 'b'})},
+                                         TextCase{"ByteOrderMarkIsLost", units({0xFEFF, 'a'}),
+                                                  "\xEF\xBB\xBF"
+                                                  "a",
+                                                  units({'a'})},
+                                         TextCase{"ByteOrderMarkAlone", units({0xFEFF}), "\xEF\xBB\xBF", QStringLiteral("")},
+                                         TextCase{"ByteOrderMarkWithin", units({'a', 0xFEFF}), "a\xEF\xBB\xBF", units({'a', 0xFEFF})},
+                                         TextCase{"BeyondThePlane", units({0xD83C, 0xDFAC}), "\xF0\x9F\x8E\xAC", units({0xD83C, 0xDFAC})},
+                                         TextCase{"HighSurrogateAlone", units({'a', 0xD83C}), "a?", QStringLiteral("a?")},
+                                         TextCase{"LowSurrogateAlone", units({0xDFAC, 'a'}), "?a", QStringLiteral("?a")},
+                                         TextCase{"SurrogatesInTheWrongOrder", units({0xDFAC, 0xD83C}), "??", QStringLiteral("??")},
+                                         TextCase{"NoCharacter", units({0xFFFF}), "\xEF\xBF\xBF", units({0xFFFF})}),
+                         byMeaning);
+
+TEST_F(TypedAccess, TextsOfAnyUnitsAreEncodedAsQtDoes)
+{
+    std::mt19937 random(1);
+    char16_t const hostile[] = {0, 'a', 0x7F, 0x80, 0xFF, 0x100, 0x141, 0xD800, 0xDBFF, 0xDC00, 0xDFFF, 0xFEFF, 0xFFFE, 0xFFFF};
+    for (int round = 0; round < 20000; ++round) {
+        QString text;
+        for (auto left = random() % 20; left > 0; --left)
+            text += QChar(random() % 3 == 0 ? hostile[random() % std::size(hostile)] : static_cast<char16_t>(random() % 0x80));
+        std::string const literal = text.toStdString();
+        write(key, text, product);
+        ASSERT_EQ(m_productValues->getString(key, "unset"), literal);
+        ASSERT_EQ(read(key, QStringLiteral("a"), product), QString::fromStdString(literal));
+        ASSERT_EQ(read("absent", text, product), QString::fromStdString(literal));
+        m_log->take();
+    }
+}
+
+TEST_F(TypedAccess, DefaultWhoseCharactersAreTheCallersIsCopied)
+{
+    QChar characters[] = {QLatin1Char('a'), QLatin1Char('b')};
+    QString const result = read("absent", QString::fromRawData(characters, 2), product);
+    characters[0] = QLatin1Char('x');
+    EXPECT_EQ(result, QStringLiteral("ab"));
+}
+
+TEST_F(TypedAccess, TextThatIsReadIsTheReadersOwn)
+{
+    QString const defaultValue = QString(20, QLatin1Char('a'));
+    QString result = read("absent", defaultValue, product);
+    result[0] = QLatin1Char('x');
+    EXPECT_EQ(defaultValue, QString(20, QLatin1Char('a')));
+}
+
+TEST_F(TypedAccess, HalvesOfALongKeyAreTwoKeys)
+{
+    std::string const longKey(40, 'k');
+    write(longKey, Rational(1, 2), product);
+    EXPECT_EQ(calls(), (Calls{"product.setInt(\"" + longKey + "_N\", 1)", "product.setInt(\"" + longKey + "_D\", 2)"}));
+    EXPECT_EQ(read(longKey, Rational(5), product), Rational(1, 2));
+    EXPECT_EQ(calls(), (Calls{"product.getInt(\"" + longKey + "_N\", 5)", "product.getInt(\"" + longKey + "_D\", 1)"}));
 }
 
 // --- Rationals ---
