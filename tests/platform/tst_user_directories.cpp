@@ -70,7 +70,7 @@ bool isKept(std::function<void()> const& ask = [] { movies(); })
     return openings == before;
 }
 
-// Outlives the kept answers, which are made later than it.
+// Asks once the kept answers are gone, which come to life later than it.
 struct AtTheEnd {
     ~AtTheEnd()
     {
@@ -78,6 +78,11 @@ struct AtTheEnd {
             std::abort();
     }
 } const atTheEnd;
+
+// The same while Qt's codecs, which come to life with it, are still there.
+struct BeforeTheEnd : AtTheEnd {
+    BeforeTheEnd() { QTextCodec::codecForLocale(); }
+} const beforeTheEnd;
 
 } // namespace
 
@@ -355,6 +360,46 @@ TEST_F(UserDirectories, FolderAndFileAppear)
     EXPECT_EQ(movies(), QStringLiteral("/two"));
 }
 
+TEST_F(UserDirectories, FileOfAnUncleanHomeIsThatOfTheCleanOne)
+{
+    m_home.write("other/.config/user-dirs.dirs", two);
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    ::unsetenv("XDG_CONFIG_HOME");
+    setHome(m_home.path() / "nowhere/..//other/");
+    keep();
+    EXPECT_EQ(movies(), QStringLiteral("/two"));
+    m_home.write("other/.config/user-dirs.dirs", "");
+    EXPECT_EQ(movies(), inHome("other/Videos"));
+}
+
+// Files that were made in one tick of a kernel with coarse stamps have the same, and only the inode tells them apart.
+TEST_F(UserDirectories, LinkToAnotherFileWithTheSameStampsIsHeard)
+{
+    auto const stamps = [&](char const* name) {
+        struct stat status = {};
+        ::stat(path(name).c_str(), &status);
+        return std::vector<long>{status.st_mtim.tv_sec, status.st_mtim.tv_nsec, status.st_ctim.tv_sec, status.st_ctim.tv_nsec};
+    };
+    for (int attempt = 0; attempt < 1000; ++attempt) {
+        fs::remove(path("a"));
+        fs::remove(path("b"));
+        m_home.write("a", "XDG_VIDEOS_DIR=\"/a\"\n");
+        m_home.write("b", "XDG_VIDEOS_DIR=\"/b\"\n");
+        if (stamps("a") == stamps("b"))
+            break;
+    }
+    if (stamps("a") != stamps("b"))
+        GTEST_SKIP() << "stamps are too fine here";
+    fs::create_symlink(path("b"), path("next"));
+    fs::remove(m_file);
+    fs::create_symlink(path("a"), m_file);
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    keep();
+    EXPECT_EQ(movies(), QStringLiteral("/a"));
+    fs::rename(path("next"), m_file);
+    EXPECT_EQ(movies(), QStringLiteral("/b"));
+}
+
 TEST_F(UserDirectories, OtherCodecReadsTheFileOtherwise)
 {
     rewrite(m_file, "XDG_VIDEOS_DIR=\"/\xC3\xBC\"\n");
@@ -511,6 +556,18 @@ TEST_F(UserDirectories, FileThatComesAndGoesWhileQtReadsIsNotKept)
     Meanwhile there;
     there.before = [&] { rewrite(m_file, two); };
     there.after = [&] { fs::remove(m_file); };
+    meanwhile = &there;
+    EXPECT_EQ(movies(), QStringLiteral("/two"));
+    EXPECT_EQ(movies(), inHome("Videos"));
+}
+
+TEST_F(UserDirectories, FolderThatComesAndGoesWhileQtReadsIsNotKept)
+{
+    fs::remove_all(m_home.path() / ".config");
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    Meanwhile there;
+    there.before = [&] { m_home.write(".config/user-dirs.dirs", two); };
+    there.after = [&] { fs::remove_all(m_home.path() / ".config"); };
     meanwhile = &there;
     EXPECT_EQ(movies(), QStringLiteral("/two"));
     EXPECT_EQ(movies(), inHome("Videos"));

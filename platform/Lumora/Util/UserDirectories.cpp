@@ -88,7 +88,8 @@ public:
 
     bool isAskedAgain() const { return hasValue("HOME", m_home) && hasValue("XDG_CONFIG_HOME", m_configHome) && Look(m_file) == m_look; }
 
-    // Whether what Qt answered is the answer for as long as the question is the same. `error` is the errno that it left.
+    // Whether what Qt answered is the answer for as long as the question is the same, which is the one before Qt read: what
+    // changed meanwhile shows in the next look. `error` is the errno that Qt left.
     bool isAnsweredForGood(int error) const
     {
         // Other paths depend on more, such as the current folder, or on Qt's own resources.
@@ -96,7 +97,7 @@ public:
             return false;
         // Qt does not tell that a file could not be opened or read just then; errno does.
         bool const wasRead = m_look.findsFile() && error == 0;
-        return (wasRead || m_look.findsNothing()) && Look(m_file) == m_look && lookAbove(m_file) == m_above;
+        return (wasRead || m_look.findsNothing()) && lookAbove(m_file) == m_above;
     }
 
 private:
