@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: MIT
+//
+// The names of new files in folders that are small and large, on the disk and in memory. The floor is a bare pass of the
+// kernel over the folder, with the buffer of 32, 64 or 256 KiB that is fastest there. The composition finds the number
+// as one writes it down with Qt: a sorted, filtered list and a regular expression.
+#include "Sources.h"
+
+#include <support/Bench.h>
+#include <support/BoundLibrary.h>
+#include <support/Folders.h>
+
+#include <QDir>
+#include <QFile>
+#include <QRegExp>
+
+#include <algorithm>
+#include <filesystem>
+
+namespace {
+
+struct Generator {
+    std::string what;
+    std::string folderKey;
+    QString (*next)();
+    std::vector<std::string> (*names)(int count);
+    QString filter;
+    QString number;
+};
+
+std::vector<Generator> const& generators()
+{
+    static std::vector<Generator> const all{
+        {"recording", "audioRecordPath", [] { return Settings::generateAudioRecordFilePath(); }, Names::recordings,
+         QStringLiteral("Rec-*-*-*.*"), QStringLiteral("Rec-(\\d+)-.*")},
+        {"freeze frame", "exportPath", [] { return Settings::generateFreezedFilePath(QStringLiteral("/films/Holiday.final.mov")); },
+         Names::freezeFrames, QStringLiteral("*.png"), QStringLiteral("Holiday\\.final \\((\\d+)\\)\\.png")},
+        {"stabilized clip", "stabilizedFilePath",
+         [] { return Settings::generateStabilizedFilePath(QStringLiteral("/films/Holiday.mov"), QStringLiteral("mp4")); }, Names::stabilized,
+         QStringLiteral("Holiday-*.*"), QStringLiteral("Holiday-(\\d+).*")},
+    };
+    return all;
+}
+
+struct Surroundings {
+    Bench::BoundLibrary library;
+};
+
+using Shared = std::shared_ptr<Surroundings>;
+using SharedFolder = std::shared_ptr<Bench::Folder>;
+
+int composed(QString const& folder, Generator const& generator)
+{
+    QRegExp number(generator.number);
+    int highest = 0;
+    for (QString const& name : QDir(folder).entryList({generator.filter}, QDir::Files, QDir::Name))
+        if (number.indexIn(name) >= 0)
+            highest = std::max(highest, number.cap(1).toInt());
+    return highest + 1;
+}
+
+void requireNumber(QString const& path, int number, std::string const& row)
+{
+    QString const file = path.section(QLatin1Char('/'), -1);
+    QRegExp digits(QStringLiteral("\\d+"));
+    Bench::require(digits.indexIn(file) >= 0 && digits.cap(0).toInt() == number, row + ": got " + file.toStdString());
+}
+
+void addLibrary(Shared const& all, Generator const& generator, std::string const& row, SharedFolder const& folder, int highest)
+{
+    Bench::addRun(row, "library", [=](benchmark::State& state) {
+        all->library.productValues->setString(generator.folderKey, folder->path());
+        state.counters["allocations"] = static_cast<double>(Bench::allocationsOf(generator.next).count);
+        requireNumber(generator.next(), highest + 1, row);
+        Bench::repeat(state, generator.next);
+    });
+}
+
+void addFloor(std::string const& row, SharedFolder const& folder)
+{
+    Bench::add(row, "floor", [folder, size = Bench::bestBufferSize(folder->path())] { Bench::passOver(folder->path(), size); });
+}
+
+void addComposition(Generator const& generator, std::string const& row, SharedFolder const& folder, int highest)
+{
+    QString const path = Bench::qString(folder->path());
+    Bench::require(composed(path, generator) == highest + 1, row + ": the composition gives another number");
+    Bench::add(row, "composition", [=] { return composed(path, generator); });
+}
+
+struct Place {
+    std::string what;
+    std::string path;
+};
+
+std::vector<Place> places()
+{
+    std::vector<Place> result{{"disk", std::filesystem::temp_directory_path().string()}};
+    if (auto const folder = Bench::memoryFolder())
+        result.push_back({"tmpfs", *folder});
+    return result;
+}
+
+void addSize(Shared const& all, Generator const& generator, int count, Place const& place)
+{
+    std::string const row = generator.what + ' ' + std::to_string(count) + ' ' + place.what;
+    auto const folder = std::make_shared<Bench::Folder>(place.path);
+    folder->fill(generator.names(count));
+    addLibrary(all, generator, row, folder, count);
+    addFloor(row, folder);
+    addComposition(generator, row, folder, count);
+}
+
+// One in a hundred counts.
+void addMixed(Shared const& all, Generator const& generator, Place const& place)
+{
+    int const count = Bench::isShort() ? 1000 : 10000;
+    std::string const row = generator.what + " mixed " + place.what;
+    auto const folder = std::make_shared<Bench::Folder>(place.path);
+    folder->fill(Names::numbered("IMG_2041-", count - count / 100, ".jpeg"));
+    folder->fill(generator.names(count / 100));
+    addLibrary(all, generator, row, folder, count / 100);
+    addFloor(row, folder);
+    addComposition(generator, row, folder, count / 100);
+}
+
+Bench::Allocations allocationsIn(Shared const& all, Generator const& generator, Bench::Folder const& folder)
+{
+    all->library.productValues->setString(generator.folderKey, folder.path());
+    generator.next();
+    return Bench::allocationsOf(generator.next);
+}
+
+// What a million entries take beyond none. Too large to be kept beside the others, so the folder lives for one run.
+void addMillion(Shared const& all, Generator const& generator, Place const& place)
+{
+    int const count = 1000000;
+    std::string const row = generator.what + " 1000000 " + place.what;
+    auto const run = [=](benchmark::State& state) {
+        Bench::Folder const empty(place.path);
+        auto const full = std::make_shared<Bench::Folder>(place.path);
+        Bench::Allocations const none = allocationsIn(all, generator, empty);
+        full->fill(generator.names(count));
+        Bench::Allocations const million = allocationsIn(all, generator, *full);
+        state.counters["more allocations"] = static_cast<double>(million.count - none.count);
+        state.counters["more bytes"] = static_cast<double>(million.peak - none.peak);
+        requireNumber(generator.next(), count + 1, row);
+        Bench::repeat(state, generator.next);
+    };
+    Bench::addRun(row, "library", run)->Iterations(1)->Repetitions(1);
+}
+
+int freeByProbing(QString const& folder)
+{
+    QString const name = folder + QStringLiteral("/Holiday.final (%1).png");
+    int number = 1;
+    while (QFile::exists(name.arg(number)))
+        ++number;
+    return number;
+}
+
+void addTaken(Shared const& all, int count)
+{
+    Generator const& generator = generators()[1];
+    std::string const row = Names::takenRow(count);
+    auto const folder = std::make_shared<Bench::Folder>(std::filesystem::temp_directory_path().string());
+    folder->fill(Names::freezeFrames(count));
+    addLibrary(all, generator, row, folder, count);
+    addFloor(row, folder);
+    Bench::require(freeByProbing(Bench::qString(folder->path())) == count + 1, row + ": probing gives another number");
+    Bench::add(row, "probing", [path = Bench::qString(folder->path())] { return freeByProbing(path); });
+}
+
+Bench::Registration const registration([] {
+    auto const all = std::make_shared<Surroundings>();
+    std::vector<int> const counts = Bench::isShort() ? std::vector{0, 1000} : std::vector{0, 1000, 10000, 100000};
+    for (Place const& place : places())
+        for (Generator const& generator : generators()) {
+            for (int const count : counts)
+                addSize(all, generator, count, place);
+            addMixed(all, generator, place);
+            if (!Bench::isShort() && place.what == "tmpfs")
+                addMillion(all, generator, place);
+        }
+    for (int const count : Names::takenCounts(Bench::isShort()))
+        addTaken(all, count);
+});
+
+} // namespace

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+//
+// What the benchmark programs share. A benchmark is called "row/side": the row says what is done, the side by whom:
+// "library", "floor" (the least that the answer takes), or a peer. All sides of a row run in one process, in random
+// alternation.
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <string>
+#include <type_traits>
+#include <utility>
+
+namespace Bench {
+
+/// Has `add` called by main once the arguments are known and Qt's application is there.
+class Registration {
+public:
+    explicit Registration(void (*add)());
+};
+
+/// Whether each benchmark is only to be run once, on little.
+bool isShort();
+
+/// Ends the program with status 1 and a line on standard error unless `holds`.
+void require(bool holds, std::string const& what);
+
+struct Allocations {
+    long long count = 0; ///< Calls of malloc, realloc and their like.
+    long long peak = 0;  ///< The most bytes that were allocated at a time beyond those at the start.
+};
+
+void startCounting();
+Allocations stopCounting();
+
+/// What `work` allocates in this process, in all threads.
+template <typename Work>
+Allocations allocationsOf(Work const& work)
+{
+    startCounting();
+    static_cast<void>(work());
+    return stopCounting();
+}
+
+/// Runs `work` in a child process and counts its calls into the kernel. The second of two runs counts, as the first may
+/// have to fetch what is kept from then on. Negative where this process may not trace others.
+int systemCallsOf(void (*call)(void const*), void const* work);
+
+template <typename Work>
+int systemCallsOf(Work const& work)
+{
+    return systemCallsOf([](void const* erased) { static_cast<void>((*static_cast<Work const*>(erased))()); }, &work);
+}
+
+template <typename Work>
+void repeat(benchmark::State& state, Work const& work)
+{
+    for ([[maybe_unused]] auto const once : state) {
+        if constexpr (std::is_void_v<decltype(work())>)
+            work();
+        else
+            benchmark::DoNotOptimize(work());
+    }
+}
+
+/// Adds the benchmark "row/side", which is told its state.
+template <typename Run>
+benchmark::internal::Benchmark* addRun(std::string const& row, std::string const& side, Run run)
+{
+    return benchmark::RegisterBenchmark((row + '/' + side).c_str(), std::move(run))->UseRealTime();
+}
+
+/// Adds the benchmark "row/side", which does `work` over and over and counts what it allocates.
+template <typename Work>
+benchmark::internal::Benchmark* add(std::string const& row, std::string const& side, Work work)
+{
+    return addRun(row, side, [work = std::move(work)](benchmark::State& state) {
+        state.counters["allocations"] = static_cast<double>(allocationsOf(work).count);
+        repeat(state, work);
+    });
+}
+
+} // namespace Bench

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+//
+// Folders to be listed, and what listing them takes at least.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Bench {
+
+/// A new folder below `parent`, removed with all it holds when the object goes.
+class Folder {
+public:
+    explicit Folder(std::string const& parent);
+    ~Folder();
+    Folder(Folder const&) = delete;
+    Folder& operator=(Folder const&) = delete;
+
+    std::string const& path() const { return m_path; }
+    /// Makes empty files of these names, in an order that has nothing to do with theirs but is the same each time.
+    void fill(std::vector<std::string> names) const;
+
+private:
+    std::string m_path;
+};
+
+/// A folder in memory where files may be made; none where the system has no such place.
+std::optional<std::string> memoryFolder();
+
+/// Asks the kernel for all entries of a folder, `bufferSize` bytes at a time, and looks at none.
+void passOver(std::string const& folder, std::size_t bufferSize);
+
+/// The size of 32, 64 and 256 KiB with which passes over this folder took the least time.
+std::size_t bestBufferSize(std::string const& folder);
+
+/// An entry as the kernel gives it, with the type of <dirent.h>.
+struct Entry {
+    std::string_view name;
+    unsigned char type;
+};
+
+/// Walks over all below the open folder `descriptor`, each folder as soon as it is met, until `visit` answers true. What
+/// the answer is; the path of the entry, relative to the folder, is then in `path`.
+bool walk(int descriptor, std::function<bool(Entry const&)> const& visit, std::string& path);
+
+} // namespace Bench
