@@ -6,15 +6,14 @@
 
 #include <KFileUtils>
 
-#include <filesystem>
 #include <memory>
 
 namespace {
 
-void addTaken(int count)
+void addTaken(int count, Bench::Place const& place)
 {
-    std::string const row = Names::takenRow(count);
-    auto const folder = std::make_shared<Bench::Folder>(std::filesystem::temp_directory_path().string());
+    std::string const row = Names::takenRow(count, place.what);
+    auto const folder = std::make_shared<Bench::Folder>(place.path);
     folder->fill(Names::freezeFrames(count));
     QUrl const url = QUrl::fromLocalFile(QString::fromStdString(folder->path()));
     QString const name = QStringLiteral("Holiday.final.png");
@@ -24,12 +23,13 @@ void addTaken(int count)
     };
     auto* const added = Bench::addRun(row, "KFileUtils", [suggest](benchmark::State& state) { Bench::repeat(state, suggest); });
     if (count > 5000)
-        added->Iterations(1)->Repetitions(1); // takes seconds
+        added->Iterations(1)->Repetitions(1); // takes long enough to be measured in one go
 }
 
 Bench::Registration const registration([] {
-    for (int const count : Names::takenCounts(Bench::isShort()))
-        addTaken(count);
+    for (Bench::Place const& place : Bench::places())
+        for (int const count : Names::takenCounts(Bench::isShort()))
+            addTaken(count, place);
 });
 
 } // namespace

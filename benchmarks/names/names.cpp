@@ -14,7 +14,6 @@
 #include <QRegExp>
 
 #include <algorithm>
-#include <filesystem>
 
 namespace {
 
@@ -84,23 +83,14 @@ void addComposition(Generator const& generator, std::string const& row, SharedFo
 {
     QString const path = Bench::qString(folder->path());
     Bench::require(composed(path, generator) == highest + 1, row + ": the composition gives another number");
-    Bench::add(row, "composition", [=] { return composed(path, generator); });
+    auto* const added = Bench::addRun(row, "composition", [=](benchmark::State& state) {
+        Bench::repeat(state, [&] { return composed(path, generator); });
+    });
+    if (highest > 50000)
+        added->Iterations(1)->Repetitions(1); // takes long enough to be measured in one go
 }
 
-struct Place {
-    std::string what;
-    std::string path;
-};
-
-std::vector<Place> places()
-{
-    std::vector<Place> result{{"disk", std::filesystem::temp_directory_path().string()}};
-    if (auto const folder = Bench::memoryFolder())
-        result.push_back({"tmpfs", *folder});
-    return result;
-}
-
-void addSize(Shared const& all, Generator const& generator, int count, Place const& place)
+void addSize(Shared const& all, Generator const& generator, int count, Bench::Place const& place)
 {
     std::string const row = generator.what + ' ' + std::to_string(count) + ' ' + place.what;
     auto const folder = std::make_shared<Bench::Folder>(place.path);
@@ -111,7 +101,7 @@ void addSize(Shared const& all, Generator const& generator, int count, Place con
 }
 
 // One in a hundred counts.
-void addMixed(Shared const& all, Generator const& generator, Place const& place)
+void addMixed(Shared const& all, Generator const& generator, Bench::Place const& place)
 {
     int const count = Bench::isShort() ? 1000 : 10000;
     std::string const row = generator.what + " mixed " + place.what;
@@ -131,7 +121,7 @@ Bench::Allocations allocationsIn(Shared const& all, Generator const& generator, 
 }
 
 // What a million entries take beyond none. Too large to be kept beside the others, so the folder lives for one run.
-void addMillion(Shared const& all, Generator const& generator, Place const& place)
+void addMillion(Shared const& all, Generator const& generator, Bench::Place const& place)
 {
     int const count = 1000000;
     std::string const row = generator.what + " 1000000 " + place.what;
@@ -158,11 +148,11 @@ int freeByProbing(QString const& folder)
     return number;
 }
 
-void addTaken(Shared const& all, int count)
+void addTaken(Shared const& all, int count, Bench::Place const& place)
 {
     Generator const& generator = generators()[1];
-    std::string const row = Names::takenRow(count);
-    auto const folder = std::make_shared<Bench::Folder>(std::filesystem::temp_directory_path().string());
+    std::string const row = Names::takenRow(count, place.what);
+    auto const folder = std::make_shared<Bench::Folder>(place.path);
     folder->fill(Names::freezeFrames(count));
     addLibrary(all, generator, row, folder, count);
     addFloor(row, folder);
@@ -173,7 +163,7 @@ void addTaken(Shared const& all, int count)
 Bench::Registration const registration([] {
     auto const all = std::make_shared<Surroundings>();
     std::vector<int> const counts = Bench::isShort() ? std::vector{0, 1000} : std::vector{0, 1000, 10000, 100000};
-    for (Place const& place : places())
+    for (Bench::Place const& place : Bench::places()) {
         for (Generator const& generator : generators()) {
             for (int const count : counts)
                 addSize(all, generator, count, place);
@@ -181,8 +171,9 @@ Bench::Registration const registration([] {
             if (!Bench::isShort() && place.what == "tmpfs")
                 addMillion(all, generator, place);
         }
-    for (int const count : Names::takenCounts(Bench::isShort()))
-        addTaken(all, count);
+        for (int const count : Names::takenCounts(Bench::isShort()))
+            addTaken(all, count, place);
+    }
 });
 
 } // namespace

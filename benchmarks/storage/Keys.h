@@ -4,6 +4,8 @@
 #pragma once
 
 #include <array>
+#include <chrono>
+#include <filesystem>
 #include <string>
 
 namespace Keys {
@@ -34,5 +36,11 @@ inline std::string written(int number) { return value + ' ' + std::to_string(num
 
 /// Which of the keys is read or written the n-th time.
 inline char const* key(int number) { return all[static_cast<std::size_t>(number) % all.size()]; }
+
+/// Gives a file another time than it ever had, as if it had been written anew.
+inline void makeYounger(std::string const& file, int number)
+{
+    std::filesystem::last_write_time(file, std::filesystem::file_time_type::clock::now() + std::chrono::seconds(number));
+}
 
 } // namespace Keys

@@ -7,7 +7,6 @@
 
 #include <support/Bench.h>
 
-#include <Storage/FileSystem.h>
 #include <Storage/SqliteStorage.h>
 
 #include <sqlite3.h>
@@ -53,8 +52,6 @@ private:
     sqlite3_stmt* m_set = nullptr;
 };
 
-QString const ini = QStringLiteral("settings.ini");
-
 struct Files {
     QTemporaryDir folder;
     std::string const store = folder.filePath(QStringLiteral("store.sqlite")).toStdString();
@@ -64,10 +61,13 @@ struct Files {
     {
         fillStore();
         std::filesystem::copy_file(store, copy);
-        QSettings settings(folder.filePath(ini), QSettings::IniFormat);
+        QSettings settings(qtIni(), QSettings::IniFormat);
         for (char const* const key : Keys::all)
             settings.setValue(QString::fromLatin1(key), QString::fromStdString(Keys::value));
     }
+
+    QString qtIni() const { return folder.filePath(QStringLiteral("settings.ini")); }
+    std::string ini() const { return qtIni().toStdString(); }
 
 private:
     void fillStore() const
@@ -84,7 +84,7 @@ struct Surroundings {
     Files files;
     Storage::SqliteStorage store{files.store};
     PlainSqlite sqlite{files.copy};
-    QSettings settings{files.folder.filePath(ini), QSettings::IniFormat};
+    QSettings settings{files.qtIni(), QSettings::IniFormat};
     int count = 0;
 };
 
@@ -93,11 +93,17 @@ using Shared = std::shared_ptr<Surroundings>;
 void addReads(Shared const& all)
 {
     std::string const row = "read that sees other processes";
-    Bench::add(row, "library", [all] { return all->store.getString(Keys::key(all->count++), {}); });
-    Bench::add(row, "QSettings", [all] {
+    auto const library = [all] { return all->store.getString(Keys::key(all->count++), {}); };
+    auto const qsettings = [all] {
         all->settings.sync();
         return all->settings.value(QString::fromLatin1(Keys::key(all->count++))).toString();
-    });
+    };
+    Bench::add(row, "library", library);
+    Bench::add(row, "QSettings", qsettings);
+    auto const other = std::make_shared<Storage::SqliteStorage>(all->files.store);
+    std::string const afterWrite = "read after another process wrote";
+    Bench::addAfter(afterWrite, "library", [all, other] { other->setString("exportPath", Keys::written(all->count++)); }, library);
+    Bench::addAfter(afterWrite, "QSettings", [all] { Keys::makeYounger(all->files.ini(), all->count++); }, qsettings);
 }
 
 void addWrites(Shared const& all)
@@ -121,15 +127,16 @@ void addWrites(Shared const& all)
 void addOpenings(Shared const& all)
 {
     std::string const row = "open and sixty reads";
-    // Files of their own, which no other row has open: QSettings would take the values from the object that is there.
+    // Files of their own, which no other row has open, and younger each time: QSettings would otherwise take the values
+    // from an object that is there, or was.
     auto const own = std::make_shared<Files>();
-    Bench::add(row, "library", [own, all] {
+    Bench::addAfter(row, "library", [own, all] { Keys::makeYounger(own->store, all->count++); }, [own] {
         Storage::SqliteStorage const store(own->store);
         for (char const* const key : Keys::all)
             benchmark::DoNotOptimize(store.getString(key, {}));
     });
-    Bench::add(row, "QSettings", [own, all] {
-        QSettings const settings(own->folder.filePath(ini), QSettings::IniFormat);
+    Bench::addAfter(row, "QSettings", [own, all] { Keys::makeYounger(own->ini(), all->count++); }, [own] {
+        QSettings const settings(own->qtIni(), QSettings::IniFormat);
         for (char const* const key : Keys::all)
             benchmark::DoNotOptimize(settings.value(QString::fromLatin1(key)).toString());
     });
@@ -138,7 +145,6 @@ void addOpenings(Shared const& all)
 Bench::Registration const registration([] {
     auto const all = std::make_shared<Surroundings>();
     Bench::require(all->store.getString("exportPath", {}) == Keys::value, "the store lost a value");
-    benchmark::AddCustomContext("disk", Storage::fileSystemOf(all->files.store).type);
     addReads(all);
     addWrites(all);
     addOpenings(all);

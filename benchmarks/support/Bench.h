@@ -7,6 +7,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <chrono>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -78,6 +79,24 @@ benchmark::internal::Benchmark* add(std::string const& row, std::string const& s
         state.counters["allocations"] = static_cast<double>(allocationsOf(work).count);
         repeat(state, work);
     });
+}
+
+/// As `add`, but each `work` comes after `preparation`, which does not count.
+template <typename Preparation, typename Work>
+benchmark::internal::Benchmark* addAfter(std::string const& row, std::string const& side, Preparation preparation, Work work)
+{
+    using Clock = std::chrono::steady_clock;
+    auto const run = [preparation, work](benchmark::State& state) {
+        preparation();
+        state.counters["allocations"] = static_cast<double>(allocationsOf(work).count);
+        for ([[maybe_unused]] auto const once : state) {
+            preparation();
+            Clock::time_point const start = Clock::now();
+            static_cast<void>(work());
+            state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
+        }
+    };
+    return benchmark::RegisterBenchmark((row + '/' + side).c_str(), run)->UseManualTime();
 }
 
 } // namespace Bench

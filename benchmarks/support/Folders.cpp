@@ -43,12 +43,14 @@ void Folder::fill(std::vector<std::string> names) const
     ::close(folder);
 }
 
-std::optional<std::string> memoryFolder()
+std::vector<Place> places()
 {
-    std::string const folder = "/dev/shm";
+    std::vector<Place> result{{"disk", std::filesystem::temp_directory_path().string()}};
+    Place const memory{"tmpfs", "/dev/shm"};
     struct statfs status;
-    bool const isInMemory = ::statfs(folder.c_str(), &status) == 0 && status.f_type == TMPFS_MAGIC;
-    return isInMemory && ::access(folder.c_str(), W_OK) == 0 ? std::optional(folder) : std::nullopt;
+    if (::statfs(memory.path.c_str(), &status) == 0 && status.f_type == TMPFS_MAGIC && ::access(memory.path.c_str(), W_OK) == 0)
+        result.push_back(memory);
+    return result;
 }
 
 void passOver(std::string const& folder, std::size_t bufferSize)

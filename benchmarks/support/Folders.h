@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,8 +27,13 @@ private:
     std::string m_path;
 };
 
-/// A folder in memory where files may be made; none where the system has no such place.
-std::optional<std::string> memoryFolder();
+/// Where files may be made: "disk", which is the folder for temporary files, and "tmpfs" where the system has one.
+struct Place {
+    std::string what;
+    std::string path;
+};
+
+std::vector<Place> places();
 
 /// Asks the kernel for all entries of a folder, `bufferSize` bytes at a time, and looks at none.
 void passOver(std::string const& folder, std::size_t bufferSize);

@@ -1,0 +1,322 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""What the benchmarks say: the goals, the document, the data of the plots, and whether a program measures what goals name.
+
+report.py smoke PROGRAM [--without PEER]   runs its shortest form; every benchmark that a goal names must be there
+report.py check RESULTS                    names the goals that are missed and exits with 1 where there are any
+report.py document RESULTS FACTS           prints the document and writes RESULTS/*.dat for the plots
+
+RESULTS holds PROGRAM.ROUND.json, as Google Benchmark writes them. A figure is the median of the rounds; what is compared
+is compared within each round first. In goals.tsv {a,b} stands for each in turn, * for the row on the left, "A over B" for
+a quotient, "#counter" for a count in place of the time.
+"""
+import collections
+import itertools
+import json
+import pathlib
+import re
+import statistics
+import subprocess
+import sys
+
+here = pathlib.Path(__file__).parent
+nanoseconds = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
+
+Goal = collections.namedtuple("Goal", "number words program measured against bound")
+Outcome = collections.namedtuple("Outcome", "goal row figure shown met")
+
+
+def goals():
+    lines = (here / "goals.tsv").read_text().splitlines()[1:]
+    return [Goal(*line.split("\t")) for line in lines]
+
+
+def expanded(text):
+    """The texts that "{a,b} c" stands for. The same braces a second time stand for the same choice."""
+    choices = list(dict.fromkeys(re.findall(r"\{(.*?)\}", text)))
+    for picked in itertools.product(*(choice.split(",") for choice in choices)):
+        result = text
+        for choice, value in zip(choices, picked):
+            result = result.replace("{" + choice + "}", value)
+        yield result
+
+
+def pairs(goal):
+    """Measured and against of each row of a goal; against is empty where the figure is absolute."""
+    for measured, against in zip(expanded(goal.measured), itertools.cycle(list(expanded(goal.against)))):
+        yield measured, "" if against == "-" else against.replace("*", measured.split("/")[0])
+
+
+def benchmarks_in(expression):
+    return [part.split("#")[0] for part in expression.split(" over ") if part]
+
+
+def read_round(file):
+    """Of one run of a program: name, or name#counter, to the median of its repetitions."""
+    values = collections.defaultdict(list)
+    known = "name run_name run_type repetitions repetition_index threads iterations real_time cpu_time time_unit family_index per_family_instance_index"
+    for run in json.loads(file.read_text())["benchmarks"]:
+        if run["run_type"] != "iteration":
+            continue
+        name = "/".join(run["name"].split("/")[:2])
+        values[name].append(run["real_time"] * nanoseconds[run["time_unit"]])
+        for counter in run.keys() - set(known.split()):
+            values[f"{name}#{counter}"].append(run[counter])
+    return {name: statistics.median(found) for name, found in values.items()}
+
+
+def read_results(folder):
+    results = collections.defaultdict(list)
+    for file in sorted(pathlib.Path(folder).glob("*.json")):
+        results[file.name.split(".")[0]].append(read_round(file))
+    return results
+
+
+def value(measurements, expression):
+    parts = [measurements[part] for part in expression.split(" over ")]
+    return parts[0] if len(parts) == 1 else parts[0] / parts[1]
+
+
+def median(rounds, compute):
+    """The median over the rounds that have what is computed; none where no round has."""
+    found = []
+    for measurements in rounds:
+        try:
+            found.append(compute(measurements))
+        except (KeyError, ZeroDivisionError):
+            pass
+    return statistics.median(found) if found else None
+
+
+def figure_of(goal, rounds, measured, against):
+    if not against:
+        return median(rounds, lambda of: value(of, measured))
+    if "+" in goal.bound:
+        return median(rounds, lambda of: value(of, measured) - value(of, against))
+    if goal.bound.endswith("faster"):
+        return median(rounds, lambda of: value(of, against) / value(of, measured))
+    return median(rounds, lambda of: value(of, measured) / value(of, against))
+
+
+def outcome(goal, results):
+    """The row of a goal that comes out worst."""
+    sign, limit = re.match(r"(<=|>=) \+?([0-9.]+)", goal.bound).groups()
+    outcomes = []
+    for measured, against in pairs(goal):
+        figure = figure_of(goal, results[goal.program], measured, against)
+        row = measured.split("/")[0]
+        if figure is None:
+            return Outcome(goal, row, None, "not measured", False)
+        met = figure <= float(limit) if sign == "<=" else figure >= float(limit)
+        outcomes.append(Outcome(goal, row, figure, shown_figure(goal.bound, figure, float(limit)), met))
+    return max(outcomes, key=lambda one: one.figure if sign == "<=" else -one.figure)
+
+
+def shown_figure(bound, figure, limit):
+    if " x" not in bound:
+        return f"{figure:+,.0f}" if "+" in bound else f"{figure:,.0f}"
+    digits = 0 if figure >= 20 else 1 if limit >= 3 else 2
+    # Rounded, a figure must not seem to meet a bound that it misses.
+    while round(figure, digits) == limit and figure != limit and digits < 4:
+        digits += 1
+    return bound.split(" ", 2)[2].replace("x", f"{figure:.{digits}f} x", 1)
+
+
+def outcomes(results):
+    return [outcome(goal, results) for goal in goals()]
+
+
+def check(results):
+    missed = [one for one in outcomes(results) if not one.met]
+    for one in missed:
+        print(f"scripts/bench: goal {one.goal.number} is missed: {one.goal.words.lstrip('… ')}: "
+              f"{one.row}: {one.shown}, where {one.goal.bound} is wanted", file=sys.stderr)
+    if not missed:
+        print("every goal is met")
+    return 1 if missed else 0
+
+
+# --- The document ------------------------------------------------------------------------------------------------------
+
+programs = {
+    "typed-access": ("Typed access", """On a store in memory that does next to nothing, so that what the library adds shows. The
+floor locks the weak reference, makes the store's call, and converts what the store does not hold with as few allocations
+as there can be. Reading a list from QSettings copies a reference to a list that it keeps split, and so is faster."""),
+    "locations": ("Locations", """The folders below the user's movies and music, and the preferences that fall back on them.
+The composition is the same text put together from what QStandardPaths says; the floor is one stat of user-dirs.dirs."""),
+    "names": ("Names", """Numbers are entries of the folder; all count but in "mixed", where one in a hundred of 10,000 does.
+The floor is a pass of getdents64 over the folder, with the buffer that is fastest there; the composition is a sorted,
+filtered QDir list and a regular expression. "Taken" are freeze frames of one source, and the peers look for a free
+number."""),
+    "sample-search": ("Sample search", """A hundred folders of a hundred files, on the disk. The floor is a walk with openat and
+getdents64 that ends at the same file."""),
+    "storage": ("Storage", """On the disk, sixty settings in the file. The floor of a write is SQLite itself, one prepared statement
+for each transaction, in the same journal mode and with the same waiting for the disk. Every peer syncs after a write, and
+before a read."""),
+    "load": ("Load", """The floor is an empty library that asks for the same libraries."""),
+}
+
+
+def shown_time(time):
+    for unit, factor in (("s", 1e9), ("ms", 1e6), ("us", 1e3)):
+        if time >= factor:
+            return f"{significant(time / factor)} {unit}"
+    return f"{significant(time)} ns"
+
+
+def significant(number):
+    return f"{number:.2f}" if number < 10 else f"{number:.1f}" if number < 100 else f"{number:,.0f}"
+
+
+def rows_and_sides(rounds):
+    """Both in the order in which they are to be shown: rows as they are told, the library first."""
+    names = [name.split("/") for measurements in rounds for name in measurements if "#" not in name]
+    order = ["library", "floor", "composition", "QSettings", "KConfig", "KFileUtils", "probing", "QDirIterator"]
+    numbers_last = lambda row: [(part.isdigit(), int(part) if part.isdigit() else 0, part) for part in re.split(r"[ ,]+", row)]
+    rows = sorted({row for row, side in names}, key=lambda row: (row_rank(row), numbers_last(row)))
+    return rows, sorted({side for row, side in names}, key=order.index)
+
+
+def row_rank(row):
+    return ("taken" in row, row.startswith("write"))
+
+
+def cell(rounds, row, side):
+    time = median(rounds, lambda of: of[f"{row}/{side}"])
+    ratio = median(rounds, lambda of: of[f"{row}/{side}"] / of[f"{row}/library"])
+    if time is None:
+        return ""
+    return shown_time(time) if side == "library" or ratio is None else f"{shown_time(time)} ({significant(ratio)})"
+
+
+def table(header, lines):
+    yield "| " + " | ".join(header) + " |"
+    yield "|---" + "|---:" * (len(header) - 1) + "|"
+    for line in lines:
+        yield "| " + " | ".join(line) + " |"
+
+
+def times(rounds):
+    rows, sides = rows_and_sides(rounds)
+    return table([""] + sides, ([row] + [cell(rounds, row, side) for side in sides] for row in rows))
+
+
+def counts(rounds, counter):
+    rows, sides = rows_and_sides(rounds)
+    found = lambda row, side: median(rounds, lambda of: of[f"{row}/{side}#{counter}"])
+    shown = lambda count: "" if count is None else f"{count:,.0f}"
+    sides = [side for side in sides if any(found(row, side) is not None for row in rows)]
+    rows = [row for row in rows if any(found(row, side) is not None for side in sides)]
+    return table([""] + sides, ([row] + [shown(found(row, side)) for side in sides] for row in rows))
+
+
+counted = {
+    "typed-access": {"allocations": "Allocations of each, without those that the store itself makes. The floor's are what the conversion forces."},
+    "locations": {"allocations": "Allocations:", "system calls": "System calls:"},
+    "names": {"more bytes": "Bytes allocated at a time for a million entries, beyond those for none:",
+              "more allocations": "Allocations for a million entries, beyond those for none:"},
+}
+
+plots = {"typed-access": "typed-access", "names": "folder-size freeze-frames", "storage": "storage"}
+
+
+def section(program, rounds):
+    title, words = programs[program]
+    yield f"\n## {title}\n\n{words}\n"
+    for plot in plots.get(program, "").split():
+        yield f"![{title}: {plot.replace('-', ' ')}](performance/{plot}.svg)\n"
+    yield from times(rounds)
+    for counter, heading in counted.get(program, {}).items():
+        yield f"\n{heading}\n"
+        yield from counts(rounds, counter)
+
+
+def goal_table(results):
+    yield from table(["goal", "bound", "measured", "in the row", "met"],
+                     ([one.goal.words, one.goal.bound.replace("<= ", "at most ").replace(">= ", "at least ").replace("+0", "none more"),
+                       one.shown, one.row, "yes" if one.met else "**no**"] for one in outcomes(results)))
+
+
+def document(results, facts):
+    rounds = ", ".join(f"{program} {len(results[program])}" for program in programs)
+    yield f"""# How fast it is
+
+Made by `scripts/bench`; do not edit. To repeat it, run that on a machine that does nothing else; it takes some minutes.
+`scripts/bench --check` measures the same, writes nothing, and exits with 1 where a goal is missed.
+
+{facts}
+
+Every program measures what it compares in one process, in random alternation, five times and more, and is run again and
+again (rounds: {rounds}). Times are medians. In parentheses stands how many times as long as the library's a time is,
+which is the median of the rounds' ratios; what is goal or table, only ratios mean something on another machine.
+
+## Goals
+
+Of each goal the row that came out worst. "x faster" is the other's time by the library's, "x" alone the library's by the
+other's.
+"""
+    yield from goal_table(results)
+    for program in programs:
+        yield from section(program, results[program])
+
+
+def plot_data(results, folder):
+    def write(name, header, lines):
+        text = "\n".join(["\t".join(header)] + ["\t".join(line) for line in lines])
+        (folder / f"{name}.dat").write_text(text + "\n")
+
+    def time(program, row, side):
+        found = median(results[program], lambda of: of[f"{row}/{side}"])
+        return "?" if found is None else f"{found:.1f}"
+
+    def compare(name, rows, sides):
+        write(name, ["row"] + sides, ([f'"{row}"'] + [time(name, row, side) for side in sides] for row in rows))
+
+    compare("typed-access", rows_and_sides(results["typed-access"])[0], ["library", "floor", "QSettings", "KConfig"])
+    compare("storage", rows_and_sides(results["storage"])[0], ["library", "floor", "QSettings", "KConfig"])
+    generators = ["recording", "freeze frame", "stabilized clip"]
+    for place in ("disk", "tmpfs"):
+        write(f"folder-size-{place}", ["entries"] + generators + ["composition", "floor"],
+              ([size] + [time("names", f"{generator} {size} {place}", "library") for generator in generators] +
+               [time("names", f"recording {size} {place}", side) for side in ("composition", "floor")]
+               for size in ("1000", "10000", "100000", "1000000")))
+        write(f"freeze-frames-{place}", ["taken", "library", "floor", "KFileUtils", "probing"],
+              ([size] + [time("names", f"freeze frame, {size} taken, {place}", side) for side in ("library", "floor", "KFileUtils", "probing")]
+               for size in ("500", "5000", "50000")))
+
+
+# --- A program by itself -----------------------------------------------------------------------------------------------
+
+def is_long(name):
+    """Whether it is left out of the shortest form."""
+    return re.search(r"\b(5000|10000|50000|100000|1000000)\b", name)
+
+
+def smoke(program, without):
+    run = subprocess.run([program, "--short", "--benchmark_format=json"], stdout=subprocess.PIPE, check=False)
+    if run.returncode:
+        print(f"{program} ended with status {run.returncode}", file=sys.stderr)
+        return 1
+    found = {"/".join(one["name"].split("/")[:2]) for one in json.loads(run.stdout)["benchmarks"] if one["iterations"] > 0}
+    wanted = {name for goal in goals() if goal.program == pathlib.Path(program).name
+              for pair in pairs(goal) for expression in pair for name in benchmarks_in(expression)}
+    wanted = {name for name in wanted if not is_long(name) and name.split("/")[1] not in without}
+    for name in sorted(wanted - found):
+        print(f"{program} does not measure {name}", file=sys.stderr)
+    return 0 if found and wanted <= found else 1
+
+
+def main(command, path, *more):
+    if command == "smoke":
+        return smoke(path, more[1:])
+    results = read_results(path)
+    if command == "check":
+        return check(results)
+    facts = pathlib.Path(more[0]).read_text().strip()
+    plot_data(results, pathlib.Path(path))
+    print("\n".join(document(results, facts)))
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(*sys.argv[1:]))
