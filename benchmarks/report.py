@@ -18,6 +18,7 @@ import re
 import statistics
 import subprocess
 import sys
+import textwrap
 
 here = pathlib.Path(__file__).parent
 nanoseconds = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
@@ -158,7 +159,7 @@ before a read."""),
 
 
 def shown_time(time):
-    for unit, factor in (("s", 1e9), ("ms", 1e6), ("us", 1e3)):
+    for unit, factor in (("s", 1e9), ("ms", 1e6), ("µs", 1e3)):
         if time >= factor:
             return f"{significant(time / factor)} {unit}"
     return f"{significant(time)} ns"
@@ -168,17 +169,21 @@ def significant(number):
     return f"{number:.2f}" if number < 10 else f"{number:.1f}" if number < 100 else f"{number:,.0f}"
 
 
+sides_in_order = ["library", "floor", "composition", "QSettings", "KConfig", "KFileUtils", "probing", "QDirIterator"]
+types_in_order = ["bool", "int", "std::string", "QString", "absent QString", "QByteArray", "QStringList", "rational"]
+
+
+def rank(row):
+    """Where a row is to be shown: reads before writes, types as in the library's header, numbers by size."""
+    verb, _, kind = row.partition(" ")
+    parts = [(part.isdigit(), int(part) if part.isdigit() else 0, part) for part in re.split(r"[ ,]+", row)]
+    return "taken" in row, kind in types_in_order and (verb, types_in_order.index(kind)), parts
+
+
 def rows_and_sides(rounds):
-    """Both in the order in which they are to be shown: rows as they are told, the library first."""
+    """Both in the order in which they are to be shown."""
     names = [name.split("/") for measurements in rounds for name in measurements if "#" not in name]
-    order = ["library", "floor", "composition", "QSettings", "KConfig", "KFileUtils", "probing", "QDirIterator"]
-    numbers_last = lambda row: [(part.isdigit(), int(part) if part.isdigit() else 0, part) for part in re.split(r"[ ,]+", row)]
-    rows = sorted({row for row, side in names}, key=lambda row: (row_rank(row), numbers_last(row)))
-    return rows, sorted({side for row, side in names}, key=order.index)
-
-
-def row_rank(row):
-    return ("taken" in row, row.startswith("write"))
+    return sorted({row for row, side in names}, key=rank), sorted({side for row, side in names}, key=sides_in_order.index)
 
 
 def cell(rounds, row, side):
@@ -232,7 +237,7 @@ def section(program, rounds):
 
 
 def goal_table(results):
-    yield from table(["goal", "bound", "measured", "in the row", "met"],
+    yield from table(["goal", "bound", "worst", "in the row", "met"],
                      ([one.goal.words, one.goal.bound.replace("<= ", "at most ").replace(">= ", "at least ").replace("+0", "none more"),
                        one.shown, one.row, "yes" if one.met else "**no**"] for one in outcomes(results)))
 
@@ -246,23 +251,30 @@ Made by `scripts/bench`; do not edit. To repeat it, run that on a machine that d
 
 {facts}
 
-Every program measures what it compares in one process, in random alternation, five times and more, and is run again and
-again (rounds: {rounds}). Times are medians. In parentheses stands how many times as long as the library's a time is,
-which is the median of the rounds' ratios; what is goal or table, only ratios mean something on another machine.
+Each program measures what it compares in one process, in random alternation, each five times for at least ten
+milliseconds, but for what takes long by itself. Each is started again in several rounds
+({rounds}).
+Times are medians. In parentheses stands how many times the library's a time is: the median of what the rounds gave. On
+another machine only such ratios can be expected to be alike.
 
 ## Goals
 
-Of each goal the row that came out worst. "x faster" is the other's time by the library's, "x" alone the library's by the
-other's.
+Of each goal the row that came out worst. "x" is the library's time by the other's, "x faster" the other's by the
+library's.
 """
     yield from goal_table(results)
     for program in programs:
         yield from section(program, results[program])
 
 
+def label(row):
+    """Below a bar: a word in each line, or two where there are many."""
+    return "\\n".join(textwrap.wrap(row, 15 if row.count(" ") > 2 else 1, break_long_words=False))
+
+
 def plot_data(results, folder):
     def write(name, header, lines):
-        text = "\n".join(["\t".join(header)] + ["\t".join(line) for line in lines])
+        text = "\n".join(["# " + "\t".join(header)] + ["\t".join(line) for line in lines])
         (folder / f"{name}.dat").write_text(text + "\n")
 
     def time(program, row, side):
@@ -270,10 +282,10 @@ def plot_data(results, folder):
         return "?" if found is None else f"{found:.1f}"
 
     def compare(name, rows, sides):
-        write(name, ["row"] + sides, ([f'"{row}"'] + [time(name, row, side) for side in sides] for row in rows))
+        write(name, ["row"] + sides, ([f'"{label(row)}"'] + [time(name, row, side) for side in sides] for row in rows))
 
-    compare("typed-access", rows_and_sides(results["typed-access"])[0], ["library", "floor", "QSettings", "KConfig"])
-    compare("storage", rows_and_sides(results["storage"])[0], ["library", "floor", "QSettings", "KConfig"])
+    for program in ("typed-access", "storage"):
+        compare(program, rows_and_sides(results[program])[0], ["library", "floor", "QSettings", "KConfig"])
     generators = ["recording", "freeze frame", "stabilized clip"]
     for place in ("disk", "tmpfs"):
         write(f"folder-size-{place}", ["entries"] + generators + ["composition", "floor"],
