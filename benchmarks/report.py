@@ -151,9 +151,10 @@ filtered QDir list and a regular expression. "Taken" are freeze frames of one so
 number."""),
     "sample-search": ("Sample search", """A hundred folders of a hundred files, on the disk. The floor is a walk with openat and
 getdents64 that ends at the same file."""),
-    "storage": ("Storage", """On the disk, sixty settings in the file. The floor of a write is SQLite itself, one prepared statement
-for each transaction, in the same journal mode and with the same waiting for the disk. Every peer syncs after a write, and
-before a read."""),
+    "storage": ("Storage", """On the disk, sixty settings in the file. The floor is SQLite itself, called plainly, in the same journal
+mode and with the same waiting for the disk; it does not look whether the file is sound when it opens it. QSettings and
+KConfig sync after a write, and before a read. QSettings has a file of its own, or is asked for by name, as programs mostly
+do: it then also asks for the file of the organisation and for those of the system."""),
     "load": ("Load", """The floor is an empty library that asks for the same libraries."""),
 }
 
@@ -169,7 +170,7 @@ def significant(number):
     return f"{number:.2f}" if number < 10 else f"{number:.1f}" if number < 100 else f"{number:,.0f}"
 
 
-sides_in_order = ["library", "floor", "composition", "QSettings", "KConfig", "KFileUtils", "probing", "QDirIterator"]
+sides_in_order = ["library", "floor", "composition", "QSettings", "QSettings by name", "KConfig", "KFileUtils", "probing", "QDirIterator"]
 types_in_order = ["bool", "int", "std::string", "QString", "absent QString", "QByteArray", "QStringList", "rational"]
 
 

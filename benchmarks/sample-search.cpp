@@ -53,7 +53,7 @@ struct Tree {
         for (int number = 1; number <= 100; ++number) {
             fs::path const sample = fs::path(folder) / ("Sample " + std::to_string(number));
             fs::create_directories(sample);
-            for (int file = 1; file <= 100; ++file)
+            for (int file = 1; file <= (Bench::isShort() ? 5 : 100); ++file)
                 ::close(::open((sample / ("clip " + std::to_string(file) + ".mp4")).c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600));
         }
     }
@@ -61,7 +61,10 @@ struct Tree {
     // Its folders in the order of the walk.
     std::vector<fs::path> folders() const { return {fs::directory_iterator(folder), fs::directory_iterator()}; }
 
-    void putSample(fs::path const& where) const { ::close(::open((where / "Lisbon.lumora").c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600)); }
+    void putSample(fs::path const& where) const
+    {
+        ::close(::open((where / "Lisbon.lumora").c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600));
+    }
 };
 
 struct Surroundings {
@@ -76,8 +79,8 @@ void addRow(Shared const& all, std::string const& row, std::shared_ptr<Tree> con
 {
     QString const folder = Bench::qString(tree->folder);
     auto const bound = [all, tree] {
-        return TestKit::ScopedBinding({all->library.product, all->library.commonValues, all->library.productValues,
-                                       Lumora::ioPath(tree->root.path())});
+        return TestKit::ScopedBinding(
+            {all->library.product, all->library.commonValues, all->library.productValues, Lumora::ioPath(tree->root.path())});
     };
     {
         auto const binding = bound();

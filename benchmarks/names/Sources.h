@@ -22,9 +22,6 @@ inline std::vector<std::string> stabilized(int count) { return numbered("Holiday
 /// How many freeze frames of one source lie in a folder where a free name is looked for.
 inline std::vector<int> takenCounts(bool isShort) { return isShort ? std::vector{500} : std::vector{500, 5000, 50000}; }
 
-inline std::string takenRow(int count, std::string const& place)
-{
-    return "freeze frame, " + std::to_string(count) + " taken, " + place;
-}
+inline std::string takenRow(int count, std::string const& place) { return "freeze frame, " + std::to_string(count) + " taken, " + place; }
 
 } // namespace Names

@@ -34,8 +34,8 @@ std::vector<Generator> const& generators()
         {"freeze frame", "exportPath", [] { return Settings::generateFreezedFilePath(QStringLiteral("/films/Holiday.final.mov")); },
          Names::freezeFrames, QStringLiteral("*.png"), QStringLiteral("Holiday\\.final \\((\\d+)\\)\\.png")},
         {"stabilized clip", "stabilizedFilePath",
-         [] { return Settings::generateStabilizedFilePath(QStringLiteral("/films/Holiday.mov"), QStringLiteral("mp4")); }, Names::stabilized,
-         QStringLiteral("Holiday-*.*"), QStringLiteral("Holiday-(\\d+).*")},
+         [] { return Settings::generateStabilizedFilePath(QStringLiteral("/films/Holiday.mov"), QStringLiteral("mp4")); },
+         Names::stabilized, QStringLiteral("Holiday-*.*"), QStringLiteral("Holiday-(\\d+).*")},
     };
     return all;
 }
@@ -83,9 +83,8 @@ void addComposition(Generator const& generator, std::string const& row, SharedFo
 {
     QString const path = Bench::qString(folder->path());
     Bench::require(composed(path, generator) == highest + 1, row + ": the composition gives another number");
-    auto* const added = Bench::addRun(row, "composition", [=](benchmark::State& state) {
-        Bench::repeat(state, [&] { return composed(path, generator); });
-    });
+    auto* const added = Bench::addRun(row, "composition",
+                                      [=](benchmark::State& state) { Bench::repeat(state, [&] { return composed(path, generator); }); });
     if (highest > 50000)
         added->Iterations(1)->Repetitions(1); // takes long enough to be measured in one go
 }

@@ -11,21 +11,21 @@
 namespace Keys {
 
 inline std::array<char const*, 60> const all{
-    "exportPath",           "projectPath",            "lastAddMediaPath",        "lastAddVideoPath",
-    "lastAddImagePath",     "lastAddAudioPath",       "lastAddDirectoryPath",    "lastAddImageDirectoryPath",
-    "lastTarget",           "openOutputAfterExport",  "openLinkAfterUpload",     "lastUsedPresetGroup",
-    "lastUsedPresetId",     "dontShowStartDialog",    "keepVideoAspect",         "recentProjects",
-    "audioRecordPath",      "audioRecordFormat",      "audioRecordCodec",        "downloadableResourcesPath",
-    "stabilizedFilePath",   "freezedFileFormat",      "notificationsEnabled",    "useGuideLines",
-    "fastTrackEnabled",     "useFilmstripPreview",    "fastTrackContentPath",    "waveformCachePath",
-    "quizExportUserId",     "bundleShadowCachePath",  "downloaderCachePath",     "packInAppCachePath",
-    "snapshotPath",         "npsStartExportCount",    "npsSendCount",            "npsCommentToSend",
-    "npsEmailToSend",       "achievedTutorials",      "userCustomColors",        "targetHistory",
-    "favorites_effects",    "favorites_transitions",  "favorites_titles",        "favorites_callouts",
-    "favorites_stickers",   "favorites_filters",      "favorites_music",         "favorites_backgrounds",
-    "timelineZoom",         "timelineFollowsCursor",  "timelineSnapsToMarkers",  "playerVolume",
-    "playerLoops",          "captureDevice",          "captureFrameRate",        "captureCountsDown",
-    "exportQuality",        "exportFrameRate",        "exportIsHardwareAided",   "newsCenterContentPath",
+    "exportPath",         "projectPath",           "lastAddMediaPath",       "lastAddVideoPath",
+    "lastAddImagePath",   "lastAddAudioPath",      "lastAddDirectoryPath",   "lastAddImageDirectoryPath",
+    "lastTarget",         "openOutputAfterExport", "openLinkAfterUpload",    "lastUsedPresetGroup",
+    "lastUsedPresetId",   "dontShowStartDialog",   "keepVideoAspect",        "recentProjects",
+    "audioRecordPath",    "audioRecordFormat",     "audioRecordCodec",       "downloadableResourcesPath",
+    "stabilizedFilePath", "freezedFileFormat",     "notificationsEnabled",   "useGuideLines",
+    "fastTrackEnabled",   "useFilmstripPreview",   "fastTrackContentPath",   "waveformCachePath",
+    "quizExportUserId",   "bundleShadowCachePath", "downloaderCachePath",    "packInAppCachePath",
+    "snapshotPath",       "npsStartExportCount",   "npsSendCount",           "npsCommentToSend",
+    "npsEmailToSend",     "achievedTutorials",     "userCustomColors",       "targetHistory",
+    "favorites_effects",  "favorites_transitions", "favorites_titles",       "favorites_callouts",
+    "favorites_stickers", "favorites_filters",     "favorites_music",        "favorites_backgrounds",
+    "timelineZoom",       "timelineFollowsCursor", "timelineSnapsToMarkers", "playerVolume",
+    "playerLoops",        "captureDevice",         "captureFrameRate",       "captureCountsDown",
+    "exportQuality",      "exportFrameRate",       "exportIsHardwareAided",  "newsCenterContentPath",
 };
 
 /// The value of each: as long as a path.
@@ -36,6 +36,11 @@ inline std::string written(int number) { return value + ' ' + std::to_string(num
 
 /// Which of the keys is read or written the n-th time.
 inline char const* key(int number) { return all[static_cast<std::size_t>(number) % all.size()]; }
+
+inline char const* const durableWrite = "durable write";
+
+/// A disk takes now less and now more time for the same, so writes alternate more often.
+inline int writeRepetitions(bool isShort) { return isShort ? 1 : 25; }
 
 /// Gives a file another time than it ever had, as if it had been written anew.
 inline void makeYounger(std::string const& file, int number)

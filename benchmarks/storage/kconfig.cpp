@@ -39,11 +39,12 @@ void addReadsAndWrites(Shared const& peer)
             peer->config.reparseConfiguration();
             return peer->group.readEntry(Keys::key(peer->count++), QString());
         });
-    Bench::add("durable write", "KConfig", [peer] {
+    auto const write = [peer] {
         int const number = peer->count++;
         peer->group.writeEntry(Keys::key(number), QString::fromStdString(Keys::written(number)));
         peer->config.sync();
-    });
+    };
+    Bench::add(Keys::durableWrite, "KConfig", write)->Repetitions(Keys::writeRepetitions(Bench::isShort()));
 }
 
 void addOpening(Shared const& peer)

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// The durable store. The floor of a write is SQLite itself, called plainly: one prepared statement, on a copy of the same
-// file, in the same journal mode and with the same waiting for the disk. QSettings sees what other processes wrote, and
-// writes what they shall see, by its sync().
+// The durable store. The floor is SQLite itself, called plainly: a prepared statement for each read and each write, on a
+// copy of the same file, in the same journal mode and with the same waiting for the disk. QSettings sees what other processes wrote, and
+// writes what they shall see, by its sync(); once for a file of its own, and once as programs mostly make it, by name: it
+// then asks for the file of the organisation, and for those of the system, as well.
 #include "Keys.h"
 
 #include <support/Bench.h>
@@ -26,17 +27,30 @@ public:
         Bench::require(sqlite3_open_v2(file.c_str(), &m_database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr) == SQLITE_OK,
                        "cannot open " + file);
         sqlite3_exec(m_database, "PRAGMA journal_mode = TRUNCATE; PRAGMA synchronous = FULL", nullptr, nullptr, nullptr);
-        char const* const set = "INSERT INTO settings (key, kind, value, changed) VALUES (?1, 'string', ?2, ?3) ON CONFLICT (key) DO UPDATE "
-                                "SET kind = excluded.kind, value = excluded.value, changed = excluded.changed";
+        char const* const set =
+            "INSERT INTO settings (key, kind, value, changed) VALUES (?1, 'string', ?2, ?3) ON CONFLICT (key) DO UPDATE "
+            "SET kind = excluded.kind, value = excluded.value, changed = excluded.changed";
+        char const* const find = "SELECT value FROM settings WHERE key = ?1";
         Bench::require(sqlite3_prepare_v2(m_database, set, -1, &m_set, nullptr) == SQLITE_OK, "the file has another layout");
+        Bench::require(sqlite3_prepare_v2(m_database, find, -1, &m_find, nullptr) == SQLITE_OK, "the file has another layout");
     }
     ~PlainSqlite()
     {
         sqlite3_finalize(m_set);
+        sqlite3_finalize(m_find);
         sqlite3_close(m_database);
     }
     PlainSqlite(PlainSqlite const&) = delete;
     PlainSqlite& operator=(PlainSqlite const&) = delete;
+
+    std::string read(std::string const& key)
+    {
+        sqlite3_bind_text(m_find, 1, key.c_str(), static_cast<int>(key.size()), SQLITE_STATIC);
+        Bench::require(sqlite3_step(m_find) == SQLITE_ROW, "there is no " + key);
+        std::string result(reinterpret_cast<char const*>(sqlite3_column_text(m_find, 0)));
+        sqlite3_reset(m_find);
+        return result;
+    }
 
     void write(std::string const& key, std::string const& value, long long changed)
     {
@@ -50,7 +64,11 @@ public:
 private:
     sqlite3* m_database = nullptr;
     sqlite3_stmt* m_set = nullptr;
+    sqlite3_stmt* m_find = nullptr;
 };
+
+QString const organisation = QStringLiteral("Lumora");
+QString const application = QStringLiteral("Video Editor");
 
 struct Files {
     QTemporaryDir folder;
@@ -61,13 +79,21 @@ struct Files {
     {
         fillStore();
         std::filesystem::copy_file(store, copy);
-        QSettings settings(qtIni(), QSettings::IniFormat);
-        for (char const* const key : Keys::all)
-            settings.setValue(QString::fromLatin1(key), QString::fromStdString(Keys::value));
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
+        QSettings of(QSettings::IniFormat, QSettings::UserScope, organisation, application);
+        QSettings file(qtIni(), QSettings::IniFormat);
+        for (char const* const key : Keys::all) {
+            file.setValue(QString::fromLatin1(key), QString::fromStdString(Keys::value));
+            of.setValue(QString::fromLatin1(key), QString::fromStdString(Keys::value));
+        }
     }
 
     QString qtIni() const { return folder.filePath(QStringLiteral("settings.ini")); }
     std::string ini() const { return qtIni().toStdString(); }
+    std::string namedIni() const
+    {
+        return folder.filePath(organisation + QLatin1Char('/') + application + QStringLiteral(".ini")).toStdString();
+    }
 
 private:
     void fillStore() const
@@ -81,65 +107,90 @@ private:
 };
 
 struct Surroundings {
-    Files files;
+    Files own;   // for what is opened anew each time
+    Files files; // the later one is where QSettings looks by name
     Storage::SqliteStorage store{files.store};
     PlainSqlite sqlite{files.copy};
     QSettings settings{files.qtIni(), QSettings::IniFormat};
+    QSettings namedSettings{QSettings::IniFormat, QSettings::UserScope, organisation, application};
     int count = 0;
 };
 
 using Shared = std::shared_ptr<Surroundings>;
 
+QString afterSync(QSettings& settings, int number)
+{
+    settings.sync();
+    return settings.value(QString::fromLatin1(Keys::key(number))).toString();
+}
+
 void addReads(Shared const& all)
 {
     std::string const row = "read that sees other processes";
     auto const library = [all] { return all->store.getString(Keys::key(all->count++), {}); };
-    auto const qsettings = [all] {
-        all->settings.sync();
-        return all->settings.value(QString::fromLatin1(Keys::key(all->count++))).toString();
-    };
+    auto const ofFile = [all] { return afterSync(all->settings, all->count++); };
+    auto const byName = [all] { return afterSync(all->namedSettings, all->count++); };
     Bench::add(row, "library", library);
-    Bench::add(row, "QSettings", qsettings);
+    Bench::add(row, "floor", [all] { return all->sqlite.read(Keys::key(all->count++)); });
+    Bench::add(row, "QSettings", ofFile);
+    Bench::add(row, "QSettings by name", byName);
     auto const other = std::make_shared<Storage::SqliteStorage>(all->files.store);
-    std::string const afterWrite = "read after another process wrote";
-    Bench::addAfter(afterWrite, "library", [all, other] { other->setString("exportPath", Keys::written(all->count++)); }, library);
-    Bench::addAfter(afterWrite, "QSettings", [all] { Keys::makeYounger(all->files.ini(), all->count++); }, qsettings);
+    std::string const changed = "read after another process wrote";
+    Bench::addAfter(
+        changed, "library", [all, other] { other->setString("exportPath", Keys::written(all->count++)); }, library);
+    Bench::addAfter(
+        changed, "QSettings", [all] { Keys::makeYounger(all->files.ini(), all->count++); }, ofFile);
+    Bench::addAfter(
+        changed, "QSettings by name", [all] { Keys::makeYounger(all->files.namedIni(), all->count++); }, byName);
+}
+
+void writeAndSync(QSettings& settings, int number)
+{
+    settings.setValue(QString::fromLatin1(Keys::key(number)), QString::fromStdString(Keys::written(number)));
+    settings.sync();
 }
 
 void addWrites(Shared const& all)
 {
-    std::string const row = "durable write";
-    Bench::add(row, "library", [all] {
+    auto const addSide = [](char const* side, auto work) {
+        Bench::add(Keys::durableWrite, side, work)->Repetitions(Keys::writeRepetitions(Bench::isShort()));
+    };
+    addSide("library", [all] {
         int const number = all->count++;
         all->store.setString(Keys::key(number), Keys::written(number));
     });
-    Bench::add(row, "floor", [all] {
+    addSide("floor", [all] {
         int const number = all->count++;
         all->sqlite.write(Keys::key(number), Keys::written(number), number);
     });
-    Bench::add(row, "QSettings", [all] {
-        int const number = all->count++;
-        all->settings.setValue(QString::fromLatin1(Keys::key(number)), QString::fromStdString(Keys::written(number)));
-        all->settings.sync();
-    });
+    addSide("QSettings", [all] { writeAndSync(all->settings, all->count++); });
+    addSide("QSettings by name", [all] { writeAndSync(all->namedSettings, all->count++); });
+}
+
+void readAll(QSettings const& settings)
+{
+    for (char const* const key : Keys::all)
+        benchmark::DoNotOptimize(settings.value(QString::fromLatin1(key)).toString());
 }
 
 void addOpenings(Shared const& all)
 {
     std::string const row = "open and sixty reads";
-    // Files of their own, which no other row has open, and younger each time: QSettings would otherwise take the values
-    // from an object that is there, or was.
-    auto const own = std::make_shared<Files>();
-    Bench::addAfter(row, "library", [own, all] { Keys::makeYounger(own->store, all->count++); }, [own] {
-        Storage::SqliteStorage const store(own->store);
+    // Younger each time: QSettings would otherwise take the values from an object that was there before.
+    auto const younger = [all](std::string const& file) { return [all, file] { Keys::makeYounger(file, all->count++); }; };
+    Bench::addAfter(row, "library", younger(all->own.store), [all] {
+        Storage::SqliteStorage const store(all->own.store);
         for (char const* const key : Keys::all)
             benchmark::DoNotOptimize(store.getString(key, {}));
     });
-    Bench::addAfter(row, "QSettings", [own, all] { Keys::makeYounger(own->ini(), all->count++); }, [own] {
-        QSettings const settings(own->qtIni(), QSettings::IniFormat);
+    Bench::addAfter(row, "floor", younger(all->own.copy), [all] {
+        PlainSqlite sqlite(all->own.copy);
         for (char const* const key : Keys::all)
-            benchmark::DoNotOptimize(settings.value(QString::fromLatin1(key)).toString());
+            benchmark::DoNotOptimize(sqlite.read(key));
     });
+    Bench::addAfter(row, "QSettings", younger(all->own.ini()), [all] { readAll(QSettings(all->own.qtIni(), QSettings::IniFormat)); });
+    Bench::addAfter(row, "QSettings by name", younger(all->files.namedIni()),
+                    [] { readAll(QSettings(QSettings::IniFormat, QSettings::UserScope, organisation, application)); });
 }
 
 Bench::Registration const registration([] {

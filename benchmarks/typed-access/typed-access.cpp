@@ -188,8 +188,7 @@ void addWrites(Shared const& all)
         [all] {
             long long halves[] = {Values::rational.numerator(), Values::rational.denominator()};
             long long const* next = halves;
-            callWithHalves(Values::rationalKey,
-                           [&](std::string const& key) { all->store.lock()->setInt(key, static_cast<int>(*next++)); });
+            callWithHalves(Values::rationalKey, [&](std::string const& key) { all->store.lock()->setInt(key, static_cast<int>(*next++)); });
         },
         [all] { all->store.lock()->setInt(Values::intKey, Values::number); });
 }
