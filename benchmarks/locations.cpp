@@ -59,7 +59,8 @@ void addSide(std::string const& row, char const* side, Work work)
     Bench::addRun(row, side, [work](benchmark::State& state) {
         static_cast<void>(work());
         state.counters["allocations"] = static_cast<double>(Bench::allocationsOf(work).count);
-        state.counters["system calls"] = Bench::systemCallsOf(work);
+        if (int const count = Bench::systemCallsOf(work); count >= 0)
+            state.counters["system calls"] = count;
         Bench::repeat(state, work);
     });
 }

@@ -55,7 +55,8 @@ def benchmarks_in(expression):
 def read_round(file):
     """Of one run of a program: name, or name#counter, to the median of its repetitions."""
     values = collections.defaultdict(list)
-    known = "name run_name run_type repetitions repetition_index threads iterations real_time cpu_time time_unit family_index per_family_instance_index"
+    known = """name run_name run_type repetitions repetition_index threads iterations real_time cpu_time time_unit
+        family_index per_family_instance_index"""
     for run in json.loads(file.read_text())["benchmarks"]:
         if run["run_type"] != "iteration":
             continue
@@ -130,8 +131,8 @@ def outcomes(results):
 def check(results):
     missed = [one for one in outcomes(results) if not one.met]
     for one in missed:
-        print(f"scripts/bench: goal {one.goal.number} is missed: {one.goal.words.lstrip('… ')}: "
-              f"{one.row}: {one.shown}, where {one.goal.bound} is wanted", file=sys.stderr)
+        print(f"scripts/bench: goal {one.goal.number} is missed: {one.goal.program}, {one.row}: {one.shown}, where "
+              f"{one.goal.bound} is wanted: {one.goal.words}", file=sys.stderr)
     if not missed:
         print("every goal is met")
     return 1 if missed else 0
@@ -195,9 +196,9 @@ def cell(rounds, row, side):
     return shown_time(time) if side == "library" or ratio is None else f"{shown_time(time)} ({significant(ratio)})"
 
 
-def table(header, lines):
+def table(header, lines, rule="---:"):
     yield "| " + " | ".join(header) + " |"
-    yield "|---" + "|---:" * (len(header) - 1) + "|"
+    yield "|---" + f"|{rule}" * (len(header) - 1) + "|"
     for line in lines:
         yield "| " + " | ".join(line) + " |"
 
@@ -217,7 +218,7 @@ def counts(rounds, counter):
 
 
 counted = {
-    "typed-access": {"allocations": "Allocations of each, without those that the store itself makes. The floor's are what the conversion forces."},
+    "typed-access": {"allocations": "Allocations, without those that the store itself makes; the floor's are what a conversion forces:"},
     "locations": {"allocations": "Allocations:", "system calls": "System calls:"},
     "names": {"more bytes": "Bytes allocated at a time for a million entries, beyond those for none:",
               "more allocations": "Allocations for a million entries, beyond those for none:"},
@@ -238,9 +239,9 @@ def section(program, rounds):
 
 
 def goal_table(results):
-    yield from table(["goal", "bound", "worst", "in the row", "met"],
-                     ([one.goal.words, one.goal.bound.replace("<= ", "at most ").replace(">= ", "at least ").replace("+0", "none more"),
-                       one.shown, one.row, "yes" if one.met else "**no**"] for one in outcomes(results)))
+    yield from table(["", "goal", "bound", "worst", "in the row", "met"],
+                     ([one.goal.number, one.goal.words, one.goal.bound.replace("<= ", "at most ").replace(">= ", "at least ").replace("+0", "none more"),
+                       one.shown, one.row, "yes" if one.met else "**no**"] for one in outcomes(results)), "---")
 
 
 def document(results, facts):
@@ -293,8 +294,9 @@ def plot_data(results, folder):
               ([size] + [time("names", f"{generator} {size} {place}", "library") for generator in generators] +
                [time("names", f"recording {size} {place}", side) for side in ("composition", "floor")]
                for size in ("1000", "10000", "100000", "1000000")))
-        write(f"freeze-frames-{place}", ["taken", "library", "floor", "KFileUtils", "probing"],
-              ([size] + [time("names", f"freeze frame, {size} taken, {place}", side) for side in ("library", "floor", "KFileUtils", "probing")]
+        sides = ["library", "floor", "KFileUtils", "probing"]
+        write(f"freeze-frames-{place}", ["taken"] + sides,
+              ([size] + [time("names", f"freeze frame, {size} taken, {place}", side) for side in sides]
                for size in ("500", "5000", "50000")))
 
 
