@@ -151,8 +151,8 @@ class SqliteStorage::Connection {
         transaction.commit();
     }
 
-    // Leaves the file to others for a moment between two changes, as those that wait for it would otherwise find it taken
-    // for as long as this process goes on changing it.
+    // Leaves the file to others for a moment now and then, as those that wait for it would otherwise find it taken for as
+    // long as this process goes on changing it. Not between any two changes: a short sleep lasts far longer than asked for.
     template <typename Work>
     void change(std::string const& what, Work const& work)
     {
@@ -162,7 +162,9 @@ class SqliteStorage::Connection {
             Clock::time_point const start = Clock::now();
             changeNow(what, work);
             Clock::time_point const end = Clock::now();
-            m_pauseEnd = end + std::min<Clock::duration>((end - start) / 8, std::chrono::milliseconds(2));
+            m_taken += end - start;
+            if (m_taken >= std::chrono::milliseconds(4))
+                m_pauseEnd = end + std::min<Clock::duration>(std::exchange(m_taken, {}) / 16, std::chrono::milliseconds(2));
         });
     }
 
@@ -204,6 +206,7 @@ class SqliteStorage::Connection {
 
     std::filesystem::path const m_file;
     std::mutex m_turns;
+    std::chrono::steady_clock::duration m_taken{}; // by changes, since the last pause
     std::chrono::steady_clock::time_point m_pauseEnd;
     SQLite::Database m_database;
     SQLite::Statement m_schema;
