@@ -86,15 +86,19 @@ std::string joined(QStringList const& list)
     return result;
 }
 
-QStringList parts(std::string const& text)
+// Decoded in one piece, as a mark of byte order counts at the start alone.
+QStringList parts(std::string const& utf8)
 {
+    QString const text = latin(utf8.data(), utf8.size());
+    QString const between = QString::fromStdString(separator);
     QStringList result;
     result.reserve(8);
-    for (std::size_t begin = 0; begin < text.size();) {
-        std::size_t const end = std::min(text.find(separator, begin), text.size());
+    for (int begin = 0; begin < text.size();) {
+        int const found = text.indexOf(between, begin);
+        int const end = found < 0 ? text.size() : found;
         if (end > begin)
-            result.push_back(latin(text.data() + begin, end - begin));
-        begin = end + separator.size();
+            result.push_back(text.mid(begin, end - begin));
+        begin = end + between.size();
     }
     return result;
 }

@@ -83,6 +83,32 @@ std::string encoded(QString const& text)
     return isAscii(view) ? std::string(view.utf16(), view.utf16() + view.size()) : text.toStdString();
 }
 
+// The same of a joined list, which is joined only where not all of it is ASCII.
+std::string encodedJoined(QStringList const& list)
+{
+    int size = 0;
+    for (QString const& element : list)
+        size += element.size() + listSeparator.size();
+    std::string result(static_cast<std::size_t>(size), ' ');
+    char* end = result.data();
+    unsigned units = 0;
+    auto const append = [&](QString const& text) {
+        for (QChar const character : text) {
+            units |= character.unicode();
+            *end++ = static_cast<char>(character.unicode());
+        }
+    };
+    for (QString const& element : list) {
+        append(element);
+        append(listSeparator);
+    }
+    if (units >= 0x80)
+        return list.join(listSeparator).toStdString();
+    if (!list.isEmpty()) // after the last element comes none
+        result.resize(result.size() - static_cast<std::size_t>(listSeparator.size()));
+    return result;
+}
+
 // QString::fromStdString, which takes memory for an empty text, too.
 QString decoded(std::string const& utf8) { return utf8.empty() ? QStringLiteral("") : QString::fromStdString(utf8); }
 
@@ -171,7 +197,10 @@ void write(std::string const& key, boost::rational<long long> const& value, bool
     storage(useCommonStorage)->setInt(half, low32Bits(value.denominator()));
 }
 
-void write(std::string const& key, QStringList value, bool useCommonStorage) { write(key, value.join(listSeparator), useCommonStorage); }
+void write(std::string const& key, QStringList value, bool useCommonStorage)
+{
+    storage(useCommonStorage)->setString(key, encodedJoined(value));
+}
 
 // --- Preferences -----------------------------------------------------------------------------------------------------
 //

@@ -122,7 +122,7 @@ Row const table[] = {
      "text, list and its growth, three elements"},
     {"ListReadPresentOneElement", "one", [](Values const& v) { read(v.present, v.noElements, product); }, 2, "text, list"},
     {"ListWrittenEmpty", "", [](Values const& v) { write(v.absent, v.noElements, product); }, 0, "empty"},
-    {"ListWritten", "", [](Values const& v) { write(v.absent, v.list, product); }, 2, "joined, value for the store"},
+    {"ListWritten", "", [](Values const& v) { write(v.absent, v.list, product); }, 1, "value for the store"},
 };
 
 std::ostream& operator<<(std::ostream& stream, Row const& row) { return stream << row.meaning; }

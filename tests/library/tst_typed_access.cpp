@@ -170,7 +170,7 @@ TEST_F(TypedAccess, FlagPicksTheStoreInEveryOverload)
 struct ListCase {
     char const* meaning;
     QStringList written;
-    char const* stored;
+    std::string stored;
     QStringList readBack;
 };
 
@@ -194,15 +194,31 @@ QStringList list(std::initializer_list<char const*> elements)
 
 INSTANTIATE_TEST_SUITE_P(
     Table, ListEncoding,
-    testing::Values(ListCase{"EmptyListIsAnEmptyText", {}, "", {}}, ListCase{"OneElementHasNoSeparator", list({"a"}), "a", list({"a"})},
-                    ListCase{"EmptyElementInTheMiddleIsLost", list({"a", "", "b"}), "a|#||#|b", list({"a", "b"})},
-                    ListCase{"EmptyElementsAtTheEndsAreLost", list({"", "a", ""}), "|#|a|#|", list({"a"})},
-                    ListCase{"OnlyEmptyElementsGiveAnEmptyList", list({"", ""}), "|#|", {}},
-                    ListCase{"ElementWithTheSeparatorComesBackAsTwo", list({"x|#|y"}), "x|#|y", list({"x", "y"})},
-                    ListCase{"ElementThatIsTheSeparatorIsLost", list({"|#|"}), "|#|", {}},
-                    ListCase{"PartsOfTheSeparatorAreKept", list({"|", "#", "|#", "#|"}), "||#|#|#||#|#|#|", list({"|", "#", "#"})},
-                    ListCase{"BlanksAreElements", list({" ", "a b"}), " |#|a b", list({" ", "a b"})},
-                    ListCase{"LettersKeepTheirCase", list({"A", "a"}), "A|#|a", list({"A", "a"})}),
+    testing::Values(
+        ListCase{"EmptyListIsAnEmptyText", {}, "", {}}, ListCase{"OneElementHasNoSeparator", list({"a"}), "a", list({"a"})},
+        ListCase{"EmptyElementInTheMiddleIsLost", list({"a", "", "b"}), "a|#||#|b", list({"a", "b"})},
+        ListCase{"EmptyElementsAtTheEndsAreLost", list({"", "a", ""}), "|#|a|#|", list({"a"})},
+        ListCase{"OnlyEmptyElementsGiveAnEmptyList", list({"", ""}), "|#|", {}},
+        ListCase{"ElementWithTheSeparatorComesBackAsTwo", list({"x|#|y"}), "x|#|y", list({"x", "y"})},
+        ListCase{"ElementThatIsTheSeparatorIsLost", list({"|#|"}), "|#|", {}},
+        ListCase{"PartsOfTheSeparatorAreKept", list({"|", "#", "|#", "#|"}), "||#|#|#||#|#|#|", list({"|", "#", "#"})},
+        ListCase{"BlanksAreElements", list({" ", "a b"}), " |#|a b", list({" ", "a b"})},
+        ListCase{"LettersKeepTheirCase", list({"A", "a"}), "A|#|a", list({"A", "a"})},
+        ListCase{"LettersOutsideAscii", list({"\u00E9", "b", "\u30AF"}), "\u00E9|#|b|#|\u30AF", list({"\u00E9", "b", "\u30AF"})},
+        ListCase{"MarkOfByteOrderIsLostAtTheStartOnly",
+                 {QString(QChar(0xFEFF)) + QStringLiteral("a"), QString(QChar(0xFEFF))},
+                 "\uFEFFa|#|\uFEFF",
+                 {QStringLiteral("a"), QString(QChar(0xFEFF))}},
+        ListCase{"HalvesOfASurrogatePairDoNotMeet",
+                 {QString(QChar(0xD83C)), QString(QChar(0xDFAC))},
+                 "?|#|?",
+                 {QStringLiteral("?"), QStringLiteral("?")}},
+        ListCase{
+            "Nul", {QStringLiteral("a\0b"), QString(QChar(0))}, std::string("a\0b|#|\0", 7), {QStringLiteral("a\0b"), QString(QChar(0))}},
+        ListCase{"LongElements",
+                 {QString(100, QLatin1Char('x')), QString(), QString(100, QLatin1Char('y'))},
+                 std::string(100, 'x') + "|#||#|" + std::string(100, 'y'),
+                 {QString(100, QLatin1Char('x')), QString(100, QLatin1Char('y'))}}),
     byMeaning);
 
 TEST_F(TypedAccess, ListOfTheCallerStaysAsItIs)
