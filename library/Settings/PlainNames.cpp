@@ -12,7 +12,8 @@
 #include <string_view>
 #include <vector>
 
-#ifdef Q_OS_LINUX
+// Other C libraries have no getdents64, or have it under other names.
+#if defined(Q_OS_LINUX) && defined(__GLIBC__)
 #include <climits>
 
 #include <dirent.h>
@@ -46,8 +47,12 @@ bool startsWith(std::string_view text, std::string_view start) { return text.sub
 
 std::optional<std::string> plainFilter(QString const& filter)
 {
+    // Where there are many, Qt gives up before it has tried all their meanings.
+    constexpr int mostStars = 4;
     std::optional<std::string> text = ascii(filter);
-    return text && text->find_first_of("?[]\\") == std::string::npos ? text : std::nullopt;
+    bool const isPlain =
+        text && text->find_first_of("?[]\\") == std::string::npos && std::count(text->begin(), text->end(), '*') <= mostStars;
+    return isPlain ? text : std::nullopt;
 }
 
 bool passes(std::string_view name, std::string_view filter)
@@ -137,7 +142,8 @@ std::optional<std::string> plainFolder(QString const& folder)
 {
     constexpr int utf8 = 106; // in the registry of character sets
     bool const isPlain = folder.startsWith(QLatin1Char('/')) && !folder.contains(QChar::Null);
-    if (!isPlain || QTextCodec::codecForLocale()->mibEnum() != utf8)
+    QTextCodec const* const codec = QTextCodec::codecForLocale(); // none at the end of the process
+    if (!isPlain || !codec || codec->mibEnum() != utf8)
         return std::nullopt;
     std::string path = QFile::encodeName(folder).toStdString();
     return path.size() + longestName <= longestPath ? std::optional(std::move(path)) : std::nullopt;
@@ -173,7 +179,10 @@ public:
     }
 
     // As `S_IFMT` tells it, and of a link itself; 0 for an entry that has gone. Not every file system lists it.
-    mode_t kind(dirent64 const& entry) const { return entry.d_type == DT_UNKNOWN ? ask(entry, AT_SYMLINK_NOFOLLOW) : DTTOIF(entry.d_type); }
+    mode_t kind(dirent64 const& entry) const
+    {
+        return entry.d_type == DT_UNKNOWN ? ask(entry, AT_SYMLINK_NOFOLLOW).value_or(0) : static_cast<mode_t>(DTTOIF(entry.d_type));
+    }
 
     // Whether QDir::Files takes it: also a link to a pipe, although no pipe.
     bool listsAsFile(dirent64 const& entry) const
@@ -181,15 +190,15 @@ public:
         mode_t const own = kind(entry);
         if (!S_ISLNK(own))
             return S_ISREG(own);
-        mode_t const target = ask(entry, 0);
-        return target != 0 && !S_ISDIR(target);
+        std::optional<mode_t> const target = ask(entry, 0);
+        return target && !S_ISDIR(*target);
     }
 
 private:
-    mode_t ask(dirent64 const& entry, int flags) const
+    std::optional<mode_t> ask(dirent64 const& entry, int flags) const
     {
-        struct stat status = {};
-        return ::fstatat(m_file, entry.d_name, &status, flags) == 0 ? status.st_mode & S_IFMT : 0;
+        struct stat64 status = {};
+        return ::fstatat64(m_file, entry.d_name, &status, flags) == 0 ? std::optional<mode_t>(status.st_mode & S_IFMT) : std::nullopt;
     }
 
     static constexpr std::size_t entriesSize = 32 * 1024;
@@ -242,8 +251,10 @@ std::optional<int> PlainNames::highestNumber(QString const& folder, QString cons
         std::size_t const found = name.find(numbered->before);
         if (found == std::string_view::npos)
             continue;
-        if (!isAscii(name))
-            return std::nullopt; // other scripts have digits too, and letters that are an ASCII one in another case
+        // Other scripts have digits too, and letters that are an ASCII one in another case; and what stands before a colon
+        // may be the name of a search path, which Qt resolves to find the base name.
+        if (!isAscii(name) || (!start->empty() && name.find(':') != std::string_view::npos))
+            return std::nullopt;
         // The cheapest first: most names count for nothing after a higher one.
         int const number = numbered->numberIn(name, found);
         if (number > highest && !isHidden(name) && passes(name, *whole) && startsWith(completeBaseName(name), *start) &&
@@ -260,8 +271,8 @@ std::optional<QString> PlainNames::firstBelow(QString const& folder, QStringList
     for (QString const& filter : filters)
         if (std::optional<std::string> const text = plainFilter(filter))
             plain.push_back(*text);
-    if (!path || plain.size() != static_cast<std::size_t>(filters.size()))
-        return std::nullopt;
+    if (!path || filters.isEmpty() || plain.size() != static_cast<std::size_t>(filters.size()))
+        return std::nullopt; // for Qt, no filter is one that everything passes
 
     std::optional<std::string> const found = search(Folder(path->c_str()), path->back() == '/' ? *path : *path + '/', plain);
     if (!found)

@@ -16,15 +16,19 @@ namespace PlainNames {
 /// one, and for a number that does not fit an int. A name counts where `filter`, a wildcard for the whole name, matches
 /// it in any case and its complete base name begins with `stem`. Hidden files do not count; links count as what they
 /// lead to. A folder that cannot be read holds none.
-/// Nothing where `folder` is not an absolute path, where one of the texts is not ASCII or means more than itself, "*" in
-/// the filter and ".*" at the end of the pattern, and where a name that may count is not ASCII.
+/// Nothing, as only Qt can tell, where
+/// - `folder` is not an absolute path, or so long that not every name may follow it;
+/// - one of the texts is not ASCII, or means more than its characters; up to four "*" in the filter and a ".*" at the end
+///   of the pattern are understood;
+/// - a name that may count is not ASCII, or holds a ":" while there is a `stem`;
+/// - names of files are not read as UTF-8, or the system is not Linux with the GNU C library.
 std::optional<int> highestNumber(QString const& folder, QString const& filter, QString const& pattern, QString const& stem = QString());
 
 /// The path of the first regular file in or below `folder` whose name one of the `filters` matches, as above: the first
 /// as the file system lists them, each folder where it is met. Links and hidden folders are not entered. A null text
 /// where there is none.
-/// Nothing where `folder` is not an absolute path, where one of the filters is not ASCII or means more, and where a name
-/// on the way is not ASCII.
+/// Nothing, as above, for the same folders, filters and systems, where there is no filter, and where a name on the way is
+/// not ASCII.
 std::optional<QString> firstBelow(QString const& folder, QStringList const& filters);
 
 } // namespace PlainNames

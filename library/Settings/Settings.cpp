@@ -86,10 +86,10 @@ std::string encoded(QString const& text)
 // The same of a joined list, which is joined only where not all of it is ASCII.
 std::string encodedJoined(QStringList const& list)
 {
-    int size = 0;
+    std::size_t size = 0;
     for (QString const& element : list)
-        size += element.size() + listSeparator.size();
-    std::string result(static_cast<std::size_t>(size), ' ');
+        size += static_cast<std::size_t>(element.size()) + static_cast<std::size_t>(listSeparator.size());
+    std::string result(size, ' ');
     char* end = result.data();
     unsigned units = 0;
     auto const append = [&](QString const& text) {
