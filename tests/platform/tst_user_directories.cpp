@@ -561,6 +561,33 @@ TEST_F(UserDirectories, FileThatComesAndGoesWhileQtReadsIsNotKept)
     EXPECT_EQ(movies(), inHome("Videos"));
 }
 
+TEST_F(UserDirectories, FileMissingBehindALinkIsAskedForEachTime)
+{
+    fs::remove(m_file);
+    fs::create_directory(path("elsewhere"));
+    fs::create_symlink(path("elsewhere/file"), m_file);
+    EXPECT_EQ(movies(), inHome("Videos"));
+    EXPECT_FALSE(isKept());
+    fs::remove_all(path(".config"));
+    fs::create_symlink(path("elsewhere/folder"), path(".config"));
+    EXPECT_EQ(movies(), inHome("Videos"));
+    EXPECT_FALSE(isKept());
+}
+
+TEST_F(UserDirectories, FileThatComesAndGoesBehindALinkWhileQtReadsIsNotKept)
+{
+    fs::remove(m_file);
+    fs::create_directory(path("elsewhere"));
+    fs::create_symlink(path("elsewhere/file"), m_file);
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    Meanwhile there;
+    there.before = [&] { m_home.write("elsewhere/file", two); };
+    there.after = [&] { fs::remove(path("elsewhere/file")); };
+    meanwhile = &there;
+    EXPECT_EQ(movies(), QStringLiteral("/two"));
+    EXPECT_EQ(movies(), inHome("Videos"));
+}
+
 TEST_F(UserDirectories, FolderThatComesAndGoesWhileQtReadsIsNotKept)
 {
     fs::remove_all(m_home.path() / ".config");

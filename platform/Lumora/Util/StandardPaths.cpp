@@ -5,7 +5,7 @@
 
 QString Lumora::Util::GetStandardPath(QStandardPaths::StandardLocation location)
 {
-#ifdef Q_OS_LINUX
+#if defined(Q_OS_LINUX) && !defined(Q_OS_ANDROID)
     if (location == QStandardPaths::MoviesLocation || location == QStandardPaths::MusicLocation)
         return userDirectory(location);
 #endif

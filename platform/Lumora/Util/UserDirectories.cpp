@@ -73,12 +73,21 @@ private:
 
 bool operator==(Look const& left, Look const& right) { return left.identity() == right.identity(); }
 
-// The nearest folder above that is there. A file that came and went unseen, or a link that led elsewhere, changed it.
+// The nearest folder above that is there. A file that came and went unseen changed it.
 Look lookAbove(std::filesystem::path const& path)
 {
     std::filesystem::path const above = path.parent_path();
     Look const look(above.string());
     return look.findsNothing() && above != path ? lookAbove(above) : look;
+}
+
+// Whether what is missing is missing behind a link, so that it may come and go in a folder that nobody looks at.
+bool isMissingBehindLink(std::filesystem::path const& path)
+{
+    if (!Look(path.string()).findsNothing())
+        return false;
+    std::error_code none;
+    return std::filesystem::is_symlink(std::filesystem::symlink_status(path, none)) || isMissingBehindLink(path.parent_path());
 }
 
 // All that Qt's answer depends on, as it is before Qt is asked.
@@ -97,7 +106,8 @@ public:
             return false;
         // Qt does not tell that a file could not be opened or read just then; errno does.
         bool const wasRead = m_look.findsFile() && error == 0;
-        return (wasRead || m_look.findsNothing()) && lookAbove(m_file) == m_above;
+        bool const wasMissing = m_look.findsNothing() && !isMissingBehindLink(m_file);
+        return (wasRead || wasMissing) && lookAbove(m_file) == m_above;
     }
 
 private:
