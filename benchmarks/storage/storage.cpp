@@ -46,7 +46,8 @@ public:
     std::string read(std::string const& key)
     {
         sqlite3_bind_text(m_find, 1, key.c_str(), static_cast<int>(key.size()), SQLITE_STATIC);
-        Bench::require(sqlite3_step(m_find) == SQLITE_ROW, "there is no " + key);
+        if (sqlite3_step(m_find) != SQLITE_ROW)
+            Bench::require(false, "there is no " + key);
         std::string result(reinterpret_cast<char const*>(sqlite3_column_text(m_find, 0)));
         sqlite3_reset(m_find);
         return result;

@@ -62,7 +62,8 @@ void passOver(std::string const& folder, std::size_t bufferSize)
         size = ::syscall(SYS_getdents64, descriptor, buffer.get(), bufferSize);
     while (size > 0);
     ::close(descriptor);
-    require(size == 0, "cannot list " + folder);
+    if (size != 0)
+        require(false, "cannot list " + folder);
 }
 
 std::size_t bestBufferSize(std::string const& folder)
