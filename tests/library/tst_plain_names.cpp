@@ -36,7 +36,7 @@ namespace fs = std::filesystem;
 using Number = std::optional<int>;
 using Names = std::vector<std::string>;
 
-// Asks when Qt's codecs, which come to life later, are gone.
+// Asks when Qt's codecs are gone, which come to life after it.
 struct AtTheEnd {
     ~AtTheEnd()
     {
@@ -44,6 +44,7 @@ struct AtTheEnd {
             std::abort();
     }
 } const atTheEnd;
+QTextCodec const* const codec = QTextCodec::codecForLocale();
 
 class PlainName : public testing::Test {
 protected:
