@@ -54,6 +54,10 @@ def benchmarks_in(expression):
     return [part.split("#")[0] for part in expression.split(" over ") if part]
 
 
+def floor_of(name):
+    return name.split("/")[0] + "/floor"
+
+
 def read_round(file):
     """Of one run of a program: name, or name#counter, to the median of its repetitions."""
     values = collections.defaultdict(list)
@@ -64,8 +68,10 @@ def read_round(file):
             continue
         name = "/".join(run["name"].split("/")[:2])
         values[name].append(run["real_time"] * nanoseconds[run["time_unit"]])
-        for counter in run.keys() - set(known.split()):
+        for counter in run.keys() - set(known.split()) - {"floor"}:
             values[f"{name}#{counter}"].append(run[counter])
+        if "floor" in run:  # measured by turns with the other
+            values[floor_of(name)].append(run["floor"])
     return {name: statistics.median(found) for name, found in values.items()}
 
 
@@ -114,7 +120,7 @@ farthest_from_floor = 1.5
 def reach_of(goal, rounds, measured, against):
     """What the floor itself comes to against a peer; none where the goal compares with no peer, where the row has no floor,
     and where the library is far from it."""
-    floor = measured.split("/")[0] + "/floor"
+    floor = floor_of(measured)
     if " x" not in goal.bound or " over " in measured or against == floor:
         return None
     distance = median(rounds, lambda of: value(of, measured) / value(of, floor))
@@ -358,7 +364,9 @@ def smoke(program, without):
     if run.returncode:
         print(f"{program} ended with status {run.returncode}", file=sys.stderr)
         return 1
-    found = {"/".join(one["name"].split("/")[:2]) for one in json.loads(run.stdout)["benchmarks"] if one["iterations"] > 0}
+    measured = [one for one in json.loads(run.stdout)["benchmarks"] if one["iterations"] > 0]
+    found = {"/".join(one["name"].split("/")[:2]) for one in measured}
+    found |= {floor_of(one["name"]) for one in measured if "floor" in one}
     wanted = {name for goal in goals() if goal.program == pathlib.Path(program).name
               for pair in pairs(goal) for expression in pair for name in benchmarks_in(expression)}
     wanted = {name for name in wanted if not is_long(name) and name.split("/")[1] not in without}

@@ -65,23 +65,18 @@ void requireNumber(QString const& path, int number, std::string const& row)
 }
 
 // In each of some rounds; the largest folders are passed over once in a repetition, so one would not give a steady median.
-int repetitions() { return Bench::isShort() ? 1 : 5; }
+int repetitions() { return Bench::isShort() ? 1 : 7; }
 
 void addLibrary(Shared const& all, Generator const& generator, std::string const& row, SharedFolder const& folder, int highest)
 {
-    auto const run = [=](benchmark::State& state) {
+    auto const prepare = [=](benchmark::State& state) {
         all->library.productValues->setString(generator.folderKey, folder->path());
         state.counters["allocations"] = static_cast<double>(Bench::allocationsOf(generator.next).count);
         requireNumber(generator.next(), highest + 1, row);
-        Bench::repeat(state, generator.next);
     };
-    Bench::addRun(row, "library", run)->Repetitions(repetitions());
-}
-
-void addFloor(std::string const& row, SharedFolder const& folder)
-{
     std::size_t const size = Bench::bestBufferSize(folder->path());
-    Bench::add(row, "floor", [folder, size] { Bench::passOver(folder->path(), size); })->Repetitions(repetitions());
+    auto const pass = [folder, size] { Bench::passOver(folder->path(), size); };
+    Bench::addByTurns(row, prepare, generator.next, pass)->Repetitions(repetitions());
 }
 
 void addComposition(Generator const& generator, std::string const& row, SharedFolder const& folder, int highest)
@@ -100,7 +95,6 @@ void addSize(Shared const& all, Generator const& generator, int count, Bench::Pl
     auto const folder = std::make_shared<Bench::Folder>(place.path);
     folder->fill(generator.names(count));
     addLibrary(all, generator, row, folder, count);
-    addFloor(row, folder);
     addComposition(generator, row, folder, count);
 }
 
@@ -113,7 +107,6 @@ void addMixed(Shared const& all, Generator const& generator, Bench::Place const&
     folder->fill(Names::numbered("IMG_2041-", count - count / 100, ".jpeg"));
     folder->fill(generator.names(count / 100));
     addLibrary(all, generator, row, folder, count / 100);
-    addFloor(row, folder);
     addComposition(generator, row, folder, count / 100);
 }
 
@@ -159,7 +152,6 @@ void addTaken(Shared const& all, int count, Bench::Place const& place)
     auto const folder = std::make_shared<Bench::Folder>(place.path);
     folder->fill(Names::freezeFrames(count));
     addLibrary(all, generator, row, folder, count);
-    addFloor(row, folder);
     Bench::require(freeByProbing(Bench::qString(folder->path())) == count + 1, row + ": probing gives another number");
     Bench::add(row, "probing", [path = Bench::qString(folder->path())] { return freeByProbing(path); });
 }

@@ -53,6 +53,19 @@ int systemCallsOf(Work const& work)
     return systemCallsOf([](void const* erased) { static_cast<void>((*static_cast<Work const*>(erased))()); }, &work);
 }
 
+/// The time of one `work`, in seconds.
+template <typename Work>
+double timeOf(Work const& work)
+{
+    using Clock = std::chrono::steady_clock;
+    Clock::time_point const start = Clock::now();
+    if constexpr (std::is_void_v<decltype(work())>)
+        work();
+    else
+        benchmark::DoNotOptimize(work());
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
 template <typename Work>
 void repeat(benchmark::State& state, Work const& work)
 {
@@ -85,18 +98,32 @@ benchmark::internal::Benchmark* add(std::string const& row, std::string const& s
 template <typename Preparation, typename Work>
 benchmark::internal::Benchmark* addAfter(std::string const& row, std::string const& side, Preparation preparation, Work work)
 {
-    using Clock = std::chrono::steady_clock;
     auto const run = [preparation, work](benchmark::State& state) {
         preparation();
         state.counters["allocations"] = static_cast<double>(allocationsOf(work).count);
         for ([[maybe_unused]] auto const once : state) {
             preparation();
-            Clock::time_point const start = Clock::now();
-            static_cast<void>(work());
-            state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
+            state.SetIterationTime(timeOf(work));
         }
     };
     return benchmark::RegisterBenchmark((row + '/' + side).c_str(), run)->UseManualTime();
+}
+
+/// Adds the benchmark "row/library", which does `work` and `floor` by turns, so that a neighbour's load meets both alike;
+/// `prepare` is told the state before. The counter "floor" is the time of a floor in nanoseconds.
+template <typename Preparation, typename Work, typename Floor>
+benchmark::internal::Benchmark* addByTurns(std::string const& row, Preparation prepare, Work work, Floor floor)
+{
+    auto const run = [prepare, work, floor](benchmark::State& state) {
+        prepare(state);
+        double inFloors = 0;
+        for ([[maybe_unused]] auto const once : state) {
+            inFloors += timeOf(floor);
+            state.SetIterationTime(timeOf(work));
+        }
+        state.counters["floor"] = benchmark::Counter(1e9 * inFloors, benchmark::Counter::kAvgIterations);
+    };
+    return benchmark::RegisterBenchmark((row + "/library").c_str(), run)->UseManualTime();
 }
 
 } // namespace Bench
