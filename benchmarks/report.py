@@ -58,6 +58,15 @@ def floor_of(name):
     return name.split("/")[0] + "/floor"
 
 
+def name_of_counter(name, counter):
+    """The floor may be measured by turns with the library, which then tells its time and its counters."""
+    if counter == "floor":
+        return floor_of(name)
+    if counter.startswith("floor "):
+        return floor_of(name) + "#" + counter.split(" ", 1)[1]
+    return f"{name}#{counter}"
+
+
 def read_round(file):
     """Of one run of a program: name, or name#counter, to the median of its repetitions."""
     values = collections.defaultdict(list)
@@ -68,10 +77,8 @@ def read_round(file):
             continue
         name = "/".join(run["name"].split("/")[:2])
         values[name].append(run["real_time"] * nanoseconds[run["time_unit"]])
-        for counter in run.keys() - set(known.split()) - {"floor"}:
-            values[f"{name}#{counter}"].append(run[counter])
-        if "floor" in run:  # measured by turns with the other
-            values[floor_of(name)].append(run["floor"])
+        for counter in run.keys() - set(known.split()):
+            values[name_of_counter(name, counter)].append(run[counter])
     return {name: statistics.median(found) for name, found in values.items()}
 
 

@@ -64,8 +64,8 @@ void requireNumber(QString const& path, int number, std::string const& row)
     Bench::require(digits.indexIn(file) >= 0 && digits.cap(0).toInt() == number, row + ": got " + file.toStdString());
 }
 
-// In each of some rounds; the largest folders are passed over once in a repetition, so one would not give a steady median.
-int repetitions() { return Bench::isShort() ? 1 : 7; }
+// The largest folders are passed over once in a repetition, so more of these are needed for a steady median.
+int repetitions() { return Bench::isShort() ? 1 : 9; }
 
 void addLibrary(Shared const& all, Generator const& generator, std::string const& row, SharedFolder const& folder, int highest)
 {

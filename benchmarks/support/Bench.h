@@ -53,28 +53,31 @@ int systemCallsOf(Work const& work)
     return systemCallsOf([](void const* erased) { static_cast<void>((*static_cast<Work const*>(erased))()); }, &work);
 }
 
-/// The time of one `work`, in seconds.
 template <typename Work>
-double timeOf(Work const& work)
+void call(Work const& work)
 {
-    using Clock = std::chrono::steady_clock;
-    Clock::time_point const start = Clock::now();
     if constexpr (std::is_void_v<decltype(work())>)
         work();
     else
         benchmark::DoNotOptimize(work());
-    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+/// The time of one `work` in seconds, taken over `calls` of them.
+template <typename Work>
+double timeOf(Work const& work, int calls = 1)
+{
+    using Clock = std::chrono::steady_clock;
+    Clock::time_point const start = Clock::now();
+    for (int count = 0; count < calls; ++count)
+        call(work);
+    return std::chrono::duration<double>(Clock::now() - start).count() / calls;
 }
 
 template <typename Work>
 void repeat(benchmark::State& state, Work const& work)
 {
-    for ([[maybe_unused]] auto const once : state) {
-        if constexpr (std::is_void_v<decltype(work())>)
-            work();
-        else
-            benchmark::DoNotOptimize(work());
-    }
+    for ([[maybe_unused]] auto const once : state)
+        call(work);
 }
 
 /// Adds the benchmark "row/side", which is told its state.
@@ -109,17 +112,17 @@ benchmark::internal::Benchmark* addAfter(std::string const& row, std::string con
     return benchmark::RegisterBenchmark((row + '/' + side).c_str(), run)->UseManualTime();
 }
 
-/// Adds the benchmark "row/library", which does `work` and `floor` by turns, so that a neighbour's load meets both alike;
-/// `prepare` is told the state before. The counter "floor" is the time of a floor in nanoseconds.
+/// Adds the benchmark "row/library", which does `work` and `floor` by turns of so many calls, so that a neighbour's load
+/// meets both alike; `prepare` is told the state before. The counter "floor" is the time of a floor in nanoseconds.
 template <typename Preparation, typename Work, typename Floor>
-benchmark::internal::Benchmark* addByTurns(std::string const& row, Preparation prepare, Work work, Floor floor)
+benchmark::internal::Benchmark* addByTurns(std::string const& row, Preparation prepare, Work work, Floor floor, int calls = 1)
 {
-    auto const run = [prepare, work, floor](benchmark::State& state) {
+    auto const run = [prepare, work, floor, calls](benchmark::State& state) {
         prepare(state);
         double inFloors = 0;
         for ([[maybe_unused]] auto const once : state) {
-            inFloors += timeOf(floor);
-            state.SetIterationTime(timeOf(work));
+            inFloors += timeOf(floor, calls);
+            state.SetIterationTime(timeOf(work, calls));
         }
         state.counters["floor"] = benchmark::Counter(1e9 * inFloors, benchmark::Counter::kAvgIterations);
     };

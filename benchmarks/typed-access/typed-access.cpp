@@ -38,15 +38,15 @@ using Shared = std::shared_ptr<Surroundings>;
 template <typename Library, typename Floor, typename Stored>
 void addRow(std::string const& row, Library library, Floor floor, Stored stored)
 {
-    auto const addSide = [&](char const* side, auto work) {
-        Bench::addRun(row, side, [work, stored](benchmark::State& state) {
-            long long const all = Bench::allocationsOf(work).count;
-            state.counters["allocations"] = static_cast<double>(all - Bench::allocationsOf(stored).count);
-            Bench::repeat(state, work);
-        });
+    auto const prepare = [=](benchmark::State& state) {
+        long long const ofTheStore = Bench::allocationsOf(stored).count;
+        state.counters["allocations"] = static_cast<double>(Bench::allocationsOf(library).count - ofTheStore);
+        state.counters["floor allocations"] = static_cast<double>(Bench::allocationsOf(floor).count - ofTheStore);
     };
-    addSide("library", library);
-    addSide("floor", floor);
+    // A turn takes some microseconds, beside which the clock does not count. Their number is not left to the time of one
+    // call, after which there would be too many.
+    constexpr int calls = 200;
+    Bench::addByTurns(row, prepare, library, floor, calls)->Iterations(Bench::isShort() ? 1 : 1000);
 }
 
 // For values that the store takes as they are. Written out, the lock and the call stand where the value is wanted, which
