@@ -322,7 +322,7 @@ Made by `scripts/bench`; do not edit. To repeat it, run that on a machine that d
 Each program measures what it compares in one process, in random alternation, each five times or more for at least ten
 milliseconds, but for what takes long by itself; and is started in rounds
 ({rounds}).
-Typed access and names take library and floor by turns besides, as other programs' load would meet them unalike.
+Where they are compared closely, library and floor are measured by turns, as other programs' load would meet them unalike.
 Times are medians. In parentheses stands how many times the library's a time is: the median of the rounds' own ratios, and
 not the quotient of the two times shown. On another machine only such ratios can be expected to be alike.
 

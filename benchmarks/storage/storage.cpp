@@ -131,8 +131,8 @@ void addReads(Shared const& all)
     auto const library = [all] { return all->store.getString(Keys::key(all->count++), {}); };
     auto const ofFile = [all] { return afterSync(all->settings, all->count++); };
     auto const byName = [all] { return afterSync(all->namedSettings, all->count++); };
-    Bench::add(row, "library", library);
-    Bench::add(row, "floor", [all] { return all->sqlite.read(Keys::key(all->count++)); });
+    auto const floor = [all] { return all->sqlite.read(Keys::key(all->count++)); };
+    Bench::addByTurns(row, library, floor, 100)->Iterations(Bench::isShort() ? 1 : 20);
     Bench::add(row, "QSettings", ofFile);
     Bench::add(row, "QSettings by name", byName);
     auto const other = std::make_shared<Storage::SqliteStorage>(all->files.store);
@@ -153,6 +153,7 @@ void writeAndSync(QSettings& settings, int number)
 
 void addWrites(Shared const& all)
 {
+    // Not by turns: the store pauses between writes that follow one another, which the other's writes would stand between.
     auto const addSide = [](char const* side, auto work) {
         Bench::add(Keys::durableWrite, side, work)->Repetitions(Keys::writeRepetitions(Bench::isShort()));
     };
@@ -177,18 +178,19 @@ void readAll(QSettings const& settings)
 void addOpenings(Shared const& all)
 {
     std::string const row = "open and sixty reads";
-    // Younger each time: QSettings would otherwise take the values from an object that was there before.
-    auto const younger = [all](std::string const& file) { return [all, file] { Keys::makeYounger(file, all->count++); }; };
-    Bench::addAfter(row, "library", younger(all->own.store), [all] {
+    auto const library = [all] {
         Storage::SqliteStorage const store(all->own.store);
         for (char const* const key : Keys::all)
             benchmark::DoNotOptimize(store.getString(key, {}));
-    });
-    Bench::addAfter(row, "floor", younger(all->own.copy), [all] {
+    };
+    auto const floor = [all] {
         PlainSqlite sqlite(all->own.copy);
         for (char const* const key : Keys::all)
             benchmark::DoNotOptimize(sqlite.read(key));
-    });
+    };
+    Bench::addByTurns(row, library, floor);
+    // Younger each time: QSettings would otherwise take the values from an object that was there before.
+    auto const younger = [all](std::string const& file) { return [all, file] { Keys::makeYounger(file, all->count++); }; };
     Bench::addAfter(row, "QSettings", younger(all->own.ini()), [all] { readAll(QSettings(all->own.qtIni(), QSettings::IniFormat)); });
     Bench::addAfter(row, "QSettings by name", younger(all->files.namedIni()),
                     [] { readAll(QSettings(QSettings::IniFormat, QSettings::UserScope, organisation, application)); });

@@ -113,7 +113,8 @@ benchmark::internal::Benchmark* addAfter(std::string const& row, std::string con
 }
 
 /// Adds the benchmark "row/library", which does `work` and `floor` by turns of so many calls, so that a neighbour's load
-/// meets both alike; `prepare` is told the state before. The counter "floor" is the time of a floor in nanoseconds.
+/// meets both alike; `prepare` is told the state before. The counter "floor" is the time of a floor in nanoseconds. Turns
+/// of several calls are for calls that are short; their number is to be set, as the time of one call would give too many.
 template <typename Preparation, typename Work, typename Floor>
 benchmark::internal::Benchmark* addByTurns(std::string const& row, Preparation prepare, Work work, Floor floor, int calls = 1)
 {
@@ -127,6 +128,13 @@ benchmark::internal::Benchmark* addByTurns(std::string const& row, Preparation p
         state.counters["floor"] = benchmark::Counter(1e9 * inFloors, benchmark::Counter::kAvgIterations);
     };
     return benchmark::RegisterBenchmark((row + "/library").c_str(), run)->UseManualTime();
+}
+
+template <typename Work, typename Floor>
+benchmark::internal::Benchmark* addByTurns(std::string const& row, Work work, Floor floor, int calls = 1)
+{
+    auto const nothing = [](benchmark::State&) {};
+    return addByTurns(row, nothing, work, floor, calls);
 }
 
 } // namespace Bench

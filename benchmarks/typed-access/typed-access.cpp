@@ -43,9 +43,7 @@ void addRow(std::string const& row, Library library, Floor floor, Stored stored)
         state.counters["allocations"] = static_cast<double>(Bench::allocationsOf(library).count - ofTheStore);
         state.counters["floor allocations"] = static_cast<double>(Bench::allocationsOf(floor).count - ofTheStore);
     };
-    // A turn takes some microseconds, beside which the clock does not count. Their number is not left to the time of one
-    // call, after which there would be too many.
-    constexpr int calls = 200;
+    constexpr int calls = 200; // some microseconds, beside which the clock does not count
     Bench::addByTurns(row, prepare, library, floor, calls)->Iterations(Bench::isShort() ? 1 : 1000);
 }
 
