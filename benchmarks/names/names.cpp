@@ -51,7 +51,8 @@ int composed(QString const& folder, Generator const& generator)
 {
     QRegExp number(generator.number);
     int highest = 0;
-    for (QString const& name : QDir(folder).entryList({generator.filter}, QDir::Files, QDir::Name))
+    QStringList const names = QDir(folder).entryList({generator.filter}, QDir::Files, QDir::Name);
+    for (QString const& name : names)
         if (number.indexIn(name) >= 0)
             highest = std::max(highest, number.cap(1).toInt());
     return highest + 1;

@@ -72,7 +72,8 @@ std::size_t bestBufferSize(std::string const& folder)
     std::size_t best = 0;
     Clock::duration shortest = Clock::duration::max();
     for (int round = 0; round < 5; ++round)
-        for (std::size_t const size : {32 * 1024, 64 * 1024, 256 * 1024}) {
+        for (std::size_t const kibibytes : {32U, 64U, 256U}) {
+            std::size_t const size = kibibytes * 1024;
             Clock::time_point const start = Clock::now();
             passOver(folder, size);
             Clock::duration const taken = Clock::now() - start;

@@ -201,7 +201,7 @@ private:
         return ::fstatat64(m_file, entry.d_name, &status, flags) == 0 ? std::optional<mode_t>(status.st_mode & S_IFMT) : std::nullopt;
     }
 
-    static constexpr std::size_t entriesSize = 32 * 1024;
+    static constexpr std::size_t entriesSize = std::size_t{32} * 1024;
     std::unique_ptr<char[]> const m_entries{new char[entriesSize]};
     char* m_next = m_entries.get();
     char* m_end = m_next;

@@ -110,7 +110,7 @@ std::string encodedJoined(QStringList const& list)
 }
 
 // QString::fromStdString, which takes memory for an empty text, too.
-QString decoded(std::string const& utf8) { return utf8.empty() ? QStringLiteral("") : QString::fromStdString(utf8); }
+QString decoded(std::string const& utf8) { return utf8.empty() ? QLatin1String("") : QString::fromStdString(utf8); }
 
 // Whether the text would come back from UTF-8 as it is, and may be given back itself. Without a capacity it is null, which
 // would come back empty, or its characters are a literal or the caller's, who may change them.
@@ -795,7 +795,7 @@ QString Settings::generateFreezedFilePath(QString sourceFilePath)
     QString const format = QString::fromStdString(freezedFileFormat());
     QString const folder = exportPath();
     // One pass for each argument, so a placeholder that the stem brings in is filled as well.
-    QString const pattern = QStringLiteral("%1 \\((\\d+)\\)\\.%2").arg(QRegExp::escape(stem)).arg(format);
+    QString const pattern = QStringLiteral("%1 \\((\\d+)\\)\\.%2").arg(QRegExp::escape(stem)).arg(format); // clazy:exclude=qstring-arg
     qlonglong const number = following(highestNumber(folder, QStringLiteral("*.%1").arg(format), pattern, stem));
     return joined(folder, QStringLiteral("%1 (%2).%3").arg(stem).arg(number).arg(format));
 }
@@ -819,7 +819,7 @@ QStringList Settings::supportedProjectFileExtensions()
     return QString::fromStdString(productInfo()->projectFileExtensions()).split(QLatin1Char(','), Qt::SkipEmptyParts);
 }
 
-QString Settings::projectFileExtension() { return supportedProjectFileExtensions().value(0, QStringLiteral("")); } // empty, not null
+QString Settings::projectFileExtension() { return supportedProjectFileExtensions().value(0, QLatin1String("")); } // empty, not null
 QString Settings::projectFileSaveFilter() { return QStringLiteral("*.%1").arg(projectFileExtension()); }
 QString Settings::projectFileOpenFilter() { return QLatin1String("*.") + supportedProjectFileExtensions().join(QLatin1String(" *.")); }
 
