@@ -3,6 +3,7 @@
 // A host as it was built with the last release: compiled with its headers and linked with its names alone. It runs with
 // this build's libraries, which must do for it what the release did.
 #include <Settings/Settings.h>
+#include <Settings/Version.h>
 
 #include <Lumora/Conf/Formats.h>
 #include <Lumora/Util/ByteConversion.h>
@@ -13,6 +14,8 @@
 #include <fstream>
 #include <map>
 #include <variant>
+
+static_assert(EDITOR_SETTINGS_VERSION == 0x010000);
 
 namespace {
 
