@@ -1,0 +1,11 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ar" sourcelanguage="en">
+<context>
+    <name>QObject</name>
+    <message>
+        <source>New Project</source>
+        <translation>مشروع جديد</translation>
+    </message>
+</context>
+</TS>
