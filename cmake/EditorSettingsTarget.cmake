@@ -5,8 +5,7 @@
 #
 # Gives a target this project's language level, visibility and warnings. HEADERS names its public headers, relative to
 # the current folder, and the include root that they are found below; VERSIONED gives a shared library its version.
-# With EXPORT_NAME the target is installed and found by that name, in the namespace of its export set: Lumora for the
-# platform libraries, EditorSettings for everything else.
+# With EXPORT_NAME the target is installed, in the export set <target>Targets, and found by that name.
 include_guard(GLOBAL)
 
 function(editor_settings_target target)
@@ -40,12 +39,8 @@ function(editor_settings_target target)
     if(arg_EXPORT_NAME)
         set_target_properties(${target} PROPERTIES EXPORT_NAME ${arg_EXPORT_NAME})
         if(EDITOR_SETTINGS_INSTALL)
-            set(set EditorSettings)
-            if(target MATCHES "^Lumora")
-                set(set Lumora)
-            endif()
             set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN")
-            install(TARGETS ${target} EXPORT ${set}Targets
+            install(TARGETS ${target} EXPORT ${target}Targets
                 LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
                 ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
                 FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/EditorSettings)

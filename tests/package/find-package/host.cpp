@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include <Settings/Settings.h>
+#include <Settings/Version.h>
+#include <Storage/SqliteStorage.h>
+
+#include <QCoreApplication>
+#include <QTranslator>
+
+#include <cstdio>
+
+struct Product : IProductInfo {
+    std::string vendorName() const override { return "Lumora"; }
+    std::string productName() const override { return "Lumora Video Editor"; }
+    std::string sharedDataFolderName() const override { return "VideoEditor"; }
+    int productKind() const override { return 0; }
+    std::string projectFileExtensions() const override { return "lumora"; }
+};
+
+int main(int argc, char** argv)
+{
+    QCoreApplication const application(argc, argv);
+    auto const product = std::make_shared<Product>();
+    auto const common = std::make_shared<Storage::SqliteStorage>("common.sqlite");
+    auto const own = std::make_shared<Storage::SqliteStorage>("product.sqlite");
+    Settings::init({product, common, own, Lumora::ioPath("resources")});
+
+    std::puts(EDITOR_SETTINGS_VERSION_STRING);
+    std::puts(Settings::exportPath().toUtf8().constData());
+    QTranslator french;
+    if (french.load(QStringLiteral("editor-settings_fr"), QStringLiteral(TRANSLATIONS)))
+        QCoreApplication::installTranslator(&french);
+    std::puts(Settings::projectNameDefault().toUtf8().constData());
+}
