@@ -14,27 +14,29 @@ namespace {
 // The type is deduced from both addresses, so that a getter with another preference's setter does not compile where
 // their types differ.
 template <typename T>
-Row row(char const* name, Store store, Class category, T (*get)(), void (*set)(T const&), QString (*computedDefault)() = nullptr)
+Row row(char const* name, char const* purpose, Store store, Class category, T (*get)(), void (*set)(T const&),
+        QString (*computedDefault)() = nullptr)
 {
-    return {name, store, category, Accessors<T>{get, set}, computedDefault};
+    return {name, purpose, store, category, Accessors<T>{get, set}, computedDefault};
 }
 
 template <typename T>
-Row row(char const* name, Store store, Class category, T (*get)(), void (*set)(T))
+Row row(char const* name, char const* purpose, Store store, Class category, T (*get)(), void (*set)(T))
 {
-    return {name, store, category, Accessors<T>{get, set}};
+    return {name, purpose, store, category, Accessors<T>{get, set}};
 }
 
 template <typename T>
-Family family(char const* name, Store store, Class category, T (*get)(QString), void (*set)(QString, T const&) = nullptr)
+Family family(char const* name, char const* purpose, Store store, Class category, T (*get)(QString),
+              void (*set)(QString, T const&) = nullptr)
 {
-    return {name, store, category, KeyedAccessors<T>{get, set}};
+    return {name, purpose, store, category, KeyedAccessors<T>{get, set}};
 }
 
 template <typename Function>
-Place place(char const* name, Function* function, Root root, Use use, std::vector<std::string> arguments = {})
+Place place(char const* name, char const* purpose, Function* function, Root root, Use use, std::vector<std::string> arguments = {})
 {
-    return {name, root, use, function, std::move(arguments)};
+    return {name, purpose, root, use, function, std::move(arguments)};
 }
 
 } // namespace
@@ -43,61 +45,61 @@ Place place(char const* name, Function* function, Root root, Use use, std::vecto
 std::vector<Row> const& preferences()
 {
     static std::vector<Row> const rows = {
-        row("exportPath", Store::product, Class::local, &Settings::exportPath, &Settings::setExportPath, &Settings::defaultLumoraLibraryPath),
-        row("projectPath", Store::product, Class::local, &Settings::projectPath, &Settings::setProjectPath, &Settings::defaultProjectPath),
-        row("lastAddMediaPath", Store::product, Class::personal, &Settings::lastAddMediaPath, &Settings::setLastAddMediaPath),
-        row("lastAddVideoPath", Store::product, Class::personal, &Settings::lastAddVideoPath, &Settings::setLastAddVideoPath),
-        row("lastAddImagePath", Store::product, Class::personal, &Settings::lastAddImagePath, &Settings::setLastAddImagePath),
-        row("lastAddAudioPath", Store::product, Class::personal, &Settings::lastAddAudioPath, &Settings::setLastAddAudioPath),
-        row("lastAddDirectoryPath", Store::product, Class::personal, &Settings::lastAddDirectoryPath, &Settings::setLastAddDirectoryPath),
-        row("lastAddImageDirectoryPath", Store::product, Class::personal, &Settings::lastAddImageDirectoryPath, &Settings::setLastAddImageDirectoryPath),
-        row("lastTarget", Store::product, Class::transient, &Settings::lastTarget, &Settings::setLastTarget),
-        row("openOutputAfterExport", Store::product, Class::roaming, &Settings::openOutputAfterExport, &Settings::setOpenOutputAfterExport),
-        row("openLinkAfterUpload", Store::product, Class::roaming, &Settings::openLinkAfterUpload, &Settings::setOpenLinkAfterUpload),
-        row("lastUsedPresetGroup", Store::product, Class::transient, &Settings::lastUsedPresetGroup, &Settings::setLastUsedPresetGroup),
-        row("lastUsedPresetId", Store::product, Class::transient, &Settings::lastUsedPresetId, &Settings::setLastUsedPresetId),
-        row("dontShowStartDialog", Store::product, Class::roaming, &Settings::dontShowStartDialog, &Settings::setDontShowStartDialog),
-        row("keepVideoAspect", Store::product, Class::roaming, &Settings::keepVideoAspect, &Settings::setKeepVideoAspect),
-        row("autoUpdate", Store::common, Class::local, &Settings::autoUpdate, &Settings::setCheckForUpdates),
-        row("sendStatistics", Store::common, Class::roaming, &Settings::sendStatistics, &Settings::setSendStatistics),
-        row("recentProjects", Store::product, Class::personal, &Settings::recentProjects, &Settings::setRecentProjects),
-        row("recentProjectPreviews", Store::product, Class::personal, &Settings::recentProjectPreviews, &Settings::setRecentProjectPreviews),
-        row("mainWindowGeometry", Store::product, Class::local, &Settings::mainWindowGeometry, &Settings::setMainWindowGeometry),
-        row("mainWindowState", Store::product, Class::local, &Settings::mainWindowState, &Settings::setMainWindowState),
-        row("splitterMainGeometry", Store::product, Class::local, &Settings::splitterMainGeometry, &Settings::setSplitterMainGeometry),
-        row("splitterMainState", Store::product, Class::local, &Settings::splitterMainState, &Settings::setSplitterMainState),
-        row("splitterTopPanelGeometry", Store::product, Class::local, &Settings::splitterTopPanelGeometry, &Settings::setSplitterTopPanelGeometry),
-        row("splitterTopPanelState", Store::product, Class::local, &Settings::splitterTopPanelState, &Settings::setSplitterTopPanelState),
-        row("audioRecordPath", Store::product, Class::local, &Settings::audioRecordPath, &Settings::setAudioRecordPath, &Settings::defaultAudioRecordPath),
-        row("audioRecordFormat", Store::product, Class::roaming, &Settings::audioRecordFormat, &Settings::setAudioRecordFormat),
-        row("audioRecordCodec", Store::product, Class::roaming, &Settings::audioRecordCodec, &Settings::setAudioRecordCodec),
-        row("downloadableResourcesPath", Store::product, Class::local, &Settings::downloadableResourcesPath, &Settings::setDownloadableResourcesPath, &Settings::defaultDownloadableResourcesPath),
-        row("stabilizedFilePath", Store::product, Class::local, &Settings::stabilizedFilePath, &Settings::setStabilizedFilePath, &Settings::defaultStabilizedFilePath),
-        row("freezedFileFormat", Store::product, Class::roaming, &Settings::freezedFileFormat, &Settings::setfreezedFileFormat),
-        row("notificationsEnabled", Store::product, Class::roaming, &Settings::notificationsEnabled, &Settings::setNotificationsEnabled),
-        row("useGuideLines", Store::product, Class::roaming, &Settings::useGuideLines, &Settings::setUseGuideLines),
-        row("acquaintedWithFastTrack", Store::product, Class::roaming, &Settings::acquaintedWithFastTrack, &Settings::setAcquaintedWithFastTrack),
-        row("fastTrackEnabled", Store::product, Class::roaming, &Settings::fastTrackEnabled, &Settings::setFastTrackEnabled),
-        row("useFilmstripPreview", Store::product, Class::roaming, &Settings::useFilmstripPreview, &Settings::setUseFilmstripPreview),
-        row("fastTrackContentPath", Store::product, Class::local, &Settings::fastTrackContentPath, &Settings::setFastTrackContentPath, &Settings::defaultFastTrackContentPath),
-        row("waveformCachePath", Store::product, Class::local, &Settings::waveformCachePath, &Settings::setWaveformCachePath, &Settings::defaultWaveformCachePath),
-        row("newsCenterContentPath", Store::product, Class::local, &Settings::newsCenterContentPath, &Settings::setNewsCenterContentPath, &Settings::defaultNewsCenterContentPath),
-        row("quizExportUserId", Store::product, Class::personal, &Settings::quizExportUserId, &Settings::setQuizExportUserId),
-        row("quizAgreementChecked", Store::product, Class::personal, &Settings::quizAgreementChecked, &Settings::setQuizAgreementChecked),
-        row("bundleShadowCachePath", Store::product, Class::local, &Settings::bundleShadowCachePath, &Settings::setBundleShadowCachePath, &Settings::defaultBundleShadowCachePath),
-        row("downloaderCachePath", Store::product, Class::local, &Settings::downloaderCachePath, &Settings::setDownloaderCachePath, &Settings::defaultDownloaderCachePath),
-        row("packInAppCachePath", Store::product, Class::local, &Settings::packInAppCachePath, &Settings::setPackInAppCachePath, &Settings::defaultPackInAppCachePath),
-        row("snapshotPath", Store::product, Class::local, &Settings::snapshotPath, &Settings::setSnapshotPath, &Settings::defaultLumoraLibraryPath),
-        row("npsReadyNotificationCount", Store::product, Class::transient, &Settings::npsReadyNotificationCount, &Settings::setNPSReadyNotificationCount),
-        row("npsStartExportCount", Store::product, Class::transient, &Settings::npsStartExportCount, &Settings::setNPSStartExportCount),
-        row("npsSendCount", Store::product, Class::transient, &Settings::npsSendCount, &Settings::setNPSSendCount),
-        row("npsValueToSend", Store::product, Class::personal, &Settings::npsValueToSend, &Settings::setNPSValueToSend),
-        row("npsCommentToSend", Store::product, Class::personal, &Settings::npsCommentToSend, &Settings::setNPSCommentToSend),
-        row("npsEmailToSend", Store::product, Class::personal, &Settings::npsEmailToSend, &Settings::setNPSEmailToSend),
-        row("achievedTutorials", Store::product, Class::roaming, &Settings::achievedTutorials, &Settings::setAchievedTutorials),
-        row("userCustomColors", Store::product, Class::roaming, &Settings::userCustomColors, &Settings::setUserCustomColors),
-        row("SUAutomaticallyUpdate", Store::common, Class::local, &Settings::autoDownloadUpdates, &Settings::setAutoDownloadUpdates),
-        row("targetHistory", Store::product, Class::personal, &Settings::targetHistory, &Settings::setTargetHistory),
+        row("exportPath", "Folder of exported films", Store::product, Class::local, &Settings::exportPath, &Settings::setExportPath, &Settings::defaultLumoraLibraryPath),
+        row("projectPath", "Folder of saved projects", Store::product, Class::local, &Settings::projectPath, &Settings::setProjectPath, &Settings::defaultProjectPath),
+        row("lastAddMediaPath", "Folder last used to add media of any type", Store::product, Class::personal, &Settings::lastAddMediaPath, &Settings::setLastAddMediaPath),
+        row("lastAddVideoPath", "Folder last used to add a video", Store::product, Class::personal, &Settings::lastAddVideoPath, &Settings::setLastAddVideoPath),
+        row("lastAddImagePath", "Folder last used to add an image", Store::product, Class::personal, &Settings::lastAddImagePath, &Settings::setLastAddImagePath),
+        row("lastAddAudioPath", "Folder last used to add audio", Store::product, Class::personal, &Settings::lastAddAudioPath, &Settings::setLastAddAudioPath),
+        row("lastAddDirectoryPath", "Folder last added whole", Store::product, Class::personal, &Settings::lastAddDirectoryPath, &Settings::setLastAddDirectoryPath),
+        row("lastAddImageDirectoryPath", "Folder of images last added whole", Store::product, Class::personal, &Settings::lastAddImageDirectoryPath, &Settings::setLastAddImageDirectoryPath),
+        row("lastTarget", "Export target last used", Store::product, Class::transient, &Settings::lastTarget, &Settings::setLastTarget),
+        row("openOutputAfterExport", "Whether an exported film is opened when it is done", Store::product, Class::roaming, &Settings::openOutputAfterExport, &Settings::setOpenOutputAfterExport),
+        row("openLinkAfterUpload", "Whether the page of an uploaded film is opened when it is done", Store::product, Class::roaming, &Settings::openLinkAfterUpload, &Settings::setOpenLinkAfterUpload),
+        row("lastUsedPresetGroup", "Group of the export preset last used", Store::product, Class::transient, &Settings::lastUsedPresetGroup, &Settings::setLastUsedPresetGroup),
+        row("lastUsedPresetId", "Export preset last used", Store::product, Class::transient, &Settings::lastUsedPresetId, &Settings::setLastUsedPresetId),
+        row("dontShowStartDialog", "Whether the start dialog is left out", Store::product, Class::roaming, &Settings::dontShowStartDialog, &Settings::setDontShowStartDialog),
+        row("keepVideoAspect", "Whether a video keeps its aspect ratio when it is resized", Store::product, Class::roaming, &Settings::keepVideoAspect, &Settings::setKeepVideoAspect),
+        row("autoUpdate", "Whether updates are looked for", Store::common, Class::local, &Settings::autoUpdate, &Settings::setCheckForUpdates),
+        row("sendStatistics", "Whether usage statistics may be sent", Store::common, Class::roaming, &Settings::sendStatistics, &Settings::setSendStatistics),
+        row("recentProjects", "Recently used projects, in a form that the host chooses", Store::product, Class::personal, &Settings::recentProjects, &Settings::setRecentProjects),
+        row("recentProjectPreviews", "Previews of the recent projects, in a form that the host chooses", Store::product, Class::personal, &Settings::recentProjectPreviews, &Settings::setRecentProjectPreviews),
+        row("mainWindowGeometry", "Geometry of the main window, as Qt saves it", Store::product, Class::local, &Settings::mainWindowGeometry, &Settings::setMainWindowGeometry),
+        row("mainWindowState", "State of the main window's bars and docks, as Qt saves it", Store::product, Class::local, &Settings::mainWindowState, &Settings::setMainWindowState),
+        row("splitterMainGeometry", "Geometry of the main splitter", Store::product, Class::local, &Settings::splitterMainGeometry, &Settings::setSplitterMainGeometry),
+        row("splitterMainState", "State of the main splitter", Store::product, Class::local, &Settings::splitterMainState, &Settings::setSplitterMainState),
+        row("splitterTopPanelGeometry", "Geometry of the top panel's splitter", Store::product, Class::local, &Settings::splitterTopPanelGeometry, &Settings::setSplitterTopPanelGeometry),
+        row("splitterTopPanelState", "State of the top panel's splitter", Store::product, Class::local, &Settings::splitterTopPanelState, &Settings::setSplitterTopPanelState),
+        row("audioRecordPath", "Folder of audio recordings", Store::product, Class::local, &Settings::audioRecordPath, &Settings::setAudioRecordPath, &Settings::defaultAudioRecordPath),
+        row("audioRecordFormat", "File format of audio recordings", Store::product, Class::roaming, &Settings::audioRecordFormat, &Settings::setAudioRecordFormat),
+        row("audioRecordCodec", "Codec of audio recordings", Store::product, Class::roaming, &Settings::audioRecordCodec, &Settings::setAudioRecordCodec),
+        row("downloadableResourcesPath", "Folder of downloaded media", Store::product, Class::local, &Settings::downloadableResourcesPath, &Settings::setDownloadableResourcesPath, &Settings::defaultDownloadableResourcesPath),
+        row("stabilizedFilePath", "Folder of stabilized clips", Store::product, Class::local, &Settings::stabilizedFilePath, &Settings::setStabilizedFilePath, &Settings::defaultStabilizedFilePath),
+        row("freezedFileFormat", "File format of freeze frames", Store::product, Class::roaming, &Settings::freezedFileFormat, &Settings::setfreezedFileFormat),
+        row("notificationsEnabled", "Whether notifications are shown", Store::product, Class::roaming, &Settings::notificationsEnabled, &Settings::setNotificationsEnabled),
+        row("useGuideLines", "Whether guide lines are shown", Store::product, Class::roaming, &Settings::useGuideLines, &Settings::setUseGuideLines),
+        row("acquaintedWithFastTrack", "Whether the user has met the fast track", Store::product, Class::roaming, &Settings::acquaintedWithFastTrack, &Settings::setAcquaintedWithFastTrack),
+        row("fastTrackEnabled", "Whether the fast track is on", Store::product, Class::roaming, &Settings::fastTrackEnabled, &Settings::setFastTrackEnabled),
+        row("useFilmstripPreview", "Whether clips are previewed as filmstrips", Store::product, Class::roaming, &Settings::useFilmstripPreview, &Settings::setUseFilmstripPreview),
+        row("fastTrackContentPath", "Folder of the fast track's preview files", Store::product, Class::local, &Settings::fastTrackContentPath, &Settings::setFastTrackContentPath, &Settings::defaultFastTrackContentPath),
+        row("waveformCachePath", "Folder of cached waveforms", Store::product, Class::local, &Settings::waveformCachePath, &Settings::setWaveformCachePath, &Settings::defaultWaveformCachePath),
+        row("newsCenterContentPath", "Folder of the news centre's content", Store::product, Class::local, &Settings::newsCenterContentPath, &Settings::setNewsCenterContentPath, &Settings::defaultNewsCenterContentPath),
+        row("quizExportUserId", "Who the user is to the quiz export", Store::product, Class::personal, &Settings::quizExportUserId, &Settings::setQuizExportUserId),
+        row("quizAgreementChecked", "Whether the quiz agreement is accepted", Store::product, Class::personal, &Settings::quizAgreementChecked, &Settings::setQuizAgreementChecked),
+        row("bundleShadowCachePath", "Folder of shadow copies of bundles", Store::product, Class::local, &Settings::bundleShadowCachePath, &Settings::setBundleShadowCachePath, &Settings::defaultBundleShadowCachePath),
+        row("downloaderCachePath", "Folder of the downloader's cache", Store::product, Class::local, &Settings::downloaderCachePath, &Settings::setDownloaderCachePath, &Settings::defaultDownloaderCachePath),
+        row("packInAppCachePath", "Folder of packages delivered within the application", Store::product, Class::local, &Settings::packInAppCachePath, &Settings::setPackInAppCachePath, &Settings::defaultPackInAppCachePath),
+        row("snapshotPath", "Folder of snapshots", Store::product, Class::local, &Settings::snapshotPath, &Settings::setSnapshotPath, &Settings::defaultLumoraLibraryPath),
+        row("npsReadyNotificationCount", "Notifications that the satisfaction survey is ready, as the host counts them", Store::product, Class::transient, &Settings::npsReadyNotificationCount, &Settings::setNPSReadyNotificationCount),
+        row("npsStartExportCount", "Exports started, as the survey counts them", Store::product, Class::transient, &Settings::npsStartExportCount, &Settings::setNPSStartExportCount),
+        row("npsSendCount", "Survey answers sent", Store::product, Class::transient, &Settings::npsSendCount, &Settings::setNPSSendCount),
+        row("npsValueToSend", "Survey score that waits to be sent; -1 for none", Store::product, Class::personal, &Settings::npsValueToSend, &Settings::setNPSValueToSend),
+        row("npsCommentToSend", "Survey comment that waits to be sent", Store::product, Class::personal, &Settings::npsCommentToSend, &Settings::setNPSCommentToSend),
+        row("npsEmailToSend", "Survey e-mail address that waits to be sent", Store::product, Class::personal, &Settings::npsEmailToSend, &Settings::setNPSEmailToSend),
+        row("achievedTutorials", "Tutorials that the user has finished", Store::product, Class::roaming, &Settings::achievedTutorials, &Settings::setAchievedTutorials),
+        row("userCustomColors", "The user's own colours, in whatever text the host uses", Store::product, Class::roaming, &Settings::userCustomColors, &Settings::setUserCustomColors),
+        row("SUAutomaticallyUpdate", "Whether the updater downloads what it finds", Store::common, Class::local, &Settings::autoDownloadUpdates, &Settings::setAutoDownloadUpdates),
+        row("targetHistory", "Recent export targets in one string that the caller composes", Store::product, Class::personal, &Settings::targetHistory, &Settings::setTargetHistory),
     };
     return rows;
 }
@@ -105,8 +107,8 @@ std::vector<Row> const& preferences()
 std::vector<Family> const& families()
 {
     static std::vector<Family> const rows = {
-        family("indicationObject", Store::product, Class::transient, &Settings::indicationObject, &Settings::setIndicationObject),
-        family("favoriteItems", Store::product, Class::roaming, &Settings::favoriteItems),
+        family("indicationObject", "What the editor keeps for the indication called `name`", Store::product, Class::transient, &Settings::indicationObject, &Settings::setIndicationObject),
+        family("favoriteItems", "The favourites of the list called `name`", Store::product, Class::roaming, &Settings::favoriteItems),
     };
     return rows;
 }
@@ -114,68 +116,68 @@ std::vector<Family> const& families()
 std::vector<Place> const& places()
 {
     static std::vector<Place> const rows = {
-        place("productDataPath", &productDataPath, Root::data, Use::written),
-        place("defaultLumoraLibraryPath", &Settings::defaultLumoraLibraryPath, Root::movies, Use::fallback),
-        place("defaultProjectPath", &Settings::defaultProjectPath, Root::movies, Use::fallback),
-        place("defaultAudioRecordPath", &Settings::defaultAudioRecordPath, Root::music, Use::fallback),
-        place("defaultStabilizedFilePath", &Settings::defaultStabilizedFilePath, Root::movies, Use::fallback),
-        place("defaultFastTrackContentPath", &Settings::defaultFastTrackContentPath, Root::movies, Use::fallback),
-        place("defaultDownloadableResourcesPath", &Settings::defaultDownloadableResourcesPath, Root::movies, Use::fallback),
-        place("defaultNewsCenterContentPath", &Settings::defaultNewsCenterContentPath, Root::cache, Use::fallback),
-        place("defaultBundleShadowCachePath", &Settings::defaultBundleShadowCachePath, Root::cache, Use::fallback),
-        place("defaultDownloaderCachePath", &Settings::defaultDownloaderCachePath, Root::cache, Use::fallback),
-        place("defaultPackInAppCachePath", &Settings::defaultPackInAppCachePath, Root::cache, Use::fallback),
-        place("defaultWaveformCachePath", &Settings::defaultWaveformCachePath, Root::data, Use::fallback),
-        place("resourceFile", &resourceFile, Root::resources, Use::shipped, {"FILE"}),
-        place("stockSampleProjectsPath", &stockSampleProjectsPath, Root::resources, Use::shipped),
-        place("presetFilePath", &Settings::presetFilePath, Root::resources, Use::shipped),
-        place("transitionPreviewImageAPath", &Settings::transitionPreviewImageAPath, Root::resources, Use::shipped),
-        place("transitionPreviewImageBPath", &Settings::transitionPreviewImageBPath, Root::resources, Use::shipped),
-        place("titlePreviewImagePath", &Settings::titlePreviewImagePath, Root::resources, Use::shipped),
-        place("calloutPreviewImagePath", &Settings::calloutPreviewImagePath, Root::resources, Use::shipped),
-        place("quizPreviewImagePath", &Settings::quizPreviewImagePath, Root::resources, Use::shipped),
-        place("effectPreviewImagePath", &Settings::effectPreviewImagePath, Root::resources, Use::shipped),
-        place("audioPreviewImagePath", &Settings::audioPreviewImagePath, Root::resources, Use::shipped),
-        place("panZoomPreviewImagePath", &Settings::panZoomPreviewImagePath, Root::resources, Use::shipped),
-        place("animationBackgroundPreviewImagePath", &Settings::animationBackgroundPreviewImagePath, Root::resources, Use::shipped),
-        place("animationIconPreviewImagePath", &Settings::animationIconPreviewImagePath, Root::resources, Use::shipped),
-        place("colorFilterPreviewImagePath", &Settings::colorFilterPreviewImagePath, Root::resources, Use::shipped),
-        place("stockTitlesSvgPath", &Settings::stockTitlesSvgPath, Root::resources, Use::shipped),
-        place("stockCalloutsSvgPath", &Settings::stockCalloutsSvgPath, Root::resources, Use::shipped),
-        place("stockStickersSvgPath", &Settings::stockStickersSvgPath, Root::resources, Use::shipped),
-        place("stockImportsPath", &Settings::stockImportsPath, Root::resources, Use::shipped),
-        place("stockAudioEffectsPath", &Settings::stockAudioEffectsPath, Root::resources, Use::shipped),
-        place("stockVideoEffectsPath", &Settings::stockVideoEffectsPath, Root::resources, Use::shipped),
-        place("stockPipEffectsPath", &Settings::stockPipEffectsPath, Root::resources, Use::shipped),
-        place("stockColorFiltersPath", &Settings::stockColorFiltersPath, Root::resources, Use::shipped),
-        place("stockTransitionsPath", &Settings::stockTransitionsPath, Root::resources, Use::shipped),
-        place("stockAnimationsPath", &Settings::stockAnimationsPath, Root::resources, Use::shipped),
-        place("stockPanAndZoomPath", &Settings::stockPanAndZoomPath, Root::resources, Use::shipped),
-        place("stockContentPackagesPath", &Settings::stockContentPackagesPath, Root::resources, Use::shipped),
-        place("stockServicePackagesPath", &Settings::stockServicePackagesPath, Root::resources, Use::shipped),
-        place("stockWizardPackagesPath", &Settings::stockWizardPackagesPath, Root::resources, Use::shipped),
-        place("stockThemesPath", &Settings::stockThemesPath, Root::resources, Use::shipped),
-        place("stockWizardBackgroundsPath", &Settings::stockWizardBackgroundsPath, Root::resources, Use::shipped),
-        place("blurMasksPath", &Settings::blurMasksPath, Root::resources, Use::shipped),
-        place("flyingObjectsPath", &Settings::flyingObjectsPath, Root::resources, Use::shipped),
-        place("stockMusicPath", &Settings::stockMusicPath, Root::nothing, Use::fragment),
-        place("stockAudioPath", &Settings::stockAudioPath, Root::nothing, Use::fragment),
-        place("stockVideoPath", &Settings::stockVideoPath, Root::nothing, Use::fragment),
-        place("stockBackgroundsPath", &Settings::stockBackgroundsPath, Root::nothing, Use::fragment),
-        place("userIntrosPath", &Settings::userIntrosPath, Root::data, Use::written),
-        place("userOverlaysPath", &Settings::userOverlaysPath, Root::data, Use::written),
-        place("userEffectsPath", &Settings::userEffectsPath, Root::data, Use::written, {"NAME"}),
-        place("userUnsplashPath", &Settings::userUnsplashPath, Root::data, Use::written),
-        place("unsplashContentPath", &Settings::unsplashContentPath, Root::data, Use::written),
-        place("packageDeploymentPath", &Settings::packageDeploymentPath, Root::data, Use::written),
-        place("fastTrackConfigurationPath", &Settings::fastTrackConfigurationPath, Root::data, Use::written),
-        place("waveformConfigurationPath", &Settings::waveformConfigurationPath, Root::data, Use::written),
-        place("stockPackagesStatisticsPath", &Settings::stockPackagesStatisticsPath, Root::data, Use::written),
-        place("deployedPackagesStatisticsPath", &Settings::deployedPackagesStatisticsPath, Root::data, Use::written),
-        place("notificationFile", &Settings::notificationFile, Root::resources, Use::shipped, {"finish", "error"}),
-        place("countDownImagePath", &Settings::countDownImagePath, Root::nothing, Use::embedded),
-        place("portableProjectMediaPath", &Settings::portableProjectMediaPath, Root::nothing, Use::fragment),
-        place("sampleProjectPath", &Settings::sampleProjectPath, Root::resources, Use::shipped),
+        place("productDataPath", "The product's own data, such as its store", &productDataPath, Root::data, Use::written),
+        place("defaultLumoraLibraryPath", "The user's library: exported films, freeze frames and snapshots", &Settings::defaultLumoraLibraryPath, Root::movies, Use::fallback),
+        place("defaultProjectPath", "Saved projects", &Settings::defaultProjectPath, Root::movies, Use::fallback),
+        place("defaultAudioRecordPath", "Audio recordings", &Settings::defaultAudioRecordPath, Root::music, Use::fallback),
+        place("defaultStabilizedFilePath", "Stabilized clips", &Settings::defaultStabilizedFilePath, Root::movies, Use::fallback),
+        place("defaultFastTrackContentPath", "Preview files of the fast track", &Settings::defaultFastTrackContentPath, Root::movies, Use::fallback),
+        place("defaultDownloadableResourcesPath", "Downloaded media", &Settings::defaultDownloadableResourcesPath, Root::movies, Use::fallback),
+        place("defaultNewsCenterContentPath", "Content of the news centre", &Settings::defaultNewsCenterContentPath, Root::cache, Use::fallback),
+        place("defaultBundleShadowCachePath", "Shadow copies of bundles", &Settings::defaultBundleShadowCachePath, Root::cache, Use::fallback),
+        place("defaultDownloaderCachePath", "Cache of the downloader", &Settings::defaultDownloaderCachePath, Root::cache, Use::fallback),
+        place("defaultPackInAppCachePath", "Packages delivered within the application", &Settings::defaultPackInAppCachePath, Root::cache, Use::fallback),
+        place("defaultWaveformCachePath", "Cached waveforms", &Settings::defaultWaveformCachePath, Root::data, Use::fallback),
+        place("resourceFile", "Whatever ships with the product, by its name below the resources root", &resourceFile, Root::resources, Use::shipped, {"FILE"}),
+        place("stockSampleProjectsPath", "Sample projects", &stockSampleProjectsPath, Root::resources, Use::shipped),
+        place("presetFilePath", "The product's presets", &Settings::presetFilePath, Root::resources, Use::shipped),
+        place("transitionPreviewImageAPath", "Preview of transitions: the first picture", &Settings::transitionPreviewImageAPath, Root::resources, Use::shipped),
+        place("transitionPreviewImageBPath", "Preview of transitions: the second picture", &Settings::transitionPreviewImageBPath, Root::resources, Use::shipped),
+        place("titlePreviewImagePath", "Preview of titles", &Settings::titlePreviewImagePath, Root::resources, Use::shipped),
+        place("calloutPreviewImagePath", "Preview of callouts", &Settings::calloutPreviewImagePath, Root::resources, Use::shipped),
+        place("quizPreviewImagePath", "Preview of quizzes", &Settings::quizPreviewImagePath, Root::resources, Use::shipped),
+        place("effectPreviewImagePath", "Preview of effects", &Settings::effectPreviewImagePath, Root::resources, Use::shipped),
+        place("audioPreviewImagePath", "Preview of audio, a picture of the player", &Settings::audioPreviewImagePath, Root::resources, Use::shipped),
+        place("panZoomPreviewImagePath", "Preview of pan and zoom", &Settings::panZoomPreviewImagePath, Root::resources, Use::shipped),
+        place("animationBackgroundPreviewImagePath", "Preview of animations: the background", &Settings::animationBackgroundPreviewImagePath, Root::resources, Use::shipped),
+        place("animationIconPreviewImagePath", "Preview of animations: the icon", &Settings::animationIconPreviewImagePath, Root::resources, Use::shipped),
+        place("colorFilterPreviewImagePath", "Preview of colour filters", &Settings::colorFilterPreviewImagePath, Root::resources, Use::shipped),
+        place("stockTitlesSvgPath", "Titles", &Settings::stockTitlesSvgPath, Root::resources, Use::shipped),
+        place("stockCalloutsSvgPath", "Callouts", &Settings::stockCalloutsSvgPath, Root::resources, Use::shipped),
+        place("stockStickersSvgPath", "Stickers", &Settings::stockStickersSvgPath, Root::resources, Use::shipped),
+        place("stockImportsPath", "Imports", &Settings::stockImportsPath, Root::resources, Use::shipped),
+        place("stockAudioEffectsPath", "Audio effects", &Settings::stockAudioEffectsPath, Root::resources, Use::shipped),
+        place("stockVideoEffectsPath", "Video effects", &Settings::stockVideoEffectsPath, Root::resources, Use::shipped),
+        place("stockPipEffectsPath", "Picture-in-picture effects", &Settings::stockPipEffectsPath, Root::resources, Use::shipped),
+        place("stockColorFiltersPath", "Colour filters", &Settings::stockColorFiltersPath, Root::resources, Use::shipped),
+        place("stockTransitionsPath", "Transitions", &Settings::stockTransitionsPath, Root::resources, Use::shipped),
+        place("stockAnimationsPath", "Animations", &Settings::stockAnimationsPath, Root::resources, Use::shipped),
+        place("stockPanAndZoomPath", "Pan and zoom", &Settings::stockPanAndZoomPath, Root::resources, Use::shipped),
+        place("stockContentPackagesPath", "Packages of content", &Settings::stockContentPackagesPath, Root::resources, Use::shipped),
+        place("stockServicePackagesPath", "Packages of services", &Settings::stockServicePackagesPath, Root::resources, Use::shipped),
+        place("stockWizardPackagesPath", "Packages of the wizard", &Settings::stockWizardPackagesPath, Root::resources, Use::shipped),
+        place("stockThemesPath", "Themes", &Settings::stockThemesPath, Root::resources, Use::shipped),
+        place("stockWizardBackgroundsPath", "Backgrounds of the wizard", &Settings::stockWizardBackgroundsPath, Root::resources, Use::shipped),
+        place("blurMasksPath", "Masks for blurring", &Settings::blurMasksPath, Root::resources, Use::shipped),
+        place("flyingObjectsPath", "Flying objects", &Settings::flyingObjectsPath, Root::resources, Use::shipped),
+        place("stockMusicPath", "Music", &Settings::stockMusicPath, Root::nothing, Use::fragment),
+        place("stockAudioPath", "Audio", &Settings::stockAudioPath, Root::nothing, Use::fragment),
+        place("stockVideoPath", "Videos", &Settings::stockVideoPath, Root::nothing, Use::fragment),
+        place("stockBackgroundsPath", "Backgrounds", &Settings::stockBackgroundsPath, Root::nothing, Use::fragment),
+        place("userIntrosPath", "The user's own intros", &Settings::userIntrosPath, Root::data, Use::written),
+        place("userOverlaysPath", "The user's own overlays", &Settings::userOverlaysPath, Root::data, Use::written),
+        place("userEffectsPath", "One of the user's own effects, by its name", &Settings::userEffectsPath, Root::data, Use::written, {"NAME"}),
+        place("userUnsplashPath", "Pictures of Unsplash that the user has saved", &Settings::userUnsplashPath, Root::data, Use::written),
+        place("unsplashContentPath", "Pictures of Unsplash", &Settings::unsplashContentPath, Root::data, Use::written),
+        place("packageDeploymentPath", "Packages that are deployed, for all products of the vendor", &Settings::packageDeploymentPath, Root::data, Use::written),
+        place("fastTrackConfigurationPath", "Configuration of the fast track", &Settings::fastTrackConfigurationPath, Root::data, Use::written),
+        place("waveformConfigurationPath", "Configuration of waveforms", &Settings::waveformConfigurationPath, Root::data, Use::written),
+        place("stockPackagesStatisticsPath", "Statistics of stock packages", &Settings::stockPackagesStatisticsPath, Root::data, Use::written),
+        place("deployedPackagesStatisticsPath", "Statistics of deployed packages", &Settings::deployedPackagesStatisticsPath, Root::data, Use::written),
+        place("notificationFile", "The sound of a notification", &Settings::notificationFile, Root::resources, Use::shipped, {"finish", "error"}),
+        place("countDownImagePath", "Picture behind the countdown's figures", &Settings::countDownImagePath, Root::nothing, Use::embedded),
+        place("portableProjectMediaPath", "Media of a portable project", &Settings::portableProjectMediaPath, Root::nothing, Use::fragment),
+        place("sampleProjectPath", "The sample project to offer", &Settings::sampleProjectPath, Root::resources, Use::shipped),
     };
     return rows;
 }
@@ -194,6 +196,42 @@ char const* className(Class category)
         break;
     }
     return "transient";
+}
+
+char const* rootName(Root root)
+{
+    switch (root) {
+    case Root::movies:
+        return "movies";
+    case Root::music:
+        return "music";
+    case Root::cache:
+        return "cache";
+    case Root::data:
+        return "data";
+    case Root::resources:
+        return "resources";
+    case Root::nothing:
+        break;
+    }
+    return "nothing";
+}
+
+char const* useName(Use use)
+{
+    switch (use) {
+    case Use::fallback:
+        return "default of a preference";
+    case Use::written:
+        return "written to";
+    case Use::shipped:
+        return "shipped with the product";
+    case Use::fragment:
+        return "joined to a folder by the editor";
+    case Use::embedded:
+        break;
+    }
+    return "inside the editor's program";
 }
 
 std::vector<std::string> const& preferencesWithoutAccessors()
@@ -261,6 +299,11 @@ QString Place::path(std::string const& argument) const { return std::visit(Asked
 Value Row::read() const
 {
     return std::visit([](auto const& typed) -> Value { return typed.get(); }, accessors);
+}
+
+Value Family::read(QString const& member) const
+{
+    return std::visit([&](auto const& typed) -> Value { return typed.get(member); }, accessors);
 }
 
 void Row::write(Value const& value) const
@@ -332,19 +375,23 @@ std::shared_ptr<ISettingsStorage> boundStore(Store store)
 }
 
 // `read` asks for at most one key.
+Observation observeReadingNothing(std::function<Value()> const& read)
+{
+    WithoutStoredValues const stores;
+    Observation result;
+    result.value = result.defaultValue = read();
+    if (stores.product->askedKey())
+        result.store = Store::product;
+    if (stores.common->askedKey())
+        result.store = Store::common;
+    if (result.store)
+        result.key = *(result.store == Store::common ? stores.common : stores.product)->askedKey();
+    return result;
+}
+
 Observation observeReading(std::function<Value()> const& read)
 {
-    Observation result;
-    {
-        WithoutStoredValues const stores;
-        result.defaultValue = read();
-        if (stores.product->askedKey())
-            result.store = Store::product;
-        if (stores.common->askedKey())
-            result.store = Store::common;
-        if (result.store)
-            result.key = *(result.store == Store::common ? stores.common : stores.product)->askedKey();
-    }
+    Observation result = observeReadingNothing(read);
     result.value = read();
     result.isStored = result.store && boundStore(*result.store)->contains(result.key);
     return result;
@@ -379,7 +426,17 @@ Observation observe(Row const& row)
 
 Observation observe(Family const& family, QString const& name)
 {
-    return observeReading([&] { return std::visit([&](auto const& typed) -> Value { return typed.get(name); }, family.accessors); });
+    return observeReading([&] { return family.read(name); });
+}
+
+Observation observeUnstored(Row const& row)
+{
+    return observeReadingNothing([&] { return row.read(); });
+}
+
+Observation observeUnstored(Family const& family, QString const& name)
+{
+    return observeReadingNothing([&] { return family.read(name); });
 }
 
 std::vector<std::string> askedOfTheProduct(Place const& place)

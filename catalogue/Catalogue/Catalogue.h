@@ -42,7 +42,8 @@ struct Accessors {
 
 /// One preference.
 struct Row {
-    char const* name; ///< Its key.
+    char const* name;    ///< Its key.
+    char const* purpose; ///< What it is for, in a few words.
     Store store;
     Class category;
     std::variant<Accessors<bool>, Accessors<int>, Accessors<std::string>, Accessors<QString>, Accessors<QByteArray>, Accessors<QStringList>>
@@ -64,10 +65,14 @@ struct KeyedAccessors {
 
 /// Settings that the editor keeps under names of its own choice.
 struct Family {
-    char const* name; ///< Of the getter, without namespace.
+    char const* name;    ///< Of the getter, without namespace.
+    char const* purpose; ///< What they are for, in a few words.
     Store store;
     Class category; ///< Of each member.
     std::variant<KeyedAccessors<QByteArray>, KeyedAccessors<QStringList>> accessors;
+
+    /// What the getter gives for the member called `member`.
+    Value read(QString const& member) const;
 };
 
 /// What a location starts from.
@@ -89,9 +94,16 @@ enum class Use {
     embedded, ///< Finds it in the application's own program, not on disk.
 };
 
+/// The word for a root: "movies", "music", "cache", "data", "resources" or "nothing".
+char const* rootName(Root root);
+/// What the editor does, in words for the user: "default of a preference", "written to", "shipped with the product",
+/// "joined to a folder by the editor" or "inside the editor's program".
+char const* useName(Use use);
+
 /// One location.
 struct Place {
-    char const* name; ///< Of the function, without namespace.
+    char const* name;    ///< Of the function, without namespace.
+    char const* purpose; ///< What lies there, in a few words.
     Root root;
     Use use;
     std::variant<QString (*)(), std::string (*)(), QString (*)(std::string const&), std::string (*)(std::string const&),
@@ -140,6 +152,10 @@ std::vector<std::string> askedOfTheProduct(Place const& place);
 Observation observe(Row const& row);
 /// Looks at what `family` keeps under `name`.
 Observation observe(Family const& family, QString const& name);
+/// Looks at a preference as it is where nothing is stored. Needs no store.
+Observation observeUnstored(Row const& row);
+/// Looks at what `family` gives for `name` where nothing is stored, likewise.
+Observation observeUnstored(Family const& family, QString const& name);
 
 /// Whether a list comes back from a store as it was written: empty elements are lost, and the library's separator
 /// splits an element that holds it.

@@ -87,12 +87,18 @@ Names expectedFunctions()
     return names;
 }
 
-// The functions that the header declares, with their results.
-std::map<std::string, std::string> declaredFunctions()
+struct Declared {
+    std::string result;
+    std::string comment; // without line breaks; empty for one that shares the comment before it
+};
+
+// The functions that the header declares.
+std::map<std::string, Declared> declaredFunctions()
 {
     std::ifstream file(TESTS_DATA "/../../library/Settings/Settings.h");
     std::string const header{std::istreambuf_iterator<char>(file), {}};
-    std::map<std::string, std::string> functions;
+    std::map<std::string, Declared> functions;
+    std::string comment;
     bool inNamespace = false;
     std::regex const declaration("^EDITOR_SETTINGS_EXPORT ([\\w:<> ]+) (\\w+)\\(.*");
     for (std::string const& line : lines(header)) {
@@ -100,7 +106,9 @@ std::map<std::string, std::string> declaredFunctions()
             inNamespace = line[0] == 'n';
         std::smatch match;
         if (std::regex_match(line, match, declaration))
-            functions[(inNamespace ? "Settings::" : "") + match[2].str()] = match[1];
+            functions[(inNamespace ? "Settings::" : "") + match[2].str()] = {match[1], comment};
+        bool const isComment = line.compare(0, 4, "/// ") == 0;
+        comment = isComment ? comment + (comment.empty() ? "" : " ") + line.substr(4) : "";
     }
     return functions;
 }
@@ -120,7 +128,7 @@ Names exportedFunctions()
 TEST(Drift, HeaderDeclaresWhatTableAndRowsName)
 {
     Names declared;
-    for (auto const& [name, result] : declaredFunctions())
+    for (auto const& [name, function] : declaredFunctions())
         declared.insert(name);
     ASSERT_GT(declared.size(), 100u);
     expectSame(declared, "Settings.h", expectedFunctions(), "preferences.tsv, the rows or the list of other functions");
@@ -135,13 +143,30 @@ TEST(Drift, LibraryExportsWhatTableAndRowsName)
 
 TEST(Drift, HeaderDeclaresTheTypesOfTheTable)
 {
-    std::map<std::string, std::string> const declared = declaredFunctions();
+    std::map<std::string, Declared> const declared = declaredFunctions();
     for (PreferenceRow const& row : preferenceTable()) {
         if (!row.hasAccessors())
             continue;
-        EXPECT_EQ(declared.at(row.getter), row.type) << row.getter;
-        EXPECT_EQ(declared.at(row.setter), "void") << row.setter;
+        EXPECT_EQ(declared.at(row.getter).result, row.type) << row.getter;
+        EXPECT_EQ(declared.at(row.setter).result, "void") << row.setter;
     }
+}
+
+// The comment begins with the purpose, which ends where a part of a sentence does.
+void expectPurpose(Declared const& function, std::string const& purpose)
+{
+    EXPECT_EQ(function.comment.substr(0, purpose.size()), purpose);
+    EXPECT_NE(std::string(".,;").find(function.comment[purpose.size()]), std::string::npos) << purpose << " is not all of it";
+}
+
+TEST(Drift, RowsTellOfPreferencesWhatTheHeaderTells)
+{
+    std::map<std::string, Declared> const declared = declaredFunctions();
+    for (PreferenceRow const& row : preferenceTable())
+        if (row.hasAccessors())
+            expectPurpose(declared.at(row.getter), Catalogue::findPreference(row.key)->purpose);
+    for (Catalogue::Family const& family : Catalogue::families())
+        expectPurpose(declared.at(std::string("Settings::") + family.name), family.purpose);
 }
 
 TEST(Drift, EveryRowOfTheTableHasARowOfTheCatalogue)

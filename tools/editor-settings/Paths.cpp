@@ -107,23 +107,6 @@ std::vector<Location> askedLocations(PathsOptions const& options)
     return locations;
 }
 
-std::string useName(Use use)
-{
-    switch (use) {
-    case Use::fallback:
-        return "default of a preference";
-    case Use::written:
-        return "written to";
-    case Use::shipped:
-        return "shipped with the product";
-    case Use::fragment:
-        return "joined to a folder by the editor";
-    case Use::embedded:
-        return "inside the editor's program";
-    }
-    return {};
-}
-
 ordered_json asJson(Location const& location)
 {
     ordered_json json = {{"name", location.name}};

@@ -8,6 +8,7 @@
 #include "Monitor.h"
 #include "NextName.h"
 #include "Paths.h"
+#include "Reference.h"
 #include "Setting.h"
 #include "StandardOutput.h"
 #include "Text.h"
@@ -205,6 +206,7 @@ public:
         addLocationVerbs();
         addShortVerbs();
         addUpkeepVerbs();
+        addPages();
         m_completion->add_option("SHELL", m_shell, "bash, zsh or fish")
             ->required()
             ->type_name("")
@@ -234,6 +236,10 @@ public:
         }
         std::filesystem::path const productFile =
             m_productFile.empty() ? Host::installedProductFile() : std::filesystem::path(m_productFile);
+        if (!m_page.empty()) {
+            *m_list ? printPreferencesPage(productFile) : printLocationsPage(productFile);
+            return 0;
+        }
         std::optional<std::filesystem::path> const home = m_home.empty() ? std::nullopt : std::optional<std::filesystem::path>(m_home);
         if (*m_doctor)
             return examineAll(productFile, home, m_doctorFormat) ? 0 : saidNo;
@@ -327,6 +333,19 @@ private:
         m_restore->add_flag("--dry-run", m_isDryRun, "Only tells what would change");
     }
 
+    // A page tells of every machine, so it goes with nothing that asks about this one.
+    void addPages()
+    {
+        for (CLI::App* verb : {m_list, m_paths}) {
+            CLI::Option* const page =
+                verb->add_option("--format", m_page, "markdown: the page of the reference, the same on every machine");
+            page->type_name("FORMAT")->check(CLI::IsMember({"markdown"}));
+            for (CLI::Option* other :
+                 verb->get_options([=](CLI::Option* option) { return option != page && option != verb->get_help_ptr(); }))
+                page->excludes(other);
+        }
+    }
+
     // A line that names what was to follow the verbs given so far; empty where nothing was.
     static std::string whatFollows(CLI::App const& app)
     {
@@ -354,6 +373,8 @@ private:
             {m_list->get_option("PATTERN"), keys},
             {m_set->get_option("--from-file"), {Choice::Kind::files}},
             {m_list->get_option("--store"), {Choice::Kind::words, {"product", "common"}}},
+            {m_list->get_option("--format"), {Choice::Kind::words, {"markdown"}}},
+            {m_paths->get_option("--format"), {Choice::Kind::words, {"markdown"}}},
             {m_paths->get_option("NAME"), {Choice::Kind::words, pathNames()}},
             {m_backup->get_option("FILE"), {Choice::Kind::files}},
             {m_restore->get_option("FILE"), {Choice::Kind::files}},
@@ -466,6 +487,7 @@ private:
     FormatOptions m_restoreFormat{m_restore, asJsonWithBytes};
     FormatOptions m_monitorFormat{m_monitor, "One JSON object a line; bytes in base64"};
     FormatOptions m_doctorFormat{m_doctor, asJson};
+    std::string m_page;
     ListOptions m_listOptions;
     PathsOptions m_pathsOptions;
     NextNameOptions m_nextNameOptions;
