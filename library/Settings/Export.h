@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+
+/// @file
+/// What the settings library is marked with.
 #pragma once
 
 /// Marks what libEditorSettings offers to its host. Free of Qt, so that stores can be written without it.

@@ -17,10 +17,13 @@ class ISettingsStorage {
 public:
     virtual ~ISettingsStorage() = default;
 
+    /// Keeps a boolean under `key`.
     virtual void setBool(std::string const& key, bool value) = 0;
+    /// Keeps an integer under `key`.
     virtual void setInt(std::string const& key, int value) = 0;
     /// `value` is UTF-8 by convention; it is kept whole and unchanged, embedded NULs and invalid sequences included.
     virtual void setString(std::string const& key, std::string const& value) = 0;
+    /// Keeps `value` whole, of any length and content.
     virtual void setBytes(std::string const& key, std::vector<unsigned char> const& value) = 0;
 
     /// Whether `key` holds a value of any kind. The library does not ask; hosts and tools do.

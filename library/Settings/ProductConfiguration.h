@@ -5,6 +5,7 @@
 
 #include <QString>
 
+/// What is fixed for the product, whatever its product information says.
 namespace Configuration {
 
 /// "Lumora Video Editor": the product's folder in every standard location that the library places folders in.

@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: MIT
-//
-// The editor's preferences, its locations, and names for the files that it is about to write.
-//
-// Binding. Call `Settings::init` once, before anything else here, with a product-information object and two stores
-//   that stay alive for as long as the library is called. A call that finds its collaborator unbound or destroyed ends
-//   the process with a line on standard error that names the collaborator; no default is ever given in its place.
-// Threads. Once bound, every function may be called from any thread; whether calls on one store may run side by side
-//   is the store's business. `Settings::init` must not run beside any other call. The constants are read-only.
-// Failure. The library reports nothing and logs nothing. What a store, the product information, the platform libraries
-//   or an allocation throws reaches the caller unchanged.
-//
-// Nothing is cached: each call asks its collaborators and the environment anew. No function creates, removes or checks
-// a file or a directory; the generated names and the sample project list one. Example paths are those of a user "u" with the product names
-// in parentheses.
+
+/// @file
+/// The editor's preferences, its locations, and names for the files that it is about to write.
+///
+/// Binding. Call `Settings::init` once, before anything else here, with a product-information object and two stores
+///   that stay alive for as long as the library is called. A call that finds its collaborator unbound or destroyed ends
+///   the process with a line on standard error that names the collaborator; no default is ever given in its place.
+/// Threads. Once bound, every function may be called from any thread; whether calls on one store may run side by side
+///   is the store's business. `Settings::init` must not run beside any other call. The constants are read-only.
+/// Failure. The library reports nothing and logs nothing. What a store, the product information, the platform libraries
+///   or an allocation throws reaches the caller unchanged.
+///
+/// Nothing is cached: each call asks its collaborators and the environment anew. No function creates, removes or checks
+/// a file or a directory; the generated names and the sample project list one. Example paths are those of a user "u" with the product names
+/// in parentheses.
 #pragma once
 
 #include <Settings/Export.h>
@@ -33,6 +34,7 @@
 
 // --- Binding ---------------------------------------------------------------------------------------------------------
 
+/// What the editor prefers, where its things lie and what its new files are called.
 namespace Settings {
 
 /// Binds the library to the collaborators of `context`, of which it keeps a copy. A later call replaces the binding
@@ -52,7 +54,9 @@ EDITOR_SETTINGS_EXPORT void init(SettingsContext const& context);
 EDITOR_SETTINGS_EXPORT std::string read(std::string const& key, std::string const& defaultValue, bool useCommonStorage);
 /// The stored string decoded from UTF-8, invalid sequences as replacement characters.
 EDITOR_SETTINGS_EXPORT QString read(std::string const& key, QString const& defaultValue, bool useCommonStorage);
+/// The stored boolean, or `defaultValue`.
 EDITOR_SETTINGS_EXPORT bool read(std::string const& key, bool const& defaultValue, bool useCommonStorage);
+/// The stored integer, or `defaultValue`.
 EDITOR_SETTINGS_EXPORT int read(std::string const& key, int const& defaultValue, bool useCommonStorage);
 /// The stored bytes. `defaultValue` is ignored: an absent key gives an empty array.
 EDITOR_SETTINGS_EXPORT QByteArray read(std::string const& key, QByteArray const& defaultValue, bool useCommonStorage);
@@ -64,11 +68,15 @@ EDITOR_SETTINGS_EXPORT boost::rational<long long> read(std::string const& key, b
 /// The stored string split at every "|#|", without empty elements. The default takes the same way, joined and split.
 EDITOR_SETTINGS_EXPORT QStringList read(std::string const& key, QStringList defaultValue, bool useCommonStorage);
 
+/// Stores `value` as it is, which is UTF-8 by convention.
 EDITOR_SETTINGS_EXPORT void write(std::string const& key, std::string const& value, bool useCommonStorage);
 /// Stores `value` in UTF-8.
 EDITOR_SETTINGS_EXPORT void write(std::string const& key, QString const& value, bool useCommonStorage);
+/// Stores a boolean; a literal of text is one, too.
 EDITOR_SETTINGS_EXPORT void write(std::string const& key, bool const& value, bool useCommonStorage);
+/// Stores an integer.
 EDITOR_SETTINGS_EXPORT void write(std::string const& key, int const& value, bool useCommonStorage);
+/// Stores bytes, of any number and content.
 EDITOR_SETTINGS_EXPORT void write(std::string const& key, QByteArray const& value, bool useCommonStorage);
 /// Stores numerator and denominator under key + "_N" and key + "_D", each cut to its low 32 bits. Where the second
 /// store call throws, the first half is already written.
@@ -413,7 +421,10 @@ EDITOR_SETTINGS_EXPORT QString stockPackagesStatisticsPath();
 EDITOR_SETTINGS_EXPORT QString deployedPackagesStatisticsPath();
 
 /// The sounds of notifications.
-enum Notifications : int { FinishNotification = 0, ErrorNotification = 1 };
+enum Notifications : int {
+    FinishNotification = 0, ///< Something is done.
+    ErrorNotification = 1,  ///< Something went wrong.
+};
 /// "/opt/editor/resources/samples/notifications/finish.wav" or ".../error.wav"; for any other value the folder, with "/"
 /// at its end. The root counts up to its first NUL.
 EDITOR_SETTINGS_EXPORT QString notificationFile(Notifications kind);

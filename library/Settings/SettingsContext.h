@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+
+/// @file
+/// The binding of the library to its host.
 #pragma once
 
 #include <Settings/Export.h>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-//
-// The file system that a path lies on, and whether a store can be trusted to it.
+
+/// @file
+/// The file system that a path lies on, and whether a store can be trusted to it.
 #pragma once
 
 #include <filesystem>
@@ -8,15 +9,16 @@
 
 namespace Storage {
 
+/// What the system tells of a file system.
 struct FileSystem {
     std::string type;                 ///< As the system names it, such as "ext4" or "fuse.sshfs"; empty where it cannot be told.
     std::filesystem::path mountPoint; ///< Empty where it cannot be told.
-    bool isReadOnly = false;
+    bool isReadOnly = false;          ///< Whether nothing can be changed there.
 };
 
 /// What a file system is for a store.
 enum class Suitability {
-    suitable,
+    suitable,     ///< Nothing speaks against it.
     readOnly,     ///< Nothing can be changed there.
     network,      ///< Locks do not hold for programs on other machines, so that two can damage the store.
     withoutLinks, ///< A store cannot be made there, as a file gets its name by a link when it is whole.
@@ -30,6 +32,7 @@ FileSystem fileSystemOf(std::filesystem::path const& path);
 /// The file system that the absolute `path`, without links, is on by a table of mounts such as /proc/self/mountinfo.
 FileSystem fileSystemIn(std::string const& mountTable, std::filesystem::path const& path);
 
+/// What speaks against a store on `fileSystem`, if anything does.
 Suitability suitabilityForStores(FileSystem const& fileSystem);
 
 } // namespace Storage

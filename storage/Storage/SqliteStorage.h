@@ -12,6 +12,7 @@
 #include <variant>
 #include <vector>
 
+/// Stores on disk.
 namespace Storage {
 
 /// A durable store: one SQLite file, one row for each key.
@@ -32,26 +33,29 @@ public:
         full = 2,   ///< A change is on disk when its call returns.
     };
 
+    /// How patient and how careful a store is.
     struct Options {
         /// How long a call waits for other processes before it throws.
         std::chrono::milliseconds busyTimeout{5000};
+        /// How often a change waits for the disk.
         Synchronous synchronous = Synchronous::full;
     };
 
     /// A stored value; `std::monostate` for a kind, or a value of a kind, that this version cannot read.
     using Value = std::variant<std::monostate, bool, int, std::string, std::vector<unsigned char>>;
 
+    /// A key, and what it holds.
     struct Row {
-        std::string key;
+        std::string key;  ///< Of any bytes; UTF-8 by convention.
         std::string kind; ///< "bool", "int", "string" or "bytes"; another word where a later version stored it.
-        Value value;
+        Value value;      ///< Of that kind.
         std::chrono::system_clock::time_point changed; ///< When the value was last set, to the millisecond.
     };
 
     /// One of the changes that `apply` makes together.
     struct Change {
-        std::string key;
-        Value value; ///< `std::monostate` removes the key.
+        std::string key; ///< What is changed.
+        Value value;     ///< `std::monostate` removes the key.
     };
 
     /// What can be told of the file itself.
@@ -69,6 +73,7 @@ public:
     /// existing file is checked whole and not changed. A file that the user may read but not write, and one that a newer
     /// version wrote, is opened for reading, and each change throws. The current directory counts only now.
     explicit SqliteStorage(std::filesystem::path const& file);
+    /// As above, with options of the caller's choice.
     SqliteStorage(std::filesystem::path const& file, Options const& options);
     ~SqliteStorage() override;
 

@@ -11,6 +11,7 @@ namespace Storage {
 /// case: where the disk refuses the very last step of a change, only the next read tells whether it holds.
 class StorageError : public std::runtime_error {
 public:
+    /// Makes the sentence "`file`: cannot `attempt`: `reason`; `remedy`".
     StorageError(std::string const& file, std::string const& attempt, std::string const& reason, std::string const& remedy)
         : std::runtime_error(file + ": cannot " + attempt + ": " + reason + "; " + remedy), m_file(file), m_reason(reason)
     {}

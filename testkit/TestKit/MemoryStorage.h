@@ -14,6 +14,7 @@ namespace TestKit {
 /// A store in memory, empty at first. A read for another kind than the stored one gives its default. Any thread may call.
 class MemoryStorage final : public ISettingsStorage {
 public:
+    /// A value of any kind that a store keeps.
     using Value = std::variant<bool, int, std::string, std::vector<unsigned char>>;
 
     void setBool(std::string const& key, bool value) override;

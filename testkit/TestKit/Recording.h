@@ -15,9 +15,11 @@ namespace TestKit {
 /// collaborators may share one log, which then tells the order among them. Any thread may call.
 class CallLog {
 public:
+    /// Adds a call, as text.
     void add(std::string call);
     /// What was called since the last `take` or `clear`, which it forgets.
     std::vector<std::string> take();
+    /// Forgets what was called so far.
     void clear() { take(); }
 
 private:
@@ -52,6 +54,7 @@ private:
 /// Logs each call, such as `productInfo.vendorName()`, then hands it to another product-information object.
 class RecordingProductInfo final : public IProductInfo {
 public:
+    /// Each call goes into `log`, then to `inner`.
     RecordingProductInfo(std::shared_ptr<CallLog> log, std::shared_ptr<IProductInfo const> inner);
 
     std::string vendorName() const override;

@@ -9,6 +9,7 @@ namespace TestKit {
 /// not run beside any other call of the library.
 class ScopedBinding {
 public:
+    /// Binds the library to `context`, which is not kept alive.
     explicit ScopedBinding(SettingsContext const& context);
     ~ScopedBinding();
     ScopedBinding(ScopedBinding const&) = delete;

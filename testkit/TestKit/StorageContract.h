@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
-//
-// What every store owes its callers, as GoogleTest tests that a host runs over its own store:
-//
-//   struct MyBackend {
-//       std::shared_ptr<ISettingsStorage> open(); // an empty store at the first call
-//   };
-//   namespace TestKit {
-//   INSTANTIATE_TYPED_TEST_SUITE_P(MyStore, StorageContract, MyBackend);
-//   }
-//
-// A backend is made anew for each test. `open` may be called again, also while the earlier store lives, and gives a
-// store with the same content; a backend without a lasting one returns the same store.
+
+/// @file
+/// What every store owes its callers, as GoogleTest tests that a host runs over its own store:
+///
+///   struct MyBackend {
+///       std::shared_ptr<ISettingsStorage> open(); // an empty store at the first call
+///   };
+///   namespace TestKit {
+///   INSTANTIATE_TYPED_TEST_SUITE_P(MyStore, StorageContract, MyBackend);
+///   }
+///
+/// A backend is made anew for each test. `open` may be called again, also while the earlier store lives, and gives a
+/// store with the same content; a backend without a lasting one returns the same store.
 #pragma once
 
 #include <Settings/ISettingsStorage.h>
@@ -25,13 +26,15 @@
 
 namespace TestKit {
 
+/// Bytes, as a store takes them.
 using Bytes = std::vector<unsigned char>;
 
+/// The tests that every store passes, on the one that `Backend` opens.
 template <typename Backend>
 class StorageContract : public testing::Test {
 protected:
-    Backend m_backend;
-    std::shared_ptr<ISettingsStorage> m_store = m_backend.open();
+    Backend m_backend;                                            ///< Made anew for each test.
+    std::shared_ptr<ISettingsStorage> m_store = m_backend.open(); ///< Its store, empty.
 };
 
 TYPED_TEST_SUITE_P(StorageContract);

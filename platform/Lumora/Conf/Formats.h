@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-//
-// Names of file formats and codecs, as they are stored in preferences and used as file extensions. ASCII.
-// The values exist once libLumoraConf is loaded; a library that links to it may copy them while it is being loaded.
+
+/// @file
+/// Names of file formats and codecs, as they are stored in preferences and used as file extensions. ASCII.
+/// The values exist once libLumoraConf is loaded; a library that links to it may copy them while it is being loaded.
 #pragma once
 
 #include <string>
@@ -15,7 +16,9 @@
 #define LUMORA_CONF_EXPORT __declspec(dllimport)
 #endif
 
+/// The editor's own platform libraries.
 namespace Lumora {
+/// Names of formats.
 namespace Conf {
 
 /// File formats.

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-//
-// Conversions between Qt's byte array and the standard library's: byte for byte, of any length and content, NUL bytes
-// included. Pure functions: any thread may call them; they throw only `std::bad_alloc`.
+
+/// @file
+/// Conversions between Qt's byte array and the standard library's: byte for byte, of any length and content, NUL bytes
+/// included. Pure functions: any thread may call them; they throw only `std::bad_alloc`.
 #pragma once
 
 #include <Lumora/Util/Export.h>

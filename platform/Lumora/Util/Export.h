@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+
+/// @file
+/// What the utility library is marked with.
 #pragma once
 
 #include <QtGlobal>

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-//
-// Where the user's standard directories lie. Both functions only compute a path: neither creates nor checks a
-// directory. They may be called from any thread while no thread changes the environment.
+
+/// @file
+/// Where the user's standard directories lie. Both functions only compute a path: neither creates nor checks a
+/// directory. They may be called from any thread while no thread changes the environment.
 #pragma once
 
 #include <Lumora/Util/Export.h>
@@ -10,6 +11,7 @@
 #include <QString>
 
 namespace Lumora {
+/// Standard directories and conversions.
 namespace Util {
 
 /// The directory that the platform gives the user for `location`, such as "/home/u/Videos" for the movies location:
