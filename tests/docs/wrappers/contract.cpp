@@ -1,0 +1,5 @@
+// The contract suite, over a store.
+#include <TestKit/MemoryStorage.h>
+#include <TestKit/StorageContract.h>
+
+@1@

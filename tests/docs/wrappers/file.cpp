@@ -1,0 +1,21 @@
+// A host: all that the guide's blocks use, and the block.
+#include <Settings/Settings.h>
+#include <Storage/Backup.h>
+#include <Storage/SqliteStorage.h>
+#include <TestKit/MemoryStorage.h>
+
+#include <QSettings>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+struct Product : IProductInfo {
+    std::string vendorName() const override { return "Lumora"; }
+    std::string productName() const override { return "Lumora Video Editor"; }
+    std::string sharedDataFolderName() const override { return "VideoEditor"; }
+    int productKind() const override { return 0; }
+    std::string projectFileExtensions() const override { return "lumora"; }
+};
+
+@1@

@@ -1,0 +1,24 @@
+// The library with one more location: its declaration, its definition and its row.
+#include <Catalogue/Catalogue.h>
+
+#include <cstdio>
+
+namespace Settings {
+@1@
+} // namespace Settings
+
+@2@
+
+using namespace Catalogue;
+
+template <typename Function>
+Place place(char const* name, char const* purpose, Function* function, Root root, Use use)
+{
+    return {name, purpose, root, use, function};
+}
+
+Place const added[] = {
+@3@
+};
+
+int main() { std::puts(qUtf8Printable(added[0].path())); }
