@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The verb that looks for what is wrong: each finding is made, told and, where nothing is wrong, not told.
+#include "LastingFolder.h"
 #include "Tool.h"
 
 #include <Storage/SqliteStorage.h>
@@ -21,24 +22,6 @@ namespace {
 
 using Words = std::vector<std::string>;
 using Storage::SqliteStorage;
-
-// Homes of tests are made where a file system keeps what it is given, which the folder of temporary files may not be.
-class LastingFolder {
-public:
-    LastingFolder() { ::setenv("TMPDIR", "/var/tmp", 1); }
-    ~LastingFolder()
-    {
-        if (m_earlier)
-            ::setenv("TMPDIR", m_earlier->c_str(), 1);
-        else
-            ::unsetenv("TMPDIR");
-    }
-    LastingFolder(LastingFolder const&) = delete;
-    LastingFolder& operator=(LastingFolder const&) = delete;
-
-private:
-    std::optional<std::string> const m_earlier = std::getenv("TMPDIR") ? std::optional<std::string>(std::getenv("TMPDIR")) : std::nullopt;
-};
 
 class Doctor : private LastingFolder, public Tool {
 protected:

@@ -2,6 +2,7 @@
 #include "Manual.h"
 
 #include "CommandWalk.h"
+#include "Examples.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -66,12 +67,29 @@ std::string entriesOf(CLI::App const& app)
     return text;
 }
 
+// As it is typed: with quotes that a shell takes for such.
+std::string typed(std::string const& command)
+{
+    std::string result;
+    for (char const character : troff(command))
+        result += character == '\'' ? "\\(aq" : character == '~' ? "\\(ti" : std::string(1, character);
+    return result;
+}
+
+std::string examplesIn(std::string const& path)
+{
+    std::string text;
+    for (Example const& example : examplesOf(path))
+        text += entry("\\fB" + typed(example.command) + "\\fR", example.effect);
+    return text.empty() ? text : ".PP\nExamples:\n" + text;
+}
+
 std::string sectionOf(CLI::App const& verb, std::string const& path)
 {
     std::string usage = ".SS \"\\fB" + troff(path) + "\\fR";
     for (CLI::Option const* positional : optionsOf(verb, true))
         usage += ' ' + usageOf(*positional);
-    return usage + "\"\n" + troff(verb.get_description()) + ".\n" + entriesOf(verb);
+    return usage + "\"\n" + troff(verb.get_description()) + ".\n" + entriesOf(verb) + examplesIn(path);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "Commands.h"
 #include "Completion.h"
 #include "Doctor.h"
+#include "Examples.h"
 #include "Manual.h"
 #include "Monitor.h"
 #include "NextName.h"
@@ -213,9 +214,9 @@ public:
             ->check(CLI::IsMember({"bash", "zsh", "fish"}));
 
         for (CLI::App* verb : m_app.get_subcommands([](CLI::App*) { return true; }))
-            verb->fallthrough(); // --home and --product may stand behind the verb too
+            complete(verb, verb->get_name());
         for (CLI::App* kind : {m_nextAudio, m_nextFreeze, m_nextStabilized})
-            kind->fallthrough();
+            complete(kind, "next-name " + kind->get_name());
     }
 
     // The exit status for trouble.
@@ -250,6 +251,13 @@ public:
     }
 
 private:
+    // What stands for all verbs may stand behind each too.
+    static void complete(CLI::App* verb, std::string const& path)
+    {
+        verb->fallthrough();
+        verb->footer(helpExamples(path));
+    }
+
     void addWhatStandsForAll()
     {
         m_app.add_option("--product", m_productFile, "The product file, in JSON; default: the one that is installed with this program")
