@@ -16,6 +16,10 @@ namespace {
 
 using Storage::SqliteStorage;
 
+std::string const lookAtTheStores =
+    "Run 'editor-settings doctor' with the same options to see what is wrong; 'editor-settings restore FILE' "
+    "brings a backup back.\n";
+
 class ToolBackups : public Tool {
 protected:
     void store(std::string const& exportPath)
@@ -130,7 +134,7 @@ TEST_F(ToolBackups, DamagedStoreIsReplacedAndKept)
     std::ofstream(productFile()) << "not a store";
     std::string const trouble = productFile() + ": cannot open the store: file is not a database; the file was left as it is: move it away "
                                                 "and restore it from a backup\n";
-    EXPECT_EQ(refused({"get", "exportPath"}), "editor-settings: " + trouble);
+    EXPECT_EQ(refused({"get", "exportPath"}), "editor-settings: " + trouble + lookAtTheStores);
     Ended const restored = tool({"restore", backup()});
     EXPECT_EQ(restored.status, 0);
     EXPECT_EQ(timeless(restored.err).substr(0, 17 + trouble.size()), "editor-settings: " + trouble);
@@ -163,7 +167,8 @@ TEST_F(ToolBackups, StoreOfANewerVersionIsReadWithANote)
     EXPECT_EQ(got.status, 0);
     EXPECT_EQ(got.out, "/films\n");
     EXPECT_EQ(got.err, "editor-settings: only for reading: " + productFile() + ": cannot change the store: " + reason);
-    EXPECT_EQ(refused({"set", "exportPath", "/x"}), "editor-settings: " + productFile() + ": cannot set \"exportPath\": " + reason);
+    EXPECT_EQ(refused({"set", "exportPath", "/x"}),
+              "editor-settings: " + productFile() + ": cannot set \"exportPath\": " + reason + lookAtTheStores);
 }
 
 } // namespace

@@ -286,10 +286,11 @@ TEST_F(Tool, StoresLieWithProductAndVendorUnlessTheyAreNamed)
 TEST_F(Tool, StoreThatIsNoneIsNamedAndKept)
 {
     std::filesystem::path const file = m_home.write("broken/product-settings.sqlite", "not a store");
-    EXPECT_EQ(
-        refused({"--home", inHome("broken"), "set", "npsSendCount", "1"}),
-        "editor-settings: " + file.string() +
-            ": cannot open the store: file is not a database; the file was left as it is: move it away and restore it from a backup\n");
+    EXPECT_EQ(refused({"--home", inHome("broken"), "set", "npsSendCount", "1"}),
+              "editor-settings: " + file.string() +
+                  ": cannot open the store: file is not a database; the file was left as it is: move it away and restore it from a backup\n"
+                  "Run 'editor-settings doctor' with the same options to see what is wrong; 'editor-settings restore FILE' brings a backup "
+                  "back.\n");
     EXPECT_EQ(std::filesystem::file_size(file), 11u);
 }
 
@@ -311,8 +312,10 @@ TEST_F(Tool, ProductFileDecidesTheFolders)
 
 TEST_F(Tool, MissingProductFileIsNamed)
 {
-    EXPECT_EQ(refused({"--product", "/no/such.json", "list"}), "editor-settings: product file /no/such.json cannot be read (No such file "
-                                                               "or directory); check its name and rights, or name another product file\n");
+    EXPECT_EQ(refused({"--product", "/no/such.json", "list"}),
+              "editor-settings: product file /no/such.json cannot be read (No such file "
+              "or directory); check its name and rights, or name another product file\n"
+              "Name a product file with '--product FILE', or in EDITOR_SETTINGS_PRODUCT.\n");
 }
 
 // --- list ---

@@ -123,6 +123,8 @@ Setting setting(Host::Application const& application, std::string const& key)
     auto const& reserved = Catalogue::preferencesWithoutAccessors();
     if (std::find(reserved.begin(), reserved.end(), key) != reserved.end())
         throw Refusal(key + " is reserved: the editor neither reads nor writes it, so it cannot be reached");
+    if (Catalogue::findPlace(key))
+        throw Refusal(key + " is a location and no preference; 'editor-settings paths " + key + "' shows it");
     throw Refusal("there is no preference " + quotedBriefly(key) + "; " + suggestion(key) + "'editor-settings list' shows all");
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Advice.h"
 #include "Backups.h"
 #include "CommandWalk.h"
 #include "Commands.h"
@@ -162,6 +163,7 @@ struct TransferVerbs {
     }
 
     bool isDiff() const { return comparing->parsed(); }
+    bool isExport() const { return exporting->parsed(); }
     bool isToStore() const { return importing->parsed() && !options.dryRun; }
 
     // The exit status.
@@ -197,7 +199,7 @@ public:
     {
         m_app.require_subcommand(0, 1);
         m_app.failure_message([](CLI::App const* app, CLI::Error const& error) {
-            return "editor-settings: " + shortened(withoutControls(unmarked(error.what())), 500) + '\n' + whatFollows(*app) +
+            return "editor-settings: " + shortened(withoutControls(unmarked(error.what())), 500) + '\n' + adviceOnWords(*app) +
                    "Run with --help for more information.\n";
         });
         m_app.set_version_flag("--version", EDITOR_SETTINGS_VERSION);
@@ -217,6 +219,18 @@ public:
             complete(verb, verb->get_name());
         for (CLI::App* kind : {m_nextAudio, m_nextFreeze, m_nextStabilized})
             complete(kind, "next-name " + kind->get_name());
+    }
+
+    // What to do about trouble, on a line of its own; empty where its text says all.
+    std::string adviceOn(std::exception const& trouble) const
+    {
+        bool const isAboutAFileOfItsOwn = m_hasOpened && (*m_backup || *m_restore || m_transfer.isExport());
+        if (dynamic_cast<Host::ProductFileError const*>(&trouble))
+            return "Name a product file with '--product FILE', or in EDITOR_SETTINGS_PRODUCT.\n";
+        if (dynamic_cast<Storage::StorageError const*>(&trouble) && !isAboutAFileOfItsOwn)
+            return "Run 'editor-settings doctor' with the same options to see what is wrong; "
+                   "'editor-settings restore FILE' brings a backup back.\n";
+        return {};
     }
 
     // The exit status for trouble.
@@ -245,6 +259,7 @@ public:
         if (*m_doctor)
             return examineAll(productFile, home, m_doctorFormat) ? 0 : saidNo;
         Host::Application const application(productFile, home, policy());
+        m_hasOpened = true;
         noteStoresThatTakeNoChange(application);
         answer(application);
         return m_transfer.run(application);
@@ -354,20 +369,6 @@ private:
         }
     }
 
-    // A line that names what was to follow the verbs given so far; empty where nothing was.
-    static std::string whatFollows(CLI::App const& app)
-    {
-        CLI::App const* given = &app;
-        while (!given->get_subcommands().empty())
-            given = given->get_subcommands().front();
-        std::string names;
-        auto const verbs = verbsOf(*given);
-        for (CLI::App const* verb : verbs)
-            names += (verb == verbs.front() ? "" : verb == verbs.back() ? " and " : ", ") + verb->get_name();
-        std::string const what = given == &app ? "The verbs" : "What follows " + given->get_name();
-        return names.empty() ? names : what + (given == &app ? " are " : " is one of ") + names + ".\n";
-    }
-
     // What completes the words of the command line. The names of locations need no binding.
     std::map<CLI::Option const*, Choice> choices() const
     {
@@ -461,6 +462,7 @@ private:
     CLI::App m_app{"Reads, changes and explains the preferences, folders and file names of Lumora Video Editor.", "editor-settings"};
     std::string m_productFile;
     std::string m_home;
+    bool m_hasOpened = false;
 
     CLI::App* m_list = m_app.add_subcommand("list", "All preferences with their values, sorted by key");
     CLI::App* m_get = m_app.add_subcommand("get", "The value that the editor reads now");
@@ -519,6 +521,7 @@ int main(int argc, char** argv)
         status = commandLine.run(argc, argv);
     } catch (std::exception const& error) {
         tell(error.what());
+        std::cerr << commandLine.adviceOn(error);
         status = commandLine.statusOfTrouble();
     }
     if (std::string const trouble = output.trouble(); !trouble.empty()) {
