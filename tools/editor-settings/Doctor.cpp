@@ -2,6 +2,7 @@
 #include "Doctor.h"
 
 #include "DoctorChecks.h"
+#include "HomeFolder.h"
 #include "Setting.h"
 #include "Text.h"
 
@@ -32,6 +33,13 @@ Findings checked(Host::Application const& application, ExaminedStore const& stor
     return findings;
 }
 
+Findings checkHome()
+{
+    std::string const trouble = troubleWithTheHome();
+    return trouble.empty() ? Findings()
+                           : Findings{{Severity::warning, "home", trouble, "set HOME to the folder of the user whom the editor runs for"}};
+}
+
 Findings checked(fs::path const& productFile, std::optional<fs::path> const& storeFolder, Facts& facts)
 {
     std::optional<Host::Application> application;
@@ -46,7 +54,7 @@ Findings checked(fs::path const& productFile, std::optional<fs::path> const& sto
                  {},
                  facts.productFile}};
     }
-    Findings findings;
+    Findings findings = checkHome();
     for (Store const store : {Store::product, Store::common}) {
         facts.stores.push_back(examined(*application, store));
         append(findings, checked(*application, facts.stores.back()));

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "HomeFolder.h"
 
+#include "Text.h"
+
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QStringList>
 
 #include <algorithm>
@@ -78,3 +81,16 @@ bool holdsOneOf(std::string const& bytes, std::vector<std::string> const& parts)
 } // namespace
 
 bool tellsOfTheHome(std::string const& bytes) { return holdsOneOf(bytes, forms().asTheyAre) || holdsOneOf(plain(bytes), forms().plain); }
+
+std::string troubleWithTheHome()
+{
+    std::string const home = qgetenv("HOME").toStdString();
+    if (home.empty())
+        return "HOME is not set, so / is taken for the home folder";
+    if (home[0] != '/')
+        return "HOME is " + quoted(home) + ", which depends on the folder that a program is started in";
+    QFileInfo const folder(QDir::homePath());
+    if (folder.isDir())
+        return {};
+    return folder.exists() ? "HOME is " + quoted(home) + ", which is not a folder" : "HOME is " + quoted(home) + ", which is not there";
+}

@@ -6,6 +6,7 @@
 #include "Completion.h"
 #include "Doctor.h"
 #include "Examples.h"
+#include "HomeFolder.h"
 #include "Manual.h"
 #include "Monitor.h"
 #include "NextName.h"
@@ -19,6 +20,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cstdlib>
 #include <iostream>
 
 namespace {
@@ -258,6 +260,7 @@ public:
         std::optional<std::filesystem::path> const home = m_home.empty() ? std::nullopt : std::optional<std::filesystem::path>(m_home);
         if (*m_doctor)
             return examineAll(productFile, home, m_doctorFormat) ? 0 : saidNo;
+        lookForTheHome();
         Host::Application const application(productFile, home, policy());
         m_hasOpened = true;
         noteStoresThatTakeNoChange(application);
@@ -407,6 +410,25 @@ private:
         if (isToStore())
             return Host::StorePolicy::create;
         return *m_restore || *m_monitor ? Host::StorePolicy::leaveOutUnusable : Host::StorePolicy::leaveOutMissing;
+    }
+
+    // A store that is made below a folder which only looks like the user's would be lost to the editor.
+    void lookForTheHome() const
+    {
+        std::string const trouble = troubleWithTheHome();
+        bool const isMade = isToStore() || m_transfer.isToStore() || (*m_restore && !m_isDryRun);
+        bool const isWhereStoresLie = m_home.empty() && isEmpty("XDG_DATA_HOME");
+        if (isMade && isWhereStoresLie && !trouble.empty())
+            throw Refusal(trouble + "; set HOME to your folder, or name one for the stores with --home");
+        bool const isToldAnyway = *m_paths && m_pathsOptions.view == PathsView::explain;
+        if (!isMade && !isToldAnyway && isEmpty("HOME"))
+            tell(trouble + "; set HOME to your folder");
+    }
+
+    static bool isEmpty(char const* variable)
+    {
+        char const* const value = std::getenv(variable);
+        return !value || *value == '\0';
     }
 
     // A change that fails tells it by itself.
