@@ -90,7 +90,8 @@ INSTANTIATE_TEST_SUITE_P(
         Wrong{"NoValue", {"set", "npsSendCount"}, 2, "VALUE is required\n" + forMore},
         Wrong{"WrongStore", {"list", "--store", "third"}, 2, "--store: third not in {product,common}\n" + forMore},
         Wrong{"WrongClass", {"export", "-", "--only", "x"}, 2, "--only: x not in {roaming,local,personal,transient}\n" + forMore},
-        Wrong{"WrongShell", {"completion", "csh"}, 2, "SHELL: csh not in {bash,zsh,fish}\n" + forMore}),
+        Wrong{"WrongShell", {"completion", "csh"}, 2, "SHELL: csh not in {bash,zsh,fish}\n" + forMore},
+        Wrong{"WrongColor", {"--color", "red", "list"}, 2, "--color: red not in {auto,always,never}\n" + forMore}),
     byMeaning);
 
 INSTANTIATE_TEST_SUITE_P(

@@ -72,6 +72,7 @@ protected:
         int terminal = -1;
         pid_t const child = ::forkpty(&terminal, nullptr, nullptr, nullptr);
         if (child == 0) {
+            ::setenv("NO_COLOR", "1", 1); // so that every code that is sent is another's
             ::execv(arguments[0], arguments.data());
             ::_exit(127);
         }

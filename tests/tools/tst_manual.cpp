@@ -232,8 +232,8 @@ TEST_P(ShellCompletion, OffersTheLocations)
 
 TEST_P(ShellCompletion, OffersTheOptions)
 {
-    Words const everywhere = {"--help", "--version", "--product", "--home"};
-    EXPECT_EQ(longOptions(), (Words{"--help", "--version", "--product", "--home"}));
+    Words const everywhere = {"--help", "--version", "--color", "--product", "--home"};
+    EXPECT_EQ(longOptions(), everywhere);
     for (std::string const& verb : verbs()) {
         Words expected = longOptions({verb});
         expected.insert(everywhere.begin(), everywhere.end());
@@ -273,6 +273,7 @@ TEST_P(ShellCompletion, OffersTheValuesOfOptions)
     }
     EXPECT_EQ(offered({"--home=x", "get", "expo"}), Words{"exportPath"});
     EXPECT_EQ(offered({"completion", ""}), (Words{"bash", "zsh", "fish"}));
+    EXPECT_EQ(offered({"--color", ""}), (Words{"auto", "always", "never"}));
     for (char const* verb : {"export", "import", "diff"})
         EXPECT_EQ(offered({verb, "--only", ""}), (Words{"roaming", "local", "personal", "transient"})) << verb;
 }

@@ -71,7 +71,7 @@ void listPreferences(Host::Application const& application, ListOptions const& op
     for (Setting const& setting : settings)
         table.push_back({onOneLine(setting.key), typeName(setting.observation.value), setting.storeName(), setting.state(),
                          inColumn(setting.observation.value, format)});
-    printTable(table, {"KEY", "TYPE", "STORE", "STATE", "VALUE"}, format);
+    printTable(table, {"KEY", "TYPE", "STORE", "STATE", "VALUE"}, format, 3);
 }
 
 void getPreference(Host::Application const& application, std::string const& key, Format format)

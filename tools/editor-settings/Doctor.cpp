@@ -4,6 +4,7 @@
 #include "DoctorChecks.h"
 #include "HomeFolder.h"
 #include "Setting.h"
+#include "Terminal.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -144,6 +145,14 @@ std::string verdictOn(Findings const& findings)
     return errors + (errors.empty() || warnings.empty() ? "" : ", ") + warnings;
 }
 
+Terminal::Style styleOf(Findings const& findings)
+{
+    auto const holds = [&](Severity severity) {
+        return std::any_of(findings.begin(), findings.end(), [&](Finding const& finding) { return finding.severity == severity; });
+    };
+    return holds(Severity::error) ? Terminal::Style::bad : holds(Severity::warning) ? Terminal::Style::odd : Terminal::Style::good;
+}
+
 // Below one another: where it is, what it is, and what to do.
 void appendTo(std::vector<Columns>& table, Finding const& finding)
 {
@@ -165,8 +174,8 @@ void printForPeople(Facts const& facts, Findings const& findings)
     for (Finding const& finding : findings)
         appendTo(found, finding);
     std::cout << (findings.empty() ? "" : "\n");
-    printTable(found, {}, Format::people);
-    std::cout << '\n' << verdictOn(findings) << '\n';
+    printTable(found, {}, Format::people, 0);
+    std::cout << '\n' << Terminal::painted(verdictOn(findings), styleOf(findings)) << '\n';
 }
 
 void printForScripts(Facts const& facts, Findings const& findings)

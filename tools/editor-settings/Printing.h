@@ -7,6 +7,8 @@
 
 #include <Catalogue/Catalogue.h>
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,8 +16,9 @@ enum class Format { people, plain, json };
 
 using Columns = std::vector<std::string>;
 
-/// Prints `table` below `heading`, aligned; for scripts without heading, the columns separated by tabs.
-void printTable(std::vector<Columns> table, Columns const& heading, Format format);
+/// Prints `table` below `heading`, aligned; for scripts without heading, the columns separated by tabs. In colour, the words
+/// of the column `judging` have the one of what they say; without heading and without that, the first column is one.
+void printTable(std::vector<Columns> table, Columns const& heading, Format format, std::optional<std::size_t> judging = std::nullopt);
 
 /// Prints `text` and a line break: as it is for a program that reads it, but without what a terminal would obey where
 /// standard output is one.

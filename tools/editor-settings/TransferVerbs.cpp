@@ -214,7 +214,7 @@ void print(std::vector<Difference> const& differences, Format format)
     for (Difference const& difference : differences)
         table.push_back(lineOf(difference, format));
     if (!table.empty())
-        printTable(table, {"CHANGE", "STORE", "KEY", "STORED", "FILE"}, format);
+        printTable(table, {"CHANGE", "STORE", "KEY", "STORED", "FILE"}, format, 0);
 }
 
 } // namespace

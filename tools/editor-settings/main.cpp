@@ -14,6 +14,7 @@
 #include "Reference.h"
 #include "Setting.h"
 #include "StandardOutput.h"
+#include "Terminal.h"
 #include "Text.h"
 #include "TransferVerbs.h"
 
@@ -22,6 +23,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
+#include <map>
 
 namespace {
 
@@ -39,7 +41,9 @@ std::vector<Note> const& notes()
 diff ends with 0 where nothing differs, with 1 where something does, and with 2 for everything else.)"},
         {"Output", R"(Values are printed to standard output, reasons to standard error. With --plain a backslash is printed as \\, a tab
 as \t, line breaks as \n and \r, other control characters and bytes that are not UTF-8 as \xHH, and a list as a JSON array.
-A terminal is sent no control characters but tabs and line breaks. An answer that could not be printed whole is an error.)"},
+A terminal is sent no control characters but tabs, line breaks and the codes of colours. An answer that could not be
+printed whole is an error.)"},
+        {"On a terminal", R"(Colours say nothing that the words do not say; NO_COLOR, or "dumb" in TERM, leaves them out.)"},
         {"Words that look like options", R"(A value that begins with "-" goes after "--": editor-settings set lastTarget -- -x)"},
     };
     return all;
@@ -251,6 +255,7 @@ public:
             std::cout << (*m_manual ? manualPage(m_app, notes()) : completionScript(m_app, choices(), m_shell));
             return 0;
         }
+        Terminal::chooseColors(colors.at(m_color));
         std::filesystem::path const productFile =
             m_productFile.empty() ? Host::installedProductFile() : std::filesystem::path(m_productFile);
         if (!m_page.empty()) {
@@ -269,6 +274,9 @@ public:
     }
 
 private:
+    inline static std::map<std::string, Terminal::Colors> const colors = {
+        {"auto", Terminal::Colors::automatic}, {"always", Terminal::Colors::always}, {"never", Terminal::Colors::never}};
+
     // What stands for all verbs may stand behind each too.
     static void complete(CLI::App* verb, std::string const& path)
     {
@@ -278,6 +286,9 @@ private:
 
     void addWhatStandsForAll()
     {
+        m_app.add_option("--color", m_color, "Colours: auto for a terminal alone, always, or never; default: auto")
+            ->type_name("WHEN")
+            ->check(CLI::IsMember({"auto", "always", "never"}));
         m_app.add_option("--product", m_productFile, "The product file, in JSON; default: the one that is installed with this program")
             ->transform(unmarked())
             ->check(notEmpty(leaveItOut))
@@ -382,6 +393,7 @@ private:
         std::map<CLI::Option const*, Choice> result = {
             {m_app.get_option("--product"), {Choice::Kind::files}},
             {m_app.get_option("--home"), {Choice::Kind::folders}},
+            {m_app.get_option("--color"), {Choice::Kind::words, {"auto", "always", "never"}}},
             {m_list->get_option("PATTERN"), keys},
             {m_set->get_option("--from-file"), {Choice::Kind::files}},
             {m_list->get_option("--store"), {Choice::Kind::words, {"product", "common"}}},
@@ -484,6 +496,7 @@ private:
     CLI::App m_app{"Reads, changes and explains the preferences, folders and file names of Lumora Video Editor.", "editor-settings"};
     std::string m_productFile;
     std::string m_home;
+    std::string m_color = "auto";
     bool m_hasOpened = false;
 
     CLI::App* m_list = m_app.add_subcommand("list", "All preferences with their values, sorted by key");

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Tool.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+/// A terminal of a program's own.
+struct Screen {
+    unsigned short rows = 24;
+    unsigned short columns = 80;
+};
+
+/// What is typed when the terminal was sent `after`.
+struct Typed {
+    std::string after;
+    std::string keys;
+};
+
+/// The program as its users see it: on a terminal that is called "xterm", with no pager and no colours of the session's.
+class OnTerminal : public Tool {
+protected:
+    using Words = std::vector<std::string>;
+    using Environment = std::map<std::string, std::string>;
+
+    // `out` is all that the terminal was sent, with the ends of lines as they were printed.
+    static Ended onTerminal(Words const& command, Environment const& environment = {}, Screen const& screen = {}, Typed typed = {})
+    {
+        Words words = {"env", "-u", "NO_COLOR", "-u", "PAGER", "-u", "LESS", "-u", "EDITOR_SETTINGS_PAGER", "TERM=xterm"};
+        for (auto const& [name, value] : environment)
+            words.push_back(name + '=' + value);
+        words.insert(words.end(), command.begin(), command.end());
+        std::vector<char*> arguments;
+        for (std::string& word : words)
+            arguments.push_back(word.data());
+        arguments.push_back(nullptr);
+
+        winsize const size = {screen.rows, screen.columns, 0, 0};
+        int terminal = -1;
+        pid_t const child = ::forkpty(&terminal, nullptr, nullptr, &size);
+        if (child == 0) {
+            ::execvp(arguments[0], arguments.data());
+            ::_exit(127);
+        }
+        Ended ended;
+        char buffer[4096];
+        for (ssize_t count; (count = ::read(terminal, buffer, sizeof buffer)) > 0;) {
+            ended.out.append(buffer, static_cast<std::size_t>(count));
+            if (!typed.keys.empty() && ended.out.find(typed.after) != std::string::npos) {
+                EXPECT_EQ(::write(terminal, typed.keys.data(), typed.keys.size()), static_cast<ssize_t>(typed.keys.size()));
+                typed.keys.clear();
+            }
+        }
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        ::close(terminal);
+        ended.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+        for (std::size_t at = 0; (at = ended.out.find("\r\n", at)) != std::string::npos;)
+            ended.out.erase(at, 1);
+        return ended;
+    }
+
+    static Ended toolOnTerminal(Words words, Environment const& environment = {}, Screen const& screen = {}, Typed const& typed = {})
+    {
+        words.insert(words.begin(), TOOL);
+        return onTerminal(words, environment, screen, typed);
+    }
+};
