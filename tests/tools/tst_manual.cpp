@@ -232,7 +232,7 @@ TEST_P(ShellCompletion, OffersTheLocations)
 
 TEST_P(ShellCompletion, OffersTheOptions)
 {
-    Words const everywhere = {"--help", "--version", "--color", "--product", "--home"};
+    Words const everywhere = {"--help", "--version", "--color", "--no-pager", "--product", "--home"};
     EXPECT_EQ(longOptions(), everywhere);
     for (std::string const& verb : verbs()) {
         Words expected = longOptions({verb});

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
-// Answers on a terminal: colours and columns.
+// Answers on a terminal: colours, columns, and a screen at a time.
 #include "OnTerminal.h"
 
 #include <Storage/SqliteStorage.h>
 
 #include <support/Named.h>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -141,6 +143,126 @@ TEST_F(Aligned, LettersAreCountedElsewhere)
     EXPECT_EQ(run(m_command).out, "STORE    KEY         NOW  IN THE BACKUP\n"
                                   "product  exportPath  /\xE6\x97\xA5\xE6\x9C\xAC  /a\n"
                                   "product  lastTarget  e\xCC\x81x  b\n");
+}
+
+// --- A screen at a time ---
+
+class Paged : public OnTerminal {
+protected:
+    // A pager that marks the lines that it shows.
+    std::string pager(char const* name, std::string const& script = "sed \"s|^|$0 |\"") const
+    {
+        std::filesystem::path const file = m_home.write(std::string("bin/") + name, "#!/bin/sh\n" + script + '\n');
+        ::chmod(file.c_str(), 0700);
+        return file.string();
+    }
+
+    // The first line that is shown of a list of 56.
+    std::string firstLine(Environment const& environment, Words const& options = {})
+    {
+        Words words = {"list", "--color=never"};
+        words.insert(words.end(), options.begin(), options.end());
+        Ended const ended = toolOnTerminal(words, environment);
+        EXPECT_EQ(ended.status, 0);
+        EXPECT_EQ(lines(ended.out).size(), 56u) << ended.out;
+        return ended.out.substr(0, ended.out.find(" TYPE"));
+    }
+
+    std::string const m_unpaged = "KEY                       ";
+};
+
+TEST_F(Paged, LongAnswerIsShownByThePager)
+{
+    std::string const own = pager("own");
+    std::string const general = pager("general");
+    EXPECT_EQ(firstLine({{"EDITOR_SETTINGS_PAGER", own}, {"PAGER", general}}), own + ' ' + m_unpaged);
+    EXPECT_EQ(firstLine({{"PAGER", general}}), general + ' ' + m_unpaged);
+    EXPECT_EQ(firstLine({{"PAGER", "sed 's/^/in a shell: /'"}}), "in a shell: " + m_unpaged);
+}
+
+TEST_F(Paged, UsualPagerIsToldToEndByItselfAndToShowColours)
+{
+    pager("less", "sed \"s|^|$LESS |\"");
+    std::string const path = inHome("bin") + ':' + std::getenv("PATH");
+    EXPECT_EQ(firstLine({{"PATH", path}}), "FRX " + m_unpaged);
+    EXPECT_EQ(firstLine({{"PATH", path}, {"LESS", "S"}}), "S " + m_unpaged);
+}
+
+TEST_F(Paged, NoPagerIsAskedForInManyWays)
+{
+    Environment const loud = {{"EDITOR_SETTINGS_PAGER", pager("loud")}};
+    EXPECT_EQ(firstLine(loud, {"--no-pager"}), m_unpaged);
+    EXPECT_EQ(firstLine({{"EDITOR_SETTINGS_PAGER", ""}, {"PAGER", inHome("bin/loud")}}), m_unpaged);
+    EXPECT_EQ(firstLine({{"EDITOR_SETTINGS_PAGER", "cat"}}), m_unpaged);
+    EXPECT_EQ(firstLine({{"PAGER", ""}}), m_unpaged);
+    EXPECT_EQ(firstLine({{"EDITOR_SETTINGS_PAGER", inHome("bin/loud")}, {"TERM", "dumb"}}), m_unpaged);
+    EXPECT_EQ(lines(tool({"list"}, loud).out).front().substr(0, 3), "KEY") << "nobody looks at a screen";
+}
+
+TEST_F(Paged, PagerThatCannotBeStartedIsDoneWithout)
+{
+    EXPECT_EQ(firstLine({{"PAGER", "/no/such"}}), m_unpaged);
+    EXPECT_EQ(firstLine({{"PAGER", m_home.write("no-program", "").string()}}), m_unpaged);
+    EXPECT_EQ(firstLine({{"PAGER", "/no/such --option 2>/dev/null"}}), m_unpaged);
+}
+
+TEST_F(Paged, AnswerThatFitsIsNotPaged)
+{
+    Environment const loud = {{"PAGER", pager("loud")}};
+    auto const isPaged = [&](Words const& words, Screen const& screen) {
+        return toolOnTerminal(words, loud, screen).out.compare(0, inHome("bin/loud").size(), inHome("bin/loud")) == 0;
+    };
+    EXPECT_FALSE(isPaged({"list", "nps*"}, {8, 80})) << "seven lines, and one for the prompt";
+    EXPECT_TRUE(isPaged({"list", "nps*"}, {7, 80}));
+    EXPECT_TRUE(isPaged({"list", "nps*"}, {8, 52})) << "the longest line takes two rows";
+    EXPECT_FALSE(isPaged({"list"}, {0, 0})) << "a terminal that does not tell its size";
+}
+
+TEST_F(Paged, OnlyLongAnswersArePaged)
+{
+    Environment const loud = {{"PAGER", pager("loud")}};
+    said({"set", "lastTarget", "a\nb\nc\nd\ne\nf"});
+    m_home.write("in.json", R"({"format": "editor-settings export", "version": 1, "stores": {}})");
+    struct Case {
+        Words words;
+        bool isPaged;
+    };
+    for (Case const& one : {Case{{"list"}, true},
+                            {{"list", "--json"}, true},
+                            {{"paths"}, true},
+                            {{"doctor"}, true},
+                            {{"diff", inHome("in.json")}, true},
+                            {{"get", "lastTarget"}, false},
+                            {{"export", "-"}, false},
+                            {{"list", "--help"}, false},
+                            {{"manual"}, false}})
+        EXPECT_EQ(toolOnTerminal(one.words, loud, {2, 80}).out.find("bin/loud") != std::string::npos, one.isPaged) << one.words.front();
+}
+
+TEST_F(Paged, WhoeverLeavesEarlyDoesNothingWrong)
+{
+    said({"set", "lastTarget", std::string(120000, 'x')}); // more than a pipe takes
+    Ended const ended = toolOnTerminal({"list", "--plain"}, {{"PAGER", "true"}});
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.out, "");
+    EXPECT_EQ(toolOnTerminal({"list", "--color=never"}, {{"PAGER", "head -n 1 | cut -c -3"}}).out, "KEY\n");
+    EXPECT_EQ(toolOnTerminal({"list"}, {{"PAGER", "exit 9"}}).status, 0);
+}
+
+TEST_F(Paged, ExitStatusIsTheVerbs)
+{
+    said({"set", "exportPath", "films"});
+    Ended const ended = toolOnTerminal({"paths", "--check", "--color=never"}, {{"PAGER", "head -n 1 | cut -c -8"}});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.out.substr(0, 65), "LOCATION\neditor-settings: the editor cannot write to exportPath; ") << "the reason comes last";
+}
+
+TEST_F(Paged, InterruptIsThePagersToTake)
+{
+    std::string const waiting = pager("waiting", "trap 'echo taken; exit 3' INT; echo waiting; while :; do sleep 0.05; done");
+    Ended const ended = toolOnTerminal({"list"}, {{"PAGER", waiting}}, {}, {"waiting", "\x03"});
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_NE(ended.out.find("taken\n"), std::string::npos) << ended.out;
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include "Manual.h"
 #include "Monitor.h"
 #include "NextName.h"
+#include "Pager.h"
 #include "Paths.h"
 #include "Reference.h"
 #include "Setting.h"
@@ -24,6 +25,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <map>
+#include <optional>
 
 namespace {
 
@@ -43,7 +45,8 @@ diff ends with 0 where nothing differs, with 1 where something does, and with 2 
 as \t, line breaks as \n and \r, other control characters and bytes that are not UTF-8 as \xHH, and a list as a JSON array.
 A terminal is sent no control characters but tabs, line breaks and the codes of colours. An answer that could not be
 printed whole is an error.)"},
-        {"On a terminal", R"(Colours say nothing that the words do not say; NO_COLOR, or "dumb" in TERM, leaves them out.)"},
+        {"On a terminal", R"(What is longer than the screen is shown by the program that EDITOR_SETTINGS_PAGER names, else PAGER, else
+"less"; an empty name and "cat" stand for none. Colours say nothing that the words do not say; NO_COLOR, or "dumb" in TERM, leaves them out.)"},
         {"Words that look like options", R"(A value that begins with "-" goes after "--": editor-settings set lastTarget -- -x)"},
     };
     return all;
@@ -244,18 +247,12 @@ public:
 
     int run(int argc, char** argv)
     {
-        try {
-            m_app.parse(marked(argc, argv));
-            if (m_app.get_subcommands().empty())
-                throw CLI::RequiredError("A verb");
-        } catch (CLI::ParseError const& error) {
-            return m_app.exit(error) == 0 ? 0 : wrongUsage;
-        }
-        if (*m_manual || *m_completion) {
-            std::cout << (*m_manual ? manualPage(m_app, notes()) : completionScript(m_app, choices(), m_shell));
-            return 0;
-        }
+        if (std::optional<int> const status = statusOfWords(argc, argv))
+            return *status;
         Terminal::chooseColors(colors.at(m_color));
+        std::optional<Pager> pager;
+        if (isLong() && !m_withoutPager && Pager::isOfUse())
+            pager.emplace();
         std::filesystem::path const productFile =
             m_productFile.empty() ? Host::installedProductFile() : std::filesystem::path(m_productFile);
         if (!m_page.empty()) {
@@ -274,6 +271,22 @@ public:
     }
 
 private:
+    // Reads the words. The exit status where that is all there is to do.
+    std::optional<int> statusOfWords(int argc, char** argv)
+    {
+        try {
+            m_app.parse(marked(argc, argv));
+            if (m_app.get_subcommands().empty())
+                throw CLI::RequiredError("A verb");
+        } catch (CLI::ParseError const& error) {
+            return m_app.exit(error) == 0 ? 0 : wrongUsage;
+        }
+        if (!*m_manual && !*m_completion)
+            return std::nullopt;
+        std::cout << (*m_manual ? manualPage(m_app, notes()) : completionScript(m_app, choices(), m_shell));
+        return 0;
+    }
+
     inline static std::map<std::string, Terminal::Colors> const colors = {
         {"auto", Terminal::Colors::automatic}, {"always", Terminal::Colors::always}, {"never", Terminal::Colors::never}};
 
@@ -289,6 +302,7 @@ private:
         m_app.add_option("--color", m_color, "Colours: auto for a terminal alone, always, or never; default: auto")
             ->type_name("WHEN")
             ->check(CLI::IsMember({"auto", "always", "never"}));
+        m_app.add_flag("--no-pager", m_withoutPager, "Long answers as they are, not a screen at a time");
         m_app.add_option("--product", m_productFile, "The product file, in JSON; default: the one that is installed with this program")
             ->transform(unmarked())
             ->check(notEmpty(leaveItOut))
@@ -424,6 +438,8 @@ private:
         return *m_restore || *m_monitor ? Host::StorePolicy::leaveOutUnusable : Host::StorePolicy::leaveOutMissing;
     }
 
+    bool isLong() const { return *m_list || *m_paths || *m_doctor || m_transfer.isDiff(); }
+
     // A store that is made below a folder which only looks like the user's would be lost to the editor.
     void lookForTheHome() const
     {
@@ -497,6 +513,7 @@ private:
     std::string m_productFile;
     std::string m_home;
     std::string m_color = "auto";
+    bool m_withoutPager = false;
     bool m_hasOpened = false;
 
     CLI::App* m_list = m_app.add_subcommand("list", "All preferences with their values, sorted by key");
