@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
-// Answers on a terminal: colours, columns, and a screen at a time.
+// Answers on a terminal: colours, columns, a screen at a time, and how far something is that takes long.
 #include "OnTerminal.h"
 
 #include <Storage/SqliteStorage.h>
 
 #include <support/Named.h>
+#include <support/OtherProgram.h>
+
+#include <fstream>
 
 #include <sys/stat.h>
 
@@ -264,5 +267,77 @@ TEST_F(Paged, InterruptIsThePagersToTake)
     EXPECT_EQ(ended.status, 0);
     EXPECT_NE(ended.out.find("taken\n"), std::string::npos) << ended.out;
 }
+
+// --- How far it is ---
+
+class Lasting : public OnTerminal {
+protected:
+    // An import of a file that comes after a while.
+    Ended slowImport(char const* redirection, Environment const& environment = {}, Screen const& screen = {}, char const* seconds = "2")
+    {
+        tool({"unset", "npsSendCount"});
+        m_home.write("in.json", R"({"format": "editor-settings export", "version": 1, "stores": {"product":
+            {"npsSendCount": {"kind": "int", "value": 8}}}})");
+        std::string const script = std::string("{ sleep \"$2\"; cat \"$1\"; } | \"$0\" import - ") + redirection;
+        return onTerminal({"sh", "-c", script, TOOL, inHome("in.json"), seconds}, environment, screen);
+    }
+
+    std::string const m_result = "editor-settings: 1 changed, 0 already as in the file\n";
+};
+
+TEST_F(Lasting, StepIsToldAndErased) { EXPECT_EQ(slowImport("").out, "editor-settings: step 1 of 3: reading the file\r\x1b[K" + m_result); }
+
+TEST_F(Lasting, StepFitsOnALine)
+{
+    EXPECT_EQ(slowImport("", {}, {24, 30}).out, "editor-settings: step 1 of 3\xE2\x80\xA6\r\x1b[K" + m_result);
+}
+
+TEST_F(Lasting, StepIsToldToATerminalOnly)
+{
+    std::string const err = inHome("err");
+    EXPECT_EQ(slowImport(("2>'" + err + '\'').c_str()).out, "");
+    std::ifstream stream(err);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(stream), {}), m_result);
+    EXPECT_EQ(slowImport("", {{"TERM", "dumb"}}).out, m_result);
+}
+
+TEST_F(Lasting, NothingIsToldOfWhatTakesLessThanASecond)
+{
+    std::string sent;
+    for (int time = 0; time < 5 && sent != m_result; ++time) // a busy machine may take its second
+        sent = slowImport("", {}, {}, "0.3").out;
+    EXPECT_EQ(sent, m_result);
+}
+
+struct Waiting {
+    char const* meaning;
+    std::vector<std::string> words;
+    char const* step;
+};
+
+class WaitingVerb : public Lasting, public testing::WithParamInterface<Waiting> {};
+
+TEST_P(WaitingVerb, TellsThatItWaitsForAStore)
+{
+    said({"set", "npsSendCount", "1"});
+    Child holder([this] {
+        OtherProgram other(productFile());
+        other.execute("BEGIN EXCLUSIVE");
+        m_home.write("held", "");
+        ::sleep(3);
+        return std::string();
+    });
+    while (!std::filesystem::exists(inHome("held")))
+        ::usleep(10000);
+    Ended const ended = toolOnTerminal(GetParam().words);
+    EXPECT_EQ(holder.answer(), "");
+    EXPECT_NE(ended.out.find(std::string("editor-settings: ") + GetParam().step + ": opening the stores\r\x1b[K"), std::string::npos)
+        << ended.out;
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, WaitingVerb,
+                         testing::Values(Waiting{"Doctor", {"doctor"}, "step 1 of 7"},
+                                         Waiting{"Get", {"get", "npsSendCount"}, "step 1 of 1"}),
+                         byMeaning);
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Backups.h"
 
+#include "Progress.h"
 #include "Setting.h"
 #include "Stored.h"
 #include "Text.h"
@@ -61,12 +62,13 @@ void printAsTable(std::vector<Restored> const& all, Format format)
         printTable(table, {"STORE", "KEY", "NOW", "IN THE BACKUP"}, format);
 }
 
-void tellOf(Storage::Backup const& backup, Restored const& restored, bool isDryRun)
+std::string told(Storage::Backup const& backup, Restored const& restored, bool isDryRun)
 {
     std::string const count = countOf(restored.changes.size());
     std::string const differ = restored.changes.size() == 1 ? " differs from before" : " differ from before";
     std::string const kept = restored.kept ? "; what was there is kept in " + restored.kept->u8string() : "";
-    tell("the " + name(restored.store) + " store of " + inUtc(backup.made()) + ": " + count + (isDryRun ? " would change" : differ) + kept);
+    return "the " + name(restored.store) + " store of " + inUtc(backup.made()) + ": " + count + (isDryRun ? " would change" : differ) +
+           kept;
 }
 
 } // namespace
@@ -79,30 +81,37 @@ void backUpStores(Host::Application const& application, std::string const& file)
             present[name(store)] = now;
     if (present.empty())
         throw Refusal("there is no store yet, so there is nothing to back up");
+    Progress progress(2);
+    progress.next("copying the stores");
     Storage::Backup::write(file, present);
+    progress.next("reading the copy");
     Storage::Backup const written(file);
     for (std::string const& store : written.names())
-        tell("the " + store + " store is backed up with " + countOf(written.rows(store).size()));
+        progress.aside("the " + store + " store is backed up with " + countOf(written.rows(store).size()));
 }
 
 void restoreStores(Host::Application const& application, std::string const& file, bool isDryRun, Format format)
 {
-    Storage::Backup const backup(file);
     std::vector<Restored> all;
+    std::optional<Progress> progress(3);
+    progress->next("reading the backup");
+    Storage::Backup const backup(file);
     for (Store const store : stores) {
+        progress->next(store == Store::product ? "restoring the product store" : "restoring the common store");
         if (!holds(backup, store)) {
-            tell("the backup holds no " + name(store) + " store, so that one stays as it is");
+            progress->aside("the backup holds no " + name(store) + " store, so that one stays as it is");
             continue;
         }
         if (std::string const& trouble = storageTrouble(application, store); !trouble.empty())
-            tell(trouble);
+            progress->aside(trouble);
         Restored restored = {store, changesBetween(rowsNow(application, store), backup.rows(name(store))), std::nullopt};
         if (!isDryRun)
             restored.kept = backup.restore(name(store), storageFile(application, store));
         if (format == Format::people)
-            tellOf(backup, restored, isDryRun);
+            progress->aside(told(backup, restored, isDryRun));
         all.push_back(std::move(restored));
     }
+    progress.reset(); // the answer may stand on the same terminal
     if (format == Format::json)
         printAsJson(backup, all, isDryRun);
     else

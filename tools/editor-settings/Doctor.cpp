@@ -3,6 +3,7 @@
 
 #include "DoctorChecks.h"
 #include "HomeFolder.h"
+#include "Progress.h"
 #include "Setting.h"
 #include "Terminal.h"
 #include "Text.h"
@@ -41,11 +42,34 @@ Findings checkHome()
                            : Findings{{Severity::warning, "home", trouble, "set HOME to the folder of the user whom the editor runs for"}};
 }
 
+constexpr std::size_t steps = 7;
+
+Findings checked(Host::Application const& application, Facts& facts, Progress& progress)
+{
+    Findings findings = checkHome();
+    for (Store const store : {Store::product, Store::common}) {
+        progress.next(store == Store::product ? "looking at the product store" : "looking at the common store");
+        facts.stores.push_back(examined(application, store));
+        append(findings, checked(application, facts.stores.back()));
+    }
+    progress.next("looking at the names of recordings");
+    append(findings, checkRecordings());
+    progress.next("looking at the names of freeze frames");
+    append(findings, checkFreezeFrames());
+    progress.next("looking at the names of stabilized clips");
+    append(findings, checkStabilizedClips());
+    progress.next("looking at the folders that the editor writes to");
+    append(findings, checkFolders());
+    return findings;
+}
+
 Findings checked(fs::path const& productFile, std::optional<fs::path> const& storeFolder, Facts& facts)
 {
-    std::optional<Host::Application> application;
+    Progress progress(steps);
+    progress.next("opening the stores");
     try {
-        application.emplace(productFile, storeFolder, Host::StorePolicy::leaveOutUnusable);
+        Host::Application const application(productFile, storeFolder, Host::StorePolicy::leaveOutUnusable);
+        return checked(application, facts, progress);
     } catch (Host::ProductFileError const& error) {
         return {{Severity::error,
                  "product-file",
@@ -55,14 +79,6 @@ Findings checked(fs::path const& productFile, std::optional<fs::path> const& sto
                  {},
                  facts.productFile}};
     }
-    Findings findings = checkHome();
-    for (Store const store : {Store::product, Store::common}) {
-        facts.stores.push_back(examined(*application, store));
-        append(findings, checked(*application, facts.stores.back()));
-    }
-    append(findings, checkRunningNumbers());
-    append(findings, checkFolders());
-    return findings;
 }
 
 // --- How it is told ---

@@ -445,14 +445,26 @@ void checkNumbers(NumberedFiles const& files, Findings& findings)
 
 } // namespace
 
-Findings checkRunningNumbers()
+Findings checkRecordings()
 {
     Findings findings;
     checkNextNumber(Settings::generateAudioRecordFilePath(), QStringLiteral("^Rec-(-?\\d+)-"), "audioRecordPath", findings);
+    return findings;
+}
+
+Findings checkFreezeFrames()
+{
+    Findings findings;
     checkNumbers({"exportPath", Settings::exportPath(), QStringLiteral(" \\((\\d+)\\)\\."),
                   [](QString const& source) { return Settings::generateFreezedFilePath(source); },
                   QStringLiteral(" \\((-?\\d+)\\)\\.[^.]*$")},
                  findings);
+    return findings;
+}
+
+Findings checkStabilizedClips()
+{
+    Findings findings;
     checkNumbers({"stabilizedFilePath", Settings::stabilizedFilePath(), QStringLiteral("-(\\d+)"),
                   [](QString const& source) { return Settings::generateStabilizedFilePath(source, QStringLiteral("x")); },
                   QStringLiteral("-(-?\\d+)\\.x$")},

@@ -62,5 +62,7 @@ Findings checkRationals(ExaminedStore const& store);
 Findings checkValues(Host::Application const& application, ExaminedStore const& store);
 
 // What the editor writes.
-Findings checkRunningNumbers();
+Findings checkRecordings();
+Findings checkFreezeFrames();
+Findings checkStabilizedClips();
 Findings checkFolders();

@@ -4,8 +4,10 @@
 #include "HomeFolder.h"
 #include "InputFile.h"
 #include "KnownKeys.h"
+#include "Progress.h"
 #include "Setting.h"
 #include "Stored.h"
+#include "Terminal.h"
 #include "Text.h"
 #include "Transfer.h"
 
@@ -16,6 +18,8 @@
 #include <iostream>
 #include <memory>
 #include <set>
+
+#include <unistd.h>
 
 using Catalogue::Store;
 using Storage::SqliteStorage;
@@ -74,16 +78,18 @@ bool isPersonal(Entry const& entry)
            std::visit(TellsOfTheHome(), entry.value);
 }
 
-Document exported(Host::Application const& application, TransferOptions const& options)
+Document exported(Host::Application const& application, TransferOptions const& options, Progress& progress)
 {
     Document document = {inUtc(std::chrono::system_clock::now()), application.productFile().productName(), {}};
     for (Store const store : stores) {
+        progress.next(store == Store::product ? "reading the product store" : "reading the common store");
         for (SqliteStorage::Row const& row : rowsOf(application, store, options)) {
             Entry entry = {store, row.key, row.kind, classOf(row.key), row.value};
             if (options.redact && tellsOfTheHome(row.key)) {
-                tell("a key in " + described(store) + " holds the path of the home folder, so it is left out");
+                progress.aside("a key in " + described(store) + " holds the path of the home folder, so it is left out");
             } else if (std::string const why = obstacleToCarrying(row); !why.empty()) {
-                tell(quoted(row.key) + " in " + described(store) + ' ' + why + ", so it is left out; 'editor-settings backup' keeps it");
+                progress.aside(quoted(row.key) + " in " + described(store) + ' ' + why +
+                               ", so it is left out; 'editor-settings backup' keeps it");
             } else {
                 if (options.redact && isPersonal(entry))
                     entry.value = {};
@@ -98,11 +104,16 @@ Document exported(Host::Application const& application, TransferOptions const& o
 
 void exportSettings(Host::Application const& application, TransferOptions const& options)
 {
-    std::string const bytes = Transfer::written(exported(application, options));
-    if (options.file == "-")
+    std::optional<Progress> progress(3);
+    Document const document = exported(application, options, *progress);
+    progress->next("writing the file");
+    std::string const bytes = Transfer::written(document);
+    if (options.file == "-") {
+        progress.reset(); // standard output may be the same terminal
         std::cout << bytes;
-    else if (!Storage::writeNewFile(std::filesystem::absolute(options.file), bytes, "write the export"))
+    } else if (!Storage::writeNewFile(std::filesystem::absolute(options.file), bytes, "write the export")) {
         throw Refusal(quoted(options.file) + " is there already and was left as it is; name a new file, or move that one away");
+    }
 }
 
 // --- diff ---
@@ -123,6 +134,8 @@ struct Comparison {
 
 std::string shownFile(TransferOptions const& options) { return options.file == "-" ? "standard input" : quoted(options.file); }
 
+bool isTyped(TransferOptions const& options) { return options.file == "-" && Terminal::is(STDIN_FILENO); }
+
 Document document(TransferOptions const& options)
 {
     constexpr std::size_t most = 64 * 1024 * 1024;
@@ -135,7 +148,7 @@ void removeKeys(std::vector<SqliteStorage::Row>& rows, std::set<std::string> con
     rows.erase(std::remove_if(rows.begin(), rows.end(), isRemoved), rows.end());
 }
 
-void compare(Comparison& result, Store store, std::vector<SqliteStorage::Row> rows, std::vector<Entry> const& entries)
+void compare(Comparison& result, Store store, std::vector<SqliteStorage::Row> rows, std::vector<Entry> const& entries, Progress& progress)
 {
     std::vector<SqliteStorage::Row> wanted;
     std::set<std::string> redacted;
@@ -153,21 +166,22 @@ void compare(Comparison& result, Store store, std::vector<SqliteStorage::Row> ro
         if (obstacle.empty())
             result.differences.push_back({store, change});
         else
-            tell(quoted(change.key) + " in " + described(store) + ' ' + obstacle + ", so it is not compared");
+            progress.aside(quoted(change.key) + " in " + described(store) + ' ' + obstacle + ", so it is not compared");
         if (change.after)
             --result.same;
     }
 }
 
-Comparison compared(Host::Application const& application, TransferOptions const& options, Document const& wanted)
+Comparison compared(Host::Application const& application, TransferOptions const& options, Document const& wanted, Progress& progress)
 {
     Comparison result;
     for (Store const store : stores) {
+        progress.next(store == Store::product ? "comparing with the product store" : "comparing with the common store");
         std::vector<Entry> entries;
         for (Entry const& entry : wanted.entries)
             if (entry.store == store && counts(options, classOf(entry.key)))
                 entries.push_back(entry);
-        compare(result, store, rowsOf(application, store, options), entries);
+        compare(result, store, rowsOf(application, store, options), entries, progress);
     }
     return result;
 }
@@ -222,7 +236,11 @@ void print(std::vector<Difference> const& differences, Format format)
 bool showDifferences(Host::Application const& application, TransferOptions const& options, Format format)
 {
     try {
-        Comparison const comparison = compared(application, options, document(options));
+        std::optional<Progress> progress(3);
+        progress->next(isTyped(options) ? "" : "reading the file");
+        Document const wanted = document(options);
+        Comparison const comparison = compared(application, options, wanted, *progress);
+        progress.reset(); // the answer may stand on the same terminal
         print(comparison.differences, format);
         if (comparison.redacted > 0)
             tell(std::to_string(comparison.redacted) + " redacted in the file, so not compared");
@@ -291,8 +309,10 @@ std::string outcome(Target const& target)
 
 void apply(std::vector<Target> const& targets)
 {
+    Progress progress(targets.size());
     std::string before;
     for (auto target = targets.begin(); target != targets.end(); ++target) {
+        progress.next(target->name == Store::product ? "changing the product store" : "changing the common store");
         try {
             target->store->apply(target->changes);
             before += described(target->name) + " holds the imported values, ";
@@ -330,7 +350,11 @@ Document checkedDocument(TransferOptions const& options)
 
 void importSettings(Host::Application const& application, TransferOptions const& options, Format format)
 {
-    Comparison comparison = compared(application, options, checkedDocument(options));
+    std::optional<Progress> progress(3);
+    progress->next(isTyped(options) ? "" : "reading the file");
+    Document const wanted = checkedDocument(options);
+    Comparison comparison = compared(application, options, wanted, *progress);
+    progress.reset(); // what follows is told, or has steps of its own
     auto const isOfTheStoreAlone = [](Difference const& difference) { return !difference.change.after; };
     auto& differences = comparison.differences;
     differences.erase(std::remove_if(differences.begin(), differences.end(), isOfTheStoreAlone), differences.end());

@@ -12,6 +12,7 @@
 #include "NextName.h"
 #include "Pager.h"
 #include "Paths.h"
+#include "Progress.h"
 #include "Reference.h"
 #include "Setting.h"
 #include "StandardOutput.h"
@@ -46,7 +47,8 @@ as \t, line breaks as \n and \r, other control characters and bytes that are not
 A terminal is sent no control characters but tabs, line breaks and the codes of colours. An answer that could not be
 printed whole is an error.)"},
         {"On a terminal", R"(What is longer than the screen is shown by the program that EDITOR_SETTINGS_PAGER names, else PAGER, else
-"less"; an empty name and "cat" stand for none. Colours say nothing that the words do not say; NO_COLOR, or "dumb" in TERM, leaves them out.)"},
+"less"; an empty name and "cat" stand for none. Colours say nothing that the words do not say; NO_COLOR, or "dumb" in TERM, leaves them out.
+What takes longer than a second tells meanwhile which step it is at, where standard error is a terminal.)"},
         {"Words that look like options", R"(A value that begins with "-" goes after "--": editor-settings set lastTarget -- -x)"},
     };
     return all;
@@ -263,7 +265,10 @@ public:
         if (*m_doctor)
             return examineAll(productFile, home, m_doctorFormat) ? 0 : saidNo;
         lookForTheHome();
+        std::optional<Progress> opening(1);
+        opening->next("opening the stores");
         Host::Application const application(productFile, home, policy());
+        opening.reset();
         m_hasOpened = true;
         noteStoresThatTakeNoChange(application);
         answer(application);
