@@ -20,6 +20,8 @@
 #include "Text.h"
 #include "TransferVerbs.h"
 
+#include <Settings/Version.h>
+
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
@@ -213,7 +215,7 @@ public:
             return "editor-settings: " + shortened(withoutControls(unmarked(error.what())), 500) + '\n' + adviceOnWords(*app) +
                    "Run with --help for more information.\n";
         });
-        m_app.set_version_flag("--version", EDITOR_SETTINGS_VERSION);
+        m_app.set_version_flag("--version", EDITOR_SETTINGS_VERSION_STRING);
         m_app.footer(helpFooter(notes()));
         addWhatStandsForAll();
         addPreferenceVerbs();
