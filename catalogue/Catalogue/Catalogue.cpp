@@ -2,6 +2,7 @@
 #include <Catalogue/Catalogue.h>
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <map>
 #include <memory>
@@ -183,55 +184,24 @@ std::vector<Place> const& places()
 }
 // clang-format on
 
+// The words stand in the order of the enumerations.
 char const* className(Class category)
 {
-    switch (category) {
-    case Class::roaming:
-        return "roaming";
-    case Class::local:
-        return "local";
-    case Class::personal:
-        return "personal";
-    case Class::transient:
-        break;
-    }
-    return "transient";
+    static constexpr std::array words = {"roaming", "local", "personal", "transient"};
+    return words.at(static_cast<std::size_t>(category));
 }
 
 char const* rootName(Root root)
 {
-    switch (root) {
-    case Root::movies:
-        return "movies";
-    case Root::music:
-        return "music";
-    case Root::cache:
-        return "cache";
-    case Root::data:
-        return "data";
-    case Root::resources:
-        return "resources";
-    case Root::nothing:
-        break;
-    }
-    return "nothing";
+    static constexpr std::array words = {"movies", "music", "cache", "data", "resources", "nothing"};
+    return words.at(static_cast<std::size_t>(root));
 }
 
 char const* useName(Use use)
 {
-    switch (use) {
-    case Use::fallback:
-        return "default of a preference";
-    case Use::written:
-        return "written to";
-    case Use::shipped:
-        return "shipped with the product";
-    case Use::fragment:
-        return "joined to a folder by the editor";
-    case Use::embedded:
-        break;
-    }
-    return "inside the editor's program";
+    static constexpr std::array words = {"default of a preference", "written to", "shipped with the product",
+                                         "joined to a folder by the editor", "inside the editor's program"};
+    return words.at(static_cast<std::size_t>(use));
 }
 
 std::vector<std::string> const& preferencesWithoutAccessors()
