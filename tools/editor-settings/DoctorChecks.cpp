@@ -410,7 +410,8 @@ std::set<QString> stemsOfGreatNumbers(QString const& folder, QString const& patt
 {
     QRegularExpression const numbered(pattern);
     std::set<QString> stems;
-    for (QString const& name : QDir(folder).entryList(QDir::Files))
+    QStringList const names = QDir(folder).entryList(QDir::Files);
+    for (QString const& name : names)
         for (auto matches = numbered.globalMatch(name); matches.hasNext();) {
             QRegularExpressionMatch const match = matches.next();
             long long const number = match.captured(1).toLongLong();

@@ -22,7 +22,8 @@ QStringList homes()
     QStringList result = {QDir::homePath()};
     if (passwd const* const user = ::getpwuid(::geteuid()))
         result.append(QDir::cleanPath(QFile::decodeName(user->pw_dir)));
-    for (QString const& home : QStringList(result))
+    QStringList const named = result;
+    for (QString const& home : named)
         result.append(QDir(home).canonicalPath()); // empty where there is none
     result.removeAll(QString());
     return result;
@@ -43,7 +44,8 @@ std::string inUtf16(QString const& text, bool lowFirst)
 std::string plain(std::string const& text)
 {
     std::string result;
-    for (char const byte : QByteArray::fromPercentEncoding(QByteArray::fromStdString(text)).toLower()) {
+    QByteArray const lower = QByteArray::fromPercentEncoding(QByteArray::fromStdString(text)).toLower();
+    for (char const byte : lower) {
         std::size_t const size = result.size();
         if (byte == '/' && size >= 2 && result.compare(size - 2, 2, "/.") == 0)
             result.pop_back();
@@ -63,7 +65,8 @@ Forms const& forms()
 {
     static Forms const all = [] {
         Forms result;
-        for (QString const& home : homes()) {
+        QStringList const folders = homes();
+        for (QString const& home : folders) {
             for (std::string const& form : {QFile::encodeName(home).toStdString(), inUtf16(home, true), inUtf16(home, false)})
                 result.asTheyAre.push_back(form);
             result.plain.push_back(plain(home.toStdString()));

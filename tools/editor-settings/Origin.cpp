@@ -88,7 +88,7 @@ Origin lineFolder(Line const& line, Decision const& decision)
     Origin origin = {line.value, {decision}};
     if (line.value.startsWith(home)) {
         origin = homeFolder();
-        origin.folder += line.value.mid(home.size());
+        origin.folder += line.value.midRef(home.size());
         origin.decisions.insert(origin.decisions.begin(), decision);
     }
     if (origin.folder.size() > 1 && origin.folder.endsWith(QLatin1Char('/')))

@@ -87,7 +87,8 @@ std::size_t Terminal::columns(std::string const& text)
         return width(text);
     RulesOfUtf8 const rules;
     std::size_t result = 0;
-    for (uint const letter : QString::fromStdString(text).toUcs4()) {
+    QVector<uint> const letters = QString::fromStdString(text).toUcs4();
+    for (uint const letter : letters) {
         int const taken = ::wcwidth(static_cast<wchar_t>(letter));
         result += taken < 0 ? 1 : static_cast<std::size_t>(taken);
     }

@@ -138,7 +138,7 @@ bool isTyped(TransferOptions const& options) { return options.file == "-" && Ter
 
 Document document(TransferOptions const& options)
 {
-    constexpr std::size_t most = 64 * 1024 * 1024;
+    constexpr std::size_t most = std::size_t{64} * 1024 * 1024;
     return Transfer::read(inputFile(options.file, most));
 }
 

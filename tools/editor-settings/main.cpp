@@ -109,6 +109,7 @@ public:
         verb->add_flag("--json", m_json, json)->excludes(plain);
     }
 
+    // NOLINTNEXTLINE(google-explicit-constructor): it stands for the format wherever one is wanted
     operator Format() const { return m_json ? Format::json : m_plain ? Format::plain : Format::people; }
 
 private:
@@ -570,6 +571,7 @@ private:
 
 } // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape): what is thrown outside the block is that memory is short, which ends the process
 int main(int argc, char** argv)
 {
     holdStandardStreams();
