@@ -22,7 +22,7 @@ struct Typed {
     std::string keys;
 };
 
-/// The program as its users see it: on a terminal that is called "xterm", with no pager and no colours of the session's.
+/// The program as its users see it: on a terminal that is called "xterm", with no pager and no colours of the caller's.
 class OnTerminal : public Tool {
 protected:
     using Words = std::vector<std::string>;
