@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A host whose stores are in memory, and what it does.
 #include <Settings/Settings.h>
 #include <TestKit/FixedProductInfo.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // A host: all that the guide's blocks use, and the block.
 #include <Settings/Settings.h>
 #include <Storage/Backup.h>

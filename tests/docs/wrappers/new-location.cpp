@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The library with one more location: its declaration, its definition and its row.
 #include <Catalogue/Catalogue.h>
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // The library with one more preference: its declarations, its block and its row.
 #include <Catalogue/Catalogue.h>
 #include <TestKit/FixedProductInfo.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+//
 // Tests of a host.
 #include <Settings/Settings.h>
 #include <TestKit/FixedProductInfo.h>
