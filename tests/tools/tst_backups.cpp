@@ -53,9 +53,9 @@ TEST_F(ToolBackups, BackupComesBackAndWhatWasThereIsKept)
 
     Ended const restored = tool({"restore", backup()});
     EXPECT_EQ(restored.status, 0);
-    EXPECT_EQ(restored.out, "STORE    KEY              NOW     IN THE BACKUP\n"
-                            "product  exportPath       /later  /films\n"
-                            "product  keepVideoAspect  false   (unset)\n");
+    EXPECT_EQ(restored.out, "STORE\tKEY\tNOW\tIN THE BACKUP\n"
+                            "product\texportPath\t/later\t/films\n"
+                            "product\tkeepVideoAspect\tfalse\t(unset)\n");
     EXPECT_EQ(timeless(restored.err),
               "editor-settings: the product store of TIME: 2 values differ from before; what was there is kept in " + productFile() +
                   ".before-restore-TIME\n"
@@ -72,8 +72,8 @@ TEST_F(ToolBackups, DryRunTellsWhatWouldChangeAndChangesNothing)
     store("/later\n");
     Ended const told = tool({"restore", backup(), "--dry-run"});
     EXPECT_EQ(told.status, 0);
-    EXPECT_EQ(told.out, "STORE    KEY         NOW       IN THE BACKUP\n"
-                        "product  exportPath  /later\\n  /films\n");
+    EXPECT_EQ(told.out, "STORE\tKEY\tNOW\tIN THE BACKUP\n"
+                        "product\texportPath\t/later\\n\t/films\n");
     EXPECT_EQ(timeless(told.err), "editor-settings: the product store of TIME: 1 value would change\n"
                                   "editor-settings: the common store of TIME: 0 values would change\n");
     EXPECT_EQ(said({"restore", backup(), "--dry-run", "--plain"}), "product\texportPath\t/later\\n\t/films\n");

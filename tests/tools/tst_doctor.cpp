@@ -126,14 +126,14 @@ TEST_F(Doctor, HealthIsToldForPeople)
 {
     std::vector<std::string> const told = lines(said({"doctor"}));
     ASSERT_EQ(told.size(), 11u);
-    EXPECT_EQ(told[0].substr(0, 16), "product file   /");
-    EXPECT_EQ(told[1], std::string("SQLite         ") + sqlite3_libversion());
-    EXPECT_EQ(told[2], "product store  " + productFile());
-    EXPECT_EQ(told[3].substr(0, told[3].find(", on ")), "               usable, schema 1, journal mode truncate");
-    EXPECT_EQ(told[4], "common store   " + commonFile());
+    EXPECT_EQ(told[0].substr(0, 14), "product file\t/");
+    EXPECT_EQ(told[1], std::string("SQLite\t") + sqlite3_libversion());
+    EXPECT_EQ(told[2], "product store\t" + productFile());
+    EXPECT_EQ(told[3].substr(0, told[3].find(", on ")), "\tusable, schema 1, journal mode truncate");
+    EXPECT_EQ(told[4], "common store\t" + commonFile());
     EXPECT_EQ(told[6], "");
-    EXPECT_EQ(told[7], "note  not there yet: " + missingFolders);
-    EXPECT_EQ(told[8], "      nothing to do: the editor makes them when it writes there");
+    EXPECT_EQ(told[7], "note\tnot there yet: " + missingFolders);
+    EXPECT_EQ(told[8], "\tnothing to do: the editor makes them when it writes there");
     EXPECT_EQ(told[9], "");
     EXPECT_EQ(told[10], "all is well");
 }
@@ -451,7 +451,7 @@ TEST_F(Doctor, ControlsOfStoredKeysAreNotSentToATerminal)
 {
     SqliteStorage(productFile()).setInt("a\x1b[31m\n\tb", 1);
     Ended const ended = tool({"doctor"});
-    EXPECT_NE(ended.out.find("warning  a\\x1b[31m\\n\\tb (product store)\n         the library knows no such key; it is kept\n         "
+    EXPECT_NE(ended.out.find("warning\ta\\x1b[31m\\n\\tb (product store)\n\tthe library knows no such key; it is kept\n\t"
                              "nothing to do where a later version or another program stored it\n"),
               std::string::npos)
         << ended.out;

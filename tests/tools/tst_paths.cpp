@@ -148,17 +148,17 @@ TEST_F(Paths, EveryLocationIsListedSorted)
     EXPECT_EQ(lines(printed({"--plain"})), wanted);
 }
 
-TEST_F(Paths, ListIsAlignedForPeople)
+TEST_F(Paths, ListHasAHeadingForPeople)
 {
-    EXPECT_EQ(printed({"stock[AB]*"}), "LOCATION               PATH\n"
-                                       "stockAnimationsPath    " +
+    EXPECT_EQ(printed({"stock[AB]*"}), "LOCATION\tPATH\n"
+                                       "stockAnimationsPath\t" +
                                            inHome("R/resources/samples/stock//animations/") +
                                            "\n"
-                                           "stockAudioEffectsPath  " +
+                                           "stockAudioEffectsPath\t" +
                                            inHome("R/resources/samples/stock//audioEffects/") +
                                            "\n"
-                                           "stockAudioPath         /Audio/\n"
-                                           "stockBackgroundsPath   /Backgrounds/\n");
+                                           "stockAudioPath\t/Audio/\n"
+                                           "stockBackgroundsPath\t/Backgrounds/\n");
 }
 
 TEST_F(Paths, OneLocationIsPrintedBare)
@@ -199,8 +199,8 @@ TEST_F(Paths, LocationThatIsUnknownIsSaidNoTo)
     EXPECT_EQ(refusal({"lastAddMediaPath"}),
               "editor-settings: there is no location 'lastAddMediaPath'; 'editor-settings paths' shows all\n")
         << "a preference that remembers a folder is none";
-    EXPECT_EQ(printed({"nothing*"}), "LOCATION  PATH\n");
-    EXPECT_EQ(printed({"STOCK*"}), "LOCATION  PATH\n");
+    EXPECT_EQ(printed({"nothing*"}), "LOCATION\tPATH\n");
+    EXPECT_EQ(printed({"STOCK*"}), "LOCATION\tPATH\n");
     EXPECT_EQ(printed({"stock[M]usicPath", "--plain"}), "stockMusicPath\t/Music Library/\n");
 }
 
@@ -248,14 +248,14 @@ using Reasons = std::vector<std::string>;
 
 TEST_F(ExplainedPath, IsShownWithItsUse)
 {
-    EXPECT_EQ(printed({"stockMusicPath", "--explain"}), "location    stockMusicPath\n"
-                                                        "path        /Music Library/\n"
-                                                        "use         joined to a folder by the editor\n"
-                                                        "decided by  nothing: the text is fixed\n");
-    EXPECT_EQ(lines(printed({"productDataPath", "--explain"}))[2], "use         written to");
-    EXPECT_EQ(lines(printed({"defaultProjectPath", "--explain"}))[2], "use         default of a preference");
-    EXPECT_EQ(lines(printed({"presetFilePath", "--explain"}))[2], "use         shipped with the product");
-    EXPECT_EQ(lines(printed({"countDownImagePath", "--explain"}))[2], "use         inside the editor's program");
+    EXPECT_EQ(printed({"stockMusicPath", "--explain"}), "location\tstockMusicPath\n"
+                                                        "path\t/Music Library/\n"
+                                                        "use\tjoined to a folder by the editor\n"
+                                                        "decided by\tnothing: the text is fixed\n");
+    EXPECT_EQ(lines(printed({"productDataPath", "--explain"}))[2], "use\twritten to");
+    EXPECT_EQ(lines(printed({"defaultProjectPath", "--explain"}))[2], "use\tdefault of a preference");
+    EXPECT_EQ(lines(printed({"presetFilePath", "--explain"}))[2], "use\tshipped with the product");
+    EXPECT_EQ(lines(printed({"countDownImagePath", "--explain"}))[2], "use\tinside the editor's program");
 }
 
 TEST_F(ExplainedPath, StandardLocationsAreDecidedByTheHomeFolder)
@@ -436,9 +436,9 @@ TEST_F(ExplainedPath, ManyAreToldApartByAnEmptyLine)
 {
     std::vector<std::string> const explained = lines(printed({"stock[MV]*Path", "--explain"}));
     ASSERT_EQ(explained.size(), 14u);
-    EXPECT_EQ(explained[0], "location    stockMusicPath");
+    EXPECT_EQ(explained[0], "location\tstockMusicPath");
     EXPECT_EQ(explained[4], "");
-    EXPECT_EQ(explained[5], "location    stockVideoEffectsPath");
+    EXPECT_EQ(explained[5], "location\tstockVideoEffectsPath");
 }
 
 // --- Whether they can be used ---

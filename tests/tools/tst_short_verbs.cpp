@@ -152,12 +152,12 @@ TEST_F(Project, NameExtensionsFiltersAndSampleAreTold)
 {
     std::string const product = productWith(R"(["ext1", "EXT2"])");
     std::string const sample = m_home.write("R/resources/samples/stock/projects/deep/a.Ext2", "").string();
-    EXPECT_EQ(said({"--product", product, "project"}), "default name          New Project\n"
-                                                       "extensions            ext1, EXT2\n"
-                                                       "extension for saving  ext1\n"
-                                                       "save filter           *.ext1\n"
-                                                       "open filter           *.ext1 *.EXT2\n"
-                                                       "sample project        " +
+    EXPECT_EQ(said({"--product", product, "project"}), "default name\tNew Project\n"
+                                                       "extensions\text1, EXT2\n"
+                                                       "extension for saving\text1\n"
+                                                       "save filter\t*.ext1\n"
+                                                       "open filter\t*.ext1 *.EXT2\n"
+                                                       "sample project\t" +
                                                            sample + '\n');
     EXPECT_EQ(
         said({"--product", product, "project", "--plain"}),
@@ -177,13 +177,13 @@ TEST_F(Project, MissingSampleIsSaid)
     std::string const product = productWith(R"(["ext1"])");
     Ended const ended = tool({"--product", product, "project"});
     EXPECT_EQ(ended.status, 0);
-    EXPECT_EQ(lines(ended.out).back(), "sample project");
+    EXPECT_EQ(lines(ended.out).back(), "sample project\t");
     EXPECT_EQ(ended.err, "editor-settings: there is no sample project below " + inHome("R/resources/samples/stock/projects\n"));
     EXPECT_EQ(json::parse(said({"--product", product, "project", "--json"}))["sampleProject"], json());
     EXPECT_EQ(lines(said({"--product", product, "project", "--plain"})).back(), "sample project\t");
     m_home.write("R/resources/samples/stock/projects/a\nb.ext1", "");
     EXPECT_EQ(lines(said({"--product", product, "project"})).back(),
-              "sample project        " + inHome("R/resources/samples/stock/projects/a\\nb.ext1"));
+              "sample project\t" + inHome("R/resources/samples/stock/projects/a\\nb.ext1"));
 }
 
 } // namespace

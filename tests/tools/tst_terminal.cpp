@@ -61,7 +61,9 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(Colors, AreLeftOutWhereAProgramReads)
 {
-    EXPECT_EQ(said({"list", "npsS*"}), plainList);
+    EXPECT_EQ(said({"list", "npsS*"}), "KEY\tTYPE\tSTORE\tSTATE\tVALUE\n"
+                                       "npsSendCount\tint\tproduct\tset\t7\n"
+                                       "npsStartExportCount\tint\tproduct\tunset\t0\n");
     EXPECT_EQ(said({"list", "npsS*", "--color", "always"}), paintedList) << "unless they are asked for";
     EXPECT_EQ(lines(refused({"list", "--color", "red"}, 2)).front(), "editor-settings: --color: red not in {auto,always,never}");
 }
@@ -133,6 +135,16 @@ protected:
     Words const m_command = {"sh", "-c", "exec \"$0\" restore \"$1\" --dry-run --color=never 2>&-", TOOL, inHome("backup")};
 };
 
+TEST_F(Aligned, ListLinesUpOnATerminal)
+{
+    said({"set", "npsValueToSend", "-1"});
+    EXPECT_EQ(toolOnTerminal({"list", "nps*[SV]*end*", "--color=never"}).out, "KEY               TYPE  STORE    STATE           VALUE\n"
+                                                                              "npsCommentToSend  text  product  unset\n"
+                                                                              "npsEmailToSend    text  product  unset\n"
+                                                                              "npsSendCount      int   product  unset           0\n"
+                                                                              "npsValueToSend    int   product  set to default  -1\n");
+}
+
 TEST_F(Aligned, ColumnsAreCountedOnATerminal)
 {
     EXPECT_EQ(onTerminal(m_command).out, "STORE    KEY         NOW    IN THE BACKUP\n"
@@ -141,11 +153,11 @@ TEST_F(Aligned, ColumnsAreCountedOnATerminal)
     EXPECT_EQ(onTerminal(m_command, {{"LC_ALL", "C"}}).out, onTerminal(m_command, {{"LC_ALL", "C.UTF-8"}}).out);
 }
 
-TEST_F(Aligned, LettersAreCountedElsewhere)
+TEST_F(Aligned, TabsStandBetweenColumnsElsewhere)
 {
-    EXPECT_EQ(run(m_command).out, "STORE    KEY         NOW  IN THE BACKUP\n"
-                                  "product  exportPath  /\xE6\x97\xA5\xE6\x9C\xAC  /a\n"
-                                  "product  lastTarget  e\xCC\x81x  b\n");
+    EXPECT_EQ(run(m_command).out, "STORE\tKEY\tNOW\tIN THE BACKUP\n"
+                                  "product\texportPath\t/\xE6\x97\xA5\xE6\x9C\xAC\t/a\n"
+                                  "product\tlastTarget\te\xCC\x81x\tb\n");
 }
 
 // --- A screen at a time ---

@@ -513,9 +513,9 @@ TEST_F(Exchange, DryRunTellsAndMakesNothing)
         file(document(R"("npsSendCount": {"kind": "int", "value": 2})", R"("autoUpdate": {"kind": "bool", "value": false})"));
     Ended const ended = tool({"import", in, "--dry-run"});
     EXPECT_EQ(ended.status, 0);
-    EXPECT_EQ(ended.out, "CHANGE  STORE    KEY           STORED   FILE\n"
-                         "added   product  npsSendCount  (unset)  2\n"
-                         "added   common   autoUpdate    (unset)  false\n");
+    EXPECT_EQ(ended.out, "CHANGE\tSTORE\tKEY\tSTORED\tFILE\n"
+                         "added\tproduct\tnpsSendCount\t(unset)\t2\n"
+                         "added\tcommon\tautoUpdate\t(unset)\tfalse\n");
     EXPECT_EQ(ended.err, "editor-settings: 2 would change, 0 already as in the file\n");
     EXPECT_FALSE(std::filesystem::exists(inHome(".local")));
 
@@ -999,12 +999,12 @@ TEST_F(Difference, IsALineForEachKey)
                                                      "removed\tcommon\tautoUpdate\tbool\ttrue\t\t\n");
     SqliteStorage(productFile()).remove("unknown");
     EXPECT_EQ(tool({"diff", file(std::regex_replace(fileContent(m_file), std::regex("\"theirs[^}]*\\},"), ""))}).out,
-              "CHANGE   STORE    KEY             STORED      FILE\n"
-              "removed  product  exportPath      /a          (absent)\n"
-              "changed  product  npsSendCount    1           2\n"
-              "changed  product  npsValueToSend  7 (string)  7 (int)\n"
-              "added    product  projectPath     (unset)\n"
-              "removed  common   autoUpdate      true        (absent)\n");
+              "CHANGE\tSTORE\tKEY\tSTORED\tFILE\n"
+              "removed\tproduct\texportPath\t/a\t(absent)\n"
+              "changed\tproduct\tnpsSendCount\t1\t2\n"
+              "changed\tproduct\tnpsValueToSend\t7 (string)\t7 (int)\n"
+              "added\tproduct\tprojectPath\t(unset)\t\n"
+              "removed\tcommon\tautoUpdate\ttrue\t(absent)\n");
 }
 
 TEST_F(Difference, AsJsonHasBothSidesAsTheDocumentHasThem)
@@ -1024,7 +1024,7 @@ TEST_F(Difference, AsJsonHasBothSidesAsTheDocumentHasThem)
 TEST_F(Difference, ValueThatCannotBeReadDiffersFromAnyOther)
 {
     OtherProgram(productFile()).execute("UPDATE settings SET kind = 'date' WHERE key = 'npsSendCount'");
-    EXPECT_EQ(lines(tool({"diff", m_file}).out)[2], "changed  product  npsSendCount    (unreadable) (date)  2 (int)");
+    EXPECT_EQ(lines(tool({"diff", m_file}).out)[2], "changed\tproduct\tnpsSendCount\t(unreadable) (date)\t2 (int)");
     EXPECT_EQ(json::parse(tool({"diff", m_file, "--json"}).out)[1]["stored"], json::parse(R"({"kind": "date", "value": null})"));
 }
 

@@ -147,7 +147,7 @@ void explain(Host::Application const& application, std::vector<Location> const& 
         json["use"] = useName(location.use);
         json["decidedBy"] = ordered_json::array();
         if (!table.empty())
-            table.push_back({"", ""});
+            table.emplace_back();
         table.push_back({"location", location.label()});
         table.push_back({"path", onOneLine(location.path.toStdString())});
         table.push_back({"use", useName(location.use)});

@@ -25,9 +25,6 @@ Style styleOf(std::string const& word)
     return found == styles.end() ? Style::normal : found->second;
 }
 
-// Where nobody sees the letters, each counts for one column, whatever reads them.
-std::size_t columnsOf(std::string const& text) { return Terminal::is(STDOUT_FILENO) ? Terminal::columns(text) : width(text); }
-
 std::string withoutBlanksAtTheEnd(std::string const& text) { return text.substr(0, text.find_last_not_of(' ') + 1); }
 
 struct Look {
@@ -46,9 +43,9 @@ std::vector<std::size_t> widthsOf(std::vector<Columns> const& table)
 {
     std::vector<std::size_t> widths;
     for (Columns const& line : table) {
-        widths.resize(line.size());
+        widths.resize(std::max(widths.size(), line.size()));
         for (std::size_t column = 0; column < line.size(); ++column)
-            widths[column] = std::max(widths[column], columnsOf(line[column]));
+            widths[column] = std::max(widths[column], Terminal::columns(line[column]));
     }
     return widths;
 }
@@ -62,7 +59,7 @@ void printAligned(std::vector<Columns> const& table, Look const& look)
         for (std::size_t column = 0; column < table[line].size(); ++column) {
             std::string const cell = withoutBlanksAtTheEnd(table[line][column]);
             aligned += cell.empty() ? cell : std::exchange(gap, "") + Terminal::painted(cell, look.of(line, column, cell));
-            gap.append(widths[column] - columnsOf(cell) + 2, ' ');
+            gap.append(widths[column] - Terminal::columns(cell) + 2, ' ');
         }
         std::cout << aligned << '\n';
     }
@@ -72,14 +69,13 @@ void printAligned(std::vector<Columns> const& table, Look const& look)
 
 void printTable(std::vector<Columns> table, Columns const& heading, Format format, std::optional<std::size_t> judging)
 {
-    if (format == Format::people) {
-        if (!heading.empty())
-            table.insert(table.begin(), heading);
+    if (format == Format::people && !heading.empty())
+        table.insert(table.begin(), heading);
+    if (format == Format::people && Terminal::isLookedAt())
         printAligned(table, {!heading.empty(), judging});
-        return;
-    }
-    for (Columns const& line : table)
-        std::cout << joined(line, "\t") << '\n';
+    else
+        for (Columns const& line : table)
+            std::cout << joined(line, "\t") << '\n';
 }
 
 void printAsItIs(std::string const& text) { std::cout << (Terminal::is(STDOUT_FILENO) ? withoutControls(text, "\t\n") : text) << '\n'; }

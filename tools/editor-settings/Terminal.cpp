@@ -97,6 +97,8 @@ std::size_t Terminal::columns(std::string const& text)
 
 void Terminal::chooseColors(Colors colors) { chosen = colors; }
 
+bool Terminal::isLookedAt() { return is(STDOUT_FILENO) || chosen == Colors::always; }
+
 std::string Terminal::painted(std::string const& text, Style style)
 {
     std::string const code = codeOf(style);

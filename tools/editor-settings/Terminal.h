@@ -41,6 +41,9 @@ enum class Style {
     bad,
 };
 
+/// Whether somebody looks at standard output: it is a terminal, or colours are wanted anyway.
+bool isLookedAt();
+
 /// `text` for standard output, in colour where that is chosen.
 std::string painted(std::string const& text, Style style);
 
