@@ -4,8 +4,7 @@
 #include "CommandWalk.h"
 #include "Nearest.h"
 #include "Text.h"
-
-#include <QString>
+#include "Translation.h"
 
 namespace {
 
@@ -39,7 +38,7 @@ std::vector<std::string> verbNames(CLI::App const& app)
 std::string likelyOption(std::string const& word, std::vector<CLI::App const*> const& verbs)
 {
     std::vector<std::string> const likely = nearest(word.substr(0, word.find('=')), optionNames(verbs));
-    return likely.empty() ? std::string() : "Did you mean " + joined(likely, " or ") + "?\n";
+    return likely.empty() ? std::string() : Text::of("Did you mean %1?", alternatives(likely)) + '\n';
 }
 
 std::string likelyVerb(std::string const& word, std::vector<CLI::App const*> const& verbs)
@@ -50,19 +49,20 @@ std::string likelyVerb(std::string const& word, std::vector<CLI::App const*> con
     std::string path;
     for (CLI::App const* verb : verbs)
         path += verb->get_name() + ' ';
-    return QStringLiteral("Did you mean %1? '%2 --help' shows how it is used.\n")
-        .arg(QString::fromStdString(joined(likely, " or ")), QString::fromStdString(path + likely.front()))
-        .toStdString();
+    return Text::of("Did you mean %1? '%2 --help' shows how it is used.", alternatives(likely), path + likely.front()) + '\n';
 }
 
 std::string whatFollows(CLI::App const& app, CLI::App const& last)
 {
-    std::string names;
-    auto const verbs = verbsOf(last);
-    for (CLI::App const* verb : verbs)
-        names += (verb == verbs.front() ? "" : verb == verbs.back() ? " and " : ", ") + verb->get_name();
-    std::string const what = &last == &app ? "The verbs" : "What follows " + last.get_name();
-    return names.empty() ? names : what + (&last == &app ? " are " : " is one of ") + names + ".\n";
+    std::vector<std::string> names = verbNames(last);
+    if (names.empty())
+        return {};
+    std::string const lastName = names.back();
+    names.pop_back();
+    std::string const first = joined(names, ", ");
+    return (&last == &app ? Text::of("The verbs are %1 and %2.", first, lastName)
+                          : Text::of("What follows %1 is one of %2 and %3.", last.get_name(), first, lastName)) +
+           '\n';
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "Setting.h"
 #include "Stored.h"
 #include "Text.h"
+#include "Translation.h"
 
 #include <Storage/Backup.h>
 
@@ -17,8 +18,6 @@ using Storage::SqliteStorage;
 namespace {
 
 constexpr Store stores[] = {Store::product, Store::common};
-
-std::string countOf(std::size_t count) { return std::to_string(count) + (count == 1 ? " value" : " values"); }
 
 std::vector<SqliteStorage::Row> rowsNow(Host::Application const& application, Store store)
 {
@@ -54,21 +53,25 @@ void printAsJson(Storage::Backup const& backup, std::vector<Restored> const& all
 
 void printAsTable(std::vector<Restored> const& all, Format format)
 {
+    std::string const unset = Text::of("(unset)");
     std::vector<Columns> table;
     for (Restored const& restored : all)
         for (KeyChange const& change : restored.changes)
-            table.push_back({name(restored.store), onOneLine(change.key), shown(change.before, "(unset)"), shown(change.after, "(unset)")});
+            table.push_back({name(restored.store), onOneLine(change.key), shown(change.before, unset), shown(change.after, unset)});
     if (!table.empty())
-        printTable(table, {"STORE", "KEY", "NOW", "IN THE BACKUP"}, format);
+        printTable(table, {Text::of("STORE"), Text::of("KEY"), Text::of("NOW"), Text::of("IN THE BACKUP")}, format);
 }
 
 std::string told(Storage::Backup const& backup, Restored const& restored, bool isDryRun)
 {
-    std::string const count = countOf(restored.changes.size());
-    std::string const differ = restored.changes.size() == 1 ? " differs from before" : " differ from before";
-    std::string const kept = restored.kept ? "; what was there is kept in " + restored.kept->u8string() : "";
-    return "the " + name(restored.store) + " store of " + inUtc(backup.made()) + ": " + count + (isDryRun ? " would change" : differ) +
-           kept;
+    std::string const store = name(restored.store);
+    std::string const made = inUtc(backup.made());
+    std::size_t const count = restored.changes.size();
+    if (isDryRun)
+        return Text::ofCount("the %1 store of %2: %n values would change", "the %1 store of %2: %n value would change", count, store, made);
+    std::string const differing = Text::ofCount("the %1 store of %2: %n values differ from before",
+                                                "the %1 store of %2: %n value differs from before", count, store, made);
+    return restored.kept ? Text::of("%1; what was there is kept in %2", differing, restored.kept->u8string()) : differing;
 }
 
 } // namespace
@@ -80,26 +83,27 @@ void backUpStores(Host::Application const& application, std::string const& file)
         if (SqliteStorage const* const now = storage(application, store))
             present[name(store)] = now;
     if (present.empty())
-        throw Refusal("there is no store yet, so there is nothing to back up");
+        throw Refusal(Text::of("there is no store yet, so there is nothing to back up"));
     Progress progress(2);
-    progress.next("copying the stores");
+    progress.next(Text::of("copying the stores"));
     Storage::Backup::write(file, present);
-    progress.next("reading the copy");
+    progress.next(Text::of("reading the copy"));
     Storage::Backup const written(file);
     for (std::string const& store : written.names())
-        progress.aside("the " + store + " store is backed up with " + countOf(written.rows(store).size()));
+        progress.aside(Text::ofCount("the %1 store is backed up with %n values", "the %1 store is backed up with %n value",
+                                     written.rows(store).size(), store));
 }
 
 void restoreStores(Host::Application const& application, std::string const& file, bool isDryRun, Format format)
 {
     std::vector<Restored> all;
     std::optional<Progress> progress(3);
-    progress->next("reading the backup");
+    progress->next(Text::of("reading the backup"));
     Storage::Backup const backup(file);
     for (Store const store : stores) {
-        progress->next(store == Store::product ? "restoring the product store" : "restoring the common store");
+        progress->next(Text::of("restoring the %1 store", name(store)));
         if (!holds(backup, store)) {
-            progress->aside("the backup holds no " + name(store) + " store, so that one stays as it is");
+            progress->aside(Text::of("the backup holds no %1 store, so that one stays as it is", name(store)));
             continue;
         }
         if (std::string const& trouble = storageTrouble(application, store); !trouble.empty())

@@ -4,6 +4,7 @@
 #include "Printing.h"
 #include "Setting.h"
 #include "Stored.h"
+#include "Translation.h"
 #include "Values.h"
 
 #include <algorithm>
@@ -36,14 +37,15 @@ Setting settingToWrite(Host::Application const& application, std::string const& 
 {
     Setting found = setting(application, key);
     if (!found.write)
-        throw Refusal(key + " is written by the editor alone, so it cannot be set; 'editor-settings unset' removes it");
+        throw Refusal(Text::of("%1 is written by the editor alone, so it cannot be set; 'editor-settings unset' removes it", key));
     return found;
 }
 
 void write(Setting const& setting, Catalogue::Value const& value)
 {
     if (!setting.observation.store)
-        throw Refusal(setting.key + " is kept in memory only by a product of this kind, so it cannot be set from outside the editor");
+        throw Refusal(
+            Text::of("%1 is kept in memory only by a product of this kind, so it cannot be set from outside the editor", setting.key));
     setting.write(value);
 }
 
@@ -71,16 +73,19 @@ void listPreferences(Host::Application const& application, ListOptions const& op
     for (Setting const& setting : settings)
         table.push_back({onOneLine(setting.key), typeName(setting.observation.value), setting.storeName(), setting.state(),
                          inColumn(setting.observation.value, format)});
-    printTable(table, {"KEY", "TYPE", "STORE", "STATE", "VALUE"}, format, 3);
+    printTable(table, {Text::of("KEY"), Text::of("TYPE"), Text::of("STORE"), Text::of("STATE"), Text::of("VALUE")}, format, 3);
 }
 
 void getPreference(Host::Application const& application, std::string const& key, Format format)
 {
     Setting const found = setting(application, key);
     Catalogue::Value const& value = found.observation.value;
-    if (!found.obstacle().empty())
-        tell(key + " holds a value of kind " + found.stored->kind + (found.obstacle() == "unreadable" ? " that cannot be read" : "") +
-             ", so the default is read; 'editor-settings explain " + key + "' shows both");
+    if (found.isUnreadable())
+        tell(Text::of("%1 holds a value of kind %2 that cannot be read, so the default is read; 'editor-settings explain %1' shows both",
+                      key, found.stored->kind));
+    else if (found.isOfOtherKind())
+        tell(Text::of("%1 holds a value of kind %2, so the default is read; 'editor-settings explain %1' shows both", key,
+                      found.stored->kind));
     if (format == Format::json)
         printJson({{"key", key}, {"type", typeName(value)}, {"value", toJson(value)}});
     else if (format == Format::plain)
@@ -107,7 +112,7 @@ void unsetPreference(Host::Application const& application, std::string const& ke
     if (found.observation.isStored)
         storage(application, *found.observation.store)->remove(found.observation.key);
     else
-        tell(key + " was not set");
+        tell(Text::of("%1 was not set", key));
 }
 
 void explainPreference(Host::Application const& application, std::string const& key, Format format)
@@ -135,21 +140,21 @@ void explainPreference(Host::Application const& application, std::string const& 
                    {"value", toJson(observation.value)}});
         return;
     }
-    std::vector<Columns> table = {{"key", onOneLine(key)},
-                                  {"type", typeWithLanguage(observation.value)},
-                                  {"class", Catalogue::className(found.category)},
-                                  {"store", found.storeName()}};
+    std::vector<Columns> table = {{Text::of("key"), onOneLine(key)},
+                                  {Text::of("type"), typeWithLanguage(observation.value)},
+                                  {Text::of("class"), Catalogue::className(found.category)},
+                                  {Text::of("store"), found.storeName()}};
     if (!file.empty())
-        table.push_back({"file", onOneLine(file)});
-    table.push_back({"state", found.state()});
+        table.push_back({Text::of("file"), onOneLine(file)});
+    table.push_back({Text::of("state"), found.state()});
     if (found.stored) {
-        table.push_back({"stored", onOneLine(storedText(found.stored->value))});
-        table.push_back({"stored kind", onOneLine(found.stored->kind)});
-        table.push_back({"changed", inUtc(found.stored->changed)});
+        table.push_back({Text::of("stored"), onOneLine(storedText(found.stored->value))});
+        table.push_back({Text::of("stored kind"), onOneLine(found.stored->kind)});
+        table.push_back({Text::of("changed"), inUtc(found.stored->changed)});
     }
-    table.push_back({"default", onOneLine(observation.defaultValue)});
-    table.push_back({"computed by", computedBy.empty() ? "nothing: it is fixed" : computedBy + "()"});
-    table.push_back({"value", onOneLine(observation.value)});
+    table.push_back({Text::of("default"), onOneLine(observation.defaultValue)});
+    table.push_back({Text::of("computed by"), computedBy.empty() ? Text::of("nothing: it is fixed") : computedBy + "()"});
+    table.push_back({Text::of("value"), onOneLine(observation.value)});
     printTable(table, {}, format);
 }
 
@@ -166,13 +171,13 @@ void showProject(Format format)
                    {"sampleProject", sample.isNull() ? ordered_json() : ordered_json(sample.toStdString())}});
         return;
     }
-    printTable({{"default name", onOneLine(Settings::projectNameDefault())},
-                {"extensions", inColumn(extensions, format)},
-                {"extension for saving", onOneLine(Settings::projectFileExtension())},
-                {"save filter", onOneLine(Settings::projectFileSaveFilter())},
-                {"open filter", onOneLine(Settings::projectFileOpenFilter())},
-                {"sample project", onOneLine(sample)}},
+    printTable({{Text::of("default name"), onOneLine(Settings::projectNameDefault())},
+                {Text::of("extensions"), inColumn(extensions, format)},
+                {Text::of("extension for saving"), onOneLine(Settings::projectFileExtension())},
+                {Text::of("save filter"), onOneLine(Settings::projectFileSaveFilter())},
+                {Text::of("open filter"), onOneLine(Settings::projectFileOpenFilter())},
+                {Text::of("sample project"), onOneLine(sample)}},
                {}, format);
     if (sample.isNull() && format == Format::people)
-        tell("there is no sample project below " + stockSampleProjectsPath().toStdString());
+        tell(Text::of("there is no sample project below %1", stockSampleProjectsPath().toStdString()));
 }

@@ -7,6 +7,7 @@
 #include "Setting.h"
 #include "Terminal.h"
 #include "Text.h"
+#include "Translation.h"
 
 #include <algorithm>
 #include <iostream>
@@ -38,8 +39,9 @@ Findings checked(Host::Application const& application, ExaminedStore const& stor
 Findings checkHome()
 {
     std::string const trouble = troubleWithTheHome();
-    return trouble.empty() ? Findings()
-                           : Findings{{Severity::warning, "home", trouble, "set HOME to the folder of the user whom the editor runs for"}};
+    return trouble.empty()
+               ? Findings()
+               : Findings{{Severity::warning, "home", trouble, Text::of("set HOME to the folder of the user whom the editor runs for")}};
 }
 
 constexpr std::size_t steps = 7;
@@ -48,17 +50,17 @@ Findings checked(Host::Application const& application, Facts& facts, Progress& p
 {
     Findings findings = checkHome();
     for (Store const store : {Store::product, Store::common}) {
-        progress.next(store == Store::product ? "looking at the product store" : "looking at the common store");
+        progress.next(Text::of("looking at the %1 store", name(store)));
         facts.stores.push_back(examined(application, store));
         append(findings, checked(application, facts.stores.back()));
     }
-    progress.next("looking at the names of recordings");
+    progress.next(Text::of("looking at the names of recordings"));
     append(findings, checkRecordings());
-    progress.next("looking at the names of freeze frames");
+    progress.next(Text::of("looking at the names of freeze frames"));
     append(findings, checkFreezeFrames());
-    progress.next("looking at the names of stabilized clips");
+    progress.next(Text::of("looking at the names of stabilized clips"));
     append(findings, checkStabilizedClips());
-    progress.next("looking at the folders that the editor writes to");
+    progress.next(Text::of("looking at the folders that the editor writes to"));
     append(findings, checkFolders());
     return findings;
 }
@@ -66,7 +68,7 @@ Findings checked(Host::Application const& application, Facts& facts, Progress& p
 Findings checked(fs::path const& productFile, std::optional<fs::path> const& storeFolder, Facts& facts)
 {
     Progress progress(steps);
-    progress.next("opening the stores");
+    progress.next(Text::of("opening the stores"));
     try {
         Host::Application const application(productFile, storeFolder, Host::StorePolicy::leaveOutUnusable);
         return checked(application, facts, progress);
@@ -74,7 +76,7 @@ Findings checked(fs::path const& productFile, std::optional<fs::path> const& sto
         return {{Severity::error,
                  "product-file",
                  error.what(),
-                 "nothing else can be looked at without it: mend it, or name another with --product",
+                 Text::of("nothing else can be looked at without it: mend it, or name another with --product"),
                  std::nullopt,
                  {},
                  facts.productFile}};
@@ -87,29 +89,29 @@ char const* nameOf(Severity severity)
 {
     switch (severity) {
     case Severity::note:
-        return "note";
+        return Text::mark("note");
     case Severity::warning:
-        return "warning";
+        return Text::mark("warning");
     case Severity::error:
         break;
     }
-    return "error";
+    return Text::mark("error");
 }
 
-std::string stateOf(ExaminedStore const& store)
+char const* stateOf(ExaminedStore const& store)
 {
     if (store.isMissing)
-        return "missing";
+        return Text::mark("missing");
     if (!store.trouble.empty())
-        return "unusable";
-    return store.readOnlyReason.empty() ? "usable" : "read-only";
+        return Text::mark("unusable");
+    return store.readOnlyReason.empty() ? Text::mark("usable") : Text::mark("read-only");
 }
 
 ordered_json orNull(std::string const& text) { return text.empty() ? ordered_json() : ordered_json(text); }
 
 ordered_json asJson(ExaminedStore const& store)
 {
-    bool const isOpen = stateOf(store) == "usable" || stateOf(store) == "read-only";
+    bool const isOpen = !store.isMissing && store.trouble.empty();
     return {{"store", name(store.store)},
             {"file", store.file.u8string()},
             {"state", stateOf(store)},
@@ -132,33 +134,34 @@ ordered_json asJson(Finding const& finding)
 std::string whereOf(Finding const& finding)
 {
     if (!finding.key.empty())
-        return onOneLine(finding.key) + " (" + name(*finding.store) + " store)";
+        return Text::of("%1 (%2 store)", onOneLine(finding.key), name(*finding.store));
     return onOneLine(finding.path);
 }
 
 std::string summaryOf(ExaminedStore const& store)
 {
-    std::string summary = stateOf(store);
+    std::string summary = Text::of(stateOf(store));
     if (store.report.schemaVersion != 0)
-        summary += ", schema " + std::to_string(store.report.schemaVersion) + ", journal mode " + store.report.journalMode;
-    if (!store.fileSystem.type.empty())
-        summary += ", on " + onOneLine(store.fileSystem.type) +
-                   (store.fileSystem.mountPoint.empty() ? "" : " at " + onOneLine(store.fileSystem.mountPoint.u8string()));
-    return summary;
+        summary = Text::of("%1, schema %2, journal mode %3", summary, std::to_string(store.report.schemaVersion), store.report.journalMode);
+    if (store.fileSystem.type.empty())
+        return summary;
+    std::string const type = onOneLine(store.fileSystem.type);
+    std::string const mountPoint = onOneLine(store.fileSystem.mountPoint.u8string());
+    return mountPoint.empty() ? Text::of("%1, on %2", summary, type) : Text::of("%1, on %2 at %3", summary, type, mountPoint);
 }
 
 std::string verdictOn(Findings const& findings)
 {
-    auto const count = [&](Severity severity, std::string const& word) {
-        auto const number =
-            std::count_if(findings.begin(), findings.end(), [&](Finding const& finding) { return finding.severity == severity; });
-        return number == 0 ? std::string() : std::to_string(number) + ' ' + word + (number == 1 ? "" : "s");
+    auto const count = [&](Severity severity) {
+        auto const isMeant = [&](Finding const& finding) { return finding.severity == severity; };
+        return static_cast<std::size_t>(std::count_if(findings.begin(), findings.end(), isMeant));
     };
-    std::string const errors = count(Severity::error, "error");
-    std::string const warnings = count(Severity::warning, "warning");
-    if (errors.empty() && warnings.empty())
-        return "all is well";
-    return errors + (errors.empty() || warnings.empty() ? "" : ", ") + warnings;
+    std::vector<std::string> counts;
+    if (std::size_t const errors = count(Severity::error); errors > 0)
+        counts.push_back(Text::ofCount("%n errors", "%n error", errors));
+    if (std::size_t const warnings = count(Severity::warning); warnings > 0)
+        counts.push_back(Text::ofCount("%n warnings", "%n warning", warnings));
+    return counts.empty() ? Text::of("all is well") : joined(counts, Text::of(", "));
 }
 
 Terminal::Style styleOf(Findings const& findings)
@@ -172,7 +175,7 @@ Terminal::Style styleOf(Findings const& findings)
 // Below one another: where it is, what it is, and what to do.
 void appendTo(std::vector<Columns>& table, Finding const& finding)
 {
-    std::string severity = nameOf(finding.severity);
+    std::string severity = Text::of(nameOf(finding.severity));
     for (std::string const& line : {whereOf(finding), withoutControls(finding.what), withoutControls(finding.remedy)})
         if (!line.empty())
             table.push_back({std::exchange(severity, ""), line});
@@ -180,9 +183,10 @@ void appendTo(std::vector<Columns>& table, Finding const& finding)
 
 void printForPeople(Facts const& facts, Findings const& findings)
 {
-    std::vector<Columns> told = {{"product file", onOneLine(facts.productFile)}, {"SQLite", Storage::SqliteStorage::sqliteVersion()}};
+    std::vector<Columns> told = {{Text::of("product file"), onOneLine(facts.productFile)},
+                                 {"SQLite", Storage::SqliteStorage::sqliteVersion()}};
     for (ExaminedStore const& store : facts.stores) {
-        told.push_back({name(store.store) + " store", onOneLine(store.file.u8string())});
+        told.push_back({Text::of("%1 store", name(store.store)), onOneLine(store.file.u8string())});
         told.push_back({"", summaryOf(store)});
     }
     printTable(told, {}, Format::people);

@@ -6,6 +6,7 @@
 #include "Paths.h"
 #include "Setting.h"
 #include "Text.h"
+#include "Translation.h"
 #include "Values.h"
 
 #include <QDir>
@@ -83,9 +84,10 @@ void checkFolderOfStore(ExaminedStore const& store, Findings& findings)
     if (!found.isUsable)
         findings.push_back({Severity::error,
                             "store-folder",
-                            "the folder of the store cannot be used: " + found.remark +
-                                (store.isMissing ? ", so no store can be made" : ", so no change can be stored"),
-                            "give this user the rights to the folder, or name another with --home",
+                            store.isMissing
+                                ? Text::of("the folder of the store cannot be used: %1, so no store can be made", found.remark)
+                                : Text::of("the folder of the store cannot be used: %1, so no change can be stored", found.remark),
+                            Text::of("give this user the rights to the folder, or name another with --home"),
                             store.store,
                             {},
                             folder.u8string()});
@@ -99,8 +101,8 @@ Findings checkAccess(ExaminedStore const& store)
     if (!store.trouble.empty())
         return {findingOf(store.trouble, store, Severity::error, "store-unusable")};
     if (store.isMissing && sizeOfJournal(store) == 0)
-        findings.push_back(aboutFile(store, Severity::note, "store-missing", "nothing is stored there yet",
-                                     "nothing to do: the store is made when something is stored"));
+        findings.push_back(aboutFile(store, Severity::note, "store-missing", Text::of("nothing is stored there yet"),
+                                     Text::of("nothing to do: the store is made when something is stored")));
     if (!store.readOnlyReason.empty())
         findings.push_back(store.isNewer() ? findingOf(store.readOnlyReason, store, Severity::warning, "store-newer")
                                            : findingOf(store.readOnlyReason, store, Severity::error, "store-read-only"));
@@ -133,7 +135,7 @@ void checkModeOf(std::string const& file, ExaminedStore const& store, Findings& 
     if ((status.st_mode & 077) != 0)
         findings.push_back({Severity::warning,
                             "file-mode",
-                            "other users may read or change it: its mode is " + inOctal(status.st_mode & 07777),
+                            Text::of("other users may read or change it: its mode is %1", inOctal(status.st_mode & 07777)),
                             "chmod 600 " + quoted(file),
                             store.store,
                             {},
@@ -141,8 +143,8 @@ void checkModeOf(std::string const& file, ExaminedStore const& store, Findings& 
     if (status.st_uid != ::geteuid())
         findings.push_back({Severity::warning,
                             "file-owner",
-                            "it belongs to another user, " + userName(status.st_uid),
-                            "run this program and the editor as that user, or give the file to " + userName(::geteuid()),
+                            Text::of("it belongs to another user, %1", userName(status.st_uid)),
+                            Text::of("run this program and the editor as that user, or give the file to %1", userName(::geteuid())),
                             store.store,
                             {},
                             file});
@@ -163,19 +165,19 @@ Findings checkJournal(ExaminedStore const& store)
     std::uintmax_t const size = sizeOfJournal(store);
     if (size == 0)
         return {};
-    std::string const what = "a journal of " + std::to_string(size) + " bytes lies there: ";
+    std::string const bytes = std::to_string(size);
     if (store.isMissing)
         return {{Severity::error,
                  "journal-left",
-                 what + "its store is gone, and no new one is made beside it",
-                 "bring the store back beside its journal, or move the journal away",
+                 Text::of("a journal of %1 bytes lies there: its store is gone, and no new one is made beside it", bytes),
+                 Text::of("bring the store back beside its journal, or move the journal away"),
                  store.store,
                  {},
                  journalOf(store)}};
     return {{Severity::warning,
              "journal-left",
-             what + "a change is being made right now, or was interrupted",
-             "look again in a moment; where it stays, leave it beside the store and start the editor, which undoes the change",
+             Text::of("a journal of %1 bytes lies there: a change is being made right now, or was interrupted", bytes),
+             Text::of("look again in a moment; where it stays, leave it beside the store and start the editor, which undoes the change"),
              store.store,
              {},
              journalOf(store)}};
@@ -183,28 +185,31 @@ Findings checkJournal(ExaminedStore const& store)
 
 Findings checkFileSystem(ExaminedStore const& store)
 {
-    std::string const on = "it lies on " + (store.fileSystem.type.empty() ? "a file system without a name" : store.fileSystem.type);
+    std::string const type = store.fileSystem.type.empty() ? Text::of("a file system without a name") : store.fileSystem.type;
     std::string const elsewhere =
-        "keep the stores on a local disk: move the data folder there (XDG_DATA_HOME), or name a folder with --home";
-    auto const found = [&](Severity severity, std::string const& why, std::string const& remedy) -> Findings {
-        return {aboutFile(store, severity, "file-system", on + why, remedy)};
+        Text::of("keep the stores on a local disk: move the data folder there (XDG_DATA_HOME), or name a folder with --home");
+    auto const found = [&](Severity severity, std::string const& what, std::string const& remedy) -> Findings {
+        return {aboutFile(store, severity, "file-system", what, remedy)};
     };
     switch (Storage::suitabilityForStores(store.fileSystem)) {
     case Storage::Suitability::suitable:
         break;
     case Storage::Suitability::readOnly:
-        return found(Severity::error, ", which may only be read, so nothing can be stored",
-                     "mount it for writing, or name another folder with --home");
+        return found(Severity::error, Text::of("it lies on %1, which may only be read, so nothing can be stored", type),
+                     Text::of("mount it for writing, or name another folder with --home"));
     case Storage::Suitability::network:
-        return found(Severity::warning, ", where locks do not hold between machines, so that two editors can damage it", elsewhere);
-    case Storage::Suitability::withoutLinks:
-        return found(store.isMissing ? Severity::error : Severity::warning, ", which has no hard links, so that no store can be made there",
+        return found(Severity::warning,
+                     Text::of("it lies on %1, where locks do not hold between machines, so that two editors can damage it", type),
                      elsewhere);
+    case Storage::Suitability::withoutLinks:
+        return found(store.isMissing ? Severity::error : Severity::warning,
+                     Text::of("it lies on %1, which has no hard links, so that no store can be made there", type), elsewhere);
     case Storage::Suitability::passing:
-        return found(Severity::warning, ", which is kept in memory, so that all is lost with a restart", elsewhere);
+        return found(Severity::warning, Text::of("it lies on %1, which is kept in memory, so that all is lost with a restart", type),
+                     elsewhere);
     case Storage::Suitability::unknown:
-        return found(Severity::note, ", of which it cannot be told whether locks hold there",
-                     "nothing to do where the disk is local; else " + elsewhere);
+        return found(Severity::note, Text::of("it lies on %1, of which it cannot be told whether locks hold there", type),
+                     Text::of("nothing to do where the disk is local; else %1", elsewhere));
     }
     return {};
 }
@@ -274,12 +279,12 @@ Findings checkKeys(ExaminedStore const& store)
         bool const isHalf = row.key.size() > 2 && !isKnown(store, row.key) && rationals.count(row.key.substr(0, row.key.size() - 2)) != 0;
         if (known && known->store != store.store)
             findings.push_back(aboutKey(store, Severity::warning, "misplaced-key", row.key,
-                                        "it belongs in the " + name(known->store) + " store and is not read here",
-                                        "'editor-settings explain " + row.key + "' shows what is read; what lies here is kept"));
+                                        Text::of("it belongs in the %1 store and is not read here", name(known->store)),
+                                        Text::of("'editor-settings explain %1' shows what is read; what lies here is kept", row.key)));
         else if (!isKnown(store, row.key) && !isHalf)
             findings.push_back(
-                aboutKey(store, Severity::warning, "unknown-key", row.key, "the library knows no such key; it is kept",
-                         didYouMean(row.key, knownNames()) + "nothing to do where a later version or another program stored it"));
+                aboutKey(store, Severity::warning, "unknown-key", row.key, Text::of("the library knows no such key; it is kept"),
+                         didYouMean(row.key, knownNames()) + Text::of("nothing to do where a later version or another program stored it")));
     }
     return findings;
 }
@@ -287,7 +292,7 @@ Findings checkKeys(ExaminedStore const& store)
 Findings checkRationals(ExaminedStore const& store)
 {
     Findings findings;
-    std::string const remedy = "have the program that keeps it store it anew";
+    std::string const remedy = Text::of("have the program that keeps it store it anew");
     auto const found = [&](Severity severity, char const* check, std::string const& key, std::string const& what) {
         findings.push_back(aboutKey(store, severity, check, key, what, remedy));
     };
@@ -296,15 +301,17 @@ Findings checkRationals(ExaminedStore const& store)
         auto const isInt = [](StoredRow const* row) { return std::holds_alternative<int>(row->value); };
         if (!numerator || !denominator)
             found(Severity::warning, "rational-half", key,
-                  "the rational has no " + key + (numerator ? "_D" : "_N") + ", so a read mixes it with a default");
+                  Text::of("the rational has no %1, so a read mixes it with a default", key + (numerator ? "_D" : "_N")));
         else if (!isInt(numerator) || !isInt(denominator))
             found(Severity::warning, "rational-kind", key,
-                  "the rational's " + (isInt(numerator) ? denominator : numerator)->key + " is no int, so a read mixes it with a default");
+                  Text::of("the rational's %1 is no int, so a read mixes it with a default",
+                           (isInt(numerator) ? denominator : numerator)->key));
         else if (std::get<int>(denominator->value) == 0)
-            found(Severity::error, "rational-zero", key, "the rational's denominator is 0, so every read of it fails");
+            found(Severity::error, "rational-zero", key, Text::of("the rational's denominator is 0, so every read of it fails"));
         else
-            findings.push_back(aboutKey(store, Severity::warning, "unknown-key", key, "the library knows no such rational; it is kept",
-                                        "nothing to do where a later version or another program stored it"));
+            findings.push_back(aboutKey(store, Severity::warning, "unknown-key", key,
+                                        Text::of("the library knows no such rational; it is kept"),
+                                        Text::of("nothing to do where a later version or another program stored it")));
     }
     return findings;
 }
@@ -332,28 +339,31 @@ bool isAtTheEdge(Setting const& setting)
 // What is wrong with a stored value, if anything.
 void checkValue(Setting const& setting, ExaminedStore const& store, Findings& findings)
 {
-    std::string const unset = "'editor-settings unset " + setting.key + "' removes it, so that the default holds";
+    std::string const unset = Text::of("'editor-settings unset %1' removes it, so that the default holds", setting.key);
     std::string const storeAnew =
-        setting.write ? "store it anew: 'editor-settings set " + setting.key + " VALUE'" : "have the editor store it anew";
+        setting.write ? Text::of("store it anew: 'editor-settings set %1 VALUE'", setting.key) : Text::of("have the editor store it anew");
     auto const found = [&](char const* check, std::string const& what, std::string const& remedy) {
         findings.push_back(aboutKey(store, Severity::warning, check, setting.key, what, remedy));
     };
-    if (setting.obstacle() == "other kind")
+    if (setting.isOfOtherKind())
         found("other-kind",
-              "it holds a value of kind " + setting.stored->kind + " where one of kind " + storedKind(setting.observation.value) +
-                  " is read, so the default is read",
+              Text::of("it holds a value of kind %1 where one of kind %2 is read, so the default is read", setting.stored->kind,
+                       storedKind(setting.observation.value)),
               unset);
-    else if (setting.obstacle() == "unreadable")
-        found("unreadable", "it holds a value of kind " + setting.stored->kind + " that cannot be read, so the default is read", unset);
+    else if (setting.isUnreadable())
+        found("unreadable", Text::of("it holds a value of kind %1 that cannot be read, so the default is read", setting.stored->kind),
+              unset);
     else if (isTextThatIsNotUtf8(setting))
-        found("no-utf8", "it holds text that is not UTF-8, so it is not read as it is stored", storeAnew);
+        found("no-utf8", Text::of("it holds text that is not UTF-8, so it is not read as it is stored"), storeAnew);
     else if (changesWhenStoredAgain(setting))
         found("list-changes",
-              "the stored list would be another one when it is read and stored again, as it has empty elements or a part of the separator",
+              Text::of("the stored list would be another one when it is read and stored again, as it has empty elements or a part of the "
+                       "separator"),
               storeAnew);
     else if (isAtTheEdge(setting))
         found("number-edge",
-              "it holds " + std::to_string(std::get<int>(setting.stored->value)) + ", at the edge of its range: counting on would leave it",
+              Text::of("it holds %1, at the edge of its range: counting on would leave it",
+                       std::to_string(std::get<int>(setting.stored->value))),
               unset);
 }
 
@@ -393,15 +403,17 @@ void checkNextNumber(QString const& proposed, QString const& pattern, char const
     if (!number || (*number >= 0 && *number <= nearTheEdge))
         return;
     std::string const folder = QFileInfo(proposed).path().toStdString();
-    std::string const next = "; the next is " + quoted(QFileInfo(proposed).fileName().toStdString());
+    std::string const next = quoted(QFileInfo(proposed).fileName().toStdString());
     std::string const remedy =
-        "move the file with the highest number out of the folder, or store another folder in " + std::string(preference);
+        Text::of("move the file with the highest number out of the folder, or store another folder in %1", preference);
     if (*number < 0)
-        findings.push_back({Severity::error, "running-number", "the running number has passed 2147483647 and counts no further" + next,
-                            remedy, Store::product, preference, folder});
-    else
-        findings.push_back({Severity::warning, "running-number", "the running number nears its end at 2147483647" + next, remedy,
+        findings.push_back({Severity::error, "running-number",
+                            Text::of("the running number has passed 2147483647 and counts no further; the next is %1", next), remedy,
                             Store::product, preference, folder});
+    else
+        findings.push_back({Severity::warning, "running-number",
+                            Text::of("the running number nears its end at 2147483647; the next is %1", next), remedy, Store::product,
+                            preference, folder});
 }
 
 // What stands before the running number in the names of a folder, where that is near the edge. The library says what it
@@ -439,9 +451,10 @@ void checkNumbers(NumberedFiles const& files, Findings& findings)
         checkNextNumber(files.proposed(*stem + QStringLiteral(".x")), files.inProposed, files.preference, findings);
     if (left > 0)
         findings.push_back({Severity::warning, "running-number",
-                            std::to_string(left) + " more names in the folder with numbers near 2147483647 were not looked at",
-                            "move them out of the folder, or look again when those above are mended", Store::product, files.preference,
-                            files.folder.toStdString()});
+                            Text::ofCount("%n more names in the folder with numbers near 2147483647 were not looked at",
+                                          "%n more names in the folder with numbers near 2147483647 were not looked at", left),
+                            Text::of("move them out of the folder, or look again when those above are mended"), Store::product,
+                            files.preference, files.folder.toStdString()});
 }
 
 } // namespace
@@ -482,9 +495,9 @@ Findings checkFolders()
         if (!folder.check.isUsable)
             findings.push_back({Severity::error,
                                 "folder",
-                                folder.label + ": the editor cannot write there: " + folder.check.remark,
-                                "mend what is remarked: 'editor-settings paths --explain' tells what decides, and a preference may be set "
-                                "to another folder",
+                                Text::of("%1: the editor cannot write there: %2", folder.label, folder.check.remark),
+                                Text::of("mend what is remarked: 'editor-settings paths --explain' tells what decides, and a preference "
+                                         "may be set to another folder"),
                                 std::nullopt,
                                 {},
                                 path});
@@ -493,14 +506,14 @@ Findings checkFolders()
         else if (!folder.check.remark.empty())
             findings.push_back({Severity::warning,
                                 "folder",
-                                folder.label + ": " + folder.check.remark,
-                                "make it readable, or set the preference to another folder",
+                                Text::of("%1: %2", folder.label, folder.check.remark),
+                                Text::of("make it readable, or set the preference to another folder"),
                                 std::nullopt,
                                 {},
                                 path});
     }
     if (!missing.empty())
-        findings.push_back({Severity::note, "folders-missing", "not there yet: " + joined(missing, ", "),
-                            "nothing to do: the editor makes them when it writes there"});
+        findings.push_back({Severity::note, "folders-missing", Text::of("not there yet: %1", joined(missing, ", ")),
+                            Text::of("nothing to do: the editor makes them when it writes there")});
     return findings;
 }

@@ -2,6 +2,7 @@
 #include "FolderCheck.h"
 
 #include "Text.h"
+#include "Translation.h"
 
 #include <QDir>
 
@@ -38,11 +39,11 @@ FolderCheck checkPath(fs::path const& path)
 {
     FolderCheck check;
     if (path.empty())
-        return unusable(check, "empty");
+        return unusable(check, Text::of("empty"));
     if (path.native().find('\0') != std::string::npos)
-        return unusable(check, "holds a NUL, at which the system would cut it off");
+        return unusable(check, Text::of("holds a NUL, at which the system would cut it off"));
     if (!path.is_absolute())
-        return unusable(check, "not absolute: it depends on the folder that the editor is started in");
+        return unusable(check, Text::of("not absolute: it depends on the folder that the editor is started in"));
     std::error_code linkError;
     std::error_code targetError;
     fs::file_status const link = fs::symlink_status(path, linkError);
@@ -53,7 +54,7 @@ FolderCheck checkPath(fs::path const& path)
     if (target.type() == fs::file_type::none)
         return unusable(check, targetError.message());
     if (fs::is_symlink(link) && !check.exists)
-        return unusable(check, "dangling link to " + onOneLine(fs::read_symlink(path, linkError).u8string()));
+        return unusable(check, Text::of("dangling link to %1", onOneLine(fs::read_symlink(path, linkError).u8string())));
     check.isWritable = check.exists && userMay(path, W_OK);
     return check;
 }
@@ -70,14 +71,14 @@ FolderCheck checkMissing(fs::path const& path)
     check.exists = false;
     std::string const name = onOneLine(above.u8string());
     if (!check.isUsable)
-        return unusable(check, "missing, and " + name + ": " + check.remark);
+        return unusable(check, Text::of("missing, and %1: %2", name, check.remark));
     std::error_code error;
     check.isWritable = userMay(above, W_OK | X_OK);
     if (!fs::is_directory(above, error))
-        return unusable(check, "missing, and " + name + " is not a folder");
+        return unusable(check, Text::of("missing, and %1 is not a folder", name));
     if (!check.isWritable)
-        return unusable(check, "missing, and " + name + " is not writable");
-    check.remark = "missing; the editor can make it";
+        return unusable(check, Text::of("missing, and %1 is not writable", name));
+    check.remark = Text::of("missing; the editor can make it");
     return check;
 }
 
@@ -93,14 +94,14 @@ FolderCheck checkFolderToWrite(QString const& path)
         return checkMissing(folder);
     std::error_code error;
     if (!fs::is_directory(folder, error))
-        return unusable(check, "not a folder");
+        return unusable(check, Text::of("not a folder"));
     check.isWritable = userMay(folder, W_OK | X_OK);
     if (!check.isWritable)
-        return unusable(check, "not writable");
+        return unusable(check, Text::of("not writable"));
     if (!userMay(folder, R_OK))
-        check.remark = "not readable, so names are numbered as if it were empty";
+        check.remark = Text::of("not readable, so names are numbered as if it were empty");
     else if (fs::equivalent(folder, bare(QDir::homePath()), error))
-        check.remark = "the home folder itself";
+        check.remark = Text::of("the home folder itself");
     return check;
 }
 
@@ -108,6 +109,6 @@ FolderCheck checkExistence(QString const& path)
 {
     FolderCheck check = checkPath(bare(path));
     if (check.isUsable && !check.exists)
-        check.remark = "missing";
+        check.remark = Text::of("missing");
     return check;
 }

@@ -2,6 +2,7 @@
 #include "HomeFolder.h"
 
 #include "Text.h"
+#include "Translation.h"
 
 #include <QByteArray>
 #include <QDir>
@@ -89,11 +90,12 @@ std::string troubleWithTheHome()
 {
     std::string const home = qgetenv("HOME").toStdString();
     if (home.empty())
-        return "HOME is not set, so / is taken for the home folder";
+        return Text::of("HOME is not set, so / is taken for the home folder");
     if (home[0] != '/')
-        return "HOME is " + quoted(home) + ", which depends on the folder that a program is started in";
+        return Text::of("HOME is %1, which depends on the folder that a program is started in", quoted(home));
     QFileInfo const folder(QDir::homePath());
     if (folder.isDir())
         return {};
-    return folder.exists() ? "HOME is " + quoted(home) + ", which is not a folder" : "HOME is " + quoted(home) + ", which is not there";
+    return folder.exists() ? Text::of("HOME is %1, which is not a folder", quoted(home))
+                           : Text::of("HOME is %1, which is not there", quoted(home));
 }

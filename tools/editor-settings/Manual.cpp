@@ -4,6 +4,7 @@
 #include "CommandWalk.h"
 #include "Examples.h"
 #include "Text.h"
+#include "Translation.h"
 
 #include <algorithm>
 #include <cctype>
@@ -12,7 +13,7 @@ std::string helpFooter(std::vector<Note> const& notes)
 {
     std::string footer;
     for (Note const& note : notes)
-        footer += (footer.empty() ? "" : "\n\n") + note.title + ":\n" + note.text;
+        footer += (footer.empty() ? "" : "\n\n") + Text::of("%1:", Text::of(note.title)) + '\n' + Text::of(note.text);
     return footer;
 }
 

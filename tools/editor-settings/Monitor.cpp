@@ -4,6 +4,7 @@
 #include "Setting.h"
 #include "Stored.h"
 #include "Text.h"
+#include "Translation.h"
 
 #include <csignal>
 #include <iostream>
@@ -102,9 +103,10 @@ void print(std::string const& store, KeyChange const& change, Format format)
         std::cout << jsonText(line) << '\n';
         return;
     }
+    std::string const unset = Text::of("(unset)");
     char const* const separator = format == Format::plain ? "\t" : "  ";
-    std::cout << time << separator << store << separator << onOneLine(change.key) << separator << shown(change.before, "(unset)")
-              << (format == Format::plain ? "\t" : " -> ") << shown(change.after, "(unset)") << '\n';
+    std::cout << time << separator << store << separator << onOneLine(change.key) << separator << shown(change.before, unset)
+              << (format == Format::plain ? "\t" : " -> ") << shown(change.after, unset) << '\n';
 }
 
 // The signals that end the program are taken between two looks, so that a line is never cut.
@@ -127,7 +129,7 @@ void monitorStores(Host::Application const& application, Format format)
                               {name(Store::common), storageFile(application, Store::common)}};
     for (WatchedStore& store : watched)
         store.look();
-    tell("watching both stores; Ctrl+C ends it");
+    tell(Text::of("watching both stores; Ctrl+C ends it"));
     while (std::cout && ::sigtimedwait(&ends, nullptr, &pauseBetweenLooks) < 0)
         for (WatchedStore& store : watched) {
             for (KeyChange const& change : store.look())

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Nearest.h"
 
+#include "Text.h"
+#include "Translation.h"
+
 #include <algorithm>
 #include <cctype>
 #include <numeric>
@@ -54,10 +57,10 @@ std::vector<std::string> nearest(std::string const& word, std::vector<std::strin
     return result;
 }
 
+std::string alternatives(std::vector<std::string> const& words) { return joined(words, Text::of(" or ")); }
+
 std::string didYouMean(std::string const& word, std::vector<std::string> const& names)
 {
-    std::string question;
-    for (std::string const& name : nearest(word, names))
-        question += (question.empty() ? "did you mean " : " or ") + name;
-    return question.empty() ? question : question + "? ";
+    std::vector<std::string> const likely = nearest(word, names);
+    return likely.empty() ? std::string() : Text::of("did you mean %1?", alternatives(likely)) + ' ';
 }

@@ -8,5 +8,7 @@
 /// whatever the case. At most three.
 std::vector<std::string> nearest(std::string const& word, std::vector<std::string> const& names);
 
+/// "a or b", for people.
+std::string alternatives(std::vector<std::string> const& words);
 /// "did you mean a or b? " with those names; empty without any.
 std::string didYouMean(std::string const& word, std::vector<std::string> const& names);

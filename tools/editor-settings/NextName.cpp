@@ -3,6 +3,7 @@
 
 #include "FolderCheck.h"
 #include "Text.h"
+#include "Translation.h"
 
 #include <Settings/Settings.h>
 
@@ -27,10 +28,10 @@ namespace {
 QString utf8(std::string const& word)
 {
     if (!isUtf8(word))
-        throw Refusal(quotedBriefly(word) + " is not UTF-8 without a byte order mark; give the name in UTF-8");
+        throw Refusal(Text::of("%1 is not UTF-8 without a byte order mark; give the name in UTF-8", quotedBriefly(word)));
     // A name can be a pattern, and a pattern that nests deep would take more stack than there is.
     if (word.size() >= PATH_MAX)
-        throw Refusal(quotedBriefly(word) + " is longer than a path can be; give the name of a file");
+        throw Refusal(Text::of("%1 is longer than a path can be; give the name of a file", quotedBriefly(word)));
     return QString::fromStdString(word);
 }
 
@@ -68,23 +69,25 @@ QString checkedName(Proposal const& proposal)
     for (int tries = 1; !check.isUsable && tries < triesWhereTheFolderComesAndGoes; ++tries)
         check = checkFolderToWrite(proposal.folder);
     if (!check.isUsable)
-        throw Refusal("nothing can be reserved in " + folder + ", which is " + proposal.setting + ": " + check.remark +
-                      "; store another folder there, or mend that");
+        throw Refusal(Text::of("nothing can be reserved in %1, which is %2: %3; store another folder there, or mend that", folder,
+                               proposal.setting, check.remark));
     QString const beginning = proposal.folder + QDir::separator();
     if (!proposal.path.startsWith(beginning))
-        throw Refusal(proposal.setting + std::string(" was changed meanwhile; try again"));
+        throw Refusal(Text::of("%1 was changed meanwhile; try again", proposal.setting));
     QString const name = proposal.path.mid(beginning.size());
     if (name.contains(QDir::separator()) || name.contains(QChar(0)))
-        throw Refusal("the name " + quoted(name.toStdString()) + " would not lie in " + folder +
-                      " as it is; take a format without \"/\" and NUL");
+        throw Refusal(
+            Text::of("the name %1 would not lie in %2 as it is; take a format without \"/\" and NUL", quoted(name.toStdString()), folder));
     return name;
 }
 
+// `what` has places for the path, for the reason and for the remedy.
 [[noreturn]] void refuse(char const* what, fs::path const& path, std::error_code const& error)
 {
-    char const* const remedy = error == std::errc::filename_too_long ? "take a source with a shorter name"
-                                                                     : "'editor-settings paths --check' tells which folders can be used";
-    throw Refusal(std::string("cannot make the ") + what + ' ' + quoted(path.u8string()) + " (" + error.message() + "); " + remedy);
+    std::string const remedy = error == std::errc::filename_too_long
+                                   ? Text::of("take a source with a shorter name")
+                                   : Text::of("'editor-settings paths --check' tells which folders can be used");
+    throw Refusal(Text::of(what, quoted(path.u8string()), error.message(), remedy));
 }
 
 // Makes the file where nothing of that name is there, be it a link that leads nowhere. Whether it did.
@@ -104,9 +107,9 @@ bool claimed(fs::path const& file)
             return false;
         error = {errno, std::generic_category()};
         if (error != std::errc::no_such_file_or_directory)
-            refuse("file", file, error);
+            refuse(Text::mark("cannot make the file %1 (%2); %3"), file, error);
     }
-    refuse("folder", file.parent_path(), error);
+    refuse(Text::mark("cannot make the folder %1 (%2); %3"), file.parent_path(), error);
 }
 
 fs::path onDisk(QString const& folder, QString const& name) { return fs::u8path((folder + QDir::separator() + name).toStdString()); }
@@ -161,14 +164,15 @@ fs::path reserved(NextNameOptions const& options)
         asked = proposal(options);
         QString const again = checkedName(asked);
         bool const isTheSame = again == name;
-        why = quoted(name.toStdString()) +
-              (isTheSame ? " is there already, though the editor would propose it" : " was taken by someone else meanwhile");
+        std::string const taken = quoted(name.toStdString());
+        why = isTheSame ? Text::of("%1 is there already, though the editor would propose it", taken)
+                        : Text::of("%1 was taken by someone else meanwhile", taken);
         name = isTheSame ? claimedAfter(name, asked.folder, options) : again;
         if (isTheSame)
             break;
     }
     if (!why.empty())
-        tell(why + "; " + quoted(name.toStdString()) + " is reserved instead");
+        tell(Text::of("%1; %2 is reserved instead", why, quoted(name.toStdString())));
     return onDisk(asked.folder, name);
 }
 
@@ -185,5 +189,5 @@ void showNextName(NextNameOptions const& options, Format format)
     else
         printAsItIs(format == Format::plain ? onOneLine(path) : path);
     if (options.reserve && !std::cout.flush())
-        throw Refusal(quoted(path) + " is reserved, but standard output cannot be written; remove the file if it is not wanted");
+        throw Refusal(Text::of("%1 is reserved, but standard output cannot be written; remove the file if it is not wanted", quoted(path)));
 }

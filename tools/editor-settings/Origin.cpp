@@ -2,6 +2,7 @@
 #include "Origin.h"
 
 #include "Text.h"
+#include "Translation.h"
 
 #include <Lumora/Util/StandardPaths.h>
 
@@ -30,13 +31,13 @@ Decision variable(char const* name, std::string const& consequence)
 {
     bool const isSet = qEnvironmentVariableIsSet(name);
     std::string const value = qgetenv(name).toStdString();
-    std::string const text = !isSet          ? name + (" is not set" + consequence)
-                             : value.empty() ? name + (" is empty" + consequence)
-                                             : name + ('=' + onOneLine(value)) + " in the environment";
+    std::string const text = !isSet          ? Text::of("%1 is not set, so %2", name, consequence)
+                             : value.empty() ? Text::of("%1 is empty, so %2", name, consequence)
+                                             : Text::of("%1=%2 in the environment", name, onOneLine(value));
     return {"environment", name, isSet ? std::optional<std::string>(value) : std::nullopt, "", text};
 }
 
-Origin homeFolder() { return {QDir::homePath(), {variable("HOME", ", so " + QDir::homePath().toStdString())}}; }
+Origin homeFolder() { return {QDir::homePath(), {variable("HOME", QDir::homePath().toStdString())}}; }
 
 // `folder` in the home folder, after the reason why.
 Origin inHomeFolder(Decision const& reason, char const* folder)
@@ -47,12 +48,12 @@ Origin inHomeFolder(Decision const& reason, char const* folder)
     return origin;
 }
 
-std::string soInHomeFolder(char const* folder) { return std::string(", so ") + inDoubleQuotes(folder) + " in the home folder"; }
+std::string consequence(char const* folder) { return Text::of("%1 in the home folder", inDoubleQuotes(folder)); }
 
 // A folder that a variable names.
 Origin namedFolder(char const* name, char const* folderInHome)
 {
-    Decision const decision = variable(name, soInHomeFolder(folderInHome));
+    Decision const decision = variable(name, consequence(folderInHome));
     QByteArray const value = qgetenv(name);
     return value.isEmpty() ? inHomeFolder(decision, folderInHome) : Origin{QFile::decodeName(value), {decision}};
 }
@@ -107,15 +108,16 @@ Origin userFolder(char const* name, char const* folderInHome)
     Origin origin;
     if (line) {
         std::string const value = line->value.toStdString();
-        std::string const place = where + ", line " + std::to_string(line->number);
-        origin = lineFolder(
-            *line, {"user-dirs.dirs", name, value, place, std::string(name) + '=' + inDoubleQuotes(value) + " in " + onOneLine(place)});
+        std::string const place = Text::of("%1, line %2", where, std::to_string(line->number));
+        std::string const text = Text::of("%1=%2 in %3", name, inDoubleQuotes(value), onOneLine(place));
+        origin = lineFolder(*line, {"user-dirs.dirs", name, value, place, text});
     } else {
         std::string const path = onOneLine(where);
-        std::string const lack = isReadable      ? std::string("no ") + name + " in " + path
-                                 : file.exists() ? path + " cannot be read (" + file.errorString().toStdString() + ')'
-                                                 : "there is no " + path;
-        origin = inHomeFolder({"user-dirs.dirs", name, {}, where, lack + soInHomeFolder(folderInHome)}, folderInHome);
+        std::string const so = consequence(folderInHome);
+        std::string const text = isReadable      ? Text::of("no %1 in %2, so %3", name, path, so)
+                                 : file.exists() ? Text::of("%1 cannot be read (%2), so %3", path, file.errorString().toStdString(), so)
+                                                 : Text::of("there is no %1, so %2", path, so);
+        origin = inHomeFolder({"user-dirs.dirs", name, {}, where, text}, folderInHome);
     }
     // Where the file is looked for.
     if (!qEnvironmentVariableIsEmpty("XDG_CONFIG_HOME"))
@@ -129,7 +131,7 @@ std::vector<Decision> confirmed(Origin const& origin, QString const& answer, std
     if (origin.folder == answer)
         return origin.decisions;
     std::string const path = answer.toStdString();
-    return {{"platform", function, path, "", function + " gives " + onOneLine(path)}};
+    return {{"platform", function, path, "", Text::of("%1 gives %2", function, onOneLine(path))}};
 }
 
 std::vector<Decision> rootDecisions(Host::Application const& application, Root root)
@@ -151,12 +153,12 @@ std::vector<Decision> rootDecisions(Host::Application const& application, Root r
     case Root::resources: {
         std::string const folder = application.productFile().resourcesRoot().u8string();
         return {{"product file", "resourcesRoot", folder, productFile,
-                 "resourcesRoot of " + onOneLine(productFile) + ", which is " + onOneLine(folder)}};
+                 Text::of("resourcesRoot of %1, which is %2", onOneLine(productFile), onOneLine(folder))}};
     }
     case Root::nothing:
         break;
     }
-    return {{"library", "", {}, "", "nothing: the text is fixed"}};
+    return {{"library", "", {}, "", Text::of("nothing: the text is fixed")}};
 }
 
 } // namespace
@@ -174,7 +176,7 @@ std::vector<Decision> decisions(Host::Application const& application, Catalogue:
     std::string const file = application.productFile().file().u8string();
     for (std::string const& field : Catalogue::askedOfTheProduct(place)) {
         std::string const value = fields.at(field)(application.productFile());
-        result.push_back({"product file", field, value, file, field + ' ' + inDoubleQuotes(value) + " in " + onOneLine(file)});
+        result.push_back({"product file", field, value, file, Text::of("%1 %2 in %3", field, inDoubleQuotes(value), onOneLine(file))});
     }
     return result;
 }

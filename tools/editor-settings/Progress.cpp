@@ -3,8 +3,7 @@
 
 #include "Terminal.h"
 #include "Text.h"
-
-#include <QString>
+#include "Translation.h"
 
 #include <iostream>
 
@@ -50,8 +49,8 @@ void Progress::next(std::string const& what)
     if (!m_shower.joinable())
         return;
     std::lock_guard const lock(m_mutex);
-    QString const line = QStringLiteral("editor-settings: step %1 of %2: %3").arg(++m_step).arg(m_steps).arg(QString::fromStdString(what));
-    m_line = what.empty() ? what : line.toStdString();
+    std::string const step = std::to_string(++m_step);
+    m_line = what.empty() ? what : "editor-settings: " + Text::of("step %1 of %2: %3", step, std::to_string(m_steps), what);
 }
 
 void Progress::aside(std::string const& text)

@@ -2,6 +2,7 @@
 #include "Setting.h"
 
 #include "Nearest.h"
+#include "Translation.h"
 #include "Values.h"
 
 #include <algorithm>
@@ -81,20 +82,19 @@ std::string suggestion(std::string const& key)
 
 std::string Setting::storeName() const { return observation.store ? name(*observation.store) : "memory"; }
 
-std::string Setting::obstacle() const
-{
-    if (stored && stored->kind != storedKind(observation.value))
-        return "other kind";
-    return stored && std::holds_alternative<std::monostate>(stored->value) ? "unreadable" : "";
-}
+std::string Setting::obstacle() const { return isOfOtherKind() ? Text::of("other kind") : isUnreadable() ? Text::of("unreadable") : ""; }
+
+bool Setting::isOfOtherKind() const { return stored && stored->kind != storedKind(observation.value); }
+
+bool Setting::isUnreadable() const { return stored && !isOfOtherKind() && std::holds_alternative<std::monostate>(stored->value); }
 
 std::string Setting::state() const
 {
     if (!stored)
-        return "unset";
+        return Text::of("unset");
     if (!obstacle().empty())
         return obstacle();
-    return observation.value == observation.defaultValue ? "set to default" : "set";
+    return observation.value == observation.defaultValue ? Text::of("set to default") : Text::of("set");
 }
 
 std::string name(Store store) { return store == Store::common ? "common" : "product"; }
@@ -122,10 +122,10 @@ Setting setting(Host::Application const& application, std::string const& key)
         return *std::move(member);
     auto const& reserved = Catalogue::preferencesWithoutAccessors();
     if (std::find(reserved.begin(), reserved.end(), key) != reserved.end())
-        throw Refusal(key + " is reserved: the editor neither reads nor writes it, so it cannot be reached");
+        throw Refusal(Text::of("%1 is reserved: the editor neither reads nor writes it, so it cannot be reached", key));
     if (Catalogue::findPlace(key))
-        throw Refusal(key + " is a location and no preference; 'editor-settings paths " + key + "' shows it");
-    throw Refusal("there is no preference " + quotedBriefly(key) + "; " + suggestion(key) + "'editor-settings list' shows all");
+        throw Refusal(Text::of("%1 is a location and no preference; 'editor-settings paths %1' shows it", key));
+    throw Refusal(Text::of("there is no preference %1; %2'editor-settings list' shows all", quotedBriefly(key), suggestion(key)));
 }
 
 bool isInAFamily(std::string const& key)
@@ -155,6 +155,7 @@ std::vector<Setting> allSettings(Host::Application const& application)
 std::string keyInFamily(Family const& family, std::string const& member)
 {
     if (!isUtf8(member))
-        throw Refusal("the name " + quotedBriefly(member) + " is not UTF-8 without a byte order mark; give it as the editor writes it");
+        throw Refusal(
+            Text::of("the name %1 is not UTF-8 without a byte order mark; give it as the editor writes it", quotedBriefly(member)));
     return prefix(family) + member;
 }

@@ -2,6 +2,7 @@
 #include "Stored.h"
 
 #include "Text.h"
+#include "Translation.h"
 #include "Values.h"
 
 #include <Lumora/Util/ByteConversion.h>
@@ -46,7 +47,7 @@ std::string storedText(SqliteStorage::Value const& value)
 {
     ordered_json const shown = storedJson(value);
     if (shown.is_null())
-        return "(unreadable)";
+        return Text::of("(unreadable)");
     return shown.is_string() ? shown.get<std::string>() : shown.dump();
 }
 
@@ -73,7 +74,7 @@ std::vector<KeyChange> changesBetween(std::vector<SqliteStorage::Row> const& bef
     return changes;
 }
 
-std::string shown(std::optional<SqliteStorage::Row> const& row, char const* absent)
+std::string shown(std::optional<SqliteStorage::Row> const& row, std::string const& absent)
 {
     return row ? onOneLine(storedText(row->value)) : absent;
 }

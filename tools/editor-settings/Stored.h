@@ -33,4 +33,4 @@ struct KeyChange {
 std::vector<KeyChange> changesBetween(std::vector<Storage::SqliteStorage::Row> const& before,
                                       std::vector<Storage::SqliteStorage::Row> const& after);
 /// What `row` holds, on one line, with `absent` where there is none.
-std::string shown(std::optional<Storage::SqliteStorage::Row> const& row, char const* absent);
+std::string shown(std::optional<Storage::SqliteStorage::Row> const& row, std::string const& absent);

@@ -52,7 +52,7 @@ struct Document {
 /// is a line and a column, or the names that lead to a place, such as "stores.product.exportPath.value".
 class Error : public std::runtime_error {
 public:
-    Error(std::string const& place, std::string const& what) : std::runtime_error(place + ' ' + what) {}
+    using std::runtime_error::runtime_error;
 };
 
 /// The bytes of a document whose entries are sorted.

@@ -10,12 +10,14 @@
 #include "Terminal.h"
 #include "Text.h"
 #include "Transfer.h"
+#include "Translation.h"
 
 #include <Storage/NewFile.h>
 
 #include <algorithm>
 #include <chrono>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <set>
 
@@ -29,8 +31,6 @@ using Transfer::Entry;
 namespace {
 
 constexpr Store stores[] = {Store::product, Store::common};
-
-std::string described(Store store) { return "the " + name(store) + " store"; }
 
 bool counts(TransferOptions const& options, std::string const& category)
 {
@@ -56,8 +56,8 @@ bool isReadable(SqliteStorage::Row const& row) { return !std::holds_alternative<
 std::string obstacleToCarrying(SqliteStorage::Row const& row)
 {
     if (!isReadable(row))
-        return "holds a value of kind " + quoted(row.kind) + " that this version cannot read";
-    return row.key.find('\0') != std::string::npos ? "has a NUL in its key" : "";
+        return Text::of("holds a value of kind %1 that this version cannot read", quoted(row.kind));
+    return row.key.find('\0') != std::string::npos ? Text::of("has a NUL in its key") : "";
 }
 
 // --- export ---
@@ -82,14 +82,14 @@ Document exported(Host::Application const& application, TransferOptions const& o
 {
     Document document = {inUtc(std::chrono::system_clock::now()), application.productFile().productName(), {}};
     for (Store const store : stores) {
-        progress.next(store == Store::product ? "reading the product store" : "reading the common store");
+        progress.next(Text::of("reading the %1 store", name(store)));
         for (SqliteStorage::Row const& row : rowsOf(application, store, options)) {
             Entry entry = {store, row.key, row.kind, classOf(row.key), row.value};
             if (options.redact && tellsOfTheHome(row.key)) {
-                progress.aside("a key in " + described(store) + " holds the path of the home folder, so it is left out");
+                progress.aside(Text::of("a key in the %1 store holds the path of the home folder, so it is left out", name(store)));
             } else if (std::string const why = obstacleToCarrying(row); !why.empty()) {
-                progress.aside(quoted(row.key) + " in " + described(store) + ' ' + why +
-                               ", so it is left out; 'editor-settings backup' keeps it");
+                progress.aside(Text::of("%1 in the %2 store %3, so it is left out; 'editor-settings backup' keeps it", quoted(row.key),
+                                        name(store), why));
             } else {
                 if (options.redact && isPersonal(entry))
                     entry.value = {};
@@ -106,13 +106,13 @@ void exportSettings(Host::Application const& application, TransferOptions const&
 {
     std::optional<Progress> progress(3);
     Document const document = exported(application, options, *progress);
-    progress->next("writing the file");
+    progress->next(Text::of("writing the file"));
     std::string const bytes = Transfer::written(document);
     if (options.file == "-") {
         progress.reset(); // standard output may be the same terminal
         std::cout << bytes;
     } else if (!Storage::writeNewFile(std::filesystem::absolute(options.file), bytes, "write the export")) {
-        throw Refusal(quoted(options.file) + " is there already and was left as it is; name a new file, or move that one away");
+        throw Refusal(Text::of("%1 is there already and was left as it is; name a new file, or move that one away", quoted(options.file)));
     }
 }
 
@@ -132,7 +132,7 @@ struct Comparison {
     std::size_t redacted = 0;
 };
 
-std::string shownFile(TransferOptions const& options) { return options.file == "-" ? "standard input" : quoted(options.file); }
+std::string shownFile(TransferOptions const& options) { return options.file == "-" ? Text::of("standard input") : quoted(options.file); }
 
 bool isTyped(TransferOptions const& options) { return options.file == "-" && Terminal::is(STDIN_FILENO); }
 
@@ -166,7 +166,7 @@ void compare(Comparison& result, Store store, std::vector<SqliteStorage::Row> ro
         if (obstacle.empty())
             result.differences.push_back({store, change});
         else
-            progress.aside(quoted(change.key) + " in " + described(store) + ' ' + obstacle + ", so it is not compared");
+            progress.aside(Text::of("%1 in the %2 store %3, so it is not compared", quoted(change.key), name(store), obstacle));
         if (change.after)
             --result.same;
     }
@@ -176,7 +176,7 @@ Comparison compared(Host::Application const& application, TransferOptions const&
 {
     Comparison result;
     for (Store const store : stores) {
-        progress.next(store == Store::product ? "comparing with the product store" : "comparing with the common store");
+        progress.next(Text::of("comparing with the %1 store", name(store)));
         std::vector<Entry> entries;
         for (Entry const& entry : wanted.entries)
             if (entry.store == store && counts(options, classOf(entry.key)))
@@ -186,10 +186,13 @@ Comparison compared(Host::Application const& application, TransferOptions const&
     return result;
 }
 
-char const* wordFor(KeyChange const& change) { return !change.before ? "added" : !change.after ? "removed" : "changed"; }
+char const* wordFor(KeyChange const& change)
+{
+    return !change.before ? Text::mark("added") : !change.after ? Text::mark("removed") : Text::mark("changed");
+}
 
 // Kind and value of one side; for people the kind only where it tells something.
-Columns columnsOf(std::optional<SqliteStorage::Row> const& row, char const* absent, bool kindsDiffer, Format format)
+Columns columnsOf(std::optional<SqliteStorage::Row> const& row, std::string const& absent, bool kindsDiffer, Format format)
 {
     if (format == Format::plain)
         return {row ? onOneLine(row->kind) : "", shown(row, "")};
@@ -200,9 +203,9 @@ Columns lineOf(Difference const& difference, Format format)
 {
     KeyChange const& change = difference.change;
     bool const kindsDiffer = change.before && change.after && change.before->kind != change.after->kind;
-    Columns line = {wordFor(change), name(difference.store), onOneLine(change.key)};
-    for (Columns const& side :
-         {columnsOf(change.before, "(unset)", kindsDiffer, format), columnsOf(change.after, "(absent)", kindsDiffer, format)})
+    Columns line = {Text::of(wordFor(change)), name(difference.store), onOneLine(change.key)};
+    for (Columns const& side : {columnsOf(change.before, Text::of("(unset)"), kindsDiffer, format),
+                                columnsOf(change.after, Text::of("(absent)"), kindsDiffer, format)})
         line.insert(line.end(), side.begin(), side.end());
     return line;
 }
@@ -228,7 +231,7 @@ void print(std::vector<Difference> const& differences, Format format)
     for (Difference const& difference : differences)
         table.push_back(lineOf(difference, format));
     if (!table.empty())
-        printTable(table, {"CHANGE", "STORE", "KEY", "STORED", "FILE"}, format, 0);
+        printTable(table, {Text::of("CHANGE"), Text::of("STORE"), Text::of("KEY"), Text::of("STORED"), Text::of("FILE")}, format, 0);
 }
 
 } // namespace
@@ -237,16 +240,17 @@ bool showDifferences(Host::Application const& application, TransferOptions const
 {
     try {
         std::optional<Progress> progress(3);
-        progress->next(isTyped(options) ? "" : "reading the file");
+        progress->next(isTyped(options) ? "" : Text::of("reading the file"));
         Document const wanted = document(options);
         Comparison const comparison = compared(application, options, wanted, *progress);
         progress.reset(); // the answer may stand on the same terminal
         print(comparison.differences, format);
         if (comparison.redacted > 0)
-            tell(std::to_string(comparison.redacted) + " redacted in the file, so not compared");
+            tell(
+                Text::ofCount("%n redacted in the file, so not compared", "%n redacted in the file, so not compared", comparison.redacted));
         return !comparison.differences.empty();
     } catch (Transfer::Error const& error) {
-        throw Refusal(shownFile(options) + ": " + error.what());
+        throw Refusal(Text::of("%1: %2", shownFile(options), error.what()));
     }
 }
 
@@ -254,7 +258,7 @@ bool showDifferences(Host::Application const& application, TransferOptions const
 
 namespace {
 
-constexpr char const* nothingChanged = "; nothing was changed";
+std::string butNothingChanged(std::string const& trouble) { return Text::of("%1; nothing was changed", trouble); }
 
 // A store and what is to change in it.
 struct Target {
@@ -290,9 +294,13 @@ std::vector<std::unique_ptr<SqliteStorage>> madeReady(Host::Application const& a
                 target.store = made.emplace_back(std::make_unique<SqliteStorage>(storageFile(application, target.name))).get();
         return made;
     } catch (std::exception const& error) {
-        throw Refusal(error.what() + std::string(nothingChanged));
+        throw Refusal(butNothingChanged(error.what()));
     }
 }
+
+std::string asItWas(Target const& target) { return Text::of("the %1 store is as it was", name(target.name)); }
+
+std::string imported(Target const& target) { return Text::of("the %1 store holds the imported values", name(target.name)); }
 
 // What became of a store whose change failed: where the disk refused the last step, only a look tells.
 std::string outcome(Target const& target)
@@ -300,39 +308,40 @@ std::string outcome(Target const& target)
     try {
         for (SqliteStorage::Change const& change : target.changes)
             if (std::optional<SqliteStorage::Row> const row = target.store->find(change.key); !row || row->value != change.value)
-                return "is as it was";
-        return "holds the imported values";
+                return asItWas(target);
+        return imported(target);
     } catch (Storage::StorageError const&) {
-        return "cannot be read";
+        return Text::of("the %1 store cannot be read", name(target.name));
     }
 }
 
 void apply(std::vector<Target> const& targets)
 {
     Progress progress(targets.size());
-    std::string before;
+    std::vector<std::string> outcomes;
     for (auto target = targets.begin(); target != targets.end(); ++target) {
-        progress.next(target->name == Store::product ? "changing the product store" : "changing the common store");
+        progress.next(Text::of("changing the %1 store", name(target->name)));
         try {
             target->store->apply(target->changes);
-            before += described(target->name) + " holds the imported values, ";
+            outcomes.push_back(imported(*target));
         } catch (Storage::StorageError const& error) {
-            std::string after;
-            for (auto next = target + 1; next != targets.end(); ++next)
-                after += ", " + described(next->name) + " is as it was";
-            throw Refusal(error.what() + std::string("; ") + before + described(target->name) + ' ' + outcome(*target) + after +
-                          "; then import the file again");
+            outcomes.push_back(outcome(*target));
+            std::transform(target + 1, targets.end(), std::back_inserter(outcomes), asItWas);
+            throw Refusal(Text::of("%1; %2; then import the file again", error.what(), joined(outcomes, Text::of(", "))));
         }
     }
 }
 
 void tellOf(Comparison const& comparison, bool dryRun)
 {
-    std::string text = std::to_string(comparison.differences.size()) + (dryRun ? " would change, " : " changed, ") +
-                       std::to_string(comparison.same) + " already as in the file";
+    std::size_t const changes = comparison.differences.size();
+    std::vector<std::string> counts = {dryRun ? Text::ofCount("%n would change", "%n would change", changes)
+                                              : Text::ofCount("%n changed", "%n changed", changes),
+                                       Text::ofCount("%n already as in the file", "%n already as in the file", comparison.same)};
     if (comparison.redacted > 0)
-        text += ", " + std::to_string(comparison.redacted) + " redacted in the file and left alone";
-    tell(text);
+        counts.push_back(
+            Text::ofCount("%n redacted in the file and left alone", "%n redacted in the file and left alone", comparison.redacted));
+    tell(joined(counts, Text::of(", ")));
 }
 
 Document checkedDocument(TransferOptions const& options)
@@ -342,7 +351,7 @@ Document checkedDocument(TransferOptions const& options)
         checkKeys(checked, options.withUnknown);
         return checked;
     } catch (Transfer::Error const& error) {
-        throw Refusal(shownFile(options) + ": " + error.what() + nothingChanged);
+        throw Refusal(butNothingChanged(Text::of("%1: %2", shownFile(options), error.what())));
     }
 }
 
@@ -351,7 +360,7 @@ Document checkedDocument(TransferOptions const& options)
 void importSettings(Host::Application const& application, TransferOptions const& options, Format format)
 {
     std::optional<Progress> progress(3);
-    progress->next(isTyped(options) ? "" : "reading the file");
+    progress->next(isTyped(options) ? "" : Text::of("reading the file"));
     Document const wanted = checkedDocument(options);
     Comparison comparison = compared(application, options, wanted, *progress);
     progress.reset(); // what follows is told, or has steps of its own

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "Advice.h"
 #include "Backups.h"
+#include "CommandTexts.h"
 #include "CommandWalk.h"
 #include "Commands.h"
 #include "Completion.h"
 #include "Doctor.h"
 #include "Examples.h"
 #include "HomeFolder.h"
+#include "Language.h"
 #include "Manual.h"
 #include "Monitor.h"
 #include "NextName.h"
@@ -19,6 +21,7 @@
 #include "Terminal.h"
 #include "Text.h"
 #include "TransferVerbs.h"
+#include "Translation.h"
 
 #include <Settings/Version.h>
 
@@ -39,19 +42,26 @@ constexpr int different = 1; // of diff, which then says no with the status of w
 std::vector<Note> const& notes()
 {
     static std::vector<Note> const all = {
-        {"Exit status", R"(  0  done
+        {Text::mark("Exit status"), Text::mark(R"(  0  done
   1  said no: unknown key, wrong value, trouble with a store or the product file, a folder that cannot be used,
      or doctor found something wrong
   2  wrong usage
-diff ends with 0 where nothing differs, with 1 where something does, and with 2 for everything else.)"},
-        {"Output", R"(Values are printed to standard output, reasons to standard error. With --plain a backslash is printed as \\, a tab
+diff ends with 0 where nothing differs, with 1 where something does, and with 2 for everything else.)")},
+        {Text::mark("Output"),
+         Text::mark(R"(Values are printed to standard output, reasons to standard error. With --plain a backslash is printed as \\, a tab
 as \t, line breaks as \n and \r, other control characters and bytes that are not UTF-8 as \xHH, and a list as a JSON array.
 A terminal is sent no control characters but tabs, line breaks and the codes of colours. An answer that could not be
-printed whole is an error.)"},
-        {"On a terminal", R"(What is longer than the screen is shown by the program that EDITOR_SETTINGS_PAGER names, else PAGER, else
+printed whole is an error.)")},
+        {Text::mark("On a terminal"),
+         Text::mark(R"(What is longer than the screen is shown by the program that EDITOR_SETTINGS_PAGER names, else PAGER, else
 "less"; an empty name and "cat" stand for none. Colours say nothing that the words do not say; NO_COLOR, or "dumb" in TERM, leaves them out.
-What takes longer than a second tells meanwhile which step it is at, where standard error is a terminal.)"},
-        {"Words that look like options", R"(A value that begins with "-" goes after "--": editor-settings set lastTarget -- -x)"},
+What takes longer than a second tells meanwhile which step it is at, where standard error is a terminal.)")},
+        {Text::mark("Language"),
+         Text::mark(R"(Texts are in the language that LANGUAGE names, else LC_ALL, LC_MESSAGES or LANG, where there is a translation and the
+locale is in UTF-8. What the system and the stores tell is always English; so are all texts with --plain, --json or --format, the
+manual page and the completion scripts.)")},
+        {Text::mark("Words that look like options"),
+         Text::mark(R"(A value that begins with "-" goes after "--": editor-settings set lastTarget -- -x)")},
     };
     return all;
 }
@@ -89,24 +99,36 @@ CLI::Validator unmarked()
             ""};
 }
 
-CLI::Validator notEmpty(std::string const& remedy)
+CLI::Validator notEmpty(char const* refusal)
 {
-    return {[remedy](std::string& word) { return word.empty() ? "the name is empty; " + remedy : std::string(); }, ""};
+    return {[refusal](std::string& word) { return word.empty() ? Text::of(refusal) : std::string(); }, ""};
 }
 
-char const* const nameAFile = "name a file";
-char const* const leaveItOut = "leave the option out for the default";
+CLI::Validator oneOf(std::vector<std::string> const& words)
+{
+    std::string const all = '{' + joined(words, ",") + '}';
+    return {[=](std::string& word) {
+                bool const isOne = std::find(words.begin(), words.end(), word) != words.end();
+                return isOne ? std::string() : Text::of("%1 not in %2", word, all);
+            },
+            all};
+}
 
-char const* const asJson = "As JSON";
-char const* const asJsonWithBytes = "As JSON; bytes in base64";
+// Texts to be translated.
+char const* const nameAFile = Text::mark("the name is empty; name a file");
+char const* const leaveItOut = Text::mark("the name is empty; leave the option out for the default");
+
+char const* const asJson = Text::mark("As JSON");
+char const* const asJsonWithBytes = Text::mark("As JSON; bytes in base64");
 
 // --plain and --json of one verb.
 class FormatOptions {
 public:
     FormatOptions(CLI::App* verb, char const* json)
     {
-        CLI::Option* const plain = verb->add_flag("--plain", m_plain, "Tab-separated, one record a line, nothing shortened; for scripts");
-        verb->add_flag("--json", m_json, json)->excludes(plain);
+        CLI::Option* const plain =
+            verb->add_flag("--plain", m_plain, Text::of("Tab-separated, one record a line, nothing shortened; for scripts"));
+        verb->add_flag("--json", m_json, Text::of(json))->excludes(plain);
     }
 
     // NOLINTNEXTLINE(google-explicit-constructor): it stands for the format wherever one is wanted
@@ -119,16 +141,16 @@ private:
 
 // A verb that shows a setting under a name of its own, and changes it where a value is given.
 struct ShortVerb {
-    ShortVerb(CLI::App& app, char const* name, char const* description, char const* json = asJson)
+    ShortVerb(CLI::App& app, char const* name, std::string const& description, char const* json = asJson)
         : verb(app.add_subcommand(name, description)), format(verb, json)
     {}
 
     // One word, or one for each element of a list; also an empty list where `isList`.
-    void takeValue(char const* name, char const* description, bool isList)
+    void takeValue(char const* name, std::string const& description, bool isList)
     {
         CLI::Option* const value = verb->add_option(name, words, description)->transform(unmarked());
         if (isList)
-            verb->add_flag("--empty", empty, "Stores an empty list")->excludes(value);
+            verb->add_flag("--empty", empty, Text::of("Stores an empty list"))->excludes(value);
         else
             value->expected(1);
     }
@@ -152,24 +174,26 @@ struct ShortVerb {
 // The verbs that carry stored values from one place to another.
 struct TransferVerbs {
     explicit TransferVerbs(CLI::App& app)
-        : exporting(
-              app.add_subcommand("export", "Writes what is stored to a new file, in JSON: for another machine, or for somebody who helps")),
-          importing(app.add_subcommand("import", "Stores what an exported file holds, all of it or nothing; what it does not name stays")),
-          comparing(app.add_subcommand("diff", "The differences between what is stored and what an exported file holds"))
+        : exporting(app.add_subcommand(
+              "export", Text::of("Writes what is stored to a new file, in JSON: for another machine, or for somebody who helps"))),
+          importing(app.add_subcommand("import",
+                                       Text::of("Stores what an exported file holds, all of it or nothing; what it does not name stays"))),
+          comparing(app.add_subcommand("diff", Text::of("The differences between what is stored and what an exported file holds")))
     {
         for (CLI::App* verb : {exporting, importing, comparing}) {
-            CLI::Option* const file = verb->add_option(
-                "FILE", options.file, verb == exporting ? "The new file; - for standard output" : "The file; - for standard input");
+            CLI::Option* const file = verb->add_option("FILE", options.file,
+                                                       verb == exporting ? Text::of("The new file; - for standard output")
+                                                                         : Text::of("The file; - for standard input"));
             file->transform(unmarked())->check(notEmpty(nameAFile))->required();
-            verb->add_option("--only", options.only, "Only keys of this class; may be given several times")
+            verb->add_option("--only", options.only, Text::of("Only keys of this class; may be given several times"))
                 ->allow_extra_args(false)
                 ->type_name("CLASS")
-                ->check(CLI::IsMember(classes));
+                ->check(oneOf(classes));
         }
         exporting->add_flag("--redact", options.redact,
-                            "Leaves out personal values, those of unknown keys, and whatever holds the path of the home folder");
-        importing->add_flag("--with-unknown", options.withUnknown, "Takes keys that the editor does not know as they are");
-        importing->add_flag("--dry-run", options.dryRun, "Tells what would change, as diff does, and changes nothing");
+                            Text::of("Leaves out personal values, those of unknown keys, and whatever holds the path of the home folder"));
+        importing->add_flag("--with-unknown", options.withUnknown, Text::of("Takes keys that the editor does not know as they are"));
+        importing->add_flag("--dry-run", options.dryRun, Text::of("Tells what would change, as diff does, and changes nothing"));
         importing->callback([this] {
             if (importFormat != Format::people && !options.dryRun)
                 throw CLI::RequiredError("--dry-run");
@@ -203,7 +227,7 @@ struct TransferVerbs {
     CLI::App* exporting;
     CLI::App* importing;
     CLI::App* comparing;
-    FormatOptions importFormat{importing, "With --dry-run: as JSON; bytes in base64"};
+    FormatOptions importFormat{importing, Text::mark("With --dry-run: as JSON; bytes in base64")};
     FormatOptions diffFormat{comparing, asJsonWithBytes};
 };
 
@@ -213,10 +237,10 @@ public:
     {
         m_app.require_subcommand(0, 1);
         m_app.failure_message([](CLI::App const* app, CLI::Error const& error) {
-            return "editor-settings: " + shortened(withoutControls(unmarked(error.what())), 500) + '\n' + adviceOnWords(*app) +
-                   "Run with --help for more information.\n";
+            return "editor-settings: " + shortened(withoutControls(unmarked(reasonOf(error))), 500) + '\n' + adviceOnWords(*app) +
+                   Text::of("Run with --help for more information.") + '\n';
         });
-        m_app.set_version_flag("--version", EDITOR_SETTINGS_VERSION_STRING);
+        m_app.set_version_flag("--version", EDITOR_SETTINGS_VERSION_STRING, Text::of("Display program version information and exit"));
         m_app.footer(helpFooter(notes()));
         addWhatStandsForAll();
         addPreferenceVerbs();
@@ -224,15 +248,16 @@ public:
         addShortVerbs();
         addUpkeepVerbs();
         addPages();
-        m_completion->add_option("SHELL", m_shell, "bash, zsh or fish")
+        m_completion->add_option("SHELL", m_shell, Text::of("bash, zsh or fish"))
             ->required()
             ->type_name("")
-            ->check(CLI::IsMember({"bash", "zsh", "fish"}));
+            ->check(oneOf({"bash", "zsh", "fish"}));
 
         for (CLI::App* verb : m_app.get_subcommands([](CLI::App*) { return true; }))
             complete(verb, verb->get_name());
         for (CLI::App* kind : {m_nextAudio, m_nextFreeze, m_nextStabilized})
             complete(kind, "next-name " + kind->get_name());
+        translateHelp(m_app);
     }
 
     // What to do about trouble, on a line of its own; empty where its text says all.
@@ -240,10 +265,11 @@ public:
     {
         bool const isAboutAFileOfItsOwn = m_hasOpened && (*m_backup || *m_restore || m_transfer.isExport());
         if (dynamic_cast<Host::ProductFileError const*>(&trouble))
-            return "Name a product file with '--product FILE', or in EDITOR_SETTINGS_PRODUCT.\n";
+            return Text::of("Name a product file with '--product FILE', or in EDITOR_SETTINGS_PRODUCT.") + '\n';
         if (dynamic_cast<Storage::StorageError const*>(&trouble) && !isAboutAFileOfItsOwn)
-            return "Run 'editor-settings doctor' with the same options to see what is wrong; "
-                   "'editor-settings restore FILE' brings a backup back.\n";
+            return Text::of("Run 'editor-settings doctor' with the same options to see what is wrong; "
+                            "'editor-settings restore FILE' brings a backup back.") +
+                   '\n';
         return {};
     }
 
@@ -269,7 +295,7 @@ public:
             return examineAll(productFile, home, m_doctorFormat) ? 0 : saidNo;
         lookForTheHome();
         std::optional<Progress> opening(1);
-        opening->next("opening the stores");
+        opening->next(Text::of("opening the stores"));
         Host::Application const application(productFile, home, policy());
         opening.reset();
         m_hasOpened = true;
@@ -285,7 +311,7 @@ private:
         try {
             m_app.parse(marked(argc, argv));
             if (m_app.get_subcommands().empty())
-                throw CLI::RequiredError("A verb");
+                throw CLI::RequiredError(Text::of("A verb"));
         } catch (CLI::ParseError const& error) {
             return m_app.exit(error) == 0 ? 0 : wrongUsage;
         }
@@ -307,16 +333,18 @@ private:
 
     void addWhatStandsForAll()
     {
-        m_app.add_option("--color", m_color, "Colours: auto for a terminal alone, always, or never; default: auto")
+        m_app.add_option("--color", m_color, Text::of("Colours: auto for a terminal alone, always, or never; default: auto"))
             ->type_name("WHEN")
-            ->check(CLI::IsMember({"auto", "always", "never"}));
-        m_app.add_flag("--no-pager", m_withoutPager, "Long answers as they are, not a screen at a time");
-        m_app.add_option("--product", m_productFile, "The product file, in JSON; default: the one that is installed with this program")
+            ->check(oneOf({"auto", "always", "never"}));
+        m_app.add_flag("--no-pager", m_withoutPager, Text::of("Long answers as they are, not a screen at a time"));
+        m_app
+            .add_option("--product", m_productFile,
+                        Text::of("The product file, in JSON; default: the one that is installed with this program"))
             ->transform(unmarked())
             ->check(notEmpty(leaveItOut))
             ->type_name("FILE")
             ->envname("EDITOR_SETTINGS_PRODUCT");
-        m_app.add_option("--home", m_home, "The folder of both stores; default: the product's data folder and the vendor's")
+        m_app.add_option("--home", m_home, Text::of("The folder of both stores; default: the product's data folder and the vendor's"))
             ->transform(unmarked())
             ->check(notEmpty(leaveItOut))
             ->type_name("DIR")
@@ -325,23 +353,26 @@ private:
 
     void addPreferenceVerbs()
     {
-        m_list->add_option("PATTERN", m_listOptions.pattern, "Only keys that match, such as '*Path'")->transform(unmarked());
-        CLI::Option* const onlySet = m_list->add_flag("--set", m_listOptions.onlySet, "Only what is stored");
-        m_list->add_flag("--unset", m_listOptions.onlyUnset, "Only what is not stored")->excludes(onlySet);
-        m_list->add_option("--store", m_listOptions.store, "Only one store")
+        m_list->add_option("PATTERN", m_listOptions.pattern, Text::of("Only keys that match, such as '*Path'"))->transform(unmarked());
+        CLI::Option* const onlySet = m_list->add_flag("--set", m_listOptions.onlySet, Text::of("Only what is stored"));
+        m_list->add_flag("--unset", m_listOptions.onlyUnset, Text::of("Only what is not stored"))->excludes(onlySet);
+        m_list->add_option("--store", m_listOptions.store, Text::of("Only one store"))
             ->type_name("STORE")
-            ->check(CLI::IsMember({"product", "common"}));
+            ->check(oneOf({"product", "common"}));
 
         for (CLI::App* verb : {m_get, m_set, m_unset, m_explain})
-            verb->add_option("KEY", m_key, "The preference")->transform(unmarked())->required();
-        CLI::Option* const words = m_set->add_option("VALUE", m_words,
-                                                     "A bool as true or false, an int in decimal, text in UTF-8, bytes in base64 or as "
-                                                     "@FILE, a list as one word for each element");
+            verb->add_option("KEY", m_key, Text::of("The preference"))->transform(unmarked())->required();
+        CLI::Option* const words =
+            m_set->add_option("VALUE", m_words,
+                              Text::of("A bool as true or false, an int in decimal, text in UTF-8, bytes in base64 or as "
+                                       "@FILE, a list as one word for each element"));
         words->transform(unmarked());
-        CLI::Option* const empty = m_set->add_flag("--empty", "Stores an empty list")->excludes(words);
-        CLI::Option* const file = m_set->add_option("--from-file", m_file,
-                                                    "Stores what the file holds, or standard input where it is -: byte for byte, but for "
-                                                    "a list one element on each line");
+        std::string const stores = Text::of("Stores an empty list");
+        CLI::Option* const empty = m_set->add_flag("--empty", stores)->excludes(words);
+        CLI::Option* const file =
+            m_set->add_option("--from-file", m_file,
+                              Text::of("Stores what the file holds, or standard input where it is -: byte for byte, but for "
+                                       "a list one element on each line"));
         file->transform(unmarked())->check(notEmpty(nameAFile))->type_name("FILE")->excludes(words)->excludes(empty);
         m_set->callback([words, empty, file] {
             if (words->empty() && empty->empty() && file->empty())
@@ -351,45 +382,51 @@ private:
 
     void addLocationVerbs()
     {
-        m_paths->add_option("NAME", m_pathsOptions.name, "One location, or those that match, such as 'stock*'")->transform(unmarked());
-        m_paths->add_option("ARGUMENT", m_pathsOptions.argument, "What the location is asked about, where it takes that")
+        m_paths->add_option("NAME", m_pathsOptions.name, Text::of("One location, or those that match, such as 'stock*'"))
+            ->transform(unmarked());
+        m_paths->add_option("ARGUMENT", m_pathsOptions.argument, Text::of("What the location is asked about, where it takes that"))
             ->transform(unmarked());
         CLI::Option* const explained = m_paths->add_flag_callback(
-            "--explain", [this] { m_pathsOptions.view = PathsView::explain; }, "What decides where a location lies");
+            "--explain", [this] { m_pathsOptions.view = PathsView::explain; }, Text::of("What decides where a location lies"));
         m_paths
             ->add_flag_callback(
                 "--check", [this] { m_pathsOptions.view = PathsView::check; },
-                "Whether they exist and can be used; exit status 1 where the editor cannot write to one that it writes to")
+                Text::of("Whether they exist and can be used; exit status 1 where the editor cannot write to one that it writes to"))
             ->excludes(explained);
 
         m_nextName->require_subcommand(1);
-        m_nextName->add_flag("--reserve", m_nextNameOptions.reserve,
-                             "Makes the file, empty, so that nobody else gets the name; the folder too, and a free number where needed");
+        m_nextName->add_flag(
+            "--reserve", m_nextNameOptions.reserve,
+            Text::of("Makes the file, empty, so that nobody else gets the name; the folder too, and a free number where needed"));
         for (CLI::App* kind : {m_nextFreeze, m_nextStabilized})
-            kind->add_option("SOURCE", m_nextNameOptions.source, "The file that it is made of; only its name counts")
+            kind->add_option("SOURCE", m_nextNameOptions.source, Text::of("The file that it is made of; only its name counts"))
                 ->transform(unmarked())
                 ->required();
-        m_nextStabilized->add_option("FORMAT", m_nextNameOptions.format, "The extension, such as mp4")->transform(unmarked())->required();
+        m_nextStabilized->add_option("FORMAT", m_nextNameOptions.format, Text::of("The extension, such as mp4"))
+            ->transform(unmarked())
+            ->required();
     }
 
     void addShortVerbs()
     {
         for (ShortVerb* verb : {&m_favorites, &m_indication})
-            verb->verb->add_option("NAME", m_member, "The name that the editor keeps it under")->transform(unmarked())->required();
-        m_indication.takeValue("VALUE", "Stores these bytes: in base64, or @FILE", false);
-        m_tutorials.takeValue("VALUE", "Stores this list, one word for each element", true);
-        m_colors.takeValue("VALUE", "Stores this list, one word for each element", true);
-        m_targetHistory.takeValue("VALUE", "Stores this text", false);
+            verb->verb->add_option("NAME", m_member, Text::of("The name that the editor keeps it under"))
+                ->transform(unmarked())
+                ->required();
+        m_indication.takeValue("VALUE", Text::of("Stores these bytes: in base64, or @FILE"), false);
+        m_tutorials.takeValue("VALUE", Text::of("Stores this list, one word for each element"), true);
+        m_colors.takeValue("VALUE", Text::of("Stores this list, one word for each element"), true);
+        m_targetHistory.takeValue("VALUE", Text::of("Stores this text"), false);
     }
 
     void addUpkeepVerbs()
     {
-        m_backup->add_option("FILE", m_file, "The new file")->transform(unmarked())->check(notEmpty(nameAFile))->required();
-        m_restore->add_option("FILE", m_file, "A file that backup has written")
+        m_backup->add_option("FILE", m_file, Text::of("The new file"))->transform(unmarked())->check(notEmpty(nameAFile))->required();
+        m_restore->add_option("FILE", m_file, Text::of("A file that backup has written"))
             ->transform(unmarked())
             ->check(notEmpty(nameAFile))
             ->required();
-        m_restore->add_flag("--dry-run", m_isDryRun, "Only tells what would change");
+        m_restore->add_flag("--dry-run", m_isDryRun, Text::of("Only tells what would change"));
     }
 
     // A page tells of every machine, so it goes with nothing that asks about this one.
@@ -397,8 +434,8 @@ private:
     {
         for (CLI::App* verb : {m_list, m_paths}) {
             CLI::Option* const page =
-                verb->add_option("--format", m_page, "markdown: the page of the reference, the same on every machine");
-            page->type_name("FORMAT")->check(CLI::IsMember({"markdown"}));
+                verb->add_option("--format", m_page, Text::of("markdown: the page of the reference, the same on every machine"));
+            page->type_name("FORMAT")->check(oneOf({"markdown"}));
             for (CLI::Option* other :
                  verb->get_options([=](CLI::Option* option) { return option != page && option != verb->get_help_ptr(); }))
                 page->excludes(other);
@@ -455,10 +492,10 @@ private:
         bool const isMade = isToStore() || m_transfer.isToStore() || (*m_restore && !m_isDryRun);
         bool const isWhereStoresLie = m_home.empty() && isEmpty("XDG_DATA_HOME");
         if (isMade && isWhereStoresLie && !trouble.empty())
-            throw Refusal(trouble + "; set HOME to your folder, or name one for the stores with --home");
+            throw Refusal(Text::of("%1; set HOME to your folder, or name one for the stores with --home", trouble));
         bool const isToldAnyway = *m_paths && m_pathsOptions.view == PathsView::explain;
         if (!isMade && !isToldAnyway && isEmpty("HOME"))
-            tell(trouble + "; set HOME to your folder");
+            tell(Text::of("%1; set HOME to your folder", trouble));
     }
 
     static bool isEmpty(char const* variable)
@@ -474,7 +511,7 @@ private:
             return;
         for (Catalogue::Store const store : {Catalogue::Store::product, Catalogue::Store::common})
             if (Storage::SqliteStorage const* const opened = storage(application, store); opened && opened->isReadOnly())
-                tell("only for reading: " + opened->readOnlyReason());
+                tell(Text::of("only for reading: %1", opened->readOnlyReason()));
     }
 
     void answer(Host::Application const& application)
@@ -517,37 +554,40 @@ private:
             monitorStores(application, m_monitorFormat);
     }
 
-    CLI::App m_app{"Reads, changes and explains the preferences, folders and file names of Lumora Video Editor.", "editor-settings"};
+    CLI::App m_app{Text::of("Reads, changes and explains the preferences, folders and file names of Lumora Video Editor."),
+                   "editor-settings"};
     std::string m_productFile;
     std::string m_home;
     std::string m_color = "auto";
     bool m_withoutPager = false;
     bool m_hasOpened = false;
 
-    CLI::App* m_list = m_app.add_subcommand("list", "All preferences with their values, sorted by key");
-    CLI::App* m_get = m_app.add_subcommand("get", "The value that the editor reads now");
-    CLI::App* m_set = m_app.add_subcommand("set", "Stores a value");
-    CLI::App* m_unset = m_app.add_subcommand("unset", "Removes the stored value, so that the default holds again");
-    CLI::App* m_explain = m_app.add_subcommand("explain", "Where a value comes from: what is stored, since when, and the default");
-    CLI::App* m_paths = m_app.add_subcommand("paths", "Where the editor's files and folders lie");
-    CLI::App* m_nextName = m_app.add_subcommand("next-name", "The name that the editor gives the next file of a kind");
-    CLI::App* m_nextAudio = m_nextName->add_subcommand("audio", "An audio recording");
-    CLI::App* m_nextFreeze = m_nextName->add_subcommand("freeze", "A freeze frame");
-    CLI::App* m_nextStabilized = m_nextName->add_subcommand("stabilized", "A stabilized clip");
-    CLI::App* m_project = m_app.add_subcommand("project", "Default name, extensions and filters of projects, and the sample project");
-    ShortVerb m_favorites{m_app, "favorites", "The favourites of one list"};
-    ShortVerb m_indication{m_app, "indication", "What the editor keeps for an indication, or stores it", asJsonWithBytes};
-    ShortVerb m_tutorials{m_app, "tutorials", "The finished tutorials, or stores them"};
-    ShortVerb m_colors{m_app, "colors", "The user's own colours, or stores them"};
-    ShortVerb m_targetHistory{m_app, "target-history", "The recent export targets, or stores them"};
-    CLI::App* m_backup = m_app.add_subcommand("backup", "Copies both stores into one file, also while the editor runs");
-    CLI::App* m_restore = m_app.add_subcommand("restore", "Brings the stores of a backup back, and keeps what was there");
-    CLI::App* m_monitor = m_app.add_subcommand("monitor", "Prints the changes that other processes make, as they happen");
-    CLI::App* m_doctor =
-        m_app.add_subcommand("doctor", "What is wrong with the stores, what they hold and the folders; exit status 1 where something is");
+    CLI::App* m_list = m_app.add_subcommand("list", Text::of("All preferences with their values, sorted by key"));
+    CLI::App* m_get = m_app.add_subcommand("get", Text::of("The value that the editor reads now"));
+    CLI::App* m_set = m_app.add_subcommand("set", Text::of("Stores a value"));
+    CLI::App* m_unset = m_app.add_subcommand("unset", Text::of("Removes the stored value, so that the default holds again"));
+    CLI::App* m_explain =
+        m_app.add_subcommand("explain", Text::of("Where a value comes from: what is stored, since when, and the default"));
+    CLI::App* m_paths = m_app.add_subcommand("paths", Text::of("Where the editor's files and folders lie"));
+    CLI::App* m_nextName = m_app.add_subcommand("next-name", Text::of("The name that the editor gives the next file of a kind"));
+    CLI::App* m_nextAudio = m_nextName->add_subcommand("audio", Text::of("An audio recording"));
+    CLI::App* m_nextFreeze = m_nextName->add_subcommand("freeze", Text::of("A freeze frame"));
+    CLI::App* m_nextStabilized = m_nextName->add_subcommand("stabilized", Text::of("A stabilized clip"));
+    CLI::App* m_project =
+        m_app.add_subcommand("project", Text::of("Default name, extensions and filters of projects, and the sample project"));
+    ShortVerb m_favorites{m_app, "favorites", Text::of("The favourites of one list")};
+    ShortVerb m_indication{m_app, "indication", Text::of("What the editor keeps for an indication, or stores it"), asJsonWithBytes};
+    ShortVerb m_tutorials{m_app, "tutorials", Text::of("The finished tutorials, or stores them")};
+    ShortVerb m_colors{m_app, "colors", Text::of("The user's own colours, or stores them")};
+    ShortVerb m_targetHistory{m_app, "target-history", Text::of("The recent export targets, or stores them")};
+    CLI::App* m_backup = m_app.add_subcommand("backup", Text::of("Copies both stores into one file, also while the editor runs"));
+    CLI::App* m_restore = m_app.add_subcommand("restore", Text::of("Brings the stores of a backup back, and keeps what was there"));
+    CLI::App* m_monitor = m_app.add_subcommand("monitor", Text::of("Prints the changes that other processes make, as they happen"));
+    CLI::App* m_doctor = m_app.add_subcommand(
+        "doctor", Text::of("What is wrong with the stores, what they hold and the folders; exit status 1 where something is"));
     TransferVerbs m_transfer{m_app};
-    CLI::App* m_completion = m_app.add_subcommand("completion", "A completion script for a shell, to be sourced");
-    CLI::App* m_manual = m_app.add_subcommand("manual", "The manual page, for man");
+    CLI::App* m_completion = m_app.add_subcommand("completion", Text::of("A completion script for a shell, to be sourced"));
+    CLI::App* m_manual = m_app.add_subcommand("manual", Text::of("The manual page, for man"));
     FormatOptions m_listFormat{m_list, asJsonWithBytes};
     FormatOptions m_getFormat{m_get, asJsonWithBytes};
     FormatOptions m_explainFormat{m_explain, asJsonWithBytes};
@@ -555,7 +595,7 @@ private:
     FormatOptions m_nextNameFormat{m_nextName, asJson};
     FormatOptions m_projectFormat{m_project, asJson};
     FormatOptions m_restoreFormat{m_restore, asJsonWithBytes};
-    FormatOptions m_monitorFormat{m_monitor, "One JSON object a line; bytes in base64"};
+    FormatOptions m_monitorFormat{m_monitor, Text::mark("One JSON object a line; bytes in base64")};
     FormatOptions m_doctorFormat{m_doctor, asJson};
     std::string m_page;
     ListOptions m_listOptions;
@@ -576,6 +616,7 @@ int main(int argc, char** argv)
 {
     holdStandardStreams();
     StandardOutput output;
+    Language const language(argc, argv);
     CommandLine commandLine;
     int status = 0;
     try {
@@ -586,7 +627,7 @@ int main(int argc, char** argv)
         status = commandLine.statusOfTrouble();
     }
     if (std::string const trouble = output.trouble(); !trouble.empty()) {
-        tell("cannot write to standard output: " + trouble);
+        tell(Text::of("cannot write to standard output: %1", trouble));
         return std::max(status, commandLine.statusOfTrouble());
     }
     return status;
