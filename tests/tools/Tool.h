@@ -9,6 +9,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <cstdlib>
 #include <filesystem>
 #include <map>
 #include <string>
@@ -19,6 +20,13 @@ using nlohmann::json;
 /// The program, run as its users run it, in a home folder of the test's own.
 class Tool : public testing::Test {
 protected:
+    // What is expected of it is in English, whoever runs the tests.
+    Tool()
+    {
+        ::setenv("LC_ALL", "C.UTF-8", 1);
+        ::unsetenv("LANGUAGE");
+    }
+
     Ended tool(std::vector<std::string> arguments, std::map<std::string, std::string> const& environment = {})
     {
         arguments.insert(arguments.begin(), TOOL);
