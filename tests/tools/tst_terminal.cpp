@@ -26,6 +26,12 @@ std::string const paintedList =
     "npsSendCount         int   product  \x1b[32mset\x1b[0m    7\n"
     "npsStartExportCount  int   product  unset  0\n";
 
+std::string content(std::string const& file)
+{
+    std::ifstream stream(file);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
 class Colors : public OnTerminal {
 protected:
     void SetUp() override { said({"set", "npsSendCount", "7"}); }
@@ -66,6 +72,14 @@ TEST_F(Colors, AreLeftOutWhereAProgramReads)
                                        "npsStartExportCount\tint\tproduct\tunset\t0\n");
     EXPECT_EQ(said({"list", "npsS*", "--color", "always"}), paintedList) << "unless they are asked for";
     EXPECT_EQ(lines(refused({"list", "--color", "red"}, 2)).front(), "editor-settings: --color: red not in {auto,always,never}");
+}
+
+TEST_F(Colors, DependOnWhereTheAnswerGoesAlone)
+{
+    std::string const file = inHome("answer");
+    EXPECT_EQ(onTerminal({"sh", "-c", "\"$0\" list 'npsS*' >\"$1\"", TOOL, file}).out, "");
+    EXPECT_EQ(content(file), plainList);
+    EXPECT_EQ(onTerminal({"sh", "-c", "\"$0\" list 'npsS*' 2>\"$1\"", TOOL, file}).out, paintedList);
 }
 
 TEST_F(Colors, AreNeverInWhatIsForScripts)
@@ -230,7 +244,32 @@ TEST_F(Paged, AnswerThatFitsIsNotPaged)
     EXPECT_FALSE(isPaged({"list", "nps*"}, {8, 80})) << "seven lines, and one for the prompt";
     EXPECT_TRUE(isPaged({"list", "nps*"}, {7, 80}));
     EXPECT_TRUE(isPaged({"list", "nps*"}, {8, 52})) << "the longest line takes two rows";
+    EXPECT_TRUE(isPaged({"list", "nps*", "--plain"}, {7, 57})) << "six lines, of which the longest takes 58 columns with its tabs";
+    EXPECT_FALSE(isPaged({"list", "nps*", "--plain"}, {7, 58}));
     EXPECT_FALSE(isPaged({"list"}, {0, 0})) << "a terminal that does not tell its size";
+    EXPECT_FALSE(isPaged({"list"}, {0, 80}));
+    EXPECT_EQ(onTerminal({"sh", "-c", "\"$0\" list 2>/dev/null", TOOL}, loud).out.find(inHome("bin/loud")), 0u);
+}
+
+TEST_F(Paged, EmptyLineTakesARowToo)
+{
+    Environment const loud = {{"PAGER", pager("loud")}};
+    Words const found = lines(said({"doctor"}));
+    ASSERT_NE(std::find(found.begin(), found.end(), ""), found.end());
+    auto const isPaged = [&](std::size_t rows) {
+        return toolOnTerminal({"doctor"}, loud, {static_cast<unsigned short>(rows), 1000}).out.find("bin/loud") != std::string::npos;
+    };
+    EXPECT_TRUE(isPaged(found.size()));
+    EXPECT_FALSE(isPaged(found.size() + 1)) << "and one for the prompt";
+}
+
+TEST_F(Paged, UsualPagerShowsAScreenInColourAndIsLeftByAKey)
+{
+    Ended const ended = toolOnTerminal({"list"}, {}, {}, {"\n:\x1b[K", "q"});
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_NE(ended.out.find("\x1b[1mKEY\x1b[0m "), std::string::npos) << ended.out;
+    EXPECT_NE(ended.out.find("\nachievedTutorials "), std::string::npos) << ended.out;
+    EXPECT_EQ(ended.out.find("\nwaveformCachePath "), std::string::npos) << "this is on another screen";
 }
 
 TEST_F(Paged, OnlyLongAnswersArePaged)
@@ -308,8 +347,7 @@ TEST_F(Lasting, StepIsToldToATerminalOnly)
 {
     std::string const err = inHome("err");
     EXPECT_EQ(slowImport(("2>'" + err + '\'').c_str()).out, "");
-    std::ifstream stream(err);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(stream), {}), m_result);
+    EXPECT_EQ(content(err), m_result);
     EXPECT_EQ(slowImport("", {{"TERM", "dumb"}}).out, m_result);
 }
 
