@@ -313,10 +313,13 @@ TEST_F(Paged, ExitStatusIsTheVerbs)
 
 TEST_F(Paged, InterruptIsThePagersToTake)
 {
-    std::string const waiting = pager("waiting", "trap 'echo taken; exit 3' INT; echo waiting; while :; do sleep 0.05; done");
-    Ended const ended = toolOnTerminal({"list"}, {{"PAGER", waiting}}, {}, {"waiting", "\x03"});
-    EXPECT_EQ(ended.status, 0);
-    EXPECT_NE(ended.out.find("taken\n"), std::string::npos) << ended.out;
+    for (auto const& [signal, key] : Environment{{"INT", "\x03"}, {"QUIT", "\x1c"}}) {
+        std::string const waiting =
+            pager("waiting", "trap 'echo taken; exit 3' " + signal + "; echo waiting; while :; do sleep 0.05; done");
+        Ended const ended = toolOnTerminal({"list"}, {{"PAGER", waiting}}, {}, {"waiting", key});
+        EXPECT_EQ(ended.status, 0) << signal;
+        EXPECT_NE(ended.out.find("taken\n"), std::string::npos) << signal << ended.out;
+    }
 }
 
 // --- How far it is ---
