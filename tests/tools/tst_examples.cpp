@@ -4,6 +4,9 @@
 #include "LastingFolder.h"
 #include "Tool.h"
 
+#include <support/Named.h>
+
+#include <algorithm>
 #include <regex>
 
 namespace {
@@ -109,6 +112,111 @@ TEST_F(Examples, EachEndsAsItIsTold)
             EXPECT_EQ(ended.status, statedStatus(example)) << example.command << '\n' << ended.out << ended.err;
         }
 }
+
+struct Effect {
+    char const* meaning;
+    char const* verb;
+    Example example;
+    char const* then; // what a shell does next, to see the effect
+    char const* seen; // ~ stands for the home folder
+};
+
+class ExampleWithEffect : public Examples, public testing::WithParamInterface<Effect> {};
+
+TEST_P(ExampleWithEffect, DoesWhatIsSaidOfIt)
+{
+    Effect const& row = GetParam();
+    std::vector<Example> const shown = examples(row.verb);
+    EXPECT_TRUE(std::any_of(shown.begin(), shown.end(), [&](Example const& example) {
+        return example.command == row.example.command && example.effect == row.example.effect;
+    })) << row.example.command;
+
+    std::string const home = prepared(row.verb);
+    Ended const ended = runIn(home, row.example.command + row.then);
+    std::string const seen = std::regex_replace(ended.out, std::regex(home), "~");
+    EXPECT_EQ(seen, row.seen) << ended.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, ExampleWithEffect,
+    testing::Values(
+        Effect{"List",
+               "list",
+               {"editor-settings list '*Path'", "Every preference whose key ends in Path."},
+               " | sed '1d; s/ .*//; s/.*Path$/Path/' | uniq",
+               "Path\n"},
+        Effect{"ListOfWhatIsSet",
+               "list",
+               {"editor-settings list --set --plain", "What is stored, one preference a line, for a script."},
+               "",
+               "autoUpdate\tbool\tcommon\tset\tfalse\nnpsSendCount\tint\tproduct\tset\t4\n"},
+        Effect{"SetABool",
+               "set",
+               {"editor-settings set keepVideoAspect no", "Stores false."},
+               " && editor-settings get keepVideoAspect",
+               "false\n"},
+        Effect{"SetAList",
+               "set",
+               {"editor-settings set userCustomColors '#ff8800' navy", "Stores a list of two."},
+               " && editor-settings get userCustomColors --plain",
+               "[\"#ff8800\",\"navy\"]\n"},
+        Effect{"SetWhatLooksLikeAnOption",
+               "set",
+               {"editor-settings set lastTarget -- -x", "Stores a value that looks like an option."},
+               " && editor-settings get lastTarget",
+               "-x\n"},
+        Effect{"StoreBytesOfAFile",
+               "indication",
+               {"editor-settings indication tour @tour.state", "Stores the bytes of the file tour.state for it."},
+               " && editor-settings indication tour",
+               "c2Vlbg==\n"},
+        Effect{"ReserveAName",
+               "next-name",
+               {"editor-settings next-name --reserve freeze holiday.mov", "Makes an empty file of the next name, and prints that."},
+               " && wc -c Videos/*/*",
+               "~/Videos/Lumora Library/holiday (1).png\n0 Videos/Lumora Library/holiday (1).png\n"},
+        Effect{"Restore",
+               "restore",
+               {"editor-settings restore settings.backup", "Brings the stores back, and tells where those of now are kept."},
+               " >told 2>&1 && editor-settings get npsSendCount && grep -c 'is kept in ' told",
+               "3\n2\n"},
+        Effect{"RestoreInThought",
+               "restore",
+               {"editor-settings restore settings.backup --dry-run", "What would be otherwise than now."},
+               " 2>/dev/null | sed 1d && editor-settings get npsSendCount",
+               "product  npsSendCount  4    3\n4\n"},
+        Effect{"ImportInThought",
+               "import",
+               {"editor-settings import settings.json --dry-run", "What would change."},
+               " 2>/dev/null | sed 1d && editor-settings get npsSendCount",
+               "changed  product  npsSendCount  4       3\n4\n"},
+        Effect{"ImportOfAClass",
+               "import",
+               {"editor-settings import --only roaming settings.json", "Stores what belongs to the user rather than to the machine."},
+               " && editor-settings get npsSendCount",
+               "4\n"},
+        Effect{"ExportForOthers",
+               "export",
+               {"editor-settings export --redact -", "The same without what is personal, on standard output."},
+               " | grep -c npsSendCount",
+               "1\n"},
+        Effect{"DifferencesOfThePast",
+               "diff",
+               {"editor-settings diff settings.json", "What is stored otherwise than in the file; exit status 1, as something is."},
+               " | sed 1d",
+               "changed  product  npsSendCount  4       3\n"},
+        Effect{"NoDifferences", "diff", {"editor-settings export - | editor-settings diff -", "Nothing, as the two are alike."}, "", ""},
+        Effect{"CompletionOfBash",
+               "completion",
+               {"editor-settings completion bash > editor-settings.bash", "A script for bash: source editor-settings.bash"},
+               " && bash -c 'source ./editor-settings.bash && complete -p editor-settings'",
+               "complete -F _editor_settings editor-settings\n"},
+        Effect{"ManualInAFile",
+               "manual",
+               {"editor-settings manual > editor-settings.1", "The page in a file: man ./editor-settings.1"},
+               " && head -c 22 editor-settings.1",
+               ".TH EDITOR\\-SETTINGS 1"}),
+    byMeaning);
 
 TEST_F(Examples, ManualTellsTheSame)
 {
