@@ -301,6 +301,9 @@ TEST_F(Paged, WhoeverLeavesEarlyDoesNothingWrong)
     EXPECT_EQ(ended.out, "");
     EXPECT_EQ(toolOnTerminal({"list", "--color=never"}, {{"PAGER", "head -n 1 | cut -c -3"}}).out, "KEY\n");
     EXPECT_EQ(toolOnTerminal({"list"}, {{"PAGER", "exit 9"}}).status, 0);
+    Ended const killed = toolOnTerminal({"list", "--color=never"}, {{"PAGER", "head -n 1 | cut -c -3; kill -KILL $$"}});
+    EXPECT_EQ(killed.out, "KEY\n") << "what was seen is not shown again";
+    EXPECT_EQ(killed.status, 0);
 }
 
 TEST_F(Paged, ExitStatusIsTheVerbs)
