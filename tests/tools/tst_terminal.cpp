@@ -231,7 +231,9 @@ TEST_F(Paged, NoPagerIsAskedForInManyWays)
 TEST_F(Paged, PagerThatCannotBeStartedIsDoneWithout)
 {
     EXPECT_EQ(firstLine({{"PAGER", "/no/such"}}), m_unpaged);
-    EXPECT_EQ(firstLine({{"PAGER", m_home.write("no-program", "").string()}}), m_unpaged);
+    std::string const noProgram = m_home.write("no-program", "").string();
+    EXPECT_EQ(firstLine({{"PAGER", noProgram}}), m_unpaged);
+    EXPECT_EQ(firstLine({{"PAGER", noProgram + " --option 2>/dev/null"}}), m_unpaged);
     EXPECT_EQ(firstLine({{"PAGER", "/no/such --option 2>/dev/null"}}), m_unpaged);
 }
 
@@ -300,7 +302,9 @@ TEST_F(Paged, WhoeverLeavesEarlyDoesNothingWrong)
     EXPECT_EQ(ended.status, 0);
     EXPECT_EQ(ended.out, "");
     EXPECT_EQ(toolOnTerminal({"list", "--color=never"}, {{"PAGER", "head -n 1 | cut -c -3"}}).out, "KEY\n");
-    EXPECT_EQ(toolOnTerminal({"list"}, {{"PAGER", "exit 9"}}).status, 0);
+    Ended const failed = toolOnTerminal({"list"}, {{"PAGER", "exit 9"}});
+    EXPECT_EQ(failed.out, "");
+    EXPECT_EQ(failed.status, 0);
     Ended const killed = toolOnTerminal({"list", "--color=never"}, {{"PAGER", "head -n 1 | cut -c -3; kill -KILL $$"}});
     EXPECT_EQ(killed.out, "KEY\n") << "what was seen is not shown again";
     EXPECT_EQ(killed.status, 0);
