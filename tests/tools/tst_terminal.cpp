@@ -348,9 +348,34 @@ protected:
 
 TEST_F(Lasting, StepIsToldAndErased) { EXPECT_EQ(slowImport("").out, "editor-settings: step 1 of 3: reading the file\r\x1b[K" + m_result); }
 
+TEST_F(Lasting, StepTakesThePlaceOfTheOneBefore)
+{
+    said({"set", "npsSendCount", "1"});
+    m_home.write("in.json", R"({"format": "editor-settings export", "version": 1, "stores": {}})");
+    Child holder([this] {
+        while (!std::filesystem::exists(inHome("hold")))
+            ::usleep(10000);
+        OtherProgram other(productFile());
+        other.execute("BEGIN EXCLUSIVE");
+        m_home.write("held", "");
+        ::sleep(2);
+        return std::string();
+    });
+    // The file comes when the store is held by another program.
+    char const* const script = "cd \"$1\"; { sleep 2; : >hold; until [ -e held ]; do sleep 0.01; done; cat in.json; } | \"$0\" import -";
+    Ended const ended = onTerminal({"sh", "-c", script, TOOL, m_home.path().string()});
+    EXPECT_EQ(holder.answer(), "");
+    EXPECT_EQ(ended.out.find("editor-settings: step 1 of 3: reading the file\r\x1b[K"
+                             "editor-settings: step 2 of 3: comparing with the product store\r\x1b[K"),
+              0u)
+        << ended.out;
+}
+
 TEST_F(Lasting, StepFitsOnALine)
 {
     EXPECT_EQ(slowImport("", {}, {24, 30}).out, "editor-settings: step 1 of 3\xE2\x80\xA6\r\x1b[K" + m_result);
+    EXPECT_EQ(slowImport("", {}, {0, 0}).out, "editor-settings: step 1 of 3: reading the file\r\x1b[K" + m_result)
+        << "a terminal that does not tell its size";
 }
 
 TEST_F(Lasting, StepIsToldToATerminalOnly)
