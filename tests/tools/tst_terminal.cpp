@@ -343,10 +343,20 @@ protected:
         return onTerminal({"sh", "-c", script, TOOL, inHome("in.json"), seconds}, environment, screen);
     }
 
+    // Another step may be seen for a moment, before it or after it.
+    void expectStep(std::string const& sent, std::string const& step) const
+    {
+        std::string const erased = "\r\x1b[K";
+        std::string const end = erased + m_result;
+        EXPECT_NE((erased + sent).find(erased + step + erased), std::string::npos) << sent;
+        EXPECT_EQ(sent.find(step), sent.rfind(step)) << sent;
+        EXPECT_EQ(sent.substr(sent.size() - std::min(sent.size(), end.size())), end) << sent;
+    }
+
     std::string const m_result = "editor-settings: 1 changed, 0 already as in the file\n";
 };
 
-TEST_F(Lasting, StepIsToldAndErased) { EXPECT_EQ(slowImport("").out, "editor-settings: step 1 of 3: reading the file\r\x1b[K" + m_result); }
+TEST_F(Lasting, StepIsToldAndErased) { expectStep(slowImport("").out, "editor-settings: step 1 of 3: reading the file"); }
 
 TEST_F(Lasting, StepTakesThePlaceOfTheOneBefore)
 {
@@ -371,11 +381,33 @@ TEST_F(Lasting, StepTakesThePlaceOfTheOneBefore)
         << ended.out;
 }
 
+TEST_F(Lasting, WhatIsToldMeanwhileHasALineOfItsOwn)
+{
+    said({"set", "npsSendCount", "1"});
+    SqliteStorage(productFile()).setInt(std::string("a\0b", 3), 1);
+    m_home.write("in.json", R"({"format": "editor-settings export", "version": 1, "stores": {}})");
+    Ended const ended = onTerminal({"sh", "-c", "{ sleep 2; cat \"$1\"; } | \"$0\" diff -", TOOL, inHome("in.json")});
+    EXPECT_EQ(ended.out.find("editor-settings: step 1 of 3: reading the file\r\x1b[K"), 0u) << ended.out;
+    EXPECT_NE(ended.out.find("\r\x1b[Keditor-settings: 'a\\x00b' in the product store has a NUL in its key, so it is not compared\n"),
+              std::string::npos)
+        << ended.out;
+}
+
+TEST_F(Lasting, NothingIsToldOfWaitingForWhoeverTypes)
+{
+    char const* const script = "{ sleep 2; echo type; } & exec \"$0\" import -";
+    std::string const typed = R"({"format": "editor-settings export", "version": 1, "stores": {}})";
+    Ended const ended = onTerminal({"sh", "-c", script, TOOL}, {}, {}, {"type", typed + "\n\x04"});
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.out.find("reading the file"), std::string::npos) << ended.out;
+    EXPECT_NE(ended.out.find("editor-settings: 0 changed, 0 already as in the file\n"), std::string::npos) << ended.out;
+}
+
 TEST_F(Lasting, StepFitsOnALine)
 {
-    EXPECT_EQ(slowImport("", {}, {24, 30}).out, "editor-settings: step 1 of 3\xE2\x80\xA6\r\x1b[K" + m_result);
-    EXPECT_EQ(slowImport("", {}, {0, 0}).out, "editor-settings: step 1 of 3: reading the file\r\x1b[K" + m_result)
-        << "a terminal that does not tell its size";
+    expectStep(slowImport("", {}, {24, 30}).out, "editor-settings: step 1 of 3\xE2\x80\xA6");
+    // A terminal that does not tell its size.
+    expectStep(slowImport("", {}, {0, 0}).out, "editor-settings: step 1 of 3: reading the file");
 }
 
 TEST_F(Lasting, StepIsToldToATerminalOnly)
