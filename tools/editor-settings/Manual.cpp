@@ -3,19 +3,11 @@
 
 #include "CommandWalk.h"
 #include "Examples.h"
+#include "Notes.h"
 #include "Text.h"
-#include "Translation.h"
 
 #include <algorithm>
 #include <cctype>
-
-std::string helpFooter(std::vector<Note> const& notes)
-{
-    std::string footer;
-    for (Note const& note : notes)
-        footer += (footer.empty() ? "" : "\n\n") + Text::of("%1:", Text::of(note.title)) + '\n' + Text::of(note.text);
-    return footer;
-}
 
 namespace {
 
@@ -95,7 +87,7 @@ std::string sectionOf(CLI::App const& verb, std::string const& path)
 
 } // namespace
 
-std::string manualPage(CLI::App const& app, std::vector<Note> const& notes)
+std::string manualPage(CLI::App const& app)
 {
     std::string const name = troff(app.get_name());
     std::string verbs;
@@ -119,7 +111,7 @@ std::string manualPage(CLI::App const& app, std::vector<Note> const& notes)
     page += ".SH OPTIONS\n" + entriesOf(app);
     page += ".SH VERBS\n" + verbs;
     page += ".SH ENVIRONMENT\n" + environment;
-    for (Note const& note : notes)
+    for (Note const& note : notes())
         page += ".SH \"" + upperCase(troff(note.title)) + "\"\n" + troff(note.text) + '\n';
     return page;
 }

@@ -10,8 +10,10 @@
 #include "HomeFolder.h"
 #include "Language.h"
 #include "Manual.h"
+#include "MarkedWords.h"
 #include "Monitor.h"
 #include "NextName.h"
+#include "Notes.h"
 #include "Pager.h"
 #include "Paths.h"
 #include "Progress.h"
@@ -20,8 +22,8 @@
 #include "StandardOutput.h"
 #include "Terminal.h"
 #include "Text.h"
-#include "TransferVerbs.h"
 #include "Translation.h"
+#include "VerbOptions.h"
 
 #include <Settings/Version.h>
 
@@ -39,198 +41,6 @@ constexpr int saidNo = 1;
 constexpr int wrongUsage = 2;
 constexpr int different = 1; // of diff, which then says no with the status of wrong usage, as programs of that name do
 
-std::vector<Note> const& notes()
-{
-    static std::vector<Note> const all = {
-        {Text::mark("Exit status"), Text::mark(R"(  0  done
-  1  said no: unknown key, wrong value, trouble with a store or the product file, a folder that cannot be used,
-     or doctor found something wrong
-  2  wrong usage
-diff ends with 0 where nothing differs, with 1 where something does, and with 2 for everything else.)")},
-        {Text::mark("Output"),
-         Text::mark(R"(Values are printed to standard output, reasons to standard error. With --plain a backslash is printed as \\, a tab
-as \t, line breaks as \n and \r, other control characters and bytes that are not UTF-8 as \xHH, and a list as a JSON array.
-A terminal is sent no control characters but tabs, line breaks and the codes of colours. An answer that could not be
-printed whole is an error.)")},
-        {Text::mark("On a terminal"),
-         Text::mark(R"(What is longer than the screen is shown by the program that EDITOR_SETTINGS_PAGER names, else PAGER, else
-"less"; an empty name and "cat" stand for none. Colours say nothing that the words do not say; NO_COLOR, or "dumb" in TERM, leaves them out.
-What takes longer than a second tells meanwhile which step it is at, where standard error is a terminal.)")},
-        {Text::mark("Language"),
-         Text::mark(R"(Texts are in the language that LANGUAGE names, else LC_ALL, LC_MESSAGES or LANG, where there is a translation and the
-locale is in UTF-8. What the system and the stores tell is always English; so are all texts with --plain, --json or --format, the
-manual page and the completion scripts.)")},
-        {Text::mark("Words that look like options"),
-         Text::mark(R"(A value that begins with "-" goes after "--": editor-settings set lastTarget -- -x)")},
-    };
-    return all;
-}
-
-// CLI11 takes a word in square brackets apart at its commas, and takes "++" for the end of a verb's words. A mark before
-// such a word, and before one that begins with the mark itself, keeps it whole; every option takes the mark off again.
-constexpr char mark = '\x1f';
-
-std::vector<std::string> marked(int argc, char** argv)
-{
-    std::vector<std::string> words(argv + 1, argv + argc);
-    for (std::string& word : words)
-        if (!word.empty() && (word[0] == '[' || word[0] == mark || word == "++"))
-            word.insert(word.begin(), mark);
-    std::reverse(words.begin(), words.end()); // as CLI11 wants them
-    return words;
-}
-
-// A text that tells of marked words, without their marks.
-std::string unmarked(std::string text)
-{
-    for (std::string const& marked : {std::string{mark, '['}, std::string{mark, mark}, std::string{mark, '+', '+'}})
-        for (std::size_t at = text.find(marked); at != std::string::npos; at = text.find(marked, at + 1))
-            text.erase(at, 1);
-    return text;
-}
-
-CLI::Validator unmarked()
-{
-    return {[](std::string& word) {
-                if (!word.empty() && word[0] == mark)
-                    word.erase(0, 1);
-                return std::string();
-            },
-            ""};
-}
-
-CLI::Validator notEmpty(char const* refusal)
-{
-    return {[refusal](std::string& word) { return word.empty() ? Text::of(refusal) : std::string(); }, ""};
-}
-
-CLI::Validator oneOf(std::vector<std::string> const& words)
-{
-    std::string const all = '{' + joined(words, ",") + '}';
-    return {[=](std::string& word) {
-                bool const isOne = std::find(words.begin(), words.end(), word) != words.end();
-                return isOne ? std::string() : Text::of("%1 not in %2", word, all);
-            },
-            all};
-}
-
-// Texts to be translated.
-char const* const nameAFile = Text::mark("the name is empty; name a file");
-char const* const leaveItOut = Text::mark("the name is empty; leave the option out for the default");
-
-char const* const asJson = Text::mark("As JSON");
-char const* const asJsonWithBytes = Text::mark("As JSON; bytes in base64");
-
-// --plain and --json of one verb.
-class FormatOptions {
-public:
-    FormatOptions(CLI::App* verb, char const* json)
-    {
-        CLI::Option* const plain =
-            verb->add_flag("--plain", m_plain, Text::of("Tab-separated, one record a line, nothing shortened; for scripts"));
-        verb->add_flag("--json", m_json, Text::of(json))->excludes(plain);
-    }
-
-    // NOLINTNEXTLINE(google-explicit-constructor): it stands for the format wherever one is wanted
-    operator Format() const { return m_json ? Format::json : m_plain ? Format::plain : Format::people; }
-
-private:
-    bool m_plain = false;
-    bool m_json = false;
-};
-
-// A verb that shows a setting under a name of its own, and changes it where a value is given.
-struct ShortVerb {
-    ShortVerb(CLI::App& app, char const* name, std::string const& description, char const* json = asJson)
-        : verb(app.add_subcommand(name, description)), format(verb, json)
-    {}
-
-    // One word, or one for each element of a list; also an empty list where `isList`.
-    void takeValue(char const* name, std::string const& description, bool isList)
-    {
-        CLI::Option* const value = verb->add_option(name, words, description)->transform(unmarked());
-        if (isList)
-            verb->add_flag("--empty", empty, Text::of("Stores an empty list"))->excludes(value);
-        else
-            value->expected(1);
-    }
-
-    bool isToStore() const { return !words.empty() || empty; }
-
-    void run(Host::Application const& application, std::string const& key) const
-    {
-        if (isToStore())
-            setPreference(application, key, words);
-        else
-            getPreference(application, key, format);
-    }
-
-    CLI::App* verb;
-    FormatOptions format;
-    std::vector<std::string> words;
-    bool empty = false;
-};
-
-// The verbs that carry stored values from one place to another.
-struct TransferVerbs {
-    explicit TransferVerbs(CLI::App& app)
-        : exporting(app.add_subcommand(
-              "export", Text::of("Writes what is stored to a new file, in JSON: for another machine, or for somebody who helps"))),
-          importing(app.add_subcommand("import",
-                                       Text::of("Stores what an exported file holds, all of it or nothing; what it does not name stays"))),
-          comparing(app.add_subcommand("diff", Text::of("The differences between what is stored and what an exported file holds")))
-    {
-        for (CLI::App* verb : {exporting, importing, comparing}) {
-            CLI::Option* const file = verb->add_option("FILE", options.file,
-                                                       verb == exporting ? Text::of("The new file; - for standard output")
-                                                                         : Text::of("The file; - for standard input"));
-            file->transform(unmarked())->check(notEmpty(nameAFile))->required();
-            verb->add_option("--only", options.only, Text::of("Only keys of this class; may be given several times"))
-                ->allow_extra_args(false)
-                ->type_name("CLASS")
-                ->check(oneOf(classes));
-        }
-        exporting->add_flag("--redact", options.redact,
-                            Text::of("Leaves out personal values, those of unknown keys, and whatever holds the path of the home folder"));
-        importing->add_flag("--with-unknown", options.withUnknown, Text::of("Takes keys that the editor does not know as they are"));
-        importing->add_flag("--dry-run", options.dryRun, Text::of("Tells what would change, as diff does, and changes nothing"));
-        importing->callback([this] {
-            if (importFormat != Format::people && !options.dryRun)
-                throw CLI::RequiredError("--dry-run");
-        });
-    }
-
-    bool isDiff() const { return comparing->parsed(); }
-    bool isExport() const { return exporting->parsed(); }
-    bool isToStore() const { return importing->parsed() && !options.dryRun; }
-
-    // The exit status.
-    int run(Host::Application const& application) const
-    {
-        if (*exporting)
-            exportSettings(application, options);
-        if (*importing)
-            importSettings(application, options, importFormat);
-        return isDiff() && showDifferences(application, options, diffFormat) ? different : 0;
-    }
-
-    void addChoices(std::map<CLI::Option const*, Choice>& choices) const
-    {
-        for (CLI::App const* verb : {exporting, importing, comparing}) {
-            choices[verb->get_option("FILE")] = {Choice::Kind::files};
-            choices[verb->get_option("--only")] = {Choice::Kind::words, classes};
-        }
-    }
-
-    std::vector<std::string> const classes = {"roaming", "local", "personal", "transient"};
-    TransferOptions options;
-    CLI::App* exporting;
-    CLI::App* importing;
-    CLI::App* comparing;
-    FormatOptions importFormat{importing, Text::mark("With --dry-run: as JSON; bytes in base64")};
-    FormatOptions diffFormat{comparing, asJsonWithBytes};
-};
-
 class CommandLine {
 public:
     CommandLine()
@@ -241,7 +51,7 @@ public:
                    Text::of("Run with --help for more information.") + '\n';
         });
         m_app.set_version_flag("--version", EDITOR_SETTINGS_VERSION_STRING, Text::of("Display program version information and exit"));
-        m_app.footer(helpFooter(notes()));
+        m_app.footer(helpFooter());
         addWhatStandsForAll();
         addPreferenceVerbs();
         addLocationVerbs();
@@ -301,7 +111,7 @@ public:
         m_hasOpened = true;
         noteStoresThatTakeNoChange(application);
         answer(application);
-        return m_transfer.run(application);
+        return m_transfer.run(application) ? different : 0;
     }
 
 private:
@@ -317,7 +127,7 @@ private:
         }
         if (!*m_manual && !*m_completion)
             return std::nullopt;
-        std::cout << (*m_manual ? manualPage(m_app, notes()) : completionScript(m_app, choices(), m_shell));
+        std::cout << (*m_manual ? manualPage(m_app) : completionScript(m_app, choices(), m_shell));
         return 0;
     }
 
@@ -341,12 +151,12 @@ private:
             .add_option("--product", m_productFile,
                         Text::of("The product file, in JSON; default: the one that is installed with this program"))
             ->transform(unmarked())
-            ->check(notEmpty(leaveItOut))
+            ->check(aNameIfGiven())
             ->type_name("FILE")
             ->envname("EDITOR_SETTINGS_PRODUCT");
         m_app.add_option("--home", m_home, Text::of("The folder of both stores; default: the product's data folder and the vendor's"))
             ->transform(unmarked())
-            ->check(notEmpty(leaveItOut))
+            ->check(aNameIfGiven())
             ->type_name("DIR")
             ->envname("EDITOR_SETTINGS_HOME");
     }
@@ -373,7 +183,7 @@ private:
             m_set->add_option("--from-file", m_file,
                               Text::of("Stores what the file holds, or standard input where it is -: byte for byte, but for "
                                        "a list one element on each line"));
-        file->transform(unmarked())->check(notEmpty(nameAFile))->type_name("FILE")->excludes(words)->excludes(empty);
+        file->transform(unmarked())->check(aFile())->type_name("FILE")->excludes(words)->excludes(empty);
         m_set->callback([words, empty, file] {
             if (words->empty() && empty->empty() && file->empty())
                 throw CLI::RequiredError("VALUE");
@@ -421,10 +231,10 @@ private:
 
     void addUpkeepVerbs()
     {
-        m_backup->add_option("FILE", m_file, Text::of("The new file"))->transform(unmarked())->check(notEmpty(nameAFile))->required();
+        m_backup->add_option("FILE", m_file, Text::of("The new file"))->transform(unmarked())->check(aFile())->required();
         m_restore->add_option("FILE", m_file, Text::of("A file that backup has written"))
             ->transform(unmarked())
-            ->check(notEmpty(nameAFile))
+            ->check(aFile())
             ->required();
         m_restore->add_flag("--dry-run", m_isDryRun, Text::of("Only tells what would change"));
     }
