@@ -18,8 +18,9 @@ A terminal is sent no control characters but tabs, line breaks and the codes of 
 printed whole is an error.)")},
         {Text::mark("On a terminal"),
          Text::mark(R"(What is longer than the screen is shown by the program that EDITOR_SETTINGS_PAGER names, else PAGER, else
-"less"; an empty name and "cat" stand for none. Colours say nothing that the words do not say; NO_COLOR, or "dumb" in TERM, leaves them out.
-What takes longer than a second tells meanwhile which step it is at, where standard error is a terminal.)")},
+"less"; an empty name and "cat" stand for none. Columns line up there; elsewhere a tab stands between each two. Colours say
+nothing that the words do not say; NO_COLOR, or "dumb" in TERM, leaves them out. What takes longer than a second tells
+meanwhile which step it is at, where standard error is a terminal.)")},
         {Text::mark("Language"),
          Text::mark(R"(Texts are in the language that LANGUAGE names, else LC_ALL, LC_MESSAGES or LANG, where there is a translation and the
 locale is in UTF-8. What the system and the stores tell is always English; so are all texts with --plain, --json or --format, the

@@ -1239,10 +1239,12 @@ printed whole is an error.</source>
     </message>
     <message>
         <source>What is longer than the screen is shown by the program that EDITOR_SETTINGS_PAGER names, else PAGER, else
-&quot;less&quot;; an empty name and &quot;cat&quot; stand for none. Colours say nothing that the words do not say; NO_COLOR, or &quot;dumb&quot; in TERM, leaves them out.
-What takes longer than a second tells meanwhile which step it is at, where standard error is a terminal.</source>
+&quot;less&quot;; an empty name and &quot;cat&quot; stand for none. Columns line up there; elsewhere a tab stands between each two. Colours say
+nothing that the words do not say; NO_COLOR, or &quot;dumb&quot; in TERM, leaves them out. What takes longer than a second tells
+meanwhile which step it is at, where standard error is a terminal.</source>
         <translation>ما زاد على الشاشة يعرضه عارض الصفحات الذي يسميه EDITOR_SETTINGS_PAGER، وإلا PAGER، وإلا &quot;less&quot;؛ والاسم الفارغ
-و &quot;cat&quot; يعنيان عدم استخدام أي عارض. لا تقول الألوان ما لا تقوله الكلمات؛ ويلغيها NO_COLOR أو &quot;dumb&quot; في TERM.
+و &quot;cat&quot; يعنيان عدم استخدام أي عارض. وتصطف الأعمدة هناك، ويفصل بينها في غير ذلك محرف جدولة.
+لا تقول الألوان ما لا تقوله الكلمات؛ ويلغيها NO_COLOR أو &quot;dumb&quot; في TERM.
 وما استغرق أكثر من ثانية يبين أثناء ذلك الخطوة التي بلغها، إن كان خرج الأخطاء القياسي طرفية.</translation>
     </message>
     <message>

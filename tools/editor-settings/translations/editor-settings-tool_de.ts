@@ -1195,10 +1195,12 @@ Antwort, die nicht vollständig ausgegeben werden konnte, ist ein Fehler.</trans
     </message>
     <message>
         <source>What is longer than the screen is shown by the program that EDITOR_SETTINGS_PAGER names, else PAGER, else
-&quot;less&quot;; an empty name and &quot;cat&quot; stand for none. Colours say nothing that the words do not say; NO_COLOR, or &quot;dumb&quot; in TERM, leaves them out.
-What takes longer than a second tells meanwhile which step it is at, where standard error is a terminal.</source>
+&quot;less&quot;; an empty name and &quot;cat&quot; stand for none. Columns line up there; elsewhere a tab stands between each two. Colours say
+nothing that the words do not say; NO_COLOR, or &quot;dumb&quot; in TERM, leaves them out. What takes longer than a second tells
+meanwhile which step it is at, where standard error is a terminal.</source>
         <translation>Was länger ist als der Bildschirm, zeigt das Programm, das EDITOR_SETTINGS_PAGER nennt, sonst PAGER, sonst &quot;less&quot;; ein
-leerer Name und &quot;cat&quot; bedeuten keines. Farben sagen nichts, was nicht auch Worte sagen; NO_COLOR oder &quot;dumb&quot; in TERM
+leerer Name und &quot;cat&quot; bedeuten keines. Spalten stehen dort untereinander; anderswo trennt sie ein Tabulator.
+Farben sagen nichts, was nicht auch Worte sagen; NO_COLOR oder &quot;dumb&quot; in TERM
 schalten sie ab. Was länger als eine Sekunde dauert, nennt seinen Schritt, wenn die Fehlerausgabe ein Terminal ist.</translation>
     </message>
     <message>

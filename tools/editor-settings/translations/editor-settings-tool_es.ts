@@ -1195,10 +1195,12 @@ color. Una respuesta que no se pudo mostrar entera es un error.</translation>
     </message>
     <message>
         <source>What is longer than the screen is shown by the program that EDITOR_SETTINGS_PAGER names, else PAGER, else
-&quot;less&quot;; an empty name and &quot;cat&quot; stand for none. Colours say nothing that the words do not say; NO_COLOR, or &quot;dumb&quot; in TERM, leaves them out.
-What takes longer than a second tells meanwhile which step it is at, where standard error is a terminal.</source>
+&quot;less&quot;; an empty name and &quot;cat&quot; stand for none. Columns line up there; elsewhere a tab stands between each two. Colours say
+nothing that the words do not say; NO_COLOR, or &quot;dumb&quot; in TERM, leaves them out. What takes longer than a second tells
+meanwhile which step it is at, where standard error is a terminal.</source>
         <translation>Lo que no cabe en la pantalla lo muestra el paginador que indica EDITOR_SETTINGS_PAGER; si no, PAGER; si no, &quot;less&quot;;
-un nombre vacío y &quot;cat&quot; indican ninguno. Los colores no añaden nada al texto; NO_COLOR o &quot;dumb&quot; en TERM los omiten.
+un nombre vacío y &quot;cat&quot; indican ninguno. Allí las columnas se alinean; en otro lugar las separa un tabulador.
+Los colores no añaden nada al texto; NO_COLOR o &quot;dumb&quot; en TERM los omiten.
 Lo que tarda más de un segundo indica entretanto en qué paso está, si el error estándar es un terminal.</translation>
     </message>
     <message>

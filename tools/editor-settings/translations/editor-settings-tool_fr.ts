@@ -1195,10 +1195,12 @@ sauts de ligne et codes de couleurs. Une réponse qui n&apos;a pas pu être affi
     </message>
     <message>
         <source>What is longer than the screen is shown by the program that EDITOR_SETTINGS_PAGER names, else PAGER, else
-&quot;less&quot;; an empty name and &quot;cat&quot; stand for none. Colours say nothing that the words do not say; NO_COLOR, or &quot;dumb&quot; in TERM, leaves them out.
-What takes longer than a second tells meanwhile which step it is at, where standard error is a terminal.</source>
+&quot;less&quot;; an empty name and &quot;cat&quot; stand for none. Columns line up there; elsewhere a tab stands between each two. Colours say
+nothing that the words do not say; NO_COLOR, or &quot;dumb&quot; in TERM, leaves them out. What takes longer than a second tells
+meanwhile which step it is at, where standard error is a terminal.</source>
         <translation>Ce qui dépasse l&apos;écran est affiché par le programme que nomme EDITOR_SETTINGS_PAGER, sinon PAGER, sinon &quot;less&quot; ; un nom
-vide et &quot;cat&quot; n&apos;en désignent aucun. Les couleurs ne disent rien de plus que les mots ; NO_COLOR, ou &quot;dumb&quot; dans TERM,
+vide et &quot;cat&quot; n&apos;en désignent aucun. Les colonnes y sont alignées ; ailleurs, une tabulation les sépare.
+Les couleurs ne disent rien de plus que les mots ; NO_COLOR, ou &quot;dumb&quot; dans TERM,
 les supprime. Ce qui dure plus d&apos;une seconde indique l&apos;étape en cours, si l&apos;erreur standard est un terminal.</translation>
     </message>
     <message>

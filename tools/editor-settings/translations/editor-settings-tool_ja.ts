@@ -1184,10 +1184,12 @@ printed whole is an error.</source>
     </message>
     <message>
         <source>What is longer than the screen is shown by the program that EDITOR_SETTINGS_PAGER names, else PAGER, else
-&quot;less&quot;; an empty name and &quot;cat&quot; stand for none. Colours say nothing that the words do not say; NO_COLOR, or &quot;dumb&quot; in TERM, leaves them out.
-What takes longer than a second tells meanwhile which step it is at, where standard error is a terminal.</source>
+&quot;less&quot;; an empty name and &quot;cat&quot; stand for none. Columns line up there; elsewhere a tab stands between each two. Colours say
+nothing that the words do not say; NO_COLOR, or &quot;dumb&quot; in TERM, leaves them out. What takes longer than a second tells
+meanwhile which step it is at, where standard error is a terminal.</source>
         <translation>画面に収まらないものは EDITOR_SETTINGS_PAGER、なければ PAGER が示すプログラム、それもなければ &quot;less&quot; で表示します。
-名前が空、または &quot;cat&quot; なら使いません。色が示すことは言葉でも分かり、NO_COLOR または TERM の &quot;dumb&quot; で色を消せます。
+名前が空、または &quot;cat&quot; なら使いません。端末では列を揃え、それ以外ではタブで区切ります。
+色が示すことは言葉でも分かり、NO_COLOR または TERM の &quot;dumb&quot; で色を消せます。
 1 秒より長くかかる処理では、標準エラー出力が端末であれば、どの段階にあるかを表示します。</translation>
     </message>
     <message>

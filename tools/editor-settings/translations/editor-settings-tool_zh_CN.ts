@@ -1184,10 +1184,12 @@ printed whole is an error.</source>
     </message>
     <message>
         <source>What is longer than the screen is shown by the program that EDITOR_SETTINGS_PAGER names, else PAGER, else
-&quot;less&quot;; an empty name and &quot;cat&quot; stand for none. Colours say nothing that the words do not say; NO_COLOR, or &quot;dumb&quot; in TERM, leaves them out.
-What takes longer than a second tells meanwhile which step it is at, where standard error is a terminal.</source>
+&quot;less&quot;; an empty name and &quot;cat&quot; stand for none. Columns line up there; elsewhere a tab stands between each two. Colours say
+nothing that the words do not say; NO_COLOR, or &quot;dumb&quot; in TERM, leaves them out. What takes longer than a second tells
+meanwhile which step it is at, where standard error is a terminal.</source>
         <translation>超出屏幕的内容由 EDITOR_SETTINGS_PAGER 指定的程序显示，否则由 PAGER 指定的程序显示，再否则由 &quot;less&quot; 显示；
-空名称和 &quot;cat&quot; 表示不使用。颜色所表示的，文字都会说明；设置了 NO_COLOR 或 TERM 为 &quot;dumb&quot; 时，不使用颜色。
+空名称和 &quot;cat&quot; 表示不使用。在终端上各列对齐；在其他地方各列以制表符分隔。
+颜色所表示的，文字都会说明；设置了 NO_COLOR 或 TERM 为 &quot;dumb&quot; 时，不使用颜色。
 耗时超过一秒时，如果标准错误是终端，则显示当前进行到哪一步。</translation>
     </message>
     <message>
