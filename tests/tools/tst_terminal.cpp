@@ -400,7 +400,7 @@ TEST_F(Lasting, NothingIsToldOfWaitingForWhoeverTypes)
     std::string const typed = R"({"format": "editor-settings export", "version": 1, "stores": {}})";
     Ended const ended = onTerminal({"sh", "-c", script, TOOL}, {}, {}, {"type", typed + "\n\x04"});
     EXPECT_EQ(ended.status, 0);
-    EXPECT_EQ(ended.out.find("reading the file"), std::string::npos) << ended.out;
+    EXPECT_EQ(ended.out.find("step 1 of 3"), std::string::npos) << ended.out;
     EXPECT_NE(ended.out.find("editor-settings: 0 changed, 0 already as in the file\n"), std::string::npos) << ended.out;
 }
 
