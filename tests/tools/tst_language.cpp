@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The program in the languages of its users: what is translated, what is not, and what chooses the language.
-#include "Tool.h"
+#include "OnTerminal.h"
 
 #include <support/Named.h>
 
@@ -202,6 +202,19 @@ TEST_F(InGerman, ProgramWithoutTranslationsBesideItSpeaksEnglish)
     Ended const ended = run({inHome("bin/editor-settings"), "get", "exportPat"}, german);
     EXPECT_NE(ended.err.find("cannot be read"), std::string::npos) << "the product file lies beside them";
     EXPECT_EQ(run({inHome("bin/editor-settings")}, german).err.substr(0, 36), "editor-settings: A verb is required\n");
+}
+
+// --- Wide letters ---
+
+class InJapanese : public OnTerminal {};
+
+TEST_F(InJapanese, StepFitsOnALine)
+{
+    m_home.write("in.json", R"({"format": "editor-settings export", "version": 1, "stores": {}})");
+    Ended const ended = onTerminal({"sh", "-c", "{ sleep 2; cat \"$1\"; } | \"$0\" import -", TOOL, inHome("in.json")},
+                                   {{"LC_ALL", "ja_JP.UTF-8"}}, {24, 40});
+    std::string const step = u8"editor-settings: \u30B9\u30C6\u30C3\u30D7 1/3: \u30D5\u30A1\u30A4\u2026"; // 38 columns
+    EXPECT_EQ(ended.out.substr(0, step.size() + 4), step + "\r\x1b[K") << ended.out;
 }
 
 // --- The translations themselves ---
