@@ -130,12 +130,31 @@ TEST_P(OddHome, IsFoundByTheDoctor)
 
 TEST_P(OddHome, DoesNotMatterToStoresThatLieElsewhere)
 {
-    EXPECT_EQ(with(GetParam().environment, {"--home", inHome("stores"), "set", "npsSendCount", "1"}).status, 0);
+    Ended const set = with(GetParam().environment, {"--home", inHome("stores"), "set", "npsSendCount", "1"});
+    EXPECT_EQ(set.status, 0);
+    EXPECT_EQ(set.err, "");
     EXPECT_EQ(Storage::SqliteStorage(inHome("stores/product-settings.sqlite")).getInt("npsSendCount", 0), 1);
     Words environment = GetParam().environment;
     environment.push_back("XDG_DATA_HOME=" + inHome("data"));
     EXPECT_EQ(with(environment, {"set", "npsSendCount", "2"}).status, 0);
     EXPECT_TRUE(fs::exists(inHome("data/Lumora/Lumora Video Editor/product-settings.sqlite")));
+}
+
+TEST_P(OddHome, IsNoPlaceForWhatIsBroughtBack)
+{
+    Words const elsewhere = {"EDITOR_SETTINGS_HOME=" + inHome("stores")};
+    std::string const backup = inHome("settings.backup");
+    std::string const exported = inHome("settings.json");
+    EXPECT_EQ(with(elsewhere, {"set", "npsSendCount", "1"}).err, "");
+    EXPECT_EQ(with(elsewhere, {"backup", backup}).status, 0);
+    EXPECT_EQ(with(elsewhere, {"export", exported}).status, 0);
+    for (Words const& words : {Words{"restore", backup}, Words{"import", exported}}) {
+        Ended const ended = with(GetParam().environment, words);
+        EXPECT_EQ(ended.status, 1) << words.front();
+        EXPECT_EQ(ended.err,
+                  "editor-settings: " + GetParam().trouble + "; set HOME to your folder, or name one for the stores with --home\n");
+        EXPECT_EQ(with(GetParam().environment, {words.front(), words.back(), "--dry-run"}).status, 0) << words.front();
+    }
 }
 
 std::string const noHome = "HOME is not set, so / is taken for the home folder";
