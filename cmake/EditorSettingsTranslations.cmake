@@ -3,8 +3,8 @@
 # editor_settings_translations(<prefix> LANGUAGES <language>... SOURCES <file>... [ALIASES <function>+=<alias>...])
 #
 # Makes <prefix>_<language>.qm of translations/<prefix>_<language>.ts, for the texts in the sources; files and folder are
-# relative to the current one. Texts may stand in calls of aliases of Qt's functions. The target <prefix>-translations is part of every build; update-<prefix>-translations brings
-# the .ts files up to date with the sources.
+# relative to the current one. Texts may stand in calls of aliases of Qt's functions. The target <prefix>-translations is
+# part of every build; update-<prefix>-translations brings the .ts files up to date with the sources.
 #
 # editor_settings_translations_test(<prefix> LABEL <label>)
 #
