@@ -5,11 +5,12 @@
 
 #include <support/Named.h>
 
-#include <QDir>
 #include <QFile>
 #include <QRegularExpression>
 #include <QSet>
 #include <QXmlStreamReader>
+
+#include <algorithm>
 
 namespace {
 
@@ -272,6 +273,30 @@ TEST_P(Translations, KeepWhatIsTyped)
             EXPECT_EQ(found(text, QStringLiteral("--[a-z][a-z-]*|[A-Z]+_[A-Z_]+|editor-settings [a-z-]+|[0-9]{2,}")),
                       found(message.source, QStringLiteral("--[a-z][a-z-]*|[A-Z]+_[A-Z_]+|editor-settings [a-z-]+|[0-9]{2,}")))
                 << text.toStdString();
+}
+
+TEST_P(Translations, LeaveTheDirectionToTheTerminal)
+{
+    QRegularExpression const marks(QStringLiteral("[\\x{200E}\\x{200F}\\x{202A}-\\x{202E}\\x{2066}-\\x{2069}]"));
+    for (Message const& message : m_messages)
+        for (QString const& text : message.translations)
+            EXPECT_FALSE(text.contains(marks)) << text.toStdString();
+}
+
+TEST_P(Translations, TellWordsOfDifferentColoursApart)
+{
+    std::map<std::string, char const*> const colors = {{"error", "red"},   {"unreadable", "red"}, {"other kind", "red"},
+                                                       {"removed", "red"}, {"warning", "yellow"}, {"changed", "yellow"},
+                                                       {"set", "green"},   {"added", "green"}};
+    std::map<QString, std::string> told;
+    for (Message const& message : m_messages) {
+        auto const color = colors.find(message.source.toStdString());
+        if (color == colors.end())
+            continue;
+        std::string const earlier = told.emplace(message.translations.value(0), color->second).first->second;
+        EXPECT_EQ(earlier, color->second) << color->first;
+    }
+    EXPECT_GE(told.size(), 3u);
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, Translations, testing::Values("ar", "de", "es", "fr", "ja", "zh_CN"),
