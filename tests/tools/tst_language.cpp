@@ -68,6 +68,9 @@ TEST_F(InGerman, WrongUsageIsToldWithAdvice)
     EXPECT_EQ(toldInGerman({"list", "--stor"}),
               "editor-settings: Dieses Argument wird nicht erwartet: --stor\nMeinten Sie --store?\nMehr dazu mit --help.\n");
     EXPECT_EQ(lines(toldInGerman({"get"})).front(), "editor-settings: KEY fehlt");
+    EXPECT_EQ(lines(toldInGerman({"set", "a", "b", "--empty"})).front(), "editor-settings: VALUE schlie\xC3\x9Ft --empty aus");
+    EXPECT_EQ(lines(toldInGerman({"list", "--color"})).front(),
+              "editor-settings: --color: 1-mal WHEN:{auto,always,never} erforderlich, aber nicht angegeben");
     EXPECT_EQ(lines(toldInGerman({"list", "--store", "third"})).front(), "editor-settings: --store: third ist keines von {product,common}");
 }
 
