@@ -159,6 +159,13 @@ ProductFile::ProductFile(fs::path const& file) : m_file(file)
     m_resourcesRoot = fs::absolute(file).parent_path() / fs::u8path(fields.path("resourcesRoot"));
 }
 
-fs::path installedProductFile() { return fs::read_symlink("/proc/self/exe").parent_path().parent_path() / PRODUCT_FILE_BELOW_PREFIX; }
+fs::path installedProductFile()
+{
+    std::error_code error;
+    fs::path const program = fs::read_symlink("/proc/self/exe", error);
+    if (error)
+        throw ProductFileError("the program cannot tell where it is installed, as it cannot read /proc/self/exe: " + error.message());
+    return program.parent_path().parent_path() / PRODUCT_FILE_BELOW_PREFIX;
+}
 
 } // namespace Host

@@ -50,7 +50,8 @@ private:
 };
 
 /// The product file that is installed with the program: "share/editor-settings/product.json" beside the "bin" folder
-/// of the running program, in an installation as in the build tree.
+/// of the running program, in an installation as in the build tree. Throws `ProductFileError` where the system does not say
+/// which program runs, as where /proc is not mounted.
 std::filesystem::path installedProductFile();
 
 } // namespace Host

@@ -74,6 +74,29 @@ TEST_F(FirstStart, WithoutStoresNothingIsMadeByLooking)
 
 // --- The product file ---
 
+#ifndef __SANITIZE_ADDRESS__ // the sanitizer itself reads /proc
+// As in a system that is just being set up.
+Ended runWithoutProc(Words const& words)
+{
+    Words command = {"unshare", "--map-root-user", "--mount", "sh", "-c", "mount -t tmpfs none /proc && exec \"$@\"", "sh"};
+    command.insert(command.end(), words.begin(), words.end());
+    return run(command);
+}
+
+TEST_F(FirstStart, WhereTheProgramCannotTellWhereItLiesAProductFileIsToBeNamed)
+{
+    if (runWithoutProc({"true"}).status != 0)
+        GTEST_SKIP() << "this process may not mount a file system";
+    Ended const ended = runWithoutProc({TOOL, "list"});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.err, "editor-settings: the program cannot tell where it is installed, as it cannot read /proc/self/exe: "
+                         "No such file or directory\n"
+                         "Name a product file with '--product FILE', or in EDITOR_SETTINGS_PRODUCT.\n");
+    std::string const product = std::filesystem::path(TOOL).parent_path().parent_path() / "share/editor-settings/product.json";
+    EXPECT_EQ(runWithoutProc({TOOL, "--product", product, "get", "npsSendCount"}).out, "0\n");
+}
+#endif
+
 TEST_F(FirstStart, WithoutTheInstalledProductFileOneIsToBeNamed)
 {
     fs::create_directories(inHome("bin"));

@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <clocale>
-#include <filesystem>
 #include <string>
 
 namespace {
@@ -37,7 +36,7 @@ bool isTheSameForAll(std::string const& word)
 QString folderOfTranslations()
 try {
     return QString::fromStdString((Host::installedProductFile().parent_path() / "translations").u8string());
-} catch (std::filesystem::filesystem_error const&) {
+} catch (Host::ProductFileError const&) {
     return {};
 }
 
