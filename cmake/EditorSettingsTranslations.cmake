@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
 #
-# editor_settings_translations(<prefix> LANGUAGES <language>... SOURCES <file>... [ALIASES <function>+=<alias>...])
+# editor_settings_translations(<prefix> LANGUAGES <language>... SOURCES <file>...)
 #
 # Makes <prefix>_<language>.qm of translations/<prefix>_<language>.ts, for the texts in the sources; files and folder are
-# relative to the current one. Texts may stand in calls of aliases of Qt's functions. The target <prefix>-translations is
+# relative to the current one. The target <prefix>-translations is
 # part of every build; update-<prefix>-translations brings the .ts files up to date with the sources.
 #
 # editor_settings_translations_test(<prefix> LABEL <label>)
@@ -29,16 +29,15 @@ function(editor_settings_translations prefix)
     if(NOT EDITOR_SETTINGS_TRANSLATIONS OR NOT Qt5LinguistTools_FOUND)
         return()
     endif()
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LANGUAGES;SOURCES;ALIASES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LANGUAGES;SOURCES")
     list(TRANSFORM arg_LANGUAGES REPLACE "(.+)" "${CMAKE_CURRENT_SOURCE_DIR}/translations/${prefix}_\\1.ts" OUTPUT_VARIABLE files)
     list(TRANSFORM arg_SOURCES PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
-    list(TRANSFORM arg_ALIASES PREPEND "-tr-function-alias;" OUTPUT_VARIABLE aliases)
 
     set_source_files_properties(${files} PROPERTIES OUTPUT_LOCATION ${PROJECT_BINARY_DIR}/${EDITOR_SETTINGS_TRANSLATIONS_FOLDER})
     qt5_add_translation(compiled ${files} OPTIONS -silent)
     add_custom_target(${prefix}-translations ALL DEPENDS ${compiled})
     # Without lines, so that only a change of a text changes a file.
-    set(update $<TARGET_FILE:Qt5::lupdate> -silent -no-obsolete -locations none -source-language en ${aliases} ${arg_SOURCES} -ts)
+    set(update $<TARGET_FILE:Qt5::lupdate> -silent -no-obsolete -locations none -source-language en ${arg_SOURCES} -ts)
     add_custom_target(update-${prefix}-translations COMMAND ${update} ${files} VERBATIM)
     set_target_properties(${prefix}-translations PROPERTIES UPDATE "${update}" FILES "${files}")
     if(EDITOR_SETTINGS_INSTALL)

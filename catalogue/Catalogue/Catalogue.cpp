@@ -199,10 +199,8 @@ char const* rootName(Root root)
 
 char const* useName(Use use)
 {
-    static constexpr std::array words = {QT_TRANSLATE_NOOP("Text", "default of a preference"), QT_TRANSLATE_NOOP("Text", "written to"),
-                                         QT_TRANSLATE_NOOP("Text", "shipped with the product"),
-                                         QT_TRANSLATE_NOOP("Text", "joined to a folder by the editor"),
-                                         QT_TRANSLATE_NOOP("Text", "inside the editor's program")};
+    static constexpr std::array words = {"default of a preference", "written to", "shipped with the product",
+                                         "joined to a folder by the editor", "inside the editor's program"};
     return words.at(static_cast<std::size_t>(use));
 }
 

@@ -20,12 +20,8 @@ using nlohmann::json;
 /// The program, run as its users run it, in a home folder of the test's own.
 class Tool : public testing::Test {
 protected:
-    // What is expected of it is in English, whoever runs the tests.
-    Tool()
-    {
-        ::setenv("LC_ALL", "C.UTF-8", 1);
-        ::unsetenv("LANGUAGE");
-    }
+    // The names of files are UTF-8, whoever runs the tests.
+    Tool() { ::setenv("LC_ALL", "C.UTF-8", 1); }
 
     Ended tool(std::vector<std::string> arguments, std::map<std::string, std::string> const& environment = {})
     {

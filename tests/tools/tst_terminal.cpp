@@ -454,7 +454,7 @@ TEST_P(WaitingVerb, TellsThatItWaitsForAStore)
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, WaitingVerb,
-                         testing::Values(Waiting{"Doctor", {"doctor"}, "step 1 of 7"},
+                         testing::Values(Waiting{"Doctor", {"doctor"}, "step 1 of 4"},
                                          Waiting{"Get", {"get", "npsSendCount"}, "step 1 of 1"}),
                          byMeaning);
 

@@ -4,7 +4,8 @@
 #include "CommandWalk.h"
 #include "Nearest.h"
 #include "Text.h"
-#include "Translation.h"
+
+#include <absl/strings/str_cat.h>
 
 namespace {
 
@@ -38,7 +39,7 @@ std::vector<std::string> verbNames(CLI::App const& app)
 std::string likelyOption(std::string const& word, std::vector<CLI::App const*> const& verbs)
 {
     std::vector<std::string> const likely = nearest(word.substr(0, word.find('=')), optionNames(verbs));
-    return likely.empty() ? std::string() : Text::of("Did you mean %1?", alternatives(likely)) + '\n';
+    return likely.empty() ? std::string() : absl::StrCat("Did you mean ", alternatives(likely), "?") + '\n';
 }
 
 std::string likelyVerb(std::string const& word, std::vector<CLI::App const*> const& verbs)
@@ -49,7 +50,7 @@ std::string likelyVerb(std::string const& word, std::vector<CLI::App const*> con
     std::string path;
     for (CLI::App const* verb : verbs)
         path += verb->get_name() + ' ';
-    return Text::of("Did you mean %1? '%2 --help' shows how it is used.", alternatives(likely), path + likely.front()) + '\n';
+    return absl::StrCat("Did you mean ", alternatives(likely), "? '", path + likely.front(), " --help' shows how it is used.") + '\n';
 }
 
 std::string whatFollows(CLI::App const& app, CLI::App const& last)
@@ -60,8 +61,8 @@ std::string whatFollows(CLI::App const& app, CLI::App const& last)
     std::string const lastName = names.back();
     names.pop_back();
     std::string const first = joined(names, ", ");
-    return (&last == &app ? Text::of("The verbs are %1 and %2.", first, lastName)
-                          : Text::of("What follows %1 is one of %2 and %3.", last.get_name(), first, lastName)) +
+    return (&last == &app ? absl::StrCat("The verbs are ", first, " and ", lastName, ".")
+                          : absl::StrCat("What follows ", last.get_name(), " is one of ", first, " and ", lastName, ".")) +
            '\n';
 }
 

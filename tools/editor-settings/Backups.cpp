@@ -5,7 +5,8 @@
 #include "Setting.h"
 #include "Stored.h"
 #include "Text.h"
-#include "Translation.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <Storage/Backup.h>
 
@@ -53,13 +54,13 @@ void printAsJson(Storage::Backup const& backup, std::vector<Restored> const& all
 
 void printAsTable(std::vector<Restored> const& all, Format format)
 {
-    std::string const unset = Text::of("(unset)");
+    std::string const unset = "(unset)";
     std::vector<Columns> table;
     for (Restored const& restored : all)
         for (KeyChange const& change : restored.changes)
             table.push_back({name(restored.store), onOneLine(change.key), shown(change.before, unset), shown(change.after, unset)});
     if (!table.empty())
-        printTable(table, {Text::of("STORE"), Text::of("KEY"), Text::of("NOW"), Text::of("IN THE BACKUP")}, format);
+        printTable(table, {"STORE", "KEY", "NOW", "IN THE BACKUP"}, format);
 }
 
 std::string told(Storage::Backup const& backup, Restored const& restored, bool isDryRun)
@@ -68,10 +69,10 @@ std::string told(Storage::Backup const& backup, Restored const& restored, bool i
     std::string const made = inUtc(backup.made());
     std::size_t const count = restored.changes.size();
     if (isDryRun)
-        return Text::ofCount("the %1 store of %2: %n values would change", "the %1 store of %2: %n value would change", count, store, made);
-    std::string const differing = Text::ofCount("the %1 store of %2: %n values differ from before",
-                                                "the %1 store of %2: %n value differs from before", count, store, made);
-    return restored.kept ? Text::of("%1; what was there is kept in %2", differing, restored.kept->u8string()) : differing;
+        return absl::StrCat("the ", store, " store of ", made, ": ", counted(count, "value"), " would change");
+    std::string const differing =
+        absl::StrCat("the ", store, " store of ", made, ": ", counted(count, "value"), count == 1 ? " differs" : " differ", " from before");
+    return restored.kept ? absl::StrCat(differing, "; what was there is kept in ", restored.kept->u8string()) : differing;
 }
 
 } // namespace
@@ -83,27 +84,26 @@ void backUpStores(Host::Application const& application, std::string const& file)
         if (SqliteStorage const* const now = storage(application, store))
             present[name(store)] = now;
     if (present.empty())
-        throw Refusal(Text::of("there is no store yet, so there is nothing to back up"));
+        throw Refusal("there is no store yet, so there is nothing to back up");
     Progress progress(2);
-    progress.next(Text::of("copying the stores"));
+    progress.next("copying the stores");
     Storage::Backup::write(file, present);
-    progress.next(Text::of("reading the copy"));
+    progress.next("reading the copy");
     Storage::Backup const written(file);
     for (std::string const& store : written.names())
-        progress.aside(Text::ofCount("the %1 store is backed up with %n values", "the %1 store is backed up with %n value",
-                                     written.rows(store).size(), store));
+        progress.aside(absl::StrCat("the ", store, " store is backed up with ", counted(written.rows(store).size(), "value")));
 }
 
 void restoreStores(Host::Application const& application, std::string const& file, bool isDryRun, Format format)
 {
     std::vector<Restored> all;
     std::optional<Progress> progress(3);
-    progress->next(Text::of("reading the backup"));
+    progress->next("reading the backup");
     Storage::Backup const backup(file);
     for (Store const store : stores) {
-        progress->next(Text::of("restoring the %1 store", name(store)));
+        progress->next(absl::StrCat("restoring the ", name(store), " store"));
         if (!holds(backup, store)) {
-            progress->aside(Text::of("the backup holds no %1 store, so that one stays as it is", name(store)));
+            progress->aside(absl::StrCat("the backup holds no ", name(store), " store, so that one stays as it is"));
             continue;
         }
         if (std::string const& trouble = storageTrouble(application, store); !trouble.empty())

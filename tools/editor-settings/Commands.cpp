@@ -4,8 +4,9 @@
 #include "Printing.h"
 #include "Setting.h"
 #include "Stored.h"
-#include "Translation.h"
 #include "Values.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <algorithm>
 #include <iostream>
@@ -37,7 +38,7 @@ Setting settingToWrite(Host::Application const& application, std::string const& 
 {
     Setting found = setting(application, key);
     if (!found.write)
-        throw Refusal(Text::of("%1 is written by the editor alone, so it cannot be set; 'editor-settings unset' removes it", key));
+        throw Refusal(absl::StrCat(key, " is written by the editor alone, so it cannot be set; 'editor-settings unset' removes it"));
     return found;
 }
 
@@ -45,7 +46,7 @@ void write(Setting const& setting, Catalogue::Value const& value)
 {
     if (!setting.observation.store)
         throw Refusal(
-            Text::of("%1 is kept in memory only by a product of this kind, so it cannot be set from outside the editor", setting.key));
+            absl::StrCat(setting.key, " is kept in memory only by a product of this kind, so it cannot be set from outside the editor"));
     setting.write(value);
 }
 
@@ -73,7 +74,7 @@ void listPreferences(Host::Application const& application, ListOptions const& op
     for (Setting const& setting : settings)
         table.push_back({onOneLine(setting.key), typeName(setting.observation.value), setting.storeName(), setting.state(),
                          inColumn(setting.observation.value, format)});
-    printTable(table, {Text::of("KEY"), Text::of("TYPE"), Text::of("STORE"), Text::of("STATE"), Text::of("VALUE")}, format, 3);
+    printTable(table, {"KEY", "TYPE", "STORE", "STATE", "VALUE"}, format, 3);
 }
 
 void getPreference(Host::Application const& application, std::string const& key, Format format)
@@ -81,11 +82,11 @@ void getPreference(Host::Application const& application, std::string const& key,
     Setting const found = setting(application, key);
     Catalogue::Value const& value = found.observation.value;
     if (found.isUnreadable())
-        tell(Text::of("%1 holds a value of kind %2 that cannot be read, so the default is read; 'editor-settings explain %1' shows both",
-                      key, found.stored->kind));
+        tell(absl::StrCat(key, " holds a value of kind ", found.stored->kind,
+                          " that cannot be read, so the default is read; 'editor-settings explain ", key, "' shows both"));
     else if (found.isOfOtherKind())
-        tell(Text::of("%1 holds a value of kind %2, so the default is read; 'editor-settings explain %1' shows both", key,
-                      found.stored->kind));
+        tell(absl::StrCat(key, " holds a value of kind ", found.stored->kind, ", so the default is read; 'editor-settings explain ", key,
+                          "' shows both"));
     if (format == Format::json)
         printJson({{"key", key}, {"type", typeName(value)}, {"value", toJson(value)}});
     else if (format == Format::plain)
@@ -112,7 +113,7 @@ void unsetPreference(Host::Application const& application, std::string const& ke
     if (found.observation.isStored)
         storage(application, *found.observation.store)->remove(found.observation.key);
     else
-        tell(Text::of("%1 was not set", key));
+        tell(absl::StrCat(key, " was not set"));
 }
 
 void explainPreference(Host::Application const& application, std::string const& key, Format format)
@@ -140,21 +141,21 @@ void explainPreference(Host::Application const& application, std::string const& 
                    {"value", toJson(observation.value)}});
         return;
     }
-    std::vector<Columns> table = {{Text::of("key"), onOneLine(key)},
-                                  {Text::of("type"), typeWithLanguage(observation.value)},
-                                  {Text::of("class"), Catalogue::className(found.category)},
-                                  {Text::of("store"), found.storeName()}};
+    std::vector<Columns> table = {{"key", onOneLine(key)},
+                                  {"type", typeWithLanguage(observation.value)},
+                                  {"class", Catalogue::className(found.category)},
+                                  {"store", found.storeName()}};
     if (!file.empty())
-        table.push_back({Text::of("file"), onOneLine(file)});
-    table.push_back({Text::of("state"), found.state()});
+        table.push_back({"file", onOneLine(file)});
+    table.push_back({"state", found.state()});
     if (found.stored) {
-        table.push_back({Text::of("stored"), onOneLine(storedText(found.stored->value))});
-        table.push_back({Text::of("stored kind"), onOneLine(found.stored->kind)});
-        table.push_back({Text::of("changed"), inUtc(found.stored->changed)});
+        table.push_back({"stored", onOneLine(storedText(found.stored->value))});
+        table.push_back({"stored kind", onOneLine(found.stored->kind)});
+        table.push_back({"changed", inUtc(found.stored->changed)});
     }
-    table.push_back({Text::of("default"), onOneLine(observation.defaultValue)});
-    table.push_back({Text::of("computed by"), computedBy.empty() ? Text::of("nothing: it is fixed") : computedBy + "()"});
-    table.push_back({Text::of("value"), onOneLine(observation.value)});
+    table.push_back({"default", onOneLine(observation.defaultValue)});
+    table.push_back({"computed by", computedBy.empty() ? "nothing: it is fixed" : computedBy + "()"});
+    table.push_back({"value", onOneLine(observation.value)});
     printTable(table, {}, format);
 }
 
@@ -171,13 +172,13 @@ void showProject(Format format)
                    {"sampleProject", sample.isNull() ? ordered_json() : ordered_json(sample.toStdString())}});
         return;
     }
-    printTable({{Text::of("default name"), onOneLine(Settings::projectNameDefault())},
-                {Text::of("extensions"), inColumn(extensions, format)},
-                {Text::of("extension for saving"), onOneLine(Settings::projectFileExtension())},
-                {Text::of("save filter"), onOneLine(Settings::projectFileSaveFilter())},
-                {Text::of("open filter"), onOneLine(Settings::projectFileOpenFilter())},
-                {Text::of("sample project"), onOneLine(sample)}},
+    printTable({{"default name", onOneLine(Settings::projectNameDefault())},
+                {"extensions", inColumn(extensions, format)},
+                {"extension for saving", onOneLine(Settings::projectFileExtension())},
+                {"save filter", onOneLine(Settings::projectFileSaveFilter())},
+                {"open filter", onOneLine(Settings::projectFileOpenFilter())},
+                {"sample project", onOneLine(sample)}},
                {}, format);
     if (sample.isNull() && format == Format::people)
-        tell(Text::of("there is no sample project below %1", stockSampleProjectsPath().toStdString()));
+        tell(absl::StrCat("there is no sample project below ", stockSampleProjectsPath().toStdString()));
 }

@@ -7,7 +7,8 @@
 #include "Setting.h"
 #include "Terminal.h"
 #include "Text.h"
-#include "Translation.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <algorithm>
 #include <iostream>
@@ -39,28 +40,21 @@ Findings checked(Host::Application const& application, ExaminedStore const& stor
 Findings checkHome()
 {
     std::string const trouble = troubleWithTheHome();
-    return trouble.empty()
-               ? Findings()
-               : Findings{{Severity::warning, "home", trouble, Text::of("set HOME to the folder of the user whom the editor runs for")}};
+    return trouble.empty() ? Findings()
+                           : Findings{{Severity::warning, "home", trouble, "set HOME to the folder of the user whom the editor runs for"}};
 }
 
-constexpr std::size_t steps = 7;
+constexpr std::size_t steps = 4;
 
 Findings checked(Host::Application const& application, Facts& facts, Progress& progress)
 {
     Findings findings = checkHome();
     for (Store const store : {Store::product, Store::common}) {
-        progress.next(Text::of("looking at the %1 store", name(store)));
+        progress.next(absl::StrCat("looking at the ", name(store), " store"));
         facts.stores.push_back(examined(application, store));
         append(findings, checked(application, facts.stores.back()));
     }
-    progress.next(Text::of("looking at the names of recordings"));
-    append(findings, checkRecordings());
-    progress.next(Text::of("looking at the names of freeze frames"));
-    append(findings, checkFreezeFrames());
-    progress.next(Text::of("looking at the names of stabilized clips"));
-    append(findings, checkStabilizedClips());
-    progress.next(Text::of("looking at the folders that the editor writes to"));
+    progress.next("looking at the folders that the editor writes to");
     append(findings, checkFolders());
     return findings;
 }
@@ -68,7 +62,7 @@ Findings checked(Host::Application const& application, Facts& facts, Progress& p
 Findings checked(fs::path const& productFile, std::optional<fs::path> const& storeFolder, Facts& facts)
 {
     Progress progress(steps);
-    progress.next(Text::of("opening the stores"));
+    progress.next("opening the stores");
     try {
         Host::Application const application(productFile, storeFolder, Host::StorePolicy::leaveOutUnusable);
         return checked(application, facts, progress);
@@ -76,7 +70,7 @@ Findings checked(fs::path const& productFile, std::optional<fs::path> const& sto
         return {{Severity::error,
                  "product-file",
                  error.what(),
-                 Text::of("nothing else can be looked at without it: mend it, or name another with --product"),
+                 "nothing else can be looked at without it: mend it, or name another with --product",
                  std::nullopt,
                  {},
                  facts.productFile}};
@@ -89,22 +83,22 @@ char const* nameOf(Severity severity)
 {
     switch (severity) {
     case Severity::note:
-        return Text::mark("note");
+        return "note";
     case Severity::warning:
-        return Text::mark("warning");
+        return "warning";
     case Severity::error:
         break;
     }
-    return Text::mark("error");
+    return "error";
 }
 
 char const* stateOf(ExaminedStore const& store)
 {
     if (store.isMissing)
-        return Text::mark("missing");
+        return "missing";
     if (!store.trouble.empty())
-        return Text::mark("unusable");
-    return store.readOnlyReason.empty() ? Text::mark("usable") : Text::mark("read-only");
+        return "unusable";
+    return store.readOnlyReason.empty() ? "usable" : "read-only";
 }
 
 ordered_json orNull(std::string const& text) { return text.empty() ? ordered_json() : ordered_json(text); }
@@ -134,20 +128,20 @@ ordered_json asJson(Finding const& finding)
 std::string whereOf(Finding const& finding)
 {
     if (!finding.key.empty())
-        return Text::of("%1 (%2 store)", onOneLine(finding.key), name(*finding.store));
+        return absl::StrCat(onOneLine(finding.key), " (", name(*finding.store), " store)");
     return onOneLine(finding.path);
 }
 
 std::string summaryOf(ExaminedStore const& store)
 {
-    std::string summary = Text::of(stateOf(store));
+    std::string summary = stateOf(store);
     if (store.report.schemaVersion != 0)
-        summary = Text::of("%1, schema %2, journal mode %3", summary, std::to_string(store.report.schemaVersion), store.report.journalMode);
+        summary = absl::StrCat(summary, ", schema ", store.report.schemaVersion, ", journal mode ", store.report.journalMode);
     if (store.fileSystem.type.empty())
         return summary;
     std::string const type = onOneLine(store.fileSystem.type);
     std::string const mountPoint = onOneLine(store.fileSystem.mountPoint.u8string());
-    return mountPoint.empty() ? Text::of("%1, on %2", summary, type) : Text::of("%1, on %2 at %3", summary, type, mountPoint);
+    return mountPoint.empty() ? absl::StrCat(summary, ", on ", type) : absl::StrCat(summary, ", on ", type, " at ", mountPoint);
 }
 
 std::string verdictOn(Findings const& findings)
@@ -158,10 +152,10 @@ std::string verdictOn(Findings const& findings)
     };
     std::vector<std::string> counts;
     if (std::size_t const errors = count(Severity::error); errors > 0)
-        counts.push_back(Text::ofCount("%n errors", "%n error", errors));
+        counts.push_back(counted(errors, "error"));
     if (std::size_t const warnings = count(Severity::warning); warnings > 0)
-        counts.push_back(Text::ofCount("%n warnings", "%n warning", warnings));
-    return counts.empty() ? Text::of("all is well") : joined(counts, Text::of(", "));
+        counts.push_back(counted(warnings, "warning"));
+    return counts.empty() ? "all is well" : joined(counts, ", ");
 }
 
 Terminal::Style styleOf(Findings const& findings)
@@ -175,7 +169,7 @@ Terminal::Style styleOf(Findings const& findings)
 // Below one another: where it is, what it is, and what to do.
 void appendTo(std::vector<Columns>& table, Finding const& finding)
 {
-    std::string severity = Text::of(nameOf(finding.severity));
+    std::string severity = nameOf(finding.severity);
     for (std::string const& line : {whereOf(finding), withoutControls(finding.what), withoutControls(finding.remedy)})
         if (!line.empty())
             table.push_back({std::exchange(severity, ""), line});
@@ -183,10 +177,9 @@ void appendTo(std::vector<Columns>& table, Finding const& finding)
 
 void printForPeople(Facts const& facts, Findings const& findings)
 {
-    std::vector<Columns> told = {{Text::of("product file"), onOneLine(facts.productFile)},
-                                 {"SQLite", Storage::SqliteStorage::sqliteVersion()}};
+    std::vector<Columns> told = {{"product file", onOneLine(facts.productFile)}, {"SQLite", Storage::SqliteStorage::sqliteVersion()}};
     for (ExaminedStore const& store : facts.stores) {
-        told.push_back({Text::of("%1 store", name(store.store)), onOneLine(store.file.u8string())});
+        told.push_back({absl::StrCat(name(store.store), " store"), onOneLine(store.file.u8string())});
         told.push_back({"", summaryOf(store)});
     }
     printTable(told, {}, Format::people);

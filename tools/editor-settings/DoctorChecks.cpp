@@ -6,8 +6,9 @@
 #include "Paths.h"
 #include "Setting.h"
 #include "Text.h"
-#include "Translation.h"
 #include "Values.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -85,9 +86,9 @@ void checkFolderOfStore(ExaminedStore const& store, Findings& findings)
         findings.push_back({Severity::error,
                             "store-folder",
                             store.isMissing
-                                ? Text::of("the folder of the store cannot be used: %1, so no store can be made", found.remark)
-                                : Text::of("the folder of the store cannot be used: %1, so no change can be stored", found.remark),
-                            Text::of("give this user the rights to the folder, or name another with --home"),
+                                ? absl::StrCat("the folder of the store cannot be used: ", found.remark, ", so no store can be made")
+                                : absl::StrCat("the folder of the store cannot be used: ", found.remark, ", so no change can be stored"),
+                            "give this user the rights to the folder, or name another with --home",
                             store.store,
                             {},
                             folder.u8string()});
@@ -101,8 +102,8 @@ Findings checkAccess(ExaminedStore const& store)
     if (!store.trouble.empty())
         return {findingOf(store.trouble, store, Severity::error, "store-unusable")};
     if (store.isMissing && sizeOfJournal(store) == 0)
-        findings.push_back(aboutFile(store, Severity::note, "store-missing", Text::of("nothing is stored there yet"),
-                                     Text::of("nothing to do: the store is made when something is stored")));
+        findings.push_back(aboutFile(store, Severity::note, "store-missing", "nothing is stored there yet",
+                                     "nothing to do: the store is made when something is stored"));
     if (!store.readOnlyReason.empty())
         findings.push_back(store.isNewer() ? findingOf(store.readOnlyReason, store, Severity::warning, "store-newer")
                                            : findingOf(store.readOnlyReason, store, Severity::error, "store-read-only"));
@@ -135,7 +136,7 @@ void checkModeOf(std::string const& file, ExaminedStore const& store, Findings& 
     if ((status.st_mode & 077) != 0)
         findings.push_back({Severity::warning,
                             "file-mode",
-                            Text::of("other users may read or change it: its mode is %1", inOctal(status.st_mode & 07777)),
+                            absl::StrCat("other users may read or change it: its mode is ", inOctal(status.st_mode & 07777)),
                             "chmod 600 " + quoted(file),
                             store.store,
                             {},
@@ -143,8 +144,8 @@ void checkModeOf(std::string const& file, ExaminedStore const& store, Findings& 
     if (status.st_uid != ::geteuid())
         findings.push_back({Severity::warning,
                             "file-owner",
-                            Text::of("it belongs to another user, %1", userName(status.st_uid)),
-                            Text::of("run this program and the editor as that user, or give the file to %1", userName(::geteuid())),
+                            absl::StrCat("it belongs to another user, ", userName(status.st_uid)),
+                            absl::StrCat("run this program and the editor as that user, or give the file to ", userName(::geteuid())),
                             store.store,
                             {},
                             file});
@@ -169,15 +170,15 @@ Findings checkJournal(ExaminedStore const& store)
     if (store.isMissing)
         return {{Severity::error,
                  "journal-left",
-                 Text::of("a journal of %1 bytes lies there: its store is gone, and no new one is made beside it", bytes),
-                 Text::of("bring the store back beside its journal, or move the journal away"),
+                 absl::StrCat("a journal of ", bytes, " bytes lies there: its store is gone, and no new one is made beside it"),
+                 "bring the store back beside its journal, or move the journal away",
                  store.store,
                  {},
                  journalOf(store)}};
     return {{Severity::warning,
              "journal-left",
-             Text::of("a journal of %1 bytes lies there: a change is being made right now, or was interrupted", bytes),
-             Text::of("look again in a moment; where it stays, leave it beside the store and start the editor, which undoes the change"),
+             absl::StrCat("a journal of ", bytes, " bytes lies there: a change is being made right now, or was interrupted"),
+             "look again in a moment; where it stays, leave it beside the store and start the editor, which undoes the change",
              store.store,
              {},
              journalOf(store)}};
@@ -185,9 +186,9 @@ Findings checkJournal(ExaminedStore const& store)
 
 Findings checkFileSystem(ExaminedStore const& store)
 {
-    std::string const type = store.fileSystem.type.empty() ? Text::of("a file system without a name") : store.fileSystem.type;
+    std::string const type = store.fileSystem.type.empty() ? "a file system without a name" : store.fileSystem.type;
     std::string const elsewhere =
-        Text::of("keep the stores on a local disk: move the data folder there (XDG_DATA_HOME), or name a folder with --home");
+        "keep the stores on a local disk: move the data folder there (XDG_DATA_HOME), or name a folder with --home";
     auto const found = [&](Severity severity, std::string const& what, std::string const& remedy) -> Findings {
         return {aboutFile(store, severity, "file-system", what, remedy)};
     };
@@ -195,21 +196,21 @@ Findings checkFileSystem(ExaminedStore const& store)
     case Storage::Suitability::suitable:
         break;
     case Storage::Suitability::readOnly:
-        return found(Severity::error, Text::of("it lies on %1, which may only be read, so nothing can be stored", type),
-                     Text::of("mount it for writing, or name another folder with --home"));
+        return found(Severity::error, absl::StrCat("it lies on ", type, ", which may only be read, so nothing can be stored"),
+                     "mount it for writing, or name another folder with --home");
     case Storage::Suitability::network:
         return found(Severity::warning,
-                     Text::of("it lies on %1, where locks do not hold between machines, so that two editors can damage it", type),
+                     absl::StrCat("it lies on ", type, ", where locks do not hold between machines, so that two editors can damage it"),
                      elsewhere);
     case Storage::Suitability::withoutLinks:
         return found(store.isMissing ? Severity::error : Severity::warning,
-                     Text::of("it lies on %1, which has no hard links, so that no store can be made there", type), elsewhere);
+                     absl::StrCat("it lies on ", type, ", which has no hard links, so that no store can be made there"), elsewhere);
     case Storage::Suitability::passing:
-        return found(Severity::warning, Text::of("it lies on %1, which is kept in memory, so that all is lost with a restart", type),
+        return found(Severity::warning, absl::StrCat("it lies on ", type, ", which is kept in memory, so that all is lost with a restart"),
                      elsewhere);
     case Storage::Suitability::unknown:
-        return found(Severity::note, Text::of("it lies on %1, of which it cannot be told whether locks hold there", type),
-                     Text::of("nothing to do where the disk is local; else %1", elsewhere));
+        return found(Severity::note, absl::StrCat("it lies on ", type, ", of which it cannot be told whether locks hold there"),
+                     absl::StrCat("nothing to do where the disk is local; else ", elsewhere));
     }
     return {};
 }
@@ -278,13 +279,14 @@ Findings checkKeys(ExaminedStore const& store)
         Catalogue::Row const* const known = Catalogue::findPreference(row.key);
         bool const isHalf = row.key.size() > 2 && !isKnown(store, row.key) && rationals.count(row.key.substr(0, row.key.size() - 2)) != 0;
         if (known && known->store != store.store)
-            findings.push_back(aboutKey(store, Severity::warning, "misplaced-key", row.key,
-                                        Text::of("it belongs in the %1 store and is not read here", name(known->store)),
-                                        Text::of("'editor-settings explain %1' shows what is read; what lies here is kept", row.key)));
-        else if (!isKnown(store, row.key) && !isHalf)
             findings.push_back(
-                aboutKey(store, Severity::warning, "unknown-key", row.key, Text::of("the library knows no such key; it is kept"),
-                         didYouMean(row.key, knownNames()) + Text::of("nothing to do where a later version or another program stored it")));
+                aboutKey(store, Severity::warning, "misplaced-key", row.key,
+                         absl::StrCat("it belongs in the ", name(known->store), " store and is not read here"),
+                         absl::StrCat("'editor-settings explain ", row.key, "' shows what is read; what lies here is kept")));
+        else if (!isKnown(store, row.key) && !isHalf)
+            findings.push_back(aboutKey(store, Severity::warning, "unknown-key", row.key, "the library knows no such key; it is kept",
+                                        didYouMean(row.key, knownNames()) +
+                                            std::string("nothing to do where a later version or another program stored it")));
     }
     return findings;
 }
@@ -292,7 +294,7 @@ Findings checkKeys(ExaminedStore const& store)
 Findings checkRationals(ExaminedStore const& store)
 {
     Findings findings;
-    std::string const remedy = Text::of("have the program that keeps it store it anew");
+    std::string const remedy = "have the program that keeps it store it anew";
     auto const found = [&](Severity severity, char const* check, std::string const& key, std::string const& what) {
         findings.push_back(aboutKey(store, severity, check, key, what, remedy));
     };
@@ -301,17 +303,16 @@ Findings checkRationals(ExaminedStore const& store)
         auto const isInt = [](StoredRow const* row) { return std::holds_alternative<int>(row->value); };
         if (!numerator || !denominator)
             found(Severity::warning, "rational-half", key,
-                  Text::of("the rational has no %1, so a read mixes it with a default", key + (numerator ? "_D" : "_N")));
+                  absl::StrCat("the rational has no ", key + (numerator ? "_D" : "_N"), ", so a read mixes it with a default"));
         else if (!isInt(numerator) || !isInt(denominator))
             found(Severity::warning, "rational-kind", key,
-                  Text::of("the rational's %1 is no int, so a read mixes it with a default",
-                           (isInt(numerator) ? denominator : numerator)->key));
+                  absl::StrCat("the rational's ", (isInt(numerator) ? denominator : numerator)->key,
+                               " is no int, so a read mixes it with a default"));
         else if (std::get<int>(denominator->value) == 0)
-            found(Severity::error, "rational-zero", key, Text::of("the rational's denominator is 0, so every read of it fails"));
+            found(Severity::error, "rational-zero", key, "the rational's denominator is 0, so every read of it fails");
         else
-            findings.push_back(aboutKey(store, Severity::warning, "unknown-key", key,
-                                        Text::of("the library knows no such rational; it is kept"),
-                                        Text::of("nothing to do where a later version or another program stored it")));
+            findings.push_back(aboutKey(store, Severity::warning, "unknown-key", key, "the library knows no such rational; it is kept",
+                                        "nothing to do where a later version or another program stored it"));
     }
     return findings;
 }
@@ -339,31 +340,30 @@ bool isAtTheEdge(Setting const& setting)
 // What is wrong with a stored value, if anything.
 void checkValue(Setting const& setting, ExaminedStore const& store, Findings& findings)
 {
-    std::string const unset = Text::of("'editor-settings unset %1' removes it, so that the default holds", setting.key);
+    std::string const unset = absl::StrCat("'editor-settings unset ", setting.key, "' removes it, so that the default holds");
     std::string const storeAnew =
-        setting.write ? Text::of("store it anew: 'editor-settings set %1 VALUE'", setting.key) : Text::of("have the editor store it anew");
+        setting.write ? absl::StrCat("store it anew: 'editor-settings set ", setting.key, " VALUE'") : "have the editor store it anew";
     auto const found = [&](char const* check, std::string const& what, std::string const& remedy) {
         findings.push_back(aboutKey(store, Severity::warning, check, setting.key, what, remedy));
     };
     if (setting.isOfOtherKind())
         found("other-kind",
-              Text::of("it holds a value of kind %1 where one of kind %2 is read, so the default is read", setting.stored->kind,
-                       storedKind(setting.observation.value)),
+              absl::StrCat("it holds a value of kind ", setting.stored->kind, " where one of kind ", storedKind(setting.observation.value),
+                           " is read, so the default is read"),
               unset);
     else if (setting.isUnreadable())
-        found("unreadable", Text::of("it holds a value of kind %1 that cannot be read, so the default is read", setting.stored->kind),
+        found("unreadable", absl::StrCat("it holds a value of kind ", setting.stored->kind, " that cannot be read, so the default is read"),
               unset);
     else if (isTextThatIsNotUtf8(setting))
-        found("no-utf8", Text::of("it holds text that is not UTF-8, so it is not read as it is stored"), storeAnew);
+        found("no-utf8", "it holds text that is not UTF-8, so it is not read as it is stored", storeAnew);
     else if (changesWhenStoredAgain(setting))
         found("list-changes",
-              Text::of("the stored list would be another one when it is read and stored again, as it has empty elements or a part of the "
-                       "separator"),
+              "the stored list would be another one when it is read and stored again, as it has empty elements or a part of the "
+              "separator",
               storeAnew);
     else if (isAtTheEdge(setting))
         found("number-edge",
-              Text::of("it holds %1, at the edge of its range: counting on would leave it",
-                       std::to_string(std::get<int>(setting.stored->value))),
+              absl::StrCat("it holds ", std::get<int>(setting.stored->value), ", at the edge of its range: counting on would leave it"),
               unset);
 }
 
@@ -385,107 +385,6 @@ Findings checkValues(Host::Application const& application, ExaminedStore const& 
 
 // --- What the editor writes ------------------------------------------------------------------------------------------
 
-namespace {
-
-constexpr long long greatest = std::numeric_limits<int>::max();
-constexpr long long nearTheEdge = greatest - 1000;
-
-// The number in a proposed name, by a pattern that has one group for it.
-std::optional<long long> numberIn(QString const& path, QString const& pattern)
-{
-    QRegularExpressionMatch const match = QRegularExpression(pattern).match(QFileInfo(path).fileName());
-    return match.hasMatch() ? std::optional<long long>(match.captured(1).toLongLong()) : std::nullopt;
-}
-
-void checkNextNumber(QString const& proposed, QString const& pattern, char const* preference, Findings& findings)
-{
-    std::optional<long long> const number = numberIn(proposed, pattern);
-    if (!number || (*number >= 0 && *number <= nearTheEdge))
-        return;
-    std::string const folder = QFileInfo(proposed).path().toStdString();
-    std::string const next = quoted(QFileInfo(proposed).fileName().toStdString());
-    std::string const remedy =
-        Text::of("move the file with the highest number out of the folder, or store another folder in %1", preference);
-    if (*number < 0)
-        findings.push_back({Severity::error, "running-number",
-                            Text::of("the running number has passed 2147483647 and counts no further; the next is %1", next), remedy,
-                            Store::product, preference, folder});
-    else
-        findings.push_back({Severity::warning, "running-number",
-                            Text::of("the running number nears its end at 2147483647; the next is %1", next), remedy, Store::product,
-                            preference, folder});
-}
-
-// What stands before the running number in the names of a folder, where that is near the edge. The library says what it
-// makes of them; to ask it about every name would take long.
-std::set<QString> stemsOfGreatNumbers(QString const& folder, QString const& pattern)
-{
-    QRegularExpression const numbered(pattern);
-    std::set<QString> stems;
-    QStringList const names = QDir(folder).entryList(QDir::Files);
-    for (QString const& name : names)
-        for (auto matches = numbered.globalMatch(name); matches.hasNext();) {
-            QRegularExpressionMatch const match = matches.next();
-            long long const number = match.captured(1).toLongLong();
-            if (number >= nearTheEdge && number <= greatest)
-                stems.insert(name.left(match.capturedStart()));
-        }
-    return stems;
-}
-
-// Files with a running number for each stem.
-struct NumberedFiles {
-    char const* preference;
-    QString folder;
-    QString inName; // finds the number in the name of any of them
-    QString (*proposed)(QString const& source);
-    QString inProposed; // finds it in a proposed name
-};
-
-void checkNumbers(NumberedFiles const& files, Findings& findings)
-{
-    constexpr std::size_t most = 20; // for each the library reads the whole folder
-    std::set<QString> const stems = stemsOfGreatNumbers(files.folder, files.inName);
-    std::size_t left = stems.size();
-    for (auto stem = stems.begin(); stem != stems.end() && stems.size() - left < most; ++stem, --left) // a source with any extension
-        checkNextNumber(files.proposed(*stem + QStringLiteral(".x")), files.inProposed, files.preference, findings);
-    if (left > 0)
-        findings.push_back({Severity::warning, "running-number",
-                            Text::ofCount("%n more names in the folder with numbers near 2147483647 were not looked at",
-                                          "%n more names in the folder with numbers near 2147483647 were not looked at", left),
-                            Text::of("move them out of the folder, or look again when those above are mended"), Store::product,
-                            files.preference, files.folder.toStdString()});
-}
-
-} // namespace
-
-Findings checkRecordings()
-{
-    Findings findings;
-    checkNextNumber(Settings::generateAudioRecordFilePath(), QStringLiteral("^Rec-(-?\\d+)-"), "audioRecordPath", findings);
-    return findings;
-}
-
-Findings checkFreezeFrames()
-{
-    Findings findings;
-    checkNumbers({"exportPath", Settings::exportPath(), QStringLiteral(" \\((\\d+)\\)\\."),
-                  [](QString const& source) { return Settings::generateFreezedFilePath(source); },
-                  QStringLiteral(" \\((-?\\d+)\\)\\.[^.]*$")},
-                 findings);
-    return findings;
-}
-
-Findings checkStabilizedClips()
-{
-    Findings findings;
-    checkNumbers({"stabilizedFilePath", Settings::stabilizedFilePath(), QStringLiteral("-(\\d+)"),
-                  [](QString const& source) { return Settings::generateStabilizedFilePath(source, QStringLiteral("x")); },
-                  QStringLiteral("-(-?\\d+)\\.x$")},
-                 findings);
-    return findings;
-}
-
 Findings checkFolders()
 {
     Findings findings;
@@ -495,9 +394,9 @@ Findings checkFolders()
         if (!folder.check.isUsable)
             findings.push_back({Severity::error,
                                 "folder",
-                                Text::of("%1: the editor cannot write there: %2", folder.label, folder.check.remark),
-                                Text::of("mend what is remarked: 'editor-settings paths --explain' tells what decides, and a preference "
-                                         "may be set to another folder"),
+                                absl::StrCat(folder.label, ": the editor cannot write there: ", folder.check.remark),
+                                "mend what is remarked: 'editor-settings paths --explain' tells what decides, and a preference "
+                                "may be set to another folder",
                                 std::nullopt,
                                 {},
                                 path});
@@ -506,14 +405,14 @@ Findings checkFolders()
         else if (!folder.check.remark.empty())
             findings.push_back({Severity::warning,
                                 "folder",
-                                Text::of("%1: %2", folder.label, folder.check.remark),
-                                Text::of("make it readable, or set the preference to another folder"),
+                                absl::StrCat(folder.label, ": ", folder.check.remark),
+                                "make it readable, or set the preference to another folder",
                                 std::nullopt,
                                 {},
                                 path});
     }
     if (!missing.empty())
-        findings.push_back({Severity::note, "folders-missing", Text::of("not there yet: %1", joined(missing, ", ")),
-                            Text::of("nothing to do: the editor makes them when it writes there")});
+        findings.push_back({Severity::note, "folders-missing", absl::StrCat("not there yet: ", joined(missing, ", ")),
+                            "nothing to do: the editor makes them when it writes there"});
     return findings;
 }

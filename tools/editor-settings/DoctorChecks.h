@@ -62,7 +62,4 @@ Findings checkRationals(ExaminedStore const& store);
 Findings checkValues(Host::Application const& application, ExaminedStore const& store);
 
 // What the editor writes.
-Findings checkRecordings();
-Findings checkFreezeFrames();
-Findings checkStabilizedClips();
 Findings checkFolders();

@@ -8,7 +8,7 @@
 
 struct Example {
     std::string command; ///< As it is typed in a shell.
-    char const* effect;  ///< A sentence, which names the exit status where that is not 0; a text to be translated.
+    char const* effect;  ///< A sentence, which names the exit status where that is not 0.
 };
 
 /// The examples of the verb that the words `path` lead to, such as "next-name audio".

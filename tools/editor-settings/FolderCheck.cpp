@@ -2,7 +2,8 @@
 #include "FolderCheck.h"
 
 #include "Text.h"
-#include "Translation.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <QDir>
 
@@ -39,11 +40,11 @@ FolderCheck checkPath(fs::path const& path)
 {
     FolderCheck check;
     if (path.empty())
-        return unusable(check, Text::of("empty"));
+        return unusable(check, "empty");
     if (path.native().find('\0') != std::string::npos)
-        return unusable(check, Text::of("holds a NUL, at which the system would cut it off"));
+        return unusable(check, "holds a NUL, at which the system would cut it off");
     if (!path.is_absolute())
-        return unusable(check, Text::of("not absolute: it depends on the folder that the editor is started in"));
+        return unusable(check, "not absolute: it depends on the folder that the editor is started in");
     std::error_code linkError;
     std::error_code targetError;
     fs::file_status const link = fs::symlink_status(path, linkError);
@@ -54,7 +55,7 @@ FolderCheck checkPath(fs::path const& path)
     if (target.type() == fs::file_type::none)
         return unusable(check, targetError.message());
     if (fs::is_symlink(link) && !check.exists)
-        return unusable(check, Text::of("dangling link to %1", onOneLine(fs::read_symlink(path, linkError).u8string())));
+        return unusable(check, absl::StrCat("dangling link to ", onOneLine(fs::read_symlink(path, linkError).u8string())));
     check.isWritable = check.exists && userMay(path, W_OK);
     return check;
 }
@@ -71,14 +72,14 @@ FolderCheck checkMissing(fs::path const& path)
     check.exists = false;
     std::string const name = onOneLine(above.u8string());
     if (!check.isUsable)
-        return unusable(check, Text::of("missing, and %1: %2", name, check.remark));
+        return unusable(check, absl::StrCat("missing, and ", name, ": ", check.remark));
     std::error_code error;
     check.isWritable = userMay(above, W_OK | X_OK);
     if (!fs::is_directory(above, error))
-        return unusable(check, Text::of("missing, and %1 is not a folder", name));
+        return unusable(check, absl::StrCat("missing, and ", name, " is not a folder"));
     if (!check.isWritable)
-        return unusable(check, Text::of("missing, and %1 is not writable", name));
-    check.remark = Text::of("missing; the editor can make it");
+        return unusable(check, absl::StrCat("missing, and ", name, " is not writable"));
+    check.remark = "missing; the editor can make it";
     return check;
 }
 
@@ -94,14 +95,14 @@ FolderCheck checkFolderToWrite(QString const& path)
         return checkMissing(folder);
     std::error_code error;
     if (!fs::is_directory(folder, error))
-        return unusable(check, Text::of("not a folder"));
+        return unusable(check, "not a folder");
     check.isWritable = userMay(folder, W_OK | X_OK);
     if (!check.isWritable)
-        return unusable(check, Text::of("not writable"));
+        return unusable(check, "not writable");
     if (!userMay(folder, R_OK))
-        check.remark = Text::of("not readable, so names are numbered as if it were empty");
+        check.remark = "not readable, so names are numbered as if it were empty";
     else if (fs::equivalent(folder, bare(QDir::homePath()), error))
-        check.remark = Text::of("the home folder itself");
+        check.remark = "the home folder itself";
     return check;
 }
 
@@ -109,6 +110,6 @@ FolderCheck checkExistence(QString const& path)
 {
     FolderCheck check = checkPath(bare(path));
     if (check.isUsable && !check.exists)
-        check.remark = Text::of("missing");
+        check.remark = "missing";
     return check;
 }

@@ -2,7 +2,8 @@
 #include "HomeFolder.h"
 
 #include "Text.h"
-#include "Translation.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <QByteArray>
 #include <QDir>
@@ -90,12 +91,12 @@ std::string troubleWithTheHome()
 {
     std::string const home = qgetenv("HOME").toStdString();
     if (home.empty())
-        return Text::of("HOME is not set, so / is taken for the home folder");
+        return "HOME is not set, so / is taken for the home folder";
     if (home[0] != '/')
-        return Text::of("HOME is %1, which depends on the folder that a program is started in", quoted(home));
+        return absl::StrCat("HOME is ", quoted(home), ", which depends on the folder that a program is started in");
     QFileInfo const folder(QDir::homePath());
     if (folder.isDir())
         return {};
-    return folder.exists() ? Text::of("HOME is %1, which is not a folder", quoted(home))
-                           : Text::of("HOME is %1, which is not there", quoted(home));
+    return folder.exists() ? absl::StrCat("HOME is ", quoted(home), ", which is not a folder")
+                           : absl::StrCat("HOME is ", quoted(home), ", which is not there");
 }

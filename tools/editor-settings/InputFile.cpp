@@ -2,7 +2,8 @@
 #include "InputFile.h"
 
 #include "Text.h"
-#include "Translation.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <cerrno>
 #include <system_error>
@@ -15,7 +16,7 @@ namespace {
 
 [[noreturn]] void refuse(std::string const& shown, std::string const& reason)
 {
-    throw Refusal(Text::of("cannot read %1 (%2); name a file that can be read, or give - for standard input", shown, reason));
+    throw Refusal(absl::StrCat("cannot read ", shown, " (", reason, "); name a file that can be read, or give - for standard input"));
 }
 
 [[noreturn]] void refuse(std::string const& shown, int error) { refuse(shown, std::generic_category().message(error)); }
@@ -30,7 +31,7 @@ public:
         if (m_descriptor < 0 || ::fstat(m_descriptor, &status) != 0)
             refuse(shown, errno);
         if (m_isFile && !S_ISREG(status.st_mode))
-            refuse(shown, S_ISDIR(status.st_mode) ? Text::of("it is a folder") : Text::of("it is not a regular file"));
+            refuse(shown, S_ISDIR(status.st_mode) ? "it is a folder" : "it is not a regular file");
     }
     ~Input()
     {
@@ -51,7 +52,7 @@ private:
 
 std::string inputFile(std::string const& name, std::size_t most)
 {
-    std::string const shown = name == "-" ? Text::of("standard input") : quoted(name);
+    std::string const shown = name == "-" ? "standard input" : quoted(name);
     Input const input(name, shown);
     std::string content;
     char buffer[1 << 16];
@@ -62,7 +63,7 @@ std::string inputFile(std::string const& name, std::size_t most)
             refuse(shown, errno);
         content.append(buffer, static_cast<std::size_t>(count));
         if (content.size() > most)
-            throw Refusal(Text::of("%1 holds more than %2 bytes, which is too much; name a smaller one", shown, std::to_string(most)));
+            throw Refusal(absl::StrCat(shown, " holds more than ", most, " bytes, which is too much; name a smaller one"));
     }
     return content;
 }

@@ -3,7 +3,8 @@
 
 #include "Nearest.h"
 #include "Text.h"
-#include "Translation.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <algorithm>
 #include <type_traits>
@@ -65,13 +66,12 @@ bool isMember(std::string const& key, std::string const& beginning)
     auto const& reserved = Catalogue::preferencesWithoutAccessors();
     if (std::find(reserved.begin(), reserved.end(), entry.key) != reserved.end())
         throw Transfer::Error(
-            Text::of("%1 is reserved: the editor neither reads nor writes it; remove it, or give --with-unknown", placeOf(entry)));
+            absl::StrCat(placeOf(entry), " is reserved: the editor neither reads nor writes it; remove it, or give --with-unknown"));
     std::vector<std::string> names;
     for (Row const& row : Catalogue::preferences())
         names.emplace_back(row.name);
-    throw Transfer::Error(
-        Text::of("%1 is no preference of the editor; %2correct or remove it, or give --with-unknown to take such keys as they are",
-                 placeOf(entry), didYouMean(entry.key, names)));
+    throw Transfer::Error(absl::StrCat(placeOf(entry), " is no preference of the editor; ", didYouMean(entry.key, names),
+                                       "correct or remove it, or give --with-unknown to take such keys as they are"));
 }
 
 char const* storeName(Store store) { return store == Store::product ? "product" : "common"; }
@@ -103,9 +103,9 @@ void checkKeys(Transfer::Document const& document, bool withUnknown)
         if (!known)
             refuseUnknown(entry);
         if (known->store != entry.store)
-            throw Transfer::Error(Text::of("%1 is kept in the other store; move it to stores.%2", placeOf(entry), storeName(known->store)));
+            throw Transfer::Error(absl::StrCat(placeOf(entry), " is kept in the other store; move it to stores.", storeName(known->store)));
         if (known->kind != entry.kind)
-            throw Transfer::Error(Text::of("%1 is \"%2\", which the editor would not read; give a value of kind \"%3\"",
-                                           placeOf(entry, "kind"), entry.kind, known->kind));
+            throw Transfer::Error(absl::StrCat(placeOf(entry, "kind"), " is \"", entry.kind,
+                                               "\", which the editor would not read; give a value of kind \"", known->kind, "\""));
     }
 }

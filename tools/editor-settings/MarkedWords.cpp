@@ -2,7 +2,8 @@
 #include "MarkedWords.h"
 
 #include "Text.h"
-#include "Translation.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <algorithm>
 
@@ -10,10 +11,9 @@ namespace {
 
 constexpr char mark = '\x1f';
 
-// `refusal` is a text to be translated.
 CLI::Validator notEmpty(char const* refusal)
 {
-    return {[refusal](std::string& word) { return word.empty() ? Text::of(refusal) : std::string(); }, ""};
+    return {[refusal](std::string& word) { return word.empty() ? refusal : std::string(); }, ""};
 }
 
 } // namespace
@@ -46,16 +46,16 @@ CLI::Validator unmarked()
             ""};
 }
 
-CLI::Validator aFile() { return notEmpty(Text::mark("the name is empty; name a file")); }
+CLI::Validator aFile() { return notEmpty("the name is empty; name a file"); }
 
-CLI::Validator aNameIfGiven() { return notEmpty(Text::mark("the name is empty; leave the option out for the default")); }
+CLI::Validator aNameIfGiven() { return notEmpty("the name is empty; leave the option out for the default"); }
 
 CLI::Validator oneOf(std::vector<std::string> const& words)
 {
     std::string const all = '{' + joined(words, ",") + '}';
     return {[=](std::string& word) {
                 bool const isOne = std::find(words.begin(), words.end(), word) != words.end();
-                return isOne ? std::string() : Text::of("%1 not in %2", word, all);
+                return isOne ? std::string() : absl::StrCat(word, " not in ", all);
             },
             all};
 }

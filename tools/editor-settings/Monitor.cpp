@@ -4,7 +4,6 @@
 #include "Setting.h"
 #include "Stored.h"
 #include "Text.h"
-#include "Translation.h"
 
 #include <csignal>
 #include <iostream>
@@ -103,7 +102,7 @@ void print(std::string const& store, KeyChange const& change, Format format)
         std::cout << jsonText(line) << '\n';
         return;
     }
-    std::string const unset = Text::of("(unset)");
+    std::string const unset = "(unset)";
     char const* const separator = format == Format::plain ? "\t" : "  ";
     std::cout << time << separator << store << separator << onOneLine(change.key) << separator << shown(change.before, unset)
               << (format == Format::plain ? "\t" : " -> ") << shown(change.after, unset) << '\n';
@@ -129,7 +128,7 @@ void monitorStores(Host::Application const& application, Format format)
                               {name(Store::common), storageFile(application, Store::common)}};
     for (WatchedStore& store : watched)
         store.look();
-    tell(Text::of("watching both stores; Ctrl+C ends it"));
+    tell("watching both stores; Ctrl+C ends it");
     while (std::cout && ::sigtimedwait(&ends, nullptr, &pauseBetweenLooks) < 0)
         for (WatchedStore& store : watched) {
             for (KeyChange const& change : store.look())

@@ -2,7 +2,8 @@
 #include "Nearest.h"
 
 #include "Text.h"
-#include "Translation.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <algorithm>
 #include <cctype>
@@ -57,10 +58,10 @@ std::vector<std::string> nearest(std::string const& word, std::vector<std::strin
     return result;
 }
 
-std::string alternatives(std::vector<std::string> const& words) { return joined(words, Text::of(" or ")); }
+std::string alternatives(std::vector<std::string> const& words) { return joined(words, " or "); }
 
 std::string didYouMean(std::string const& word, std::vector<std::string> const& names)
 {
     std::vector<std::string> const likely = nearest(word, names);
-    return likely.empty() ? std::string() : Text::of("did you mean %1?", alternatives(likely)) + ' ';
+    return likely.empty() ? std::string() : absl::StrCat("did you mean ", alternatives(likely), "?") + ' ';
 }

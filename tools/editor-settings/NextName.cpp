@@ -3,13 +3,13 @@
 
 #include "FolderCheck.h"
 #include "Text.h"
-#include "Translation.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <Settings/Settings.h>
 
 #include <QDir>
 #include <QFileInfo>
-#include <QRegExp>
 
 #include <cerrno>
 #include <climits>
@@ -28,10 +28,10 @@ namespace {
 QString utf8(std::string const& word)
 {
     if (!isUtf8(word))
-        throw Refusal(Text::of("%1 is not UTF-8 without a byte order mark; give the name in UTF-8", quotedBriefly(word)));
+        throw Refusal(absl::StrCat(quotedBriefly(word), " is not UTF-8 without a byte order mark; give the name in UTF-8"));
     // A name can be a pattern, and a pattern that nests deep would take more stack than there is.
     if (word.size() >= PATH_MAX)
-        throw Refusal(Text::of("%1 is longer than a path can be; give the name of a file", quotedBriefly(word)));
+        throw Refusal(absl::StrCat(quotedBriefly(word), " is longer than a path can be; give the name of a file"));
     return QString::fromStdString(word);
 }
 
@@ -69,25 +69,23 @@ QString checkedName(Proposal const& proposal)
     for (int tries = 1; !check.isUsable && tries < triesWhereTheFolderComesAndGoes; ++tries)
         check = checkFolderToWrite(proposal.folder);
     if (!check.isUsable)
-        throw Refusal(Text::of("nothing can be reserved in %1, which is %2: %3; store another folder there, or mend that", folder,
-                               proposal.setting, check.remark));
+        throw Refusal(absl::StrCat("nothing can be reserved in ", folder, ", which is ", proposal.setting, ": ", check.remark,
+                                   "; store another folder there, or mend that"));
     QString const beginning = proposal.folder + QDir::separator();
     if (!proposal.path.startsWith(beginning))
-        throw Refusal(Text::of("%1 was changed meanwhile; try again", proposal.setting));
+        throw Refusal(absl::StrCat(proposal.setting, " was changed meanwhile; try again"));
     QString const name = proposal.path.mid(beginning.size());
     if (name.contains(QDir::separator()) || name.contains(QChar(0)))
-        throw Refusal(
-            Text::of("the name %1 would not lie in %2 as it is; take a format without \"/\" and NUL", quoted(name.toStdString()), folder));
+        throw Refusal(absl::StrCat("the name ", quoted(name.toStdString()), " would not lie in ", folder,
+                                   " as it is; take a format without \"/\" and NUL"));
     return name;
 }
 
-// `what` has places for the path, for the reason and for the remedy.
 [[noreturn]] void refuse(char const* what, fs::path const& path, std::error_code const& error)
 {
-    std::string const remedy = error == std::errc::filename_too_long
-                                   ? Text::of("take a source with a shorter name")
-                                   : Text::of("'editor-settings paths --check' tells which folders can be used");
-    throw Refusal(Text::of(what, quoted(path.u8string()), error.message(), remedy));
+    std::string const remedy = error == std::errc::filename_too_long ? "take a source with a shorter name"
+                                                                     : "'editor-settings paths --check' tells which folders can be used";
+    throw Refusal(absl::StrCat("cannot make the ", what, " ", quoted(path.u8string()), " (", error.message(), "); ", remedy));
 }
 
 // Makes the file where nothing of that name is there, be it a link that leads nowhere. Whether it did.
@@ -107,54 +105,25 @@ bool claimed(fs::path const& file)
             return false;
         error = {errno, std::generic_category()};
         if (error != std::errc::no_such_file_or_directory)
-            refuse(Text::mark("cannot make the file %1 (%2); %3"), file, error);
+            refuse("file", file, error);
     }
-    refuse(Text::mark("cannot make the folder %1 (%2); %3"), file.parent_path(), error);
+    refuse("folder", file.parent_path(), error);
 }
 
 fs::path onDisk(QString const& folder, QString const& name) { return fs::u8path((folder + QDir::separator() + name).toStdString()); }
 
-// The name that the library would give with another number in the place of that of `proposed`.
-QString nameWith(NextNameOptions const& options, QString const& proposed, qlonglong number)
+// Claims the first free name that has " (2)", " (3)" and so on before the extension of a taken one.
+QString claimedBeside(QString const& taken, QString const& folder)
 {
-    switch (options.file) {
-    case NewFile::audio:
-        // The time is the proposed one.
-        return QString(proposed).replace(QRegExp(QStringLiteral("^Rec--?[0-9]+")), QStringLiteral("Rec-") + QString::number(number));
-    case NewFile::freeze:
-        return QStringLiteral("%1 (%2).%3")
-            .arg(QFileInfo(utf8(options.source)).completeBaseName())
-            .arg(number)
-            .arg(QString::fromStdString(Settings::freezedFileFormat()));
-    case NewFile::stabilized:
-        break;
-    }
-    return QStringLiteral("%1-%2.%3").arg(QFileInfo(utf8(options.source)).baseName(), QString::number(number), utf8(options.format));
+    QFileInfo const parts(taken);
+    QString const extension = parts.suffix().isEmpty() ? QString() : QLatin1Char('.') + parts.suffix();
+    QString const stem = taken.left(taken.size() - extension.size());
+    for (int number = 2;; ++number)
+        if (QString const name = stem + QStringLiteral(" (%1)").arg(number) + extension; claimed(onDisk(folder, name)))
+            return name;
 }
 
-// The number of a proposed name: the one of those within it that makes the same name. 0 where none does.
-qlonglong numberOf(NextNameOptions const& options, QString const& proposed)
-{
-    QRegExp number(QStringLiteral("-?[0-9]+"));
-    for (int at = number.indexIn(proposed); at >= 0; at = number.indexIn(proposed, at + 1))
-        if (nameWith(options, proposed, number.cap().toLongLong()) == proposed)
-            return number.cap().toLongLong();
-    return 0;
-}
-
-// Claims the first name after a taken one that is free. The library does not count the taken one, and never will.
-QString claimedAfter(QString const& taken, QString const& folder, NextNameOptions const& options)
-{
-    qlonglong number = numberOf(options, taken);
-    QString name;
-    do
-        name = nameWith(options, taken, ++number);
-    while (!claimed(onDisk(folder, name)));
-    return name;
-}
-
-// Claims the first proposal that nobody has. Where the library proposes a taken name a second time, the numbers are
-// counted on from there.
+// Claims the first proposal that nobody has. The library proposes some taken names again, such as the one for "Clip (1).mov".
 fs::path reserved(NextNameOptions const& options)
 {
     Proposal asked = proposal(options);
@@ -165,14 +134,14 @@ fs::path reserved(NextNameOptions const& options)
         QString const again = checkedName(asked);
         bool const isTheSame = again == name;
         std::string const taken = quoted(name.toStdString());
-        why = isTheSame ? Text::of("%1 is there already, though the editor would propose it", taken)
-                        : Text::of("%1 was taken by someone else meanwhile", taken);
-        name = isTheSame ? claimedAfter(name, asked.folder, options) : again;
+        why = isTheSame ? absl::StrCat(taken, " is there already, though the editor would propose it")
+                        : absl::StrCat(taken, " was taken by someone else meanwhile");
+        name = isTheSame ? claimedBeside(name, asked.folder) : again;
         if (isTheSame)
             break;
     }
     if (!why.empty())
-        tell(Text::of("%1; %2 is reserved instead", why, quoted(name.toStdString())));
+        tell(absl::StrCat(why, "; ", quoted(name.toStdString()), " is reserved instead"));
     return onDisk(asked.folder, name);
 }
 
@@ -189,5 +158,6 @@ void showNextName(NextNameOptions const& options, Format format)
     else
         printAsItIs(format == Format::plain ? onOneLine(path) : path);
     if (options.reserve && !std::cout.flush())
-        throw Refusal(Text::of("%1 is reserved, but standard output cannot be written; remove the file if it is not wanted", quoted(path)));
+        throw Refusal(
+            absl::StrCat(quoted(path), " is reserved, but standard output cannot be written; remove the file if it is not wanted"));
 }

@@ -6,11 +6,11 @@
 
 /// What stands after all verbs in the help, and as a section in the manual.
 struct Note {
-    char const* title; ///< To be translated, as is the text.
-    char const* text;  ///< Lines that begin with blanks stay lines of their own.
+    char const* title;
+    char const* text; ///< Lines that begin with blanks stay lines of their own.
 };
 
 std::vector<Note> const& notes();
 
-/// The notes as the help shows them, in the user's language.
+/// The notes as the help shows them.
 std::string helpFooter();

@@ -2,7 +2,8 @@
 #include "Origin.h"
 
 #include "Text.h"
-#include "Translation.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <Lumora/Util/StandardPaths.h>
 
@@ -31,9 +32,9 @@ Decision variable(char const* name, std::string const& consequence)
 {
     bool const isSet = qEnvironmentVariableIsSet(name);
     std::string const value = qgetenv(name).toStdString();
-    std::string const text = !isSet          ? Text::of("%1 is not set, so %2", name, consequence)
-                             : value.empty() ? Text::of("%1 is empty, so %2", name, consequence)
-                                             : Text::of("%1=%2 in the environment", name, onOneLine(value));
+    std::string const text = !isSet          ? absl::StrCat(name, " is not set, so ", consequence)
+                             : value.empty() ? absl::StrCat(name, " is empty, so ", consequence)
+                                             : absl::StrCat(name, "=", onOneLine(value), " in the environment");
     return {"environment", name, isSet ? std::optional<std::string>(value) : std::nullopt, "", text};
 }
 
@@ -48,7 +49,7 @@ Origin inHomeFolder(Decision const& reason, char const* folder)
     return origin;
 }
 
-std::string consequence(char const* folder) { return Text::of("%1 in the home folder", inDoubleQuotes(folder)); }
+std::string consequence(char const* folder) { return absl::StrCat(inDoubleQuotes(folder), " in the home folder"); }
 
 // A folder that a variable names.
 Origin namedFolder(char const* name, char const* folderInHome)
@@ -108,15 +109,15 @@ Origin userFolder(char const* name, char const* folderInHome)
     Origin origin;
     if (line) {
         std::string const value = line->value.toStdString();
-        std::string const place = Text::of("%1, line %2", where, std::to_string(line->number));
-        std::string const text = Text::of("%1=%2 in %3", name, inDoubleQuotes(value), onOneLine(place));
+        std::string const place = absl::StrCat(where, ", line ", line->number);
+        std::string const text = absl::StrCat(name, "=", inDoubleQuotes(value), " in ", onOneLine(place));
         origin = lineFolder(*line, {"user-dirs.dirs", name, value, place, text});
     } else {
         std::string const path = onOneLine(where);
         std::string const so = consequence(folderInHome);
-        std::string const text = isReadable      ? Text::of("no %1 in %2, so %3", name, path, so)
-                                 : file.exists() ? Text::of("%1 cannot be read (%2), so %3", path, file.errorString().toStdString(), so)
-                                                 : Text::of("there is no %1, so %2", path, so);
+        std::string const text = isReadable      ? absl::StrCat("no ", name, " in ", path, ", so ", so)
+                                 : file.exists() ? absl::StrCat(path, " cannot be read (", file.errorString().toStdString(), "), so ", so)
+                                                 : absl::StrCat("there is no ", path, ", so ", so);
         origin = inHomeFolder({"user-dirs.dirs", name, {}, where, text}, folderInHome);
     }
     // Where the file is looked for.
@@ -131,7 +132,7 @@ std::vector<Decision> confirmed(Origin const& origin, QString const& answer, std
     if (origin.folder == answer)
         return origin.decisions;
     std::string const path = answer.toStdString();
-    return {{"platform", function, path, "", Text::of("%1 gives %2", function, onOneLine(path))}};
+    return {{"platform", function, path, "", absl::StrCat(function, " gives ", onOneLine(path))}};
 }
 
 std::vector<Decision> rootDecisions(Host::Application const& application, Root root)
@@ -153,12 +154,12 @@ std::vector<Decision> rootDecisions(Host::Application const& application, Root r
     case Root::resources: {
         std::string const folder = application.productFile().resourcesRoot().u8string();
         return {{"product file", "resourcesRoot", folder, productFile,
-                 Text::of("resourcesRoot of %1, which is %2", onOneLine(productFile), onOneLine(folder))}};
+                 absl::StrCat("resourcesRoot of ", onOneLine(productFile), ", which is ", onOneLine(folder))}};
     }
     case Root::nothing:
         break;
     }
-    return {{"library", "", {}, "", Text::of("nothing: the text is fixed")}};
+    return {{"library", "", {}, "", "nothing: the text is fixed"}};
 }
 
 } // namespace
@@ -176,7 +177,7 @@ std::vector<Decision> decisions(Host::Application const& application, Catalogue:
     std::string const file = application.productFile().file().u8string();
     for (std::string const& field : Catalogue::askedOfTheProduct(place)) {
         std::string const value = fields.at(field)(application.productFile());
-        result.push_back({"product file", field, value, file, Text::of("%1 %2 in %3", field, inDoubleQuotes(value), onOneLine(file))});
+        result.push_back({"product file", field, value, file, absl::StrCat(field, " ", inDoubleQuotes(value), " in ", onOneLine(file))});
     }
     return result;
 }

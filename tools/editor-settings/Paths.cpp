@@ -4,8 +4,9 @@
 #include "Nearest.h"
 #include "Origin.h"
 #include "Setting.h"
-#include "Translation.h"
 #include "Values.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <algorithm>
 #include <iostream>
@@ -61,19 +62,19 @@ std::vector<Location> allLocations()
 // The whole list, or its only element where one location was asked for by name.
 void printJsonOf(ordered_json const& array, bool isOne) { printJson(isOne ? array.front() : array); }
 
-std::string takesNothing(std::string const& name) { return Text::of("%1 takes nothing after it", name); }
+std::string takesNothing(std::string const& name) { return absl::StrCat(name, " takes nothing after it"); }
 
 // One location, asked about `argument`.
 Location oneLocation(PathsOptions const& options)
 {
     if (!isUtf8(options.argument))
-        throw Refusal(Text::of("%1 is not UTF-8 without a byte order mark; give it as the editor does", quotedBriefly(options.argument)));
+        throw Refusal(absl::StrCat(quotedBriefly(options.argument), " is not UTF-8 without a byte order mark; give it as the editor does"));
     Place const* const place = Catalogue::findPlace(options.name);
     if (!place) {
         Row const* const row = Catalogue::findPreference(options.name);
         if (!row || !row->computedDefault)
-            throw Refusal(Text::of("there is no location %1; %2'editor-settings paths' shows all", quotedBriefly(options.name),
-                                   didYouMean(options.name, pathNames())));
+            throw Refusal(absl::StrCat("there is no location ", quotedBriefly(options.name), "; ", didYouMean(options.name, pathNames()),
+                                       "'editor-settings paths' shows all"));
         if (!options.argument.empty())
             throw Refusal(takesNothing(options.name));
         return locationOf(*row);
@@ -82,8 +83,8 @@ Location oneLocation(PathsOptions const& options)
     bool const isOneOfAFew = place->arguments.size() > 1;
     bool const isKnown = std::find(place->arguments.begin(), place->arguments.end(), options.argument) != place->arguments.end();
     if (takesAnArgument && (options.argument.empty() || (isOneOfAFew && !isKnown)))
-        throw Refusal(Text::of("say what %1 is asked about: 'editor-settings paths %1 %2'", options.name,
-                               joined(place->arguments, Text::of("' or '"))));
+        throw Refusal(absl::StrCat("say what ", options.name, " is asked about: 'editor-settings paths ", options.name, " ",
+                                   joined(place->arguments, "' or '"), "'"));
     if (!takesAnArgument && !options.argument.empty())
         throw Refusal(takesNothing(options.name));
     return locationOf(*place, options.argument);
@@ -99,7 +100,7 @@ std::vector<Location> askedLocations(PathsOptions const& options)
     if (!options.name.empty() && !isPattern(options.name))
         return {oneLocation(options)};
     if (!options.argument.empty())
-        throw Refusal(Text::of("nothing goes after a pattern; name one location"));
+        throw Refusal("nothing goes after a pattern; name one location");
     std::vector<Location> locations = allLocations();
     auto const isLeftOut = [&](Location const& location) {
         return !options.name.empty() && ::fnmatch(options.name.c_str(), location.name.c_str(), 0) != 0;
@@ -125,18 +126,18 @@ std::vector<Decision> decisionsOf(Host::Application const& application, Location
 {
     bool const isAbsolute = location.place->root == Catalogue::Root::resources && location.argument[0] == '/';
     if (isAbsolute)
-        return {{"argument", location.argument, location.argument, "", Text::of("nothing else: an absolute path stands for itself")}};
+        return {{"argument", location.argument, location.argument, "", "nothing else: an absolute path stands for itself"}};
     if (!location.preference)
         return decisions(application, *location.place);
     Setting const found = setting(application, location.name);
     std::string const file = application.productStorageFile().u8string();
     if (found.stored && found.obstacle().empty())
         return {{"preference", location.name, location.path.toStdString(), file,
-                 Text::of("%1 is stored in %2", location.name, onOneLine(file))}};
+                 absl::StrCat(location.name, " is stored in ", onOneLine(file))}};
     std::string const fallback = std::string("Settings::") + location.place->name + "()";
-    std::string const text =
-        found.stored ? Text::of("%1 is stored with a value of another kind in %2, so %3 holds", location.name, onOneLine(file), fallback)
-                     : Text::of("%1 is not stored in %2, so %3 holds", location.name, onOneLine(file), fallback);
+    std::string const text = found.stored ? absl::StrCat(location.name, " is stored with a value of another kind in ", onOneLine(file),
+                                                         ", so ", fallback, " holds")
+                                          : absl::StrCat(location.name, " is not stored in ", onOneLine(file), ", so ", fallback, " holds");
     std::vector<Decision> result = decisions(application, *location.place);
     result.insert(result.begin(), {"preference", location.name, {}, file, text});
     return result;
@@ -153,11 +154,11 @@ void explain(Host::Application const& application, std::vector<Location> const& 
         json["decidedBy"] = ordered_json::array();
         if (!table.empty())
             table.emplace_back();
-        table.push_back({Text::of("location"), location.label()});
-        table.push_back({Text::of("path"), onOneLine(location.path.toStdString())});
-        table.push_back({Text::of("use"), Text::of(useName(location.use))});
+        table.push_back({"location", location.label()});
+        table.push_back({"path", onOneLine(location.path.toStdString())});
+        table.push_back({"use", useName(location.use)});
         for (Decision const& decision : decided) {
-            table.push_back({Text::of("decided by"), decision.text});
+            table.push_back({"decided by", decision.text});
             json["decidedBy"].push_back({{"by", decision.by},
                                          {"name", decision.name},
                                          {"value", decision.value ? ordered_json(*decision.value) : ordered_json()},
@@ -178,7 +179,7 @@ FolderCheck checked(Location const& location)
 {
     FolderCheck unchecked;
     if (location.path.isNull()) {
-        unchecked.remark = Text::of("none found");
+        unchecked.remark = "none found";
         return unchecked;
     }
     switch (location.use) {
@@ -191,11 +192,11 @@ FolderCheck checked(Location const& location)
     case Use::embedded:
         break;
     }
-    unchecked.remark = Text::of(useName(location.use));
+    unchecked.remark = useName(location.use);
     return unchecked;
 }
 
-std::string yesOrNo(bool value) { return value ? Text::of("yes") : Text::of("no"); }
+std::string yesOrNo(bool value) { return value ? "yes" : "no"; }
 
 void check(std::vector<Location> const& locations, bool isOne, Format format)
 {
@@ -221,11 +222,11 @@ void check(std::vector<Location> const& locations, bool isOne, Format format)
     if (format == Format::json)
         printJsonOf(array, isOne);
     else
-        printTable(table, {Text::of("LOCATION"), Text::of("EXISTS"), Text::of("WRITABLE"), Text::of("REMARK"), Text::of("PATH")}, format);
+        printTable(table, {"LOCATION", "EXISTS", "WRITABLE", "REMARK", "PATH"}, format);
     if (!unusable.empty())
-        throw Refusal(Text::of("the editor cannot write to %1; mend what is remarked: 'editor-settings paths NAME --explain' tells what "
-                               "decides, and a preference may be set to another folder",
-                               joined(unusable, ", ")));
+        throw Refusal(absl::StrCat("the editor cannot write to ", joined(unusable, ", "),
+                                   "; mend what is remarked: 'editor-settings paths NAME --explain' tells what decides, and a preference "
+                                   "may be set to another folder"));
 }
 
 } // namespace
@@ -272,5 +273,5 @@ void showPaths(Host::Application const& application, PathsOptions const& options
     std::vector<Columns> table;
     for (Location const& location : locations)
         table.push_back({location.label(), onOneLine(location.path.toStdString())});
-    printTable(table, {Text::of("LOCATION"), Text::of("PATH")}, format);
+    printTable(table, {"LOCATION", "PATH"}, format);
 }

@@ -2,7 +2,6 @@
 #include "Printing.h"
 
 #include "Terminal.h"
-#include "Translation.h"
 #include "Values.h"
 
 #include <algorithm>
@@ -19,10 +18,9 @@ using Terminal::Style;
 // The words that say how something is. The colour adds nothing to them.
 Style styleOf(std::string const& word)
 {
-    static std::map<std::string, Style> const styles = {{Text::of("error"), Style::bad},      {Text::of("unreadable"), Style::bad},
-                                                        {Text::of("other kind"), Style::bad}, {Text::of("removed"), Style::bad},
-                                                        {Text::of("warning"), Style::odd},    {Text::of("changed"), Style::odd},
-                                                        {Text::of("set"), Style::good},       {Text::of("added"), Style::good}};
+    static std::map<std::string, Style> const styles = {{"error", Style::bad},   {"unreadable", Style::bad}, {"other kind", Style::bad},
+                                                        {"removed", Style::bad}, {"warning", Style::odd},    {"changed", Style::odd},
+                                                        {"set", Style::good},    {"added", Style::good}};
     auto const found = styles.find(word);
     return found == styles.end() ? Style::normal : found->second;
 }

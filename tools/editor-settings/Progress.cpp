@@ -3,7 +3,8 @@
 
 #include "Terminal.h"
 #include "Text.h"
-#include "Translation.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <iostream>
 
@@ -50,7 +51,7 @@ void Progress::next(std::string const& what)
         return;
     std::lock_guard const lock(m_mutex);
     std::string const step = std::to_string(++m_step);
-    m_line = what.empty() ? what : "editor-settings: " + Text::of("step %1 of %2: %3", step, std::to_string(m_steps), what);
+    m_line = what.empty() ? what : "editor-settings: " + absl::StrCat("step ", step, " of ", m_steps, ": ", what);
 }
 
 void Progress::aside(std::string const& text)

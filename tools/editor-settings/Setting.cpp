@@ -2,8 +2,9 @@
 #include "Setting.h"
 
 #include "Nearest.h"
-#include "Translation.h"
 #include "Values.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <algorithm>
 
@@ -82,7 +83,7 @@ std::string suggestion(std::string const& key)
 
 std::string Setting::storeName() const { return observation.store ? name(*observation.store) : "memory"; }
 
-std::string Setting::obstacle() const { return isOfOtherKind() ? Text::of("other kind") : isUnreadable() ? Text::of("unreadable") : ""; }
+std::string Setting::obstacle() const { return isOfOtherKind() ? "other kind" : isUnreadable() ? "unreadable" : ""; }
 
 bool Setting::isOfOtherKind() const { return stored && stored->kind != storedKind(observation.value); }
 
@@ -91,10 +92,10 @@ bool Setting::isUnreadable() const { return stored && !isOfOtherKind() && std::h
 std::string Setting::state() const
 {
     if (!stored)
-        return Text::of("unset");
+        return "unset";
     if (!obstacle().empty())
         return obstacle();
-    return observation.value == observation.defaultValue ? Text::of("set to default") : Text::of("set");
+    return observation.value == observation.defaultValue ? "set to default" : "set";
 }
 
 std::string name(Store store) { return store == Store::common ? "common" : "product"; }
@@ -122,10 +123,10 @@ Setting setting(Host::Application const& application, std::string const& key)
         return *std::move(member);
     auto const& reserved = Catalogue::preferencesWithoutAccessors();
     if (std::find(reserved.begin(), reserved.end(), key) != reserved.end())
-        throw Refusal(Text::of("%1 is reserved: the editor neither reads nor writes it, so it cannot be reached", key));
+        throw Refusal(absl::StrCat(key, " is reserved: the editor neither reads nor writes it, so it cannot be reached"));
     if (Catalogue::findPlace(key))
-        throw Refusal(Text::of("%1 is a location and no preference; 'editor-settings paths %1' shows it", key));
-    throw Refusal(Text::of("there is no preference %1; %2'editor-settings list' shows all", quotedBriefly(key), suggestion(key)));
+        throw Refusal(absl::StrCat(key, " is a location and no preference; 'editor-settings paths ", key, "' shows it"));
+    throw Refusal(absl::StrCat("there is no preference ", quotedBriefly(key), "; ", suggestion(key), "'editor-settings list' shows all"));
 }
 
 bool isInAFamily(std::string const& key)
@@ -156,6 +157,6 @@ std::string keyInFamily(Family const& family, std::string const& member)
 {
     if (!isUtf8(member))
         throw Refusal(
-            Text::of("the name %1 is not UTF-8 without a byte order mark; give it as the editor writes it", quotedBriefly(member)));
+            absl::StrCat("the name ", quotedBriefly(member), " is not UTF-8 without a byte order mark; give it as the editor writes it"));
     return prefix(family) + member;
 }

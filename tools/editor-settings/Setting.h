@@ -23,7 +23,7 @@ struct Setting {
 
     /// "product", "common", or "memory" where the value does not outlive the editor.
     std::string storeName() const;
-    /// "unset", "set", "set to default", or the obstacle, in the user's language, as is the obstacle.
+    /// "unset", "set", "set to default", or the obstacle.
     std::string state() const;
     /// Why a read gives the default although something is stored, "other kind" or "unreadable"; empty where it does not.
     std::string obstacle() const;

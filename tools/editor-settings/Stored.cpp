@@ -2,7 +2,6 @@
 #include "Stored.h"
 
 #include "Text.h"
-#include "Translation.h"
 #include "Values.h"
 
 #include <Lumora/Util/ByteConversion.h>
@@ -47,7 +46,7 @@ std::string storedText(SqliteStorage::Value const& value)
 {
     ordered_json const shown = storedJson(value);
     if (shown.is_null())
-        return Text::of("(unreadable)");
+        return "(unreadable)";
     return shown.is_string() ? shown.get<std::string>() : shown.dump();
 }
 

@@ -103,3 +103,5 @@ std::string joined(std::vector<std::string> const& words, std::string const& sep
         text += (&word == &words.front() ? "" : separator) + word;
     return text;
 }
+
+std::string counted(std::size_t count, std::string const& noun) { return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s"); }

@@ -3,7 +3,8 @@
 
 #include "JsonText.h"
 #include "Text.h"
-#include "Translation.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <QByteArray>
 
@@ -124,7 +125,7 @@ std::string written(Document const& document)
 
 namespace {
 
-std::string theDocument() { return Text::of("the document"); }
+std::string theDocument() { return "the document"; }
 
 std::string joinedNames(std::vector<std::string> const& names)
 {
@@ -143,7 +144,7 @@ std::string lineAndColumn(std::string const& bytes, std::size_t count)
     for (std::size_t at = 0; at < std::min(last, bytes.size()); ++at)
         if (bytes[at] == '\n')
             ++line, begin = at + 1;
-    return Text::of("line %1, column %2:", std::to_string(line), std::to_string(last - begin + 1));
+    return absl::StrCat("line ", line, ", column ", last - begin + 1, ":");
 }
 
 // Builds the value of a document from what the parser finds, and so sees what the finished value no longer tells: names
@@ -166,7 +167,7 @@ public:
     bool start_object(std::size_t /*size*/) override
     {
         if (m_passedOver == 0 && m_open.size() == deepest)
-            throw Error(Text::of("%1 is nested too deeply; give a file that 'editor-settings export' made", joinedNames(m_names)));
+            throw Error(absl::StrCat(joinedNames(m_names), " is nested too deeply; give a file that 'editor-settings export' made"));
         if (m_passedOver == 0)
             m_open.push_back(&place(json::object()));
         else
@@ -181,7 +182,7 @@ public:
             return true;
         m_names.back() = name;
         if (m_open.back()->contains(name))
-            throw Error(Text::of("%1 stands there twice; keep one of the two", joinedNames(m_names)));
+            throw Error(absl::StrCat(joinedNames(m_names), " stands there twice; keep one of the two"));
         return true;
     }
 
@@ -213,9 +214,9 @@ public:
         // The parser's text begins with a code in brackets and a place, and ends with what was read last, at any length.
         std::string what = error.what();
         std::size_t const begin = what.find(": syntax error ");
-        what = begin == std::string::npos ? Text::of("a number is too large") : what.substr(begin + 2);
+        what = begin == std::string::npos ? "a number is too large" : what.substr(begin + 2);
         what = what.substr(0, what.find("; last read: "));
-        throw Error(Text::of("%1 %2; mend it there, or export the file again", lineAndColumn(m_bytes, position), what));
+        throw Error(absl::StrCat(lineAndColumn(m_bytes, position), " ", what, "; mend it there, or export the file again"));
     }
 
 private:
@@ -245,13 +246,13 @@ private:
 json parsed(std::string const& bytes)
 {
     if (bytes.compare(0, 3, "\xEF\xBB\xBF") == 0)
-        throw Error(Text::of("%1 a byte order mark stands before the text; save the file as UTF-8 without it", lineAndColumn(bytes, 1)));
+        throw Error(absl::StrCat(lineAndColumn(bytes, 1), " a byte order mark stands before the text; save the file as UTF-8 without it"));
     if (bytes.compare(0, 16, "SQLite format 3", 16) == 0)
-        throw Error(Text::of("the document is a database; where 'editor-settings backup' made it, 'editor-settings restore' takes it"));
+        throw Error("the document is a database; where 'editor-settings backup' made it, 'editor-settings restore' takes it");
     // The parser would take it for the end, whatever follows.
     if (std::size_t const nul = bytes.find('\0'); nul != std::string::npos)
-        throw Error(Text::of("%1 a NUL stands there, which no text holds; save the file as UTF-8, or export it again",
-                             lineAndColumn(bytes, nul + 1)));
+        throw Error(absl::StrCat(lineAndColumn(bytes, nul + 1),
+                                 " a NUL stands there, which no text holds; save the file as UTF-8, or export it again"));
     Builder builder(bytes);
     json::sax_parse(bytes, &builder);
     return builder.take();
@@ -260,13 +261,13 @@ json parsed(std::string const& bytes)
 std::string told(json const& value)
 {
     if (value.is_object() || value.is_array())
-        return value.is_object() ? Text::of("an object") : Text::of("an array");
+        return value.is_object() ? "an object" : "an array";
     return shortened(jsonText(value));
 }
 
 [[noreturn]] void refuseValue(std::string const& place, json const& value, std::string const& accepted)
 {
-    throw Error(Text::of("%1 is %2; give %3", place, told(value), accepted));
+    throw Error(absl::StrCat(place, " is ", told(value), "; give ", accepted));
 }
 
 // One object of the document, and its place.
@@ -275,7 +276,7 @@ public:
     Fields(json const& object, std::string place) : m_object(object), m_place(std::move(place))
     {
         if (!object.is_object())
-            refuseValue(m_place.empty() ? theDocument() : m_place, object, Text::of("an object, between { and }"));
+            refuseValue(m_place.empty() ? theDocument() : m_place, object, "an object, between { and }");
     }
 
     std::string place(std::string const& name) const { return (m_place.empty() ? "" : m_place + '.') + brief(name); }
@@ -285,7 +286,7 @@ public:
     {
         for (auto const& field : m_object.items())
             if (std::find(names.begin(), names.end(), field.key()) == names.end())
-                throw Error(Text::of("%1 means nothing; remove it: what stands there is %2", place(field.key()), joined(names, ", ")));
+                throw Error(absl::StrCat(place(field.key()), " means nothing; remove it: what stands there is ", joined(names, ", ")));
     }
 
     json const* find(char const* name) const
@@ -298,7 +299,7 @@ public:
     {
         if (json const* const value = find(name))
             return *value;
-        throw Error(Text::of("%1 is missing; give a file that 'editor-settings export' made", place(name)));
+        throw Error(absl::StrCat(place(name), " is missing; give a file that 'editor-settings export' made"));
     }
 
     std::string text(char const* name) const { return textOf(at(name), name); }
@@ -314,7 +315,7 @@ private:
     std::string textOf(json const& value, char const* name) const
     {
         if (!value.is_string())
-            refuseValue(place(name), value, Text::of("a text, in quotes"));
+            refuseValue(place(name), value, "a text, in quotes");
         return value.get<std::string>();
     }
 
@@ -346,19 +347,17 @@ std::string keyOf(std::string const& name, std::string const& place)
         }
     }
     if (nameOf(key) != name)
-        throw Error(
-            Text::of("%1 is not how a key is written: a backslash is doubled, and only a byte that is not UTF-8 stands as \\xHH, in "
-                     "small letters; write it so",
-                     place));
+        throw Error(absl::StrCat(place, " is not how a key is written: a backslash is doubled, and only a byte that is not UTF-8 stands as "
+                                        "\\xHH, in small letters; write it so"));
     if (key.find('\0') != std::string::npos)
-        throw Error(Text::of("%1 holds a NUL, which no key can; remove it", place));
+        throw Error(absl::StrCat(place, " holds a NUL, which no key can; remove it"));
     return key;
 }
 
 bool boolOf(json const& value, std::string const& place)
 {
     if (!value.is_boolean())
-        refuseValue(place, value, Text::of("true or false"));
+        refuseValue(place, value, "true or false");
     return value.get<bool>();
 }
 
@@ -369,7 +368,7 @@ int intOf(json const& value, std::string const& place)
     bool const fits = value.is_number_unsigned() ? value.get<std::uint64_t>() <= static_cast<std::uint64_t>(largest)
                                                  : value.is_number_integer() && value.get<std::int64_t>() >= smallest;
     if (!fits)
-        refuseValue(place, value, Text::of("a whole number from -2147483648 to 2147483647"));
+        refuseValue(place, value, "a whole number from -2147483648 to 2147483647");
     return value.get<int>();
 }
 
@@ -377,7 +376,7 @@ std::string bytesOf(std::string const& text, std::string const& place)
 {
     std::optional<std::string> bytes = fromBase64(text);
     if (!bytes)
-        refuseValue(place, text, Text::of("bytes in base64"));
+        refuseValue(place, text, "bytes in base64");
     return *std::move(bytes);
 }
 
@@ -387,20 +386,20 @@ std::string stringOf(Fields const& fields)
     if (!fields.find("encoding"))
         return text;
     if (json const& encoding = fields.at("encoding"); encoding != "base64")
-        refuseValue(fields.place("encoding"), encoding, Text::of("\"base64\", or leave the field out"));
+        refuseValue(fields.place("encoding"), encoding, "\"base64\", or leave the field out");
     return bytesOf(text, fields.place("value"));
 }
 
 [[noreturn]] void refuseKind(std::string const& kind, Fields const& fields)
 {
-    refuseValue(fields.place("kind"), kind, Text::of("bool, int, string or bytes"));
+    refuseValue(fields.place("kind"), kind, "bool, int, string or bytes");
 }
 
 Storage::SqliteStorage::Value valueOf(std::string const& kind, Fields const& fields)
 {
     std::string const place = fields.place("value");
     if (kind != "string" && fields.find("encoding"))
-        throw Error(Text::of("%1 is for the kind string only; remove it", fields.place("encoding")));
+        throw Error(absl::StrCat(fields.place("encoding"), " is for the kind string only; remove it"));
     if (kind == "bool")
         return boolOf(fields.at("value"), place);
     if (kind == "int")
@@ -417,9 +416,9 @@ void checkRedacted(std::string const& kind, Fields const& fields)
 {
     for (char const* name : {"value", "encoding"})
         if (fields.find(name))
-            throw Error(Text::of("%1 stands beside \"redacted\"; keep one of the two", fields.place(name)));
+            throw Error(absl::StrCat(fields.place(name), " stands beside \"redacted\"; keep one of the two"));
     if (fields.at("redacted") != true)
-        refuseValue(fields.place("redacted"), fields.at("redacted"), Text::of("true, or a value in its place"));
+        refuseValue(fields.place("redacted"), fields.at("redacted"), "true, or a value in its place");
     for (char const* known : {"bool", "int", "string", "bytes"})
         if (kind == known)
             return;
@@ -442,14 +441,14 @@ Entry entryOf(Store store, std::string const& name, Fields const& fields)
 void checkHeader(Fields const& document)
 {
     if (json const* const format = document.find("format"); !format || *format != formatName)
-        throw Error(format ? Text::of("format is %1, so this is no export of settings; give a file that 'editor-settings export' made",
-                                      told(*format))
-                           : Text::of("format is missing, so this is no export of settings; give a file that 'editor-settings export' "
-                                      "made"));
+        throw Error(format ? absl::StrCat("format is ", told(*format),
+                                          ", so this is no export of settings; give a file that 'editor-settings export' made")
+                           : "format is missing, so this is no export of settings; give a file that 'editor-settings export' "
+                             "made");
     json const& version = document.at("version");
     if (version.is_number_unsigned() && version > writtenVersion)
-        throw Error(Text::of("version is %1, and this program reads up to %2: a newer one wrote the file; update this program",
-                             told(version), std::to_string(writtenVersion)));
+        throw Error(absl::StrCat("version is ", told(version), ", and this program reads up to ", writtenVersion,
+                                 ": a newer one wrote the file; update this program"));
     if (version != writtenVersion || !version.is_number_integer())
         refuseValue("version", version, std::to_string(writtenVersion));
     document.checkNames({"format", "version", "made", "product", "stores"});

@@ -10,7 +10,8 @@
 #include "Terminal.h"
 #include "Text.h"
 #include "Transfer.h"
-#include "Translation.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <Storage/NewFile.h>
 
@@ -56,8 +57,8 @@ bool isReadable(SqliteStorage::Row const& row) { return !std::holds_alternative<
 std::string obstacleToCarrying(SqliteStorage::Row const& row)
 {
     if (!isReadable(row))
-        return Text::of("holds a value of kind %1 that this version cannot read", quoted(row.kind));
-    return row.key.find('\0') != std::string::npos ? Text::of("has a NUL in its key") : "";
+        return absl::StrCat("holds a value of kind ", quoted(row.kind), " that this version cannot read");
+    return row.key.find('\0') != std::string::npos ? "has a NUL in its key" : "";
 }
 
 // --- export ---
@@ -82,14 +83,14 @@ Document exported(Host::Application const& application, TransferOptions const& o
 {
     Document document = {inUtc(std::chrono::system_clock::now()), application.productFile().productName(), {}};
     for (Store const store : stores) {
-        progress.next(Text::of("reading the %1 store", name(store)));
+        progress.next(absl::StrCat("reading the ", name(store), " store"));
         for (SqliteStorage::Row const& row : rowsOf(application, store, options)) {
             Entry entry = {store, row.key, row.kind, classOf(row.key), row.value};
             if (options.redact && tellsOfTheHome(row.key)) {
-                progress.aside(Text::of("a key in the %1 store holds the path of the home folder, so it is left out", name(store)));
+                progress.aside(absl::StrCat("a key in the ", name(store), " store holds the path of the home folder, so it is left out"));
             } else if (std::string const why = obstacleToCarrying(row); !why.empty()) {
-                progress.aside(Text::of("%1 in the %2 store %3, so it is left out; 'editor-settings backup' keeps it", quoted(row.key),
-                                        name(store), why));
+                progress.aside(absl::StrCat(quoted(row.key), " in the ", name(store), " store ", why,
+                                            ", so it is left out; 'editor-settings backup' keeps it"));
             } else {
                 if (options.redact && isPersonal(entry))
                     entry.value = {};
@@ -106,13 +107,14 @@ void exportSettings(Host::Application const& application, TransferOptions const&
 {
     std::optional<Progress> progress(3);
     Document const document = exported(application, options, *progress);
-    progress->next(Text::of("writing the file"));
+    progress->next("writing the file");
     std::string const bytes = Transfer::written(document);
     if (options.file == "-") {
         progress.reset(); // standard output may be the same terminal
         std::cout << bytes;
     } else if (!Storage::writeNewFile(std::filesystem::absolute(options.file), bytes, "write the export")) {
-        throw Refusal(Text::of("%1 is there already and was left as it is; name a new file, or move that one away", quoted(options.file)));
+        throw Refusal(
+            absl::StrCat(quoted(options.file), " is there already and was left as it is; name a new file, or move that one away"));
     }
 }
 
@@ -132,7 +134,7 @@ struct Comparison {
     std::size_t redacted = 0;
 };
 
-std::string shownFile(TransferOptions const& options) { return options.file == "-" ? Text::of("standard input") : quoted(options.file); }
+std::string shownFile(TransferOptions const& options) { return options.file == "-" ? "standard input" : quoted(options.file); }
 
 bool isTyped(TransferOptions const& options) { return options.file == "-" && Terminal::is(STDIN_FILENO); }
 
@@ -166,7 +168,7 @@ void compare(Comparison& result, Store store, std::vector<SqliteStorage::Row> ro
         if (obstacle.empty())
             result.differences.push_back({store, change});
         else
-            progress.aside(Text::of("%1 in the %2 store %3, so it is not compared", quoted(change.key), name(store), obstacle));
+            progress.aside(absl::StrCat(quoted(change.key), " in the ", name(store), " store ", obstacle, ", so it is not compared"));
         if (change.after)
             --result.same;
     }
@@ -176,7 +178,7 @@ Comparison compared(Host::Application const& application, TransferOptions const&
 {
     Comparison result;
     for (Store const store : stores) {
-        progress.next(Text::of("comparing with the %1 store", name(store)));
+        progress.next(absl::StrCat("comparing with the ", name(store), " store"));
         std::vector<Entry> entries;
         for (Entry const& entry : wanted.entries)
             if (entry.store == store && counts(options, classOf(entry.key)))
@@ -186,10 +188,7 @@ Comparison compared(Host::Application const& application, TransferOptions const&
     return result;
 }
 
-char const* wordFor(KeyChange const& change)
-{
-    return !change.before ? Text::mark("added") : !change.after ? Text::mark("removed") : Text::mark("changed");
-}
+char const* wordFor(KeyChange const& change) { return !change.before ? "added" : !change.after ? "removed" : "changed"; }
 
 // Kind and value of one side; for people the kind only where it tells something.
 Columns columnsOf(std::optional<SqliteStorage::Row> const& row, std::string const& absent, bool kindsDiffer, Format format)
@@ -203,9 +202,9 @@ Columns lineOf(Difference const& difference, Format format)
 {
     KeyChange const& change = difference.change;
     bool const kindsDiffer = change.before && change.after && change.before->kind != change.after->kind;
-    Columns line = {Text::of(wordFor(change)), name(difference.store), onOneLine(change.key)};
-    for (Columns const& side : {columnsOf(change.before, Text::of("(unset)"), kindsDiffer, format),
-                                columnsOf(change.after, Text::of("(absent)"), kindsDiffer, format)})
+    Columns line = {wordFor(change), name(difference.store), onOneLine(change.key)};
+    for (Columns const& side :
+         {columnsOf(change.before, "(unset)", kindsDiffer, format), columnsOf(change.after, "(absent)", kindsDiffer, format)})
         line.insert(line.end(), side.begin(), side.end());
     return line;
 }
@@ -231,7 +230,7 @@ void print(std::vector<Difference> const& differences, Format format)
     for (Difference const& difference : differences)
         table.push_back(lineOf(difference, format));
     if (!table.empty())
-        printTable(table, {Text::of("CHANGE"), Text::of("STORE"), Text::of("KEY"), Text::of("STORED"), Text::of("FILE")}, format, 0);
+        printTable(table, {"CHANGE", "STORE", "KEY", "STORED", "FILE"}, format, 0);
 }
 
 } // namespace
@@ -240,17 +239,16 @@ bool showDifferences(Host::Application const& application, TransferOptions const
 {
     try {
         std::optional<Progress> progress(3);
-        progress->next(isTyped(options) ? "" : Text::of("reading the file"));
+        progress->next(isTyped(options) ? "" : "reading the file");
         Document const wanted = document(options);
         Comparison const comparison = compared(application, options, wanted, *progress);
         progress.reset(); // the answer may stand on the same terminal
         print(comparison.differences, format);
         if (comparison.redacted > 0)
-            tell(
-                Text::ofCount("%n redacted in the file, so not compared", "%n redacted in the file, so not compared", comparison.redacted));
+            tell(absl::StrCat(comparison.redacted, " redacted in the file, so not compared"));
         return !comparison.differences.empty();
     } catch (Transfer::Error const& error) {
-        throw Refusal(Text::of("%1: %2", shownFile(options), error.what()));
+        throw Refusal(absl::StrCat(shownFile(options), ": ", error.what()));
     }
 }
 
@@ -258,7 +256,7 @@ bool showDifferences(Host::Application const& application, TransferOptions const
 
 namespace {
 
-std::string butNothingChanged(std::string const& trouble) { return Text::of("%1; nothing was changed", trouble); }
+std::string butNothingChanged(std::string const& trouble) { return absl::StrCat(trouble, "; nothing was changed"); }
 
 // A store and what is to change in it.
 struct Target {
@@ -298,9 +296,9 @@ std::vector<std::unique_ptr<SqliteStorage>> madeReady(Host::Application const& a
     }
 }
 
-std::string asItWas(Target const& target) { return Text::of("the %1 store is as it was", name(target.name)); }
+std::string asItWas(Target const& target) { return absl::StrCat("the ", name(target.name), " store is as it was"); }
 
-std::string imported(Target const& target) { return Text::of("the %1 store holds the imported values", name(target.name)); }
+std::string imported(Target const& target) { return absl::StrCat("the ", name(target.name), " store holds the imported values"); }
 
 // What became of a store whose change failed: where the disk refused the last step, only a look tells.
 std::string outcome(Target const& target)
@@ -311,7 +309,7 @@ std::string outcome(Target const& target)
                 return asItWas(target);
         return imported(target);
     } catch (Storage::StorageError const&) {
-        return Text::of("the %1 store cannot be read", name(target.name));
+        return absl::StrCat("the ", name(target.name), " store cannot be read");
     }
 }
 
@@ -320,14 +318,14 @@ void apply(std::vector<Target> const& targets)
     Progress progress(targets.size());
     std::vector<std::string> outcomes;
     for (auto target = targets.begin(); target != targets.end(); ++target) {
-        progress.next(Text::of("changing the %1 store", name(target->name)));
+        progress.next(absl::StrCat("changing the ", name(target->name), " store"));
         try {
             target->store->apply(target->changes);
             outcomes.push_back(imported(*target));
         } catch (Storage::StorageError const& error) {
             outcomes.push_back(outcome(*target));
             std::transform(target + 1, targets.end(), std::back_inserter(outcomes), asItWas);
-            throw Refusal(Text::of("%1; %2; then import the file again", error.what(), joined(outcomes, Text::of(", "))));
+            throw Refusal(absl::StrCat(error.what(), "; ", joined(outcomes, ", "), "; then import the file again"));
         }
     }
 }
@@ -335,13 +333,11 @@ void apply(std::vector<Target> const& targets)
 void tellOf(Comparison const& comparison, bool dryRun)
 {
     std::size_t const changes = comparison.differences.size();
-    std::vector<std::string> counts = {dryRun ? Text::ofCount("%n would change", "%n would change", changes)
-                                              : Text::ofCount("%n changed", "%n changed", changes),
-                                       Text::ofCount("%n already as in the file", "%n already as in the file", comparison.same)};
+    std::vector<std::string> counts = {dryRun ? absl::StrCat(changes, " would change") : absl::StrCat(changes, " changed"),
+                                       absl::StrCat(comparison.same, " already as in the file")};
     if (comparison.redacted > 0)
-        counts.push_back(
-            Text::ofCount("%n redacted in the file and left alone", "%n redacted in the file and left alone", comparison.redacted));
-    tell(joined(counts, Text::of(", ")));
+        counts.push_back(absl::StrCat(comparison.redacted, " redacted in the file and left alone"));
+    tell(joined(counts, ", "));
 }
 
 Document checkedDocument(TransferOptions const& options)
@@ -351,7 +347,7 @@ Document checkedDocument(TransferOptions const& options)
         checkKeys(checked, options.withUnknown);
         return checked;
     } catch (Transfer::Error const& error) {
-        throw Refusal(butNothingChanged(Text::of("%1: %2", shownFile(options), error.what())));
+        throw Refusal(butNothingChanged(absl::StrCat(shownFile(options), ": ", error.what())));
     }
 }
 
@@ -360,7 +356,7 @@ Document checkedDocument(TransferOptions const& options)
 void importSettings(Host::Application const& application, TransferOptions const& options, Format format)
 {
     std::optional<Progress> progress(3);
-    progress->next(isTyped(options) ? "" : Text::of("reading the file"));
+    progress->next(isTyped(options) ? "" : "reading the file");
     Document const wanted = checkedDocument(options);
     Comparison comparison = compared(application, options, wanted, *progress);
     progress.reset(); // what follows is told, or has steps of its own

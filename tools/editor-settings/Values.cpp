@@ -3,7 +3,8 @@
 
 #include "Printing.h"
 #include "Text.h"
-#include "Translation.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <Host/FileContent.h>
 
@@ -24,19 +25,18 @@ namespace {
 
 struct TypeNames {
     char const* name;
-    char const* refusal; // of a word, with places for the name of the value, for the word and for what is accepted
+    char const* article; // with the name, as in "is a bool"
     char const* cpp;
     char const* kind;
 };
 
 // In the order of the alternatives of Value.
-constexpr std::array<TypeNames, std::variant_size_v<Value>> types = {
-    {{"bool", Text::mark("%1 is a bool and cannot be %2; %3"), "bool", "bool"},
-     {"int", Text::mark("%1 is an int and cannot be %2; %3"), "int", "int"},
-     {"text", Text::mark("%1 is a text and cannot be %2; %3"), "std::string", "string"},
-     {"text", Text::mark("%1 is a text and cannot be %2; %3"), "QString", "string"},
-     {"bytes", Text::mark("%1 holds bytes and cannot be %2; %3"), "QByteArray", "bytes"},
-     {"list", Text::mark("%1 is a list and cannot be %2; %3"), "QStringList", "string"}}};
+constexpr std::array<TypeNames, std::variant_size_v<Value>> types = {{{"bool", "is a bool", "bool", "bool"},
+                                                                      {"int", "is an int", "int", "int"},
+                                                                      {"text", "is a text", "std::string", "string"},
+                                                                      {"text", "is a text", "QString", "string"},
+                                                                      {"bytes", "holds bytes", "QByteArray", "bytes"},
+                                                                      {"list", "is a list", "QStringList", "string"}}};
 
 TypeNames const& type(Value const& value) { return types[value.index()]; }
 
@@ -48,13 +48,13 @@ struct Target {
 
 [[noreturn]] void refuse(Target const& target, std::string const& word, std::string const& accepted)
 {
-    throw Refusal(Text::of(type(target.like).refusal, target.name, quotedBriefly(word), accepted));
+    throw Refusal(absl::StrCat(target.name, " ", type(target.like).article, " and cannot be ", quotedBriefly(word), "; ", accepted));
 }
 
 QString decoded(Target const& target, std::string const& word)
 {
     if (!isUtf8(word))
-        refuse(target, word, Text::of("give text in UTF-8 without a byte order mark, as anything else would not come back unchanged"));
+        refuse(target, word, "give text in UTF-8 without a byte order mark, as anything else would not come back unchanged");
     return QString::fromStdString(word);
 }
 
@@ -69,7 +69,7 @@ bool parsedBool(Target const& target, std::string const& word)
     for (char const* no : {"false", "no", "off", "0"})
         if (lower == no)
             return false;
-    refuse(target, word, Text::of("give true or false (or yes, no, on, off, 1, 0)"));
+    refuse(target, word, "give true or false (or yes, no, on, off, 1, 0)");
 }
 
 int parsedInt(Target const& target, std::string const& word)
@@ -79,7 +79,7 @@ int parsedInt(Target const& target, std::string const& word)
     char const* const last = word.data() + word.size();
     auto const [end, error] = std::from_chars(first, last, value);
     if (error != std::errc() || end != last)
-        refuse(target, word, Text::of("give a whole number from -2147483648 to 2147483647"));
+        refuse(target, word, "give a whole number from -2147483648 to 2147483647");
     return value;
 }
 
@@ -101,7 +101,7 @@ std::string contentOfFile(Target const& target, std::string const& name, std::st
     try {
         return Host::fileContent(name);
     } catch (std::system_error const& error) {
-        throw Refusal(Text::of("%1: cannot read %2 (%3); %4", target.name, quoted(name), error.code().message(), remedy));
+        throw Refusal(absl::StrCat(target.name, ": cannot read ", quoted(name), " (", error.code().message(), "); ", remedy));
     }
 }
 
@@ -110,18 +110,18 @@ std::string contentOfInput(Target const& target)
     try {
         return standardInput();
     } catch (std::system_error const& error) {
-        throw Refusal(Text::of("%1: cannot read standard input (%2); give it a file or a pipe", target.name, error.code().message()));
+        throw Refusal(absl::StrCat(target.name, ": cannot read standard input (", error.code().message(), "); give it a file or a pipe"));
     }
 }
 
 QByteArray parsedBytes(Target const& target, std::string const& word)
 {
     if (!word.empty() && word[0] == '@')
-        return QByteArray::fromStdString(contentOfFile(target, word.substr(1), Text::of("name a file that can be read after the @")));
+        return QByteArray::fromStdString(contentOfFile(target, word.substr(1), "name a file that can be read after the @"));
     // Qt decodes whatever it can; only what encodes to the same word again is taken.
     QByteArray const bytes = QByteArray::fromBase64(QByteArray::fromStdString(word));
     if (bytes.toBase64().toStdString() != word && bytes.toBase64(QByteArray::OmitTrailingEquals).toStdString() != word)
-        refuse(target, word, Text::of("give the bytes in base64, or @FILE to read them from a file"));
+        refuse(target, word, "give the bytes in base64, or @FILE to read them from a file");
     return bytes;
 }
 
@@ -131,15 +131,14 @@ QStringList parsedList(Target const& target, std::vector<std::string> const& wor
     for (std::string const& word : words) {
         QString const element = decoded(target, word);
         if (element.isEmpty())
-            refuse(target, word,
-                   Text::of("an empty element is lost when the list is read back; leave it out (--empty stores an empty list)"));
+            refuse(target, word, "an empty element is lost when the list is read back; leave it out (--empty stores an empty list)");
         if (!Catalogue::comesBackUnchanged({element}))
-            refuse(target, word, Text::of("the element holds the separator of stored lists and would come back in pieces"));
+            refuse(target, word, "the element holds the separator of stored lists and would come back in pieces");
         // No separator reaches further than from one element into the next, so two of them tell.
         if (!list.isEmpty() && !Catalogue::comesBackUnchanged({list.last(), element}))
             refuse(target, word,
-                   Text::of("together with the element before it, it makes up the separator of stored lists and would come back "
-                            "otherwise"));
+                   "together with the element before it, it makes up the separator of stored lists and would come back "
+                   "otherwise");
         list.append(element);
     }
     return list;
@@ -148,8 +147,8 @@ QStringList parsedList(Target const& target, std::vector<std::string> const& wor
 std::string const& onlyWord(Target const& target, std::vector<std::string> const& words)
 {
     if (words.size() != 1)
-        throw Refusal(Text::of("%1 takes one value, not %2; %3", target.name, std::to_string(words.size()),
-                               words.empty() ? Text::of("--empty is for lists") : Text::of("put quotes around a value with blanks")));
+        throw Refusal(absl::StrCat(target.name, " takes one value, not ", words.size(), "; ",
+                                   words.empty() ? "--empty is for lists" : "put quotes around a value with blanks"));
     return words.front();
 }
 
@@ -185,8 +184,7 @@ Value parsed(std::string const& name, Value const& like, std::vector<std::string
 Value parsedFile(std::string const& name, Value const& like, std::string const& file)
 {
     Target const target = {name, like};
-    std::string const content =
-        file == "-" ? contentOfInput(target) : contentOfFile(target, file, Text::of("name a file that can be read"));
+    std::string const content = file == "-" ? contentOfInput(target) : contentOfFile(target, file, "name a file that can be read");
     if (std::holds_alternative<QByteArray>(like))
         return QByteArray::fromStdString(content);
     if (!std::holds_alternative<QStringList>(like))

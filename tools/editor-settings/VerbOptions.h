@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-/// What --json is for, to be translated.
+/// The help of --json.
 extern char const* const asJson;
 extern char const* const asJsonWithBytes;
 

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "Advice.h"
 #include "Backups.h"
-#include "CommandTexts.h"
 #include "CommandWalk.h"
 #include "Commands.h"
 #include "Completion.h"
 #include "Doctor.h"
 #include "Examples.h"
 #include "HomeFolder.h"
-#include "Language.h"
 #include "Manual.h"
 #include "MarkedWords.h"
 #include "Monitor.h"
@@ -22,8 +20,9 @@
 #include "StandardOutput.h"
 #include "Terminal.h"
 #include "Text.h"
-#include "Translation.h"
 #include "VerbOptions.h"
+
+#include <absl/strings/str_cat.h>
 
 #include <Settings/Version.h>
 
@@ -47,10 +46,10 @@ public:
     {
         m_app.require_subcommand(0, 1);
         m_app.failure_message([](CLI::App const* app, CLI::Error const& error) {
-            return "editor-settings: " + shortened(withoutControls(unmarked(reasonOf(error))), 500) + '\n' + adviceOnWords(*app) +
-                   Text::of("Run with --help for more information.") + '\n';
+            return "editor-settings: " + shortened(withoutControls(unmarked(std::string(error.what()))), 500) + '\n' + adviceOnWords(*app) +
+                   std::string("Run with --help for more information.") + '\n';
         });
-        m_app.set_version_flag("--version", EDITOR_SETTINGS_VERSION_STRING, Text::of("Display program version information and exit"));
+        m_app.set_version_flag("--version", EDITOR_SETTINGS_VERSION_STRING, "Display program version information and exit");
         m_app.footer(helpFooter());
         addWhatStandsForAll();
         addPreferenceVerbs();
@@ -58,16 +57,12 @@ public:
         addShortVerbs();
         addUpkeepVerbs();
         addPages();
-        m_completion->add_option("SHELL", m_shell, Text::of("bash, zsh or fish"))
-            ->required()
-            ->type_name("")
-            ->check(oneOf({"bash", "zsh", "fish"}));
+        m_completion->add_option("SHELL", m_shell, "bash, zsh or fish")->required()->type_name("")->check(oneOf({"bash", "zsh", "fish"}));
 
         for (CLI::App* verb : m_app.get_subcommands([](CLI::App*) { return true; }))
             complete(verb, verb->get_name());
         for (CLI::App* kind : {m_nextAudio, m_nextFreeze, m_nextStabilized})
             complete(kind, "next-name " + kind->get_name());
-        translateHelp(m_app);
     }
 
     // What to do about trouble, on a line of its own; empty where its text says all.
@@ -75,10 +70,10 @@ public:
     {
         bool const isAboutAFileOfItsOwn = m_hasOpened && (*m_backup || *m_restore || m_transfer.isExport());
         if (dynamic_cast<Host::ProductFileError const*>(&trouble))
-            return Text::of("Name a product file with '--product FILE', or in EDITOR_SETTINGS_PRODUCT.") + '\n';
+            return std::string("Name a product file with '--product FILE', or in EDITOR_SETTINGS_PRODUCT.") + '\n';
         if (dynamic_cast<Storage::StorageError const*>(&trouble) && !isAboutAFileOfItsOwn)
-            return Text::of("Run 'editor-settings doctor' with the same options to see what is wrong; "
-                            "'editor-settings restore FILE' brings a backup back.") +
+            return std::string("Run 'editor-settings doctor' with the same options to see what is wrong; "
+                               "'editor-settings restore FILE' brings a backup back.") +
                    '\n';
         return {};
     }
@@ -105,7 +100,7 @@ public:
             return examineAll(productFile, home, m_doctorFormat) ? 0 : saidNo;
         lookForTheHome();
         std::optional<Progress> opening(1);
-        opening->next(Text::of("opening the stores"));
+        opening->next("opening the stores");
         Host::Application const application(productFile, home, policy());
         opening.reset();
         m_hasOpened = true;
@@ -121,7 +116,7 @@ private:
         try {
             m_app.parse(marked(argc, argv));
             if (m_app.get_subcommands().empty())
-                throw CLI::RequiredError(Text::of("A verb"));
+                throw CLI::RequiredError("A verb");
         } catch (CLI::ParseError const& error) {
             return m_app.exit(error) == 0 ? 0 : wrongUsage;
         }
@@ -143,18 +138,16 @@ private:
 
     void addWhatStandsForAll()
     {
-        m_app.add_option("--color", m_color, Text::of("Colours: auto for a terminal alone, always, or never; default: auto"))
+        m_app.add_option("--color", m_color, "Colours: auto for a terminal alone, always, or never; default: auto")
             ->type_name("WHEN")
             ->check(oneOf({"auto", "always", "never"}));
-        m_app.add_flag("--no-pager", m_withoutPager, Text::of("Long answers as they are, not a screen at a time"));
-        m_app
-            .add_option("--product", m_productFile,
-                        Text::of("The product file, in JSON; default: the one that is installed with this program"))
+        m_app.add_flag("--no-pager", m_withoutPager, "Long answers as they are, not a screen at a time");
+        m_app.add_option("--product", m_productFile, "The product file, in JSON; default: the one that is installed with this program")
             ->transform(unmarked())
             ->check(aNameIfGiven())
             ->type_name("FILE")
             ->envname("EDITOR_SETTINGS_PRODUCT");
-        m_app.add_option("--home", m_home, Text::of("The folder of both stores; default: the product's data folder and the vendor's"))
+        m_app.add_option("--home", m_home, "The folder of both stores; default: the product's data folder and the vendor's")
             ->transform(unmarked())
             ->check(aNameIfGiven())
             ->type_name("DIR")
@@ -163,26 +156,22 @@ private:
 
     void addPreferenceVerbs()
     {
-        m_list->add_option("PATTERN", m_listOptions.pattern, Text::of("Only keys that match, such as '*Path'"))->transform(unmarked());
-        CLI::Option* const onlySet = m_list->add_flag("--set", m_listOptions.onlySet, Text::of("Only what is stored"));
-        m_list->add_flag("--unset", m_listOptions.onlyUnset, Text::of("Only what is not stored"))->excludes(onlySet);
-        m_list->add_option("--store", m_listOptions.store, Text::of("Only one store"))
-            ->type_name("STORE")
-            ->check(oneOf({"product", "common"}));
+        m_list->add_option("PATTERN", m_listOptions.pattern, "Only keys that match, such as '*Path'")->transform(unmarked());
+        CLI::Option* const onlySet = m_list->add_flag("--set", m_listOptions.onlySet, "Only what is stored");
+        m_list->add_flag("--unset", m_listOptions.onlyUnset, "Only what is not stored")->excludes(onlySet);
+        m_list->add_option("--store", m_listOptions.store, "Only one store")->type_name("STORE")->check(oneOf({"product", "common"}));
 
         for (CLI::App* verb : {m_get, m_set, m_unset, m_explain})
-            verb->add_option("KEY", m_key, Text::of("The preference"))->transform(unmarked())->required();
-        CLI::Option* const words =
-            m_set->add_option("VALUE", m_words,
-                              Text::of("A bool as true or false, an int in decimal, text in UTF-8, bytes in base64 or as "
-                                       "@FILE, a list as one word for each element"));
+            verb->add_option("KEY", m_key, "The preference")->transform(unmarked())->required();
+        CLI::Option* const words = m_set->add_option("VALUE", m_words,
+                                                     "A bool as true or false, an int in decimal, text in UTF-8, bytes in base64 or as "
+                                                     "@FILE, a list as one word for each element");
         words->transform(unmarked());
-        std::string const stores = Text::of("Stores an empty list");
+        std::string const stores = "Stores an empty list";
         CLI::Option* const empty = m_set->add_flag("--empty", stores)->excludes(words);
-        CLI::Option* const file =
-            m_set->add_option("--from-file", m_file,
-                              Text::of("Stores what the file holds, or standard input where it is -: byte for byte, but for "
-                                       "a list one element on each line"));
+        CLI::Option* const file = m_set->add_option("--from-file", m_file,
+                                                    "Stores what the file holds, or standard input where it is -: byte for byte, but for "
+                                                    "a list one element on each line");
         file->transform(unmarked())->check(aFile())->type_name("FILE")->excludes(words)->excludes(empty);
         m_set->callback([words, empty, file] {
             if (words->empty() && empty->empty() && file->empty())
@@ -192,51 +181,42 @@ private:
 
     void addLocationVerbs()
     {
-        m_paths->add_option("NAME", m_pathsOptions.name, Text::of("One location, or those that match, such as 'stock*'"))
-            ->transform(unmarked());
-        m_paths->add_option("ARGUMENT", m_pathsOptions.argument, Text::of("What the location is asked about, where it takes that"))
+        m_paths->add_option("NAME", m_pathsOptions.name, "One location, or those that match, such as 'stock*'")->transform(unmarked());
+        m_paths->add_option("ARGUMENT", m_pathsOptions.argument, "What the location is asked about, where it takes that")
             ->transform(unmarked());
         CLI::Option* const explained = m_paths->add_flag_callback(
-            "--explain", [this] { m_pathsOptions.view = PathsView::explain; }, Text::of("What decides where a location lies"));
+            "--explain", [this] { m_pathsOptions.view = PathsView::explain; }, "What decides where a location lies");
         m_paths
             ->add_flag_callback(
                 "--check", [this] { m_pathsOptions.view = PathsView::check; },
-                Text::of("Whether they exist and can be used; exit status 1 where the editor cannot write to one that it writes to"))
+                "Whether they exist and can be used; exit status 1 where the editor cannot write to one that it writes to")
             ->excludes(explained);
 
         m_nextName->require_subcommand(1);
-        m_nextName->add_flag(
-            "--reserve", m_nextNameOptions.reserve,
-            Text::of("Makes the file, empty, so that nobody else gets the name; the folder too, and a free number where needed"));
+        m_nextName->add_flag("--reserve", m_nextNameOptions.reserve,
+                             "Makes the file, empty, so that nobody else gets the name; the folder too, and a free number where needed");
         for (CLI::App* kind : {m_nextFreeze, m_nextStabilized})
-            kind->add_option("SOURCE", m_nextNameOptions.source, Text::of("The file that it is made of; only its name counts"))
+            kind->add_option("SOURCE", m_nextNameOptions.source, "The file that it is made of; only its name counts")
                 ->transform(unmarked())
                 ->required();
-        m_nextStabilized->add_option("FORMAT", m_nextNameOptions.format, Text::of("The extension, such as mp4"))
-            ->transform(unmarked())
-            ->required();
+        m_nextStabilized->add_option("FORMAT", m_nextNameOptions.format, "The extension, such as mp4")->transform(unmarked())->required();
     }
 
     void addShortVerbs()
     {
         for (ShortVerb* verb : {&m_favorites, &m_indication})
-            verb->verb->add_option("NAME", m_member, Text::of("The name that the editor keeps it under"))
-                ->transform(unmarked())
-                ->required();
-        m_indication.takeValue("VALUE", Text::of("Stores these bytes: in base64, or @FILE"), false);
-        m_tutorials.takeValue("VALUE", Text::of("Stores this list, one word for each element"), true);
-        m_colors.takeValue("VALUE", Text::of("Stores this list, one word for each element"), true);
-        m_targetHistory.takeValue("VALUE", Text::of("Stores this text"), false);
+            verb->verb->add_option("NAME", m_member, "The name that the editor keeps it under")->transform(unmarked())->required();
+        m_indication.takeValue("VALUE", "Stores these bytes: in base64, or @FILE", false);
+        m_tutorials.takeValue("VALUE", "Stores this list, one word for each element", true);
+        m_colors.takeValue("VALUE", "Stores this list, one word for each element", true);
+        m_targetHistory.takeValue("VALUE", "Stores this text", false);
     }
 
     void addUpkeepVerbs()
     {
-        m_backup->add_option("FILE", m_file, Text::of("The new file"))->transform(unmarked())->check(aFile())->required();
-        m_restore->add_option("FILE", m_file, Text::of("A file that backup has written"))
-            ->transform(unmarked())
-            ->check(aFile())
-            ->required();
-        m_restore->add_flag("--dry-run", m_isDryRun, Text::of("Only tells what would change"));
+        m_backup->add_option("FILE", m_file, "The new file")->transform(unmarked())->check(aFile())->required();
+        m_restore->add_option("FILE", m_file, "A file that backup has written")->transform(unmarked())->check(aFile())->required();
+        m_restore->add_flag("--dry-run", m_isDryRun, "Only tells what would change");
     }
 
     // A page tells of every machine, so it goes with nothing that asks about this one.
@@ -244,7 +224,7 @@ private:
     {
         for (CLI::App* verb : {m_list, m_paths}) {
             CLI::Option* const page =
-                verb->add_option("--format", m_page, Text::of("markdown: the page of the reference, the same on every machine"));
+                verb->add_option("--format", m_page, "markdown: the page of the reference, the same on every machine");
             page->type_name("FORMAT")->check(oneOf({"markdown"}));
             for (CLI::Option* other :
                  verb->get_options([=](CLI::Option* option) { return option != page && option != verb->get_help_ptr(); }))
@@ -302,10 +282,10 @@ private:
         bool const isMade = isToStore() || m_transfer.isToStore() || (*m_restore && !m_isDryRun);
         bool const isWhereStoresLie = m_home.empty() && isEmpty("XDG_DATA_HOME");
         if (isMade && isWhereStoresLie && !trouble.empty())
-            throw Refusal(Text::of("%1; set HOME to your folder, or name one for the stores with --home", trouble));
+            throw Refusal(absl::StrCat(trouble, "; set HOME to your folder, or name one for the stores with --home"));
         bool const isToldAnyway = *m_paths && m_pathsOptions.view == PathsView::explain;
         if (!isMade && !isToldAnyway && isEmpty("HOME"))
-            tell(Text::of("%1; set HOME to your folder", trouble));
+            tell(absl::StrCat(trouble, "; set HOME to your folder"));
     }
 
     static bool isEmpty(char const* variable)
@@ -321,7 +301,7 @@ private:
             return;
         for (Catalogue::Store const store : {Catalogue::Store::product, Catalogue::Store::common})
             if (Storage::SqliteStorage const* const opened = storage(application, store); opened && opened->isReadOnly())
-                tell(Text::of("only for reading: %1", opened->readOnlyReason()));
+                tell(absl::StrCat("only for reading: ", opened->readOnlyReason()));
     }
 
     void answer(Host::Application const& application)
@@ -364,40 +344,37 @@ private:
             monitorStores(application, m_monitorFormat);
     }
 
-    CLI::App m_app{Text::of("Reads, changes and explains the preferences, folders and file names of Lumora Video Editor."),
-                   "editor-settings"};
+    CLI::App m_app{"Reads, changes and explains the preferences, folders and file names of Lumora Video Editor.", "editor-settings"};
     std::string m_productFile;
     std::string m_home;
     std::string m_color = "auto";
     bool m_withoutPager = false;
     bool m_hasOpened = false;
 
-    CLI::App* m_list = m_app.add_subcommand("list", Text::of("All preferences with their values, sorted by key"));
-    CLI::App* m_get = m_app.add_subcommand("get", Text::of("The value that the editor reads now"));
-    CLI::App* m_set = m_app.add_subcommand("set", Text::of("Stores a value"));
-    CLI::App* m_unset = m_app.add_subcommand("unset", Text::of("Removes the stored value, so that the default holds again"));
-    CLI::App* m_explain =
-        m_app.add_subcommand("explain", Text::of("Where a value comes from: what is stored, since when, and the default"));
-    CLI::App* m_paths = m_app.add_subcommand("paths", Text::of("Where the editor's files and folders lie"));
-    CLI::App* m_nextName = m_app.add_subcommand("next-name", Text::of("The name that the editor gives the next file of a kind"));
-    CLI::App* m_nextAudio = m_nextName->add_subcommand("audio", Text::of("An audio recording"));
-    CLI::App* m_nextFreeze = m_nextName->add_subcommand("freeze", Text::of("A freeze frame"));
-    CLI::App* m_nextStabilized = m_nextName->add_subcommand("stabilized", Text::of("A stabilized clip"));
-    CLI::App* m_project =
-        m_app.add_subcommand("project", Text::of("Default name, extensions and filters of projects, and the sample project"));
-    ShortVerb m_favorites{m_app, "favorites", Text::of("The favourites of one list")};
-    ShortVerb m_indication{m_app, "indication", Text::of("What the editor keeps for an indication, or stores it"), asJsonWithBytes};
-    ShortVerb m_tutorials{m_app, "tutorials", Text::of("The finished tutorials, or stores them")};
-    ShortVerb m_colors{m_app, "colors", Text::of("The user's own colours, or stores them")};
-    ShortVerb m_targetHistory{m_app, "target-history", Text::of("The recent export targets, or stores them")};
-    CLI::App* m_backup = m_app.add_subcommand("backup", Text::of("Copies both stores into one file, also while the editor runs"));
-    CLI::App* m_restore = m_app.add_subcommand("restore", Text::of("Brings the stores of a backup back, and keeps what was there"));
-    CLI::App* m_monitor = m_app.add_subcommand("monitor", Text::of("Prints the changes that other processes make, as they happen"));
-    CLI::App* m_doctor = m_app.add_subcommand(
-        "doctor", Text::of("What is wrong with the stores, what they hold and the folders; exit status 1 where something is"));
+    CLI::App* m_list = m_app.add_subcommand("list", "All preferences with their values, sorted by key");
+    CLI::App* m_get = m_app.add_subcommand("get", "The value that the editor reads now");
+    CLI::App* m_set = m_app.add_subcommand("set", "Stores a value");
+    CLI::App* m_unset = m_app.add_subcommand("unset", "Removes the stored value, so that the default holds again");
+    CLI::App* m_explain = m_app.add_subcommand("explain", "Where a value comes from: what is stored, since when, and the default");
+    CLI::App* m_paths = m_app.add_subcommand("paths", "Where the editor's files and folders lie");
+    CLI::App* m_nextName = m_app.add_subcommand("next-name", "The name that the editor gives the next file of a kind");
+    CLI::App* m_nextAudio = m_nextName->add_subcommand("audio", "An audio recording");
+    CLI::App* m_nextFreeze = m_nextName->add_subcommand("freeze", "A freeze frame");
+    CLI::App* m_nextStabilized = m_nextName->add_subcommand("stabilized", "A stabilized clip");
+    CLI::App* m_project = m_app.add_subcommand("project", "Default name, extensions and filters of projects, and the sample project");
+    ShortVerb m_favorites{m_app, "favorites", "The favourites of one list"};
+    ShortVerb m_indication{m_app, "indication", "What the editor keeps for an indication, or stores it", asJsonWithBytes};
+    ShortVerb m_tutorials{m_app, "tutorials", "The finished tutorials, or stores them"};
+    ShortVerb m_colors{m_app, "colors", "The user's own colours, or stores them"};
+    ShortVerb m_targetHistory{m_app, "target-history", "The recent export targets, or stores them"};
+    CLI::App* m_backup = m_app.add_subcommand("backup", "Copies both stores into one file, also while the editor runs");
+    CLI::App* m_restore = m_app.add_subcommand("restore", "Brings the stores of a backup back, and keeps what was there");
+    CLI::App* m_monitor = m_app.add_subcommand("monitor", "Prints the changes that other processes make, as they happen");
+    CLI::App* m_doctor =
+        m_app.add_subcommand("doctor", "What is wrong with the stores, what they hold and the folders; exit status 1 where something is");
     TransferVerbs m_transfer{m_app};
-    CLI::App* m_completion = m_app.add_subcommand("completion", Text::of("A completion script for a shell, to be sourced"));
-    CLI::App* m_manual = m_app.add_subcommand("manual", Text::of("The manual page, for man"));
+    CLI::App* m_completion = m_app.add_subcommand("completion", "A completion script for a shell, to be sourced");
+    CLI::App* m_manual = m_app.add_subcommand("manual", "The manual page, for man");
     FormatOptions m_listFormat{m_list, asJsonWithBytes};
     FormatOptions m_getFormat{m_get, asJsonWithBytes};
     FormatOptions m_explainFormat{m_explain, asJsonWithBytes};
@@ -405,7 +382,7 @@ private:
     FormatOptions m_nextNameFormat{m_nextName, asJson};
     FormatOptions m_projectFormat{m_project, asJson};
     FormatOptions m_restoreFormat{m_restore, asJsonWithBytes};
-    FormatOptions m_monitorFormat{m_monitor, Text::mark("One JSON object a line; bytes in base64")};
+    FormatOptions m_monitorFormat{m_monitor, "One JSON object a line; bytes in base64"};
     FormatOptions m_doctorFormat{m_doctor, asJson};
     std::string m_page;
     ListOptions m_listOptions;
@@ -426,7 +403,6 @@ int main(int argc, char** argv)
 {
     holdStandardStreams();
     StandardOutput output;
-    Language const language(argc, argv);
     CommandLine commandLine;
     int status = 0;
     try {
@@ -437,7 +413,7 @@ int main(int argc, char** argv)
         status = commandLine.statusOfTrouble();
     }
     if (std::string const trouble = output.trouble(); !trouble.empty()) {
-        tell(Text::of("cannot write to standard output: %1", trouble));
+        tell(absl::StrCat("cannot write to standard output: ", trouble));
         return std::max(status, commandLine.statusOfTrouble());
     }
     return status;
