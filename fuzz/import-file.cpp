@@ -5,8 +5,8 @@
 #include <support/Fuzz.h>
 #include <support/NaiveNames.h>
 
-#include <KnownKeys.h>
-#include <Transfer.h>
+#include <Inspection/ExportDocument.h>
+#include <Inspection/KnownKeys.h>
 
 #include <algorithm>
 #include <tuple>

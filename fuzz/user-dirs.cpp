@@ -7,8 +7,8 @@
 #include <support/Fuzz.h>
 #include <support/NaiveNames.h>
 
+#include <Inspection/PathOrigin.h>
 #include <Lumora/Util/StandardPaths.h>
-#include <Origin.h>
 
 using Fuzz::expectEqual;
 using Fuzz::utf8;

@@ -1,29 +1,31 @@
 // SPDX-License-Identifier: MIT
-#include "Advice.h"
-#include "Backups.h"
-#include "CommandWalk.h"
-#include "Commands.h"
-#include "Completion.h"
-#include "Doctor.h"
-#include "Examples.h"
-#include "HomeFolder.h"
-#include "Manual.h"
-#include "MarkedWords.h"
-#include "Monitor.h"
-#include "NextName.h"
-#include "Notes.h"
-#include "Pager.h"
-#include "Paths.h"
-#include "Progress.h"
-#include "Reference.h"
-#include "Setting.h"
-#include "StandardOutput.h"
-#include "Terminal.h"
-#include "Text.h"
-#include "VerbOptions.h"
+#include "cli/Arguments.h"
+#include "cli/CommandWalk.h"
+#include "cli/Completion.h"
+#include "cli/HelpTexts.h"
+#include "cli/ManualPage.h"
+#include "cli/UsageErrors.h"
+#include "cli/VerbOptions.h"
+#include "commands/Backups.h"
+#include "commands/Doctor.h"
+#include "commands/Examples.h"
+#include "commands/HomeFolder.h"
+#include "commands/Monitor.h"
+#include "commands/NextName.h"
+#include "commands/Paths.h"
+#include "commands/Preferences.h"
+#include "commands/Reference.h"
+#include "terminal/Escaping.h"
+#include "terminal/Pager.h"
+#include "terminal/ProgressLine.h"
+#include "terminal/Streams.h"
+#include "terminal/Terminal.h"
+#include <Inspection/PreferenceState.h>
 
 #include <absl/strings/str_cat.h>
 
+#include <Inspection/Locations.h>
+#include <Inspection/PreferenceState.h>
 #include <Settings/Version.h>
 
 #include <CLI/CLI.hpp>
@@ -248,7 +250,7 @@ private:
             {m_list->get_option("--store"), {Choice::Kind::words, {"product", "common"}}},
             {m_list->get_option("--format"), {Choice::Kind::words, {"markdown"}}},
             {m_paths->get_option("--format"), {Choice::Kind::words, {"markdown"}}},
-            {m_paths->get_option("NAME"), {Choice::Kind::words, pathNames()}},
+            {m_paths->get_option("NAME"), {Choice::Kind::words, locationNames()}},
             {m_backup->get_option("FILE"), {Choice::Kind::files}},
             {m_restore->get_option("FILE"), {Choice::Kind::files}},
             {m_completion->get_option("SHELL"), {Choice::Kind::words, {"bash", "zsh", "fish"}}},

@@ -1,0 +1,480 @@
+// SPDX-License-Identifier: MIT
+#include <Inspection/ExportDocument.h>
+
+#include "terminal/Escaping.h"
+#include <Inspection/JsonText.h>
+
+#include <absl/strings/str_cat.h>
+
+#include <QByteArray>
+
+#include <algorithm>
+#include <cstdint>
+#include <initializer_list>
+#include <limits>
+#include <optional>
+#include <tuple>
+#include <utility>
+
+using Catalogue::Store;
+using nlohmann::json;
+using nlohmann::ordered_json;
+
+namespace Transfer {
+
+namespace {
+
+constexpr char const* formatName = "editor-settings export";
+constexpr int writtenVersion = 1;
+constexpr std::pair<Store, char const*> stores[] = {{Store::product, "product"}, {Store::common, "common"}};
+
+char const* storeName(Store store) { return store == Store::product ? "product" : "common"; }
+
+std::string base64(std::string const& bytes) { return QByteArray::fromStdString(bytes).toBase64().toStdString(); }
+
+// Qt decodes whatever it can; only what encodes to the same text again is taken.
+std::optional<std::string> fromBase64(std::string const& text)
+{
+    QByteArray const bytes = QByteArray::fromBase64(QByteArray::fromStdString(text));
+    if (bytes.toBase64().toStdString() != text && bytes.toBase64(QByteArray::OmitTrailingEquals).toStdString() != text)
+        return std::nullopt;
+    return bytes.toStdString();
+}
+
+// What a document holds may be long: the beginning tells enough.
+std::string shortened(std::string const& line) { return ::shortened(line, 100); }
+
+std::string brief(std::string const& text) { return shortened(onOneLine(text)); }
+
+} // namespace
+
+std::string nameOf(std::string const& key)
+{
+    std::string name;
+    for (std::size_t at = 0; at < key.size();) {
+        std::size_t const length = lengthOfLetter(key, at);
+        if (length == 0)
+            name += "\\x" + QByteArray(1, key[at]).toHex().toStdString();
+        else
+            name += key[at] == '\\' ? "\\\\" : key.substr(at, length);
+        at += std::max<std::size_t>(length, 1);
+    }
+    return name;
+}
+
+std::string placeOf(Entry const& entry, char const* field)
+{
+    return std::string("stores.") + storeName(entry.store) + '.' + brief(nameOf(entry.key)) + (field ? std::string(".") + field : "");
+}
+
+// --- Writing ---
+
+namespace {
+
+struct FieldsOfValue {
+    ordered_json& fields;
+
+    void operator()(std::monostate) const { fields["redacted"] = true; }
+    void operator()(bool value) const { fields["value"] = value; }
+    void operator()(int value) const { fields["value"] = value; }
+    void operator()(std::string const& value) const
+    {
+        if (!isUtf8(value))
+            fields["encoding"] = "base64";
+        fields["value"] = isUtf8(value) ? value : base64(value);
+    }
+    void operator()(std::vector<unsigned char> const& value) const { fields["value"] = base64(std::string(value.begin(), value.end())); }
+};
+
+std::string lineOf(Entry const& entry)
+{
+    ordered_json fields = {{"kind", entry.kind}, {"class", entry.category.empty() ? ordered_json() : ordered_json(entry.category)}};
+    std::visit(FieldsOfValue{fields}, entry.value);
+    std::string text;
+    for (auto const& field : fields.items())
+        text += (text.empty() ? "{" : ", ") + jsonText(field.key()) + ": " + jsonText(field.value());
+    return jsonText(nameOf(entry.key)) + ": " + text + '}';
+}
+
+} // namespace
+
+ordered_json fieldsOf(std::string const& kind, Storage::SqliteStorage::Value const& value)
+{
+    ordered_json fields = {{"kind", kind}};
+    std::visit(FieldsOfValue{fields}, value);
+    return fields;
+}
+
+std::string written(Document const& document)
+{
+    std::string text = "{\n  \"format\": " + jsonText(formatName) + ",\n  \"version\": " + std::to_string(writtenVersion) +
+                       ",\n  \"made\": " + jsonText(document.made) + ",\n  \"product\": " + jsonText(document.product) +
+                       ",\n  \"stores\": {";
+    for (auto const& [store, name] : stores) {
+        text += std::string(store == stores[0].first ? "" : ",") + "\n    " + jsonText(name) + ": {";
+        bool isFirst = true;
+        for (Entry const& entry : document.entries)
+            if (entry.store == store)
+                text += std::string(std::exchange(isFirst, false) ? "" : ",") + "\n      " + lineOf(entry);
+        text += isFirst ? "}" : "\n    }";
+    }
+    return text + "\n  }\n}\n";
+}
+
+// --- Reading ---
+
+namespace {
+
+std::string theDocument() { return "the document"; }
+
+std::string joinedNames(std::vector<std::string> const& names)
+{
+    std::string place;
+    for (std::string const& name : names)
+        place += (place.empty() ? "" : ".") + brief(name);
+    return place.empty() ? theDocument() : place;
+}
+
+// Where the last of the first `count` bytes stands.
+std::string lineAndColumn(std::string const& bytes, std::size_t count)
+{
+    std::size_t const last = std::max<std::size_t>(count, 1) - 1;
+    std::size_t line = 1;
+    std::size_t begin = 0;
+    for (std::size_t at = 0; at < std::min(last, bytes.size()); ++at)
+        if (bytes[at] == '\n')
+            ++line, begin = at + 1;
+    return absl::StrCat("line ", line, ", column ", last - begin + 1, ":");
+}
+
+// Builds the value of a document from what the parser finds, and so sees what the finished value no longer tells: names
+// that stand twice. Nothing grows with the depth of the document but a counter, as a deep value could not even be
+// destroyed without a deep stack; documents hold no arrays, so one is passed over.
+class Builder final : public nlohmann::json_sax<json> {
+public:
+    explicit Builder(std::string const& bytes) : m_bytes(bytes) {}
+
+    json take() { return std::move(m_root); }
+
+    bool null() override { return add(nullptr); }
+    bool boolean(bool value) override { return add(value); }
+    bool number_integer(number_integer_t value) override { return add(value); }
+    bool number_unsigned(number_unsigned_t value) override { return add(value); }
+    bool number_float(number_float_t value, string_t const& /*text*/) override { return add(value); }
+    bool string(string_t& value) override { return add(std::move(value)); }
+    bool binary(binary_t& /*value*/) override { return true; } // JSON knows none
+
+    bool start_object(std::size_t /*size*/) override
+    {
+        if (m_passedOver == 0 && m_open.size() == deepest)
+            throw Error(absl::StrCat(joinedNames(m_names), " is nested too deeply; give a file that 'editor-settings export' made"));
+        if (m_passedOver == 0)
+            m_open.push_back(&place(json::object()));
+        else
+            ++m_passedOver;
+        m_names.resize(m_open.size());
+        return true;
+    }
+
+    bool key(string_t& name) override
+    {
+        if (m_passedOver > 0)
+            return true;
+        m_names.back() = name;
+        if (m_open.back()->contains(name))
+            throw Error(absl::StrCat(joinedNames(m_names), " stands there twice; keep one of the two"));
+        return true;
+    }
+
+    bool end_object() override
+    {
+        if (m_passedOver > 0)
+            return end_array();
+        m_open.pop_back();
+        m_names.pop_back();
+        return true;
+    }
+
+    bool start_array(std::size_t /*size*/) override
+    {
+        if (m_passedOver == 0)
+            place(json::array());
+        ++m_passedOver;
+        return true;
+    }
+
+    bool end_array() override
+    {
+        --m_passedOver;
+        return true;
+    }
+
+    bool parse_error(std::size_t position, std::string const& /*token*/, nlohmann::detail::exception const& error) override
+    {
+        // The parser's text begins with a code in brackets and a place, and ends with what was read last, at any length.
+        std::string what = error.what();
+        std::size_t const begin = what.find(": syntax error ");
+        what = begin == std::string::npos ? "a number is too large" : what.substr(begin + 2);
+        what = what.substr(0, what.find("; last read: "));
+        throw Error(absl::StrCat(lineAndColumn(m_bytes, position), " ", what, "; mend it there, or export the file again"));
+    }
+
+private:
+    static constexpr std::size_t deepest = 8; // twice as much as documents have
+
+    bool add(json value)
+    {
+        if (m_passedOver == 0)
+            place(std::move(value));
+        return true;
+    }
+
+    json& place(json value)
+    {
+        json& target = m_open.empty() ? m_root : (*m_open.back())[m_names.back()];
+        target = std::move(value);
+        return target;
+    }
+
+    std::string const& m_bytes;
+    json m_root;
+    std::vector<json*> m_open;        // the objects that are not at their end, outermost first
+    std::vector<std::string> m_names; // in each of them, the name that was read last
+    std::size_t m_passedOver = 0;     // arrays, and what is in them, that are not at their end
+};
+
+json parsed(std::string const& bytes)
+{
+    if (bytes.compare(0, 3, "\xEF\xBB\xBF") == 0)
+        throw Error(absl::StrCat(lineAndColumn(bytes, 1), " a byte order mark stands before the text; save the file as UTF-8 without it"));
+    if (bytes.compare(0, 16, "SQLite format 3", 16) == 0)
+        throw Error("the document is a database; where 'editor-settings backup' made it, 'editor-settings restore' takes it");
+    // The parser would take it for the end, whatever follows.
+    if (std::size_t const nul = bytes.find('\0'); nul != std::string::npos)
+        throw Error(absl::StrCat(lineAndColumn(bytes, nul + 1),
+                                 " a NUL stands there, which no text holds; save the file as UTF-8, or export it again"));
+    Builder builder(bytes);
+    json::sax_parse(bytes, &builder);
+    return builder.take();
+}
+
+std::string told(json const& value)
+{
+    if (value.is_object() || value.is_array())
+        return value.is_object() ? "an object" : "an array";
+    return shortened(jsonText(value));
+}
+
+[[noreturn]] void refuseValue(std::string const& place, json const& value, std::string const& accepted)
+{
+    throw Error(absl::StrCat(place, " is ", told(value), "; give ", accepted));
+}
+
+// One object of the document, and its place.
+class Fields {
+public:
+    Fields(json const& object, std::string place) : m_object(object), m_place(std::move(place))
+    {
+        if (!object.is_object())
+            refuseValue(m_place.empty() ? theDocument() : m_place, object, "an object, between { and }");
+    }
+
+    std::string place(std::string const& name) const { return (m_place.empty() ? "" : m_place + '.') + brief(name); }
+    std::string const& place() const { return m_place; }
+
+    void checkNames(std::vector<std::string> const& names) const
+    {
+        for (auto const& field : m_object.items())
+            if (std::find(names.begin(), names.end(), field.key()) == names.end())
+                throw Error(absl::StrCat(place(field.key()), " means nothing; remove it: what stands there is ", joined(names, ", ")));
+    }
+
+    json const* find(char const* name) const
+    {
+        auto const found = m_object.find(name);
+        return found == m_object.end() ? nullptr : &*found;
+    }
+
+    json const& at(char const* name) const
+    {
+        if (json const* const value = find(name))
+            return *value;
+        throw Error(absl::StrCat(place(name), " is missing; give a file that 'editor-settings export' made"));
+    }
+
+    std::string text(char const* name) const { return textOf(at(name), name); }
+
+    // For what readers only need; nothing where it is missing.
+    std::string optionalText(char const* name) const
+    {
+        json const* const value = find(name);
+        return value ? textOf(*value, name) : std::string();
+    }
+
+private:
+    std::string textOf(json const& value, char const* name) const
+    {
+        if (!value.is_string())
+            refuseValue(place(name), value, "a text, in quotes");
+        return value.get<std::string>();
+    }
+
+    json const& m_object;
+    std::string m_place;
+};
+
+int hexadecimal(char digit)
+{
+    static std::string const digits = "0123456789abcdef";
+    std::size_t const value = digits.find(digit);
+    return value == std::string::npos ? -1 : static_cast<int>(value);
+}
+
+// The key that a name stands for. Each has one name only, so that none can stand there twice.
+std::string keyOf(std::string const& name, std::string const& place)
+{
+    std::string key;
+    for (std::size_t at = 0; at < name.size(); ++at) {
+        if (name[at] != '\\') {
+            key += name[at];
+        } else if (name.compare(at, 2, "\\\\") == 0) {
+            key += name[at++];
+        } else if (name.size() - at >= 4 && name[at + 1] == 'x' && hexadecimal(name[at + 2]) >= 0 && hexadecimal(name[at + 3]) >= 0) {
+            key += static_cast<char>(hexadecimal(name[at + 2]) * 16 + hexadecimal(name[at + 3]));
+            at += 3;
+        } else {
+            break;
+        }
+    }
+    if (nameOf(key) != name)
+        throw Error(absl::StrCat(place, " is not how a key is written: a backslash is doubled, and only a byte that is not UTF-8 stands as "
+                                        "\\xHH, in small letters; write it so"));
+    if (key.find('\0') != std::string::npos)
+        throw Error(absl::StrCat(place, " holds a NUL, which no key can; remove it"));
+    return key;
+}
+
+bool boolOf(json const& value, std::string const& place)
+{
+    if (!value.is_boolean())
+        refuseValue(place, value, "true or false");
+    return value.get<bool>();
+}
+
+int intOf(json const& value, std::string const& place)
+{
+    constexpr int smallest = std::numeric_limits<int>::min();
+    constexpr int largest = std::numeric_limits<int>::max();
+    bool const fits = value.is_number_unsigned() ? value.get<std::uint64_t>() <= static_cast<std::uint64_t>(largest)
+                                                 : value.is_number_integer() && value.get<std::int64_t>() >= smallest;
+    if (!fits)
+        refuseValue(place, value, "a whole number from -2147483648 to 2147483647");
+    return value.get<int>();
+}
+
+std::string bytesOf(std::string const& text, std::string const& place)
+{
+    std::optional<std::string> bytes = fromBase64(text);
+    if (!bytes)
+        refuseValue(place, text, "bytes in base64");
+    return *std::move(bytes);
+}
+
+std::string stringOf(Fields const& fields)
+{
+    std::string const text = fields.text("value");
+    if (!fields.find("encoding"))
+        return text;
+    if (json const& encoding = fields.at("encoding"); encoding != "base64")
+        refuseValue(fields.place("encoding"), encoding, "\"base64\", or leave the field out");
+    return bytesOf(text, fields.place("value"));
+}
+
+[[noreturn]] void refuseKind(std::string const& kind, Fields const& fields)
+{
+    refuseValue(fields.place("kind"), kind, "bool, int, string or bytes");
+}
+
+Storage::SqliteStorage::Value valueOf(std::string const& kind, Fields const& fields)
+{
+    std::string const place = fields.place("value");
+    if (kind != "string" && fields.find("encoding"))
+        throw Error(absl::StrCat(fields.place("encoding"), " is for the kind string only; remove it"));
+    if (kind == "bool")
+        return boolOf(fields.at("value"), place);
+    if (kind == "int")
+        return intOf(fields.at("value"), place);
+    if (kind == "string")
+        return stringOf(fields);
+    if (kind != "bytes")
+        refuseKind(kind, fields);
+    std::string const bytes = bytesOf(fields.text("value"), place);
+    return std::vector<unsigned char>(bytes.begin(), bytes.end());
+}
+
+void checkRedacted(std::string const& kind, Fields const& fields)
+{
+    for (char const* name : {"value", "encoding"})
+        if (fields.find(name))
+            throw Error(absl::StrCat(fields.place(name), " stands beside \"redacted\"; keep one of the two"));
+    if (fields.at("redacted") != true)
+        refuseValue(fields.place("redacted"), fields.at("redacted"), "true, or a value in its place");
+    for (char const* known : {"bool", "int", "string", "bytes"})
+        if (kind == known)
+            return;
+    refuseKind(kind, fields);
+}
+
+Entry entryOf(Store store, std::string const& name, Fields const& fields)
+{
+    fields.checkNames({"kind", "class", "encoding", "value", "redacted"});
+    Entry entry = {store, keyOf(name, fields.place()), fields.text("kind"), {}, {}};
+    if (json const* const category = fields.find("class"); category && !category->is_null())
+        entry.category = fields.text("class");
+    if (fields.find("redacted"))
+        checkRedacted(entry.kind, fields);
+    else
+        entry.value = valueOf(entry.kind, fields);
+    return entry;
+}
+
+void checkHeader(Fields const& document)
+{
+    if (json const* const format = document.find("format"); !format || *format != formatName)
+        throw Error(format ? absl::StrCat("format is ", told(*format),
+                                          ", so this is no export of settings; give a file that 'editor-settings export' made")
+                           : "format is missing, so this is no export of settings; give a file that 'editor-settings export' "
+                             "made");
+    json const& version = document.at("version");
+    if (version.is_number_unsigned() && version > writtenVersion)
+        throw Error(absl::StrCat("version is ", told(version), ", and this program reads up to ", writtenVersion,
+                                 ": a newer one wrote the file; update this program"));
+    if (version != writtenVersion || !version.is_number_integer())
+        refuseValue("version", version, std::to_string(writtenVersion));
+    document.checkNames({"format", "version", "made", "product", "stores"});
+}
+
+} // namespace
+
+Document read(std::string const& bytes)
+{
+    json const root = parsed(bytes);
+    Fields const fields(root, "");
+    checkHeader(fields);
+    Document document = {fields.optionalText("made"), fields.optionalText("product"), {}};
+    Fields const all(fields.at("stores"), "stores");
+    all.checkNames({"product", "common"});
+    for (auto const& [store, name] : stores) {
+        json const* const entries = all.find(name);
+        if (!entries)
+            continue;
+        Fields const keys(*entries, all.place(name));
+        for (auto const& entry : entries->items())
+            document.entries.push_back(entryOf(store, entry.key(), Fields(entry.value(), keys.place(entry.key()))));
+    }
+    std::sort(document.entries.begin(), document.entries.end(),
+              [](Entry const& left, Entry const& right) { return std::tie(left.store, left.key) < std::tie(right.store, right.key); });
+    return document;
+}
+
+} // namespace Transfer

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include <Inspection/KnownKeys.h>
+
+#include "terminal/Escaping.h"
+#include "terminal/Suggestions.h"
+
+#include <absl/strings/str_cat.h>
+
+#include <algorithm>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+using Catalogue::Family;
+using Catalogue::Row;
+using Catalogue::Store;
+
+namespace {
+
+template <typename T>
+std::string kindOfType()
+{
+    if constexpr (std::is_same_v<T, bool> || std::is_same_v<T, int>)
+        return std::is_same_v<T, bool> ? "bool" : "int";
+    else
+        return std::is_same_v<T, QByteArray> ? "bytes" : "string";
+}
+
+struct KindOfAccessors {
+    template <typename T>
+    std::string operator()(Catalogue::Accessors<T> const&) const
+    {
+        return kindOfType<T>();
+    }
+    template <typename T>
+    std::string operator()(Catalogue::KeyedAccessors<T> const&) const
+    {
+        return kindOfType<T>();
+    }
+};
+
+struct NamedFamily {
+    std::string beginning; // of its keys: the key of the member without a name
+    Family const* family;
+};
+
+// Asked once: to ask the library binds it anew each time.
+std::vector<NamedFamily> const& families()
+{
+    static std::vector<NamedFamily> const all = [] {
+        std::vector<NamedFamily> result;
+        for (Family const& family : Catalogue::families())
+            result.push_back({Catalogue::observe(family, QString()).key, &family});
+        return result;
+    }();
+    return all;
+}
+
+bool isMember(std::string const& key, std::string const& beginning)
+{
+    return key.compare(0, beginning.size(), beginning) == 0 && isUtf8(key.substr(beginning.size()));
+}
+
+[[noreturn]] void refuseUnknown(Transfer::Entry const& entry)
+{
+    auto const& reserved = Catalogue::preferencesWithoutAccessors();
+    if (std::find(reserved.begin(), reserved.end(), entry.key) != reserved.end())
+        throw Transfer::Error(
+            absl::StrCat(placeOf(entry), " is reserved: the editor neither reads nor writes it; remove it, or give --with-unknown"));
+    std::vector<std::string> names;
+    for (Row const& row : Catalogue::preferences())
+        names.emplace_back(row.name);
+    throw Transfer::Error(absl::StrCat(placeOf(entry), " is no preference of the editor; ", didYouMean(entry.key, names),
+                                       "correct or remove it, or give --with-unknown to take such keys as they are"));
+}
+
+char const* storeName(Store store) { return store == Store::product ? "product" : "common"; }
+
+} // namespace
+
+std::optional<KnownKey> knownKey(std::string const& key)
+{
+    if (Row const* const row = Catalogue::findPreference(key))
+        return KnownKey{row->store, row->category, std::visit(KindOfAccessors(), row->accessors)};
+    for (auto const& [beginning, family] : families())
+        if (isMember(key, beginning))
+            return KnownKey{family->store, family->category, std::visit(KindOfAccessors(), family->accessors)};
+    return std::nullopt;
+}
+
+std::string classOf(std::string const& key)
+{
+    std::optional<KnownKey> const known = knownKey(key);
+    return known ? Catalogue::className(known->category) : "";
+}
+
+void checkKeys(Transfer::Document const& document, bool withUnknown)
+{
+    for (Transfer::Entry const& entry : document.entries) {
+        std::optional<KnownKey> const known = knownKey(entry.key);
+        if (!known && withUnknown)
+            continue;
+        if (!known)
+            refuseUnknown(entry);
+        if (known->store != entry.store)
+            throw Transfer::Error(absl::StrCat(placeOf(entry), " is kept in the other store; move it to stores.", storeName(known->store)));
+        if (known->kind != entry.kind)
+            throw Transfer::Error(absl::StrCat(placeOf(entry, "kind"), " is \"", entry.kind,
+                                               "\", which the editor would not read; give a value of kind \"", known->kind, "\""));
+    }
+}

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include <Inspection/RowDifference.h>
+
+#include "terminal/Escaping.h"
+#include <Inspection/ValueFormat.h>
+
+#include <Lumora/Util/ByteConversion.h>
+
+#include <QDateTime>
+
+#include <map>
+
+using nlohmann::ordered_json;
+using Storage::SqliteStorage;
+
+namespace {
+
+struct StoredAsJson {
+    ordered_json operator()(std::monostate) const { return nullptr; }
+    ordered_json operator()(std::vector<unsigned char> const& value) const { return toJson(Lumora::Util::VectorByteToQByteArray(value)); }
+    template <typename T>
+    ordered_json operator()(T const& value) const
+    {
+        return toJson(value);
+    }
+};
+
+bool isSame(std::optional<SqliteStorage::Row> const& before, std::optional<SqliteStorage::Row> const& after)
+{
+    if (!before || !after)
+        return false;
+    bool const isReadable = !std::holds_alternative<std::monostate>(after->value);
+    return before->kind == after->kind && before->value == after->value && (isReadable || before->changed == after->changed);
+}
+
+} // namespace
+
+ordered_json storedJson(SqliteStorage::Value const& value) { return std::visit(StoredAsJson(), value); }
+
+ordered_json storedJson(std::optional<SqliteStorage::Row> const& row)
+{
+    return row ? ordered_json{{"kind", row->kind}, {"value", storedJson(row->value)}} : ordered_json();
+}
+
+std::string storedText(SqliteStorage::Value const& value)
+{
+    ordered_json const shown = storedJson(value);
+    if (shown.is_null())
+        return "(unreadable)";
+    return shown.is_string() ? shown.get<std::string>() : shown.dump();
+}
+
+std::string inUtc(std::chrono::system_clock::time_point time)
+{
+    auto const milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch()).count();
+    return QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC).toString(Qt::ISODateWithMs).toStdString();
+}
+
+std::vector<KeyChange> changesBetween(std::vector<SqliteStorage::Row> const& before, std::vector<SqliteStorage::Row> const& after)
+{
+    std::map<std::string, KeyChange> byKey;
+    for (SqliteStorage::Row const& row : before)
+        byKey[row.key].before = row;
+    for (SqliteStorage::Row const& row : after)
+        byKey[row.key].after = row;
+    std::vector<KeyChange> changes;
+    for (auto& [key, change] : byKey) {
+        if (isSame(change.before, change.after))
+            continue;
+        change.key = key;
+        changes.push_back(std::move(change));
+    }
+    return changes;
+}
+
+std::string shown(std::optional<SqliteStorage::Row> const& row, std::string const& absent)
+{
+    return row ? onOneLine(storedText(row->value)) : absent;
+}

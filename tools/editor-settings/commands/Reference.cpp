@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: MIT
+#include "commands/Reference.h"
+
+#include "terminal/Escaping.h"
+#include "terminal/Table.h"
+#include <Inspection/PreferenceState.h>
+#include <Inspection/ValueFormat.h>
+
+#include <Host/ProductFile.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <utility>
+
+using Catalogue::Family;
+using Catalogue::Place;
+using Catalogue::Row;
+
+namespace {
+
+// Nothing lies below a device, so no file of this machine has a say in the pages.
+std::string const nobodysHome = "/dev/null/home";
+std::string const noResources = "/dev/null/resources";
+
+// The library bound to a product and nothing else, as it answers a user who has set nothing.
+class BoundOnAnyMachine {
+public:
+    explicit BoundOnAnyMachine(std::filesystem::path const& productFile) : m_product(std::make_shared<Host::ProductFile>(productFile))
+    {
+        ::setenv("HOME", nobodysHome.c_str(), 1);
+        for (char const* variable : {"XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"})
+            ::unsetenv(variable);
+        Settings::init({m_product, {}, {}, Lumora::ioPath(noResources)});
+    }
+
+private:
+    std::shared_ptr<IProductInfo> m_product;
+};
+
+// --- Markdown ---
+
+// `text` as code, also in a table, where a bar would end the cell.
+std::string code(std::string text)
+{
+    for (std::size_t at = text.find('|'); at != std::string::npos; at = text.find('|', at + 2))
+        text.insert(at, 1, '\\');
+    return '`' + text + '`';
+}
+
+std::string inPage(QString const& path)
+{
+    std::string const text = path.toStdString();
+    for (auto const& [root, sign] : {std::pair(nobodysHome, "~"), std::pair(noResources, "/opt/editor")})
+        if (text.compare(0, root.size(), root) == 0)
+            return code(sign + text.substr(root.size()));
+    return path.isNull() ? "whichever is found" : code(text);
+}
+
+void printLine(Columns const& cells) { std::cout << "| " << joined(cells, " | ") << " |\n"; }
+
+// `lines` sorted by what stands first in them.
+void printMarkdown(Columns const& heading, std::vector<Columns> lines)
+{
+    std::sort(lines.begin(), lines.end());
+    printLine(heading);
+    printLine(Columns(heading.size(), "---"));
+    for (Columns const& cells : lines)
+        printLine(cells);
+}
+
+// --- Preferences ---
+
+std::string typeInPage(Catalogue::Value const& value)
+{
+    std::string const type = typeName(value);
+    std::string const cpp = cppTypeName(value);
+    return type == cpp ? type : type + ", " + code(cpp);
+}
+
+std::string defaultInPage(Row const& row, Catalogue::Value const& value)
+{
+    if (row.computedDefault)
+        return inPage(row.computedDefault()) + ", which is " + code(Catalogue::placeOf(row.computedDefault).name);
+    bool const isEmptyList = value == Catalogue::Value(QStringList());
+    std::string const text = onOneLine(value);
+    return isEmptyList || text.empty() ? "empty" : code(text);
+}
+
+Columns lineOf(Row const& row)
+{
+    Catalogue::Value const value = Catalogue::observeUnstored(row).defaultValue;
+    return {code(row.name), typeInPage(value), name(row.store), Catalogue::className(row.category), defaultInPage(row, value), row.purpose};
+}
+
+Columns lineOf(Family const& family)
+{
+    Catalogue::Observation const unstored = Catalogue::observeUnstored(family, QStringLiteral("name"));
+    return {code(unstored.key), typeInPage(unstored.defaultValue), name(family.store), Catalogue::className(family.category),
+            family.purpose};
+}
+
+template <typename T>
+std::vector<Columns> linesOf(std::vector<T> const& rows)
+{
+    std::vector<Columns> lines;
+    for (T const& row : rows)
+        lines.push_back(lineOf(row));
+    return lines;
+}
+
+char const* const preferencesBegin = R"(# Preferences
+
+<!-- Printed by 'editor-settings list --format markdown'; scripts/docs writes it anew. -->
+
+What the library keeps for the editor, by key. A read gives what is stored, and the default where nothing is.
+
+- **type**: as the command line takes it, and as the library does where that has another name.
+- **store**: `product` for this product alone, `common` for what the vendor's products share.
+- **class**: what the preference is when settings leave the machine. `roaming` is the user's taste and holds on any machine;
+  `local` fits this machine; `personal` tells who the user is or what the user works on; `transient` was last used or
+  counted, and the editor comes to it again by itself.
+- **default**: folders as they are for a user who has set nothing, with `~` for the home folder. They are computed at each
+  read; [locations](locations.md) tells from what.
+
+)";
+
+char const* const familiesBegin = R"(
+## Under names of the editor's choice
+
+Each `name` has a value of its own, which is empty until it is set.
+
+)";
+
+char const* const reservedBegin = R"(
+## Reserved
+
+Keys that have a default and that nothing reads yet: )";
+
+char const* const locationsBegin = R"(# Locations
+
+<!-- Printed by 'editor-settings paths --format markdown'; scripts/docs writes it anew. -->
+
+Where the editor's files and folders lie, for a user who has set nothing: `~` is the home folder, and `/opt/editor` stands for
+the resources root of the binding. Separators that are doubled, and those at the end, belong to the paths.
+
+**decided by** names what a path starts from, and what the library asks of the product:
+
+- `movies` and `music`: the folders that `XDG_VIDEOS_DIR` and `XDG_MUSIC_DIR` name in `user-dirs.dirs`, which lies in
+  `XDG_CONFIG_HOME`, by default `~/.config`.
+- `data` and `cache`: `XDG_DATA_HOME` and `XDG_CACHE_HOME`, by default `~/.local/share` and `~/.cache`. To the cache Qt adds
+  the application's and the organisation's name where the editor sets them; here it sets neither.
+- `resources`: the resources root.
+- `nothing`: the text is fixed.
+- A folder preference decides by itself once it is set.
+
+On a machine, `editor-settings paths NAME --explain` tells what decides there.
+
+)";
+
+// --- Locations ---
+
+std::string decidedBy(Place const& place)
+{
+    std::vector<std::string> deciding = {Catalogue::rootName(place.root)};
+    for (std::string const& field : Catalogue::askedOfTheProduct(place))
+        deciding.push_back(code(field));
+    return joined(deciding, ", ");
+}
+
+Columns lineOf(Place const& place, std::string const& argument)
+{
+    std::string const label = argument.empty() ? place.name : place.name + ('(' + argument + ')');
+    return {code(label), inPage(place.path(argument)), Catalogue::useName(place.use), decidedBy(place), place.purpose};
+}
+
+Columns lineOfFolder(Row const& row)
+{
+    Place const& fallback = Catalogue::placeOf(row.computedDefault);
+    return {code(row.name), inPage(fallback.path()), Catalogue::useName(Catalogue::Use::written), "itself, else as " + code(fallback.name),
+            row.purpose};
+}
+
+std::vector<Columns> linesOfLocations()
+{
+    std::vector<Columns> lines;
+    for (Row const& row : Catalogue::preferences())
+        if (row.computedDefault)
+            lines.push_back(lineOfFolder(row));
+    for (Place const& place : Catalogue::places()) {
+        if (place.arguments.empty())
+            lines.push_back(lineOf(place, {}));
+        for (std::string const& argument : place.arguments)
+            lines.push_back(lineOf(place, argument));
+    }
+    return lines;
+}
+
+} // namespace
+
+void printPreferencesPage(std::filesystem::path const& productFile)
+{
+    BoundOnAnyMachine const binding(productFile);
+    std::cout << preferencesBegin;
+    printMarkdown({"key", "type", "store", "class", "default", "what it is for"}, linesOf(Catalogue::preferences()));
+    std::cout << familiesBegin;
+    printMarkdown({"key", "type", "store", "class", "what it is for"}, linesOf(Catalogue::families()));
+    std::cout << reservedBegin << code(joined(Catalogue::preferencesWithoutAccessors(), "`, `")) << ".\n";
+}
+
+void printLocationsPage(std::filesystem::path const& productFile)
+{
+    BoundOnAnyMachine const binding(productFile);
+    std::cout << locationsBegin;
+    printMarkdown({"location", "path", "use", "decided by", "what it is for"}, linesOfLocations());
+}

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+//
+// The verbs that carry stored values from one place to another in a document, see Transfer.h. Each throws `Refusal` for
+// what it says no to, `Storage::StorageError` for trouble with a store.
+#pragma once
+
+#include "terminal/Table.h"
+
+#include <Host/Application.h>
+
+#include <string>
+#include <vector>
+
+struct TransferOptions {
+    std::string file;              ///< "-" for standard output or input.
+    std::vector<std::string> only; ///< The classes of the keys that count; empty for all keys.
+    bool redact = false;           ///< Export: leave personal values out.
+    bool withUnknown = false;      ///< Import: take keys that the library never asks for.
+    bool dryRun = false;           ///< Import: tell what would change, and change nothing.
+};
+
+void exportSettings(Host::Application const& application, TransferOptions const& options);
+void importSettings(Host::Application const& application, TransferOptions const& options, Format format);
+/// Whether anything differs.
+bool showDifferences(Host::Application const& application, TransferOptions const& options, Format format);

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "terminal/InputFile.h"
+
+#include "terminal/Escaping.h"
+
+#include <absl/strings/str_cat.h>
+
+#include <cerrno>
+#include <system_error>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+[[noreturn]] void refuse(std::string const& shown, std::string const& reason)
+{
+    throw Refusal(absl::StrCat("cannot read ", shown, " (", reason, "); name a file that can be read, or give - for standard input"));
+}
+
+[[noreturn]] void refuse(std::string const& shown, int error) { refuse(shown, std::generic_category().message(error)); }
+
+// Not blocking: a pipe in the place of the file would else be waited for.
+class Input {
+public:
+    Input(std::string const& name, std::string const& shown)
+        : m_isFile(name != "-"), m_descriptor(m_isFile ? ::open(name.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC) : STDIN_FILENO)
+    {
+        struct stat status = {};
+        if (m_descriptor < 0 || ::fstat(m_descriptor, &status) != 0)
+            refuse(shown, errno);
+        if (m_isFile && !S_ISREG(status.st_mode))
+            refuse(shown, S_ISDIR(status.st_mode) ? "it is a folder" : "it is not a regular file");
+    }
+    ~Input()
+    {
+        if (m_isFile)
+            ::close(m_descriptor);
+    }
+    Input(Input const&) = delete;
+    Input& operator=(Input const&) = delete;
+
+    int descriptor() const { return m_descriptor; }
+
+private:
+    bool m_isFile;
+    int m_descriptor;
+};
+
+} // namespace
+
+std::string inputFile(std::string const& name, std::size_t most)
+{
+    std::string const shown = name == "-" ? "standard input" : quoted(name);
+    Input const input(name, shown);
+    std::string content;
+    char buffer[1 << 16];
+    for (ssize_t count; (count = ::read(input.descriptor(), buffer, sizeof buffer)) != 0;) {
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            refuse(shown, errno);
+        content.append(buffer, static_cast<std::size_t>(count));
+        if (content.size() > most)
+            throw Refusal(absl::StrCat(shown, " holds more than ", most, " bytes, which is too much; name a smaller one"));
+    }
+    return content;
+}
