@@ -20,8 +20,8 @@ namespace {
 
 bool isSame(Entry const& left, Entry const& right)
 {
-    return std::tie(left.store, left.key, left.kind, left.category, left.value) ==
-           std::tie(right.store, right.key, right.kind, right.category, right.value);
+    return std::tie(left.store, left.key, left.kind, left.dataClass, left.value) ==
+           std::tie(right.store, right.key, right.kind, right.dataClass, right.value);
 }
 
 // The alternative of a value of each kind; a redacted one has none.
@@ -85,9 +85,10 @@ void checkKeysOf(Document const& document)
     for (Entry const& entry : document.entries) {
         std::string const indication = "Indication/";
         std::string const favorites = "favorites_";
-        Catalogue::Row const* const row = Catalogue::findPreference(entry.key);
+        Catalogue::Preference const* const row = Catalogue::findPreference(entry.key);
         if (row)
-            expect(row->store == entry.store && !std::string(Catalogue::className(row->category)).empty(), "a preference in its store");
+            expect(row->store == entry.store && !std::string(Catalogue::dataClassName(row->dataClass)).empty(),
+                   "a preference in its store");
         else if (entry.key.compare(0, indication.size(), indication) == 0)
             expect(entry.kind == "bytes" && entry.store == Store::product, "an indication");
         else

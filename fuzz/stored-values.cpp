@@ -84,15 +84,15 @@ Value expected(Stored const& stored, char kind, Value const& defaultValue)
 
 void checkPreferences(Fuzz::BoundLibrary const& library, Stored const& stored)
 {
-    std::vector<Catalogue::Row> const& rows = Catalogue::preferences();
+    std::vector<Catalogue::Preference> const& rows = Catalogue::preferences();
     static std::vector<Value> const defaults = [&] {
         std::vector<Value> values;
-        for (Catalogue::Row const& row : rows)
-            values.push_back(Catalogue::observe(row).defaultValue);
+        for (Catalogue::Preference const& row : rows)
+            values.push_back(Catalogue::inspect(row).defaultValue);
         return values;
     }();
     for (std::size_t index = 0; index < rows.size(); ++index) {
-        Catalogue::Row const& row = rows[index];
+        Catalogue::Preference const& row = rows[index];
         auto const& values = row.store == Catalogue::Store::common ? library.commonValues : library.productValues;
         store(*values, row.name, stored, stored.kind(index));
         Value const value = row.read();

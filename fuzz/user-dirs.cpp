@@ -42,7 +42,7 @@ bool isPlain(std::string const& content)
 
 void checkReasons(Host::Application const& application, char const* place)
 {
-    std::vector<Decision> const reasons = decisions(application, *Catalogue::findPlace(place));
+    std::vector<Decision> const reasons = decisions(application, *Catalogue::findLocation(place));
     if (reasons.empty() || reasons.front().by != "user-dirs.dirs")
         Fuzz::finding(std::string("the reasons for ") + place + " lead elsewhere", {reasons.empty() ? "" : reasons.front().text});
 }

@@ -20,7 +20,7 @@ namespace Catalogue {
 enum class Store { product, common };
 
 /// What a preference is when settings leave the machine: for another machine of the user, or for somebody who helps.
-enum class Class {
+enum class DataClass {
     roaming,   ///< The user's taste: it holds on any machine.
     local,     ///< Fits this machine: folders, windows, updates of the program.
     personal,  ///< Tells who the user is or what the user works on.
@@ -28,7 +28,7 @@ enum class Class {
 };
 
 /// The word for a class: "roaming", "local", "personal" or "transient".
-char const* className(Class category);
+char const* dataClassName(DataClass dataClass);
 
 /// A value of a preference, in the type that the library's functions take.
 using Value = std::variant<bool, int, std::string, QString, QByteArray, QStringList>;
@@ -41,11 +41,11 @@ struct Accessors {
 };
 
 /// One preference.
-struct Row {
+struct Preference {
     char const* name;    ///< Its key.
     char const* purpose; ///< What it is for, in a few words.
     Store store;
-    Class category;
+    DataClass dataClass;
     std::variant<Accessors<bool>, Accessors<int>, Accessors<std::string>, Accessors<QString>, Accessors<QByteArray>, Accessors<QStringList>>
         accessors;                          ///< In the order of the alternatives of `Value`.
     QString (*computedDefault)() = nullptr; ///< The location that a read falls back on, where it is computed.
@@ -68,7 +68,7 @@ struct Family {
     char const* name;    ///< Of the getter, without namespace.
     char const* purpose; ///< What they are for, in a few words.
     Store store;
-    Class category; ///< Of each member.
+    DataClass dataClass; ///< Of each member.
     std::variant<KeyedAccessors<QByteArray>, KeyedAccessors<QStringList>> accessors;
 
     /// What the getter gives for the member called `member`.
@@ -101,7 +101,7 @@ char const* rootName(Root root);
 char const* useName(Use use);
 
 /// One location.
-struct Place {
+struct Location {
     char const* name;    ///< Of the function, without namespace.
     char const* purpose; ///< What lies there, in a few words.
     Root root;
@@ -119,7 +119,7 @@ struct Place {
 };
 
 /// What a look at the stores tells of a preference.
-struct Observation {
+struct InspectedValue {
     Value value;                ///< What a read gives now.
     Value defaultValue;         ///< What a read gives where nothing is stored.
     std::optional<Store> store; ///< The store that a read asks; none where the value is kept in memory.
@@ -128,9 +128,9 @@ struct Observation {
 };
 
 /// All preferences that have accessors, in the order of the library's header.
-std::vector<Row> const& preferences();
+std::vector<Preference> const& preferences();
 /// The preference called `name`; null where there is none.
-Row const* findPreference(std::string const& name);
+Preference const* findPreference(std::string const& name);
 /// Preferences that the library has a key and a default for, but no accessors.
 std::vector<std::string> const& preferencesWithoutAccessors();
 
@@ -140,26 +140,26 @@ std::vector<Family> const& families();
 Family const& familyOf(std::string const& name);
 
 /// All locations, in the order of the library's header.
-std::vector<Place> const& places();
+std::vector<Location> const& locations();
 /// The location called `name`; null where there is none.
-Place const* findPlace(std::string const& name);
+Location const* findLocation(std::string const& name);
 /// The location that `function`, one of those in `places`, computes.
-Place const& placeOf(QString (*function)());
+Location const& locationOf(QString (*function)());
 /// The operations of `IProductInfo` that the library asks for a location, in their order.
-std::vector<std::string> askedOfTheProduct(Place const& place);
+std::vector<std::string> askedOfTheProduct(Location const& location);
 
 /// Looks at a preference in the stores that the library is bound to.
-Observation observe(Row const& row);
+InspectedValue inspect(Preference const& preference);
 /// Looks at what `family` keeps under `name`.
-Observation observe(Family const& family, QString const& name);
+InspectedValue inspect(Family const& family, QString const& name);
 /// Looks at a preference as it is where nothing is stored. Needs no store.
-Observation observeUnstored(Row const& row);
+InspectedValue inspectUnstored(Preference const& preference);
 /// Looks at what `family` gives for `name` where nothing is stored, likewise.
-Observation observeUnstored(Family const& family, QString const& name);
+InspectedValue inspectUnstored(Family const& family, QString const& name);
 
 /// Whether a list comes back from a store as it was written: empty elements are lost, and the library's separator
 /// splits an element that holds it.
-bool comesBackUnchanged(QStringList const& list);
+bool survivesRoundTrip(QStringList const& list);
 /// The text that the library stores a list as.
 std::string storedText(QStringList const& list);
 

@@ -88,7 +88,7 @@ struct FieldsOfValue {
 
 std::string lineOf(Entry const& entry)
 {
-    ordered_json fields = {{"kind", entry.kind}, {"class", entry.category.empty() ? ordered_json() : ordered_json(entry.category)}};
+    ordered_json fields = {{"kind", entry.kind}, {"class", entry.dataClass.empty() ? ordered_json() : ordered_json(entry.dataClass)}};
     std::visit(FieldsOfValue{fields}, entry.value);
     std::string text;
     for (auto const& field : fields.items())
@@ -258,7 +258,7 @@ json parsed(std::string const& bytes)
     return builder.take();
 }
 
-std::string told(json const& value)
+std::string summary(json const& value)
 {
     if (value.is_object() || value.is_array())
         return value.is_object() ? "an object" : "an array";
@@ -267,7 +267,7 @@ std::string told(json const& value)
 
 [[noreturn]] void refuseValue(std::string const& place, json const& value, std::string const& accepted)
 {
-    throw Error(absl::StrCat(place, " is ", told(value), "; give ", accepted));
+    throw Error(absl::StrCat(place, " is ", summary(value), "; give ", accepted));
 }
 
 // One object of the document, and its place.
@@ -429,8 +429,8 @@ Entry entryOf(Store store, std::string const& name, Fields const& fields)
 {
     fields.checkNames({"kind", "class", "encoding", "value", "redacted"});
     Entry entry = {store, keyOf(name, fields.place()), fields.text("kind"), {}, {}};
-    if (json const* const category = fields.find("class"); category && !category->is_null())
-        entry.category = fields.text("class");
+    if (json const* const dataClass = fields.find("class"); dataClass && !dataClass->is_null())
+        entry.dataClass = fields.text("class");
     if (fields.find("redacted"))
         checkRedacted(entry.kind, fields);
     else
@@ -441,13 +441,13 @@ Entry entryOf(Store store, std::string const& name, Fields const& fields)
 void checkHeader(Fields const& document)
 {
     if (json const* const format = document.find("format"); !format || *format != formatName)
-        throw Error(format ? absl::StrCat("format is ", told(*format),
+        throw Error(format ? absl::StrCat("format is ", summary(*format),
                                           ", so this is no export of settings; give a file that 'editor-settings export' made")
                            : "format is missing, so this is no export of settings; give a file that 'editor-settings export' "
                              "made");
     json const& version = document.at("version");
     if (version.is_number_unsigned() && version > writtenVersion)
-        throw Error(absl::StrCat("version is ", told(version), ", and this program reads up to ", writtenVersion,
+        throw Error(absl::StrCat("version is ", summary(version), ", and this program reads up to ", writtenVersion,
                                  ": a newer one wrote the file; update this program"));
     if (version != writtenVersion || !version.is_number_integer())
         refuseValue("version", version, std::to_string(writtenVersion));

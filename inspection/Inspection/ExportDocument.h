@@ -38,7 +38,7 @@ struct Entry {
     Catalogue::Store store = Catalogue::Store::product;
     std::string key;
     std::string kind;                    ///< "bool", "int", "string" or "bytes".
-    std::string category;                ///< The word for its class; empty where that is unknown.
+    std::string dataClass;               ///< The word for its class; empty where that is unknown.
     Storage::SqliteStorage::Value value; ///< Of that kind; `std::monostate` where it was redacted.
 };
 

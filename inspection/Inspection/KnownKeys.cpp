@@ -12,7 +12,7 @@
 #include <vector>
 
 using Catalogue::Family;
-using Catalogue::Row;
+using Catalogue::Preference;
 using Catalogue::Store;
 
 namespace {
@@ -50,7 +50,7 @@ std::vector<NamedFamily> const& families()
     static std::vector<NamedFamily> const all = [] {
         std::vector<NamedFamily> result;
         for (Family const& family : Catalogue::families())
-            result.push_back({Catalogue::observe(family, QString()).key, &family});
+            result.push_back({Catalogue::inspect(family, QString()).key, &family});
         return result;
     }();
     return all;
@@ -68,7 +68,7 @@ bool isMember(std::string const& key, std::string const& beginning)
         throw Transfer::Error(
             absl::StrCat(placeOf(entry), " is reserved: the editor neither reads nor writes it; remove it, or give --with-unknown"));
     std::vector<std::string> names;
-    for (Row const& row : Catalogue::preferences())
+    for (Preference const& row : Catalogue::preferences())
         names.emplace_back(row.name);
     throw Transfer::Error(absl::StrCat(placeOf(entry), " is no preference of the editor; ", didYouMean(entry.key, names),
                                        "correct or remove it, or give --with-unknown to take such keys as they are"));
@@ -80,18 +80,18 @@ char const* storeName(Store store) { return store == Store::product ? "product" 
 
 std::optional<KnownKey> knownKey(std::string const& key)
 {
-    if (Row const* const row = Catalogue::findPreference(key))
-        return KnownKey{row->store, row->category, std::visit(KindOfAccessors(), row->accessors)};
+    if (Preference const* const row = Catalogue::findPreference(key))
+        return KnownKey{row->store, row->dataClass, std::visit(KindOfAccessors(), row->accessors)};
     for (auto const& [beginning, family] : families())
         if (isMember(key, beginning))
-            return KnownKey{family->store, family->category, std::visit(KindOfAccessors(), family->accessors)};
+            return KnownKey{family->store, family->dataClass, std::visit(KindOfAccessors(), family->accessors)};
     return std::nullopt;
 }
 
 std::string classOf(std::string const& key)
 {
     std::optional<KnownKey> const known = knownKey(key);
-    return known ? Catalogue::className(known->category) : "";
+    return known ? Catalogue::dataClassName(known->dataClass) : "";
 }
 
 void checkKeys(Transfer::Document const& document, bool withUnknown)

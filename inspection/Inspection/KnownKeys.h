@@ -10,7 +10,7 @@
 
 struct KnownKey {
     Catalogue::Store store;
-    Catalogue::Class category;
+    Catalogue::DataClass dataClass;
     std::string kind; ///< That the store keeps its values as.
 };
 

@@ -5,19 +5,19 @@
 
 #include <algorithm>
 
-using Catalogue::Place;
-using Catalogue::Row;
+using Catalogue::Location;
+using Catalogue::Preference;
 using Catalogue::Use;
 
 std::string LocationState::label() const { return argument.empty() ? name : name + '(' + onOneLine(argument) + ')'; }
 
-LocationState locationState(Row const& preference)
+LocationState locationState(Preference const& preference)
 {
-    return {preference.name, {}, std::get<QString>(preference.read()), Use::written, &Catalogue::placeOf(preference.computedDefault),
+    return {preference.name, {}, std::get<QString>(preference.read()), Use::written, &Catalogue::locationOf(preference.computedDefault),
             &preference};
 }
 
-LocationState locationState(Place const& place, std::string const& argument)
+LocationState locationState(Location const& place, std::string const& argument)
 {
     return {place.name, argument, place.path(argument), place.use, &place};
 }
@@ -25,10 +25,10 @@ LocationState locationState(Place const& place, std::string const& argument)
 std::vector<LocationState> locationStates()
 {
     std::vector<LocationState> states;
-    for (Row const& row : Catalogue::preferences())
+    for (Preference const& row : Catalogue::preferences())
         if (row.computedDefault)
             states.push_back(locationState(row));
-    for (Place const& place : Catalogue::places()) {
+    for (Location const& place : Catalogue::locations()) {
         if (place.arguments.empty())
             states.push_back(locationState(place, {}));
         for (std::string const& argument : place.arguments)
@@ -42,10 +42,10 @@ std::vector<LocationState> locationStates()
 std::vector<std::string> locationNames()
 {
     std::vector<std::string> names;
-    for (Row const& row : Catalogue::preferences())
+    for (Preference const& row : Catalogue::preferences())
         if (row.computedDefault)
             names.push_back(row.name);
-    for (Place const& place : Catalogue::places())
+    for (Location const& place : Catalogue::locations())
         names.push_back(place.name);
     std::sort(names.begin(), names.end());
     return names;
@@ -56,6 +56,6 @@ std::vector<WrittenFolder> foldersToWrite()
     std::vector<WrittenFolder> folders;
     for (LocationState const& location : locationStates())
         if (location.use == Use::written && !location.isExample())
-            folders.push_back({location.label(), location.path, checkFolderToWrite(location.path)});
+            folders.push_back({location.label(), location.path, writtenFolderStatus(location.path)});
     return folders;
 }

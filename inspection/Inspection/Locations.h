@@ -18,8 +18,8 @@ struct LocationState {
     std::string argument; ///< What it is asked about; empty where it takes nothing.
     QString path;         ///< What the library answers now; null where it finds none.
     Catalogue::Use use;
-    Catalogue::Place const* place; ///< Of a folder preference, the one that it falls back on.
-    Catalogue::Row const* preference = nullptr;
+    Catalogue::Location const* place; ///< Of a folder preference, the one that it falls back on.
+    Catalogue::Preference const* preference = nullptr;
 
     /// The name, with the argument in parentheses.
     std::string label() const;
@@ -28,9 +28,9 @@ struct LocationState {
 };
 
 /// What `place` gives for `argument`.
-LocationState locationState(Catalogue::Place const& place, std::string const& argument);
+LocationState locationState(Catalogue::Location const& place, std::string const& argument);
 /// What a folder preference gives.
-LocationState locationState(Catalogue::Row const& preference);
+LocationState locationState(Catalogue::Preference const& preference);
 /// All locations, sorted by name.
 std::vector<LocationState> locationStates();
 /// The names of all locations, sorted.
@@ -40,7 +40,7 @@ std::vector<std::string> locationNames();
 struct WrittenFolder {
     std::string label;
     QString path;
-    FolderCheck check;
+    PathStatus check;
 };
 
 /// All of them, sorted by name.

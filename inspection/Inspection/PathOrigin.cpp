@@ -164,7 +164,7 @@ std::vector<Decision> rootDecisions(Host::Application const& application, Root r
 
 } // namespace
 
-std::vector<Decision> decisions(Host::Application const& application, Catalogue::Place const& place)
+std::vector<Decision> decisions(Host::Application const& application, Catalogue::Location const& place)
 {
     std::map<std::string, std::function<std::string(IProductInfo const&)>> const fields = {
         {"vendorName", [](IProductInfo const& product) { return product.vendorName(); }},

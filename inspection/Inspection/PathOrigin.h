@@ -20,4 +20,4 @@ struct Decision {
 };
 
 /// What decides where `place` lies now, the root first.
-std::vector<Decision> decisions(Host::Application const& application, Catalogue::Place const& place);
+std::vector<Decision> decisions(Host::Application const& application, Catalogue::Location const& place);

@@ -28,7 +28,7 @@ fs::path bare(QString const& path)
 
 bool userMay(fs::path const& path, int rights) { return ::faccessat(AT_FDCWD, path.c_str(), rights, AT_EACCESS) == 0; }
 
-FolderCheck unusable(FolderCheck check, std::string const& remark)
+PathStatus unusable(PathStatus check, std::string const& remark)
 {
     check.isUsable = false;
     check.remark = remark;
@@ -36,9 +36,9 @@ FolderCheck unusable(FolderCheck check, std::string const& remark)
 }
 
 // What both kinds have in common: nothing, a relative path, a link that leads nowhere, a path that cannot be followed.
-FolderCheck checkPath(fs::path const& path)
+PathStatus checkPath(fs::path const& path)
 {
-    FolderCheck check;
+    PathStatus check;
     if (path.empty())
         return unusable(check, "empty");
     if (path.native().find('\0') != std::string::npos)
@@ -61,10 +61,10 @@ FolderCheck checkPath(fs::path const& path)
 }
 
 // Whether a missing folder can be made: the nearest folder above that there is must let the user.
-FolderCheck checkMissing(fs::path const& path)
+PathStatus checkMissing(fs::path const& path)
 {
     fs::path above = path.parent_path();
-    FolderCheck check = checkPath(above);
+    PathStatus check = checkPath(above);
     while (check.isUsable && !check.exists) {
         above = above.parent_path();
         check = checkPath(above);
@@ -85,10 +85,10 @@ FolderCheck checkMissing(fs::path const& path)
 
 } // namespace
 
-FolderCheck checkFolderToWrite(QString const& path)
+PathStatus writtenFolderStatus(QString const& path)
 {
     fs::path const folder = bare(path);
-    FolderCheck check = checkPath(folder);
+    PathStatus check = checkPath(folder);
     if (!check.isUsable)
         return check;
     if (!check.exists)
@@ -106,9 +106,9 @@ FolderCheck checkFolderToWrite(QString const& path)
     return check;
 }
 
-FolderCheck checkExistence(QString const& path)
+PathStatus readPathStatus(QString const& path)
 {
-    FolderCheck check = checkPath(bare(path));
+    PathStatus check = checkPath(bare(path));
     if (check.isUsable && !check.exists)
         check.remark = "missing";
     return check;

@@ -7,7 +7,7 @@
 
 #include <string>
 
-struct FolderCheck {
+struct PathStatus {
     bool exists = false;
     bool isWritable = false; ///< For what is missing: whether it can be made.
     bool isUsable = true;    ///< Whether the editor can make files there, after making the folder where it is missing.
@@ -15,6 +15,6 @@ struct FolderCheck {
 };
 
 /// Looks at a folder that the editor writes to, as the user who asks.
-FolderCheck checkFolderToWrite(QString const& path);
+PathStatus writtenFolderStatus(QString const& path);
 /// Looks at a file or folder that the editor reads.
-FolderCheck checkExistence(QString const& path);
+PathStatus readPathStatus(QString const& path);

@@ -9,22 +9,22 @@
 #include <algorithm>
 
 using Catalogue::Family;
-using Catalogue::Row;
+using Catalogue::Preference;
 using Catalogue::Store;
 using Catalogue::Value;
 
 namespace {
 
-void look(Host::Application const& application, Setting& setting)
+void look(Host::Application const& application, PreferenceState& setting)
 {
     if (setting.observation.isStored)
         setting.stored = storage(application, *setting.observation.store)->find(setting.observation.key);
 }
 
-Setting settingOf(Host::Application const& application, Row const& row)
+PreferenceState stateOf(Host::Application const& application, Preference const& row)
 {
-    Setting setting = {
-        row.name,           row.store, row.category, Catalogue::observe(row), {}, [&row](Value const& value) { row.write(value); },
+    PreferenceState setting = {
+        row.name,           row.store, row.dataClass, Catalogue::inspect(row), {}, [&row](Value const& value) { row.write(value); },
         row.computedDefault};
     look(application, setting);
     return setting;
@@ -43,28 +43,28 @@ struct Writer {
     }
 };
 
-Setting settingOf(Host::Application const& application, Family const& family, QString const& member)
+PreferenceState stateOf(Host::Application const& application, Family const& family, QString const& member)
 {
-    Catalogue::Observation const observation = Catalogue::observe(family, member);
-    Setting setting = {observation.key, family.store, family.category, observation, {}, std::visit(Writer{member}, family.accessors)};
+    Catalogue::InspectedValue const observation = Catalogue::inspect(family, member);
+    PreferenceState setting = {observation.key, family.store, family.dataClass, observation, {}, std::visit(Writer{member}, family.accessors)};
     look(application, setting);
     return setting;
 }
 
 // What the keys of a family begin with: the key of the member without a name.
-std::string prefix(Family const& family) { return Catalogue::observe(family, QString()).key; }
+std::string prefix(Family const& family) { return Catalogue::inspect(family, QString()).key; }
 
 bool beginsWith(std::string const& text, std::string const& beginning) { return text.compare(0, beginning.size(), beginning) == 0; }
 
 // The member of a family that a key belongs to; none where it belongs to no family, or is not UTF-8.
-std::optional<Setting> memberOfAFamily(Host::Application const& application, std::string const& key)
+std::optional<PreferenceState> memberOfAFamily(Host::Application const& application, std::string const& key)
 {
     for (Family const& family : Catalogue::families()) {
         std::string const beginning = prefix(family);
         if (!beginsWith(key, beginning))
             continue;
         QString const member = QString::fromStdString(key.substr(beginning.size()));
-        Setting found = settingOf(application, family, member);
+        PreferenceState found = stateOf(application, family, member);
         if (found.key == key)
             return found;
     }
@@ -74,22 +74,22 @@ std::optional<Setting> memberOfAFamily(Host::Application const& application, std
 std::string suggestion(std::string const& key)
 {
     std::vector<std::string> names;
-    for (Row const& row : Catalogue::preferences())
+    for (Preference const& row : Catalogue::preferences())
         names.push_back(row.name);
     return didYouMean(key, names);
 }
 
 } // namespace
 
-std::string Setting::storeName() const { return observation.store ? name(*observation.store) : "memory"; }
+std::string PreferenceState::storeName() const { return observation.store ? name(*observation.store) : "memory"; }
 
-std::string Setting::obstacle() const { return isOfOtherKind() ? "other kind" : isUnreadable() ? "unreadable" : ""; }
+std::string PreferenceState::obstacle() const { return isOfOtherKind() ? "other kind" : isUnreadable() ? "unreadable" : ""; }
 
-bool Setting::isOfOtherKind() const { return stored && stored->kind != storedKind(observation.value); }
+bool PreferenceState::isOfOtherKind() const { return stored && stored->kind != storedKind(observation.value); }
 
-bool Setting::isUnreadable() const { return stored && !isOfOtherKind() && std::holds_alternative<std::monostate>(stored->value); }
+bool PreferenceState::isUnreadable() const { return stored && !isOfOtherKind() && std::holds_alternative<std::monostate>(stored->value); }
 
-std::string Setting::state() const
+std::string PreferenceState::state() const
 {
     if (!stored)
         return "unset";
@@ -115,48 +115,49 @@ std::string const& storageTrouble(Host::Application const& application, Store st
     return store == Store::common ? application.commonStorageTrouble() : application.productStorageTrouble();
 }
 
-Setting setting(Host::Application const& application, std::string const& key)
+PreferenceState preferenceState(Host::Application const& application, std::string const& key)
 {
-    if (Row const* const row = Catalogue::findPreference(key))
-        return settingOf(application, *row);
-    if (std::optional<Setting> member = memberOfAFamily(application, key))
+    if (Preference const* const row = Catalogue::findPreference(key))
+        return stateOf(application, *row);
+    if (std::optional<PreferenceState> member = memberOfAFamily(application, key))
         return *std::move(member);
     auto const& reserved = Catalogue::preferencesWithoutAccessors();
     if (std::find(reserved.begin(), reserved.end(), key) != reserved.end())
-        throw Refusal(absl::StrCat(key, " is reserved: the editor neither reads nor writes it, so it cannot be reached"));
-    if (Catalogue::findPlace(key))
-        throw Refusal(absl::StrCat(key, " is a location and no preference; 'editor-settings paths ", key, "' shows it"));
-    throw Refusal(absl::StrCat("there is no preference ", quotedBriefly(key), "; ", suggestion(key), "'editor-settings list' shows all"));
+        throw UserError(absl::StrCat(key, " is reserved: the editor neither reads nor writes it, so it cannot be reached"));
+    if (Catalogue::findLocation(key))
+        throw UserError(absl::StrCat(key, " is a location and no preference; 'editor-settings paths ", key, "' shows it"));
+    throw UserError(absl::StrCat("there is no preference ", quotedBriefly(key), "; ", suggestion(key), "'editor-settings list' shows all"));
 }
 
 bool isInAFamily(std::string const& key)
 {
     auto const isMember = [&](Family const& family) {
         std::string const beginning = prefix(family);
-        return beginsWith(key, beginning) && Catalogue::observe(family, QString::fromStdString(key.substr(beginning.size()))).key == key;
+        return beginsWith(key, beginning) && Catalogue::inspect(family, QString::fromStdString(key.substr(beginning.size()))).key == key;
     };
     return std::any_of(Catalogue::families().begin(), Catalogue::families().end(), isMember);
 }
 
-std::vector<Setting> allSettings(Host::Application const& application)
+std::vector<PreferenceState> preferenceStates(Host::Application const& application)
 {
-    std::vector<Setting> settings;
-    for (Row const& row : Catalogue::preferences())
-        settings.push_back(settingOf(application, row));
+    std::vector<PreferenceState> settings;
+    for (Preference const& row : Catalogue::preferences())
+        settings.push_back(stateOf(application, row));
     std::vector<Storage::SqliteStorage::Row> rows;
     if (application.productStorage())
         rows = application.productStorage()->rows();
     for (Storage::SqliteStorage::Row const& stored : rows)
-        if (std::optional<Setting> member = memberOfAFamily(application, stored.key))
+        if (std::optional<PreferenceState> member = memberOfAFamily(application, stored.key))
             settings.push_back(*std::move(member));
-    std::sort(settings.begin(), settings.end(), [](Setting const& left, Setting const& right) { return left.key < right.key; });
+    std::sort(settings.begin(), settings.end(),
+              [](PreferenceState const& left, PreferenceState const& right) { return left.key < right.key; });
     return settings;
 }
 
 std::string keyInFamily(Family const& family, std::string const& member)
 {
     if (!isUtf8(member))
-        throw Refusal(
+        throw UserError(
             absl::StrCat("the name ", quotedBriefly(member), " is not UTF-8 without a byte order mark; give it as the editor writes it"));
     return prefix(family) + member;
 }

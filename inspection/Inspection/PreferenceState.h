@@ -12,11 +12,11 @@
 #include <string>
 #include <vector>
 
-struct Setting {
+struct PreferenceState {
     std::string key;
     Catalogue::Store store; ///< Where it belongs; `observation` tells which store a read asks.
-    Catalogue::Class category;
-    Catalogue::Observation observation;
+    Catalogue::DataClass dataClass;
+    Catalogue::InspectedValue observation;
     std::optional<Storage::SqliteStorage::Row> stored;  ///< What the store holds, of whichever kind.
     std::function<void(Catalogue::Value const&)> write; ///< Empty where the library has no setter.
     QString (*computedDefault)() = nullptr;
@@ -42,11 +42,11 @@ std::filesystem::path const& storageFile(Host::Application const& application, C
 /// Why it was left out although something is there; empty where it was not.
 std::string const& storageTrouble(Host::Application const& application, Catalogue::Store store);
 
-/// The setting under `key`. Throws `Refusal`, with what may have been meant.
-Setting setting(Host::Application const& application, std::string const& key);
+/// The setting under `key`. Throws `UserError`, with what may have been meant.
+PreferenceState preferenceState(Host::Application const& application, std::string const& key);
 /// Whether the library makes `key` from a name, as one of those that the editor keeps under names of its own.
 bool isInAFamily(std::string const& key);
 /// All preferences, and the members of families that are stored, sorted by key.
-std::vector<Setting> allSettings(Host::Application const& application);
-/// The key of the member `member` of a family. Throws `Refusal` where it is not UTF-8.
+std::vector<PreferenceState> preferenceStates(Host::Application const& application);
+/// The key of the member `member` of a family. Throws `UserError` where it is not UTF-8.
 std::string keyInFamily(Catalogue::Family const& family, std::string const& member);

@@ -56,14 +56,14 @@ std::string inUtc(std::chrono::system_clock::time_point time)
     return QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC).toString(Qt::ISODateWithMs).toStdString();
 }
 
-std::vector<KeyChange> changesBetween(std::vector<SqliteStorage::Row> const& before, std::vector<SqliteStorage::Row> const& after)
+std::vector<RowDifference> rowDifferences(std::vector<SqliteStorage::Row> const& before, std::vector<SqliteStorage::Row> const& after)
 {
-    std::map<std::string, KeyChange> byKey;
+    std::map<std::string, RowDifference> byKey;
     for (SqliteStorage::Row const& row : before)
         byKey[row.key].before = row;
     for (SqliteStorage::Row const& row : after)
         byKey[row.key].after = row;
-    std::vector<KeyChange> changes;
+    std::vector<RowDifference> changes;
     for (auto& [key, change] : byKey) {
         if (isSame(change.before, change.after))
             continue;

@@ -22,7 +22,7 @@ std::string storedText(Storage::SqliteStorage::Value const& value);
 std::string inUtc(std::chrono::system_clock::time_point time);
 
 /// What differs between two looks at a store.
-struct KeyChange {
+struct RowDifference {
     std::string key;
     std::optional<Storage::SqliteStorage::Row> before; ///< None where the key was absent.
     std::optional<Storage::SqliteStorage::Row> after;  ///< None where it is.
@@ -30,7 +30,7 @@ struct KeyChange {
 
 /// What happened to the keys between `before` and `after`, both sorted by key. A value that was set to what it was is no
 /// change; one that cannot be read is one when it was set again.
-std::vector<KeyChange> changesBetween(std::vector<Storage::SqliteStorage::Row> const& before,
-                                      std::vector<Storage::SqliteStorage::Row> const& after);
+std::vector<RowDifference> rowDifferences(std::vector<Storage::SqliteStorage::Row> const& before,
+                                          std::vector<Storage::SqliteStorage::Row> const& after);
 /// What `row` holds, on one line, with `absent` where there is none.
 std::string shown(std::optional<Storage::SqliteStorage::Row> const& row, std::string const& absent);

@@ -48,7 +48,7 @@ struct Target {
 
 [[noreturn]] void refuse(Target const& target, std::string const& word, std::string const& accepted)
 {
-    throw Refusal(absl::StrCat(target.name, " ", type(target.like).article, " and cannot be ", quotedBriefly(word), "; ", accepted));
+    throw UserError(absl::StrCat(target.name, " ", type(target.like).article, " and cannot be ", quotedBriefly(word), "; ", accepted));
 }
 
 QString decoded(Target const& target, std::string const& word)
@@ -101,7 +101,7 @@ std::string contentOfFile(Target const& target, std::string const& name, std::st
     try {
         return Host::fileContent(name);
     } catch (std::system_error const& error) {
-        throw Refusal(absl::StrCat(target.name, ": cannot read ", quoted(name), " (", error.code().message(), "); ", remedy));
+        throw UserError(absl::StrCat(target.name, ": cannot read ", quoted(name), " (", error.code().message(), "); ", remedy));
     }
 }
 
@@ -110,7 +110,7 @@ std::string contentOfInput(Target const& target)
     try {
         return standardInput();
     } catch (std::system_error const& error) {
-        throw Refusal(absl::StrCat(target.name, ": cannot read standard input (", error.code().message(), "); give it a file or a pipe"));
+        throw UserError(absl::StrCat(target.name, ": cannot read standard input (", error.code().message(), "); give it a file or a pipe"));
     }
 }
 
@@ -132,10 +132,10 @@ QStringList parsedList(Target const& target, std::vector<std::string> const& wor
         QString const element = decoded(target, word);
         if (element.isEmpty())
             refuse(target, word, "an empty element is lost when the list is read back; leave it out (--empty stores an empty list)");
-        if (!Catalogue::comesBackUnchanged({element}))
+        if (!Catalogue::survivesRoundTrip({element}))
             refuse(target, word, "the element holds the separator of stored lists and would come back in pieces");
         // No separator reaches further than from one element into the next, so two of them tell.
-        if (!list.isEmpty() && !Catalogue::comesBackUnchanged({list.last(), element}))
+        if (!list.isEmpty() && !Catalogue::survivesRoundTrip({list.last(), element}))
             refuse(target, word,
                    "together with the element before it, it makes up the separator of stored lists and would come back "
                    "otherwise");
@@ -147,8 +147,8 @@ QStringList parsedList(Target const& target, std::vector<std::string> const& wor
 std::string const& onlyWord(Target const& target, std::vector<std::string> const& words)
 {
     if (words.size() != 1)
-        throw Refusal(absl::StrCat(target.name, " takes one value, not ", words.size(), "; ",
-                                   words.empty() ? "--empty is for lists" : "put quotes around a value with blanks"));
+        throw UserError(absl::StrCat(target.name, " takes one value, not ", words.size(), "; ",
+                                     words.empty() ? "--empty is for lists" : "put quotes around a value with blanks"));
     return words.front();
 }
 

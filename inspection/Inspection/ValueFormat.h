@@ -19,11 +19,11 @@ std::string cppTypeName(Catalogue::Value const& value);
 /// The kind that the stores keep such a value as: "bool", "int", "string" or "bytes".
 std::string storedKind(Catalogue::Value const& value);
 
-/// The value that `words` give for what is called `name`, of the type of `like`. Throws `Refusal`, with what is accepted.
+/// The value that `words` give for what is called `name`, of the type of `like`. Throws `UserError`, with what is accepted.
 Catalogue::Value parsed(std::string const& name, Catalogue::Value const& like, std::vector<std::string> const& words);
 
 /// The value that is in `file`, or on standard input where that is "-": the elements of a list on a line each, all else byte
-/// for byte. Throws `Refusal`.
+/// for byte. Throws `UserError`.
 Catalogue::Value parsedFile(std::string const& name, Catalogue::Value const& like, std::string const& file);
 
 /// The value as text: bytes in base64, the elements of a list each on a line of its own.

@@ -7,7 +7,7 @@
 #include <set>
 #include <type_traits>
 
-using Catalogue::Row;
+using Catalogue::Preference;
 using Catalogue::Store;
 using Catalogue::Value;
 
@@ -15,20 +15,20 @@ using Catalogue::Value;
 template <std::size_t... Index>
 constexpr bool alternativesMatch(std::index_sequence<Index...>)
 {
-    return (std::is_same_v<std::variant_alternative_t<Index, decltype(Row::accessors)>,
+    return (std::is_same_v<std::variant_alternative_t<Index, decltype(Preference::accessors)>,
                            Catalogue::Accessors<std::variant_alternative_t<Index, Value>>> &&
             ...);
 }
-static_assert(std::variant_size_v<Value> == 6 && std::variant_size_v<decltype(Row::accessors)> == 6);
+static_assert(std::variant_size_v<Value> == 6 && std::variant_size_v<decltype(Preference::accessors)> == 6);
 static_assert(alternativesMatch(std::make_index_sequence<6>()));
 
 namespace {
 
 class CatalogueOfPreferences : public BoundLibrary {};
 
-Row const& row(char const* name)
+Preference const& row(char const* name)
 {
-    Row const* const found = Catalogue::findPreference(name);
+    Preference const* const found = Catalogue::findPreference(name);
     EXPECT_TRUE(found) << name;
     return *found;
 }
@@ -53,7 +53,7 @@ TEST_F(CatalogueOfPreferences, ValueOfAnotherTypeIsNotWritten)
 
 TEST_F(CatalogueOfPreferences, UnsetPreferenceIsObserved)
 {
-    Catalogue::Observation const observation = Catalogue::observe(row("exportPath"));
+    Catalogue::InspectedValue const observation = Catalogue::inspect(row("exportPath"));
     EXPECT_EQ(observation.value, Value(inHome("Videos/Lumora Library")));
     EXPECT_EQ(observation.defaultValue, Value(inHome("Videos/Lumora Library")));
     EXPECT_EQ(observation.store, Store::product);
@@ -64,20 +64,20 @@ TEST_F(CatalogueOfPreferences, UnsetPreferenceIsObserved)
 TEST_F(CatalogueOfPreferences, SetPreferenceIsObserved)
 {
     m_commonValues->setBool("sendStatistics", true);
-    Catalogue::Observation const observation = Catalogue::observe(row("sendStatistics"));
+    Catalogue::InspectedValue const observation = Catalogue::inspect(row("sendStatistics"));
     EXPECT_EQ(observation.value, Value(true));
     EXPECT_EQ(observation.defaultValue, Value(true));
     EXPECT_EQ(observation.store, Store::common);
     EXPECT_TRUE(observation.isStored) << "set, though to the default";
     m_commonValues->setBool("sendStatistics", false);
-    EXPECT_EQ(Catalogue::observe(row("sendStatistics")).value, Value(false));
-    EXPECT_EQ(Catalogue::observe(row("sendStatistics")).defaultValue, Value(true));
+    EXPECT_EQ(Catalogue::inspect(row("sendStatistics")).value, Value(false));
+    EXPECT_EQ(Catalogue::inspect(row("sendStatistics")).defaultValue, Value(true));
 }
 
 TEST_F(CatalogueOfPreferences, KeyThatHoldsAnotherKindIsStoredAndReadsAsTheDefault)
 {
     m_productValues->setString("npsSendCount", "many");
-    Catalogue::Observation const observation = Catalogue::observe(row("npsSendCount"));
+    Catalogue::InspectedValue const observation = Catalogue::inspect(row("npsSendCount"));
     EXPECT_TRUE(observation.isStored);
     EXPECT_EQ(observation.value, Value(0));
 }
@@ -85,8 +85,8 @@ TEST_F(CatalogueOfPreferences, KeyThatHoldsAnotherKindIsStoredAndReadsAsTheDefau
 TEST_F(CatalogueOfPreferences, ObservingChangesNeitherBindingNorStores)
 {
     m_productValues->setInt("npsSendCount", 5);
-    for (Row const& each : Catalogue::preferences())
-        Catalogue::observe(each);
+    for (Preference const& each : Catalogue::preferences())
+        Catalogue::inspect(each);
     EXPECT_EQ(m_productValues->values().size(), 1u);
     EXPECT_TRUE(m_commonValues->values().empty());
     EXPECT_EQ(s_instance.productStorage.lock(), m_productStore);
@@ -98,11 +98,11 @@ TEST_F(CatalogueOfPreferences, ObservingChangesNeitherBindingNorStores)
 TEST_F(CatalogueOfPreferences, HistoryInMemoryAsksNoStore)
 {
     m_product->kind = 1;
-    Catalogue::Observation const observation = Catalogue::observe(row("targetHistory"));
+    Catalogue::InspectedValue const observation = Catalogue::inspect(row("targetHistory"));
     EXPECT_FALSE(observation.store);
     EXPECT_FALSE(observation.isStored);
     m_product->kind = 0;
-    EXPECT_EQ(Catalogue::observe(row("targetHistory")).store, Store::product);
+    EXPECT_EQ(Catalogue::inspect(row("targetHistory")).store, Store::product);
 }
 
 TEST_F(CatalogueOfPreferences, ListsThatComeBackUnchangedAreToldFromOthers)
@@ -113,11 +113,11 @@ TEST_F(CatalogueOfPreferences, ListsThatComeBackUnchangedAreToldFromOthers)
             result.append(QString::fromUtf8(element));
         return result;
     };
-    EXPECT_TRUE(Catalogue::comesBackUnchanged({}));
-    EXPECT_TRUE(Catalogue::comesBackUnchanged(list({"a", "b c", "#", "|"})));
-    EXPECT_FALSE(Catalogue::comesBackUnchanged(list({"a", ""})));
-    EXPECT_FALSE(Catalogue::comesBackUnchanged(list({"x|#|y"})));
-    EXPECT_FALSE(Catalogue::comesBackUnchanged(list({"a|#", "|b"}))) << "joined, the two make up a separator too many";
+    EXPECT_TRUE(Catalogue::survivesRoundTrip({}));
+    EXPECT_TRUE(Catalogue::survivesRoundTrip(list({"a", "b c", "#", "|"})));
+    EXPECT_FALSE(Catalogue::survivesRoundTrip(list({"a", ""})));
+    EXPECT_FALSE(Catalogue::survivesRoundTrip(list({"x|#|y"})));
+    EXPECT_FALSE(Catalogue::survivesRoundTrip(list({"a|#", "|b"}))) << "joined, the two make up a separator too many";
     EXPECT_EQ(Catalogue::storedText({}), "");
     EXPECT_EQ(Catalogue::storedText(list({"a"})), "a");
     EXPECT_EQ(Catalogue::storedText(list({"a", "", "b c"})), "a|#||#|b c");
@@ -148,20 +148,20 @@ TEST_F(CatalogueOfFamilies, AreTheTwoThatTheLibraryHas)
     ASSERT_EQ(Catalogue::families().size(), 2u);
     EXPECT_STREQ(Catalogue::families()[0].name, "indicationObject");
     EXPECT_STREQ(Catalogue::families()[1].name, "favoriteItems");
-    EXPECT_EQ(Catalogue::families()[0].category, Catalogue::Class::transient);
-    EXPECT_EQ(Catalogue::families()[1].category, Catalogue::Class::roaming);
+    EXPECT_EQ(Catalogue::families()[0].dataClass, Catalogue::DataClass::transient);
+    EXPECT_EQ(Catalogue::families()[1].dataClass, Catalogue::DataClass::roaming);
 }
 
 TEST_F(CatalogueOfFamilies, AreObservedUnderTheKeyOfAName)
 {
     m_productValues->setString("favorites_fonts", "a|#|b");
-    Catalogue::Observation const favorites = Catalogue::observe(Catalogue::families()[1], QStringLiteral("fonts"));
+    Catalogue::InspectedValue const favorites = Catalogue::inspect(Catalogue::families()[1], QStringLiteral("fonts"));
     EXPECT_EQ(favorites.key, "favorites_fonts");
     EXPECT_EQ(favorites.store, Store::product);
     EXPECT_TRUE(favorites.isStored);
     EXPECT_EQ(favorites.value, Value(QStringList{QStringLiteral("a"), QStringLiteral("b")}));
     EXPECT_EQ(favorites.defaultValue, Value(QStringList()));
-    Catalogue::Observation const indication = Catalogue::observe(Catalogue::families()[0], QStringLiteral("a/b"));
+    Catalogue::InspectedValue const indication = Catalogue::inspect(Catalogue::families()[0], QStringLiteral("a/b"));
     EXPECT_EQ(indication.key, "Indication/a/b");
     EXPECT_FALSE(indication.isStored);
     EXPECT_EQ(indication.value, Value(QByteArray()));
@@ -173,16 +173,16 @@ class CatalogueOfPlaces : public BoundLibrary {};
 
 TEST_F(CatalogueOfPlaces, GiveWhatTheirFunctionsGive)
 {
-    EXPECT_EQ(Catalogue::findPlace("defaultProjectPath")->path(), inHome("Videos/Lumora Video Editor/Projects"));
-    EXPECT_EQ(Catalogue::findPlace("presetFilePath")->path(), QStringLiteral("/resources/presets-videoeditor.json"));
-    EXPECT_EQ(Catalogue::findPlace("stockMusicPath")->path(), QStringLiteral("/Music Library/"));
+    EXPECT_EQ(Catalogue::findLocation("defaultProjectPath")->path(), inHome("Videos/Lumora Video Editor/Projects"));
+    EXPECT_EQ(Catalogue::findLocation("presetFilePath")->path(), QStringLiteral("/resources/presets-videoeditor.json"));
+    EXPECT_EQ(Catalogue::findLocation("stockMusicPath")->path(), QStringLiteral("/Music Library/"));
 }
 
 TEST_F(CatalogueOfPlaces, HandOnTheirArgument)
 {
-    EXPECT_EQ(Catalogue::findPlace("resourceFile")->path("a/b.png"), QStringLiteral("/resources/a/b.png"));
-    EXPECT_EQ(Catalogue::findPlace("userEffectsPath")->path("a:b"), inHome(".local/share/Vendor/SharedData/Shared/UserEffects/a_b/"));
-    Catalogue::Place const* const sound = Catalogue::findPlace("notificationFile");
+    EXPECT_EQ(Catalogue::findLocation("resourceFile")->path("a/b.png"), QStringLiteral("/resources/a/b.png"));
+    EXPECT_EQ(Catalogue::findLocation("userEffectsPath")->path("a:b"), inHome(".local/share/Vendor/SharedData/Shared/UserEffects/a_b/"));
+    Catalogue::Location const* const sound = Catalogue::findLocation("notificationFile");
     EXPECT_EQ(sound->path("finish"), QStringLiteral("/resources/resources/samples/notifications/finish.wav"));
     EXPECT_EQ(sound->path("error"), QStringLiteral("/resources/resources/samples/notifications/error.wav"));
     EXPECT_THROW(sound->path("other"), std::out_of_range);
@@ -191,16 +191,16 @@ TEST_F(CatalogueOfPlaces, HandOnTheirArgument)
 
 TEST_F(CatalogueOfPlaces, AreFoundByNameAndFunction)
 {
-    EXPECT_STREQ(Catalogue::placeOf(&Settings::defaultProjectPath).name, "defaultProjectPath");
-    EXPECT_STREQ(Catalogue::placeOf(&Settings::defaultLumoraLibraryPath).name, "defaultLumoraLibraryPath");
-    EXPECT_FALSE(Catalogue::findPlace("makeDefaultPath"));
-    EXPECT_FALSE(Catalogue::findPlace("DefaultProjectPath"));
+    EXPECT_STREQ(Catalogue::locationOf(&Settings::defaultProjectPath).name, "defaultProjectPath");
+    EXPECT_STREQ(Catalogue::locationOf(&Settings::defaultLumoraLibraryPath).name, "defaultLumoraLibraryPath");
+    EXPECT_FALSE(Catalogue::findLocation("makeDefaultPath"));
+    EXPECT_FALSE(Catalogue::findLocation("DefaultProjectPath"));
 }
 
 TEST_F(CatalogueOfPlaces, TellWhatTheyAskOfTheProduct)
 {
     using Names = std::vector<std::string>;
-    auto const asked = [](char const* name) { return Catalogue::askedOfTheProduct(*Catalogue::findPlace(name)); };
+    auto const asked = [](char const* name) { return Catalogue::askedOfTheProduct(*Catalogue::findLocation(name)); };
     EXPECT_EQ(asked("productDataPath"), (Names{"vendorName", "productName"}));
     EXPECT_EQ(asked("userEffectsPath"), (Names{"vendorName", "sharedDataFolderName"}));
     EXPECT_EQ(asked("packageDeploymentPath"), Names{"vendorName"});
@@ -215,7 +215,7 @@ TEST_F(CatalogueOfPlaces, AreUsedAsTheEditorUsesThem)
 {
     using Catalogue::Use;
     std::map<Use, std::set<std::string>> names;
-    for (Catalogue::Place const& place : Catalogue::places())
+    for (Catalogue::Location const& place : Catalogue::locations())
         names[place.use].insert(place.name);
     EXPECT_EQ(names[Use::written],
               (std::set<std::string>{"productDataPath", "userIntrosPath", "userOverlaysPath", "userEffectsPath", "userUnsplashPath",
@@ -226,7 +226,7 @@ TEST_F(CatalogueOfPlaces, AreUsedAsTheEditorUsesThem)
     EXPECT_EQ(names[Use::embedded], std::set<std::string>{"countDownImagePath"});
     EXPECT_EQ(names[Use::fallback].size(), 11u);
     EXPECT_EQ(names[Use::shipped].size(), 34u);
-    EXPECT_EQ(Catalogue::places().size(), 62u);
+    EXPECT_EQ(Catalogue::locations().size(), 62u);
 }
 
 } // namespace

@@ -19,7 +19,7 @@
 
 namespace {
 
-using Catalogue::Row;
+using Catalogue::Preference;
 using Names = std::set<std::string>;
 
 // What is exported and is neither an accessor of a preference or a family nor a location, and why.
@@ -61,7 +61,7 @@ std::string nameOf(Function* function)
     return name.substr(0, name.find_first_of("[("));
 }
 
-std::string nameOf(Catalogue::Place const& place)
+std::string nameOf(Catalogue::Location const& place)
 {
     return std::visit([](auto const function) { return nameOf(function); }, place.function);
 }
@@ -72,7 +72,7 @@ Names expectedFunctions()
     for (PreferenceRow const& row : preferenceTable())
         if (row.hasAccessors())
             names.insert({row.getter, row.setter});
-    for (Catalogue::Place const& place : Catalogue::places())
+    for (Catalogue::Location const& place : Catalogue::locations())
         names.insert(nameOf(place));
     for (Catalogue::Family const& family : Catalogue::families())
         std::visit(
@@ -176,14 +176,14 @@ TEST(Drift, EveryRowOfTheTableHasARowOfTheCatalogue)
     for (PreferenceRow const& row : preferenceTable())
         (row.hasAccessors() ? table : withoutAccessors).insert(row.key);
     Names catalogue;
-    for (Row const& row : Catalogue::preferences())
+    for (Preference const& row : Catalogue::preferences())
         EXPECT_TRUE(catalogue.insert(row.name).second) << row.name << " has two rows";
     expectSame(table, "preferences.tsv", catalogue, "the catalogue");
     std::vector<std::string> const& reserved = Catalogue::preferencesWithoutAccessors();
     expectSame(withoutAccessors, "preferences.tsv", Names(reserved.begin(), reserved.end()), "the preferences without accessors");
 }
 
-std::string cppType(Row const& row)
+std::string cppType(Preference const& row)
 {
     char const* const names[] = {"bool", "int", "std::string", "QString", "QByteArray", "QStringList"};
     return names[row.accessors.index()];
@@ -194,11 +194,11 @@ class DriftOfRow : public BoundLibrary, public testing::WithParamInterface<Prefe
 TEST_P(DriftOfRow, RowAgreesWithTheTable)
 {
     PreferenceRow const& expected = GetParam();
-    Row const* const row = Catalogue::findPreference(expected.key);
+    Preference const* const row = Catalogue::findPreference(expected.key);
     ASSERT_TRUE(row) << expected.key << " has no row in the catalogue";
     EXPECT_EQ(cppType(*row), expected.type);
     EXPECT_EQ(row->store == Catalogue::Store::common ? "common" : "product", expected.store);
-    EXPECT_EQ(Catalogue::className(row->category), expected.category);
+    EXPECT_EQ(Catalogue::dataClassName(row->dataClass), expected.dataClass);
     std::visit(
         [&](auto const& accessors) {
             EXPECT_EQ(nameOf(accessors.get), expected.getter);
@@ -206,13 +206,13 @@ TEST_P(DriftOfRow, RowAgreesWithTheTable)
         },
         row->accessors);
 
-    Catalogue::Observation const observation = Catalogue::observe(*row);
+    Catalogue::InspectedValue const observation = Catalogue::inspect(*row);
     EXPECT_EQ(observation.key, expected.key);
     EXPECT_EQ(observation.store, row->store) << "the row names another store than the library asks";
 
     ASSERT_EQ(row->computedDefault != nullptr, expected.hasComputedDefault());
     if (row->computedDefault) {
-        EXPECT_EQ(Catalogue::placeOf(row->computedDefault).name + std::string("()"), expected.defaultValue);
+        EXPECT_EQ(Catalogue::locationOf(row->computedDefault).name + std::string("()"), expected.defaultValue);
         EXPECT_EQ(observation.defaultValue, Catalogue::Value(row->computedDefault())) << "the getter falls back on another location";
     }
 }
@@ -231,7 +231,7 @@ std::string withoutNamespace(std::string const& name) { return name.substr(name.
 TEST(Drift, EveryPlaceAndFamilyIsNamedAfterItsFunction)
 {
     Names names;
-    for (Catalogue::Place const& place : Catalogue::places()) {
+    for (Catalogue::Location const& place : Catalogue::locations()) {
         EXPECT_EQ(withoutNamespace(nameOf(place)), place.name);
         EXPECT_TRUE(names.insert(place.name).second) << place.name << " has two rows";
     }
@@ -242,11 +242,11 @@ TEST(Drift, EveryPlaceAndFamilyIsNamedAfterItsFunction)
 TEST(Drift, EveryFolderPreferenceFallsBackOnALocationOfThatUse)
 {
     Names fallbacks;
-    for (Row const& row : Catalogue::preferences())
+    for (Preference const& row : Catalogue::preferences())
         if (row.computedDefault)
-            fallbacks.insert(Catalogue::placeOf(row.computedDefault).name);
+            fallbacks.insert(Catalogue::locationOf(row.computedDefault).name);
     Names places;
-    for (Catalogue::Place const& place : Catalogue::places())
+    for (Catalogue::Location const& place : Catalogue::locations())
         if (place.use == Catalogue::Use::fallback)
             places.insert(place.name);
     expectSame(fallbacks, "the preferences", places, "the places");
@@ -254,13 +254,13 @@ TEST(Drift, EveryFolderPreferenceFallsBackOnALocationOfThatUse)
 
 // --- What a place starts from, and what it asks of the product ---
 
-class DriftOfPlace : public BoundLibrary, public testing::WithParamInterface<Catalogue::Place> {};
+class DriftOfPlace : public BoundLibrary, public testing::WithParamInterface<Catalogue::Location> {};
 
 // Moves one root after the other and looks which one takes the place along.
 TEST_P(DriftOfPlace, PlaceStartsFromItsRoot)
 {
     using Catalogue::Root;
-    Catalogue::Place const& place = GetParam();
+    Catalogue::Location const& place = GetParam();
     m_home.write("R/resources/samples/stock/projects/sample.ext1", "");
     auto const bindResources = [&](char const* folder) {
         SettingsContext context = s_instance;
@@ -294,12 +294,12 @@ TEST_P(DriftOfPlace, PlaceStartsFromItsRoot)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Places, DriftOfPlace, testing::ValuesIn(Catalogue::places()), [](auto const& test) { return test.param.name; });
+INSTANTIATE_TEST_SUITE_P(Places, DriftOfPlace, testing::ValuesIn(Catalogue::locations()), [](auto const& test) { return test.param.name; });
 
 TEST(Drift, OnlyAFragmentOrAnEmbeddedFileIsWithoutARoot)
 {
     using Catalogue::Use;
-    for (Catalogue::Place const& place : Catalogue::places())
+    for (Catalogue::Location const& place : Catalogue::locations())
         EXPECT_EQ(place.root == Catalogue::Root::nothing, place.use == Use::fragment || place.use == Use::embedded) << place.name;
 }
 

@@ -2,7 +2,7 @@
 //
 // The pages of the reference hold what the program prints, and what it prints is the same for everybody.
 #include <support/Table.h>
-#include <tools/Tool.h>
+#include <tools/commands/Tool.h>
 
 #include <fstream>
 
@@ -98,7 +98,7 @@ TEST_F(Reference, EveryPreferenceHasARowWithItsDefault)
         std::string const function = row.defaultValue.substr(0, row.defaultValue.find('('));
         std::string const expected = row.hasComputedDefault() ? ", which is `" + function + "`" : cells.at(row.defaultValue);
         std::string const found = rowOf(page, row.key);
-        EXPECT_NE(found.find(" | " + row.store + " | " + row.category + " | "), std::string::npos) << row.key << ": " << found;
+        EXPECT_NE(found.find(" | " + row.store + " | " + row.dataClass + " | "), std::string::npos) << row.key << ": " << found;
         EXPECT_NE(found.find(expected + " | "), std::string::npos) << row.key << ": " << found;
     }
 }

@@ -19,7 +19,7 @@ protected:
     std::vector<Decision> decisionsAbout(char const* place) const
     {
         Host::Application const application(m_productFile, m_home.path() / "stores", Host::StorePolicy::leaveOutMissing);
-        return decisions(application, *Catalogue::findPlace(place));
+        return decisions(application, *Catalogue::findLocation(place));
     }
 
     std::filesystem::path const m_productFile =

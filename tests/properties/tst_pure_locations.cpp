@@ -19,10 +19,10 @@ protected:
     // All of them, each that takes a name also with `name`.
     static Answers ask(std::string const& name, bool backwards)
     {
-        std::vector<Catalogue::Place> const& places = Catalogue::places();
+        std::vector<Catalogue::Location> const& places = Catalogue::locations();
         Answers answers;
         for (std::size_t index = 0; index < places.size(); ++index) {
-            Catalogue::Place const& place = places[backwards ? places.size() - 1 - index : index];
+            Catalogue::Location const& place = places[backwards ? places.size() - 1 - index : index];
             std::vector<std::string> arguments = place.arguments;
             bool const takesAnyName = arguments.size() == 1;
             if (takesAnyName)
@@ -39,7 +39,7 @@ protected:
 
 TEST_F(Locations, AnswerTheSameAgainWhateverTheProductIsCalled)
 {
-    ASSERT_EQ(Catalogue::places().size(), 62u);
+    ASSERT_EQ(Catalogue::locations().size(), 62u);
     expectForAll(40, [&](std::string const& name) {
         m_product->vendor = (*anyText()).toStdString();
         m_product->product = (*anyText()).toStdString();

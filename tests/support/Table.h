@@ -16,7 +16,7 @@ struct PreferenceRow {
     std::string store;        // product or common
     std::string getter;       // qualified; "-" for none
     std::string setter;
-    std::string category;
+    std::string dataClass;
 
     // The updater's key is not the library's own: it has no constants, and its setter takes the value by value.
     bool isOfUpdater() const { return key == "SUAutomaticallyUpdate"; }
@@ -35,7 +35,7 @@ inline std::vector<PreferenceRow> preferenceTable()
     while (std::getline(file, line)) {
         PreferenceRow row;
         std::istringstream fields(line);
-        for (std::string* field : {&row.key, &row.type, &row.defaultValue, &row.store, &row.getter, &row.setter, &row.category})
+        for (std::string* field : {&row.key, &row.type, &row.defaultValue, &row.store, &row.getter, &row.setter, &row.dataClass})
             std::getline(fields, *field, '\t');
         rows.push_back(row);
     }

@@ -116,7 +116,7 @@ private:
     std::optional<int> statusOfWords(int argc, char** argv)
     {
         try {
-            m_app.parse(marked(argc, argv));
+            m_app.parse(markedArguments(argc, argv));
             if (m_app.get_subcommands().empty())
                 throw CLI::RequiredError("A verb");
         } catch (CLI::ParseError const& error) {
@@ -238,7 +238,7 @@ private:
     std::map<CLI::Option const*, Choice> choices() const
     {
         Choice keys;
-        for (Catalogue::Row const& row : Catalogue::preferences())
+        for (Catalogue::Preference const& row : Catalogue::preferences())
             keys.words.push_back(row.name);
         std::sort(keys.words.begin(), keys.words.end());
         std::map<CLI::Option const*, Choice> result = {
@@ -284,10 +284,10 @@ private:
         bool const isMade = isToStore() || m_transfer.isToStore() || (*m_restore && !m_isDryRun);
         bool const isWhereStoresLie = m_home.empty() && isEmpty("XDG_DATA_HOME");
         if (isMade && isWhereStoresLie && !trouble.empty())
-            throw Refusal(absl::StrCat(trouble, "; set HOME to your folder, or name one for the stores with --home"));
+            throw UserError(absl::StrCat(trouble, "; set HOME to your folder, or name one for the stores with --home"));
         bool const isToldAnyway = *m_paths && m_pathsOptions.view == PathsView::explain;
         if (!isMade && !isToldAnyway && isEmpty("HOME"))
-            tell(absl::StrCat(trouble, "; set HOME to your folder"));
+            printError(absl::StrCat(trouble, "; set HOME to your folder"));
     }
 
     static bool isEmpty(char const* variable)
@@ -303,7 +303,7 @@ private:
             return;
         for (Catalogue::Store const store : {Catalogue::Store::product, Catalogue::Store::common})
             if (Storage::SqliteStorage const* const opened = storage(application, store); opened && opened->isReadOnly())
-                tell(absl::StrCat("only for reading: ", opened->readOnlyReason()));
+                printError(absl::StrCat("only for reading: ", opened->readOnlyReason()));
     }
 
     void answer(Host::Application const& application)
@@ -410,12 +410,12 @@ int main(int argc, char** argv)
     try {
         status = commandLine.run(argc, argv);
     } catch (std::exception const& error) {
-        tell(error.what());
+        printError(error.what());
         std::cerr << commandLine.adviceOn(error);
         status = commandLine.statusOfTrouble();
     }
     if (std::string const trouble = output.trouble(); !trouble.empty()) {
-        tell(absl::StrCat("cannot write to standard output: ", trouble));
+        printError(absl::StrCat("cannot write to standard output: ", trouble));
         return std::max(status, commandLine.statusOfTrouble());
     }
     return status;

@@ -81,7 +81,7 @@ Finding aboutFile(ExaminedStore const& store, Severity severity, char const* che
 void checkFolderOfStore(ExaminedStore const& store, Findings& findings)
 {
     fs::path const folder = store.file.parent_path();
-    FolderCheck const found = checkFolderToWrite(QString::fromStdString(folder.u8string()));
+    PathStatus const found = writtenFolderStatus(QString::fromStdString(folder.u8string()));
     if (!found.isUsable)
         findings.push_back({Severity::error,
                             "store-folder",
@@ -264,7 +264,7 @@ std::map<std::string, Halves> rationalsIn(ExaminedStore const& store)
 std::vector<std::string> knownNames()
 {
     std::vector<std::string> names;
-    for (Catalogue::Row const& row : Catalogue::preferences())
+    for (Catalogue::Preference const& row : Catalogue::preferences())
         names.push_back(row.name);
     return names;
 }
@@ -276,7 +276,7 @@ Findings checkKeys(ExaminedStore const& store)
     Findings findings;
     std::map<std::string, Halves> const rationals = rationalsIn(store);
     for (StoredRow const& row : store.rows) {
-        Catalogue::Row const* const known = Catalogue::findPreference(row.key);
+        Catalogue::Preference const* const known = Catalogue::findPreference(row.key);
         bool const isHalf = row.key.size() > 2 && !isKnown(store, row.key) && rationals.count(row.key.substr(0, row.key.size() - 2)) != 0;
         if (known && known->store != store.store)
             findings.push_back(
@@ -320,25 +320,25 @@ Findings checkRationals(ExaminedStore const& store)
 namespace {
 
 // A list, as a value of the library's, that another text would be stored for.
-bool changesWhenStoredAgain(Setting const& setting)
+bool changesWhenStoredAgain(PreferenceState const& setting)
 {
     auto const* const list = std::get_if<QStringList>(&setting.observation.value);
     return list && Catalogue::storedText(*list) != std::get<std::string>(setting.stored->value);
 }
 
-bool isTextThatIsNotUtf8(Setting const& setting)
+bool isTextThatIsNotUtf8(PreferenceState const& setting)
 {
     return std::holds_alternative<QString>(setting.observation.value) && !isUtf8(std::get<std::string>(setting.stored->value));
 }
 
-bool isAtTheEdge(Setting const& setting)
+bool isAtTheEdge(PreferenceState const& setting)
 {
     auto const* const number = std::get_if<int>(&setting.stored->value);
     return number && (*number == std::numeric_limits<int>::max() || *number == std::numeric_limits<int>::min());
 }
 
 // What is wrong with a stored value, if anything.
-void checkValue(Setting const& setting, ExaminedStore const& store, Findings& findings)
+void checkValue(PreferenceState const& setting, ExaminedStore const& store, Findings& findings)
 {
     std::string const unset = absl::StrCat("'editor-settings unset ", setting.key, "' removes it, so that the default holds");
     std::string const storeAnew =
@@ -373,10 +373,10 @@ Findings checkValues(Host::Application const& application, ExaminedStore const& 
 {
     Findings findings;
     for (StoredRow const& row : store.rows) {
-        Catalogue::Row const* const known = Catalogue::findPreference(row.key);
+        Catalogue::Preference const* const known = Catalogue::findPreference(row.key);
         if (known ? known->store != store.store : store.store != Store::product || !isInAFamily(row.key))
             continue;
-        Setting const found = setting(application, row.key);
+        PreferenceState const found = preferenceState(application, row.key);
         if (found.stored) // else it was removed meanwhile, or is kept in memory by a product of this kind
             checkValue(found, store, findings);
     }

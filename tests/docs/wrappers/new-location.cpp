@@ -14,12 +14,12 @@ namespace Settings {
 using namespace Catalogue;
 
 template <typename Function>
-Place place(char const* name, char const* purpose, Function* function, Root root, Use use)
+Location location(char const* name, char const* purpose, Function* function, Root root, Use use)
 {
     return {name, purpose, root, use, function};
 }
 
-Place const added[] = {
+Location const added[] = {
 @3@
 };
 

@@ -18,12 +18,12 @@ constexpr bool product = false;
 using namespace Catalogue;
 
 template <typename T>
-Row row(char const* name, char const* purpose, Store store, Class category, T (*get)(), void (*set)(T const&))
+Preference preference(char const* name, char const* purpose, Store store, DataClass dataClass, T (*get)(), void (*set)(T const&))
 {
-    return {name, purpose, store, category, Accessors<T>{get, set}};
+    return {name, purpose, store, dataClass, Accessors<T>{get, set}};
 }
 
-Row const added[] = {
+Preference const added[] = {
 @3@
 };
 
@@ -32,10 +32,10 @@ int main()
     auto const information = std::make_shared<TestKit::FixedProductInfo>();
     auto const store = std::make_shared<TestKit::MemoryStorage>();
     Settings::init({information, store, store, {}});
-    for (Row const& each : added) {
-        Observation const unset = observe(each);
+    for (Preference const& each : added) {
+        InspectedValue const unset = inspect(each);
         each.write(!std::get<bool>(unset.value));
-        Observation const set = observe(each);
+        InspectedValue const set = inspect(each);
         bool const isRight = unset.key == each.name && unset.store == each.store && set.isStored && set.value != unset.value;
         std::puts(isRight ? each.name : "wrong");
     }

@@ -360,7 +360,7 @@ TEST_F(Exchange, RedactedExportHoldsNothingPersonal)
 {
     Values product = {{"unknown", std::string("secret")}, {"unknownNumber", 424242}, {"npsValueToSend", 777777}, {"npsSendCount", 8}};
     for (PreferenceRow const& row : preferenceTable())
-        if (row.category == "personal" && row.store == "product" && row.type != "int" && row.type != "bool")
+        if (row.dataClass == "personal" && row.store == "product" && row.type != "int" && row.type != "bool")
             product[row.key] = row.type == "QByteArray" ? SqliteStorage::Value(Bytes{'s', 'e', 'c', 'r', 'e', 't'}) : std::string("secret");
     std::string const home = m_home.path().string();
     Bytes utf16(4, 0);

@@ -18,7 +18,7 @@ CLI::Validator notEmpty(char const* refusal)
 
 } // namespace
 
-std::vector<std::string> marked(int argc, char** argv)
+std::vector<std::string> markedArguments(int argc, char** argv)
 {
     std::vector<std::string> words(argv + 1, argv + argc);
     for (std::string& word : words)

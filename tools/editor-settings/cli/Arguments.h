@@ -11,7 +11,7 @@
 #include <vector>
 
 /// The words, marked, the last one first as CLI11 wants them.
-std::vector<std::string> marked(int argc, char** argv);
+std::vector<std::string> markedArguments(int argc, char** argv);
 /// A text that tells of marked words, without their marks.
 std::string unmarked(std::string text);
 

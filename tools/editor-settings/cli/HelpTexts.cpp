@@ -3,9 +3,9 @@
 
 #include <absl/strings/str_cat.h>
 
-std::vector<Note> const& notes()
+std::vector<HelpText> const& helpTexts()
 {
-    static std::vector<Note> const all = {
+    static std::vector<HelpText> const all = {
         {"Exit status", R"(  0  done
   1  said no: unknown key, wrong value, trouble with a store or the product file, a folder that cannot be used,
      or doctor found something wrong
@@ -29,7 +29,7 @@ meanwhile which step it is at, where standard error is a terminal.)"},
 std::string helpFooter()
 {
     std::string footer;
-    for (Note const& note : notes())
+    for (HelpText const& note : helpTexts())
         footer += absl::StrCat(footer.empty() ? "" : "\n\n", note.title, ":\n", note.text);
     return footer;
 }

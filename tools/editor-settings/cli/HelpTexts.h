@@ -5,12 +5,12 @@
 #include <vector>
 
 /// What stands after all verbs in the help, and as a section in the manual.
-struct Note {
+struct HelpText {
     char const* title;
     char const* text; ///< Lines that begin with blanks stay lines of their own.
 };
 
-std::vector<Note> const& notes();
+std::vector<HelpText> const& helpTexts();
 
 /// The notes as the help shows them.
 std::string helpFooter();

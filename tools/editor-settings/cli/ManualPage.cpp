@@ -111,7 +111,7 @@ std::string manualPage(CLI::App const& app)
     page += ".SH OPTIONS\n" + entriesOf(app);
     page += ".SH VERBS\n" + verbs;
     page += ".SH ENVIRONMENT\n" + environment;
-    for (Note const& note : notes())
+    for (HelpText const& note : helpTexts())
         page += ".SH \"" + upperCase(troff(note.title)) + "\"\n" + troff(note.text) + '\n';
     return page;
 }

@@ -38,13 +38,13 @@ std::vector<std::string> verbNames(CLI::App const& app)
 
 std::string likelyOption(std::string const& word, std::vector<CLI::App const*> const& verbs)
 {
-    std::vector<std::string> const likely = nearest(word.substr(0, word.find('=')), optionNames(verbs));
+    std::vector<std::string> const likely = suggestions(word.substr(0, word.find('=')), optionNames(verbs));
     return likely.empty() ? std::string() : absl::StrCat("Did you mean ", alternatives(likely), "?") + '\n';
 }
 
 std::string likelyVerb(std::string const& word, std::vector<CLI::App const*> const& verbs)
 {
-    std::vector<std::string> const likely = nearest(word, verbNames(*verbs.back()));
+    std::vector<std::string> const likely = suggestions(word, verbNames(*verbs.back()));
     if (likely.empty())
         return {};
     std::string path;

@@ -35,7 +35,7 @@ bool holds(Storage::Backup const& backup, Store store)
 // What a restore of one store does, or would.
 struct Restored {
     Store store;
-    std::vector<KeyChange> changes;
+    std::vector<RowDifference> changes;
     std::optional<std::filesystem::path> kept;
 };
 
@@ -44,7 +44,7 @@ void printAsJson(Storage::Backup const& backup, std::vector<Restored> const& all
     ordered_json result = {{"made", inUtc(backup.made())}, {"dryRun", isDryRun}, {"stores", ordered_json::object()}};
     for (Restored const& restored : all) {
         auto changes = ordered_json::array();
-        for (KeyChange const& change : restored.changes)
+        for (RowDifference const& change : restored.changes)
             changes.push_back({{"key", change.key}, {"before", storedJson(change.before)}, {"after", storedJson(change.after)}});
         result["stores"][name(restored.store)] = {{"kept", restored.kept ? ordered_json(restored.kept->u8string()) : ordered_json()},
                                                   {"changes", changes}};
@@ -57,13 +57,13 @@ void printAsTable(std::vector<Restored> const& all, Format format)
     std::string const unset = "(unset)";
     std::vector<Columns> table;
     for (Restored const& restored : all)
-        for (KeyChange const& change : restored.changes)
+        for (RowDifference const& change : restored.changes)
             table.push_back({name(restored.store), onOneLine(change.key), shown(change.before, unset), shown(change.after, unset)});
     if (!table.empty())
         printTable(table, {"STORE", "KEY", "NOW", "IN THE BACKUP"}, format);
 }
 
-std::string told(Storage::Backup const& backup, Restored const& restored, bool isDryRun)
+std::string summary(Storage::Backup const& backup, Restored const& restored, bool isDryRun)
 {
     std::string const store = name(restored.store);
     std::string const made = inUtc(backup.made());
@@ -84,7 +84,7 @@ void backUpStores(Host::Application const& application, std::string const& file)
         if (SqliteStorage const* const now = storage(application, store))
             present[name(store)] = now;
     if (present.empty())
-        throw Refusal("there is no store yet, so there is nothing to back up");
+        throw UserError("there is no store yet, so there is nothing to back up");
     Progress progress(2);
     progress.next("copying the stores");
     Storage::Backup::write(file, present);
@@ -108,11 +108,11 @@ void restoreStores(Host::Application const& application, std::string const& file
         }
         if (std::string const& trouble = storageTrouble(application, store); !trouble.empty())
             progress->aside(trouble);
-        Restored restored = {store, changesBetween(rowsNow(application, store), backup.rows(name(store))), std::nullopt};
+        Restored restored = {store, rowDifferences(rowsNow(application, store), backup.rows(name(store))), std::nullopt};
         if (!isDryRun)
             restored.kept = backup.restore(name(store), storageFile(application, store));
         if (format == Format::people)
-            progress->aside(told(backup, restored, isDryRun));
+            progress->aside(summary(backup, restored, isDryRun));
         all.push_back(std::move(restored));
     }
     progress.reset(); // the answer may stand on the same terminal

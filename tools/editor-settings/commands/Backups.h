@@ -9,7 +9,7 @@
 
 #include <string>
 
-/// Writes a copy of the stores to the new file `file`. Throws `Refusal` where there is no store.
+/// Writes a copy of the stores to the new file `file`. Throws `UserError` where there is no store.
 void backUpStores(Host::Application const& application, std::string const& file);
 
 /// Makes the stores what they are in the backup `file`, and tells where what was there is kept; with `isDryRun` only

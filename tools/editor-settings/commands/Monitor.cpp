@@ -37,13 +37,13 @@ public:
     std::string const& name() const { return m_name; }
 
     // What has changed since the last look.
-    std::vector<KeyChange> look()
+    std::vector<RowDifference> look()
     {
         try {
             std::vector<SqliteStorage::Row> const before = m_rows;
             bool const isReadAnew = read();
             m_trouble.clear();
-            return isReadAnew ? changesBetween(before, m_rows) : std::vector<KeyChange>();
+            return isReadAnew ? rowDifferences(before, m_rows) : std::vector<RowDifference>();
         } catch (Storage::StorageError const& error) {
             m_opened.reset();
             tellOnce(error.what());
@@ -77,7 +77,7 @@ private:
     void tellOnce(std::string const& trouble)
     {
         if (trouble != m_trouble)
-            tell(trouble);
+            printError(trouble);
         m_trouble = trouble;
     }
 
@@ -90,7 +90,7 @@ private:
     std::string m_trouble;
 };
 
-void print(std::string const& store, KeyChange const& change, Format format)
+void print(std::string const& store, RowDifference const& change, Format format)
 {
     std::string const time = inUtc(change.after ? change.after->changed : std::chrono::system_clock::now());
     if (format == Format::json) {
@@ -128,10 +128,10 @@ void monitorStores(Host::Application const& application, Format format)
                               {name(Store::common), storageFile(application, Store::common)}};
     for (WatchedStore& store : watched)
         store.look();
-    tell("watching both stores; Ctrl+C ends it");
+    printError("watching both stores; Ctrl+C ends it");
     while (std::cout && ::sigtimedwait(&ends, nullptr, &pauseBetweenLooks) < 0)
         for (WatchedStore& store : watched) {
-            for (KeyChange const& change : store.look())
+            for (RowDifference const& change : store.look())
                 print(store.name(), change, format);
             std::cout.flush();
         }

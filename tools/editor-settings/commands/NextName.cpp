@@ -28,10 +28,10 @@ namespace {
 QString utf8(std::string const& word)
 {
     if (!isUtf8(word))
-        throw Refusal(absl::StrCat(quotedBriefly(word), " is not UTF-8 without a byte order mark; give the name in UTF-8"));
+        throw UserError(absl::StrCat(quotedBriefly(word), " is not UTF-8 without a byte order mark; give the name in UTF-8"));
     // A name can be a pattern, and a pattern that nests deep would take more stack than there is.
     if (word.size() >= PATH_MAX)
-        throw Refusal(absl::StrCat(quotedBriefly(word), " is longer than a path can be; give the name of a file"));
+        throw UserError(absl::StrCat(quotedBriefly(word), " is longer than a path can be; give the name of a file"));
     return QString::fromStdString(word);
 }
 
@@ -64,20 +64,20 @@ constexpr int triesWhereTheFolderComesAndGoes = 100;
 QString checkedName(Proposal const& proposal)
 {
     std::string const folder = quoted(proposal.folder.toStdString());
-    FolderCheck check = checkFolderToWrite(proposal.folder);
+    PathStatus check = writtenFolderStatus(proposal.folder);
     // The folder may come and go while it is looked at.
     for (int tries = 1; !check.isUsable && tries < triesWhereTheFolderComesAndGoes; ++tries)
-        check = checkFolderToWrite(proposal.folder);
+        check = writtenFolderStatus(proposal.folder);
     if (!check.isUsable)
-        throw Refusal(absl::StrCat("nothing can be reserved in ", folder, ", which is ", proposal.setting, ": ", check.remark,
-                                   "; store another folder there, or mend that"));
+        throw UserError(absl::StrCat("nothing can be reserved in ", folder, ", which is ", proposal.setting, ": ", check.remark,
+                                     "; store another folder there, or mend that"));
     QString const beginning = proposal.folder + QDir::separator();
     if (!proposal.path.startsWith(beginning))
-        throw Refusal(absl::StrCat(proposal.setting, " was changed meanwhile; try again"));
+        throw UserError(absl::StrCat(proposal.setting, " was changed meanwhile; try again"));
     QString const name = proposal.path.mid(beginning.size());
     if (name.contains(QDir::separator()) || name.contains(QChar(0)))
-        throw Refusal(absl::StrCat("the name ", quoted(name.toStdString()), " would not lie in ", folder,
-                                   " as it is; take a format without \"/\" and NUL"));
+        throw UserError(absl::StrCat("the name ", quoted(name.toStdString()), " would not lie in ", folder,
+                                     " as it is; take a format without \"/\" and NUL"));
     return name;
 }
 
@@ -85,7 +85,7 @@ QString checkedName(Proposal const& proposal)
 {
     std::string const remedy = error == std::errc::filename_too_long ? "take a source with a shorter name"
                                                                      : "'editor-settings paths --check' tells which folders can be used";
-    throw Refusal(absl::StrCat("cannot make the ", what, " ", quoted(path.u8string()), " (", error.message(), "); ", remedy));
+    throw UserError(absl::StrCat("cannot make the ", what, " ", quoted(path.u8string()), " (", error.message(), "); ", remedy));
 }
 
 // Makes the file where nothing of that name is there, be it a link that leads nowhere. Whether it did.
@@ -141,7 +141,7 @@ fs::path reserved(NextNameOptions const& options)
             break;
     }
     if (!why.empty())
-        tell(absl::StrCat(why, "; ", quoted(name.toStdString()), " is reserved instead"));
+        printError(absl::StrCat(why, "; ", quoted(name.toStdString()), " is reserved instead"));
     return onDisk(asked.folder, name);
 }
 
@@ -158,6 +158,6 @@ void showNextName(NextNameOptions const& options, Format format)
     else
         printAsItIs(format == Format::plain ? onOneLine(path) : path);
     if (options.reserve && !std::cout.flush())
-        throw Refusal(
+        throw UserError(
             absl::StrCat(quoted(path), " is reserved, but standard output cannot be written; remove the file if it is not wanted"));
 }

@@ -16,5 +16,5 @@ struct NextNameOptions {
     bool reserve = false; ///< Make the file, empty, so that the name is taken.
 };
 
-/// Prints the path that the library proposes, or the one that was reserved. Throws `Refusal` where none can be.
+/// Prints the path that the library proposes, or the one that was reserved. Throws `UserError` where none can be.
 void showNextName(NextNameOptions const& options, Format format);

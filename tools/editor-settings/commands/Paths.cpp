@@ -14,8 +14,8 @@
 
 #include <fnmatch.h>
 
-using Catalogue::Place;
-using Catalogue::Row;
+using Catalogue::Location;
+using Catalogue::Preference;
 using Catalogue::Use;
 using nlohmann::ordered_json;
 
@@ -30,25 +30,26 @@ std::string takesNothing(std::string const& name) { return absl::StrCat(name, " 
 LocationState oneLocation(PathsOptions const& options)
 {
     if (!isUtf8(options.argument))
-        throw Refusal(absl::StrCat(quotedBriefly(options.argument), " is not UTF-8 without a byte order mark; give it as the editor does"));
-    Place const* const place = Catalogue::findPlace(options.name);
+        throw UserError(
+            absl::StrCat(quotedBriefly(options.argument), " is not UTF-8 without a byte order mark; give it as the editor does"));
+    Location const* const place = Catalogue::findLocation(options.name);
     if (!place) {
-        Row const* const row = Catalogue::findPreference(options.name);
+        Preference const* const row = Catalogue::findPreference(options.name);
         if (!row || !row->computedDefault)
-            throw Refusal(absl::StrCat("there is no location ", quotedBriefly(options.name), "; ",
-                                       didYouMean(options.name, locationNames()), "'editor-settings paths' shows all"));
+            throw UserError(absl::StrCat("there is no location ", quotedBriefly(options.name), "; ",
+                                         didYouMean(options.name, locationNames()), "'editor-settings paths' shows all"));
         if (!options.argument.empty())
-            throw Refusal(takesNothing(options.name));
+            throw UserError(takesNothing(options.name));
         return locationState(*row);
     }
     bool const takesAnArgument = !place->arguments.empty();
     bool const isOneOfAFew = place->arguments.size() > 1;
     bool const isKnown = std::find(place->arguments.begin(), place->arguments.end(), options.argument) != place->arguments.end();
     if (takesAnArgument && (options.argument.empty() || (isOneOfAFew && !isKnown)))
-        throw Refusal(absl::StrCat("say what ", options.name, " is asked about: 'editor-settings paths ", options.name, " ",
-                                   joined(place->arguments, "' or '"), "'"));
+        throw UserError(absl::StrCat("say what ", options.name, " is asked about: 'editor-settings paths ", options.name, " ",
+                                     joined(place->arguments, "' or '"), "'"));
     if (!takesAnArgument && !options.argument.empty())
-        throw Refusal(takesNothing(options.name));
+        throw UserError(takesNothing(options.name));
     return locationState(*place, options.argument);
 }
 
@@ -59,7 +60,7 @@ std::vector<LocationState> askedLocations(PathsOptions const& options)
     if (!options.name.empty() && !isPattern(options.name))
         return {oneLocation(options)};
     if (!options.argument.empty())
-        throw Refusal("nothing goes after a pattern; name one location");
+        throw UserError("nothing goes after a pattern; name one location");
     std::vector<LocationState> locations = locationStates();
     auto const isLeftOut = [&](LocationState const& location) {
         return !options.name.empty() && ::fnmatch(options.name.c_str(), location.name.c_str(), 0) != 0;
@@ -90,7 +91,7 @@ std::vector<Decision> decisionsOf(Host::Application const& application, Location
         return {{"argument", location.argument, location.argument, "", "nothing else: an absolute path stands for itself"}};
     if (!location.preference)
         return decisions(application, *location.place);
-    Setting const found = setting(application, location.name);
+    PreferenceState const found = preferenceState(application, location.name);
     std::string const file = application.productStorageFile().u8string();
     if (found.stored && found.obstacle().empty())
         return {{"preference", location.name, location.path.toStdString(), file,
@@ -136,19 +137,19 @@ void explain(Host::Application const& application, std::vector<LocationState> co
 
 // --- Whether they can be used ---
 
-FolderCheck checked(LocationState const& location)
+PathStatus checked(LocationState const& location)
 {
-    FolderCheck unchecked;
+    PathStatus unchecked;
     if (location.path.isNull()) {
         unchecked.remark = "none found";
         return unchecked;
     }
     switch (location.use) {
     case Use::written:
-        return checkFolderToWrite(location.path);
+        return writtenFolderStatus(location.path);
     case Use::fallback:
     case Use::shipped:
-        return checkExistence(location.path);
+        return readPathStatus(location.path);
     case Use::fragment:
     case Use::embedded:
         break;
@@ -165,7 +166,7 @@ void check(std::vector<LocationState> const& locations, bool isOne, Format forma
     std::vector<Columns> table;
     std::vector<std::string> unusable;
     for (LocationState const& location : locations) {
-        FolderCheck const found = checked(location);
+        PathStatus const found = checked(location);
         bool const isOnDisk = location.use != Use::fragment && location.use != Use::embedded;
         bool const isUsable = location.use != Use::written || found.isUsable;
         if (!isUsable)
@@ -185,9 +186,9 @@ void check(std::vector<LocationState> const& locations, bool isOne, Format forma
     else
         printTable(table, {"LOCATION", "EXISTS", "WRITABLE", "REMARK", "PATH"}, format);
     if (!unusable.empty())
-        throw Refusal(absl::StrCat("the editor cannot write to ", joined(unusable, ", "),
-                                   "; mend what is remarked: 'editor-settings paths NAME --explain' tells what decides, and a preference "
-                                   "may be set to another folder"));
+        throw UserError(absl::StrCat("the editor cannot write to ", joined(unusable, ", "),
+                                     "; mend what is remarked: 'editor-settings paths NAME --explain' tells what decides, and a preference "
+                                     "may be set to another folder"));
 }
 
 } // namespace

@@ -22,6 +22,6 @@ struct PathsOptions {
     PathsView view = PathsView::list;
 };
 
-/// Prints the locations. Throws `Refusal` for an unknown one, and after a check where the editor cannot use one that it
+/// Prints the locations. Throws `UserError` for an unknown one, and after a check where the editor cannot use one that it
 /// writes to.
 void showPaths(Host::Application const& application, PathsOptions const& options, Format format);

@@ -13,7 +13,7 @@
 
 #include <fnmatch.h>
 
-using Catalogue::Observation;
+using Catalogue::InspectedValue;
 using nlohmann::ordered_json;
 
 namespace {
@@ -25,7 +25,7 @@ std::string typeWithLanguage(Catalogue::Value const& value)
     return type == cpp ? type : type + " (" + cpp + ')';
 }
 
-bool isListed(Setting const& setting, ListOptions const& options)
+bool isListed(PreferenceState const& setting, ListOptions const& options)
 {
     if (!options.pattern.empty() && ::fnmatch(options.pattern.c_str(), setting.key.c_str(), 0) != 0)
         return false;
@@ -34,18 +34,18 @@ bool isListed(Setting const& setting, ListOptions const& options)
     return !options.store || *options.store == name(setting.store);
 }
 
-Setting settingToWrite(Host::Application const& application, std::string const& key)
+PreferenceState preferenceToWrite(Host::Application const& application, std::string const& key)
 {
-    Setting found = setting(application, key);
+    PreferenceState found = preferenceState(application, key);
     if (!found.write)
-        throw Refusal(absl::StrCat(key, " is written by the editor alone, so it cannot be set; 'editor-settings unset' removes it"));
+        throw UserError(absl::StrCat(key, " is written by the editor alone, so it cannot be set; 'editor-settings unset' removes it"));
     return found;
 }
 
-void write(Setting const& setting, Catalogue::Value const& value)
+void write(PreferenceState const& setting, Catalogue::Value const& value)
 {
     if (!setting.observation.store)
-        throw Refusal(
+        throw UserError(
             absl::StrCat(setting.key, " is kept in memory only by a product of this kind, so it cannot be set from outside the editor"));
     setting.write(value);
 }
@@ -54,12 +54,12 @@ void write(Setting const& setting, Catalogue::Value const& value)
 
 void listPreferences(Host::Application const& application, ListOptions const& options, Format format)
 {
-    std::vector<Setting> settings = allSettings(application);
-    auto const isLeftOut = [&](Setting const& setting) { return !isListed(setting, options); };
+    std::vector<PreferenceState> settings = preferenceStates(application);
+    auto const isLeftOut = [&](PreferenceState const& setting) { return !isListed(setting, options); };
     settings.erase(std::remove_if(settings.begin(), settings.end(), isLeftOut), settings.end());
     if (format == Format::json) {
         auto array = ordered_json::array();
-        for (Setting const& setting : settings) {
+        for (PreferenceState const& setting : settings) {
             array.push_back({{"key", setting.key},
                              {"type", typeName(setting.observation.value)},
                              {"store", setting.storeName()},
@@ -71,7 +71,7 @@ void listPreferences(Host::Application const& application, ListOptions const& op
         return;
     }
     std::vector<Columns> table;
-    for (Setting const& setting : settings)
+    for (PreferenceState const& setting : settings)
         table.push_back({onOneLine(setting.key), typeName(setting.observation.value), setting.storeName(), setting.state(),
                          inColumn(setting.observation.value, format)});
     printTable(table, {"KEY", "TYPE", "STORE", "STATE", "VALUE"}, format, 3);
@@ -79,14 +79,14 @@ void listPreferences(Host::Application const& application, ListOptions const& op
 
 void getPreference(Host::Application const& application, std::string const& key, Format format)
 {
-    Setting const found = setting(application, key);
+    PreferenceState const found = preferenceState(application, key);
     Catalogue::Value const& value = found.observation.value;
     if (found.isUnreadable())
-        tell(absl::StrCat(key, " holds a value of kind ", found.stored->kind,
-                          " that cannot be read, so the default is read; 'editor-settings explain ", key, "' shows both"));
+        printError(absl::StrCat(key, " holds a value of kind ", found.stored->kind,
+                                " that cannot be read, so the default is read; 'editor-settings explain ", key, "' shows both"));
     else if (found.isOfOtherKind())
-        tell(absl::StrCat(key, " holds a value of kind ", found.stored->kind, ", so the default is read; 'editor-settings explain ", key,
-                          "' shows both"));
+        printError(absl::StrCat(key, " holds a value of kind ", found.stored->kind, ", so the default is read; 'editor-settings explain ",
+                                key, "' shows both"));
     if (format == Format::json)
         printJson({{"key", key}, {"type", typeName(value)}, {"value", toJson(value)}});
     else if (format == Format::plain)
@@ -97,30 +97,31 @@ void getPreference(Host::Application const& application, std::string const& key,
 
 void setPreference(Host::Application const& application, std::string const& key, std::vector<std::string> const& words)
 {
-    Setting const found = settingToWrite(application, key);
+    PreferenceState const found = preferenceToWrite(application, key);
     write(found, parsed(key, found.observation.value, words));
 }
 
 void setPreferenceFromFile(Host::Application const& application, std::string const& key, std::string const& file)
 {
-    Setting const found = settingToWrite(application, key);
+    PreferenceState const found = preferenceToWrite(application, key);
     write(found, parsedFile(key, found.observation.value, file));
 }
 
 void unsetPreference(Host::Application const& application, std::string const& key)
 {
-    Setting const found = setting(application, key);
+    PreferenceState const found = preferenceState(application, key);
     if (found.observation.isStored)
         storage(application, *found.observation.store)->remove(found.observation.key);
     else
-        tell(absl::StrCat(key, " was not set"));
+        printError(absl::StrCat(key, " was not set"));
 }
 
 void explainPreference(Host::Application const& application, std::string const& key, Format format)
 {
-    Setting const found = setting(application, key);
-    Observation const& observation = found.observation;
-    std::string const computedBy = found.computedDefault ? std::string("Settings::") + Catalogue::placeOf(found.computedDefault).name : "";
+    PreferenceState const found = preferenceState(application, key);
+    InspectedValue const& observation = found.observation;
+    std::string const computedBy =
+        found.computedDefault ? std::string("Settings::") + Catalogue::locationOf(found.computedDefault).name : "";
     std::string const file = observation.store ? storageFile(application, *observation.store).u8string() : "";
 
     if (format == Format::json) {
@@ -130,7 +131,7 @@ void explainPreference(Host::Application const& application, std::string const& 
         printJson({{"key", key},
                    {"type", typeName(observation.value)},
                    {"cppType", cppTypeName(observation.value)},
-                   {"class", Catalogue::className(found.category)},
+                   {"class", Catalogue::dataClassName(found.dataClass)},
                    {"store", found.storeName()},
                    {"file", file.empty() ? ordered_json() : ordered_json(file)},
                    {"state", found.state()},
@@ -143,7 +144,7 @@ void explainPreference(Host::Application const& application, std::string const& 
     }
     std::vector<Columns> table = {{"key", onOneLine(key)},
                                   {"type", typeWithLanguage(observation.value)},
-                                  {"class", Catalogue::className(found.category)},
+                                  {"class", Catalogue::dataClassName(found.dataClass)},
                                   {"store", found.storeName()}};
     if (!file.empty())
         table.push_back({"file", onOneLine(file)});
@@ -180,5 +181,5 @@ void showProject(Format format)
                 {"sample project", onOneLine(sample)}},
                {}, format);
     if (sample.isNull() && format == Format::people)
-        tell(absl::StrCat("there is no sample project below ", stockSampleProjectsPath().toStdString()));
+        printError(absl::StrCat("there is no sample project below ", stockSampleProjectsPath().toStdString()));
 }

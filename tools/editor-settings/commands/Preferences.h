@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The verbs about settings and project files. Each prints its answer to standard output and throws `Refusal` for what
+// The verbs about settings and project files. Each prints its answer to standard output and throws `UserError` for what
 // it says no to.
 #pragma once
 

@@ -15,8 +15,8 @@
 #include <utility>
 
 using Catalogue::Family;
-using Catalogue::Place;
-using Catalogue::Row;
+using Catalogue::Location;
+using Catalogue::Preference;
 
 namespace {
 
@@ -79,25 +79,26 @@ std::string typeInPage(Catalogue::Value const& value)
     return type == cpp ? type : type + ", " + code(cpp);
 }
 
-std::string defaultInPage(Row const& row, Catalogue::Value const& value)
+std::string defaultInPage(Preference const& row, Catalogue::Value const& value)
 {
     if (row.computedDefault)
-        return inPage(row.computedDefault()) + ", which is " + code(Catalogue::placeOf(row.computedDefault).name);
+        return inPage(row.computedDefault()) + ", which is " + code(Catalogue::locationOf(row.computedDefault).name);
     bool const isEmptyList = value == Catalogue::Value(QStringList());
     std::string const text = onOneLine(value);
     return isEmptyList || text.empty() ? "empty" : code(text);
 }
 
-Columns lineOf(Row const& row)
+Columns lineOf(Preference const& row)
 {
-    Catalogue::Value const value = Catalogue::observeUnstored(row).defaultValue;
-    return {code(row.name), typeInPage(value), name(row.store), Catalogue::className(row.category), defaultInPage(row, value), row.purpose};
+    Catalogue::Value const value = Catalogue::inspectUnstored(row).defaultValue;
+    return {code(row.name), typeInPage(value), name(row.store), Catalogue::dataClassName(row.dataClass), defaultInPage(row, value),
+            row.purpose};
 }
 
 Columns lineOf(Family const& family)
 {
-    Catalogue::Observation const unstored = Catalogue::observeUnstored(family, QStringLiteral("name"));
-    return {code(unstored.key), typeInPage(unstored.defaultValue), name(family.store), Catalogue::className(family.category),
+    Catalogue::InspectedValue const unstored = Catalogue::inspectUnstored(family, QStringLiteral("name"));
+    return {code(unstored.key), typeInPage(unstored.defaultValue), name(family.store), Catalogue::dataClassName(family.dataClass),
             family.purpose};
 }
 
@@ -161,7 +162,7 @@ On a machine, `editor-settings paths NAME --explain` tells what decides there.
 
 // --- Locations ---
 
-std::string decidedBy(Place const& place)
+std::string decidedBy(Location const& place)
 {
     std::vector<std::string> deciding = {Catalogue::rootName(place.root)};
     for (std::string const& field : Catalogue::askedOfTheProduct(place))
@@ -169,15 +170,15 @@ std::string decidedBy(Place const& place)
     return joined(deciding, ", ");
 }
 
-Columns lineOf(Place const& place, std::string const& argument)
+Columns lineOf(Location const& place, std::string const& argument)
 {
     std::string const label = argument.empty() ? place.name : place.name + ('(' + argument + ')');
     return {code(label), inPage(place.path(argument)), Catalogue::useName(place.use), decidedBy(place), place.purpose};
 }
 
-Columns lineOfFolder(Row const& row)
+Columns lineOfFolder(Preference const& row)
 {
-    Place const& fallback = Catalogue::placeOf(row.computedDefault);
+    Location const& fallback = Catalogue::locationOf(row.computedDefault);
     return {code(row.name), inPage(fallback.path()), Catalogue::useName(Catalogue::Use::written), "itself, else as " + code(fallback.name),
             row.purpose};
 }
@@ -185,10 +186,10 @@ Columns lineOfFolder(Row const& row)
 std::vector<Columns> linesOfLocations()
 {
     std::vector<Columns> lines;
-    for (Row const& row : Catalogue::preferences())
+    for (Preference const& row : Catalogue::preferences())
         if (row.computedDefault)
             lines.push_back(lineOfFolder(row));
-    for (Place const& place : Catalogue::places()) {
+    for (Location const& place : Catalogue::locations()) {
         if (place.arguments.empty())
             lines.push_back(lineOf(place, {}));
         for (std::string const& argument : place.arguments)

@@ -33,9 +33,9 @@ namespace {
 
 constexpr Store stores[] = {Store::product, Store::common};
 
-bool counts(TransferOptions const& options, std::string const& category)
+bool counts(TransferOptions const& options, std::string const& dataClass)
 {
-    return options.only.empty() || std::find(options.only.begin(), options.only.end(), category) != options.only.end();
+    return options.only.empty() || std::find(options.only.begin(), options.only.end(), dataClass) != options.only.end();
 }
 
 // A store's rows of the classes that count.
@@ -75,7 +75,7 @@ struct TellsOfTheHome {
 
 bool isPersonal(Entry const& entry)
 {
-    return entry.category.empty() || entry.category == Catalogue::className(Catalogue::Class::personal) ||
+    return entry.dataClass.empty() || entry.dataClass == Catalogue::dataClassName(Catalogue::DataClass::personal) ||
            std::visit(TellsOfTheHome(), entry.value);
 }
 
@@ -113,7 +113,7 @@ void exportSettings(Host::Application const& application, TransferOptions const&
         progress.reset(); // standard output may be the same terminal
         std::cout << bytes;
     } else if (!Storage::writeNewFile(std::filesystem::absolute(options.file), bytes, "write the export")) {
-        throw Refusal(
+        throw UserError(
             absl::StrCat(quoted(options.file), " is there already and was left as it is; name a new file, or move that one away"));
     }
 }
@@ -125,7 +125,7 @@ namespace {
 // A key of which a store and the document tell something else.
 struct Difference {
     Store store;
-    KeyChange change; // from what is stored to what the document holds
+    RowDifference change; // from what is stored to what the document holds
 };
 
 struct Comparison {
@@ -163,7 +163,7 @@ void compare(Comparison& result, Store store, std::vector<SqliteStorage::Row> ro
     removeKeys(rows, redacted);
     result.redacted += redacted.size();
     result.same += wanted.size();
-    for (KeyChange const& change : changesBetween(rows, wanted)) {
+    for (RowDifference const& change : rowDifferences(rows, wanted)) {
         std::string const obstacle = change.after ? "" : obstacleToCarrying(*change.before);
         if (obstacle.empty())
             result.differences.push_back({store, change});
@@ -188,7 +188,7 @@ Comparison compared(Host::Application const& application, TransferOptions const&
     return result;
 }
 
-char const* wordFor(KeyChange const& change) { return !change.before ? "added" : !change.after ? "removed" : "changed"; }
+char const* wordFor(RowDifference const& change) { return !change.before ? "added" : !change.after ? "removed" : "changed"; }
 
 // Kind and value of one side; for people the kind only where it tells something.
 Columns columnsOf(std::optional<SqliteStorage::Row> const& row, std::string const& absent, bool kindsDiffer, Format format)
@@ -200,7 +200,7 @@ Columns columnsOf(std::optional<SqliteStorage::Row> const& row, std::string cons
 
 Columns lineOf(Difference const& difference, Format format)
 {
-    KeyChange const& change = difference.change;
+    RowDifference const& change = difference.change;
     bool const kindsDiffer = change.before && change.after && change.before->kind != change.after->kind;
     Columns line = {wordFor(change), name(difference.store), onOneLine(change.key)};
     for (Columns const& side :
@@ -245,10 +245,10 @@ bool showDifferences(Host::Application const& application, TransferOptions const
         progress.reset(); // the answer may stand on the same terminal
         print(comparison.differences, format);
         if (comparison.redacted > 0)
-            tell(absl::StrCat(comparison.redacted, " redacted in the file, so not compared"));
+            printError(absl::StrCat(comparison.redacted, " redacted in the file, so not compared"));
         return !comparison.differences.empty();
     } catch (Transfer::Error const& error) {
-        throw Refusal(absl::StrCat(shownFile(options), ": ", error.what()));
+        throw UserError(absl::StrCat(shownFile(options), ": ", error.what()));
     }
 }
 
@@ -286,13 +286,13 @@ std::vector<std::unique_ptr<SqliteStorage>> madeReady(Host::Application const& a
     try {
         for (Target const& target : targets)
             if (std::string const reason = target.store ? target.store->readOnlyReason() : ""; !reason.empty())
-                throw Refusal(reason);
+                throw UserError(reason);
         for (Target& target : targets)
             if (!target.store)
                 target.store = made.emplace_back(std::make_unique<SqliteStorage>(storageFile(application, target.name))).get();
         return made;
     } catch (std::exception const& error) {
-        throw Refusal(butNothingChanged(error.what()));
+        throw UserError(butNothingChanged(error.what()));
     }
 }
 
@@ -325,7 +325,7 @@ void apply(std::vector<Target> const& targets)
         } catch (Storage::StorageError const& error) {
             outcomes.push_back(outcome(*target));
             std::transform(target + 1, targets.end(), std::back_inserter(outcomes), asItWas);
-            throw Refusal(absl::StrCat(error.what(), "; ", joined(outcomes, ", "), "; then import the file again"));
+            throw UserError(absl::StrCat(error.what(), "; ", joined(outcomes, ", "), "; then import the file again"));
         }
     }
 }
@@ -337,7 +337,7 @@ void tellOf(Comparison const& comparison, bool dryRun)
                                        absl::StrCat(comparison.same, " already as in the file")};
     if (comparison.redacted > 0)
         counts.push_back(absl::StrCat(comparison.redacted, " redacted in the file and left alone"));
-    tell(joined(counts, ", "));
+    printError(joined(counts, ", "));
 }
 
 Document checkedDocument(TransferOptions const& options)
@@ -347,7 +347,7 @@ Document checkedDocument(TransferOptions const& options)
         checkKeys(checked, options.withUnknown);
         return checked;
     } catch (Transfer::Error const& error) {
-        throw Refusal(butNothingChanged(absl::StrCat(shownFile(options), ": ", error.what())));
+        throw UserError(butNothingChanged(absl::StrCat(shownFile(options), ": ", error.what())));
     }
 }
 

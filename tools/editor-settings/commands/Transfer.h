@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The verbs that carry stored values from one place to another in a document, see Transfer.h. Each throws `Refusal` for
+// The verbs that carry stored values from one place to another in a document, see Transfer.h. Each throws `UserError` for
 // what it says no to, `Storage::StorageError` for trouble with a store.
 #pragma once
 

@@ -92,7 +92,7 @@ std::string shortened(std::string const& text, std::size_t letters)
     return text.substr(0, end) + "\xE2\x80\xA6";
 }
 
-void tell(std::string const& text) { std::cerr << "editor-settings: " << withoutControls(text) << '\n'; }
+void printError(std::string const& text) { std::cerr << "editor-settings: " << withoutControls(text) << '\n'; }
 
 bool isUtf8(std::string const& text) { return QString::fromStdString(text).toStdString() == text; }
 

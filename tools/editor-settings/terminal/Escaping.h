@@ -8,7 +8,7 @@
 #include <vector>
 
 /// What the tool says no to; the text goes to the user. The exit status is then 1.
-class Refusal : public std::runtime_error {
+class UserError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
@@ -29,7 +29,7 @@ std::size_t width(std::string const& text);
 /// The bytes of the letter of UTF-8 that begins at `at`; 0 where none does.
 std::size_t lengthOfLetter(std::string const& text, std::size_t at);
 /// Tells the user something on standard error, on one line.
-void tell(std::string const& text);
+void printError(std::string const& text);
 /// Whether `text` comes back unchanged from the library's texts: UTF-8 that does not begin with a byte order mark.
 bool isUtf8(std::string const& text);
 /// `count` and `noun`, which takes an "s" unless `count` is 1: "3 values".

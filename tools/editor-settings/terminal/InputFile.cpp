@@ -16,7 +16,7 @@ namespace {
 
 [[noreturn]] void refuse(std::string const& shown, std::string const& reason)
 {
-    throw Refusal(absl::StrCat("cannot read ", shown, " (", reason, "); name a file that can be read, or give - for standard input"));
+    throw UserError(absl::StrCat("cannot read ", shown, " (", reason, "); name a file that can be read, or give - for standard input"));
 }
 
 [[noreturn]] void refuse(std::string const& shown, int error) { refuse(shown, std::generic_category().message(error)); }
@@ -63,7 +63,7 @@ std::string inputFile(std::string const& name, std::size_t most)
             refuse(shown, errno);
         content.append(buffer, static_cast<std::size_t>(count));
         if (content.size() > most)
-            throw Refusal(absl::StrCat(shown, " holds more than ", most, " bytes, which is too much; name a smaller one"));
+            throw UserError(absl::StrCat(shown, " holds more than ", most, " bytes, which is too much; name a smaller one"));
     }
     return content;
 }

@@ -58,7 +58,7 @@ void Progress::aside(std::string const& text)
 {
     std::lock_guard const lock(m_mutex);
     erase();
-    tell(text);
+    printError(text);
 }
 
 void Progress::show()

@@ -36,7 +36,7 @@ std::size_t edits(std::string const& from, std::string const& to)
 
 } // namespace
 
-std::vector<std::string> nearest(std::string const& word, std::vector<std::string> const& names)
+std::vector<std::string> suggestions(std::string const& word, std::vector<std::string> const& names)
 {
     std::string const wanted = lowerCase(word);
     std::size_t const tolerated = 1 + wanted.size() / 4;
@@ -62,6 +62,6 @@ std::string alternatives(std::vector<std::string> const& words) { return joined(
 
 std::string didYouMean(std::string const& word, std::vector<std::string> const& names)
 {
-    std::vector<std::string> const likely = nearest(word, names);
+    std::vector<std::string> const likely = suggestions(word, names);
     return likely.empty() ? std::string() : absl::StrCat("did you mean ", alternatives(likely), "?") + ' ';
 }
