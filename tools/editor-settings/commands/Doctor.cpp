@@ -166,13 +166,20 @@ Terminal::Style styleOf(Findings const& findings)
     return holds(Severity::error) ? Terminal::Style::bad : holds(Severity::warning) ? Terminal::Style::odd : Terminal::Style::good;
 }
 
+Terminal::Style styleOf(Severity severity)
+{
+    return severity == Severity::error     ? Terminal::Style::bad
+           : severity == Severity::warning ? Terminal::Style::odd
+                                           : Terminal::Style::normal;
+}
+
 // Below one another: where it is, what it is, and what to do.
 void appendTo(std::vector<Columns>& table, Finding const& finding)
 {
-    std::string severity = nameOf(finding.severity);
+    Cell severity = {nameOf(finding.severity), styleOf(finding.severity)};
     for (std::string const& line : {whereOf(finding), withoutControls(finding.what), withoutControls(finding.remedy)})
         if (!line.empty())
-            table.push_back({std::exchange(severity, ""), line});
+            table.push_back({std::exchange(severity, Cell("")), line});
 }
 
 void printForPeople(Facts const& facts, Findings const& findings)
@@ -187,7 +194,7 @@ void printForPeople(Facts const& facts, Findings const& findings)
     for (Finding const& finding : findings)
         appendTo(found, finding);
     std::cout << (findings.empty() ? "" : "\n");
-    printTable(found, {}, Format::people, 0);
+    printTable(found, {}, Format::people);
     std::cout << '\n' << Terminal::painted(verdictOn(findings), styleOf(findings)) << '\n';
 }
 

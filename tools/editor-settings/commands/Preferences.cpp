@@ -25,6 +25,14 @@ std::string typeWithLanguage(Catalogue::Value const& value)
     return type == cpp ? type : type + " (" + cpp + ')';
 }
 
+Terminal::Style styleOf(PreferenceState const& state)
+{
+    if (!state.obstacle().empty())
+        return Terminal::Style::bad;
+    bool const isOwnValue = state.stored && state.observation.value != state.observation.defaultValue;
+    return isOwnValue ? Terminal::Style::good : Terminal::Style::normal;
+}
+
 bool isListed(PreferenceState const& setting, ListOptions const& options)
 {
     if (!options.pattern.empty() && ::fnmatch(options.pattern.c_str(), setting.key.c_str(), 0) != 0)
@@ -72,9 +80,12 @@ void listPreferences(Host::Application const& application, ListOptions const& op
     }
     std::vector<Columns> table;
     for (PreferenceState const& setting : settings)
-        table.push_back({onOneLine(setting.key), typeName(setting.observation.value), setting.storeName(), setting.state(),
+        table.push_back({onOneLine(setting.key),
+                         typeName(setting.observation.value),
+                         setting.storeName(),
+                         {setting.state(), styleOf(setting)},
                          inColumn(setting.observation.value, format)});
-    printTable(table, {"KEY", "TYPE", "STORE", "STATE", "VALUE"}, format, 3);
+    printTable(table, {"KEY", "TYPE", "STORE", "STATE", "VALUE"}, format);
 }
 
 void getPreference(Host::Application const& application, std::string const& key, Format format)

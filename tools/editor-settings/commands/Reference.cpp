@@ -58,15 +58,17 @@ std::string inPage(QString const& path)
     return path.isNull() ? "whichever is found" : code(text);
 }
 
-void printLine(Columns const& cells) { std::cout << "| " << joined(cells, " | ") << " |\n"; }
+using Line = std::vector<std::string>;
+
+void printLine(Line const& cells) { std::cout << "| " << joined(cells, " | ") << " |\n"; }
 
 // `lines` sorted by what stands first in them.
-void printMarkdown(Columns const& heading, std::vector<Columns> lines)
+void printMarkdown(Line const& heading, std::vector<Line> lines)
 {
     std::sort(lines.begin(), lines.end());
     printLine(heading);
-    printLine(Columns(heading.size(), "---"));
-    for (Columns const& cells : lines)
+    printLine(Line(heading.size(), "---"));
+    for (Line const& cells : lines)
         printLine(cells);
 }
 
@@ -88,14 +90,14 @@ std::string defaultInPage(Preference const& row, Catalogue::Value const& value)
     return isEmptyList || text.empty() ? "empty" : code(text);
 }
 
-Columns lineOf(Preference const& row)
+Line lineOf(Preference const& row)
 {
     Catalogue::Value const value = Catalogue::inspectUnstored(row).defaultValue;
     return {code(row.name), typeInPage(value), name(row.store), Catalogue::dataClassName(row.dataClass), defaultInPage(row, value),
             row.purpose};
 }
 
-Columns lineOf(Family const& family)
+Line lineOf(Family const& family)
 {
     Catalogue::InspectedValue const unstored = Catalogue::inspectUnstored(family, QStringLiteral("name"));
     return {code(unstored.key), typeInPage(unstored.defaultValue), name(family.store), Catalogue::dataClassName(family.dataClass),
@@ -103,9 +105,9 @@ Columns lineOf(Family const& family)
 }
 
 template <typename T>
-std::vector<Columns> linesOf(std::vector<T> const& rows)
+std::vector<Line> linesOf(std::vector<T> const& rows)
 {
-    std::vector<Columns> lines;
+    std::vector<Line> lines;
     for (T const& row : rows)
         lines.push_back(lineOf(row));
     return lines;
@@ -170,22 +172,22 @@ std::string decidedBy(Location const& place)
     return joined(deciding, ", ");
 }
 
-Columns lineOf(Location const& place, std::string const& argument)
+Line lineOf(Location const& place, std::string const& argument)
 {
     std::string const label = argument.empty() ? place.name : place.name + ('(' + argument + ')');
     return {code(label), inPage(place.path(argument)), Catalogue::useName(place.use), decidedBy(place), place.purpose};
 }
 
-Columns lineOfFolder(Preference const& row)
+Line lineOfFolder(Preference const& row)
 {
     Location const& fallback = Catalogue::locationOf(row.computedDefault);
     return {code(row.name), inPage(fallback.path()), Catalogue::useName(Catalogue::Use::written), "itself, else as " + code(fallback.name),
             row.purpose};
 }
 
-std::vector<Columns> linesOfLocations()
+std::vector<Line> linesOfLocations()
 {
-    std::vector<Columns> lines;
+    std::vector<Line> lines;
     for (Preference const& row : Catalogue::preferences())
         if (row.computedDefault)
             lines.push_back(lineOfFolder(row));

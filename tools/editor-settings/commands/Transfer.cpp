@@ -190,6 +190,11 @@ Comparison compared(Host::Application const& application, TransferOptions const&
 
 char const* wordFor(RowDifference const& change) { return !change.before ? "added" : !change.after ? "removed" : "changed"; }
 
+Terminal::Style styleFor(RowDifference const& change)
+{
+    return !change.before ? Terminal::Style::good : !change.after ? Terminal::Style::bad : Terminal::Style::odd;
+}
+
 // Kind and value of one side; for people the kind only where it tells something.
 Columns columnsOf(std::optional<SqliteStorage::Row> const& row, std::string const& absent, bool kindsDiffer, Format format)
 {
@@ -202,7 +207,7 @@ Columns lineOf(Difference const& difference, Format format)
 {
     RowDifference const& change = difference.change;
     bool const kindsDiffer = change.before && change.after && change.before->kind != change.after->kind;
-    Columns line = {wordFor(change), name(difference.store), onOneLine(change.key)};
+    Columns line = {{wordFor(change), styleFor(change)}, name(difference.store), onOneLine(change.key)};
     for (Columns const& side :
          {columnsOf(change.before, "(unset)", kindsDiffer, format), columnsOf(change.after, "(absent)", kindsDiffer, format)})
         line.insert(line.end(), side.begin(), side.end());
@@ -230,7 +235,7 @@ void print(std::vector<Difference> const& differences, Format format)
     for (Difference const& difference : differences)
         table.push_back(lineOf(difference, format));
     if (!table.empty())
-        printTable(table, {"CHANGE", "STORE", "KEY", "STORED", "FILE"}, format, 0);
+        printTable(table, {"CHANGE", "STORE", "KEY", "STORED", "FILE"}, format);
 }
 
 } // namespace
