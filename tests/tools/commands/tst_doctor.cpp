@@ -480,7 +480,6 @@ TEST_F(Doctor, FindingsAreCounted)
 
 // --- What the editor writes ---
 
-
 TEST_F(Doctor, FolderThatTheEditorCannotWriteToIsFound)
 {
     said({"set", "snapshotPath", m_home.write("file", "").string()});

@@ -11,11 +11,6 @@ namespace {
 
 constexpr char mark = '\x1f';
 
-CLI::Validator notEmpty(char const* refusal)
-{
-    return {[refusal](std::string& word) { return word.empty() ? refusal : std::string(); }, ""};
-}
-
 } // namespace
 
 std::vector<std::string> markedArguments(int argc, char** argv)
@@ -46,9 +41,10 @@ CLI::Validator unmarked()
             ""};
 }
 
-CLI::Validator aFile() { return notEmpty("the name is empty; name a file"); }
-
-CLI::Validator aNameIfGiven() { return notEmpty("the name is empty; leave the option out for the default"); }
+CLI::Validator notEmpty(std::string const& refusal)
+{
+    return {[refusal](std::string& word) { return word.empty() ? refusal : std::string(); }, ""};
+}
 
 CLI::Validator oneOf(std::vector<std::string> const& words)
 {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// The words of the command line as CLI11 keeps them whole, and what looks at them one by one. CLI11 takes a word in square
-// brackets apart at its commas, and takes "++" for the end of a verb's words. A mark before such a word, and before one that
-// begins with the mark itself, keeps it whole; every option takes the mark off again.
+// The arguments of the program in the form in which CLI11 keeps each whole. CLI11 splits an argument in square brackets at its
+// commas, and takes "++" for the end of a verb's words. A mark before such an argument, and before one that begins with the
+// mark itself, prevents both; every option removes the mark.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -10,16 +10,14 @@
 #include <string>
 #include <vector>
 
-/// The words, marked, the last one first as CLI11 wants them.
+/// The arguments, marked, the last one first as CLI11 wants them.
 std::vector<std::string> markedArguments(int argc, char** argv);
-/// A text that tells of marked words, without their marks.
+/// A message about marked arguments, without the marks.
 std::string unmarked(std::string text);
 
-/// Takes the mark off a word.
+/// Removes the mark from an argument.
 CLI::Validator unmarked();
-/// Refuses an empty name of a file.
-CLI::Validator aFile();
-/// Refuses an empty name where there is a default.
-CLI::Validator aNameIfGiven();
-/// Refuses what is none of `words`.
+/// Refuses an empty argument with the reason `refusal`.
+CLI::Validator notEmpty(std::string const& refusal);
+/// Refuses an argument that is none of `words`.
 CLI::Validator oneOf(std::vector<std::string> const& words);

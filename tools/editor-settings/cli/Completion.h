@@ -1,21 +1,17 @@
 // SPDX-License-Identifier: MIT
 //
-// Completion for shells, made from the command line itself, so that it offers what the command line takes.
+// Completion of a command line as it is typed. A script for each shell asks the hidden verb "complete", which prints what may
+// stand at the cursor.
 #pragma once
 
-#include <CLI/CLI.hpp>
+#include "commands/Command.h"
 
-#include <map>
 #include <string>
 #include <vector>
 
-/// What can stand for a word of the command line.
-struct Choice {
-    enum class Kind { words, files, folders };
-    Kind kind = Kind::words;
-    std::vector<std::string> words = {};
-};
+/// Prints a line for each candidate for the last of `words`, which is being typed: the word, a tab and what it is for. The lines
+/// ":files" and ":folders" leave the completion to the shell.
+void printCandidates(std::vector<Option> const& global, std::vector<Command> const& commands, std::vector<std::string> const& words);
 
-/// A completion script for "bash", "zsh" or "fish". `choices` tells what completes a positional word or an option's
-/// value; nothing does where it is silent.
-std::string completionScript(CLI::App const& app, std::map<CLI::Option const*, Choice> const& choices, std::string const& shell);
+/// Prints the installed script for "bash", "zsh" or "fish". Throws `UserError` where it cannot be read.
+void printCompletionScript(std::string const& shell);

@@ -33,3 +33,11 @@ std::string helpFooter()
         footer += absl::StrCat(footer.empty() ? "" : "\n\n", note.title, ":\n", note.text);
     return footer;
 }
+
+std::string helpOf(std::vector<Example> const& examples)
+{
+    std::string text;
+    for (Example const& example : examples)
+        text += absl::StrCat(text.empty() ? "Examples:" : "", "\n  ", example.command, "\n      ", example.effect);
+    return text;
+}

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "cli/ManualPage.h"
 
-#include "cli/CommandWalk.h"
 #include "cli/HelpTexts.h"
-#include "commands/Examples.h"
-#include "terminal/Escaping.h"
 
-#include <algorithm>
-#include <cctype>
+#include <Settings/Version.h>
+
+#include <absl/strings/ascii.h>
 
 namespace {
 
@@ -30,33 +28,29 @@ std::string troff(std::string const& text)
     return result;
 }
 
-std::string upperCase(std::string text)
+std::string usageOf(Option const& positional)
 {
-    std::transform(text.begin(), text.end(), text.begin(), [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
-    return text;
-}
-
-std::string usageOf(CLI::Option const& positional)
-{
-    std::string const name = "\\fI" + troff(positional.get_name(true)) + "\\fR" + (positional.get_items_expected_max() > 1 ? "..." : "");
-    return positional.get_required() ? name : '[' + name + ']';
+    std::string const name = "\\fI" + troff(positional.name) + "\\fR" + (positional.isRepeated() ? "..." : "");
+    return positional.isRequired ? name : '[' + name + ']';
 }
 
 std::string entry(std::string const& term, std::string const& description) { return ".TP\n" + term + '\n' + troff(description) + '\n'; }
 
-std::string entriesOf(CLI::App const& app)
+std::string entryOf(Option const& option)
+{
+    if (option.isPositional())
+        return entry("\\fI" + troff(option.name) + "\\fR", option.help);
+    std::string const value = option.takesValue() ? " \\fI" + troff(option.valueName) + "\\fR" : "";
+    return entry("\\fB" + troff(option.name) + "\\fR" + value, option.help);
+}
+
+// The positional words first, as they are typed.
+std::string entriesOf(std::vector<Option> const& options)
 {
     std::string text;
-    for (CLI::Option const* positional : optionsOf(app, true))
-        text += entry("\\fI" + troff(positional->get_name(true)) + "\\fR", positional->get_description());
-    for (CLI::Option const* option : optionsOf(app, false)) {
-        if (app.get_parent() && option == app.get_help_ptr())
-            continue; // told once, for all
-        // A type name may go on with what a validator says after a colon.
-        std::string const type = option->get_type_name().substr(0, option->get_type_name().find(':'));
-        std::string const value = takesValue(*option) ? " \\fI" + troff(type) + "\\fR" : "";
-        text += entry("\\fB" + troff(joined(formsOf(*option), ", ")) + "\\fR" + value, option->get_description());
-    }
+    for (bool const positional : {true, false})
+        for (Option const& option : options)
+            text += option.isPositional() == positional ? entryOf(option) : "";
     return text;
 }
 
@@ -69,49 +63,54 @@ std::string typed(std::string const& command)
     return result;
 }
 
-std::string examplesIn(std::string const& path)
+std::string examplesIn(std::vector<Example> const& examples)
 {
     std::string text;
-    for (Example const& example : examplesOf(path))
+    for (Example const& example : examples)
         text += entry("\\fB" + typed(example.command) + "\\fR", example.effect);
     return text.empty() ? text : ".PP\nExamples:\n" + text;
 }
 
-std::string sectionOf(CLI::App const& verb, std::string const& path)
+std::string sectionsOf(std::vector<Command> const& commands, std::string const& above)
 {
-    std::string usage = ".SS \"\\fB" + troff(path) + "\\fR";
-    for (CLI::Option const* positional : optionsOf(verb, true))
-        usage += ' ' + usageOf(*positional);
-    return usage + "\"\n" + troff(verb.get_description()) + ".\n" + entriesOf(verb) + examplesIn(path);
+    std::string text;
+    for (Command const& command : commands) {
+        text += ".SS \"\\fB" + troff(above + command.name) + "\\fR";
+        for (Option const& option : command.options)
+            text += option.isPositional() ? ' ' + usageOf(option) : "";
+        text += "\"\n" + troff(command.summary) + ".\n" + entriesOf(command.options) + examplesIn(command.examples);
+        text += sectionsOf(command.verbs, above + command.name + ' ');
+    }
+    return text;
+}
+
+std::string environment(std::vector<Option> const& options)
+{
+    std::string text;
+    for (Option const& option : options)
+        if (!option.variable.empty())
+            text += entry(troff(option.variable), "Stands in for " + option.name + " where that is not given");
+    return text;
 }
 
 } // namespace
 
-std::string manualPage(CLI::App const& app)
+std::string manualPage(std::string const& description, std::vector<Option> const& global, std::vector<Command> const& commands)
 {
-    std::string const name = troff(app.get_name());
-    std::string verbs;
-    std::string environment;
-    walk(app, "", [&](CLI::App const& verb, std::string const& path) {
-        if (!path.empty())
-            verbs += sectionOf(verb, path);
-        for (CLI::Option const* option : optionsOf(verb, false))
-            if (!option->get_envname().empty())
-                environment +=
-                    entry(troff(option->get_envname()), "Stands in for " + joined(formsOf(*option), ", ") + " where that is not given");
-    });
-    std::string page = ".TH " + upperCase(name) + " 1 \"\" \"" + name + ' ' + app.version() + "\" \"User Commands\"\n";
+    std::string const name = "editor\\-settings";
+    std::string page =
+        ".TH " + absl::AsciiStrToUpper(name) + " 1 \"\" \"" + name + ' ' + EDITOR_SETTINGS_VERSION_STRING + "\" \"User Commands\"\n";
     // As the title of a page: a phrase, not a sentence.
-    std::string phrase = app.get_description();
-    phrase.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(phrase.front())));
-    phrase.pop_back();
+    std::string phrase = description.substr(0, description.size() - 1);
+    phrase.front() = absl::ascii_tolower(static_cast<unsigned char>(phrase.front()));
     page += ".SH NAME\n" + name + " \\- " + troff(phrase) + '\n';
     page += ".SH SYNOPSIS\n.B " + name + "\n[\\fIOPTIONS\\fR] \\fIVERB\\fR [\\fIWORDS\\fR]\n";
-    page += ".SH DESCRIPTION\n" + troff(app.get_description()) + '\n';
-    page += ".SH OPTIONS\n" + entriesOf(app);
-    page += ".SH VERBS\n" + verbs;
-    page += ".SH ENVIRONMENT\n" + environment;
-    for (HelpText const& note : helpTexts())
-        page += ".SH \"" + upperCase(troff(note.title)) + "\"\n" + troff(note.text) + '\n';
+    page += ".SH DESCRIPTION\n" + troff(description) + '\n';
+    page += ".SH OPTIONS\n" + entry("\\fB\\-h, \\-\\-help\\fR", "Print this help message and exit") +
+            entry("\\fB\\-\\-version\\fR", "Display program version information and exit") + entriesOf(global);
+    page += ".SH VERBS\n" + sectionsOf(commands, "");
+    page += ".SH ENVIRONMENT\n" + environment(global);
+    for (HelpText const& text : helpTexts())
+        page += ".SH \"" + absl::AsciiStrToUpper(troff(text.title)) + "\"\n" + troff(text.text) + '\n';
     return page;
 }

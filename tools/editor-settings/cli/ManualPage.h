@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-//
-// The manual page, made from the command line itself, so that it tells what the command line takes.
 #pragma once
 
-#include <CLI/CLI.hpp>
+#include "commands/Command.h"
 
 #include <string>
+#include <vector>
 
-/// The manual page, as troff with the man macros.
-std::string manualPage(CLI::App const& app);
+/// The manual page in troff, for man.
+std::string manualPage(std::string const& description, std::vector<Option> const& global, std::vector<Command> const& commands);

@@ -1,78 +1,82 @@
 // SPDX-License-Identifier: MIT
 #include "cli/UsageErrors.h"
 
-#include "cli/CommandWalk.h"
 #include "terminal/Escaping.h"
 #include "terminal/Suggestions.h"
 
 #include <absl/strings/str_cat.h>
 
+#include <algorithm>
+
 namespace {
 
-// The verbs given so far, the program first.
-std::vector<CLI::App const*> given(CLI::App const& app)
+// The verbs that were understood, and what might have followed them.
+struct Understood {
+    std::string path = "editor-settings";
+    std::string last;
+    std::vector<std::string> options;
+    std::vector<std::string> verbs;
+};
+
+void addNames(std::vector<std::string>& names, std::vector<Option> const& options)
 {
-    std::vector<CLI::App const*> verbs = {&app};
-    while (!verbs.back()->get_subcommands().empty())
-        verbs.push_back(verbs.back()->get_subcommands().front());
-    return verbs;
+    for (Option const& option : options)
+        if (!option.isPositional())
+            names.push_back(option.name);
 }
 
-std::vector<std::string> optionNames(std::vector<CLI::App const*> const& verbs)
+Understood understood(CLI::App const& app, std::vector<Option> const& global, std::vector<Command> const& commands)
 {
-    std::vector<std::string> names;
-    for (CLI::App const* verb : verbs)
-        for (CLI::Option const* option : optionsOf(*verb, false))
-            for (std::string const& name : option->get_lnames())
-                names.push_back("--" + name);
-    return names;
+    Understood result;
+    result.options = {"--help", "--version"};
+    addNames(result.options, global);
+    std::vector<Command> const* level = &commands;
+    for (CLI::App const* verb = &app; !verb->get_subcommands().empty();) {
+        verb = verb->get_subcommands().front();
+        auto const command = std::find_if(level->begin(), level->end(), [&](Command const& each) { return each.name == verb->get_name(); });
+        if (command == level->end())
+            break;
+        result.path += ' ' + command->name;
+        result.last = command->name;
+        addNames(result.options, command->options);
+        level = &command->verbs;
+    }
+    for (Command const& command : *level)
+        result.verbs.push_back(command.name);
+    return result;
 }
 
-std::vector<std::string> verbNames(CLI::App const& app)
+std::string likelyOption(std::string const& word, Understood const& so)
 {
-    std::vector<std::string> names;
-    for (CLI::App const* verb : verbsOf(app))
-        names.push_back(verb->get_name());
-    return names;
+    std::vector<std::string> const likely = suggestions(word.substr(0, word.find('=')), so.options);
+    return likely.empty() ? "" : absl::StrCat("Did you mean ", alternatives(likely), "?\n");
 }
 
-std::string likelyOption(std::string const& word, std::vector<CLI::App const*> const& verbs)
+std::string likelyVerb(std::string const& word, Understood const& so)
 {
-    std::vector<std::string> const likely = suggestions(word.substr(0, word.find('=')), optionNames(verbs));
-    return likely.empty() ? std::string() : absl::StrCat("Did you mean ", alternatives(likely), "?") + '\n';
-}
-
-std::string likelyVerb(std::string const& word, std::vector<CLI::App const*> const& verbs)
-{
-    std::vector<std::string> const likely = suggestions(word, verbNames(*verbs.back()));
+    std::vector<std::string> const likely = suggestions(word, so.verbs);
     if (likely.empty())
         return {};
-    std::string path;
-    for (CLI::App const* verb : verbs)
-        path += verb->get_name() + ' ';
-    return absl::StrCat("Did you mean ", alternatives(likely), "? '", path + likely.front(), " --help' shows how it is used.") + '\n';
+    return absl::StrCat("Did you mean ", alternatives(likely), "? '", so.path, " ", likely.front(), " --help' shows how it is used.\n");
 }
 
-std::string whatFollows(CLI::App const& app, CLI::App const& last)
+std::string whatFollows(Understood so)
 {
-    std::vector<std::string> names = verbNames(last);
-    if (names.empty())
+    if (so.verbs.empty())
         return {};
-    std::string const lastName = names.back();
-    names.pop_back();
-    std::string const first = joined(names, ", ");
-    return (&last == &app ? absl::StrCat("The verbs are ", first, " and ", lastName, ".")
-                          : absl::StrCat("What follows ", last.get_name(), " is one of ", first, " and ", lastName, ".")) +
-           '\n';
+    std::string const lastName = so.verbs.back();
+    so.verbs.pop_back();
+    std::string const names = absl::StrCat(joined(so.verbs, ", "), " and ", lastName, ".\n");
+    return so.last.empty() ? "The verbs are " + names : absl::StrCat("What follows ", so.last, " is one of ", names);
 }
 
 } // namespace
 
-std::string adviceOnWords(CLI::App const& app)
+std::string adviceOnUsage(CLI::App const& app, std::vector<Option> const& global, std::vector<Command> const& commands)
 {
-    std::vector<CLI::App const*> const verbs = given(app);
+    Understood const so = understood(app, global, commands);
     std::vector<std::string> const notUnderstood = app.remaining(true);
     std::string const word = notUnderstood.empty() ? "" : notUnderstood.front();
     bool const isOption = word.size() > 2 && word.compare(0, 2, "--") == 0;
-    return (isOption ? likelyOption(word, verbs) : likelyVerb(word, verbs)) + whatFollows(app, *verbs.back());
+    return (isOption ? likelyOption(word, so) : likelyVerb(word, so)) + whatFollows(so);
 }

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
-//
-// What to do next where the command line was not understood.
 #pragma once
+
+#include "commands/Command.h"
 
 #include <CLI/CLI.hpp>
 
 #include <string>
+#include <vector>
 
-/// What a word that nothing is called may have meant, and what was to follow the verbs given so far: a line each, where
-/// there is something to say. To be asked when the words were parsed in vain.
-std::string adviceOnWords(CLI::App const& app);
+/// What a mistyped word may have meant, and what may follow the verbs given so far: a line each; empty where nothing helps.
+/// To be called after `app` failed to parse.
+std::string adviceOnUsage(CLI::App const& app, std::vector<Option> const& global, std::vector<Command> const& commands);

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Backups.h"
 
+#include "commands/Commands.h"
+
 #include "terminal/Escaping.h"
 #include "terminal/ProgressLine.h"
 #include <Inspection/PreferenceState.h>
 #include <Inspection/RowDifference.h>
 
 #include <absl/strings/str_cat.h>
+#include <memory>
 
 #include <Storage/Backup.h>
 
@@ -121,3 +124,51 @@ void restoreStores(Host::Application const& application, std::string const& file
     else
         printAsTable(all, format);
 }
+
+namespace {
+
+Command backupCommand()
+{
+    auto const file = std::make_shared<std::string>();
+    Command command;
+    command.name = "backup";
+    command.summary = "Copies both stores into one file, also while the editor runs";
+    command.options = {fileOption("FILE", *file, "The new file").required()};
+    command.examples = {{"editor-settings backup settings.backup", "Copies both stores into that file."}};
+    command.stores = always(StoreUse::read);
+    command.namesFile = true;
+    command.run = [file](Invocation const& invocation) {
+        backUpStores(*invocation.application, *file);
+        return 0;
+    };
+    return command;
+}
+
+Command restoreCommand()
+{
+    struct Words {
+        std::string file;
+        bool isDryRun = false;
+        FormatChoice format;
+    };
+    auto const words = std::make_shared<Words>();
+    Command command;
+    command.name = "restore";
+    command.summary = "Brings the stores of a backup back, and keeps what was there";
+    command.options = withFormat(words->format, jsonHelpWithBytes,
+                                 {fileOption("FILE", words->file, "A file that backup has written").required(),
+                                  Option("--dry-run", &words->isDryRun, "Only tells what would change")});
+    command.examples = {{"editor-settings restore settings.backup --dry-run", "What would be otherwise than now."},
+                        {"editor-settings restore settings.backup", "Brings the stores back, and tells where those of now are kept."}};
+    command.stores = [words] { return words->isDryRun ? StoreUse::readUsable : StoreUse::replace; };
+    command.namesFile = true;
+    command.run = [words](Invocation const& invocation) {
+        restoreStores(*invocation.application, words->file, words->isDryRun, words->format);
+        return 0;
+    };
+    return command;
+}
+
+} // namespace
+
+std::vector<Command> backupCommands() { return {backupCommand(), restoreCommand()}; }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Doctor.h"
 
+#include "commands/Commands.h"
+
 #include "commands/HomeFolder.h"
 #include "terminal/Escaping.h"
 #include "terminal/ProgressLine.h"
@@ -9,6 +11,7 @@
 #include <Inspection/checks/Checks.h>
 
 #include <absl/strings/str_cat.h>
+#include <memory>
 
 #include <algorithm>
 #include <iostream>
@@ -237,4 +240,21 @@ bool examineAll(fs::path const& productFile, std::optional<fs::path> const& stor
     else
         printForPeople(facts, findings);
     return isWell;
+}
+
+Command doctorCommand()
+{
+    auto const format = std::make_shared<FormatChoice>();
+    Command command;
+    command.name = "doctor";
+    command.summary = "What is wrong with the stores, what they hold and the folders; exit status 1 where something is";
+    command.options = withFormat(*format, jsonHelp);
+    command.examples = {{"editor-settings doctor", "What is wrong and what to do; exit status 0 where all is well."},
+                        {"editor-settings doctor --json > report.json", "The same, for somebody who helps."}};
+    command.stores = always(StoreUse::none);
+    command.isLong = true;
+    command.run = [format](Invocation const& invocation) {
+        return examineAll(invocation.productFile, invocation.storeFolder, *format) ? 0 : 1;
+    };
+    return command;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Monitor.h"
 
+#include "commands/Commands.h"
+
 #include "terminal/Escaping.h"
 #include <Inspection/PreferenceState.h>
 #include <Inspection/RowDifference.h>
@@ -135,4 +137,20 @@ void monitorStores(Host::Application const& application, Format format)
                 print(store.name(), change, format);
             std::cout.flush();
         }
+}
+
+Command monitorCommand()
+{
+    auto const format = std::make_shared<FormatChoice>();
+    Command command;
+    command.name = "monitor";
+    command.summary = "Prints the changes that other processes make, as they happen";
+    command.options = withFormat(*format, "One JSON object a line; bytes in base64");
+    command.examples = {{"editor-settings monitor", "A line for each change, until Ctrl+C."}};
+    command.stores = always(StoreUse::readUsable);
+    command.run = [format](Invocation const& invocation) {
+        monitorStores(*invocation.application, *format);
+        return 0;
+    };
+    return command;
 }

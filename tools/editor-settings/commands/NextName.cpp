@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "commands/NextName.h"
 
+#include "commands/Commands.h"
+
 #include "terminal/Escaping.h"
 #include <Inspection/PathStatus.h>
 
 #include <absl/strings/str_cat.h>
+#include <memory>
 
 #include <Settings/Settings.h>
 
@@ -160,4 +163,56 @@ void showNextName(NextNameOptions const& options, Format format)
     if (options.reserve && !std::cout.flush())
         throw UserError(
             absl::StrCat(quoted(path), " is reserved, but standard output cannot be written; remove the file if it is not wanted"));
+}
+
+namespace {
+
+struct NextNameWords {
+    NextNameOptions options;
+    FormatChoice format;
+};
+
+Command nextNameOf(std::shared_ptr<NextNameWords> const& words, NewFile file, char const* name, char const* summary)
+{
+    Command command;
+    command.name = name;
+    command.summary = summary;
+    command.stores = always(StoreUse::read);
+    command.run = [words, file](Invocation const&) {
+        words->options.file = file;
+        showNextName(words->options, words->format);
+        return 0;
+    };
+    return command;
+}
+
+} // namespace
+
+Command nextNameCommand()
+{
+    auto const words = std::make_shared<NextNameWords>();
+    Option const source = Option("SOURCE", &words->options.source, "The file that it is made of; only its name counts")
+                              .required()
+                              .completedBy(Candidates::files);
+    Command audio = nextNameOf(words, NewFile::audio, "audio", "An audio recording");
+    audio.examples = {{"editor-settings next-name audio --plain", "The path on one line, whatever its folder is called."}};
+    Command freeze = nextNameOf(words, NewFile::freeze, "freeze", "A freeze frame");
+    freeze.options = {source};
+    freeze.examples = {{"editor-settings next-name freeze holiday.mov", "The next freeze frame of that film."}};
+    Command stabilized = nextNameOf(words, NewFile::stabilized, "stabilized", "A stabilized clip");
+    stabilized.options = {source, Option("FORMAT", &words->options.format, "The extension, such as mp4").required()};
+    stabilized.examples = {{"editor-settings next-name stabilized holiday.mov mp4", "The next stabilized clip of it."}};
+
+    Command command;
+    command.name = "next-name";
+    command.summary = "The name that the editor gives the next file of a kind";
+    command.options = withFormat(words->format, jsonHelp,
+                                 {Option("--reserve", &words->options.reserve,
+                                         "Makes the file, empty, so that nobody else gets the name; the folder too, and a free number "
+                                         "where needed")});
+    command.examples = {
+        {"editor-settings next-name audio", "The file that the next recording goes into."},
+        {"editor-settings next-name --reserve freeze holiday.mov", "Makes an empty file of the next name, and prints that."}};
+    command.verbs = {audio, freeze, stabilized};
+    return command;
 }

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Paths.h"
 
+#include "commands/Commands.h"
+#include "commands/Reference.h"
+
 #include "terminal/Suggestions.h"
 #include <Inspection/Locations.h>
 #include <Inspection/PathOrigin.h>
@@ -8,6 +11,7 @@
 #include <Inspection/ValueFormat.h>
 
 #include <absl/strings/str_cat.h>
+#include <memory>
 
 #include <algorithm>
 #include <iostream>
@@ -215,4 +219,43 @@ void showPaths(Host::Application const& application, PathsOptions const& options
     for (LocationState const& location : locations)
         table.push_back({location.label(), onOneLine(location.path.toStdString())});
     printTable(table, {"LOCATION", "PATH"}, format);
+}
+
+Command pathsCommand()
+{
+    struct Words {
+        PathsOptions options;
+        bool isExplained = false;
+        bool isChecked = false;
+        std::string page;
+        FormatChoice format;
+    };
+    auto const words = std::make_shared<Words>();
+    Command command;
+    command.name = "paths";
+    command.summary = "Where the editor's files and folders lie";
+    command.options = withFormat(
+        words->format, jsonHelp,
+        {Option("NAME", &words->options.name, "One location, or those that match, such as 'stock*'").completedBy(Candidates::locations),
+         Option("ARGUMENT", &words->options.argument, "What the location is asked about, where it takes that"),
+         Option("--explain", &words->isExplained, "What decides where a location lies"),
+         Option("--check", &words->isChecked,
+                "Whether they exist and can be used; exit status 1 where the editor cannot write to one that it writes to")
+             .excluding({"--explain"}),
+         pageOption(words->page, {"NAME", "ARGUMENT", "--explain", "--check", "--plain", "--json"})});
+    command.examples = {{"editor-settings paths 'stock*'", "Every location whose name begins with stock."},
+                        {"editor-settings paths exportPath --explain", "What decides where exports go."},
+                        {"editor-settings paths --check", "Whether the editor can write wherever it writes to."}};
+    command.stores = [words] {
+        return !words->page.empty() ? StoreUse::none : words->isExplained ? StoreUse::readQuietly : StoreUse::read;
+    };
+    command.isLong = true;
+    command.run = [words](Invocation const& invocation) {
+        if (!words->page.empty())
+            return printLocationsPage(invocation.productFile), 0;
+        words->options.view = words->isExplained ? PathsView::explain : words->isChecked ? PathsView::check : PathsView::list;
+        showPaths(*invocation.application, words->options, words->format);
+        return 0;
+    };
+    return command;
 }

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Preferences.h"
 
+#include "commands/Commands.h"
+#include "commands/Reference.h"
+
 #include "terminal/Table.h"
 #include <Inspection/PreferenceState.h>
 #include <Inspection/RowDifference.h>
 #include <Inspection/ValueFormat.h>
 
 #include <absl/strings/str_cat.h>
+#include <memory>
 
 #include <algorithm>
 #include <iostream>
@@ -193,4 +197,161 @@ void showProject(Format format)
                {}, format);
     if (sample.isNull() && format == Format::people)
         printError(absl::StrCat("there is no sample project below ", stockSampleProjectsPath().toStdString()));
+}
+
+// --- The verbs ---
+
+namespace {
+
+constexpr char const* keyHelp = "The preference";
+
+Option keyOption(std::string& key) { return Option("KEY", &key, keyHelp).required().completedBy(Candidates::keys); }
+
+Command listCommand()
+{
+    struct Words {
+        ListOptions options;
+        std::string store;
+        std::string page;
+        FormatChoice format;
+    };
+    auto const words = std::make_shared<Words>();
+    Command command;
+    command.name = "list";
+    command.summary = "All preferences with their values, sorted by key";
+    command.options =
+        withFormat(words->format, jsonHelpWithBytes,
+                   {Option("PATTERN", &words->options.pattern, "Only keys that match, such as '*Path'").completedBy(Candidates::keys),
+                    Option("--set", &words->options.onlySet, "Only what is stored"),
+                    Option("--unset", &words->options.onlyUnset, "Only what is not stored").excluding({"--set"}),
+                    Option("--store", &words->store, "Only one store").of("STORE").oneOf({"product", "common"}),
+                    pageOption(words->page, {"PATTERN", "--set", "--unset", "--store", "--plain", "--json"})});
+    command.examples = {{"editor-settings list '*Path'", "Every preference whose key ends in Path."},
+                        {"editor-settings list --set --plain", "What is stored, one preference a line, for a script."}};
+    command.stores = [words] { return words->page.empty() ? StoreUse::read : StoreUse::none; };
+    command.isLong = true;
+    command.run = [words](Invocation const& invocation) {
+        if (!words->page.empty())
+            return printPreferencesPage(invocation.productFile), 0;
+        if (!words->store.empty())
+            words->options.store = words->store;
+        listPreferences(*invocation.application, words->options, words->format);
+        return 0;
+    };
+    return command;
+}
+
+Command getCommand()
+{
+    struct Words {
+        std::string key;
+        FormatChoice format;
+    };
+    auto const words = std::make_shared<Words>();
+    Command command;
+    command.name = "get";
+    command.summary = "The value that the editor reads now";
+    command.options = withFormat(words->format, jsonHelpWithBytes, {keyOption(words->key)});
+    command.examples = {{"editor-settings get exportPath", "The folder that the editor exports to."},
+                        {"editor-settings get userCustomColors --json", "A list in a form that every program reads alike."}};
+    command.stores = always(StoreUse::read);
+    command.run = [words](Invocation const& invocation) {
+        getPreference(*invocation.application, words->key, words->format);
+        return 0;
+    };
+    return command;
+}
+
+Command setCommand()
+{
+    struct Words {
+        std::string key;
+        std::vector<std::string> values;
+        std::string file;
+        bool isEmpty = false;
+    };
+    auto const words = std::make_shared<Words>();
+    Command command;
+    command.name = "set";
+    command.summary = "Stores a value";
+    command.options = {keyOption(words->key),
+                       Option("VALUE", &words->values,
+                              "A bool as true or false, an int in decimal, text in UTF-8, bytes in base64 or as @FILE, a list as one "
+                              "word for each element"),
+                       Option("--empty", &words->isEmpty, "Stores an empty list").excluding({"VALUE"}),
+                       fileOption("--from-file", words->file,
+                                  "Stores what the file holds, or standard input where it is -: byte for byte, but for a list one "
+                                  "element on each line")
+                           .of("FILE")
+                           .excluding({"VALUE", "--empty"})};
+    command.examples = {{"editor-settings set keepVideoAspect no", "Stores false."},
+                        {"editor-settings set exportPath ~/Videos/Exports", "Stores another folder; the editor makes it."},
+                        {"editor-settings set userCustomColors '#ff8800' navy", "Stores a list of two."},
+                        {"editor-settings set lastTarget -- -x", "Stores a value that looks like an option."}};
+    command.stores = always(StoreUse::change);
+    command.missingWord = [words] { return words->values.empty() && !words->isEmpty && words->file.empty() ? "VALUE" : ""; };
+    command.run = [words](Invocation const& invocation) {
+        if (words->file.empty())
+            setPreference(*invocation.application, words->key, words->values);
+        else
+            setPreferenceFromFile(*invocation.application, words->key, words->file);
+        return 0;
+    };
+    return command;
+}
+
+Command unsetCommand()
+{
+    auto const key = std::make_shared<std::string>();
+    Command command;
+    command.name = "unset";
+    command.summary = "Removes the stored value, so that the default holds again";
+    command.options = {Option("KEY", key.get(), keyHelp).required().completedBy(Candidates::storedKeys)};
+    command.examples = {{"editor-settings unset exportPath", "From now on the default holds."}};
+    command.stores = always(StoreUse::read);
+    command.run = [key](Invocation const& invocation) {
+        unsetPreference(*invocation.application, *key);
+        return 0;
+    };
+    return command;
+}
+
+Command explainCommand()
+{
+    struct Words {
+        std::string key;
+        FormatChoice format;
+    };
+    auto const words = std::make_shared<Words>();
+    Command command;
+    command.name = "explain";
+    command.summary = "Where a value comes from: what is stored, since when, and the default";
+    command.options = withFormat(words->format, jsonHelpWithBytes, {keyOption(words->key)});
+    command.examples = {{"editor-settings explain exportPath", "Whether it is stored, where and since when, and what the default is."}};
+    command.stores = always(StoreUse::read);
+    command.run = [words](Invocation const& invocation) {
+        explainPreference(*invocation.application, words->key, words->format);
+        return 0;
+    };
+    return command;
+}
+
+} // namespace
+
+std::vector<Command> preferenceCommands() { return {listCommand(), getCommand(), setCommand(), unsetCommand(), explainCommand()}; }
+
+Command projectCommand()
+{
+    auto const format = std::make_shared<FormatChoice>();
+    Command command;
+    command.name = "project";
+    command.summary = "Default name, extensions and filters of projects, and the sample project";
+    command.options = withFormat(*format, jsonHelp);
+    command.examples = {{"editor-settings project", "What a new project is called, and which files the editor opens."}};
+    command.stores = always(StoreUse::read);
+    command.run = [format](Invocation const&) {
+        showProject(*format);
+        return 0;
+    };
+    return command;
 }

@@ -218,3 +218,11 @@ void printLocationsPage(std::filesystem::path const& productFile)
     std::cout << locationsBegin;
     printMarkdown({"location", "path", "use", "decided by", "what it is for"}, linesOfLocations());
 }
+
+Option pageOption(std::string& page, std::vector<std::string> const& others)
+{
+    return Option("--format", &page, "markdown: the page of the reference, the same on every machine")
+        .of("FORMAT")
+        .oneOf({"markdown"})
+        .excluding(others);
+}

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Transfer.h"
 
+#include "commands/Commands.h"
+
 #include "commands/HomeFolder.h"
 #include "terminal/Escaping.h"
 #include "terminal/InputFile.h"
@@ -377,3 +379,88 @@ void importSettings(Host::Application const& application, TransferOptions const&
     }
     tellOf(comparison, options.dryRun);
 }
+
+// --- The verbs ---
+
+namespace {
+
+struct TransferWords {
+    TransferOptions options;
+    FormatChoice format;
+};
+
+std::vector<Option> documentOptions(TransferWords& words, char const* help)
+{
+    return {fileOption("FILE", words.options.file, help).required(),
+            Option("--only", &words.options.only, "Only keys of this class; may be given several times")
+                .of("CLASS")
+                .oneOf({"roaming", "local", "personal", "transient"})};
+}
+
+Command exportCommand()
+{
+    auto const words = std::make_shared<TransferWords>();
+    Command command;
+    command.name = "export";
+    command.summary = "Writes what is stored to a new file, in JSON: for another machine, or for somebody who helps";
+    command.options = documentOptions(*words, "The new file; - for standard output");
+    command.options.emplace_back("--redact", &words->options.redact,
+                                 "Leaves out personal values, those of unknown keys, and whatever holds the path of the home folder");
+    command.examples = {{"editor-settings export settings.json", "Writes all that is stored."},
+                        {"editor-settings export --redact -", "The same without what is personal, on standard output."}};
+    command.stores = always(StoreUse::read);
+    command.namesFile = true;
+    command.run = [words](Invocation const& invocation) {
+        exportSettings(*invocation.application, words->options);
+        return 0;
+    };
+    return command;
+}
+
+Command importCommand()
+{
+    auto const words = std::make_shared<TransferWords>();
+    Command command;
+    command.name = "import";
+    command.summary = "Stores what an exported file holds, all of it or nothing; what it does not name stays";
+    command.options =
+        withFormat(words->format, "With --dry-run: as JSON; bytes in base64", documentOptions(*words, "The file; - for standard input"));
+    command.options.emplace_back("--with-unknown", &words->options.withUnknown, "Takes keys that the editor does not know as they are");
+    command.options.emplace_back("--dry-run", &words->options.dryRun, "Tells what would change, as diff does, and changes nothing");
+    command.examples = {
+        {"editor-settings import settings.json --dry-run", "What would change."},
+        {"editor-settings import --only roaming settings.json", "Stores what belongs to the user rather than to the machine."}};
+    command.stores = [words] { return words->options.dryRun ? StoreUse::read : StoreUse::merge; };
+    command.missingWord = [words] {
+        bool const isForDryRun = words->format.plain || words->format.json;
+        return isForDryRun && !words->options.dryRun ? "--dry-run" : "";
+    };
+    command.run = [words](Invocation const& invocation) {
+        importSettings(*invocation.application, words->options, words->format);
+        return 0;
+    };
+    return command;
+}
+
+Command diffCommand()
+{
+    auto const words = std::make_shared<TransferWords>();
+    Command command;
+    command.name = "diff";
+    command.summary = "The differences between what is stored and what an exported file holds";
+    command.options = withFormat(words->format, jsonHelpWithBytes, documentOptions(*words, "The file; - for standard input"));
+    command.examples = {
+        {"editor-settings diff settings.json", "What is stored otherwise than in the file; exit status 1, as something is."},
+        {"editor-settings export - | editor-settings diff -", "Nothing, as the two are alike."}};
+    command.stores = always(StoreUse::read);
+    command.isLong = true;
+    command.errorStatus = 2; // as programs of that name do, which end with 1 where something differs
+    command.run = [words](Invocation const& invocation) {
+        return showDifferences(*invocation.application, words->options, words->format) ? 1 : 0;
+    };
+    return command;
+}
+
+} // namespace
+
+std::vector<Command> transferCommands() { return {exportCommand(), importCommand(), diffCommand()}; }

@@ -1,0 +1,298 @@
+// SPDX-License-Identifier: MIT
+#include "cli/CommandLine.h"
+
+#include "cli/Arguments.h"
+#include "cli/Completion.h"
+#include "cli/HelpTexts.h"
+#include "cli/ManualPage.h"
+#include "cli/UsageErrors.h"
+#include "commands/Commands.h"
+#include "commands/HomeFolder.h"
+#include "terminal/Escaping.h"
+#include "terminal/Pager.h"
+#include "terminal/ProgressLine.h"
+#include "terminal/Streams.h"
+#include "terminal/Terminal.h"
+
+#include <Inspection/PreferenceState.h>
+#include <Settings/Version.h>
+
+#include <CLI/CLI.hpp>
+#include <absl/strings/str_cat.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+#include <map>
+#include <optional>
+
+namespace {
+
+constexpr int wrongUsage = 2;
+
+std::vector<Command> allCommands()
+{
+    std::vector<Command> all = preferenceCommands();
+    auto const add = [&](std::vector<Command> const& more) { all.insert(all.end(), more.begin(), more.end()); };
+    add({pathsCommand(), nextNameCommand(), projectCommand()});
+    add(namedValueCommands());
+    add(backupCommands());
+    add({monitorCommand(), doctorCommand()});
+    add(transferCommands());
+    return all;
+}
+
+// --- From commands to the parser ---
+
+CLI::Option* added(CLI::App& app, Option const& option)
+{
+    if (bool* const* const flag = std::get_if<bool*>(&option.target))
+        return app.add_flag(option.name, **flag, option.help);
+    std::string* const* const text = std::get_if<std::string*>(&option.target);
+    CLI::Option* const result = text ? app.add_option(option.name, **text, option.help)
+                                     : app.add_option(option.name, *std::get<std::vector<std::string>*>(option.target), option.help);
+    result->transform(unmarked())->required(option.isRequired);
+    if (!option.isPositional())
+        result->allow_extra_args(false)->type_name(option.valueName);
+    if (option.isSingle)
+        result->expected(1);
+    if (!option.accepted.empty())
+        result->check(oneOf(option.accepted));
+    if (!option.refusalOfEmpty.empty())
+        result->check(notEmpty(option.refusalOfEmpty));
+    if (!option.variable.empty())
+        result->envname(option.variable);
+    return result;
+}
+
+void addOptions(CLI::App& app, std::vector<Option> const& options)
+{
+    for (Option const& option : options)
+        added(app, option);
+    for (Option const& option : options)
+        for (std::string const& other : option.excluded)
+            app.get_option(option.name)->excludes(app.get_option(other));
+}
+
+void addCommand(CLI::App& above, Command const& command, std::map<CLI::App const*, Command const*>& known)
+{
+    CLI::App* const verb = above.add_subcommand(command.name, command.summary);
+    known[verb] = &command;
+    verb->fallthrough(); // what stands for all verbs may stand behind each
+    verb->footer(helpOf(command.examples));
+    addOptions(*verb, command.options);
+    for (Command const& below : command.verbs)
+        addCommand(*verb, below, known);
+    if (!command.verbs.empty())
+        verb->require_subcommand(1);
+    if (command.missingWord)
+        verb->callback([&command] {
+            if (std::string const word = command.missingWord(); !word.empty())
+                throw CLI::RequiredError(word);
+        });
+}
+
+// --- Running a verb ---
+
+Host::StorePolicy policyFor(StoreUse use)
+{
+    switch (use) {
+    case StoreUse::change:
+        return Host::StorePolicy::create;
+    case StoreUse::readUsable:
+    case StoreUse::replace:
+        return Host::StorePolicy::leaveOutUnusable;
+    case StoreUse::none:
+    case StoreUse::read:
+    case StoreUse::readQuietly:
+    case StoreUse::merge:
+        break;
+    }
+    return Host::StorePolicy::leaveOutMissing;
+}
+
+bool changesStores(StoreUse use) { return use == StoreUse::change || use == StoreUse::merge || use == StoreUse::replace; }
+
+bool isEmpty(char const* variable)
+{
+    char const* const value = std::getenv(variable);
+    return !value || *value == '\0';
+}
+
+// A store created below a folder that only looks like the user's would be lost to the editor.
+void checkHome(StoreUse use, bool storesLieInHome)
+{
+    std::string const trouble = troubleWithTheHome();
+    if (changesStores(use) && storesLieInHome && !trouble.empty())
+        throw UserError(absl::StrCat(trouble, "; set HOME to your folder, or name one for the stores with --home"));
+    if (!changesStores(use) && use != StoreUse::readQuietly && isEmpty("HOME"))
+        printError(absl::StrCat(trouble, "; set HOME to your folder"));
+}
+
+void printReadOnlyStores(Host::Application const& application)
+{
+    for (Catalogue::Store const store : {Catalogue::Store::product, Catalogue::Store::common})
+        if (Storage::SqliteStorage const* const opened = storage(application, store); opened && opened->isReadOnly())
+            printError(absl::StrCat("only for reading: ", opened->readOnlyReason()));
+}
+
+class CommandLine {
+public:
+    CommandLine()
+    {
+        m_commands.push_back(completionCommand());
+        m_commands.push_back(manualCommand());
+        m_app.set_version_flag("--version", EDITOR_SETTINGS_VERSION_STRING, "Display program version information and exit");
+        m_app.footer(helpFooter());
+        m_app.require_subcommand(0, 1);
+        m_app.failure_message([this](CLI::App const* app, CLI::Error const& error) {
+            return absl::StrCat("editor-settings: ", shortened(withoutControls(unmarked(error.what())), 500), "\n",
+                                adviceOnUsage(*app, m_global.options(), m_commands), "Run with --help for more information.\n");
+        });
+        addOptions(m_app, m_global.options());
+        for (Command const& command : m_commands)
+            addCommand(m_app, command, m_known);
+        m_completing = m_app.add_subcommand("complete")->group(""); // not in the help: it is for shells
+        m_completing->add_option("WORDS", m_typed)->transform(unmarked());
+    }
+
+    int run(int argc, char** argv)
+    {
+        try {
+            m_app.parse(markedArguments(argc, argv));
+            if (m_app.get_subcommands().empty())
+                throw CLI::RequiredError("A verb");
+        } catch (CLI::ParseError const& error) {
+            return m_app.exit(error) == 0 ? 0 : wrongUsage;
+        }
+        if (*m_completing)
+            return printCandidates(m_global.options(), m_commands, m_typed), 0;
+        CLI::App const* parsed = &m_app;
+        while (!parsed->get_subcommands().empty())
+            parsed = parsed->get_subcommands().front();
+        m_errorStatus = m_known.at(parsed)->errorStatus;
+        return run(*m_known.at(parsed));
+    }
+
+    /// The exit status of an error, which the verb decides.
+    int errorStatus() const { return m_errorStatus; }
+
+private:
+    int run(Command const& command)
+    {
+        bool hasOpened = false;
+        try {
+            return run(command, hasOpened);
+        } catch (Host::ProductFileError const& error) {
+            printError(error.what());
+            std::cerr << "Name a product file with '--product FILE', or in EDITOR_SETTINGS_PRODUCT.\n";
+        } catch (Storage::StorageError const& error) {
+            printError(error.what());
+            if (!hasOpened || !command.namesFile)
+                std::cerr << "Run 'editor-settings doctor' with the same options to see what is wrong; 'editor-settings restore FILE' "
+                             "brings a backup back.\n";
+        } catch (std::exception const& error) {
+            printError(error.what());
+        }
+        return command.errorStatus;
+    }
+
+    int run(Command const& command, bool& hasOpened)
+    {
+        static std::map<std::string, Terminal::Colors> const colors = {
+            {"auto", Terminal::Colors::automatic}, {"always", Terminal::Colors::always}, {"never", Terminal::Colors::never}};
+        Terminal::chooseColors(colors.at(m_global.color));
+        std::optional<Pager> pager;
+        if (command.isLong && !m_global.withoutPager && Pager::isOfUse())
+            pager.emplace();
+        Invocation invocation;
+        if (!m_global.home.empty())
+            invocation.storeFolder = m_global.home;
+        StoreUse const use = command.stores();
+        if (command.needsProduct)
+            invocation.productFile =
+                m_global.productFile.empty() ? Host::installedProductFile() : std::filesystem::path(m_global.productFile);
+        if (use == StoreUse::none)
+            return command.run(invocation);
+        checkHome(use, m_global.home.empty() && isEmpty("XDG_DATA_HOME"));
+        std::optional<Progress> opening(1);
+        opening->next("opening the stores");
+        Host::Application const application(invocation.productFile, invocation.storeFolder, policyFor(use));
+        opening.reset();
+        hasOpened = true;
+        if (!changesStores(use))
+            printReadOnlyStores(application);
+        invocation.application = &application;
+        return command.run(invocation);
+    }
+
+    Command completionCommand()
+    {
+        Command command;
+        command.name = "completion";
+        command.summary = "A completion script for a shell, to be sourced";
+        command.options = {Option("SHELL", &m_shell, "bash, zsh or fish").required().oneOf({"bash", "zsh", "fish"})};
+        command.examples = {{"editor-settings completion bash > editor-settings.bash", "A script for bash: source editor-settings.bash"}};
+        command.stores = always(StoreUse::none);
+        command.needsProduct = false;
+        command.run = [this](Invocation const&) { return printCompletionScript(m_shell), 0; };
+        return command;
+    }
+
+    Command manualCommand()
+    {
+        Command command;
+        command.name = "manual";
+        command.summary = "The manual page, for man";
+        command.examples = {{"editor-settings manual > editor-settings.1", "The page in a file: man ./editor-settings.1"}};
+        command.stores = always(StoreUse::none);
+        command.needsProduct = false;
+        command.run = [this](Invocation const&) {
+            std::cout << manualPage(m_app.get_description(), m_global.options(), m_commands);
+            return 0;
+        };
+        return command;
+    }
+
+    CLI::App m_app{"Reads, changes and explains the preferences, folders and file names of Lumora Video Editor.", "editor-settings"};
+    GlobalOptions m_global;
+    std::vector<Command> m_commands = allCommands();
+    std::map<CLI::App const*, Command const*> m_known;
+    CLI::App* m_completing = nullptr;
+    std::vector<std::string> m_typed;
+    std::string m_shell;
+    int m_errorStatus = 1;
+};
+
+} // namespace
+
+std::vector<Option> GlobalOptions::options()
+{
+    std::string const emptyName = "the name is empty; leave the option out for the default";
+    return {Option("--color", &color, "Colours: auto for a terminal alone, always, or never; default: auto")
+                .of("WHEN")
+                .oneOf({"auto", "always", "never"}),
+            Option("--no-pager", &withoutPager, "Long answers as they are, not a screen at a time"),
+            Option("--product", &productFile, "The product file, in JSON; default: the one that is installed with this program")
+                .of("FILE")
+                .refusingEmpty(emptyName)
+                .completedBy(Candidates::files)
+                .fromEnvironment("EDITOR_SETTINGS_PRODUCT"),
+            Option("--home", &home, "The folder of both stores; default: the product's data folder and the vendor's")
+                .of("DIR")
+                .refusingEmpty(emptyName)
+                .completedBy(Candidates::folders)
+                .fromEnvironment("EDITOR_SETTINGS_HOME")};
+}
+
+int runCommandLine(int argc, char** argv)
+{
+    StandardOutput output;
+    CommandLine commandLine;
+    int const status = commandLine.run(argc, argv);
+    std::string const trouble = output.trouble();
+    if (trouble.empty())
+        return status;
+    printError(absl::StrCat("cannot write to standard output: ", trouble));
+    return std::max(status, commandLine.errorStatus());
+}

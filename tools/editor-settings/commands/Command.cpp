@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#include "commands/Command.h"
+
+Option fileOption(std::string const& name, std::string& target, std::string const& help)
+{
+    return Option(name, &target, help).refusingEmpty("the name is empty; name a file").completedBy(Candidates::files);
+}
+
+std::function<StoreUse()> always(StoreUse use)
+{
+    return [use] { return use; };
+}
+
+std::vector<Option> withFormat(FormatChoice& choice, char const* json, std::vector<Option> options)
+{
+    std::vector<Option> all = {
+        Option("--plain", &choice.plain, "Tab-separated, one record a line, nothing shortened; for scripts").excluding({"--json"}),
+        Option("--json", &choice.json, json)};
+    all.insert(all.end(), options.begin(), options.end());
+    return all;
+}
