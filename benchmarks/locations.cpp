@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// The folders below the user's movies and music, and the preferences that fall back on them. The composition is the same
-// text put together from what QStandardPaths says; the floor is one look at the file that both have to heed.
+// The folders below the user's movies, music and caches, and the preferences that fall back on them. The floor is the one
+// call of GetStandardPath that each of them makes.
 #include <support/Bench.h>
 #include <support/BoundLibrary.h>
 
-#include <QDir>
-
-#include <chrono>
-#include <thread>
-
-#include <sys/stat.h>
+#include <Lumora/Util/StandardPaths.h>
 
 namespace {
 
@@ -34,83 +29,51 @@ XDG_VIDEOS_DIR="$HOME/Videos"
 
 struct Surroundings {
     Bench::BoundLibrary library;
-    std::string const file = library.home.write(".config/user-dirs.dirs", userDirs).string();
 
-    // A user's file is old. What was changed a moment ago may change again without its time stamp telling so, and need
-    // not be trusted.
-    Surroundings()
-    {
-        if (!Bench::isShort())
-            std::this_thread::sleep_for(std::chrono::seconds(4));
-    }
+    Surroundings() { library.home.write(".config/user-dirs.dirs", userDirs); }
 };
 
 using Shared = std::shared_ptr<Surroundings>;
 
-QString composed(QStandardPaths::StandardLocation location, QString const& folder)
-{
-    return QDir::toNativeSeparators(QDir::cleanPath(QStandardPaths::writableLocation(location) + QDir::separator() +
-                                                    QStringLiteral("Lumora Video Editor") + QDir::separator() + folder));
-}
-
-template <typename Work>
-void addSide(std::string const& row, char const* side, Work work)
-{
-    Bench::addRun(row, side, [work](benchmark::State& state) {
-        static_cast<void>(work());
-        state.counters["allocations"] = static_cast<double>(Bench::allocationsOf(work).count);
-        if (int const count = Bench::systemCallsOf(work); count >= 0)
-            state.counters["system calls"] = count;
-        Bench::repeat(state, work);
-    });
-}
-
-template <typename Library, typename Composition>
-void addRow(Shared const& all, std::string const& row, Library library, Composition composition)
-{
-    Bench::require(library() == composition() && library().startsWith(Bench::qString(all->library.home.path().string())),
-                   row + ": the library and the composition differ");
-    addSide(row, "library", library);
-    addSide(row, "composition", composition);
-    addSide(row, "floor", [all] {
-        struct stat status;
-        return ::stat(all->file.c_str(), &status);
-    });
-}
-
-struct Folder {
-    char const* locationName;
-    QString (*location)();
-    char const* preferenceName;
-    QString (*preference)();
+struct Row {
+    char const* name;
+    QString (*folder)();
     QStandardPaths::StandardLocation base;
-    QString const& name;
 };
 
-void addRows(Shared const& all, Folder const& folder)
+Row const table[] = {
+    {"defaultProjectPath", &Settings::defaultProjectPath, QStandardPaths::MoviesLocation},
+    {"defaultAudioRecordPath", &Settings::defaultAudioRecordPath, QStandardPaths::MusicLocation},
+    {"defaultStabilizedFilePath", &Settings::defaultStabilizedFilePath, QStandardPaths::MoviesLocation},
+    {"defaultFastTrackContentPath", &Settings::defaultFastTrackContentPath, QStandardPaths::MoviesLocation},
+    {"defaultDownloadableResourcesPath", &Settings::defaultDownloadableResourcesPath, QStandardPaths::MoviesLocation},
+    {"defaultLumoraLibraryPath", &Settings::defaultLumoraLibraryPath, QStandardPaths::MoviesLocation},
+    {"defaultNewsCenterContentPath", &Settings::defaultNewsCenterContentPath, QStandardPaths::CacheLocation},
+    {"projectPath", &Settings::projectPath, QStandardPaths::MoviesLocation},
+    {"audioRecordPath", &Settings::audioRecordPath, QStandardPaths::MusicLocation},
+    {"stabilizedFilePath", &Settings::stabilizedFilePath, QStandardPaths::MoviesLocation},
+    {"fastTrackContentPath", &Settings::fastTrackContentPath, QStandardPaths::MoviesLocation},
+    {"downloadableResourcesPath", &Settings::downloadableResourcesPath, QStandardPaths::MoviesLocation},
+    {"exportPath", &Settings::exportPath, QStandardPaths::MoviesLocation},
+    {"newsCenterContentPath", &Settings::newsCenterContentPath, QStandardPaths::CacheLocation},
+};
+
+void addRow(Shared const& all, Row const& row)
 {
-    auto const location = [base = folder.base, name = folder.name] { return composed(base, name); };
-    std::string const key = folder.preferenceName;
-    addRow(all, folder.locationName, folder.location, location);
-    addRow(all, folder.preferenceName, folder.preference, [key, location] { return read(key, location(), Bench::inProductStorage); });
+    auto const floor = [base = row.base] { return Lumora::Util::GetStandardPath(base); };
+    Bench::require(row.folder().startsWith(floor()), row.name + std::string(" lies outside its standard path"));
+    auto const prepare = [all, row, floor](benchmark::State& state) {
+        state.counters["allocations"] = static_cast<double>(Bench::allocationsOf(row.folder).count);
+        state.counters["floor allocations"] = static_cast<double>(Bench::allocationsOf(floor).count);
+    };
+    constexpr int calls = 20; // about half a millisecond, so that the clock costs nothing that shows
+    Bench::addByTurns(row.name, prepare, row.folder, floor, calls)->Iterations(Bench::isShort() ? 1 : 200);
 }
 
 Bench::Registration const registration([] {
     auto const all = std::make_shared<Surroundings>();
-    auto const movies = QStandardPaths::MoviesLocation;
-    Folder const folders[] = {
-        {"defaultProjectPath", &Settings::defaultProjectPath, "projectPath", &Settings::projectPath, movies, Settings::projectDirectory},
-        {"defaultAudioRecordPath", &Settings::defaultAudioRecordPath, "audioRecordPath", &Settings::audioRecordPath,
-         QStandardPaths::MusicLocation, Settings::audioRecordDirectory},
-        {"defaultStabilizedFilePath", &Settings::defaultStabilizedFilePath, "stabilizedFilePath", &Settings::stabilizedFilePath, movies,
-         Settings::stabilizedFileDirectory},
-        {"defaultFastTrackContentPath", &Settings::defaultFastTrackContentPath, "fastTrackContentPath", &Settings::fastTrackContentPath,
-         movies, Settings::fastTrackContentDirectory},
-        {"defaultDownloadableResourcesPath", &Settings::defaultDownloadableResourcesPath, "downloadableResourcesPath",
-         &Settings::downloadableResourcesPath, movies, Settings::resourcesDirectory},
-    };
-    for (Folder const& folder : folders)
-        addRows(all, folder);
+    for (Row const& row : table)
+        addRow(all, row);
 });
 
 } // namespace

@@ -203,9 +203,9 @@ programs = {
 floor locks the weak reference, makes the store's call, and converts what the store does not hold with as few allocations
 as there can be. It does so in a function of the program's own; "written out" it stands where the value is wanted, without
 the call of a function. A list that is read takes one allocation more than the floor, as Qt's split lets it grow. Reading a list from QSettings copies a reference to a list that it keeps split, and so is faster."""),
-    "locations": ("Locations", """The folders below the user's movies and music, and the preferences that fall back on them.
-The composition is the same text put together from what QStandardPaths says; the floor is one stat of user-dirs.dirs. The
-home folder lies as deep as a user's, as each folder on the way costs the kernel time."""),
+    "locations": ("Locations", """The folders below the user's movies, music and caches, and the preferences that fall
+back on them. The floor is the call of GetStandardPath that each makes once. For movies and music it reads user-dirs.dirs;
+the cache comes from the environment alone, so that putting the text together shows beside it."""),
     "names": ("Names", """Numbers are entries of the folder; all count but in "mixed", where one in a hundred of 10,000 does.
 The floor is a pass of getdents64 over the folder, with the buffer that is fastest there; the composition is a sorted,
 filtered QDir list and a regular expression. "Taken" are freeze frames of one source, and the peers look for a free
@@ -282,7 +282,7 @@ def counts(rounds, counter):
 
 counted = {
     "typed-access": {"allocations": "Allocations, without those that the store itself makes; the floor's are what a conversion forces:"},
-    "locations": {"allocations": "Allocations:", "system calls": "System calls:"},
+    "locations": {"allocations": "Allocations:"},
     "names": {"more bytes": "Bytes allocated at a time for a million entries, beyond those for none:",
               "more allocations": "Allocations for a million entries, beyond those for none:"},
 }

@@ -43,16 +43,6 @@ Allocations allocationsOf(Work const& work)
     return stopCounting();
 }
 
-/// Runs `work` in a child process and counts its calls into the kernel. The second of two runs counts, as the first may
-/// have to fetch what is kept from then on. Negative where this process may not trace others.
-int systemCallsOf(void (*call)(void const*), void const* work);
-
-template <typename Work>
-int systemCallsOf(Work const& work)
-{
-    return systemCallsOf([](void const* erased) { static_cast<void>((*static_cast<Work const*>(erased))()); }, &work);
-}
-
 template <typename Work>
 void call(Work const& work)
 {

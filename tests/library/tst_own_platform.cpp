@@ -70,12 +70,30 @@ TEST_F(OwnPlatform, EmptyStandardPathGivesARootedPath)
     EXPECT_EQ(Settings::defaultProjectPath(), QStringLiteral("/Lumora Video Editor/Projects"));
 }
 
-TEST_F(OwnPlatform, StandardPathIsAskedAnewAlsoWhenTheFolderIsStored)
+TEST_F(OwnPlatform, FolderPreferenceAsksForItsStandardPathOnce)
+{
+    Settings::projectPath();
+    Settings::audioRecordPath();
+    Settings::stabilizedFilePath();
+    Settings::fastTrackContentPath();
+    Settings::downloadableResourcesPath();
+    Settings::newsCenterContentPath();
+    Settings::bundleShadowCachePath();
+    Settings::downloaderCachePath();
+    Settings::packInAppCachePath();
+    using Paths = QStandardPaths;
+    EXPECT_EQ(askedLocations,
+              (std::vector{Paths::MoviesLocation, Paths::MusicLocation, Paths::MoviesLocation, Paths::MoviesLocation, Paths::MoviesLocation,
+                           Paths::CacheLocation, Paths::CacheLocation, Paths::CacheLocation, Paths::CacheLocation}));
+    EXPECT_TRUE(askedLibraries.empty());
+}
+
+TEST_F(OwnPlatform, StandardPathIsAskedForAlsoWhenTheFolderIsStored)
 {
     Settings::setProjectPath(QStringLiteral("/p"));
     EXPECT_EQ(Settings::projectPath(), QStringLiteral("/p"));
     EXPECT_EQ(Settings::projectPath(), QStringLiteral("/p"));
-    EXPECT_EQ(askedLocations.size(), 2u);
+    EXPECT_EQ(askedLocations, std::vector(2, QStandardPaths::MoviesLocation));
 }
 
 TEST_F(OwnPlatform, UserLibraryIsAskedByTheNameOfTheKind)

@@ -1,16 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <Lumora/Util/StandardPaths.h>
 
-#include <Lumora/Util/UserDirectories.h>
-
-QString Lumora::Util::GetStandardPath(QStandardPaths::StandardLocation location)
-{
-#if defined(Q_OS_LINUX) && !defined(Q_OS_ANDROID)
-    if (location == QStandardPaths::MoviesLocation || location == QStandardPaths::MusicLocation)
-        return userDirectory(location);
-#endif
-    return QStandardPaths::writableLocation(location);
-}
+QString Lumora::Util::GetStandardPath(QStandardPaths::StandardLocation location) { return QStandardPaths::writableLocation(location); }
 
 // Asks GetStandardPath rather than Qt, so that a host which replaces that one function moves the user library with it.
 QString Lumora::Util::GetLumoraLibraryPath(QString name)

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 /// @file
-/// Where the user's standard directories lie. Both functions only compute a path: neither creates nor checks a
-/// directory. They may be called from any thread while no thread changes the environment.
+/// Where the user's standard directories lie. Both functions compute a path and neither create nor check a directory.
+/// Any thread may call them, also while another changes the environment with `qputenv`; `setenv` takes no such lock.
 #pragma once
 
 #include <Lumora/Util/Export.h>
