@@ -200,9 +200,9 @@ def check(results):
 
 programs = {
     "typed-access": ("Typed access", """On a store in memory that does next to nothing, so that what the library adds shows. The
-floor locks the weak reference, makes the store's call, and converts what the store does not hold with as few allocations
-as there can be. It does so in a function of the program's own; "written out" it stands where the value is wanted, without
-the call of a function. A list that is read takes one allocation more than the floor, as Qt's split lets it grow. Reading a list from QSettings copies a reference to a list that it keeps split, and so is faster."""),
+floor locks the weak reference, makes the store's call, and converts the value with Qt's and the platform library's own
+functions, in a function of the program's own; "written out" it stands where the value is wanted, without the call of a
+function. QSettings in memory keeps a list split and copies a reference to it, which is faster than any conversion."""),
     "locations": ("Locations", """The folders below the user's movies, music and caches, and the preferences that fall
 back on them. The floor is the call of GetStandardPath that each makes once. For movies and music it reads user-dirs.dirs;
 the cache comes from the environment alone, so that putting the text together shows beside it."""),
@@ -281,7 +281,7 @@ def counts(rounds, counter):
 
 
 counted = {
-    "typed-access": {"allocations": "Allocations, without those that the store itself makes; the floor's are what a conversion forces:"},
+    "typed-access": {"allocations": "Allocations, without those that the store itself makes; the floor's are those of the conversions:"},
     "locations": {"allocations": "Allocations:"},
     "names": {"more bytes": "Bytes allocated at a time for a million entries, beyond those for none:",
               "more allocations": "Allocations for a million entries, beyond those for none:"},

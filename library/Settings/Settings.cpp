@@ -67,64 +67,6 @@ namespace {
 
 extern QString const listSeparator;
 
-// To the end in any case, so that the compiler may take many at once.
-bool isAscii(QStringView text)
-{
-    unsigned units = 0;
-    for (QChar const character : text)
-        units |= character.unicode();
-    return units < 0x80;
-}
-
-// QString::toStdString, which makes a byte array on its way.
-std::string encoded(QString const& text)
-{
-    QStringView const view = text;
-    return isAscii(view) ? std::string(view.utf16(), view.utf16() + view.size()) : text.toStdString();
-}
-
-// The same of a joined list, which is joined only where not all of it is ASCII.
-std::string encodedJoined(QStringList const& list)
-{
-    std::size_t size = 0;
-    for (QString const& element : list)
-        size += static_cast<std::size_t>(element.size()) + static_cast<std::size_t>(listSeparator.size());
-    std::string result(size, ' ');
-    char* end = result.data();
-    unsigned units = 0;
-    auto const append = [&](QString const& text) {
-        for (QChar const character : text) {
-            units |= character.unicode();
-            *end++ = static_cast<char>(character.unicode());
-        }
-    };
-    for (QString const& element : list) {
-        append(element);
-        append(listSeparator);
-    }
-    if (units >= 0x80)
-        return list.join(listSeparator).toStdString();
-    if (!list.isEmpty()) // after the last element comes none
-        result.resize(result.size() - static_cast<std::size_t>(listSeparator.size()));
-    return result;
-}
-
-// QString::fromStdString, which takes memory for an empty text, too.
-QString decoded(std::string const& utf8) { return utf8.empty() ? QLatin1String("") : QString::fromStdString(utf8); }
-
-// Whether the text would come back from UTF-8 as it is, and may be given back itself. Without a capacity it is null, which
-// would come back empty, or its characters are a literal or the caller's, who may change them.
-bool comesBackAsItIs(QString const& text) { return text.capacity() > 0 && isAscii(text); }
-
-// The key of a rational's first half; that of the second ends in 'D'.
-std::string numeratorKey(std::string const& key)
-{
-    std::string result;
-    result.reserve(key.size() + 2);
-    result.append(key).append("_N");
-    return result;
-}
-
 // Whether it fits or not: what lies beyond 32 bits is dropped without a word.
 int low32Bits(long long component) { return static_cast<int>(component); }
 
@@ -137,9 +79,8 @@ std::string read(std::string const& key, std::string const& defaultValue, bool u
 
 QString read(std::string const& key, QString const& defaultValue, bool useCommonStorage)
 {
-    std::string const encodedDefault = encoded(defaultValue);
-    std::string const value = storage(useCommonStorage)->getString(key, encodedDefault);
-    return value == encodedDefault && comesBackAsItIs(defaultValue) ? defaultValue : decoded(value);
+    std::string const value = storage(useCommonStorage)->getString(key, defaultValue.toStdString());
+    return QString::fromStdString(value);
 }
 
 bool read(std::string const& key, bool const& defaultValue, bool useCommonStorage)
@@ -161,10 +102,8 @@ QByteArray read(std::string const& key, QByteArray const& /*defaultValue*/, bool
 boost::rational<long long> read(std::string const& key, boost::rational<long long> const& defaultValue, bool useCommonStorage)
 {
     // Two statements, as a store must see the numerator first.
-    std::string half = numeratorKey(key);
-    long long const numerator = storage(useCommonStorage)->getInt(half, low32Bits(defaultValue.numerator()));
-    half.back() = 'D';
-    long long const denominator = storage(useCommonStorage)->getInt(half, low32Bits(defaultValue.denominator()));
+    long long const numerator = storage(useCommonStorage)->getInt(key + "_N", low32Bits(defaultValue.numerator()));
+    long long const denominator = storage(useCommonStorage)->getInt(key + "_D", low32Bits(defaultValue.denominator()));
     return {numerator, denominator};
 }
 
@@ -177,7 +116,7 @@ void write(std::string const& key, std::string const& value, bool useCommonStora
 
 void write(std::string const& key, QString const& value, bool useCommonStorage)
 {
-    storage(useCommonStorage)->setString(key, encoded(value));
+    storage(useCommonStorage)->setString(key, value.toStdString());
 }
 
 void write(std::string const& key, bool const& value, bool useCommonStorage) { storage(useCommonStorage)->setBool(key, value); }
@@ -191,15 +130,13 @@ void write(std::string const& key, QByteArray const& value, bool useCommonStorag
 
 void write(std::string const& key, boost::rational<long long> const& value, bool useCommonStorage)
 {
-    std::string half = numeratorKey(key);
-    storage(useCommonStorage)->setInt(half, low32Bits(value.numerator()));
-    half.back() = 'D';
-    storage(useCommonStorage)->setInt(half, low32Bits(value.denominator()));
+    storage(useCommonStorage)->setInt(key + "_N", low32Bits(value.numerator()));
+    storage(useCommonStorage)->setInt(key + "_D", low32Bits(value.denominator()));
 }
 
 void write(std::string const& key, QStringList value, bool useCommonStorage)
 {
-    storage(useCommonStorage)->setString(key, encodedJoined(value));
+    storage(useCommonStorage)->setString(key, value.join(listSeparator).toStdString());
 }
 
 // --- Preferences -----------------------------------------------------------------------------------------------------
