@@ -493,9 +493,12 @@ QString vendorName() { return QString::fromStdString(productInfo()->vendorName()
 
 QString sharedDataFolderName() { return QString::fromStdString(productInfo()->sharedDataFolderName()); }
 
+// One statement for each question: compilers differ in the order in which they evaluate the operands of "+".
 QString vendorDataPath()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QDir::separator() + vendorName();
+    QString path = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QDir::separator();
+    path += vendorName();
+    return path;
 }
 
 QString sharedDataPath()
@@ -640,7 +643,9 @@ QString Settings::userIntrosPath() { return sharedDataPath() + QLatin1String("/U
 QString Settings::userOverlaysPath() { return sharedDataPath() + QLatin1String("/UserOverlays/"); }
 QString Settings::userEffectsPath(std::string const& name)
 {
-    return sharedDataPath() + QLatin1String("/UserEffects/") + sanitized(QString::fromStdString(name)) + QDir::separator();
+    QString path = sharedDataPath() + QLatin1String("/UserEffects/");
+    path += sanitized(QString::fromStdString(name)); // the product information may have changed the name
+    return path + QDir::separator();
 }
 QString Settings::userUnsplashPath() { return productFolder(QLatin1String("Unsplash/SavedCollection")); }
 QString Settings::unsplashContentPath() { return productFolder(QLatin1String("Unsplash/Content")); }

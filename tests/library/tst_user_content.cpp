@@ -2,6 +2,7 @@
 #include <support/BoundLibrary.h>
 #include <support/Named.h>
 
+#include <stdexcept>
 #include <type_traits>
 
 static_assert(std::is_same_v<decltype(&Settings::userEffectsPath), QString (*)(std::string const&)>);
@@ -77,9 +78,69 @@ TEST_P(UserFolder, IsNotCreated)
     EXPECT_FALSE(std::filesystem::exists(m_home.path() / ".local"));
 }
 
+// Each answer changes the data location or a text of the caller.
+struct ChangingProductInfo final : IProductInfo {
+    explicit ChangingProductInfo(std::string& text) : m_text(text) {}
+
+    std::string vendorName() const override
+    {
+        ::setenv("XDG_DATA_HOME", "/later", 1);
+        return "V";
+    }
+    std::string productName() const override
+    {
+        ::setenv("XDG_DATA_HOME", "/latest", 1);
+        return "P";
+    }
+    std::string sharedDataFolderName() const override
+    {
+        m_text = "changed";
+        return "S";
+    }
+    int productKind() const override { return 0; }
+    std::string projectFileExtensions() const override { return {}; }
+
+private:
+    std::string& m_text;
+};
+
+TEST_P(UserFolder, AsksForTheDataLocationBeforeTheNames)
+{
+    std::string text;
+    auto const product = std::make_shared<ChangingProductInfo>(text);
+    TestKit::ScopedBinding const binding({product, m_common, m_productStore, {}});
+    ::setenv("XDG_DATA_HOME", "/D", 1);
+    EXPECT_EQ(GetParam().function(), GetParam().plain);
+}
+
+TEST_P(UserFolder, LetsTheFirstFailurePass)
+{
+    struct Throwing final : IProductInfo {
+        std::string vendorName() const override { throw std::runtime_error("vendorName"); }
+        std::string productName() const override { throw std::runtime_error("productName"); }
+        std::string sharedDataFolderName() const override { throw std::runtime_error("sharedDataFolderName"); }
+        int productKind() const override { return 0; }
+        std::string projectFileExtensions() const override { return {}; }
+    };
+    auto const product = std::make_shared<Throwing>();
+    TestKit::ScopedBinding const binding({product, m_common, m_productStore, {}});
+    std::string message;
+    try {
+        GetParam().function();
+    } catch (std::runtime_error const& error) {
+        message = error.what();
+    }
+    EXPECT_EQ(message, "vendorName");
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Table, UserFolder,
     testing::Values(
+        Folder{"ProductData", &productDataPath, QStringLiteral("/D/V/P"), QStringLiteral("/D//a/../b/./p/"), QStringLiteral("/D//"),
+               forProductData},
+        Folder{"WaveformCache", &Settings::defaultWaveformCachePath, QStringLiteral("/D/V/SharedData/S/Waveforms/Cache"),
+               QStringLiteral("/D//a/../b/SharedData/s///Waveforms/Cache"), QStringLiteral("/D//SharedData//Waveforms/Cache"),
+               forSharedData},
         Folder{"Intros", &Settings::userIntrosPath, QStringLiteral("/D/V/SharedData/S/UserImports/"),
                QStringLiteral("/D//a/../b/SharedData/s///UserImports/"), QStringLiteral("/D//SharedData//UserImports/"), forSharedData},
         Folder{"Overlays", &Settings::userOverlaysPath, QStringLiteral("/D/V/SharedData/S/UserOverlays/"),
@@ -183,6 +244,15 @@ INSTANTIATE_TEST_SUITE_P(
                            "fx",
                            QStringLiteral("fx/")}),
     byMeaning);
+
+TEST_F(UserContent, NameOfAnEffectIsReadAfterItsFolder)
+{
+    std::string name = "first";
+    auto const product = std::make_shared<ChangingProductInfo>(name);
+    TestKit::ScopedBinding const binding({product, m_common, m_productStore, {}});
+    ::setenv("XDG_DATA_HOME", "/D", 1);
+    EXPECT_EQ(Settings::userEffectsPath(name), QStringLiteral("/D/V/SharedData/S/UserEffects/changed/"));
+}
 
 TEST_F(UserContent, LongNameOfAnEffectIsNotCut)
 {
