@@ -79,6 +79,7 @@ std::string read(std::string const& key, std::string const& defaultValue, bool u
 
 QString read(std::string const& key, QString const& defaultValue, bool useCommonStorage)
 {
+    // A statement of its own, so that the store is released before its answer is decoded.
     std::string const value = storage(useCommonStorage)->getString(key, defaultValue.toStdString());
     return QString::fromStdString(value);
 }
@@ -96,14 +97,16 @@ int read(std::string const& key, int const& defaultValue, bool useCommonStorage)
 // The default is ignored on purpose: hosts rely on an absent key giving no bytes.
 QByteArray read(std::string const& key, QByteArray const& /*defaultValue*/, bool useCommonStorage)
 {
-    return Lumora::Util::VectorByteToQByteArray(storage(useCommonStorage)->getBytes(key, {}));
+    std::vector<unsigned char> const value = storage(useCommonStorage)->getBytes(key, {});
+    return Lumora::Util::VectorByteToQByteArray(value);
 }
 
 boost::rational<long long> read(std::string const& key, boost::rational<long long> const& defaultValue, bool useCommonStorage)
 {
-    // Two statements, as a store must see the numerator first.
+    // A store may change the caller's default while it is asked for the numerator.
+    int const defaultDenominator = low32Bits(defaultValue.denominator());
     long long const numerator = storage(useCommonStorage)->getInt(key + "_N", low32Bits(defaultValue.numerator()));
-    long long const denominator = storage(useCommonStorage)->getInt(key + "_D", low32Bits(defaultValue.denominator()));
+    long long const denominator = storage(useCommonStorage)->getInt(key + "_D", defaultDenominator);
     return {numerator, denominator};
 }
 
@@ -125,7 +128,8 @@ void write(std::string const& key, int const& value, bool useCommonStorage) { st
 
 void write(std::string const& key, QByteArray const& value, bool useCommonStorage)
 {
-    storage(useCommonStorage)->setBytes(key, Lumora::Util::QByteArrayToVectorByte(value));
+    std::vector<unsigned char> const bytes = Lumora::Util::QByteArrayToVectorByte(value);
+    storage(useCommonStorage)->setBytes(key, bytes);
 }
 
 void write(std::string const& key, boost::rational<long long> const& value, bool useCommonStorage)

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
 // A host that brings its own functions of the platform library: the settings library calls them, not ours.
+#include <Lumora/Util/ByteConversion.h>
 #include <Lumora/Util/StandardPaths.h>
 
 #include <support/BoundLibrary.h>
+#include <support/EmptyStorage.h>
+
+#include <functional>
 
 namespace {
 
@@ -11,6 +15,7 @@ std::vector<QStandardPaths::StandardLocation> askedLocations;
 std::vector<QString> askedLibraries;
 QString standardPath;
 QString libraryPath;
+std::function<void()> onConversion;
 
 } // namespace
 
@@ -26,6 +31,18 @@ QString Lumora::Util::GetLumoraLibraryPath(QString name)
     return libraryPath;
 }
 
+std::vector<unsigned char> Lumora::Util::QByteArrayToVectorByte(QByteArray const& bytes)
+{
+    onConversion();
+    return {bytes.begin(), bytes.end()};
+}
+
+QByteArray Lumora::Util::VectorByteToQByteArray(std::vector<unsigned char> const& bytes)
+{
+    onConversion();
+    return QByteArray(static_cast<int>(bytes.size()), 'c');
+}
+
 namespace {
 
 class OwnPlatform : public BoundLibrary {
@@ -34,6 +51,7 @@ protected:
     {
         askedLocations.clear();
         askedLibraries.clear();
+        onConversion = [] {};
         standardPath = QStringLiteral("/Users/u/Movies");
         libraryPath = QStringLiteral("/Users/u/Library");
     }
@@ -121,6 +139,39 @@ TEST_F(OwnPlatform, ExportAndSnapshotFoldersAskForTheUserLibrary)
     EXPECT_EQ(Settings::exportPath(), QStringLiteral("/Users/u/Library"));
     EXPECT_EQ(Settings::snapshotPath(), QStringLiteral("/Users/u/Library"));
     EXPECT_EQ(askedLibraries, std::vector(2, QStringLiteral("Lumora Video Editor")));
+}
+
+// Is dropped by its only owner while it is asked.
+struct DroppedStorage final : EmptyStorage {
+    explicit DroppedStorage(std::shared_ptr<ISettingsStorage>& storage) : owner(storage) {}
+
+    std::vector<unsigned char> getBytes(std::string const&, std::vector<unsigned char> const&) const override
+    {
+        owner.reset();
+        return {1, 2};
+    }
+
+    std::shared_ptr<ISettingsStorage>& owner;
+};
+
+TEST_F(OwnPlatform, StoreIsReleasedBeforeItsBytesAreConverted)
+{
+    std::shared_ptr<ISettingsStorage> owner;
+    owner = std::make_shared<DroppedStorage>(owner);
+    std::weak_ptr<ISettingsStorage> const store = owner;
+    TestKit::ScopedBinding const binding({{}, {}, store, {}});
+    bool isReleased = false;
+    onConversion = [&] { isReleased = store.expired(); };
+    EXPECT_EQ(Settings::mainWindowState(), QByteArray("cc"));
+    EXPECT_TRUE(isReleased);
+}
+
+TEST_F(OwnPlatform, BytesAreConvertedBeforeTheStoreIsLocked)
+{
+    auto const later = std::make_shared<TestKit::MemoryStorage>();
+    onConversion = [&] { Settings::init({{}, {}, later, {}}); };
+    Settings::setMainWindowState("v");
+    EXPECT_EQ(later->getBytes("mainWindowState", {}), std::vector<unsigned char>{'v'});
 }
 
 TEST_F(OwnPlatform, DataRootsDoNotAskTheHost)
