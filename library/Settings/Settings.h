@@ -58,7 +58,8 @@ EDITOR_SETTINGS_EXPORT QString read(std::string const& key, QString const& defau
 EDITOR_SETTINGS_EXPORT bool read(std::string const& key, bool const& defaultValue, bool useCommonStorage);
 /// The stored integer, or `defaultValue`.
 EDITOR_SETTINGS_EXPORT int read(std::string const& key, int const& defaultValue, bool useCommonStorage);
-/// The stored bytes. `defaultValue` is ignored: an absent key gives an empty array.
+/// The stored bytes. `defaultValue` is ignored: an absent key gives a null array. More than 2147483647 bytes throw
+/// `std::length_error`.
 EDITOR_SETTINGS_EXPORT QByteArray read(std::string const& key, QByteArray const& defaultValue, bool useCommonStorage);
 /// The fraction of the integers stored under key + "_N" and key + "_D", in lowest terms. Each half falls back on the
 /// default's half, cut to 32 bits, by itself. Two store calls, so another thread may write between them.

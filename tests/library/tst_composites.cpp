@@ -2,6 +2,7 @@
 #include <Storage/SqliteStorage.h>
 
 #include <support/BoundLibrary.h>
+#include <support/EmptyStorage.h>
 #include <support/Named.h>
 
 #include <type_traits>
@@ -140,6 +141,21 @@ TEST_F(Composites, IndicationMakesOneStoreCall)
 TEST_F(Composites, IndicationsOfTheCommonStoreAreNotSeen)
 {
     m_commonValues->setBytes("Indication/x", {1});
+    EXPECT_TRUE(Settings::indicationObject(QStringLiteral("x")).isNull());
+}
+
+TEST_F(Composites, AbsentIndicationIsNullThoughTheStoresVectorHasSpareCapacity)
+{
+    struct SpaciousStorage final : EmptyStorage {
+        std::vector<unsigned char> getBytes(std::string const&, std::vector<unsigned char> const&) const override
+        {
+            std::vector<unsigned char> bytes;
+            bytes.reserve(16);
+            return bytes;
+        }
+    };
+    auto const store = std::make_shared<SpaciousStorage>();
+    TestKit::ScopedBinding const binding({m_productInfo, m_common, store, {}});
     EXPECT_TRUE(Settings::indicationObject(QStringLiteral("x")).isNull());
 }
 

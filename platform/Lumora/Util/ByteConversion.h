@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 /// @file
-/// Conversions between Qt's byte array and the standard library's: byte for byte, of any length and content, NUL bytes
-/// included. Pure functions: any thread may call them; they throw only `std::bad_alloc`.
+/// Conversions between Qt's byte array and the standard library's: byte for byte, of any content, NUL bytes included.
+/// Pure functions: any thread may call them. Allocation failure throws `std::bad_alloc`.
 #pragma once
 
 #include <Lumora/Util/Export.h>
@@ -17,7 +17,7 @@ namespace Util {
 /// The bytes of `bytes`; a null array gives an empty vector.
 LUMORA_UTIL_EXPORT std::vector<unsigned char> QByteArrayToVectorByte(QByteArray const& bytes);
 
-/// The bytes of `bytes`; an empty vector gives an empty array.
+/// The bytes of `bytes`; an empty vector gives a null array. More than 2147483647 bytes throw `std::length_error`.
 LUMORA_UTIL_EXPORT QByteArray VectorByteToQByteArray(std::vector<unsigned char> const& bytes);
 
 } // namespace Util
