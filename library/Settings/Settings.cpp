@@ -23,7 +23,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-QString const Configuration::productDataFolder = QStringLiteral("Lumora Video Editor");
+QString const Configuration::productDataFolder = QLatin1String("Lumora Video Editor");
 
 // --- Binding ---------------------------------------------------------------------------------------------------------
 //
@@ -470,21 +470,21 @@ int const Settings::targetHistoryLength = 10;
 // --- Folder names ----------------------------------------------------------------------------------------------------
 
 std::string const Settings::lumoraLibrary = "Lumora Library";
-QString const Settings::projectDirectory = QStringLiteral("Projects");
-QString const Settings::audioRecordDirectory = QStringLiteral("Recorded Audio");
-QString const Settings::resourcesDirectory = QStringLiteral("Media Content");
-QString const Settings::stabilizedFileDirectory = QStringLiteral("Stabilized");
-QString const Settings::fastTrackContentDirectory = QStringLiteral("Preview Files");
-QString const Settings::waveformCacheDirectory = QStringLiteral("Cache");
-QString const Settings::newsCenterContentDirectory = QStringLiteral("News Center");
-QString const Settings::bundleShadowCacheDirectory = QStringLiteral("Bundle Shadow Copy");
-QString const Settings::downloaderCacheDirectory = QStringLiteral("Downloader Cache");
-QString const Settings::packInAppCacheDirectory = QStringLiteral("PackInApp Cache");
-QFont const Settings::countDownFont(QStringLiteral("Verdana"), 60, -1, false);
-QString const Settings::countDownPadImage = QStringLiteral(":/icons/Player/countdownPad.png");
+QString const Settings::projectDirectory = QLatin1String("Projects");
+QString const Settings::audioRecordDirectory = QLatin1String("Recorded Audio");
+QString const Settings::resourcesDirectory = QLatin1String("Media Content");
+QString const Settings::stabilizedFileDirectory = QLatin1String("Stabilized");
+QString const Settings::fastTrackContentDirectory = QLatin1String("Preview Files");
+QString const Settings::waveformCacheDirectory = QLatin1String("Cache");
+QString const Settings::newsCenterContentDirectory = QLatin1String("News Center");
+QString const Settings::bundleShadowCacheDirectory = QLatin1String("Bundle Shadow Copy");
+QString const Settings::downloaderCacheDirectory = QLatin1String("Downloader Cache");
+QString const Settings::packInAppCacheDirectory = QLatin1String("PackInApp Cache");
+QFont const Settings::countDownFont(QLatin1String("Verdana"), 60, -1, false);
+QString const Settings::countDownPadImage = QLatin1String(":/icons/Player/countdownPad.png");
 // The spelling is the name that hosts link against.
-QString const Settings::packageExtenstion = QStringLiteral("mpack");
-QString const Settings::waveformExtension = QStringLiteral("blob");
+QString const Settings::packageExtenstion = QLatin1String("mpack");
+QString const Settings::waveformExtension = QLatin1String("blob");
 
 // --- Roots -----------------------------------------------------------------------------------------------------------
 //
@@ -621,10 +621,10 @@ QString Settings::stockWizardBackgroundsPath() { return stockPath(QLatin1String(
 QString Settings::blurMasksPath() { return stockPath(QLatin1String("/blurMasks/")); }
 QString Settings::flyingObjectsPath() { return stockPath(QLatin1String("/flyingObjects/")); }
 
-QString Settings::stockMusicPath() { return QStringLiteral("/Music Library/"); }
-QString Settings::stockAudioPath() { return QStringLiteral("/Audio/"); }
-QString Settings::stockVideoPath() { return QStringLiteral("/Video/"); }
-QString Settings::stockBackgroundsPath() { return QStringLiteral("/Backgrounds/"); }
+QString Settings::stockMusicPath() { return QLatin1String("/Music Library/"); }
+QString Settings::stockAudioPath() { return QLatin1String("/Audio/"); }
+QString Settings::stockVideoPath() { return QLatin1String("/Video/"); }
+QString Settings::stockBackgroundsPath() { return QLatin1String("/Backgrounds/"); }
 
 // --- User content, notifications and configuration -------------------------------------------------------------------
 //
@@ -633,7 +633,7 @@ QString Settings::stockBackgroundsPath() { return QStringLiteral("/Backgrounds/"
 namespace {
 
 // Seven characters: the backslash escapes the slash and is itself let through, as is the asterisk.
-QString sanitized(QString fileName) { return fileName.replace(QRegExp(QStringLiteral("[\\/:?\"<>|]")), QStringLiteral("_")); }
+QString sanitized(QString fileName) { return fileName.replace(QRegExp(QLatin1String("[\\/:?\"<>|]")), QLatin1String("_")); }
 
 QString productFolder(QLatin1String folder)
 {
@@ -680,7 +680,7 @@ QString Settings::notificationFile(Notifications kind)
 
 QString Settings::countDownImagePath() { return countDownPadImage; }
 QFont Settings::countFiguresDownFont() { return countDownFont; }
-QString Settings::portableProjectMediaPath() { return QStringLiteral("/media/"); }
+QString Settings::portableProjectMediaPath() { return QLatin1String("/media/"); }
 
 // --- Generated file names --------------------------------------------------------------------------------------------
 //
@@ -766,7 +766,7 @@ QStringList Settings::supportedProjectFileExtensions()
 }
 
 QString Settings::projectFileExtension() { return supportedProjectFileExtensions().value(0, QLatin1String("")); } // empty, not null
-QString Settings::projectFileSaveFilter() { return QStringLiteral("*.%1").arg(projectFileExtension()); }
+QString Settings::projectFileSaveFilter() { return QLatin1String("*.") + projectFileExtension(); }
 QString Settings::projectFileOpenFilter() { return QLatin1String("*.") + supportedProjectFileExtensions().join(QLatin1String(" *.")); }
 
 QString stockSampleProjectsPath() { return stockPath(QLatin1String("projects")); }
@@ -794,7 +794,7 @@ QString Settings::sampleProjectPath()
 
 namespace {
 
-QString const listSeparator = QStringLiteral("|#|");
+QString const listSeparator = QLatin1String("|#|");
 
 } // namespace
 

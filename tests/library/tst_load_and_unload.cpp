@@ -1,17 +1,25 @@
 // SPDX-License-Identifier: MIT
 //
-// The library is loaded and unloaded by this program, which watches its static objects come to life: each registers
-// its end with __cxa_atexit, in the order of the beginnings, and this program's __cxa_atexit is called first.
+// Loads and unloads the library and records the order in which its static objects are constructed: each constructor is
+// followed by a call of __cxa_atexit, which this program intercepts.
 #include <Settings/SettingsContext.h>
 
 #include <support/EmptyStorage.h>
 #include <support/Process.h>
 
+#include <QFont>
+#include <QRegExp>
+#include <QStandardPaths>
+#include <QStringList>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
 #include <map>
 #include <memory>
+#include <regex>
 #include <sstream>
 
 #include <dlfcn.h>
@@ -52,7 +60,7 @@ public:
     }
     void* symbol(char const* name) const { return ::dlsym(m_handle, name); }
 
-    // The library's objects that came to life, by name and in their order.
+    // The names of the library's objects in the order of their construction.
     std::vector<std::string> objects() const
     {
         link_map* map = nullptr;
@@ -92,7 +100,7 @@ bool endsWith(std::string const& text, std::string const& end)
     return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
 }
 
-TEST(Load, ObjectsComeToLifeInTheirOrder)
+TEST(Load, ObjectsAreConstructedInTheirOrder)
 {
     Loaded const library;
     ASSERT_TRUE(library) << ::dlerror();
@@ -206,6 +214,119 @@ TEST(Unload, ReleasesTheWeakReferencesAndLeavesTheCollaboratorsAlone)
     store.reset();
     EXPECT_TRUE(destroyed);
     EXPECT_EQ(freedBlocks, 1) << "a weak reference is left";
+}
+
+// --- What outlives the library ---
+
+struct Product final : IProductInfo {
+    std::string vendorName() const override { return "Vendor"; }
+    std::string productName() const override { return "Product"; }
+    std::string sharedDataFolderName() const override { return "Shared"; }
+    int productKind() const override { return 1; }
+    std::string projectFileExtensions() const override { return "ext1,ext2"; }
+};
+
+// The names of the functions without arguments that the header declares to return `type`.
+std::vector<std::string> functionsReturning(std::string const& type)
+{
+    std::regex const declaration("^(?:EDITOR_SETTINGS_EXPORT )?" + type + " (\\w+)\\(\\);.*");
+    std::ifstream header(HEADER_FILE);
+    std::vector<std::string> names;
+    std::smatch match;
+    for (std::string line; std::getline(header, line);)
+        if (std::regex_match(line, match, declaration))
+            names.push_back(match[1]);
+    return names;
+}
+
+template <typename Result, typename... Arguments>
+Result call(Loaded const& library, std::string const& symbol, Arguments... arguments)
+{
+    void* const function = library.symbol(symbol.c_str());
+    EXPECT_TRUE(function) << symbol;
+    return function ? reinterpret_cast<Result (*)(Arguments...)>(function)(arguments...) : Result();
+}
+
+template <typename Result>
+Result callByName(Loaded const& library, std::string const& name)
+{
+    std::string const ownName = std::to_string(name.size()) + name;
+    std::string const inNamespace = "_ZN8Settings" + ownName + "Ev";
+    return call<Result>(library, library.symbol(inNamespace.c_str()) ? inNamespace : "_Z" + ownName + 'v');
+}
+
+// Copies of the exported constants that are as large as a QString, which no other type is.
+std::vector<QString> constants(Loaded const& library)
+{
+    std::vector<QString> copies;
+    for (std::string const& line : lines(run({"nm", "--dynamic", "--defined-only", "--format=posix", LIBRARY_FILE}).out)) {
+        std::istringstream fields(line);
+        std::string name;
+        char type = 0;
+        unsigned long address = 0;
+        unsigned long size = 0;
+        if (fields >> name >> type >> std::hex >> address >> size && type == 'B' && size == sizeof(QString))
+            copies.push_back(*static_cast<QString const*>(library.symbol(name.c_str())));
+    }
+    return copies;
+}
+
+std::vector<QString> results(Loaded const& library)
+{
+    std::vector<QString> copies;
+    for (std::string const& name : functionsReturning("QString"))
+        copies.push_back(callByName<QString>(library, name));
+    for (std::string const& name : functionsReturning("QStringList"))
+        for (QString const& element : callByName<QStringList>(library, name))
+            copies.push_back(element);
+    std::string const effect = "My:Effect?";
+    copies.push_back(call<QString, std::string const&>(
+        library, "_ZN8Settings15userEffectsPathERKNSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEEE", effect));
+    copies.push_back(call<QString>(library, "_ZN8Settings16notificationFileENS_13NotificationsE", 0));
+    copies.push_back(call<QString>(library, "_Z15makeDefaultPathN14QStandardPaths16StandardLocationE7QString",
+                                   QStandardPaths::MoviesLocation, QString()));
+    return copies;
+}
+
+bool isMapped(std::string const& name)
+{
+    std::ifstream maps("/proc/self/maps");
+    std::string const text(std::istreambuf_iterator<char>(maps), {});
+    EXPECT_FALSE(text.empty());
+    return text.find(name) != std::string::npos;
+}
+
+TEST(Unload, LeavesTheTextsThatWereCopied)
+{
+    ::setenv("HOME", "/home/u", 1);
+    Loaded library;
+    ASSERT_TRUE(library) << ::dlerror();
+    auto const product = std::make_shared<Product>();
+    auto const store = std::make_shared<EmptyStorage>();
+    call<void, SettingsContext const&>(library, "_ZN8Settings4initERK15SettingsContext",
+                                       {product, store, store, Lumora::ioPath("/no/such/folder")});
+    std::vector<QString> texts = constants(library);
+    ASSERT_EQ(texts.size(), 14u);
+    for (QString const& result : results(library))
+        texts.push_back(result);
+    ASSERT_GT(texts.size(), 90u);
+    auto font = std::make_unique<QFont>(*static_cast<QFont const*>(library.symbol("_ZN8Settings13countDownFontE")));
+    std::vector<std::u16string> expected;
+    for (QString const& text : texts)
+        expected.push_back(text.toStdU16String());
+
+    library.unload();
+    ASSERT_FALSE(isMapped("libEditorSettings"));
+    for (std::size_t index = 0; index < texts.size(); ++index) {
+        EXPECT_EQ(texts[index].toStdU16String(), expected[index]);
+        texts[index].append(QLatin1Char('x'));
+    }
+    texts.clear();
+    EXPECT_EQ(font->family(), QLatin1String("Verdana"));
+    font.reset();
+    // Qt keeps the patterns that were used last, the library's among them.
+    for (int number = 0; number < 1000; ++number)
+        EXPECT_TRUE(QRegExp(QString::number(number)).exactMatch(QString::number(number)));
 }
 
 } // namespace
