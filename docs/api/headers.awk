@@ -21,7 +21,7 @@ held != "" {
 inSection && /^\/\// { $0 = "/" $0 }
 !/^\/\// { inSection = 0 }
 
-/^EDITOR_SETTINGS_EXPORT void set[A-Za-z]+\(/ && getter != "" { printf "/** Stores what %s() gives from then on, unchecked. */ ", getter }
+/^void set[A-Za-z]+\(/ && getter != "" { printf "/** Stores what %s() gives from then on, unchecked. */ ", getter }
 {
     getter = ""
     if (isDocumented && match($0, /[A-Za-z]+\(/))

@@ -16,7 +16,6 @@
 /// in parentheses.
 #pragma once
 
-#include <Settings/Export.h>
 #include <Settings/IProductInfo.h>
 #include <Settings/ISettingsStorage.h>
 #include <Settings/ProductConfiguration.h>
@@ -32,6 +31,8 @@
 
 #include <string>
 
+#pragma GCC visibility push(default) // the library exports what this header declares
+
 // --- Binding ---------------------------------------------------------------------------------------------------------
 
 /// What the editor prefers, where its things lie and what its new files are called.
@@ -39,7 +40,7 @@ namespace Settings {
 
 /// Binds the library to the collaborators of `context`, of which it keeps a copy. A later call replaces the binding
 /// whole; nothing of the earlier one stays referenced. Throws only `std::bad_alloc`.
-EDITOR_SETTINGS_EXPORT void init(SettingsContext const& context);
+void init(SettingsContext const& context);
 
 } // namespace Settings
 
@@ -51,40 +52,39 @@ EDITOR_SETTINGS_EXPORT void init(SettingsContext const& context);
 // it turns into a string. Pass a `std::string` or a `QString`.
 
 /// The stored string as it is, or `defaultValue`.
-EDITOR_SETTINGS_EXPORT std::string read(std::string const& key, std::string const& defaultValue, bool useCommonStorage);
+std::string read(std::string const& key, std::string const& defaultValue, bool useCommonStorage);
 /// The stored string decoded from UTF-8, invalid sequences as replacement characters.
-EDITOR_SETTINGS_EXPORT QString read(std::string const& key, QString const& defaultValue, bool useCommonStorage);
+QString read(std::string const& key, QString const& defaultValue, bool useCommonStorage);
 /// The stored boolean, or `defaultValue`.
-EDITOR_SETTINGS_EXPORT bool read(std::string const& key, bool const& defaultValue, bool useCommonStorage);
+bool read(std::string const& key, bool const& defaultValue, bool useCommonStorage);
 /// The stored integer, or `defaultValue`.
-EDITOR_SETTINGS_EXPORT int read(std::string const& key, int const& defaultValue, bool useCommonStorage);
+int read(std::string const& key, int const& defaultValue, bool useCommonStorage);
 /// The stored bytes. `defaultValue` is ignored: an absent key gives a null array. More than 2147483647 bytes throw
 /// `std::length_error`.
-EDITOR_SETTINGS_EXPORT QByteArray read(std::string const& key, QByteArray const& defaultValue, bool useCommonStorage);
+QByteArray read(std::string const& key, QByteArray const& defaultValue, bool useCommonStorage);
 /// The fraction of the integers stored under key + "_N" and key + "_D", in lowest terms. Each half falls back on the
 /// default's half, cut to 32 bits, by itself. Two store calls, so another thread may write between them.
 /// Throws `boost::bad_rational` ("bad rational: zero denominator") where the denominator is 0.
-EDITOR_SETTINGS_EXPORT boost::rational<long long> read(std::string const& key, boost::rational<long long> const& defaultValue,
-                                                       bool useCommonStorage);
+boost::rational<long long> read(std::string const& key, boost::rational<long long> const& defaultValue, bool useCommonStorage);
 /// The stored string split at every "|#|", without empty elements. The default takes the same way, joined and split.
-EDITOR_SETTINGS_EXPORT QStringList read(std::string const& key, QStringList defaultValue, bool useCommonStorage);
+QStringList read(std::string const& key, QStringList defaultValue, bool useCommonStorage);
 
 /// Stores `value` as it is, which is UTF-8 by convention.
-EDITOR_SETTINGS_EXPORT void write(std::string const& key, std::string const& value, bool useCommonStorage);
+void write(std::string const& key, std::string const& value, bool useCommonStorage);
 /// Stores `value` in UTF-8.
-EDITOR_SETTINGS_EXPORT void write(std::string const& key, QString const& value, bool useCommonStorage);
+void write(std::string const& key, QString const& value, bool useCommonStorage);
 /// Stores a boolean; a literal of text is one, too.
-EDITOR_SETTINGS_EXPORT void write(std::string const& key, bool const& value, bool useCommonStorage);
+void write(std::string const& key, bool const& value, bool useCommonStorage);
 /// Stores an integer.
-EDITOR_SETTINGS_EXPORT void write(std::string const& key, int const& value, bool useCommonStorage);
+void write(std::string const& key, int const& value, bool useCommonStorage);
 /// Stores bytes, of any number and content.
-EDITOR_SETTINGS_EXPORT void write(std::string const& key, QByteArray const& value, bool useCommonStorage);
+void write(std::string const& key, QByteArray const& value, bool useCommonStorage);
 /// Stores numerator and denominator under key + "_N" and key + "_D", each cut to its low 32 bits. Where the second
 /// store call throws, the first half is already written.
-EDITOR_SETTINGS_EXPORT void write(std::string const& key, boost::rational<long long> const& value, bool useCommonStorage);
+void write(std::string const& key, boost::rational<long long> const& value, bool useCommonStorage);
 /// Stores the elements joined with "|#|", unescaped: an empty element is lost at the next read, an element that holds
 /// "|#|" comes back as several, and one that ends in "|#" comes back torn, with the element after it.
-EDITOR_SETTINGS_EXPORT void write(std::string const& key, QStringList value, bool useCommonStorage);
+void write(std::string const& key, QStringList value, bool useCommonStorage);
 
 // --- Preferences -----------------------------------------------------------------------------------------------------
 //
@@ -95,202 +95,202 @@ EDITOR_SETTINGS_EXPORT void write(std::string const& key, QStringList value, boo
 namespace Settings {
 
 /// Folder of exported films. Default: `defaultLumoraLibraryPath()`, at each call.
-EDITOR_SETTINGS_EXPORT QString exportPath();
-EDITOR_SETTINGS_EXPORT void setExportPath(QString const& value);
+QString exportPath();
+void setExportPath(QString const& value);
 /// Folder of saved projects. Default: `defaultProjectPath()`, at each call.
-EDITOR_SETTINGS_EXPORT QString projectPath();
-EDITOR_SETTINGS_EXPORT void setProjectPath(QString const& value);
+QString projectPath();
+void setProjectPath(QString const& value);
 /// Folder last used to add media of any type. Default: empty.
-EDITOR_SETTINGS_EXPORT QString lastAddMediaPath();
-EDITOR_SETTINGS_EXPORT void setLastAddMediaPath(QString const& value);
+QString lastAddMediaPath();
+void setLastAddMediaPath(QString const& value);
 /// Folder last used to add a video. Default: empty.
-EDITOR_SETTINGS_EXPORT QString lastAddVideoPath();
-EDITOR_SETTINGS_EXPORT void setLastAddVideoPath(QString const& value);
+QString lastAddVideoPath();
+void setLastAddVideoPath(QString const& value);
 /// Folder last used to add an image. Default: empty.
-EDITOR_SETTINGS_EXPORT QString lastAddImagePath();
-EDITOR_SETTINGS_EXPORT void setLastAddImagePath(QString const& value);
+QString lastAddImagePath();
+void setLastAddImagePath(QString const& value);
 /// Folder last used to add audio. Default: empty.
-EDITOR_SETTINGS_EXPORT QString lastAddAudioPath();
-EDITOR_SETTINGS_EXPORT void setLastAddAudioPath(QString const& value);
+QString lastAddAudioPath();
+void setLastAddAudioPath(QString const& value);
 /// Folder last added whole. Default: empty.
-EDITOR_SETTINGS_EXPORT QString lastAddDirectoryPath();
-EDITOR_SETTINGS_EXPORT void setLastAddDirectoryPath(QString const& value);
+QString lastAddDirectoryPath();
+void setLastAddDirectoryPath(QString const& value);
 /// Folder of images last added whole. Default: empty.
-EDITOR_SETTINGS_EXPORT QString lastAddImageDirectoryPath();
-EDITOR_SETTINGS_EXPORT void setLastAddImageDirectoryPath(QString const& value);
+QString lastAddImageDirectoryPath();
+void setLastAddImageDirectoryPath(QString const& value);
 /// Export target last used. Default: empty.
-EDITOR_SETTINGS_EXPORT QString lastTarget();
-EDITOR_SETTINGS_EXPORT void setLastTarget(QString const& value);
+QString lastTarget();
+void setLastTarget(QString const& value);
 /// Whether an exported film is opened when it is done. Default: true.
-EDITOR_SETTINGS_EXPORT bool openOutputAfterExport();
-EDITOR_SETTINGS_EXPORT void setOpenOutputAfterExport(bool const& value);
+bool openOutputAfterExport();
+void setOpenOutputAfterExport(bool const& value);
 /// Whether the page of an uploaded film is opened when it is done. Default: true.
-EDITOR_SETTINGS_EXPORT bool openLinkAfterUpload();
-EDITOR_SETTINGS_EXPORT void setOpenLinkAfterUpload(bool const& value);
+bool openLinkAfterUpload();
+void setOpenLinkAfterUpload(bool const& value);
 /// Group of the export preset last used. Default: empty.
-EDITOR_SETTINGS_EXPORT std::string lastUsedPresetGroup();
-EDITOR_SETTINGS_EXPORT void setLastUsedPresetGroup(std::string const& value);
+std::string lastUsedPresetGroup();
+void setLastUsedPresetGroup(std::string const& value);
 /// Export preset last used. Default: empty.
-EDITOR_SETTINGS_EXPORT std::string lastUsedPresetId();
-EDITOR_SETTINGS_EXPORT void setLastUsedPresetId(std::string const& value);
+std::string lastUsedPresetId();
+void setLastUsedPresetId(std::string const& value);
 /// Whether the start dialog is left out. Default: true, although the name reads like an opt-out.
-EDITOR_SETTINGS_EXPORT bool dontShowStartDialog();
-EDITOR_SETTINGS_EXPORT void setDontShowStartDialog(bool const& value);
+bool dontShowStartDialog();
+void setDontShowStartDialog(bool const& value);
 /// Whether a video keeps its aspect ratio when it is resized. Default: true.
-EDITOR_SETTINGS_EXPORT bool keepVideoAspect();
-EDITOR_SETTINGS_EXPORT void setKeepVideoAspect(bool const& value);
+bool keepVideoAspect();
+void setKeepVideoAspect(bool const& value);
 /// Whether updates are looked for, in `commonStorage`. The setter is `setCheckForUpdates`. Default: true.
-EDITOR_SETTINGS_EXPORT bool autoUpdate();
-EDITOR_SETTINGS_EXPORT void setCheckForUpdates(bool const& value);
+bool autoUpdate();
+void setCheckForUpdates(bool const& value);
 /// Whether usage statistics may be sent, in `commonStorage`. Default: true.
-EDITOR_SETTINGS_EXPORT bool sendStatistics();
-EDITOR_SETTINGS_EXPORT void setSendStatistics(bool const& value);
+bool sendStatistics();
+void setSendStatistics(bool const& value);
 /// Recently used projects, in a form that the host chooses. Default: empty.
-EDITOR_SETTINGS_EXPORT std::string recentProjects();
-EDITOR_SETTINGS_EXPORT void setRecentProjects(std::string const& value);
+std::string recentProjects();
+void setRecentProjects(std::string const& value);
 /// Previews of the recent projects, in a form that the host chooses. Default: empty.
-EDITOR_SETTINGS_EXPORT QByteArray recentProjectPreviews();
-EDITOR_SETTINGS_EXPORT void setRecentProjectPreviews(QByteArray const& value);
+QByteArray recentProjectPreviews();
+void setRecentProjectPreviews(QByteArray const& value);
 /// Geometry of the main window, as Qt saves it. Default: empty.
-EDITOR_SETTINGS_EXPORT QByteArray mainWindowGeometry();
-EDITOR_SETTINGS_EXPORT void setMainWindowGeometry(QByteArray const& value);
+QByteArray mainWindowGeometry();
+void setMainWindowGeometry(QByteArray const& value);
 /// State of the main window's bars and docks, as Qt saves it. Default: empty.
-EDITOR_SETTINGS_EXPORT QByteArray mainWindowState();
-EDITOR_SETTINGS_EXPORT void setMainWindowState(QByteArray const& value);
+QByteArray mainWindowState();
+void setMainWindowState(QByteArray const& value);
 /// Geometry of the main splitter. Default: empty.
-EDITOR_SETTINGS_EXPORT QByteArray splitterMainGeometry();
-EDITOR_SETTINGS_EXPORT void setSplitterMainGeometry(QByteArray const& value);
+QByteArray splitterMainGeometry();
+void setSplitterMainGeometry(QByteArray const& value);
 /// State of the main splitter. Default: empty.
-EDITOR_SETTINGS_EXPORT QByteArray splitterMainState();
-EDITOR_SETTINGS_EXPORT void setSplitterMainState(QByteArray const& value);
+QByteArray splitterMainState();
+void setSplitterMainState(QByteArray const& value);
 /// Geometry of the top panel's splitter. Default: empty.
-EDITOR_SETTINGS_EXPORT QByteArray splitterTopPanelGeometry();
-EDITOR_SETTINGS_EXPORT void setSplitterTopPanelGeometry(QByteArray const& value);
+QByteArray splitterTopPanelGeometry();
+void setSplitterTopPanelGeometry(QByteArray const& value);
 /// State of the top panel's splitter. Default: empty.
-EDITOR_SETTINGS_EXPORT QByteArray splitterTopPanelState();
-EDITOR_SETTINGS_EXPORT void setSplitterTopPanelState(QByteArray const& value);
+QByteArray splitterTopPanelState();
+void setSplitterTopPanelState(QByteArray const& value);
 /// Folder of audio recordings. Default: `defaultAudioRecordPath()`, at each call.
-EDITOR_SETTINGS_EXPORT QString audioRecordPath();
-EDITOR_SETTINGS_EXPORT void setAudioRecordPath(QString const& value);
+QString audioRecordPath();
+void setAudioRecordPath(QString const& value);
 /// File format of audio recordings. Default: `Lumora::Conf::IFormatFile::FORMAT_WAV`.
-EDITOR_SETTINGS_EXPORT std::string audioRecordFormat();
-EDITOR_SETTINGS_EXPORT void setAudioRecordFormat(std::string const& value);
+std::string audioRecordFormat();
+void setAudioRecordFormat(std::string const& value);
 /// Codec of audio recordings. Default: `Lumora::Conf::IFormatCodecAudio::CODEC_ID_PCM_S16LE`.
-EDITOR_SETTINGS_EXPORT std::string audioRecordCodec();
-EDITOR_SETTINGS_EXPORT void setAudioRecordCodec(std::string const& value);
+std::string audioRecordCodec();
+void setAudioRecordCodec(std::string const& value);
 /// Folder of downloaded media. Default: `defaultDownloadableResourcesPath()`, at each call.
-EDITOR_SETTINGS_EXPORT QString downloadableResourcesPath();
-EDITOR_SETTINGS_EXPORT void setDownloadableResourcesPath(QString const& value);
+QString downloadableResourcesPath();
+void setDownloadableResourcesPath(QString const& value);
 /// Folder of stabilized clips. Default: `defaultStabilizedFilePath()`, at each call.
-EDITOR_SETTINGS_EXPORT QString stabilizedFilePath();
-EDITOR_SETTINGS_EXPORT void setStabilizedFilePath(QString const& value);
+QString stabilizedFilePath();
+void setStabilizedFilePath(QString const& value);
 /// File format of freeze frames. The setter has a small "f" after "set". Default: `Lumora::Conf::IFormatFile::FORMAT_PNG`.
-EDITOR_SETTINGS_EXPORT std::string freezedFileFormat();
-EDITOR_SETTINGS_EXPORT void setfreezedFileFormat(std::string const& value);
+std::string freezedFileFormat();
+void setfreezedFileFormat(std::string const& value);
 /// Whether notifications are shown. Default: true.
-EDITOR_SETTINGS_EXPORT bool notificationsEnabled();
-EDITOR_SETTINGS_EXPORT void setNotificationsEnabled(bool const& value);
+bool notificationsEnabled();
+void setNotificationsEnabled(bool const& value);
 /// Whether guide lines are shown. Default: true.
-EDITOR_SETTINGS_EXPORT bool useGuideLines();
-EDITOR_SETTINGS_EXPORT void setUseGuideLines(bool const& value);
+bool useGuideLines();
+void setUseGuideLines(bool const& value);
 /// Whether the user has met the fast track. Default: false.
-EDITOR_SETTINGS_EXPORT bool acquaintedWithFastTrack();
-EDITOR_SETTINGS_EXPORT void setAcquaintedWithFastTrack(bool const& value);
+bool acquaintedWithFastTrack();
+void setAcquaintedWithFastTrack(bool const& value);
 /// Whether the fast track is on. Default: true.
-EDITOR_SETTINGS_EXPORT bool fastTrackEnabled();
-EDITOR_SETTINGS_EXPORT void setFastTrackEnabled(bool const& value);
+bool fastTrackEnabled();
+void setFastTrackEnabled(bool const& value);
 /// Whether clips are previewed as filmstrips. Default: true.
-EDITOR_SETTINGS_EXPORT bool useFilmstripPreview();
-EDITOR_SETTINGS_EXPORT void setUseFilmstripPreview(bool const& value);
+bool useFilmstripPreview();
+void setUseFilmstripPreview(bool const& value);
 /// Folder of the fast track's preview files. Default: `defaultFastTrackContentPath()`, at each call.
-EDITOR_SETTINGS_EXPORT QString fastTrackContentPath();
-EDITOR_SETTINGS_EXPORT void setFastTrackContentPath(QString const& value);
+QString fastTrackContentPath();
+void setFastTrackContentPath(QString const& value);
 /// Folder of cached waveforms. Default: `defaultWaveformCachePath()`, at each call.
-EDITOR_SETTINGS_EXPORT QString waveformCachePath();
-EDITOR_SETTINGS_EXPORT void setWaveformCachePath(QString const& value);
+QString waveformCachePath();
+void setWaveformCachePath(QString const& value);
 /// Folder of the news centre's content. Default: `defaultNewsCenterContentPath()`, at each call.
-EDITOR_SETTINGS_EXPORT QString newsCenterContentPath();
-EDITOR_SETTINGS_EXPORT void setNewsCenterContentPath(QString const& value);
+QString newsCenterContentPath();
+void setNewsCenterContentPath(QString const& value);
 /// Who the user is to the quiz export. Default: empty.
-EDITOR_SETTINGS_EXPORT QString quizExportUserId();
-EDITOR_SETTINGS_EXPORT void setQuizExportUserId(QString const& value);
+QString quizExportUserId();
+void setQuizExportUserId(QString const& value);
 /// Whether the quiz agreement is accepted. Default: false.
-EDITOR_SETTINGS_EXPORT bool quizAgreementChecked();
-EDITOR_SETTINGS_EXPORT void setQuizAgreementChecked(bool const& value);
+bool quizAgreementChecked();
+void setQuizAgreementChecked(bool const& value);
 /// Folder of shadow copies of bundles. Default: `defaultBundleShadowCachePath()`, at each call.
-EDITOR_SETTINGS_EXPORT QString bundleShadowCachePath();
-EDITOR_SETTINGS_EXPORT void setBundleShadowCachePath(QString const& value);
+QString bundleShadowCachePath();
+void setBundleShadowCachePath(QString const& value);
 /// Folder of the downloader's cache. Default: `defaultDownloaderCachePath()`, at each call.
-EDITOR_SETTINGS_EXPORT QString downloaderCachePath();
-EDITOR_SETTINGS_EXPORT void setDownloaderCachePath(QString const& value);
+QString downloaderCachePath();
+void setDownloaderCachePath(QString const& value);
 /// Folder of packages delivered within the application. Default: `defaultPackInAppCachePath()`, at each call.
-EDITOR_SETTINGS_EXPORT QString packInAppCachePath();
-EDITOR_SETTINGS_EXPORT void setPackInAppCachePath(QString const& value);
+QString packInAppCachePath();
+void setPackInAppCachePath(QString const& value);
 /// Folder of snapshots. Default: `defaultLumoraLibraryPath()`, at each call.
-EDITOR_SETTINGS_EXPORT QString snapshotPath();
-EDITOR_SETTINGS_EXPORT void setSnapshotPath(QString const& value);
+QString snapshotPath();
+void setSnapshotPath(QString const& value);
 /// Notifications that the satisfaction survey is ready, as the host counts them. Default: -1.
-EDITOR_SETTINGS_EXPORT int npsReadyNotificationCount();
-EDITOR_SETTINGS_EXPORT void setNPSReadyNotificationCount(int const& value);
+int npsReadyNotificationCount();
+void setNPSReadyNotificationCount(int const& value);
 /// Exports started, as the survey counts them. Default: 0.
-EDITOR_SETTINGS_EXPORT int npsStartExportCount();
-EDITOR_SETTINGS_EXPORT void setNPSStartExportCount(int const& value);
+int npsStartExportCount();
+void setNPSStartExportCount(int const& value);
 /// Survey answers sent. Default: 0.
-EDITOR_SETTINGS_EXPORT int npsSendCount();
-EDITOR_SETTINGS_EXPORT void setNPSSendCount(int const& value);
+int npsSendCount();
+void setNPSSendCount(int const& value);
 /// Survey score that waits to be sent; -1 for none. Default: -1.
-EDITOR_SETTINGS_EXPORT int npsValueToSend();
-EDITOR_SETTINGS_EXPORT void setNPSValueToSend(int const& value);
+int npsValueToSend();
+void setNPSValueToSend(int const& value);
 /// Survey comment that waits to be sent. Default: empty.
-EDITOR_SETTINGS_EXPORT QString npsCommentToSend();
-EDITOR_SETTINGS_EXPORT void setNPSCommentToSend(QString const& value);
+QString npsCommentToSend();
+void setNPSCommentToSend(QString const& value);
 /// Survey e-mail address that waits to be sent. Default: empty.
-EDITOR_SETTINGS_EXPORT QString npsEmailToSend();
-EDITOR_SETTINGS_EXPORT void setNPSEmailToSend(QString const& value);
+QString npsEmailToSend();
+void setNPSEmailToSend(QString const& value);
 
 // --- Composite settings ----------------------------------------------------------------------------------------------
 
 /// Tutorials that the user has finished, as a list. Default: empty.
-EDITOR_SETTINGS_EXPORT QStringList achievedTutorials();
-EDITOR_SETTINGS_EXPORT void setAchievedTutorials(QStringList const& tutorials);
+QStringList achievedTutorials();
+void setAchievedTutorials(QStringList const& tutorials);
 /// The user's own colours, in whatever text the host uses, as a list. Default: empty.
-EDITOR_SETTINGS_EXPORT QStringList userCustomColors();
-EDITOR_SETTINGS_EXPORT void setUserCustomColors(QStringList const& colors);
+QStringList userCustomColors();
+void setUserCustomColors(QStringList const& colors);
 /// Whether the updater downloads what it finds, under the updater's own key "SUAutomaticallyUpdate" in `commonStorage`.
 /// Default: false, unlike that of `autoUpdate`.
-EDITOR_SETTINGS_EXPORT bool autoDownloadUpdates();
-EDITOR_SETTINGS_EXPORT void setAutoDownloadUpdates(bool enabled);
+bool autoDownloadUpdates();
+void setAutoDownloadUpdates(bool enabled);
 /// What the editor keeps for the indication called `name`, under the key "Indication/" and the name as it is. Null where
 /// nothing was ever set.
-EDITOR_SETTINGS_EXPORT QByteArray indicationObject(QString name);
-EDITOR_SETTINGS_EXPORT void setIndicationObject(QString name, QByteArray const& data);
+QByteArray indicationObject(QString name);
+void setIndicationObject(QString name, QByteArray const& data);
 /// The favourites of the list called `name`, under the key "favorites_" and the name as it is. Default: empty. Whoever
 /// writes them takes the same key and `write` for a list.
-EDITOR_SETTINGS_EXPORT QStringList favoriteItems(QString name);
+QStringList favoriteItems(QString name);
 /// Recent export targets in one string that the caller composes; stored whole. For a product of kind 1 it is kept in
 /// process memory, reaches no store, and the calls must stay on one thread. Default: empty.
-EDITOR_SETTINGS_EXPORT std::string targetHistory();
-EDITOR_SETTINGS_EXPORT void setTargetHistory(std::string const& history);
+std::string targetHistory();
+void setTargetHistory(std::string const& history);
 /// 10: how many targets a caller should keep in the history. The library does not enforce it.
-extern EDITOR_SETTINGS_EXPORT int const targetHistoryLength;
+extern int const targetHistoryLength;
 
 // --- Folder names ----------------------------------------------------------------------------------------------------
 
-extern EDITOR_SETTINGS_EXPORT std::string const lumoraLibrary;          ///< "Lumora Library", the user library; UTF-8
-extern EDITOR_SETTINGS_EXPORT QString const projectDirectory;           ///< "Projects"
-extern EDITOR_SETTINGS_EXPORT QString const audioRecordDirectory;       ///< "Recorded Audio"
-extern EDITOR_SETTINGS_EXPORT QString const resourcesDirectory;         ///< "Media Content"
-extern EDITOR_SETTINGS_EXPORT QString const stabilizedFileDirectory;    ///< "Stabilized"
-extern EDITOR_SETTINGS_EXPORT QString const fastTrackContentDirectory;  ///< "Preview Files"
-extern EDITOR_SETTINGS_EXPORT QString const waveformCacheDirectory;     ///< "Cache"
-extern EDITOR_SETTINGS_EXPORT QString const newsCenterContentDirectory; ///< "News Center"
-extern EDITOR_SETTINGS_EXPORT QString const bundleShadowCacheDirectory; ///< "Bundle Shadow Copy"
-extern EDITOR_SETTINGS_EXPORT QString const downloaderCacheDirectory;   ///< "Downloader Cache"
-extern EDITOR_SETTINGS_EXPORT QString const packInAppCacheDirectory;    ///< "PackInApp Cache"
-extern EDITOR_SETTINGS_EXPORT QFont const countDownFont;                ///< Verdana, 60 points, of the countdown's figures
-extern EDITOR_SETTINGS_EXPORT QString const countDownPadImage;          ///< ":/icons/Player/countdownPad.png", in the host's resources
-extern EDITOR_SETTINGS_EXPORT QString const packageExtenstion;          ///< "mpack"; the spelling is what hosts link against
-extern EDITOR_SETTINGS_EXPORT QString const waveformExtension;          ///< "blob"
+extern std::string const lumoraLibrary;          ///< "Lumora Library", the user library; UTF-8
+extern QString const projectDirectory;           ///< "Projects"
+extern QString const audioRecordDirectory;       ///< "Recorded Audio"
+extern QString const resourcesDirectory;         ///< "Media Content"
+extern QString const stabilizedFileDirectory;    ///< "Stabilized"
+extern QString const fastTrackContentDirectory;  ///< "Preview Files"
+extern QString const waveformCacheDirectory;     ///< "Cache"
+extern QString const newsCenterContentDirectory; ///< "News Center"
+extern QString const bundleShadowCacheDirectory; ///< "Bundle Shadow Copy"
+extern QString const downloaderCacheDirectory;   ///< "Downloader Cache"
+extern QString const packInAppCacheDirectory;    ///< "PackInApp Cache"
+extern QFont const countDownFont;                ///< Verdana, 60 points, of the countdown's figures
+extern QString const countDownPadImage;          ///< ":/icons/Player/countdownPad.png", in the host's resources
+extern QString const packageExtenstion;          ///< "mpack"; the spelling is what hosts link against
+extern QString const waveformExtension;          ///< "blob"
 
 } // namespace Settings
 
@@ -298,42 +298,42 @@ extern EDITOR_SETTINGS_EXPORT QString const waveformExtension;          ///< "bl
 
 /// The folder `folder` of the product in a standard location, cleaned, with native separators:
 /// "/home/u/Videos/Lumora Video Editor/Projects" for the movies location and "Projects".
-EDITOR_SETTINGS_EXPORT QString makeDefaultPath(QStandardPaths::StandardLocation location, QString folder);
+QString makeDefaultPath(QStandardPaths::StandardLocation location, QString folder);
 /// The product's own data folder: "/home/u/.local/share/Lumora/Lumora Video Editor" (vendor and product name).
 /// As concatenated: an empty name or a trailing separator of the data location leaves a doubled separator.
-EDITOR_SETTINGS_EXPORT QString productDataPath();
+QString productDataPath();
 /// The product's name, not translated: "Lumora Video Editor" (product name).
-EDITOR_SETTINGS_EXPORT QString nonLocalizedProductName();
+QString nonLocalizedProductName();
 
 namespace Settings {
 
 /// The user library, cleaned, with native separators: "/home/u/Videos/Lumora Library", or, for a product of kind 1,
 /// "/home/u/Videos/Lumora Video Editor".
-EDITOR_SETTINGS_EXPORT QString defaultLumoraLibraryPath();
+QString defaultLumoraLibraryPath();
 
 // --- Default folders -------------------------------------------------------------------------------------------------
 
 /// "/home/u/Videos/Lumora Video Editor/Projects"
-EDITOR_SETTINGS_EXPORT QString defaultProjectPath();
+QString defaultProjectPath();
 /// "/home/u/Music/Lumora Video Editor/Recorded Audio"
-EDITOR_SETTINGS_EXPORT QString defaultAudioRecordPath();
+QString defaultAudioRecordPath();
 /// "/home/u/Videos/Lumora Video Editor/Stabilized"
-EDITOR_SETTINGS_EXPORT QString defaultStabilizedFilePath();
+QString defaultStabilizedFilePath();
 /// "/home/u/Videos/Lumora Video Editor/Preview Files"
-EDITOR_SETTINGS_EXPORT QString defaultFastTrackContentPath();
+QString defaultFastTrackContentPath();
 /// "/home/u/Videos/Lumora Video Editor/Media Content"
-EDITOR_SETTINGS_EXPORT QString defaultDownloadableResourcesPath();
+QString defaultDownloadableResourcesPath();
 /// "/home/u/.cache/Lumora Video Editor/News Center"
-EDITOR_SETTINGS_EXPORT QString defaultNewsCenterContentPath();
+QString defaultNewsCenterContentPath();
 /// "/home/u/.cache/Lumora Video Editor/Bundle Shadow Copy"
-EDITOR_SETTINGS_EXPORT QString defaultBundleShadowCachePath();
+QString defaultBundleShadowCachePath();
 /// "/home/u/.cache/Lumora Video Editor/Downloader Cache"
-EDITOR_SETTINGS_EXPORT QString defaultDownloaderCachePath();
+QString defaultDownloaderCachePath();
 /// "/home/u/.cache/Lumora Video Editor/PackInApp Cache"
-EDITOR_SETTINGS_EXPORT QString defaultPackInAppCachePath();
+QString defaultPackInAppCachePath();
 /// "/home/u/.local/share/Lumora/SharedData/VideoEditor/Waveforms/Cache" (vendor and shared-data folder name). As
 /// concatenated, with "/" on every platform.
-EDITOR_SETTINGS_EXPORT QString defaultWaveformCachePath();
+QString defaultWaveformCachePath();
 
 } // namespace Settings
 
@@ -345,81 +345,81 @@ EDITOR_SETTINGS_EXPORT QString defaultWaveformCachePath();
 /// The resource `relative` to the root, absolute, with preferred separators, in UTF-8: "/opt/editor/resources/x.png" for
 /// "resources/x.png". A relative root is resolved against the current directory, an absolute `relative` replaces it.
 /// Throws `std::filesystem::filesystem_error` where a relative root finds no current directory.
-EDITOR_SETTINGS_EXPORT std::string resourceFile(std::string const& relative);
+std::string resourceFile(std::string const& relative);
 /// The folder of sample projects: "/opt/editor/resources/samples/stock/projects". Concatenated, without a separator at
 /// the end; the root counts up to its first NUL.
-EDITOR_SETTINGS_EXPORT QString stockSampleProjectsPath();
+QString stockSampleProjectsPath();
 
 namespace Settings {
 
 /// What `resourceFile` gives for "presets-videoeditor.json": "/opt/editor/presets-videoeditor.json"
-EDITOR_SETTINGS_EXPORT std::string presetFilePath();
+std::string presetFilePath();
 /// The previews likewise: "/opt/editor/resources/samples/transitionPreview1.png"
-EDITOR_SETTINGS_EXPORT std::string transitionPreviewImageAPath();
-EDITOR_SETTINGS_EXPORT std::string transitionPreviewImageBPath();         ///< transitionPreview2.png
-EDITOR_SETTINGS_EXPORT std::string titlePreviewImagePath();               ///< titlePreview.png
-EDITOR_SETTINGS_EXPORT std::string calloutPreviewImagePath();             ///< calloutPreview.png
-EDITOR_SETTINGS_EXPORT std::string quizPreviewImagePath();                ///< quizPreview.png
-EDITOR_SETTINGS_EXPORT std::string effectPreviewImagePath();              ///< effectPreview.png
-EDITOR_SETTINGS_EXPORT std::string audioPreviewImagePath();               ///< audioPlayerPreview.png
-EDITOR_SETTINGS_EXPORT std::string panZoomPreviewImagePath();             ///< panZoomPreview.png
-EDITOR_SETTINGS_EXPORT std::string animationBackgroundPreviewImagePath(); ///< animationBackgroundPreview.png
-EDITOR_SETTINGS_EXPORT std::string animationIconPreviewImagePath();       ///< animationIconPreview.png
-EDITOR_SETTINGS_EXPORT std::string colorFilterPreviewImagePath();         ///< colorFilterPreview.png
+std::string transitionPreviewImageAPath();
+std::string transitionPreviewImageBPath();         ///< transitionPreview2.png
+std::string titlePreviewImagePath();               ///< titlePreview.png
+std::string calloutPreviewImagePath();             ///< calloutPreview.png
+std::string quizPreviewImagePath();                ///< quizPreview.png
+std::string effectPreviewImagePath();              ///< effectPreview.png
+std::string audioPreviewImagePath();               ///< audioPlayerPreview.png
+std::string panZoomPreviewImagePath();             ///< panZoomPreview.png
+std::string animationBackgroundPreviewImagePath(); ///< animationBackgroundPreview.png
+std::string animationIconPreviewImagePath();       ///< animationIconPreview.png
+std::string colorFilterPreviewImagePath();         ///< colorFilterPreview.png
 
 /// Stock folders: "/opt/editor/resources/samples/stock//titles/". The root up to its first NUL, then the folder as
 /// concatenated: the separator is doubled and one stands at the end, on every platform "/".
-EDITOR_SETTINGS_EXPORT QString stockTitlesSvgPath();
-EDITOR_SETTINGS_EXPORT QString stockCalloutsSvgPath();       ///< …//callouts/
-EDITOR_SETTINGS_EXPORT QString stockStickersSvgPath();       ///< …//stickers/
-EDITOR_SETTINGS_EXPORT QString stockImportsPath();           ///< …//imports/
-EDITOR_SETTINGS_EXPORT QString stockAudioEffectsPath();      ///< …//audioEffects/
-EDITOR_SETTINGS_EXPORT QString stockVideoEffectsPath();      ///< …//videoEffects/
-EDITOR_SETTINGS_EXPORT QString stockPipEffectsPath();        ///< …//pipEffects/
-EDITOR_SETTINGS_EXPORT QString stockColorFiltersPath();      ///< …//colorFilters/
-EDITOR_SETTINGS_EXPORT QString stockTransitionsPath();       ///< …//transitions/
-EDITOR_SETTINGS_EXPORT QString stockAnimationsPath();        ///< …//animations/
-EDITOR_SETTINGS_EXPORT QString stockPanAndZoomPath();        ///< …//panandzoom/
-EDITOR_SETTINGS_EXPORT QString stockContentPackagesPath();   ///< …//packages/Content/
-EDITOR_SETTINGS_EXPORT QString stockServicePackagesPath();   ///< …//packages/Service/
-EDITOR_SETTINGS_EXPORT QString stockWizardPackagesPath();    ///< …//packages/Wizard/
-EDITOR_SETTINGS_EXPORT QString stockThemesPath();            ///< …//themes/
-EDITOR_SETTINGS_EXPORT QString stockWizardBackgroundsPath(); ///< …//wizardBackgrounds/
-EDITOR_SETTINGS_EXPORT QString blurMasksPath();              ///< …//blurMasks/
-EDITOR_SETTINGS_EXPORT QString flyingObjectsPath();          ///< …//flyingObjects/
+QString stockTitlesSvgPath();
+QString stockCalloutsSvgPath();       ///< …//callouts/
+QString stockStickersSvgPath();       ///< …//stickers/
+QString stockImportsPath();           ///< …//imports/
+QString stockAudioEffectsPath();      ///< …//audioEffects/
+QString stockVideoEffectsPath();      ///< …//videoEffects/
+QString stockPipEffectsPath();        ///< …//pipEffects/
+QString stockColorFiltersPath();      ///< …//colorFilters/
+QString stockTransitionsPath();       ///< …//transitions/
+QString stockAnimationsPath();        ///< …//animations/
+QString stockPanAndZoomPath();        ///< …//panandzoom/
+QString stockContentPackagesPath();   ///< …//packages/Content/
+QString stockServicePackagesPath();   ///< …//packages/Service/
+QString stockWizardPackagesPath();    ///< …//packages/Wizard/
+QString stockThemesPath();            ///< …//themes/
+QString stockWizardBackgroundsPath(); ///< …//wizardBackgrounds/
+QString blurMasksPath();              ///< …//blurMasks/
+QString flyingObjectsPath();          ///< …//flyingObjects/
 
 /// Fragments, for the caller to join to a root of its own choice.
-EDITOR_SETTINGS_EXPORT QString stockMusicPath();       ///< "/Music Library/"
-EDITOR_SETTINGS_EXPORT QString stockAudioPath();       ///< "/Audio/"
-EDITOR_SETTINGS_EXPORT QString stockVideoPath();       ///< "/Video/"
-EDITOR_SETTINGS_EXPORT QString stockBackgroundsPath(); ///< "/Backgrounds/"
+QString stockMusicPath();       ///< "/Music Library/"
+QString stockAudioPath();       ///< "/Audio/"
+QString stockVideoPath();       ///< "/Video/"
+QString stockBackgroundsPath(); ///< "/Backgrounds/"
 
 // --- User content, notifications and configuration -------------------------------------------------------------------
 //
 // Concatenated with "/" at the end, doubled separators left, but for the two Unsplash folders.
 
 /// The user's own intros: "/home/u/.local/share/Lumora/SharedData/VideoEditor/UserImports/"
-EDITOR_SETTINGS_EXPORT QString userIntrosPath();
+QString userIntrosPath();
 /// "/home/u/.local/share/Lumora/SharedData/VideoEditor/UserOverlays/"
-EDITOR_SETTINGS_EXPORT QString userOverlaysPath();
+QString userOverlaysPath();
 /// "/home/u/.local/share/Lumora/SharedData/VideoEditor/UserEffects/My_Effect_/" for "My:Effect?": each of / : ? " < > |
 /// in `name`, which is UTF-8, becomes "_". An empty name leaves a doubled separator; ".." and backslashes pass.
-EDITOR_SETTINGS_EXPORT QString userEffectsPath(std::string const& name);
+QString userEffectsPath(std::string const& name);
 /// "/home/u/.local/share/Lumora/Lumora Video Editor/Unsplash/SavedCollection", cleaned, with native separators.
-EDITOR_SETTINGS_EXPORT QString userUnsplashPath();
+QString userUnsplashPath();
 /// "/home/u/.local/share/Lumora/Lumora Video Editor/Unsplash/Content", cleaned, with native separators.
-EDITOR_SETTINGS_EXPORT QString unsplashContentPath();
+QString unsplashContentPath();
 /// "/home/u/.local/share/Lumora/SharedData/VideoEditor/Packages/"; "VideoEditor" for every product of the vendor, here
 /// and in the next two.
-EDITOR_SETTINGS_EXPORT QString packageDeploymentPath();
+QString packageDeploymentPath();
 /// "/home/u/.local/share/Lumora/SharedData/VideoEditor/FastTrack/"
-EDITOR_SETTINGS_EXPORT QString fastTrackConfigurationPath();
+QString fastTrackConfigurationPath();
 /// "/home/u/.local/share/Lumora/SharedData/VideoEditor/Waveforms/Configuration/"
-EDITOR_SETTINGS_EXPORT QString waveformConfigurationPath();
+QString waveformConfigurationPath();
 /// "/home/u/.local/share/Lumora/Lumora Video Editor/StockPackagesStats/"
-EDITOR_SETTINGS_EXPORT QString stockPackagesStatisticsPath();
+QString stockPackagesStatisticsPath();
 /// The same as `packageDeploymentPath()`.
-EDITOR_SETTINGS_EXPORT QString deployedPackagesStatisticsPath();
+QString deployedPackagesStatisticsPath();
 
 /// The sounds of notifications.
 enum Notifications : int {
@@ -428,11 +428,11 @@ enum Notifications : int {
 };
 /// "/opt/editor/resources/samples/notifications/finish.wav" or ".../error.wav"; for any other value the folder, with "/"
 /// at its end. The root counts up to its first NUL.
-EDITOR_SETTINGS_EXPORT QString notificationFile(Notifications kind);
+QString notificationFile(Notifications kind);
 
-EDITOR_SETTINGS_EXPORT QString countDownImagePath();       ///< A copy of `countDownPadImage`.
-EDITOR_SETTINGS_EXPORT QFont countFiguresDownFont();       ///< A copy of `countDownFont`.
-EDITOR_SETTINGS_EXPORT QString portableProjectMediaPath(); ///< "/media/", to be joined to a portable project's folder.
+QString countDownImagePath();       ///< A copy of `countDownPadImage`.
+QFont countFiguresDownFont();       ///< A copy of `countDownFont`.
+QString portableProjectMediaPath(); ///< "/media/", to be joined to a portable project's folder.
 
 // --- Generated file names --------------------------------------------------------------------------------------------
 //
@@ -446,32 +446,34 @@ EDITOR_SETTINGS_EXPORT QString portableProjectMediaPath(); ///< "/media/", to be
 /// "/home/u/Music/Lumora Video Editor/Recorded Audio/Rec-4-2024.03.09-17.05.31.wav": in `audioRecordPath()`, with the
 /// local time and `audioRecordFormat()` in lower case. "Rec-3-…" counts whatever its extension.
 /// The folder is asked for twice, so a change in between lists one folder and names a file in the other.
-EDITOR_SETTINGS_EXPORT QString generateAudioRecordFilePath();
+QString generateAudioRecordFilePath();
 /// "/home/u/Videos/Lumora Library/Holiday.final (2).png" for "/a/Holiday.final.mov": in `exportPath()`, named after the
 /// source up to its last dot, with `freezedFileFormat()`. Only files of that format count. The source need not exist.
 /// A placeholder such as "%1" in the source's name is filled as well; the name that results is never counted.
-EDITOR_SETTINGS_EXPORT QString generateFreezedFilePath(QString sourceFilePath);
+QString generateFreezedFilePath(QString sourceFilePath);
 /// "/home/u/Videos/Lumora Video Editor/Stabilized/Holiday-4.mp4" for "/a/Holiday.final.mov" and "mp4": in
 /// `stabilizedFilePath()`, which is asked for twice, named after the source up to its first dot. Any extension counts.
 /// Wildcards and pattern characters in the source's name are at work, so "Clip (1)" gives a name that may exist.
-EDITOR_SETTINGS_EXPORT QString generateStabilizedFilePath(QString sourceFilePath, QString fileFormat);
+QString generateStabilizedFilePath(QString sourceFilePath, QString fileFormat);
 
 // --- Project files ---------------------------------------------------------------------------------------------------
 //
 // The extensions are the product's, as it gives them: in its order, case and blanks, empty ones left out.
 
 /// "New Project", translated at each call in context "QObject".
-EDITOR_SETTINGS_EXPORT QString projectNameDefault();
+QString projectNameDefault();
 /// All extensions, without dots: "lumora", "lumorax".
-EDITOR_SETTINGS_EXPORT QStringList supportedProjectFileExtensions();
+QStringList supportedProjectFileExtensions();
 /// The extension for saving, which is the first: "lumora". Empty, not null, where there is none.
-EDITOR_SETTINGS_EXPORT QString projectFileExtension();
+QString projectFileExtension();
 /// For a save dialog, without description: "*.lumora"; "*." without extensions.
-EDITOR_SETTINGS_EXPORT QString projectFileSaveFilter();
+QString projectFileSaveFilter();
 /// For an open dialog, without description: "*.lumora *.lumorax"; "*." without extensions.
-EDITOR_SETTINGS_EXPORT QString projectFileOpenFilter();
+QString projectFileOpenFilter();
 /// The first file below `stockSampleProjectsPath()` that matches the open filter, in any case; null where there is none.
 /// Links, hidden files and hidden folders are left out. Which file is first is up to the file system.
-EDITOR_SETTINGS_EXPORT QString sampleProjectPath();
+QString sampleProjectPath();
 
 } // namespace Settings
+
+#pragma GCC visibility pop

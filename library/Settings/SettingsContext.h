@@ -4,7 +4,6 @@
 /// The binding of the library to its host.
 #pragma once
 
-#include <Settings/Export.h>
 #include <Settings/IProductInfo.h>
 #include <Settings/ISettingsStorage.h>
 
@@ -23,4 +22,6 @@ struct SettingsContext {
 
 /// The bound context: empty from load until the first `Settings::init`, which alone writes it, without
 /// synchronisation. To be read, never written, by hosts.
-extern EDITOR_SETTINGS_EXPORT SettingsContext s_instance;
+#pragma GCC visibility push(default)
+extern SettingsContext s_instance;
+#pragma GCC visibility pop

@@ -100,7 +100,7 @@ std::map<std::string, Declared> declaredFunctions()
     std::map<std::string, Declared> functions;
     std::string comment;
     bool inNamespace = false;
-    std::regex const declaration("^EDITOR_SETTINGS_EXPORT ([\\w:<> ]+) (\\w+)\\(.*");
+    std::regex const declaration("^(?!namespace|extern)([\\w:<> ]+) (\\w+)\\(.*");
     for (std::string const& line : lines(header)) {
         if (line == "namespace Settings {" || line == "} // namespace Settings")
             inNamespace = line[0] == 'n';

@@ -229,7 +229,7 @@ struct Product final : IProductInfo {
 // The names of the functions without arguments that the header declares to return `type`.
 std::vector<std::string> functionsReturning(std::string const& type)
 {
-    std::regex const declaration("^(?:EDITOR_SETTINGS_EXPORT )?" + type + " (\\w+)\\(\\);.*");
+    std::regex const declaration('^' + type + " (\\w+)\\(\\);.*");
     std::ifstream header(HEADER_FILE);
     std::vector<std::string> names;
     std::smatch match;
