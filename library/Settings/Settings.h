@@ -3,17 +3,18 @@
 /// @file
 /// The editor's preferences, its locations, and names for the files that it is about to write.
 ///
-/// Binding. Call `Settings::init` once, before anything else here, with a product-information object and two stores
-///   that stay alive for as long as the library is called. A call that finds its collaborator unbound or destroyed ends
-///   the process with a line on standard error that names the collaborator; no default is ever given in its place.
-/// Threads. Once bound, every function may be called from any thread; whether calls on one store may run side by side
-///   is the store's business. `Settings::init` must not run beside any other call. The constants are read-only.
-/// Failure. The library reports nothing and logs nothing. What a store, the product information, the platform libraries
-///   or an allocation throws reaches the caller unchanged.
+/// Binding. Call `Settings::init` once before any other function, with a product-information object and two stores that
+///   live for as long as the library is called. A call whose collaborator is unbound or destroyed aborts the process
+///   with a line on standard error that names the collaborator. The library never substitutes a default for it.
+/// Threads. After the binding any thread may call any function. Whether concurrent calls on one store are safe is the
+///   store's business. `Settings::init` must not run concurrently with any other call. The constants are read-only.
+/// Errors. The library reports and logs nothing. An exception of a store, of the product information, of the platform
+///   libraries or of an allocation reaches the caller unchanged.
+/// Text. A `std::string` is UTF-8. Every text owns its memory, so that a copy outlives the library.
 ///
-/// Nothing is cached: each call asks its collaborators and the environment anew. No function creates, removes or checks
-/// a file or a directory; the generated names and the sample project list one. Example paths are those of a user "u" with the product names
-/// in parentheses.
+/// Nothing is cached: each call asks its collaborators and the environment. No function creates, removes or checks a file
+/// or a directory; the generated names and the sample project list one. Example paths are those of a user "u", with the
+/// product names in parentheses.
 #pragma once
 
 #include <Settings/IProductInfo.h>
@@ -35,62 +36,63 @@
 
 // --- Binding ---------------------------------------------------------------------------------------------------------
 
-/// What the editor prefers, where its things lie and what its new files are called.
+/// Preferences, locations and names of new files.
 namespace Settings {
 
-/// Binds the library to the collaborators of `context`, of which it keeps a copy. A later call replaces the binding
-/// whole; nothing of the earlier one stays referenced. Throws only `std::bad_alloc`.
+/// Binds the library to the collaborators of `context`, which it copies. A later call replaces the whole binding and
+/// releases the earlier references. Throws only `std::bad_alloc`.
 void init(SettingsContext const& context);
 
 } // namespace Settings
 
 // --- Typed access ----------------------------------------------------------------------------------------------------
 //
-// Any key, in `commonStorage` where `useCommonStorage` is true, else in `productStorage`. A host may use keys of its own.
+// Each function takes any key, also one of the host's own. It uses `commonStorage` if `useCommonStorage` is true, else
+// `productStorage`. The caller's default is read once, before the store is called, and no result shares memory with it.
 //
-// Beware of literals: `write("name", "text", false)` picks the `bool` overload, as a literal turns into a `bool` before
-// it turns into a string. Pass a `std::string` or a `QString`.
+// Beware of literals: `write("name", "text", false)` selects the `bool` overload, as a literal converts to `bool` before
+// it converts to a string. Pass a `std::string` or a `QString`.
 
-/// The stored string as it is, or `defaultValue`.
+/// The stored string unchanged, or `defaultValue`.
 std::string read(std::string const& key, std::string const& defaultValue, bool useCommonStorage);
-/// The stored string decoded from UTF-8, invalid sequences as replacement characters.
+/// The stored string, or `defaultValue`, decoded from UTF-8. Invalid sequences become replacement characters. Never null.
 QString read(std::string const& key, QString const& defaultValue, bool useCommonStorage);
 /// The stored boolean, or `defaultValue`.
 bool read(std::string const& key, bool const& defaultValue, bool useCommonStorage);
 /// The stored integer, or `defaultValue`.
 int read(std::string const& key, int const& defaultValue, bool useCommonStorage);
-/// The stored bytes. `defaultValue` is ignored: an absent key gives a null array. More than 2147483647 bytes throw
-/// `std::length_error`.
+/// The stored bytes. `defaultValue` is ignored: an absent key returns a null array. Throws `std::length_error` for more
+/// than 2147483647 bytes.
 QByteArray read(std::string const& key, QByteArray const& defaultValue, bool useCommonStorage);
-/// The fraction of the integers stored under key + "_N" and key + "_D", in lowest terms. Each half falls back on the
-/// default's half, cut to 32 bits, by itself. Two store calls, so another thread may write between them.
-/// Throws `boost::bad_rational` ("bad rational: zero denominator") where the denominator is 0.
+/// The fraction of the integers stored under key + "_N" and key + "_D", in lowest terms. Each absent half falls back on
+/// that half of the default, cut to 32 bits. The two store calls are not atomic: another thread may write between them.
+/// Throws `boost::bad_rational` ("bad rational: zero denominator") if the denominator is 0.
 boost::rational<long long> read(std::string const& key, boost::rational<long long> const& defaultValue, bool useCommonStorage);
-/// The stored string split at every "|#|", without empty elements. The default takes the same way, joined and split.
+/// The stored string split at every "|#|", without empty elements. The default is joined and split likewise.
 QStringList read(std::string const& key, QStringList defaultValue, bool useCommonStorage);
 
-/// Stores `value` as it is, which is UTF-8 by convention.
+/// Stores `value` unchanged; UTF-8 by convention.
 void write(std::string const& key, std::string const& value, bool useCommonStorage);
-/// Stores `value` in UTF-8.
+/// Stores `value` encoded in UTF-8.
 void write(std::string const& key, QString const& value, bool useCommonStorage);
-/// Stores a boolean; a literal of text is one, too.
+/// Stores a boolean. A text literal selects this overload, too.
 void write(std::string const& key, bool const& value, bool useCommonStorage);
 /// Stores an integer.
 void write(std::string const& key, int const& value, bool useCommonStorage);
-/// Stores bytes, of any number and content.
+/// Stores bytes of any number and content.
 void write(std::string const& key, QByteArray const& value, bool useCommonStorage);
-/// Stores numerator and denominator under key + "_N" and key + "_D", each cut to its low 32 bits. Where the second
+/// Stores numerator and denominator under key + "_N" and key + "_D", each cut to its low 32 bits. If the second
 /// store call throws, the first half is already written.
 void write(std::string const& key, boost::rational<long long> const& value, bool useCommonStorage);
-/// Stores the elements joined with "|#|", unescaped: an empty element is lost at the next read, an element that holds
-/// "|#|" comes back as several, and one that ends in "|#" comes back torn, with the element after it.
+/// Stores the elements joined with "|#|", unescaped. The next read drops empty elements, splits an element that contains
+/// "|#|", and splits an element that ends in "|#" from the next one at the wrong place.
 void write(std::string const& key, QStringList value, bool useCommonStorage);
 
 // --- Preferences -----------------------------------------------------------------------------------------------------
 //
 // The key of a preference is its getter's name. All lie in `productStorage` but for `autoUpdate` and `sendStatistics`,
-// which lie in `commonStorage`. Getters return what is stored, unchecked, or the default named here; an empty text that
-// is stored is returned, not the default. Setters store exactly what they are given.
+// which lie in `commonStorage`. A getter returns the stored value, unchecked, or the default named here; a stored empty
+// text is a value, too. A setter stores its argument unchanged.
 
 namespace Settings {
 
@@ -260,18 +262,18 @@ void setUserCustomColors(QStringList const& colors);
 /// Default: false, unlike that of `autoUpdate`.
 bool autoDownloadUpdates();
 void setAutoDownloadUpdates(bool enabled);
-/// What the editor keeps for the indication called `name`, under the key "Indication/" and the name as it is. Null where
-/// nothing was ever set.
+/// What the editor keeps for the indication called `name`, under the key "Indication/" and the unescaped name. Default:
+/// null.
 QByteArray indicationObject(QString name);
 void setIndicationObject(QString name, QByteArray const& data);
-/// The favourites of the list called `name`, under the key "favorites_" and the name as it is. Default: empty. Whoever
-/// writes them takes the same key and `write` for a list.
+/// The favourites of the list called `name`, under the key "favorites_" and the unescaped name. Default: empty. The
+/// library has no setter: a host writes them with `write` for a list under the same key.
 QStringList favoriteItems(QString name);
-/// Recent export targets in one string that the caller composes; stored whole. For a product of kind 1 it is kept in
-/// process memory, reaches no store, and the calls must stay on one thread. Default: empty.
+/// Recent export targets in one string that the caller composes; stored unchanged. A product of kind 1 keeps it in process
+/// memory instead of a store, and must call both functions on one thread. Default: empty.
 std::string targetHistory();
 void setTargetHistory(std::string const& history);
-/// 10: how many targets a caller should keep in the history. The library does not enforce it.
+/// 10: the number of targets that a caller should keep in the history. The library does not enforce it.
 extern int const targetHistoryLength;
 
 // --- Folder names ----------------------------------------------------------------------------------------------------
@@ -300,7 +302,7 @@ extern QString const waveformExtension;          ///< "blob"
 /// "/home/u/Videos/Lumora Video Editor/Projects" for the movies location and "Projects".
 QString makeDefaultPath(QStandardPaths::StandardLocation location, QString folder);
 /// The product's own data folder: "/home/u/.local/share/Lumora/Lumora Video Editor" (vendor and product name).
-/// As concatenated: an empty name or a trailing separator of the data location leaves a doubled separator.
+/// Not cleaned: an empty name or a trailing separator of the data location leaves a doubled separator.
 QString productDataPath();
 /// The product's name, not translated: "Lumora Video Editor" (product name).
 QString nonLocalizedProductName();
@@ -331,28 +333,28 @@ QString defaultBundleShadowCachePath();
 QString defaultDownloaderCachePath();
 /// "/home/u/.cache/Lumora Video Editor/PackInApp Cache"
 QString defaultPackInAppCachePath();
-/// "/home/u/.local/share/Lumora/SharedData/VideoEditor/Waveforms/Cache" (vendor and shared-data folder name). As
-/// concatenated, with "/" on every platform.
+/// "/home/u/.local/share/Lumora/SharedData/VideoEditor/Waveforms/Cache" (vendor and shared-data folder name). Not
+/// cleaned, with "/" on every platform.
 QString defaultWaveformCachePath();
 
 } // namespace Settings
 
 // --- Stock content and resources -------------------------------------------------------------------------------------
 //
-// What the product ships, below the resources root of the binding; the examples take "/opt/editor". Nothing tests
-// whether it is there. The three forms differ, so compare a path only with one of its own form.
+// The content that the product ships below the resources root of the binding, "/opt/editor" in the examples. No function
+// checks that it exists. The three forms differ, so compare a path only with one of its own form.
 
 /// The resource `relative` to the root, absolute, with preferred separators, in UTF-8: "/opt/editor/resources/x.png" for
 /// "resources/x.png". A relative root is resolved against the current directory, an absolute `relative` replaces it.
-/// Throws `std::filesystem::filesystem_error` where a relative root finds no current directory.
+/// Throws `std::filesystem::filesystem_error` if the root is relative and the current directory does not exist.
 std::string resourceFile(std::string const& relative);
-/// The folder of sample projects: "/opt/editor/resources/samples/stock/projects". Concatenated, without a separator at
-/// the end; the root counts up to its first NUL.
+/// The folder of sample projects: "/opt/editor/resources/samples/stock/projects". Not cleaned, without a separator at the
+/// end. The root is read up to its first NUL.
 QString stockSampleProjectsPath();
 
 namespace Settings {
 
-/// What `resourceFile` gives for "presets-videoeditor.json": "/opt/editor/presets-videoeditor.json"
+/// `resourceFile("presets-videoeditor.json")`: "/opt/editor/presets-videoeditor.json"
 std::string presetFilePath();
 /// The previews likewise: "/opt/editor/resources/samples/transitionPreview1.png"
 std::string transitionPreviewImageAPath();
@@ -367,8 +369,8 @@ std::string animationBackgroundPreviewImagePath(); ///< animationBackgroundPrevi
 std::string animationIconPreviewImagePath();       ///< animationIconPreview.png
 std::string colorFilterPreviewImagePath();         ///< colorFilterPreview.png
 
-/// Stock folders: "/opt/editor/resources/samples/stock//titles/". The root up to its first NUL, then the folder as
-/// concatenated: the separator is doubled and one stands at the end, on every platform "/".
+/// Stock folders: "/opt/editor/resources/samples/stock//titles/". The root is read up to its first NUL. Not cleaned: with
+/// a doubled separator and one at the end, "/" on every platform.
 QString stockTitlesSvgPath();
 QString stockCalloutsSvgPath();       ///< …//callouts/
 QString stockStickersSvgPath();       ///< …//stickers/
@@ -388,7 +390,7 @@ QString stockWizardBackgroundsPath(); ///< …//wizardBackgrounds/
 QString blurMasksPath();              ///< …//blurMasks/
 QString flyingObjectsPath();          ///< …//flyingObjects/
 
-/// Fragments, for the caller to join to a root of its own choice.
+/// Fragments that the caller joins to a root of its choice.
 QString stockMusicPath();       ///< "/Music Library/"
 QString stockAudioPath();       ///< "/Audio/"
 QString stockVideoPath();       ///< "/Video/"
@@ -396,14 +398,14 @@ QString stockBackgroundsPath(); ///< "/Backgrounds/"
 
 // --- User content, notifications and configuration -------------------------------------------------------------------
 //
-// Concatenated with "/" at the end, doubled separators left, but for the two Unsplash folders.
+// Not cleaned, with "/" at the end, but for the two Unsplash folders.
 
 /// The user's own intros: "/home/u/.local/share/Lumora/SharedData/VideoEditor/UserImports/"
 QString userIntrosPath();
 /// "/home/u/.local/share/Lumora/SharedData/VideoEditor/UserOverlays/"
 QString userOverlaysPath();
 /// "/home/u/.local/share/Lumora/SharedData/VideoEditor/UserEffects/My_Effect_/" for "My:Effect?": each of / : ? " < > |
-/// in `name`, which is UTF-8, becomes "_". An empty name leaves a doubled separator; ".." and backslashes pass.
+/// in `name` becomes "_". An empty name leaves a doubled separator; ".." and backslashes stay.
 QString userEffectsPath(std::string const& name);
 /// "/home/u/.local/share/Lumora/Lumora Video Editor/Unsplash/SavedCollection", cleaned, with native separators.
 QString userUnsplashPath();
@@ -427,7 +429,7 @@ enum Notifications : int {
     ErrorNotification = 1,  ///< Something went wrong.
 };
 /// "/opt/editor/resources/samples/notifications/finish.wav" or ".../error.wav"; for any other value the folder, with "/"
-/// at its end. The root counts up to its first NUL.
+/// at its end. The root is read up to its first NUL.
 QString notificationFile(Notifications kind);
 
 QString countDownImagePath();       ///< A copy of `countDownPadImage`.
@@ -458,20 +460,20 @@ QString generateStabilizedFilePath(QString sourceFilePath, QString fileFormat);
 
 // --- Project files ---------------------------------------------------------------------------------------------------
 //
-// The extensions are the product's, as it gives them: in its order, case and blanks, empty ones left out.
+// The extensions of the product information, in its order and case, blanks included, without empty ones.
 
 /// "New Project", translated at each call in context "QObject".
 QString projectNameDefault();
 /// All extensions, without dots: "lumora", "lumorax".
 QStringList supportedProjectFileExtensions();
-/// The extension for saving, which is the first: "lumora". Empty, not null, where there is none.
+/// The extension for saving, which is the first: "lumora". Empty, not null, without extensions.
 QString projectFileExtension();
 /// For a save dialog, without description: "*.lumora"; "*." without extensions.
 QString projectFileSaveFilter();
 /// For an open dialog, without description: "*.lumora *.lumorax"; "*." without extensions.
 QString projectFileOpenFilter();
-/// The first file below `stockSampleProjectsPath()` that matches the open filter, in any case; null where there is none.
-/// Links, hidden files and hidden folders are left out. Which file is first is up to the file system.
+/// The first file below `stockSampleProjectsPath()` that matches the open filter, in any case; null if no file does.
+/// Links, hidden files and hidden folders do not count. The file system decides which file is first.
 QString sampleProjectPath();
 
 } // namespace Settings
