@@ -3,11 +3,11 @@
 
 #include <string>
 
-/// What the host tells the settings library about the product build. The host implements and owns the object; the
-/// library holds a weak reference and locks it for one call at a time.
+/// Describes the product build to the settings library. The host implements and owns the object; the library holds a weak
+/// reference and locks it for one call at a time.
 ///
-/// Threads: the library calls from whichever thread called the library, also from several at once.
-/// Text: UTF-8, whole; an embedded NUL does not end it. An empty answer is an empty path component, nothing more.
+/// Threads: the library calls on the thread that called the library, also on several at once.
+/// Text: UTF-8. An embedded NUL does not end it. An empty answer becomes an empty path component.
 /// Errors: an exception reaches the caller of the library function unchanged.
 class IProductInfo {
 public:
@@ -19,8 +19,8 @@ public:
     virtual std::string productName() const = 0;
     /// The name of the folder below "SharedData" that the maker's products share.
     virtual std::string sharedDataFolderName() const = 0;
-    /// The kind of product. Only 1 is told apart: its user library is named after the product folder, and its export
-    /// target history is kept in process memory. All other values mean the same.
+    /// The kind of product. With 1 the user library is named after the product folder, and the export target history stays
+    /// in process memory. All other values mean the same.
     virtual int productKind() const = 0;
     /// The extensions of project files, without a dot, separated by commas; the first is the one used for saving.
     virtual std::string projectFileExtensions() const = 0;

@@ -3,11 +3,11 @@
 
 #include <QString>
 
-/// What is fixed for the product, whatever its product information says.
+/// Constants of the product, independent of its product information.
 namespace Configuration {
 
-/// "Lumora Video Editor": the product's folder in every standard location that the library places folders in.
-/// It exists before every other object of the library and is read-only: any thread may read it.
+/// "Lumora Video Editor": the product's folder in every standard location in which the library places folders.
+/// The library constructs it first. Read-only: any thread may read it.
 #pragma GCC visibility push(default)
 extern QString const productDataFolder;
 #pragma GCC visibility pop

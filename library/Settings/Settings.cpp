@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// Static objects come to life in the order of this file, which is relied on: first the product's folder name, then the
-// keys and defaults of the preferences, the folder names, the names of resource files, the list separator and, as the
-// last definition, s_instance.
-// The defaults that copy format names need libLumoraConf, which is loaded before this library as it is linked to it.
+// Hosts rely on the order in which this file constructs its static objects: the product's folder name, the keys and
+// defaults of the preferences, the folder names, the names of resource files, the list separator and, last, s_instance.
+// The defaults that copy format names need libLumoraConf, which the loader initialises first.
+// Texts for the host are made of QLatin1String: the characters of a QStringLiteral lie in the library and go with it.
 #include <Settings/PlainNames.h>
 #include <Settings/Settings.h>
 
@@ -27,13 +27,12 @@ QString const Configuration::productDataFolder = QLatin1String("Lumora Video Edi
 
 // --- Binding ---------------------------------------------------------------------------------------------------------
 //
-// A collaborator is locked for one call and dropped with the expression that makes it: no reference is held in between,
-// so a host may replace or destroy a collaborator between two calls.
+// The statement that calls a collaborator locks and releases it, so a host may replace or destroy one between two calls.
 
 namespace {
 
-constexpr bool product = false; // useCommonStorage, for a preference that lies in productStorage
-constexpr bool common = true;   // the same, for one that lies in commonStorage
+constexpr bool product = false; // useCommonStorage of a preference in productStorage
+constexpr bool common = true;   // useCommonStorage of a preference in commonStorage
 
 template <typename Collaborator>
 std::shared_ptr<Collaborator> locked(std::weak_ptr<Collaborator> const& reference, char const* name, char const* kind)
@@ -67,7 +66,7 @@ namespace {
 
 extern QString const listSeparator;
 
-// Whether it fits or not: what lies beyond 32 bits is dropped without a word.
+// Drops the high bits silently, as stores hold 32-bit integers.
 int low32Bits(long long component) { return static_cast<int>(component); }
 
 } // namespace
@@ -94,7 +93,7 @@ int read(std::string const& key, int const& defaultValue, bool useCommonStorage)
     return storage(useCommonStorage)->getInt(key, defaultValue);
 }
 
-// The default is ignored on purpose: hosts rely on an absent key giving no bytes.
+// Hosts rely on an empty array for an absent key, so the default is ignored.
 QByteArray read(std::string const& key, QByteArray const& /*defaultValue*/, bool useCommonStorage)
 {
     std::vector<unsigned char> const value = storage(useCommonStorage)->getBytes(key, {});
@@ -145,8 +144,8 @@ void write(std::string const& key, QStringList value, bool useCommonStorage)
 
 // --- Preferences -----------------------------------------------------------------------------------------------------
 //
-// One block each: key, default, getter, setter. Where the default is a folder that has to be computed, the getter
-// computes it at each call, stored or not, and the default constant stays empty and unread.
+// One block each: key, default, getter, setter. A getter whose default is a computed folder computes it at each call, and
+// its default constant stays empty and unread.
 
 std::string const exportPathKey = "exportPath";
 QString const exportPathDefault;
@@ -224,7 +223,7 @@ bool const keepVideoAspectDefault = true;
 bool Settings::keepVideoAspect() { return read(keepVideoAspectKey, keepVideoAspectDefault, product); }
 void Settings::setKeepVideoAspect(bool const& value) { write(keepVideoAspectKey, value, product); }
 
-// The setter keeps the name that the update dialog has always called.
+// Hosts link against the setter's deviating name.
 std::string const autoUpdateKey = "autoUpdate";
 bool const autoUpdateDefault = true;
 bool Settings::autoUpdate() { return read(autoUpdateKey, autoUpdateDefault, common); }
@@ -300,11 +299,11 @@ QString const stabilizedFilePathDefault;
 QString Settings::stabilizedFilePath() { return read(stabilizedFilePathKey, defaultStabilizedFilePath(), product); }
 void Settings::setStabilizedFilePath(QString const& value) { write(stabilizedFilePathKey, value, product); }
 
-// Reserved: nothing reads or writes it, and stabilized clips keep the format that their caller names.
+// Reserved: no function uses it, and the caller names the format of a stabilized clip.
 std::string const stabilizedFileFormatKey = "stabilizedFileFormat";
 std::string const stabilizedFileFormatDefault = Lumora::Conf::IFormatFile::FORMAT_MP4;
 
-// The small "f" of the setter is the name that hosts link against.
+// Hosts link against the setter's small "f".
 std::string const freezedFileFormatKey = "freezedFileFormat";
 std::string const freezedFileFormatDefault = Lumora::Conf::IFormatFile::FORMAT_PNG;
 std::string Settings::freezedFileFormat() { return read(freezedFileFormatKey, freezedFileFormatDefault, product); }
@@ -380,7 +379,7 @@ QString const snapshotPathDefault;
 QString Settings::snapshotPath() { return read(snapshotPathKey, defaultLumoraLibraryPath(), product); }
 void Settings::setSnapshotPath(QString const& value) { write(snapshotPathKey, value, product); }
 
-// The setters of the survey spell its name in capitals; hosts link against them so.
+// Hosts link against the capitals in the names of the survey's setters.
 std::string const npsReadyNotificationCountKey = "npsReadyNotificationCount";
 int const npsReadyNotificationCountDefault = -1;
 int Settings::npsReadyNotificationCount() { return read(npsReadyNotificationCountKey, npsReadyNotificationCountDefault, product); }
@@ -413,11 +412,11 @@ void Settings::setNPSEmailToSend(QString const& value) { write(npsEmailToSendKey
 
 // --- Composite settings ----------------------------------------------------------------------------------------------
 //
-// Lists, the updater's preference, and keys that are made from a caller's name, which enters them as it is.
+// Lists, the updater's preference, and keys that contain a caller's name unescaped.
 
 namespace {
 
-// The updater's own key. The default differs from that of autoUpdate: nothing is downloaded unasked.
+// The updater's own key. Unlike autoUpdate it defaults to false: a download needs the user's consent.
 constexpr char const* autoDownloadUpdatesKey = "SUAutomaticallyUpdate";
 constexpr bool autoDownloadUpdatesDefault = false;
 
@@ -425,7 +424,7 @@ std::string indicationKey(QString const& name) { return QStringLiteral("Indicati
 
 std::string favoritesKey(QString const& name) { return QStringLiteral("favorites_%1").arg(name).toStdString(); }
 
-// The export targets of a product of kind 1, which forgets them when the process ends.
+// The target history of a product of kind 1, which never reaches a store.
 std::string usedOutputDirectories;
 
 bool productIsOfKindOne() { return productInfo()->productKind() == 1; }
@@ -448,7 +447,7 @@ void Settings::setAutoDownloadUpdates(bool enabled) { write(autoDownloadUpdatesK
 QByteArray Settings::indicationObject(QString name) { return read(indicationKey(name), QByteArray(), product); }
 void Settings::setIndicationObject(QString name, QByteArray const& data) { write(indicationKey(name), data, product); }
 
-// The lists are written by the part of the editor that shows them.
+// Without a setter: the part of the editor that shows the lists writes them.
 QStringList Settings::favoriteItems(QString name) { return read(favoritesKey(name), QStringList(), product); }
 
 std::string const targetHistoryKey = "targetHistory";
@@ -482,14 +481,14 @@ QString const Settings::downloaderCacheDirectory = QLatin1String("Downloader Cac
 QString const Settings::packInAppCacheDirectory = QLatin1String("PackInApp Cache");
 QFont const Settings::countDownFont(QLatin1String("Verdana"), 60, -1, false);
 QString const Settings::countDownPadImage = QLatin1String(":/icons/Player/countdownPad.png");
-// The spelling is the name that hosts link against.
+// Hosts link against the misspelt name.
 QString const Settings::packageExtenstion = QLatin1String("mpack");
 QString const Settings::waveformExtension = QLatin1String("blob");
 
 // --- Roots -----------------------------------------------------------------------------------------------------------
 //
-// Two kinds that stay apart: folders for the user come from the editor's GetStandardPath and are cleaned and native;
-// data roots come from Qt and are left as concatenated, doubled separators included.
+// Hosts compare paths as text, so two forms stay apart: folders for the user come from the editor's GetStandardPath and
+// are cleaned and native; data roots come from Qt and keep doubled separators.
 
 namespace {
 
@@ -517,7 +516,6 @@ QString sharedDataPath()
 QString makeDefaultPath(QStandardPaths::StandardLocation location, QString folder)
 {
     QString const base = Lumora::Util::GetStandardPath(location);
-    // In one piece, for one allocation.
     QString const path = base % QDir::separator() % Configuration::productDataFolder % QDir::separator() % folder;
     return QDir::toNativeSeparators(QDir::cleanPath(path));
 }
@@ -552,11 +550,11 @@ QString Settings::defaultWaveformCachePath() { return sharedDataPath() + QLatin1
 
 // --- Stock content and resources -------------------------------------------------------------------------------------
 //
-// Three forms that stay apart, as hosts compare the paths as text: a resource file is joined, made absolute and narrow;
-// a stock folder is concatenated, with a doubled separator inside and one at its end; a fragment is for the caller to join.
+// Three forms stay apart, too: a resource file is joined, made absolute and narrow; a stock folder is concatenated, with a
+// doubled separator inside and one at its end; the caller joins a fragment.
 
 std::string const presetFilePath = "presets-videoeditor.json";
-// Reserved: nothing here reads it.
+// Reserved: no function reads it.
 std::string const userPresetFilePath = "customPresets.json";
 std::string const transitionPreviewFileAPath = "resources/samples/transitionPreview1.png";
 std::string const transitionPreviewFileBPath = "resources/samples/transitionPreview2.png";
@@ -564,7 +562,7 @@ std::string const titlePreviewFilePath = "resources/samples/titlePreview.png";
 std::string const calloutPreviewFilePath = "resources/samples/calloutPreview.png";
 std::string const quizPreviewFilePath = "resources/samples/quizPreview.png";
 std::string const effectPreviewFilePath = "resources/samples/effectPreview.png";
-// Called otherwise than its function: the file shows the audio player.
+// The file's name differs from its function's: it shows the audio player.
 std::string const audioPreviewFilePath = "resources/samples/audioPlayerPreview.png";
 std::string const panZoomPreviewFilePath = "resources/samples/panZoomPreview.png";
 std::string const animationBackgroundPreviewFilePath = "resources/samples/animationBackgroundPreview.png";
@@ -573,8 +571,7 @@ std::string const colorFilterPreviewFilePath = "resources/samples/colorFilterPre
 
 namespace {
 
-// As a C string, so up to its first NUL: Qt would search below a path that holds one for ever. resourceFile takes the
-// root whole.
+// Decoded up to the first NUL, as Qt searches a folder whose path contains one without end.
 QString resourcesRoot() { return QString::fromUtf8(s_instance.resourcesRoot.utf8string().c_str()); }
 
 QString stockPath(QLatin1String folder) { return resourcesRoot() + QLatin1String("/resources/samples/stock/") + folder; }
@@ -628,11 +625,11 @@ QString Settings::stockBackgroundsPath() { return QLatin1String("/Backgrounds/")
 
 // --- User content, notifications and configuration -------------------------------------------------------------------
 //
-// Concatenated and left so, but for the two Unsplash folders, which are cleaned and native.
+// Concatenated and not cleaned, but for the two Unsplash folders.
 
 namespace {
 
-// Seven characters: the backslash escapes the slash and is itself let through, as is the asterisk.
+// Seven characters: the backslash escapes the slash, so neither it nor the asterisk is replaced.
 QString sanitized(QString fileName) { return fileName.replace(QRegExp(QLatin1String("[\\/:?\"<>|]")), QLatin1String("_")); }
 
 QString productFolder(QLatin1String folder)
@@ -642,7 +639,7 @@ QString productFolder(QLatin1String folder)
 
 } // namespace
 
-// Intros by name, imports by folder: hosts rely on both.
+// Hosts rely on the name, intros, and on the folder, imports.
 QString Settings::userIntrosPath() { return sharedDataPath() + QLatin1String("/UserImports/"); }
 QString Settings::userOverlaysPath() { return sharedDataPath() + QLatin1String("/UserOverlays/"); }
 QString Settings::userEffectsPath(std::string const& name)
@@ -654,7 +651,7 @@ QString Settings::userEffectsPath(std::string const& name)
 QString Settings::userUnsplashPath() { return productFolder(QLatin1String("Unsplash/SavedCollection")); }
 QString Settings::unsplashContentPath() { return productFolder(QLatin1String("Unsplash/Content")); }
 
-// "VideoEditor" whatever the product: these three are shared by all editors of the vendor.
+// All editors of the vendor share these three, so the folder is "VideoEditor" for each product.
 QString Settings::packageDeploymentPath() { return vendorDataPath() + QLatin1String("/SharedData/VideoEditor/Packages/"); }
 QString Settings::fastTrackConfigurationPath() { return vendorDataPath() + QLatin1String("/SharedData/VideoEditor/FastTrack/"); }
 QString Settings::waveformConfigurationPath()
@@ -663,7 +660,7 @@ QString Settings::waveformConfigurationPath()
 }
 
 QString Settings::stockPackagesStatisticsPath() { return productDataPath() + QLatin1String("/StockPackagesStats/"); }
-// Deployed packages keep their statistics where they lie.
+// The statistics of deployed packages lie beside the packages.
 QString Settings::deployedPackagesStatisticsPath() { return packageDeploymentPath(); }
 
 QString Settings::notificationFile(Notifications kind)
@@ -785,12 +782,12 @@ QString Settings::sampleProjectPath()
 {
     QString const folder = stockSampleProjectsPath();
     QStringList const filters = projectFileOpenFilter().split(QLatin1Char(' '), Qt::KeepEmptyParts);
-    // Qt's iterator reads on to the second match before it gives the first.
+    // Qt's iterator reads on to the second match before it returns the first.
     std::optional<QString> const plain = PlainNames::firstBelow(folder, filters);
     return plain ? *plain : firstSample(folder, filters);
 }
 
-// --- The last objects to come to life ----------------------------------------------------------------------------------
+// --- The objects that are constructed last -----------------------------------------------------------------------------
 
 namespace {
 
