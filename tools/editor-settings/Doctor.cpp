@@ -117,7 +117,7 @@ ordered_json asJson(ExaminedStore const& store)
             {"state", stateOf(store)},
             {"schema", isOpen ? ordered_json(store.report.schemaVersion) : ordered_json()},
             {"journalMode", orNull(store.report.journalMode)},
-            {"fileSystem", {{"type", orNull(store.fileSystem.type)}, {"mountPoint", orNull(store.fileSystem.mountPoint.u8string())}}}};
+            {"fileSystem", {{"type", orNull(store.fileSystem.type)}, {"mountPoint", orNull(store.fileSystem.mountPoint)}}}};
 }
 
 ordered_json asJson(Finding const& finding)
@@ -146,7 +146,7 @@ std::string summaryOf(ExaminedStore const& store)
     if (store.fileSystem.type.empty())
         return summary;
     std::string const type = onOneLine(store.fileSystem.type);
-    std::string const mountPoint = onOneLine(store.fileSystem.mountPoint.u8string());
+    std::string const mountPoint = onOneLine(store.fileSystem.mountPoint);
     return mountPoint.empty() ? Text::of("%1, on %2", summary, type) : Text::of("%1, on %2 at %3", summary, type, mountPoint);
 }
 

@@ -10,10 +10,13 @@
 #include "Values.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QStorageInfo>
 
 #include <algorithm>
+#include <initializer_list>
 #include <limits>
 #include <map>
 #include <set>
@@ -29,13 +32,32 @@ using StoredRow = Storage::SqliteStorage::Row;
 
 // --- The file of a store ---------------------------------------------------------------------------------------------
 
+namespace {
+
+fs::path nearestExisting(fs::path path)
+{
+    std::error_code error;
+    while (path.has_relative_path() && !fs::exists(path, error))
+        path = path.parent_path();
+    return path;
+}
+
+FileSystem fileSystemOf(fs::path const& file)
+{
+    fs::path const existing = nearestExisting(file);
+    QStorageInfo const volume(QFile::decodeName(existing.c_str()));
+    return {volume.fileSystemType().toStdString(), volume.rootPath().toStdString(), volume.isReadOnly(), Storage::localityOf(existing)};
+}
+
+} // namespace
+
 ExaminedStore examined(Host::Application const& application, Store store)
 {
     Storage::SqliteStorage const* const opened = storage(application, store);
     ExaminedStore result;
     result.store = store;
     result.file = storageFile(application, store);
-    result.fileSystem = Storage::fileSystemOf(result.file);
+    result.fileSystem = fileSystemOf(result.file);
     result.trouble = store == Store::common ? application.commonStorageTrouble() : application.productStorageTrouble();
     result.isMissing = !opened && result.trouble.empty();
     if (!opened)
@@ -183,34 +205,40 @@ Findings checkJournal(ExaminedStore const& store)
              journalOf(store)}};
 }
 
+namespace {
+
+bool isOneOf(std::initializer_list<char const*> types, std::string const& type)
+{
+    return std::find(types.begin(), types.end(), type) != types.end();
+}
+
+} // namespace
+
 Findings checkFileSystem(ExaminedStore const& store)
 {
-    std::string const type = store.fileSystem.type.empty() ? Text::of("a file system without a name") : store.fileSystem.type;
+    FileSystem const& fileSystem = store.fileSystem;
+    std::string const type = fileSystem.type.empty() ? Text::of("a file system without a name") : fileSystem.type;
     std::string const elsewhere =
         Text::of("keep the stores on a local disk: move the data folder there (XDG_DATA_HOME), or name a folder with --home");
     auto const found = [&](Severity severity, std::string const& what, std::string const& remedy) -> Findings {
         return {aboutFile(store, severity, "file-system", what, remedy)};
     };
-    switch (Storage::suitabilityForStores(store.fileSystem)) {
-    case Storage::Suitability::suitable:
-        break;
-    case Storage::Suitability::readOnly:
+    if (fileSystem.isReadOnly)
         return found(Severity::error, Text::of("it lies on %1, which may only be read, so nothing can be stored", type),
                      Text::of("mount it for writing, or name another folder with --home"));
-    case Storage::Suitability::network:
+    if (fileSystem.locality == Storage::Locality::network)
         return found(Severity::warning,
                      Text::of("it lies on %1, where locks do not hold between machines, so that two editors can damage it", type),
                      elsewhere);
-    case Storage::Suitability::withoutLinks:
+    if (isOneOf({"vfat", "msdos", "exfat", "fuse.exfat"}, type))
         return found(store.isMissing ? Severity::error : Severity::warning,
                      Text::of("it lies on %1, which has no hard links, so that no store can be made there", type), elsewhere);
-    case Storage::Suitability::passing:
+    if (isOneOf({"tmpfs", "ramfs"}, type))
         return found(Severity::warning, Text::of("it lies on %1, which is kept in memory, so that all is lost with a restart", type),
                      elsewhere);
-    case Storage::Suitability::unknown:
+    if (fileSystem.locality == Storage::Locality::unknown)
         return found(Severity::note, Text::of("it lies on %1, of which it cannot be told whether locks hold there", type),
                      Text::of("nothing to do where the disk is local; else %1", elsewhere));
-    }
     return {};
 }
 

@@ -31,11 +31,19 @@ struct Finding {
 
 using Findings = std::vector<Finding>;
 
+/// The file system that a store lies on, or would.
+struct FileSystem {
+    std::string type;       ///< As the system names it, such as "ext4" or "fuse.sshfs"; empty where it is unknown.
+    std::string mountPoint; ///< Empty where it is unknown.
+    bool isReadOnly = false;
+    Storage::Locality locality = Storage::Locality::unknown;
+};
+
 /// A store with all that is known of it.
 struct ExaminedStore {
     Catalogue::Store store;
     std::filesystem::path file;
-    Storage::FileSystem fileSystem;
+    FileSystem fileSystem;
     std::string trouble; ///< Why it cannot be used; empty where it can, or is missing.
     bool isMissing = false;
     std::string readOnlyReason;            ///< Empty where it takes changes, is missing or cannot be used.
