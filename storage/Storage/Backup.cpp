@@ -2,6 +2,8 @@
 #include <Storage/Backup.h>
 
 #include "NewFile.h"
+#include "SqliteErrors.h"
+#include "StoreContent.h"
 #include "StoreFile.h"
 
 #include <SQLiteCpp/Backup.h>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <Storage/SqliteStorage.h>
 
+#include "SqliteErrors.h"
+#include "StoreContent.h"
 #include "StoreFile.h"
 
 #include <SQLiteCpp/Column.h>
@@ -20,54 +22,6 @@
 #include <utility>
 
 namespace Storage {
-
-namespace {
-
-using Value = SqliteStorage::Value;
-
-// The values of a row as they are stored. A value whose type does not fit its kind is not guessed at.
-Value decoded(std::string const& kind, SQLite::Column const& stored)
-{
-    if (kind == "string" && stored.isText())
-        return stored.getString();
-    if (kind == "bytes" && stored.isBlob()) {
-        auto const* bytes = static_cast<unsigned char const*>(stored.getBlob());
-        return std::vector<unsigned char>(bytes, bytes + stored.getBytes());
-    }
-    if (!stored.isInteger())
-        return {};
-    long long const number = stored.getInt64();
-    if (kind == "bool" && (number == 0 || number == 1))
-        return number == 1;
-    if (kind == "int" && number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max())
-        return static_cast<int>(number);
-    return {};
-}
-
-// A time beyond what the clock holds, which another program may have stored, becomes the clock's first or last one.
-std::chrono::system_clock::time_point decodedTime(long long sinceEpoch)
-{
-    using namespace std::chrono;
-    auto const first = duration_cast<milliseconds>(system_clock::time_point::min().time_since_epoch());
-    auto const last = duration_cast<milliseconds>(system_clock::time_point::max().time_since_epoch());
-    return system_clock::time_point{std::clamp(milliseconds{sinceEpoch}, first, last)};
-}
-
-SqliteStorage::Row decodedRow(std::string key, SQLite::Column const& kind, SQLite::Column const& value, SQLite::Column const& changed)
-{
-    return {std::move(key), kind.getString(), decoded(kind.getString(), value), decodedTime(changed.getInt64())};
-}
-
-} // namespace
-
-std::vector<SqliteStorage::Row> storedRows(SQLite::Database& database)
-{
-    SQLite::Statement all(database, "SELECT key, kind, value, changed FROM settings ORDER BY key");
-    std::vector<SqliteStorage::Row> result;
-    while (all.executeStep())
-        result.push_back(decodedRow(all.getColumn(0).getString(), all.getColumn(1), all.getColumn(2), all.getColumn(3)));
-    return result;
-}
 
 namespace {
 

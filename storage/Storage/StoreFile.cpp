@@ -3,20 +3,17 @@
 
 #include "CarefulFiles.h"
 #include "NewFile.h"
+#include "SqliteErrors.h"
+#include "StoreContent.h"
 
 #include <SQLiteCpp/Statement.h>
-#include <SQLiteCpp/Transaction.h>
 
 #include <sqlite3.h>
 
-#include <cerrno>
 #include <chrono>
 #include <cstdint>
-#include <memory>
-#include <sstream>
 #include <system_error>
 #include <thread>
-#include <utility>
 
 namespace fs = std::filesystem;
 
@@ -36,40 +33,6 @@ constexpr char const* makeTables = "BEGIN;"
                                    "COMMIT;";
 
 constexpr std::size_t longestPath = 504; // SQLite has no room for more, and would only say that it cannot open the file
-
-constexpr char const* shortenName = "name a file with a shorter path";
-constexpr char const* checkAccess = "make the file and its folder readable and writable for this user";
-constexpr char const* restoreBackup = "the file was left as it is: move it away and restore it from a backup";
-
-char const* remedyFor(int extendedCode)
-{
-    if (extendedCode == SQLITE_READONLY_DBMOVED)
-        return "the file was moved or removed while it was open: start the program again";
-    switch (extendedCode & 0xff) {
-    case SQLITE_BUSY:
-        return "another process is writing: try again, or close the other process";
-    case SQLITE_FULL:
-        return "free some space on the disk and try again";
-    case SQLITE_NOTADB:
-    case SQLITE_CORRUPT:
-    case SQLITE_ERROR: // the statements are right, so the tables are not
-        return restoreBackup;
-    case SQLITE_READONLY:
-    case SQLITE_CANTOPEN:
-        return checkAccess;
-    case SQLITE_TOOBIG:
-        return "keep the value in a file of its own and store the file's name";
-    default:
-        return "check the disk and its space, and try again";
-    }
-}
-
-char const* remedyForSystem(int error)
-{
-    if (error == ENAMETOOLONG)
-        return shortenName;
-    return error == ENOSPC || error == EDQUOT ? remedyFor(SQLITE_FULL) : checkAccess;
-}
 
 // The content of a store without values.
 std::string emptyStore()
@@ -129,8 +92,6 @@ bool isThere(fs::path const& file)
     return true;
 }
 
-constexpr int formatsAt = 18;
-
 // Bytes 18 and 19 of SQLite's header, the format for writers and for readers, are 2 in a file of its write-ahead-log
 // mode; other files have anything there. Read through SQLite's own handle, before any statement, as the first statement would already make
 // the log's files.
@@ -170,14 +131,6 @@ void checkLayout(fs::path const& file, SQLite::Database& database, int schema)
 }
 
 } // namespace
-
-char const* const setStatement = "INSERT INTO settings (key, kind, value, changed) VALUES (?1, ?2, ?3, ?4) ON CONFLICT (key) DO UPDATE "
-                                 "SET kind = excluded.kind, value = excluded.value, changed = excluded.changed";
-
-void throwSystemError(fs::path const& file, char const* attempt, int error)
-{
-    throw StorageError(file.u8string(), attempt, std::generic_category().message(error), remedyForSystem(error));
-}
 
 void checkStore(fs::path const& file, SQLite::Database& database)
 {
@@ -227,45 +180,6 @@ std::optional<Obstacle> obstacleToChanges(SQLite::Database const& database, int 
     if (sqlite3_db_readonly(database.getHandle(), "main") == 1)
         return Obstacle{"it may not be written", checkAccess};
     return std::nullopt;
-}
-
-std::vector<std::string> damageOf(SQLite::Database& database)
-{
-    sqlite3_db_release_memory(database.getHandle()); // pages in memory tell nothing of the file
-    SQLite::Statement check(database, "PRAGMA integrity_check");
-    std::vector<std::string> damage;
-    try {
-        while (check.executeStep()) {
-            // One row may hold several findings, each on a line, below a heading that names the database.
-            std::istringstream findings(check.getColumn(0).getString());
-            for (std::string finding; std::getline(findings, finding);)
-                if (finding != "ok" && finding.compare(0, 3, "***") != 0)
-                    damage.push_back(finding);
-        }
-    } catch (SQLite::Exception const&) {
-        if (damage.empty()) // else the check gave up over what it found
-            throw;
-    }
-    return damage;
-}
-
-std::string snapshotOf(SQLite::Database& database)
-{
-    // The transaction, and a first read in it, hold the moment.
-    SQLite::Transaction const moment(database);
-    database.execAndGet("PRAGMA user_version");
-    sqlite3_int64 size = 0;
-    std::unique_ptr<unsigned char, void (*)(void*)> const bytes(sqlite3_serialize(database.getHandle(), "main", &size, 0), &sqlite3_free);
-    if (!bytes)
-        throw SQLite::Exception(database.getHandle());
-    std::string content(reinterpret_cast<char const*>(bytes.get()), static_cast<std::size_t>(size));
-    return content.replace(formatsAt, 2, "\1\1"); // what another program keeps in a log is among the bytes
-}
-
-StorageError storageError(fs::path const& file, std::string const& attempt, SQLite::Exception const& error)
-{
-    bool const isFromSqlite = error.getExtendedErrorCode() > 0;
-    return {file.u8string(), attempt, error.what(), remedyFor(isFromSqlite ? error.getExtendedErrorCode() : error.getErrorCode())};
 }
 
 } // namespace Storage
