@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <Storage/Backup.h>
 
-#include "NewFile.h"
+#include "AtomicFile.h"
 #include "SqliteErrors.h"
 #include "StoreContent.h"
-#include "StoreFile.h"
+#include "StoreOpening.h"
 
 #include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/Column.h>
@@ -114,7 +114,7 @@ void Backup::write(fs::path const& file, std::map<std::string, SqliteStorage con
     std::map<std::string, std::string> snapshots;
     for (auto const& [name, store] : stores)
         snapshots[name] = store->snapshot();
-    std::string const content = translated(target, "write the backup", [&] {
+    std::string const content = withStorageErrors(target, "write the backup", [&] {
         SQLite::Database database(":memory:", SQLite::OPEN_READWRITE);
         database.exec("PRAGMA application_id = " + std::to_string(applicationId) +
                       "; PRAGMA user_version = " + std::to_string(formatVersion) +
@@ -168,7 +168,7 @@ std::vector<std::string> Backup::names() const
 
 std::vector<SqliteStorage::Row> Backup::rows(std::string const& name) const
 {
-    return translated(m_file, "read the backup", [&] { return storedRows(m_copies.at(name)->database()); });
+    return withStorageErrors(m_file, "read the backup", [&] { return storedRows(m_copies.at(name)->database()); });
 }
 
 namespace {
@@ -269,7 +269,7 @@ std::optional<fs::path> Backup::restore(std::string const& name, fs::path const&
 {
     Copy& copy = *m_copies.at(name);
     fs::path const target = absolutePath(file, restoreTheStore);
-    return translated(target, restoreTheStore, [&] {
+    return withStorageErrors(target, restoreTheStore, [&] {
         for (;;) {
             try {
                 return copy.replace(target);

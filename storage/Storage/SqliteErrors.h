@@ -25,7 +25,7 @@ StorageError storageError(std::filesystem::path const& file, std::string const& 
 
 /// Does `work`; what SQLite throws comes out as a `StorageError`.
 template <typename Work>
-auto translated(std::filesystem::path const& file, std::string const& attempt, Work const& work)
+auto withStorageErrors(std::filesystem::path const& file, std::string const& attempt, Work const& work)
 {
     try {
         return work();

@@ -3,7 +3,7 @@
 
 #include "SqliteErrors.h"
 #include "StoreContent.h"
-#include "StoreFile.h"
+#include "StoreOpening.h"
 
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Exception.h>
@@ -91,7 +91,7 @@ class SqliteStorage::Connection {
     auto attempt(std::string const& what, Work const& work)
     {
         std::lock_guard<std::mutex> const turn(m_turns);
-        return translated(m_file, what, work);
+        return withStorageErrors(m_file, what, work);
     }
 
     // One transaction. A newer version may have taken the file over since it was opened; inside the transaction nobody can.
@@ -243,8 +243,8 @@ public:
 
 SqliteStorage::SqliteStorage(std::filesystem::path const& file) : SqliteStorage(file, Options{}) {}
 SqliteStorage::SqliteStorage(std::filesystem::path const& file, Options const& options)
-    : m_connection(
-          translated(file, "open the store", [&] { return std::make_unique<Connection>(absolutePath(file, "open the store"), options); }))
+    : m_connection(withStorageErrors(file, "open the store",
+                                     [&] { return std::make_unique<Connection>(absolutePath(file, "open the store"), options); }))
 {}
 SqliteStorage::~SqliteStorage() = default;
 

@@ -12,7 +12,7 @@
 #include "Transfer.h"
 #include "Translation.h"
 
-#include <Storage/NewFile.h>
+#include <Storage/AtomicFile.h>
 
 #include <algorithm>
 #include <chrono>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "NewFile.h"
+#include "AtomicFile.h"
 
 #include "SqliteErrors.h"
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "StoreFile.h"
+#include "StoreOpening.h"
 
-#include "CarefulFiles.h"
-#include "NewFile.h"
+#include "AtomicFile.h"
 #include "SqliteErrors.h"
 #include "StoreContent.h"
+#include "VfsShim.h"
 
 #include <SQLiteCpp/Statement.h>
 
@@ -161,7 +161,7 @@ SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, in
 {
     if (!isThere(file))
         writeNewFile(file, emptyStore(), "create the store"); // where a second process was faster, its file is the store
-    SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, 0, carefulFiles());
+    SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, 0, vfsShim());
     sqlite3_busy_handler(database.getHandle(), waitForOthers, reinterpret_cast<void*>(static_cast<std::intptr_t>(busyTimeoutMilliseconds)));
     if (usesWriteAheadLog(database))
         throw StorageError(file.u8string(), "open the store", "it was switched to write-ahead logging, which can damage it",
