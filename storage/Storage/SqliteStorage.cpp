@@ -99,8 +99,8 @@ class SqliteStorage::Connection {
     void changeNow(std::string const& what, Work const& work)
     {
         SQLite::Transaction transaction(m_database, SQLite::TransactionBehavior::IMMEDIATE);
-        if (std::optional<Obstacle> const obstacle = obstacleToChanges(m_database, schemaVersion()))
-            throw StorageError(m_file.u8string(), what, obstacle->reason, obstacle->remedy);
+        if (std::optional<StorageError> const obstacle = obstacleToChanges(m_file, what, m_database, schemaVersion()))
+            throw *obstacle;
         work();
         transaction.commit();
     }
@@ -225,12 +225,9 @@ public:
 
     std::filesystem::path const& file() const { return m_file; }
 
-    std::string readOnlyReason()
+    std::optional<StorageError> readOnlyError()
     {
-        return attempt("ask about the store", [&]() -> std::string {
-            std::optional<Obstacle> const obstacle = obstacleToChanges(m_database, schemaVersion());
-            return obstacle ? StorageError(m_file.u8string(), "change the store", obstacle->reason, obstacle->remedy).what() : "";
-        });
+        return attempt("ask about the store", [&] { return obstacleToChanges(m_file, "change the store", m_database, schemaVersion()); });
     }
 
     Report examine()
@@ -298,7 +295,7 @@ long long SqliteStorage::changesOfOthers() const { return m_connection->changesO
 
 std::filesystem::path const& SqliteStorage::file() const noexcept { return m_connection->file(); }
 
-std::string SqliteStorage::readOnlyReason() const { return m_connection->readOnlyReason(); }
+std::optional<StorageError> SqliteStorage::readOnlyError() const { return m_connection->readOnlyError(); }
 
 SqliteStorage::Report SqliteStorage::examine() const { return m_connection->examine(); }
 

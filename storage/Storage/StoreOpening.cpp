@@ -21,6 +21,8 @@ namespace Storage {
 
 namespace {
 
+using Code = StorageError::Code;
+
 constexpr int applicationId = 0x4C754553; // "LuES", in the file's header, tells a store from other SQLite files
 
 // Kinds and values carry no constraint: what a later version stores passes through this one untouched.
@@ -32,7 +34,7 @@ constexpr char const* makeTables = "BEGIN;"
                                    " changed INTEGER NOT NULL);" // milliseconds since 1970-01-01 00:00 UTC
                                    "COMMIT;";
 
-constexpr std::size_t longestPath = 504; // SQLite has no room for more, and would only say that it cannot open the file
+constexpr std::size_t longestPath = 504; // SQLite's limit, beyond which it only reports that it cannot open the file
 
 // The content of a store without values.
 std::string emptyStore()
@@ -43,10 +45,9 @@ std::string emptyStore()
     return snapshotOf(database);
 }
 
-// Waits for other processes. SQLite's own way of waiting looks ever less often, and with several processes that write
-// without end it looked so seldom that it missed each moment in which the file was free; this one looks often, and at
-// uneven times, so that two that wait do not keep step.
-int waitForOthers(void* timeout, int earlier)
+// A busy handler that retries every millisecond. SQLite's own backs off so far that it misses every moment in which
+// processes that write without end leave the file free. The pause varies, so that two waiting processes do not keep step.
+int retryWhileBusy(void* timeout, int earlier)
 {
     using Clock = std::chrono::steady_clock;
     thread_local Clock::time_point start;
@@ -59,6 +60,11 @@ int waitForOthers(void* timeout, int earlier)
     return 1;
 }
 
+[[noreturn]] void refuse(fs::path const& file, Code code, std::string const& reason, char const* remedy)
+{
+    throw StorageError(code, file.u8string(), "open the store", reason, remedy);
+}
+
 bool hasJournal(fs::path const& file)
 {
     std::error_code error;
@@ -66,35 +72,39 @@ bool hasJournal(fs::path const& file)
     return !error && size > 0;
 }
 
-// Whether the file is there, after making sure that it may be a store at all. Asks for names and sizes only: to open
-// and close the file here would drop the locks that another store object of this process holds on it.
-bool isThere(fs::path const& file)
+// A missing store is made, unless its name or its journal belongs to something else.
+void checkMissing(fs::path const& file)
 {
-    auto const refuse = [&](char const* reason, char const* remedy) {
-        throw StorageError(file.u8string(), "open the store", reason, remedy);
-    };
+    std::error_code error;
+    if (fs::is_symlink(fs::symlink_status(file, error)))
+        refuse(file, Code::foreign, "it is a symbolic link to a file that does not exist",
+               "remove the link, or restore the file that it names");
+    if (hasJournal(file) && !fs::exists(file, error)) // checked again, as another process may just have made the store
+        refuse(file, Code::access, "it is gone, but its journal is there and would be played back into a new one",
+               "bring the store back beside its journal, or move the journal away");
+}
+
+// Returns whether the file exists, and throws where it cannot be a store. It asks for names and sizes only: closing the
+// file here would drop the locks that another store object of this process holds on it.
+bool isPresent(fs::path const& file)
+{
     std::error_code error;
     fs::file_status const target = fs::status(file, error);
     if (target.type() == fs::file_type::not_found) {
-        if (fs::is_symlink(fs::symlink_status(file, error)))
-            refuse("it is a symbolic link to a file that does not exist", "remove the link, or restore the file that it names");
-        if (hasJournal(file) && !fs::exists(file, error)) // asked again: the journal may be of one that was just made
-            refuse("it is gone, but its journal is there and would be played back into a new one",
-                   "bring the store back beside its journal, or move the journal away");
+        checkMissing(file);
         return false;
     }
     if (error)
         throwSystemError(file, "open the store", error.value());
     if (!fs::is_regular_file(target))
-        refuse("it is not a regular file", "move it away, or name another file");
+        refuse(file, Code::foreign, "it is not a regular file", "move it away, or name another file");
     if (fs::file_size(file, error) == 0 && !error)
-        refuse("the file is empty, which a store never is", restoreBackup);
+        refuse(file, Code::damaged, "the file is empty, which a store never is", restoreBackup);
     return true;
 }
 
-// Bytes 18 and 19 of SQLite's header, the format for writers and for readers, are 2 in a file of its write-ahead-log
-// mode; other files have anything there. Read through SQLite's own handle, before any statement, as the first statement would already make
-// the log's files.
+// Bytes 18 and 19 of SQLite's header, the formats for writers and readers, are 2 in a file of the write-ahead-log mode.
+// They are read through SQLite's own handle before any statement, as the first statement would make the log's files.
 bool usesWriteAheadLog(SQLite::Database& database)
 {
     sqlite3_file* file = nullptr;
@@ -122,8 +132,7 @@ void checkLayout(fs::path const& file, SQLite::Database& database, int schema)
         SQLite::Statement(database, "SELECT key, kind, value, changed FROM settings");
     } catch (SQLite::Exception const& error) {
         if (schema > SqliteStorage::writtenSchema)
-            throw StorageError(file.u8string(), "open the store", newerSchema(schema) + ", in a layout that this version cannot read",
-                               updateProgram);
+            refuse(file, Code::newer, newerSchema(schema) + ", in a layout that this version cannot read", updateProgram);
         throw;
     }
     if (schema <= SqliteStorage::writtenSchema)
@@ -134,13 +143,10 @@ void checkLayout(fs::path const& file, SQLite::Database& database, int schema)
 
 void checkStore(fs::path const& file, SQLite::Database& database)
 {
-    auto const refuse = [&](std::string const& reason, char const* remedy) {
-        throw StorageError(file.u8string(), "open the store", reason, remedy);
-    };
     if (database.execAndGet("PRAGMA application_id").getInt() != applicationId)
-        refuse("it is an SQLite file of another program", "move it away, or name another file");
+        refuse(file, Code::foreign, "it is an SQLite file of another program", "move it away, or name another file");
     if (std::vector<std::string> const damage = damageOf(database); !damage.empty())
-        refuse("the file is damaged (" + damage.front() + ")", restoreBackup);
+        refuse(file, Code::damaged, "the file is damaged (" + damage.front() + ")", restoreBackup);
     checkLayout(file, database, database.execAndGet("PRAGMA user_version").getInt());
 }
 
@@ -153,19 +159,21 @@ fs::path absolutePath(fs::path const& file, char const* attempt)
     if (error)
         throwSystemError(file, attempt, error.value());
     if (absolute.native().size() > longestPath)
-        throw StorageError(file.u8string(), attempt, "its path is longer than " + std::to_string(longestPath) + " bytes", shortenName);
+        throw StorageError(Code::tooLarge, file.u8string(), attempt, "its path is longer than " + std::to_string(longestPath) + " bytes",
+                           shortenName);
     return absolute;
 }
 
 SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, int synchronous)
 {
-    if (!isThere(file))
-        writeNewFile(file, emptyStore(), "create the store"); // where a second process was faster, its file is the store
+    if (!isPresent(file))
+        writeNewFile(file, emptyStore(), "create the store"); // a file that another process made first is the store
     SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, 0, vfsShim());
-    sqlite3_busy_handler(database.getHandle(), waitForOthers, reinterpret_cast<void*>(static_cast<std::intptr_t>(busyTimeoutMilliseconds)));
+    sqlite3_busy_handler(database.getHandle(), retryWhileBusy,
+                         reinterpret_cast<void*>(static_cast<std::intptr_t>(busyTimeoutMilliseconds)));
     if (usesWriteAheadLog(database))
-        throw StorageError(file.u8string(), "open the store", "it was switched to write-ahead logging, which can damage it",
-                           "switch it back with: sqlite3 FILE 'PRAGMA journal_mode=DELETE'");
+        refuse(file, Code::foreign, "it was switched to write-ahead logging, which can damage it",
+               "switch it back with: sqlite3 FILE 'PRAGMA journal_mode=DELETE'");
     checkStore(file, database);
     // TRUNCATE rather than DELETE: with synchronous=FULL it syncs the emptied journal, so that a crash after the call
     // cannot bring the journal back and undo the change; a deleted one could come back with its folder entry.
@@ -173,12 +181,13 @@ SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, in
     return database;
 }
 
-std::optional<Obstacle> obstacleToChanges(SQLite::Database const& database, int schema)
+std::optional<StorageError> obstacleToChanges(fs::path const& file, std::string const& attempt, SQLite::Database const& database,
+                                              int schema)
 {
     if (schema > SqliteStorage::writtenSchema)
-        return Obstacle{newerSchema(schema), updateProgram};
+        return StorageError(Code::newer, file.u8string(), attempt, newerSchema(schema), updateProgram);
     if (sqlite3_db_readonly(database.getHandle(), "main") == 1)
-        return Obstacle{"it may not be written", checkAccess};
+        return StorageError(Code::readOnly, file.u8string(), attempt, "it may not be written", checkAccess);
     return std::nullopt;
 }
 

@@ -23,13 +23,8 @@ SQLite::Database openStore(std::filesystem::path const& file, int busyTimeoutMil
 /// Throws `StorageError`, which names `file`, and SQLite's errors where the open database is no sound store.
 void checkStore(std::filesystem::path const& file, SQLite::Database& database);
 
-/// Why changes are refused.
-struct Obstacle {
-    std::string reason;
-    std::string remedy;
-};
-
-/// What stands against every change of the open store, whose file has the schema `schema`; nothing where nothing does.
-std::optional<Obstacle> obstacleToChanges(SQLite::Database const& database, int schema);
+/// The error of `attempt`, a change of the open store whose file has the schema `schema`; nullopt where changes are allowed.
+std::optional<StorageError> obstacleToChanges(std::filesystem::path const& file, std::string const& attempt,
+                                              SQLite::Database const& database, int schema);
 
 } // namespace Storage

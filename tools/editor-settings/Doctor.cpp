@@ -102,16 +102,16 @@ char const* stateOf(ExaminedStore const& store)
 {
     if (store.isMissing)
         return Text::mark("missing");
-    if (!store.trouble.empty())
+    if (store.error)
         return Text::mark("unusable");
-    return store.readOnlyReason.empty() ? Text::mark("usable") : Text::mark("read-only");
+    return store.readOnlyError ? Text::mark("read-only") : Text::mark("usable");
 }
 
 ordered_json orNull(std::string const& text) { return text.empty() ? ordered_json() : ordered_json(text); }
 
 ordered_json asJson(ExaminedStore const& store)
 {
-    bool const isOpen = !store.isMissing && store.trouble.empty();
+    bool const isOpen = !store.isMissing && !store.error;
     return {{"store", name(store.store)},
             {"file", store.file.u8string()},
             {"state", stateOf(store)},

@@ -58,30 +58,29 @@ ExaminedStore examined(Host::Application const& application, Store store)
     result.store = store;
     result.file = storageFile(application, store);
     result.fileSystem = fileSystemOf(result.file);
-    result.trouble = store == Store::common ? application.commonStorageTrouble() : application.productStorageTrouble();
-    result.isMissing = !opened && result.trouble.empty();
+    result.error = storageError(application, store);
+    result.isMissing = !opened && !result.error;
     if (!opened)
         return result;
     try {
         result.report = opened->examine();
-        result.readOnlyReason = opened->readOnlyReason();
+        result.readOnlyError = opened->readOnlyError();
         result.rows = opened->rows();
     } catch (Storage::StorageError const& error) {
-        result.trouble = error.what();
+        result.error = error;
     }
     return result;
 }
 
-Finding findingOf(std::string const& trouble, ExaminedStore const& store, Severity severity, char const* check)
+namespace {
+
+// The folder above a missing store is an error's file too.
+Finding findingOf(Storage::StorageError const& error, ExaminedStore const& store, Severity severity, char const* check)
 {
     std::string const file = store.file.u8string();
-    std::size_t const begin = trouble.compare(0, file.size(), file) == 0 ? file.size() + 2 : 0;
-    std::size_t const end = trouble.find("; ", begin);
-    return {severity, check, trouble.substr(begin, end - begin), end == std::string::npos ? "" : trouble.substr(end + 2), store.store,
-            {},       file};
+    std::string const subject = error.file() == file ? "" : error.file() + ": ";
+    return {severity, check, subject + "cannot " + error.attempt() + ": " + error.reason(), error.remedy(), store.store, {}, file};
 }
-
-namespace {
 
 std::string journalOf(ExaminedStore const& store) { return store.file.u8string() + "-journal"; }
 
@@ -120,16 +119,17 @@ void checkFolderOfStore(ExaminedStore const& store, Findings& findings)
 Findings checkAccess(ExaminedStore const& store)
 {
     Findings findings;
-    if (!store.trouble.empty())
-        return {findingOf(store.trouble, store, Severity::error, "store-unusable")};
+    if (store.error)
+        return {findingOf(*store.error, store, Severity::error, "store-unusable")};
     if (store.isMissing && sizeOfJournal(store) == 0)
         findings.push_back(aboutFile(store, Severity::note, "store-missing", Text::of("nothing is stored there yet"),
                                      Text::of("nothing to do: the store is made when something is stored")));
-    if (!store.readOnlyReason.empty())
-        findings.push_back(store.isNewer() ? findingOf(store.readOnlyReason, store, Severity::warning, "store-newer")
-                                           : findingOf(store.readOnlyReason, store, Severity::error, "store-read-only"));
-    else
+    if (!store.readOnlyError)
         checkFolderOfStore(store, findings);
+    else if (store.readOnlyError->code() == Storage::StorageError::Code::newer)
+        findings.push_back(findingOf(*store.readOnlyError, store, Severity::warning, "store-newer"));
+    else
+        findings.push_back(findingOf(*store.readOnlyError, store, Severity::error, "store-read-only"));
     return findings;
 }
 

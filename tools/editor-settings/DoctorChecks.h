@@ -44,19 +44,14 @@ struct ExaminedStore {
     Catalogue::Store store;
     std::filesystem::path file;
     FileSystem fileSystem;
-    std::string trouble; ///< Why it cannot be used; empty where it can, or is missing.
+    std::optional<Storage::StorageError> error; ///< Why it cannot be used; nullopt where it can, or is missing.
     bool isMissing = false;
-    std::string readOnlyReason;            ///< Empty where it takes changes, is missing or cannot be used.
-    Storage::SqliteStorage::Report report; ///< Of one that can be used, as are the rows.
+    std::optional<Storage::StorageError> readOnlyError; ///< Nullopt where it takes changes, is missing or cannot be used.
+    Storage::SqliteStorage::Report report;              ///< Of one that can be used, as are the rows.
     std::vector<Storage::SqliteStorage::Row> rows;
-
-    bool isNewer() const { return report.schemaVersion > Storage::SqliteStorage::writtenSchema; }
 };
 
 ExaminedStore examined(Host::Application const& application, Catalogue::Store store);
-
-/// What an error of a store is about, without its file, and what to do, which stands behind.
-Finding findingOf(std::string const& trouble, ExaminedStore const& store, Severity severity, char const* check);
 
 // The file of a store.
 Findings checkAccess(ExaminedStore const& store);

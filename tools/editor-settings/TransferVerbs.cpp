@@ -287,8 +287,8 @@ std::vector<std::unique_ptr<SqliteStorage>> madeReady(Host::Application const& a
     std::vector<std::unique_ptr<SqliteStorage>> made;
     try {
         for (Target const& target : targets)
-            if (std::string const reason = target.store ? target.store->readOnlyReason() : ""; !reason.empty())
-                throw Refusal(reason);
+            if (std::optional<Storage::StorageError> const error = target.store ? target.store->readOnlyError() : std::nullopt)
+                throw Refusal(error->what());
         for (Target& target : targets)
             if (!target.store)
                 target.store = made.emplace_back(std::make_unique<SqliteStorage>(storageFile(application, target.name))).get();

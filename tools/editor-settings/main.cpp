@@ -320,8 +320,9 @@ private:
         if (isToStore() || m_transfer.isToStore())
             return;
         for (Catalogue::Store const store : {Catalogue::Store::product, Catalogue::Store::common})
-            if (Storage::SqliteStorage const* const opened = storage(application, store); opened && opened->isReadOnly())
-                tell(Text::of("only for reading: %1", opened->readOnlyReason()));
+            if (Storage::SqliteStorage const* const opened = storage(application, store))
+                if (std::optional<Storage::StorageError> const error = opened->readOnlyError())
+                    tell(Text::of("only for reading: %1", error->what()));
     }
 
     void answer(Host::Application const& application)
