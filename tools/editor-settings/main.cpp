@@ -302,8 +302,9 @@ private:
         if (isToStore() || m_transfer.isToStore())
             return;
         for (Catalogue::Store const store : {Catalogue::Store::product, Catalogue::Store::common})
-            if (Storage::SqliteStorage const* const opened = storage(application, store); opened && opened->isReadOnly())
-                printError(absl::StrCat("only for reading: ", opened->readOnlyReason()));
+            if (Storage::SqliteStorage const* const opened = storage(application, store))
+                if (std::optional<Storage::StorageError> const error = opened->readOnlyError())
+                    printError(absl::StrCat("only for reading: ", error->what()));
     }
 
     void answer(Host::Application const& application)
