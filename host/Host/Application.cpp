@@ -37,11 +37,11 @@ private:
 
 Application::Store::Store(fs::path const& path, StorePolicy policy) : bound(std::make_shared<NoStore>())
 {
-    std::error_code error;
-    file = fs::absolute(path, error);
-    if (error)
-        file = path; // without a current directory: the store tells so
-    bool const isMissing = fs::symlink_status(file, error).type() == fs::file_type::not_found;
+    std::error_code noAnswer;
+    file = fs::absolute(path, noAnswer);
+    if (noAnswer)
+        file = path; // there is no current directory, which the store's error names
+    bool const isMissing = fs::symlink_status(file, noAnswer).type() == fs::file_type::not_found;
     if (isMissing && policy != StorePolicy::create)
         return;
     try {
@@ -50,7 +50,7 @@ Application::Store::Store(fs::path const& path, StorePolicy policy) : bound(std:
     } catch (Storage::StorageError const& unusable) {
         if (policy != StorePolicy::leaveOutUnusable)
             throw;
-        trouble = unusable.what();
+        error = unusable;
     }
 }
 

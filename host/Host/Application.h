@@ -38,9 +38,9 @@ public:
     /// Where the store lies, or would, as an absolute path.
     std::filesystem::path const& commonStorageFile() const { return m_common.file; }
     std::filesystem::path const& productStorageFile() const { return m_product.file; }
-    /// Why the store was left out although something is there, as `Storage::StorageError` tells it; else empty.
-    std::string const& commonStorageTrouble() const { return m_common.trouble; }
-    std::string const& productStorageTrouble() const { return m_product.trouble; }
+    /// Why an existing store was left out; nullopt where it was opened or is missing.
+    std::optional<Storage::StorageError> const& commonStorageError() const { return m_common.error; }
+    std::optional<Storage::StorageError> const& productStorageError() const { return m_product.error; }
 
 private:
     struct Store {
@@ -48,7 +48,7 @@ private:
         Store(std::filesystem::path const& path, StorePolicy policy);
 
         std::filesystem::path file;
-        std::string trouble;
+        std::optional<Storage::StorageError> error;
         std::shared_ptr<Storage::SqliteStorage> opened;
         std::shared_ptr<ISettingsStorage> bound;
     };

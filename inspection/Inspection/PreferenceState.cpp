@@ -110,9 +110,9 @@ std::filesystem::path const& storageFile(Host::Application const& application, S
     return store == Store::common ? application.commonStorageFile() : application.productStorageFile();
 }
 
-std::string const& storageTrouble(Host::Application const& application, Store store)
+std::optional<Storage::StorageError> const& storageError(Host::Application const& application, Store store)
 {
-    return store == Store::common ? application.commonStorageTrouble() : application.productStorageTrouble();
+    return store == Store::common ? application.commonStorageError() : application.productStorageError();
 }
 
 PreferenceState preferenceState(Host::Application const& application, std::string const& key)

@@ -39,8 +39,8 @@ Storage::SqliteStorage* storage(Host::Application const& application, Catalogue:
 /// Where it lies, or would.
 std::filesystem::path const& storageFile(Host::Application const& application, Catalogue::Store store);
 
-/// Why it was left out although something is there; empty where it was not.
-std::string const& storageTrouble(Host::Application const& application, Catalogue::Store store);
+/// Why an existing store was left out; nullopt where it was opened or is missing.
+std::optional<Storage::StorageError> const& storageError(Host::Application const& application, Catalogue::Store store);
 
 /// The setting under `key`. Throws `UserError`, with what may have been meant.
 PreferenceState preferenceState(Host::Application const& application, std::string const& key);

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <Storage/Backup.h>
 
-#include "NewFile.h"
-#include "StoreFile.h"
+#include "AtomicFile.h"
+#include "SqliteErrors.h"
+#include "StoreContent.h"
+#include "StoreOpening.h"
 
 #include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/Column.h>
@@ -25,17 +27,19 @@ namespace Storage {
 
 namespace {
 
+using Code = StorageError::Code;
+
 constexpr int applicationId = 0x4C754542; // "LuEB"
 constexpr int formatVersion = 1;
 constexpr int busyMilliseconds = 5000;
 
-constexpr char const* keepWhatIsThere = "keep what is there";
+constexpr char const* keepReplaced = "keep the replaced file";
 constexpr char const* restoreTheStore = "restore the store";
 constexpr char const* nameAnother = "name another backup; this one was left as it is";
 
-[[noreturn]] void refuse(fs::path const& file, std::string const& reason, char const* remedy = nameAnother)
+[[noreturn]] void refuse(fs::path const& file, Code code, std::string const& reason, char const* remedy = nameAnother)
 {
-    throw StorageError(file.u8string(), "read the backup", reason, remedy);
+    throw StorageError(code, file.u8string(), "read the backup", reason, remedy);
 }
 
 long long secondsSinceEpoch()
@@ -49,19 +53,21 @@ SQLite::Database opened(fs::path const& file)
     std::error_code error;
     fs::file_status const status = fs::status(file, error);
     if (status.type() == fs::file_type::not_found)
-        refuse(file, "it does not exist", "name the file that was given to backup");
+        refuse(file, Code::access, "it does not exist", "name the file that was given to backup");
+    if (error)
+        refuse(file, codeForSystem(error.value()), error.message());
     if (status.type() != fs::file_type::regular)
-        refuse(file, error ? error.message() : "it is not a regular file");
+        refuse(file, Code::foreign, "it is not a regular file");
     SQLite::Database database(file.string(), SQLite::OPEN_READONLY);
     if (database.execAndGet("PRAGMA application_id").getInt() != applicationId)
-        refuse(file, "it is an SQLite file, but no backup");
+        refuse(file, Code::foreign, "it is an SQLite file, but no backup");
     if (int const version = database.execAndGet("PRAGMA user_version").getInt(); version > formatVersion)
-        refuse(file,
+        refuse(file, Code::newer,
                "it was written by a newer version (format " + std::to_string(version) + ", this version reads " +
                    std::to_string(formatVersion) + ")",
                "update this program; the file was left as it is");
     if (std::vector<std::string> const damage = damageOf(database); !damage.empty())
-        refuse(file, "it is damaged (" + damage.front() + ")");
+        refuse(file, Code::damaged, "it is damaged (" + damage.front() + ")");
     return database;
 }
 
@@ -90,20 +96,22 @@ private:
 
 std::unique_ptr<Backup::Copy> Backup::checkedCopy(fs::path const& backup, std::string const& name, std::string content)
 {
-    std::string reason;
+    auto const unusable = [&](Code code, std::string const& reason) {
+        return StorageError(code, backup.u8string(), "read the backup",
+                            "its copy of the " + name + " store cannot be used (" + reason + ')', nameAnother);
+    };
     try {
         auto copy = std::make_unique<Copy>(std::move(content));
         checkStore(backup, copy->database());
         int const schema = copy->database().execAndGet("PRAGMA user_version").getInt();
-        if (schema <= SqliteStorage::writtenSchema)
-            return copy;
-        reason = obstacleToChanges(copy->database(), schema)->reason;
+        if (schema > SqliteStorage::writtenSchema)
+            throw *obstacleToChanges(backup, restoreTheStore, copy->database(), schema);
+        return copy;
     } catch (StorageError const& error) {
-        reason = error.reason();
+        throw unusable(error.code(), error.reason());
     } catch (SQLite::Exception const& error) {
-        reason = error.what();
+        throw unusable(codeFor(error), error.what());
     }
-    refuse(backup, "its copy of the " + name + " store cannot be used (" + reason + ')');
 }
 
 void Backup::write(fs::path const& file, std::map<std::string, SqliteStorage const*> const& stores)
@@ -112,7 +120,7 @@ void Backup::write(fs::path const& file, std::map<std::string, SqliteStorage con
     std::map<std::string, std::string> snapshots;
     for (auto const& [name, store] : stores)
         snapshots[name] = store->snapshot();
-    std::string const content = translated(target, "write the backup", [&] {
+    std::string const content = withStorageErrors(target, "write the backup", [&] {
         SQLite::Database database(":memory:", SQLite::OPEN_READWRITE);
         database.exec("PRAGMA application_id = " + std::to_string(applicationId) +
                       "; PRAGMA user_version = " + std::to_string(formatVersion) +
@@ -130,7 +138,8 @@ void Backup::write(fs::path const& file, std::map<std::string, SqliteStorage con
         return snapshotOf(database);
     });
     if (!writeNewFile(target, content, "write the backup"))
-        throw StorageError(target.u8string(), "write the backup", "it is there already", "name a new file, or move that one away");
+        throw StorageError(Code::foreign, target.u8string(), "write the backup", "it is there already",
+                           "name a new file, or move that one away");
 }
 
 Backup::Backup(fs::path const& file) : m_file(absolutePath(file, "read the backup"))
@@ -148,7 +157,7 @@ Backup::Backup(fs::path const& file) : m_file(absolutePath(file, "read the backu
     } catch (SQLite::Exception const& error) {
         if (error.getErrorCode() == SQLITE_CANTOPEN)
             throw storageError(m_file, "read the backup", error);
-        refuse(m_file, error.what());
+        refuse(m_file, codeFor(error), error.what());
     }
 }
 
@@ -166,7 +175,7 @@ std::vector<std::string> Backup::names() const
 
 std::vector<SqliteStorage::Row> Backup::rows(std::string const& name) const
 {
-    return translated(m_file, "read the backup", [&] { return storedRows(m_copies.at(name)->database()); });
+    return withStorageErrors(m_file, "read the backup", [&] { return storedRows(m_copies.at(name)->database()); });
 }
 
 namespace {
@@ -186,7 +195,7 @@ fs::path keptName(fs::path const& file)
         if (type == fs::file_type::not_found)
             return kept;
         if (type == fs::file_type::none)
-            throwSystemError(kept, keepWhatIsThere, error.value());
+            throwSystemError(kept, keepReplaced, error.value());
     }
 }
 
@@ -194,7 +203,7 @@ fs::path keptName(fs::path const& file)
 fs::path keptCopy(fs::path const& file, std::string const& content)
 {
     for (;;)
-        if (fs::path const kept = keptName(file); writeNewFile(kept, content, keepWhatIsThere))
+        if (fs::path const kept = keptName(file); writeNewFile(kept, content, keepReplaced))
             return kept;
 }
 
@@ -214,7 +223,7 @@ void setCompanionsAside(fs::path const& file, fs::path const& kept)
         if (::rename(from.c_str(), to.c_str()) == 0)
             makePrivate(to);
         else if (errno != ENOENT && errno != ENOTDIR)
-            throwSystemError(from, keepWhatIsThere, errno);
+            throwSystemError(from, keepReplaced, errno);
     }
 }
 
@@ -234,7 +243,7 @@ Kept keptAside(fs::path const& file)
         if (::renameat2(AT_FDCWD, file.c_str(), AT_FDCWD, name.c_str(), RENAME_NOREPLACE) == 0)
             return {name, true};
         if (errno != EEXIST)
-            throwSystemError(file, keepWhatIsThere, errno);
+            throwSystemError(file, keepReplaced, errno);
     }
 }
 
@@ -243,13 +252,13 @@ std::optional<SQLite::Database> openedForReplacing(fs::path const& file)
 {
     try {
         SQLite::Database database = openStore(file, busyMilliseconds, static_cast<int>(SqliteStorage::Synchronous::full));
-        std::optional<Obstacle> const obstacle = obstacleToChanges(database, 0);
+        std::optional<StorageError> const obstacle = obstacleToChanges(file, restoreTheStore, database, 0);
         if (!obstacle) // from here on nobody else changes it until it is closed, so that what is kept is what is replaced
             database.exec("BEGIN IMMEDIATE; PRAGMA locking_mode = EXCLUSIVE; COMMIT");
         if (database.execAndGet("PRAGMA user_version").getInt() > SqliteStorage::writtenSchema)
             return std::nullopt;
         if (obstacle)
-            throw SQLite::Exception(obstacle->reason, SQLITE_READONLY);
+            throw SQLite::Exception(obstacle->reason(), SQLITE_READONLY);
         return database;
     } catch (StorageError const&) {
         return std::nullopt;
@@ -267,7 +276,7 @@ std::optional<fs::path> Backup::restore(std::string const& name, fs::path const&
 {
     Copy& copy = *m_copies.at(name);
     fs::path const target = absolutePath(file, restoreTheStore);
-    return translated(target, restoreTheStore, [&] {
+    return withStorageErrors(target, restoreTheStore, [&] {
         for (;;) {
             try {
                 return copy.replace(target);

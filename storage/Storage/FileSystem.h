@@ -1,38 +1,24 @@
 // SPDX-License-Identifier: MIT
-
-/// @file
-/// The file system that a path lies on, and whether a store can be trusted to it.
+//
+// Whether the locks of a file system hold. For the rooms of this project; not installed.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
-#include <string>
 
 namespace Storage {
 
-/// What the system tells of a file system.
-struct FileSystem {
-    std::string type;                 ///< As the system names it, such as "ext4" or "fuse.sshfs"; empty where it cannot be told.
-    std::filesystem::path mountPoint; ///< Empty where it cannot be told.
-    bool isReadOnly = false;          ///< Whether nothing can be changed there.
+/// Where the files of a file system are kept.
+enum class Locality {
+    local,
+    network, ///< Locks do not hold between machines, so two programs can damage a store.
+    unknown, ///< The system does not tell, as for FUSE, where a program decides what a lock does.
 };
 
-/// What a file system is for a store.
-enum class Suitability {
-    suitable,     ///< Nothing speaks against it.
-    readOnly,     ///< Nothing can be changed there.
-    network,      ///< Locks do not hold for programs on other machines, so that two can damage the store.
-    withoutLinks, ///< A store cannot be made there, as a file gets its name by a link when it is whole.
-    passing,      ///< Kept in memory only: all is lost with the next restart.
-    unknown,      ///< A program answers for its files; what it does about locks cannot be told.
-};
+/// The locality of the file system that holds the existing file or folder `path`; links are followed.
+Locality localityOf(std::filesystem::path const& path);
 
-/// The file system of `path`, or of the nearest folder above that exists; links are followed.
-FileSystem fileSystemOf(std::filesystem::path const& path);
-
-/// The file system that the absolute `path`, without links, is on by a table of mounts such as /proc/self/mountinfo.
-FileSystem fileSystemIn(std::string const& mountTable, std::filesystem::path const& path);
-
-/// What speaks against a store on `fileSystem`, if anything does.
-Suitability suitabilityForStores(FileSystem const& fileSystem);
+/// The locality of a file system of the type `magic`, in the system's numbers.
+Locality localityOfType(std::uint32_t magic);
 
 } // namespace Storage

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <Storage/SqliteStorage.h>
 
-#include "StoreFile.h"
+#include "SqliteErrors.h"
+#include "StoreContent.h"
+#include "StoreOpening.h"
 
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Exception.h>
@@ -20,54 +22,6 @@
 #include <utility>
 
 namespace Storage {
-
-namespace {
-
-using Value = SqliteStorage::Value;
-
-// The values of a row as they are stored. A value whose type does not fit its kind is not guessed at.
-Value decoded(std::string const& kind, SQLite::Column const& stored)
-{
-    if (kind == "string" && stored.isText())
-        return stored.getString();
-    if (kind == "bytes" && stored.isBlob()) {
-        auto const* bytes = static_cast<unsigned char const*>(stored.getBlob());
-        return std::vector<unsigned char>(bytes, bytes + stored.getBytes());
-    }
-    if (!stored.isInteger())
-        return {};
-    long long const number = stored.getInt64();
-    if (kind == "bool" && (number == 0 || number == 1))
-        return number == 1;
-    if (kind == "int" && number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max())
-        return static_cast<int>(number);
-    return {};
-}
-
-// A time beyond what the clock holds, which another program may have stored, becomes the clock's first or last one.
-std::chrono::system_clock::time_point decodedTime(long long sinceEpoch)
-{
-    using namespace std::chrono;
-    auto const first = duration_cast<milliseconds>(system_clock::time_point::min().time_since_epoch());
-    auto const last = duration_cast<milliseconds>(system_clock::time_point::max().time_since_epoch());
-    return system_clock::time_point{std::clamp(milliseconds{sinceEpoch}, first, last)};
-}
-
-SqliteStorage::Row decodedRow(std::string key, SQLite::Column const& kind, SQLite::Column const& value, SQLite::Column const& changed)
-{
-    return {std::move(key), kind.getString(), decoded(kind.getString(), value), decodedTime(changed.getInt64())};
-}
-
-} // namespace
-
-std::vector<SqliteStorage::Row> storedRows(SQLite::Database& database)
-{
-    SQLite::Statement all(database, "SELECT key, kind, value, changed FROM settings ORDER BY key");
-    std::vector<SqliteStorage::Row> result;
-    while (all.executeStep())
-        result.push_back(decodedRow(all.getColumn(0).getString(), all.getColumn(1), all.getColumn(2), all.getColumn(3)));
-    return result;
-}
 
 namespace {
 
@@ -137,7 +91,7 @@ class SqliteStorage::Connection {
     auto attempt(std::string const& what, Work const& work)
     {
         std::lock_guard<std::mutex> const turn(m_turns);
-        return translated(m_file, what, work);
+        return withStorageErrors(m_file, what, work);
     }
 
     // One transaction. A newer version may have taken the file over since it was opened; inside the transaction nobody can.
@@ -145,8 +99,8 @@ class SqliteStorage::Connection {
     void changeNow(std::string const& what, Work const& work)
     {
         SQLite::Transaction transaction(m_database, SQLite::TransactionBehavior::IMMEDIATE);
-        if (std::optional<Obstacle> const obstacle = obstacleToChanges(m_database, schemaVersion()))
-            throw StorageError(m_file.u8string(), what, obstacle->reason, obstacle->remedy);
+        if (std::optional<StorageError> const obstacle = obstacleToChanges(m_file, what, m_database, schemaVersion()))
+            throw *obstacle;
         work();
         transaction.commit();
     }
@@ -271,12 +225,9 @@ public:
 
     std::filesystem::path const& file() const { return m_file; }
 
-    std::string readOnlyReason()
+    std::optional<StorageError> readOnlyError()
     {
-        return attempt("ask about the store", [&]() -> std::string {
-            std::optional<Obstacle> const obstacle = obstacleToChanges(m_database, schemaVersion());
-            return obstacle ? StorageError(m_file.u8string(), "change the store", obstacle->reason, obstacle->remedy).what() : "";
-        });
+        return attempt("ask about the store", [&] { return obstacleToChanges(m_file, "change the store", m_database, schemaVersion()); });
     }
 
     Report examine()
@@ -289,8 +240,8 @@ public:
 
 SqliteStorage::SqliteStorage(std::filesystem::path const& file) : SqliteStorage(file, Options{}) {}
 SqliteStorage::SqliteStorage(std::filesystem::path const& file, Options const& options)
-    : m_connection(
-          translated(file, "open the store", [&] { return std::make_unique<Connection>(absolutePath(file, "open the store"), options); }))
+    : m_connection(withStorageErrors(file, "open the store",
+                                     [&] { return std::make_unique<Connection>(absolutePath(file, "open the store"), options); }))
 {}
 SqliteStorage::~SqliteStorage() = default;
 
@@ -344,7 +295,7 @@ long long SqliteStorage::changesOfOthers() const { return m_connection->changesO
 
 std::filesystem::path const& SqliteStorage::file() const noexcept { return m_connection->file(); }
 
-std::string SqliteStorage::readOnlyReason() const { return m_connection->readOnlyReason(); }
+std::optional<StorageError> SqliteStorage::readOnlyError() const { return m_connection->readOnlyError(); }
 
 SqliteStorage::Report SqliteStorage::examine() const { return m_connection->examine(); }
 

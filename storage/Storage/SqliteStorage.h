@@ -108,9 +108,9 @@ public:
     /// The file, as an absolute path.
     std::filesystem::path const& file() const noexcept;
     /// Whether every change is refused.
-    bool isReadOnly() const { return !readOnlyReason().empty(); }
-    /// Why every change is refused, and what to do; empty where changes are taken.
-    std::string readOnlyReason() const;
+    bool isReadOnly() const { return readOnlyError().has_value(); }
+    /// The error that a change would throw; nullopt where changes are allowed.
+    std::optional<StorageError> readOnlyError() const;
     /// The version of SQLite that all stores are read and written with.
     static std::string sqliteVersion();
     /// Looks the file over, whole.

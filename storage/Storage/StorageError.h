@@ -6,24 +6,51 @@
 
 namespace Storage {
 
-/// Trouble with a store's file. The text is one sentence for the user in UTF-8: the file, what was tried, why it failed
-/// (in SQLite's or the system's words) and what to do. The stored values are as they were before the call, but for one
-/// case: where the disk refuses the very last step of a change, only the next read tells whether it holds.
+/// An error about a store's file. `what` joins its parts to one sentence for the user, in UTF-8. The stored values are
+/// unchanged by the call, with one exception: where the disk refuses the very last step of a change, only the next read
+/// shows whether the change holds.
 class StorageError : public std::runtime_error {
 public:
-    /// Makes the sentence "`file`: cannot `attempt`: `reason`; `remedy`".
-    StorageError(std::string const& file, std::string const& attempt, std::string const& reason, std::string const& remedy)
-        : std::runtime_error(file + ": cannot " + attempt + ": " + reason + "; " + remedy), m_file(file), m_reason(reason)
+    /// What a program may decide by. The reason and the remedy are for people and may change.
+    enum class Code {
+        busy,     ///< Another process holds the store for longer than this one waits.
+        full,     ///< The disk or the user's quota is full.
+        damaged,  ///< The file is, or was, a store and cannot be read as one.
+        foreign,  ///< Something other than a store, or a backup, has the file's name.
+        newer,    ///< A newer version wrote the file.
+        readOnly, ///< The file or its file system may be read, but not changed.
+        access,   ///< The file is missing, was moved, or this user has no right to it.
+        io,       ///< The system failed to read or to write, or lacks memory or descriptors.
+        tooLarge, ///< A key, a value or a path is longer than a store can take.
+    };
+
+    /// `what` becomes "`file`: cannot `attempt`: `reason`; `remedy`".
+    StorageError(Code code, std::string const& file, std::string const& attempt, std::string const& reason, std::string const& remedy)
+        : std::runtime_error(file + ": cannot " + attempt + ": " + reason + "; " + remedy),
+          m_code(code),
+          m_file(file),
+          m_attempt(attempt),
+          m_reason(reason),
+          m_remedy(remedy)
     {}
 
-    /// The file that the trouble is about.
+    /// The class of the error.
+    Code code() const noexcept { return m_code; }
+    /// The file or folder that the error is about.
     std::string const& file() const noexcept { return m_file; }
-    /// Why it failed, without the rest of the sentence.
+    /// What was tried, such as "open the store".
+    std::string const& attempt() const noexcept { return m_attempt; }
+    /// Why it failed, in SQLite's, the system's or this library's words.
     std::string const& reason() const noexcept { return m_reason; }
+    /// What the user can do.
+    std::string const& remedy() const noexcept { return m_remedy; }
 
 private:
+    Code m_code;
     std::string m_file;
+    std::string m_attempt;
     std::string m_reason;
+    std::string m_remedy;
 };
 
 } // namespace Storage

@@ -285,10 +285,13 @@ TEST_F(Applications, UnusableStoreIsLeftOutWithItsReasonWhereAskedFor)
     std::filesystem::path const damaged = m_home.write("elsewhere/product-settings.sqlite", "not a store");
     Application const application(m_productFile, m_home.path() / "elsewhere", Host::StorePolicy::leaveOutUnusable);
     EXPECT_FALSE(application.productStorage());
-    EXPECT_EQ(application.productStorageTrouble(), damaged.string() + ": cannot open the store: file is not a database; the file was "
-                                                                      "left as it is: move it away and restore it from a backup");
+    ASSERT_TRUE(application.productStorageError());
+    EXPECT_EQ(application.productStorageError()->code(), Storage::StorageError::Code::damaged);
+    EXPECT_EQ(std::string(application.productStorageError()->what()), damaged.string() +
+                                                                          ": cannot open the store: file is not a database; the file was "
+                                                                          "left as it is: move it away and restore it from a backup");
     EXPECT_FALSE(application.commonStorage());
-    EXPECT_EQ(application.commonStorageTrouble(), "") << "nothing is there";
+    EXPECT_FALSE(application.commonStorageError()) << "it is missing";
     EXPECT_EQ(Settings::npsSendCount(), 0);
     EXPECT_EQ(std::filesystem::file_size(damaged), 11u);
     EXPECT_FALSE(std::filesystem::exists(m_home.path() / "elsewhere/common-settings.sqlite"));

@@ -544,7 +544,8 @@ TEST_F(Backups, NameWithoutRoomForAnotherBesideItIsRefused)
             overwrite(file, "not a store");
         std::string const before = content(file);
         std::string const what = refusal([&] { Backup(path("copy.backup")).restore("product", file); });
-        EXPECT_EQ(what.substr(what.rfind(": cannot")), ": cannot keep what is there: File name too long; name a file with a shorter path");
+        EXPECT_EQ(what.substr(what.rfind(": cannot")),
+                  ": cannot keep the replaced file: File name too long; name a file with a shorter path");
         EXPECT_EQ(content(file), before) << there;
     }
 }
@@ -594,7 +595,7 @@ TEST_F(Backups, FolderThatMayNotBeWrittenLosesNothing)
     std::filesystem::path const gone = path("one") / "store.sqlite";
     std::filesystem::create_directory(path("one"));
     overwrite(gone.string() + "-journal", "its journal");
-    EXPECT_EQ(restored(gone), gone.string() + "-journal: cannot keep what is there" + rights);
+    EXPECT_EQ(restored(gone), gone.string() + "-journal: cannot keep the replaced file" + rights);
     EXPECT_EQ(content(gone.string() + "-journal"), "its journal");
 
     std::filesystem::path const damaged = path("two") / "store.sqlite";

@@ -8,7 +8,6 @@
 #include <support/Process.h>
 #include <support/Tally.h>
 
-#include <algorithm>
 #include <csignal>
 #include <functional>
 #include <random>
@@ -290,12 +289,10 @@ protected:
         try {
             SqliteStorage const store(path());
         } catch (StorageError const& error) {
-            reason = error.what();
-            std::string const before = path().string() + ": cannot open the store: ";
-            std::string const after = std::string("; ") + restore;
-            EXPECT_EQ(reason.substr(0, before.size()), before);
-            EXPECT_EQ(reason.substr(std::max(reason.size(), after.size()) - after.size()), after);
-            reason = reason.substr(before.size(), reason.size() - before.size() - after.size());
+            reason = error.reason();
+            EXPECT_EQ(error.file(), path().string());
+            EXPECT_EQ(error.attempt(), "open the store");
+            EXPECT_EQ(error.remedy(), restore);
         }
         EXPECT_TRUE(content(path()) == damaged) << "the file was changed";
         ++m_files;
@@ -589,8 +586,7 @@ TEST_F(SqliteFaults, WhatIsBeyondTheLimitIsRefusedRatherThanCut)
         try {
             work();
         } catch (StorageError const& error) {
-            std::string const what = error.what();
-            return what.substr(what.rfind(": ") + 2);
+            return error.reason() + "; " + error.remedy();
         }
         return "nothing was thrown";
     };

@@ -235,7 +235,8 @@ TEST_F(SqliteUpkeep, FileOfANewerSchemaIsReadAndRefusesEveryChange)
     {
         SqliteStorage store(path());
         EXPECT_TRUE(store.isReadOnly());
-        EXPECT_EQ(store.readOnlyReason(), path().string() + ": cannot change the store: " + reason);
+        ASSERT_TRUE(store.readOnlyError());
+        EXPECT_EQ(std::string(store.readOnlyError()->what()), path().string() + ": cannot change the store: " + reason);
         EXPECT_EQ(store.getString("key", "lost"), "value");
         EXPECT_EQ(keys(store), Keys{"key"});
         EXPECT_EQ(store.examine().schemaVersion, 2);
@@ -250,9 +251,9 @@ TEST_F(SqliteUpkeep, FileOfANewerSchemaIsReadAndRefusesEveryChange)
     EXPECT_EQ(content(path()), before);
 }
 
-TEST_F(SqliteUpkeep, ReasonAgainstChangesIsEmptyWhereTheyAreTaken)
+TEST_F(SqliteUpkeep, WritableStoreHasNoReadOnlyError)
 {
-    EXPECT_EQ(SqliteStorage(path()).readOnlyReason(), "");
+    EXPECT_FALSE(SqliteStorage(path()).readOnlyError());
     EXPECT_FALSE(SqliteStorage(path()).isReadOnly());
 }
 

@@ -11,10 +11,13 @@
 #include <absl/strings/str_cat.h>
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QStorageInfo>
 
 #include <algorithm>
+#include <initializer_list>
 #include <limits>
 #include <map>
 #include <set>
@@ -30,37 +33,55 @@ using StoredRow = Storage::SqliteStorage::Row;
 
 // --- The file of a store ---------------------------------------------------------------------------------------------
 
+namespace {
+
+fs::path nearestExisting(fs::path path)
+{
+    std::error_code error;
+    while (path.has_relative_path() && !fs::exists(path, error))
+        path = path.parent_path();
+    return path;
+}
+
+FileSystem fileSystemOf(fs::path const& file)
+{
+    fs::path const existing = nearestExisting(file);
+    QStorageInfo const volume(QFile::decodeName(existing.c_str()));
+    return {volume.fileSystemType().toStdString(), volume.rootPath().toStdString(), volume.isReadOnly(), Storage::localityOf(existing)};
+}
+
+} // namespace
+
 ExaminedStore examined(Host::Application const& application, Store store)
 {
     Storage::SqliteStorage const* const opened = storage(application, store);
     ExaminedStore result;
     result.store = store;
     result.file = storageFile(application, store);
-    result.fileSystem = Storage::fileSystemOf(result.file);
-    result.trouble = store == Store::common ? application.commonStorageTrouble() : application.productStorageTrouble();
-    result.isMissing = !opened && result.trouble.empty();
+    result.fileSystem = fileSystemOf(result.file);
+    result.error = storageError(application, store);
+    result.isMissing = !opened && !result.error;
     if (!opened)
         return result;
     try {
         result.report = opened->examine();
-        result.readOnlyReason = opened->readOnlyReason();
+        result.readOnlyError = opened->readOnlyError();
         result.rows = opened->rows();
     } catch (Storage::StorageError const& error) {
-        result.trouble = error.what();
+        result.error = error;
     }
     return result;
 }
 
-Finding findingOf(std::string const& trouble, ExaminedStore const& store, Severity severity, char const* check)
+namespace {
+
+// The folder above a missing store is an error's file too.
+Finding findingOf(Storage::StorageError const& error, ExaminedStore const& store, Severity severity, char const* check)
 {
     std::string const file = store.file.u8string();
-    std::size_t const begin = trouble.compare(0, file.size(), file) == 0 ? file.size() + 2 : 0;
-    std::size_t const end = trouble.find("; ", begin);
-    return {severity, check, trouble.substr(begin, end - begin), end == std::string::npos ? "" : trouble.substr(end + 2), store.store,
-            {},       file};
+    std::string const subject = error.file() == file ? "" : error.file() + ": ";
+    return {severity, check, subject + "cannot " + error.attempt() + ": " + error.reason(), error.remedy(), store.store, {}, file};
 }
-
-namespace {
 
 std::string journalOf(ExaminedStore const& store) { return store.file.u8string() + "-journal"; }
 
@@ -99,16 +120,17 @@ void checkFolderOfStore(ExaminedStore const& store, Findings& findings)
 Findings checkAccess(ExaminedStore const& store)
 {
     Findings findings;
-    if (!store.trouble.empty())
-        return {findingOf(store.trouble, store, Severity::error, "store-unusable")};
+    if (store.error)
+        return {findingOf(*store.error, store, Severity::error, "store-unusable")};
     if (store.isMissing && sizeOfJournal(store) == 0)
         findings.push_back(aboutFile(store, Severity::note, "store-missing", "nothing is stored there yet",
                                      "nothing to do: the store is made when something is stored"));
-    if (!store.readOnlyReason.empty())
-        findings.push_back(store.isNewer() ? findingOf(store.readOnlyReason, store, Severity::warning, "store-newer")
-                                           : findingOf(store.readOnlyReason, store, Severity::error, "store-read-only"));
-    else
+    if (!store.readOnlyError)
         checkFolderOfStore(store, findings);
+    else if (store.readOnlyError->code() == Storage::StorageError::Code::newer)
+        findings.push_back(findingOf(*store.readOnlyError, store, Severity::warning, "store-newer"));
+    else
+        findings.push_back(findingOf(*store.readOnlyError, store, Severity::error, "store-read-only"));
     return findings;
 }
 
@@ -184,34 +206,40 @@ Findings checkJournal(ExaminedStore const& store)
              journalOf(store)}};
 }
 
+namespace {
+
+bool isOneOf(std::initializer_list<char const*> types, std::string const& type)
+{
+    return std::find(types.begin(), types.end(), type) != types.end();
+}
+
+} // namespace
+
 Findings checkFileSystem(ExaminedStore const& store)
 {
-    std::string const type = store.fileSystem.type.empty() ? "a file system without a name" : store.fileSystem.type;
+    FileSystem const& fileSystem = store.fileSystem;
+    std::string const type = fileSystem.type.empty() ? "a file system without a name" : fileSystem.type;
     std::string const elsewhere =
         "keep the stores on a local disk: move the data folder there (XDG_DATA_HOME), or name a folder with --home";
     auto const found = [&](Severity severity, std::string const& what, std::string const& remedy) -> Findings {
         return {aboutFile(store, severity, "file-system", what, remedy)};
     };
-    switch (Storage::suitabilityForStores(store.fileSystem)) {
-    case Storage::Suitability::suitable:
-        break;
-    case Storage::Suitability::readOnly:
+    if (fileSystem.isReadOnly)
         return found(Severity::error, absl::StrCat("it lies on ", type, ", which may only be read, so nothing can be stored"),
                      "mount it for writing, or name another folder with --home");
-    case Storage::Suitability::network:
+    if (fileSystem.locality == Storage::Locality::network)
         return found(Severity::warning,
                      absl::StrCat("it lies on ", type, ", where locks do not hold between machines, so that two editors can damage it"),
                      elsewhere);
-    case Storage::Suitability::withoutLinks:
+    if (isOneOf({"vfat", "msdos", "exfat", "fuse.exfat"}, type))
         return found(store.isMissing ? Severity::error : Severity::warning,
                      absl::StrCat("it lies on ", type, ", which has no hard links, so that no store can be made there"), elsewhere);
-    case Storage::Suitability::passing:
+    if (isOneOf({"tmpfs", "ramfs"}, type))
         return found(Severity::warning, absl::StrCat("it lies on ", type, ", which is kept in memory, so that all is lost with a restart"),
                      elsewhere);
-    case Storage::Suitability::unknown:
+    if (fileSystem.locality == Storage::Locality::unknown)
         return found(Severity::note, absl::StrCat("it lies on ", type, ", of which it cannot be told whether locks hold there"),
                      absl::StrCat("nothing to do where the disk is local; else ", elsewhere));
-    }
     return {};
 }
 

@@ -31,24 +31,27 @@ struct Finding {
 
 using Findings = std::vector<Finding>;
 
+/// The file system that a store lies on, or would.
+struct FileSystem {
+    std::string type;       ///< As the system names it, such as "ext4" or "fuse.sshfs"; empty where it is unknown.
+    std::string mountPoint; ///< Empty where it is unknown.
+    bool isReadOnly = false;
+    Storage::Locality locality = Storage::Locality::unknown;
+};
+
 /// A store with all that is known of it.
 struct ExaminedStore {
     Catalogue::Store store;
     std::filesystem::path file;
-    Storage::FileSystem fileSystem;
-    std::string trouble; ///< Why it cannot be used; empty where it can, or is missing.
+    FileSystem fileSystem;
+    std::optional<Storage::StorageError> error; ///< Why it cannot be used; nullopt where it can, or is missing.
     bool isMissing = false;
-    std::string readOnlyReason;            ///< Empty where it takes changes, is missing or cannot be used.
-    Storage::SqliteStorage::Report report; ///< Of one that can be used, as are the rows.
+    std::optional<Storage::StorageError> readOnlyError; ///< Nullopt where it takes changes, is missing or cannot be used.
+    Storage::SqliteStorage::Report report;              ///< Of one that can be used, as are the rows.
     std::vector<Storage::SqliteStorage::Row> rows;
-
-    bool isNewer() const { return report.schemaVersion > Storage::SqliteStorage::writtenSchema; }
 };
 
 ExaminedStore examined(Host::Application const& application, Catalogue::Store store);
-
-/// What an error of a store is about, without its file, and what to do, which stands behind.
-Finding findingOf(std::string const& trouble, ExaminedStore const& store, Severity severity, char const* check);
 
 // The file of a store.
 Findings checkAccess(ExaminedStore const& store);

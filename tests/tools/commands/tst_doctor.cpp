@@ -78,15 +78,15 @@ protected:
         return {std::istreambuf_iterator<char>(stream), {}};
     }
 
-    // With a table of mounts in the place of the system's.
-    Ended toolWithMounts(std::string const& table, Words const& words)
+    // With a table of mounts in the place of the system's, after the shell's command `first`.
+    Ended toolWithMounts(std::string const& table, Words const& words, std::string const& first = "true",
+                         std::map<std::string, std::string> const& environment = {})
     {
         std::string const mounts = m_home.write("mounts", table).string();
-        Words command = {"unshare", "--mount", "--map-root-user",
-                         "sh",      "-c",      "mount --bind '" + mounts + "' /proc/$$/mountinfo || exit 77; exec \"$0\" \"$@\"",
-                         TOOL};
+        std::string const script = first + " && mount --bind '" + mounts + "' /proc/$$/mountinfo || exit 77; exec \"$0\" \"$@\"";
+        Words command = {"unshare", "--mount", "--map-root-user", "sh", "-c", script, TOOL};
         command.insert(command.end(), words.begin(), words.end());
-        return run(command);
+        return run(command, environment);
     }
 
     static bool mayNotMount(Ended const& ended) { return ended.status == 77 || ended.err.compare(0, 8, "unshare:") == 0; }
@@ -327,21 +327,34 @@ TEST_F(Doctor, JournalOfAStoreThatIsGoneIsFound)
 struct Mounted {
     char const* meaning;
     char const* type;
+    char const* number; // the type in hexadecimal digits
     char const* options;
     char const* severity; // null where it is fine
     std::string what;
     std::string remedy;
 };
 
-class StoreOn : public Doctor, public testing::WithParamInterface<Mounted> {};
+class StoreOn : public Doctor, public testing::WithParamInterface<Mounted> {
+protected:
+    // The doctor's run with the stores on what the row describes.
+    Ended run()
+    {
+        std::string const folder = inHome(".local/share");
+        std::string const table = "1 0 0:1 / / rw - ext4 /dev/x rw\n2 1 0:2 / " + folder + " rw - " + GetParam().type + " x rw\n";
+        std::string const mount =
+            "mount --bind '" + folder + "' '" + folder + "' && mount -o remount,bind," + GetParam().options + " '" + folder + '\'';
+        return toolWithMounts(table, {"doctor", "--json"}, mount,
+                              {{"LD_PRELOAD", FILE_SYSTEM_TYPE_LIBRARY},
+                               {"FILE_SYSTEM_TYPE", GetParam().number},
+                               {"ASAN_OPTIONS", "verify_asan_link_order=0"}});
+    }
+};
 
 std::string const elsewhere = "keep the stores on a local disk: move the data folder there (XDG_DATA_HOME), or name a folder with --home";
 
 TEST_P(StoreOn, IsJudged)
 {
-    std::string const table = "1 0 0:1 / / rw - ext4 /dev/x rw\n2 1 0:2 / " + inHome(".local/share") + ' ' + GetParam().options + " - " +
-                              GetParam().type + " x rw\n";
-    Ended const ended = toolWithMounts(table, {"doctor", "--json"});
+    Ended const ended = run();
     if (mayNotMount(ended))
         GTEST_SKIP() << "this process may not mount anything: " << ended.err;
     json const told = json::parse(ended.out);
@@ -361,17 +374,16 @@ TEST_P(StoreOn, IsJudged)
 
 INSTANTIATE_TEST_SUITE_P(
     Table, StoreOn,
-    testing::Values(Mounted{"LocalDisk", "xfs", "rw", nullptr, "", ""},
-                    Mounted{"Nfs", "nfs4", "rw", "warning", ", where locks do not hold between machines, so that two editors can damage it",
-                            elsewhere},
-                    Mounted{"Sshfs", "fuse.sshfs", "rw", "warning",
-                            ", where locks do not hold between machines, so that two editors can damage it", elsewhere},
-                    Mounted{"Stick", "vfat", "rw", "warning", ", which has no hard links, so that no store can be made there", elsewhere},
-                    Mounted{"Memory", "tmpfs", "rw", "warning", ", which is kept in memory, so that all is lost with a restart", elsewhere},
-                    Mounted{"ReadOnlyDisk", "ext4", "ro", "error", ", which may only be read, so nothing can be stored",
-                            "mount it for writing, or name another folder with --home"},
-                    Mounted{"ProgramsFileSystem", "fuse.other", "rw", "note", ", of which it cannot be told whether locks hold there",
-                            "nothing to do where the disk is local; else " + elsewhere}),
+    testing::Values(
+        Mounted{"LocalDisk", "xfs", "58465342", "rw", nullptr, "", ""},
+        Mounted{"Nfs", "nfs4", "6969", "rw", "warning", ", where locks do not hold between machines, so that two editors can damage it",
+                elsewhere},
+        Mounted{"Stick", "vfat", "4d44", "rw", "warning", ", which has no hard links, so that no store can be made there", elsewhere},
+        Mounted{"Memory", "tmpfs", "01021994", "rw", "warning", ", which is kept in memory, so that all is lost with a restart", elsewhere},
+        Mounted{"ReadOnlyDisk", "ext4", "ef53", "ro", "error", ", which may only be read, so nothing can be stored",
+                "mount it for writing, or name another folder with --home"},
+        Mounted{"ProgramsFileSystem", "fuse.sshfs", "65735546", "rw", "note", ", of which it cannot be told whether locks hold there",
+                "nothing to do where the disk is local; else " + elsewhere}),
     byMeaning);
 
 TEST_F(Doctor, StoreThatCannotBeMadeForWantOfLinksIsFound)

@@ -109,8 +109,8 @@ void restoreStores(Host::Application const& application, std::string const& file
             progress->aside(absl::StrCat("the backup holds no ", name(store), " store, so that one stays as it is"));
             continue;
         }
-        if (std::string const& trouble = storageTrouble(application, store); !trouble.empty())
-            progress->aside(trouble);
+        if (std::optional<Storage::StorageError> const& error = storageError(application, store))
+            progress->aside(error->what());
         Restored restored = {store, rowDifferences(rowsNow(application, store), backup.rows(name(store))), std::nullopt};
         if (!isDryRun)
             restored.kept = backup.restore(name(store), storageFile(application, store));

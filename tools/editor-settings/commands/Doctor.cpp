@@ -99,22 +99,22 @@ char const* stateOf(ExaminedStore const& store)
 {
     if (store.isMissing)
         return "missing";
-    if (!store.trouble.empty())
+    if (store.error)
         return "unusable";
-    return store.readOnlyReason.empty() ? "usable" : "read-only";
+    return store.readOnlyError ? "read-only" : "usable";
 }
 
 ordered_json orNull(std::string const& text) { return text.empty() ? ordered_json() : ordered_json(text); }
 
 ordered_json asJson(ExaminedStore const& store)
 {
-    bool const isOpen = !store.isMissing && store.trouble.empty();
+    bool const isOpen = !store.isMissing && !store.error;
     return {{"store", name(store.store)},
             {"file", store.file.u8string()},
             {"state", stateOf(store)},
             {"schema", isOpen ? ordered_json(store.report.schemaVersion) : ordered_json()},
             {"journalMode", orNull(store.report.journalMode)},
-            {"fileSystem", {{"type", orNull(store.fileSystem.type)}, {"mountPoint", orNull(store.fileSystem.mountPoint.u8string())}}}};
+            {"fileSystem", {{"type", orNull(store.fileSystem.type)}, {"mountPoint", orNull(store.fileSystem.mountPoint)}}}};
 }
 
 ordered_json asJson(Finding const& finding)
@@ -143,7 +143,7 @@ std::string summaryOf(ExaminedStore const& store)
     if (store.fileSystem.type.empty())
         return summary;
     std::string const type = onOneLine(store.fileSystem.type);
-    std::string const mountPoint = onOneLine(store.fileSystem.mountPoint.u8string());
+    std::string const mountPoint = onOneLine(store.fileSystem.mountPoint);
     return mountPoint.empty() ? absl::StrCat(summary, ", on ", type) : absl::StrCat(summary, ", on ", type, " at ", mountPoint);
 }
 

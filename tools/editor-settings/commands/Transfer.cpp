@@ -15,7 +15,7 @@
 
 #include <absl/strings/str_cat.h>
 
-#include <Storage/NewFile.h>
+#include <Storage/AtomicFile.h>
 
 #include <algorithm>
 #include <chrono>
@@ -292,8 +292,8 @@ std::vector<std::unique_ptr<SqliteStorage>> madeReady(Host::Application const& a
     std::vector<std::unique_ptr<SqliteStorage>> made;
     try {
         for (Target const& target : targets)
-            if (std::string const reason = target.store ? target.store->readOnlyReason() : ""; !reason.empty())
-                throw UserError(reason);
+            if (std::optional<Storage::StorageError> const error = target.store ? target.store->readOnlyError() : std::nullopt)
+                throw UserError(error->what());
         for (Target& target : targets)
             if (!target.store)
                 target.store = made.emplace_back(std::make_unique<SqliteStorage>(storageFile(application, target.name))).get();

@@ -9,9 +9,6 @@
 
 namespace Storage {
 
-/// Throws a `StorageError` with the system's words for `error` and what to do about it.
-[[noreturn]] void throwSystemError(std::filesystem::path const& file, char const* attempt, int error);
-
 /// Writes `content` to the new file `file`, with mode 0600, making missing folders above it with 0700; all is on disk
 /// when it returns. False where something is there already, which is left as it is. Throws `StorageError`, which names
 /// `attempt`.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "NewFile.h"
+#include "AtomicFile.h"
 
-#include <Storage/StorageError.h>
+#include "SqliteErrors.h"
 
 #include <cerrno>
 #include <cstdio>

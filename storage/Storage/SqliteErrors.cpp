@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "SqliteErrors.h"
+
+#include <sqlite3.h>
+
+#include <cerrno>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+namespace Storage {
+
+namespace {
+
+using Code = StorageError::Code;
+
+constexpr char const* freeSpace = "free some space on the disk and try again";
+
+// What a program and a user make of an error.
+struct Meaning {
+    Code code;
+    char const* remedy;
+};
+
+Meaning meaningOf(int extendedCode)
+{
+    if (extendedCode == SQLITE_READONLY_DBMOVED)
+        return {Code::access, "the file was moved or removed while it was open: start the program again"};
+    switch (extendedCode & 0xff) {
+    case SQLITE_BUSY:
+        return {Code::busy, "another process is writing: try again, or close the other process"};
+    case SQLITE_FULL:
+        return {Code::full, freeSpace};
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
+    case SQLITE_ERROR: // the statements are right, so the tables are not
+        return {Code::damaged, restoreBackup};
+    case SQLITE_READONLY:
+        return {Code::readOnly, checkAccess};
+    case SQLITE_CANTOPEN:
+        return {Code::access, checkAccess};
+    case SQLITE_TOOBIG:
+        return {Code::tooLarge, "keep the value in a file of its own and store the file's name"};
+    default:
+        return {Code::io, "check the disk and its space, and try again"};
+    }
+}
+
+Meaning meaningOfSystem(int error)
+{
+    switch (error) {
+    case ENAMETOOLONG:
+        return {Code::tooLarge, shortenName};
+    case ENOSPC:
+    case EDQUOT:
+        return {Code::full, freeSpace};
+    case EROFS:
+        return {Code::readOnly, checkAccess};
+    case EACCES:
+    case EPERM:
+    case ENOENT:
+    case ENOTDIR:
+    case ELOOP:
+    case EINVAL: // no file can have such a name
+        return {Code::access, checkAccess};
+    default:
+        return {Code::io, checkAccess};
+    }
+}
+
+// SQLiteCpp gives an error of its own a negative extended code.
+int extendedCode(SQLite::Exception const& error)
+{
+    return error.getExtendedErrorCode() > 0 ? error.getExtendedErrorCode() : error.getErrorCode();
+}
+
+} // namespace
+
+void throwSystemError(fs::path const& file, char const* attempt, int error)
+{
+    Meaning const meaning = meaningOfSystem(error);
+    throw StorageError(meaning.code, file.u8string(), attempt, std::generic_category().message(error), meaning.remedy);
+}
+
+StorageError::Code codeForSystem(int error) { return meaningOfSystem(error).code; }
+
+StorageError::Code codeFor(SQLite::Exception const& error) { return meaningOf(extendedCode(error)).code; }
+
+StorageError storageError(fs::path const& file, std::string const& attempt, SQLite::Exception const& error)
+{
+    Meaning const meaning = meaningOf(extendedCode(error));
+    return {meaning.code, file.u8string(), attempt, error.what(), meaning.remedy};
+}
+
+} // namespace Storage

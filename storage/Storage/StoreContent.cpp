@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "StoreContent.h"
+
+#include <SQLiteCpp/Column.h>
+#include <SQLiteCpp/Exception.h>
+#include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/Transaction.h>
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <chrono>
+#include <limits>
+#include <memory>
+#include <sstream>
+#include <utility>
+
+namespace Storage {
+
+namespace {
+
+using Value = SqliteStorage::Value;
+
+// The values of a row as they are stored. A value whose type does not fit its kind is not guessed at.
+Value decoded(std::string const& kind, SQLite::Column const& stored)
+{
+    if (kind == "string" && stored.isText())
+        return stored.getString();
+    if (kind == "bytes" && stored.isBlob()) {
+        auto const* bytes = static_cast<unsigned char const*>(stored.getBlob());
+        return std::vector<unsigned char>(bytes, bytes + stored.getBytes());
+    }
+    if (!stored.isInteger())
+        return {};
+    long long const number = stored.getInt64();
+    if (kind == "bool" && (number == 0 || number == 1))
+        return number == 1;
+    if (kind == "int" && number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max())
+        return static_cast<int>(number);
+    return {};
+}
+
+// A time beyond what the clock holds, which another program may have stored, becomes the clock's first or last one.
+std::chrono::system_clock::time_point decodedTime(long long sinceEpoch)
+{
+    using namespace std::chrono;
+    auto const first = duration_cast<milliseconds>(system_clock::time_point::min().time_since_epoch());
+    auto const last = duration_cast<milliseconds>(system_clock::time_point::max().time_since_epoch());
+    return system_clock::time_point{std::clamp(milliseconds{sinceEpoch}, first, last)};
+}
+
+} // namespace
+
+SqliteStorage::Row decodedRow(std::string key, SQLite::Column const& kind, SQLite::Column const& value, SQLite::Column const& changed)
+{
+    return {std::move(key), kind.getString(), decoded(kind.getString(), value), decodedTime(changed.getInt64())};
+}
+
+char const* const setStatement = "INSERT INTO settings (key, kind, value, changed) VALUES (?1, ?2, ?3, ?4) ON CONFLICT (key) DO UPDATE "
+                                 "SET kind = excluded.kind, value = excluded.value, changed = excluded.changed";
+
+std::vector<SqliteStorage::Row> storedRows(SQLite::Database& database)
+{
+    SQLite::Statement all(database, "SELECT key, kind, value, changed FROM settings ORDER BY key");
+    std::vector<SqliteStorage::Row> result;
+    while (all.executeStep())
+        result.push_back(decodedRow(all.getColumn(0).getString(), all.getColumn(1), all.getColumn(2), all.getColumn(3)));
+    return result;
+}
+
+std::vector<std::string> damageOf(SQLite::Database& database)
+{
+    sqlite3_db_release_memory(database.getHandle()); // pages in memory tell nothing of the file
+    SQLite::Statement check(database, "PRAGMA integrity_check");
+    std::vector<std::string> damage;
+    try {
+        while (check.executeStep()) {
+            // One row may hold several findings, each on a line, below a heading that names the database.
+            std::istringstream findings(check.getColumn(0).getString());
+            for (std::string finding; std::getline(findings, finding);)
+                if (finding != "ok" && finding.compare(0, 3, "***") != 0)
+                    damage.push_back(finding);
+        }
+    } catch (SQLite::Exception const&) {
+        if (damage.empty()) // else the check gave up over what it found
+            throw;
+    }
+    return damage;
+}
+
+std::string snapshotOf(SQLite::Database& database)
+{
+    // The transaction, and a first read in it, hold the moment.
+    SQLite::Transaction const moment(database);
+    database.execAndGet("PRAGMA user_version");
+    sqlite3_int64 size = 0;
+    std::unique_ptr<unsigned char, void (*)(void*)> const bytes(sqlite3_serialize(database.getHandle(), "main", &size, 0), &sqlite3_free);
+    if (!bytes)
+        throw SQLite::Exception(database.getHandle());
+    std::string content(reinterpret_cast<char const*>(bytes.get()), static_cast<std::size_t>(size));
+    return content.replace(formatsAt, 2, "\1\1"); // what another program keeps in a log is among the bytes
+}
+
+} // namespace Storage

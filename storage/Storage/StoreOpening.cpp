@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: MIT
+#include "StoreOpening.h"
+
+#include "AtomicFile.h"
+#include "SqliteErrors.h"
+#include "StoreContent.h"
+#include "VfsShim.h"
+
+#include <SQLiteCpp/Statement.h>
+
+#include <sqlite3.h>
+
+#include <chrono>
+#include <cstdint>
+#include <system_error>
+#include <thread>
+
+namespace fs = std::filesystem;
+
+namespace Storage {
+
+namespace {
+
+using Code = StorageError::Code;
+
+constexpr int applicationId = 0x4C754553; // "LuES", in the file's header, tells a store from other SQLite files
+
+// Kinds and values carry no constraint: what a later version stores passes through this one untouched.
+constexpr char const* makeTables = "BEGIN;"
+                                   "CREATE TABLE settings ("
+                                   " key TEXT NOT NULL PRIMARY KEY,"
+                                   " kind TEXT NOT NULL," // bool, int, string, bytes
+                                   " value NOT NULL,"
+                                   " changed INTEGER NOT NULL);" // milliseconds since 1970-01-01 00:00 UTC
+                                   "COMMIT;";
+
+constexpr std::size_t longestPath = 504; // SQLite's limit, beyond which it only reports that it cannot open the file
+
+// The content of a store without values.
+std::string emptyStore()
+{
+    SQLite::Database database(":memory:", SQLite::OPEN_READWRITE);
+    database.exec("PRAGMA application_id = " + std::to_string(applicationId) +
+                  "; PRAGMA user_version = " + std::to_string(SqliteStorage::writtenSchema) + ";" + makeTables);
+    return snapshotOf(database);
+}
+
+// A busy handler that retries every millisecond. SQLite's own backs off so far that it misses every moment in which
+// processes that write without end leave the file free. The pause varies, so that two waiting processes do not keep step.
+int retryWhileBusy(void* timeout, int earlier)
+{
+    using Clock = std::chrono::steady_clock;
+    thread_local Clock::time_point start;
+    Clock::time_point const now = Clock::now();
+    if (earlier == 0)
+        start = now;
+    if (now - start >= std::chrono::milliseconds(reinterpret_cast<std::intptr_t>(timeout)))
+        return 0;
+    std::this_thread::sleep_for(std::chrono::microseconds(500 + now.time_since_epoch().count() % 1000));
+    return 1;
+}
+
+[[noreturn]] void refuse(fs::path const& file, Code code, std::string const& reason, char const* remedy)
+{
+    throw StorageError(code, file.u8string(), "open the store", reason, remedy);
+}
+
+bool hasJournal(fs::path const& file)
+{
+    std::error_code error;
+    std::uintmax_t const size = fs::file_size(file.string() + "-journal", error);
+    return !error && size > 0;
+}
+
+// A missing store is made, unless its name or its journal belongs to something else.
+void checkMissing(fs::path const& file)
+{
+    std::error_code error;
+    if (fs::is_symlink(fs::symlink_status(file, error)))
+        refuse(file, Code::foreign, "it is a symbolic link to a file that does not exist",
+               "remove the link, or restore the file that it names");
+    if (hasJournal(file) && !fs::exists(file, error)) // checked again, as another process may just have made the store
+        refuse(file, Code::access, "it is gone, but its journal is there and would be played back into a new one",
+               "bring the store back beside its journal, or move the journal away");
+}
+
+// Returns whether the file exists, and throws where it cannot be a store. It asks for names and sizes only: closing the
+// file here would drop the locks that another store object of this process holds on it.
+bool isPresent(fs::path const& file)
+{
+    std::error_code error;
+    fs::file_status const target = fs::status(file, error);
+    if (target.type() == fs::file_type::not_found) {
+        checkMissing(file);
+        return false;
+    }
+    if (error)
+        throwSystemError(file, "open the store", error.value());
+    if (!fs::is_regular_file(target))
+        refuse(file, Code::foreign, "it is not a regular file", "move it away, or name another file");
+    if (fs::file_size(file, error) == 0 && !error)
+        refuse(file, Code::damaged, "the file is empty, which a store never is", restoreBackup);
+    return true;
+}
+
+// Bytes 18 and 19 of SQLite's header, the formats for writers and readers, are 2 in a file of the write-ahead-log mode.
+// They are read through SQLite's own handle before any statement, as the first statement would make the log's files.
+bool usesWriteAheadLog(SQLite::Database& database)
+{
+    sqlite3_file* file = nullptr;
+    std::string header(formatsAt + 2, '\0');
+    sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    int const code = file && file->pMethods ? file->pMethods->xRead(file, header.data(), formatsAt + 2, 0) : SQLITE_CANTOPEN;
+    if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ)
+        throw SQLite::Exception(sqlite3_errstr(code), code);
+    bool const isSqlite = header.compare(0, 15, "SQLite format 3") == 0;
+    return isSqlite && (header[formatsAt] == 2 || header[formatsAt + 1] == 2);
+}
+
+std::string newerSchema(int schema)
+{
+    return "it was written by a newer version (schema " + std::to_string(schema) + ", this version writes " +
+           std::to_string(SqliteStorage::writtenSchema) + ")";
+}
+
+constexpr char const* updateProgram = "update this program; the file was left as it is";
+
+// A newer version may have changed the layout too.
+void checkLayout(fs::path const& file, SQLite::Database& database, int schema)
+{
+    try {
+        SQLite::Statement(database, "SELECT key, kind, value, changed FROM settings");
+    } catch (SQLite::Exception const& error) {
+        if (schema > SqliteStorage::writtenSchema)
+            refuse(file, Code::newer, newerSchema(schema) + ", in a layout that this version cannot read", updateProgram);
+        throw;
+    }
+    if (schema <= SqliteStorage::writtenSchema)
+        SQLite::Statement(database, setStatement);
+}
+
+} // namespace
+
+void checkStore(fs::path const& file, SQLite::Database& database)
+{
+    if (database.execAndGet("PRAGMA application_id").getInt() != applicationId)
+        refuse(file, Code::foreign, "it is an SQLite file of another program", "move it away, or name another file");
+    if (std::vector<std::string> const damage = damageOf(database); !damage.empty())
+        refuse(file, Code::damaged, "the file is damaged (" + damage.front() + ")", restoreBackup);
+    checkLayout(file, database, database.execAndGet("PRAGMA user_version").getInt());
+}
+
+fs::path absolutePath(fs::path const& file, char const* attempt)
+{
+    std::error_code error;
+    fs::path const absolute = fs::absolute(file, error);
+    if (file.native().find('\0') != std::string::npos)
+        error = std::make_error_code(std::errc::invalid_argument);
+    if (error)
+        throwSystemError(file, attempt, error.value());
+    if (absolute.native().size() > longestPath)
+        throw StorageError(Code::tooLarge, file.u8string(), attempt, "its path is longer than " + std::to_string(longestPath) + " bytes",
+                           shortenName);
+    return absolute;
+}
+
+SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, int synchronous)
+{
+    if (!isPresent(file))
+        writeNewFile(file, emptyStore(), "create the store"); // a file that another process made first is the store
+    SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, 0, vfsShim());
+    sqlite3_busy_handler(database.getHandle(), retryWhileBusy,
+                         reinterpret_cast<void*>(static_cast<std::intptr_t>(busyTimeoutMilliseconds)));
+    if (usesWriteAheadLog(database))
+        refuse(file, Code::foreign, "it was switched to write-ahead logging, which can damage it",
+               "switch it back with: sqlite3 FILE 'PRAGMA journal_mode=DELETE'");
+    checkStore(file, database);
+    // TRUNCATE rather than DELETE: with synchronous=FULL it syncs the emptied journal, so that a crash after the call
+    // cannot bring the journal back and undo the change; a deleted one could come back with its folder entry.
+    database.exec("PRAGMA journal_mode = TRUNCATE; PRAGMA synchronous = " + std::to_string(synchronous));
+    return database;
+}
+
+std::optional<StorageError> obstacleToChanges(fs::path const& file, std::string const& attempt, SQLite::Database const& database,
+                                              int schema)
+{
+    if (schema > SqliteStorage::writtenSchema)
+        return StorageError(Code::newer, file.u8string(), attempt, newerSchema(schema), updateProgram);
+    if (sqlite3_db_readonly(database.getHandle(), "main") == 1)
+        return StorageError(Code::readOnly, file.u8string(), attempt, "it may not be written", checkAccess);
+    return std::nullopt;
+}
+
+} // namespace Storage
