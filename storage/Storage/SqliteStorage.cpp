@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <Storage/Kind.h>
 #include <Storage/SqliteStorage.h>
 
 #include "SqliteErrors.h"
@@ -51,12 +52,6 @@ void bindText(SQLite::Statement& statement, int index, std::string const& text)
     checkedSize(text.size());
     statement.bindNoCopy(index, text);
 }
-
-// A value as it is stored: the word for its kind, and how SQLite is given it.
-char const* kindOf(bool) { return "bool"; }
-char const* kindOf(int) { return "int"; }
-char const* kindOf(std::string const&) { return "string"; }
-char const* kindOf(std::vector<unsigned char> const&) { return "bytes"; }
 
 void bindValue(SQLite::Statement& statement, int index, bool value) { statement.bind(index, value ? 1 : 0); }
 void bindValue(SQLite::Statement& statement, int index, int value) { statement.bind(index, value); }
@@ -134,7 +129,7 @@ class SqliteStorage::Connection {
     {
         Use set(m_set);
         bindText(*set, 1, key);
-        set->bindNoCopy(2, kindOf(value));
+        set->bindNoCopy(2, storedWord(kindOfType<T>()));
         bindValue(*set, 3, value);
         set->bind(4, static_cast<std::int64_t>(millisecondsSinceEpoch()));
         set->exec();

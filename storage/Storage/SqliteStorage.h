@@ -47,7 +47,7 @@ public:
     /// A key, and what it holds.
     struct Row {
         std::string key;  ///< Of any bytes; UTF-8 by convention.
-        std::string kind; ///< "bool", "int", "string" or "bytes"; another word where a later version stored it.
+        std::string kind; ///< The stored word of a `Storage::Kind`; another word where a later version stored it.
         Value value;      ///< Of that kind.
         std::chrono::system_clock::time_point changed; ///< When the value was last set, to the millisecond.
     };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "StoreContent.h"
 
+#include <Storage/Kind.h>
+
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Exception.h>
 #include <SQLiteCpp/Statement.h>
@@ -12,6 +14,7 @@
 #include <chrono>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <utility>
 
@@ -21,26 +24,26 @@ namespace {
 
 using Value = SqliteStorage::Value;
 
-// The values of a row as they are stored. A value whose type does not fit its kind is not guessed at.
-Value decoded(std::string const& kind, SQLite::Column const& stored)
+// Returns no value where its SQL type does not fit its kind.
+Value decoded(std::optional<Kind> kind, SQLite::Column const& stored)
 {
-    if (kind == "string" && stored.isText())
+    if (kind == Kind::text && stored.isText())
         return stored.getString();
-    if (kind == "bytes" && stored.isBlob()) {
+    if (kind == Kind::bytes && stored.isBlob()) {
         auto const* bytes = static_cast<unsigned char const*>(stored.getBlob());
         return std::vector<unsigned char>(bytes, bytes + stored.getBytes());
     }
     if (!stored.isInteger())
         return {};
     long long const number = stored.getInt64();
-    if (kind == "bool" && (number == 0 || number == 1))
+    if (kind == Kind::boolean && (number == 0 || number == 1))
         return number == 1;
-    if (kind == "int" && number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max())
+    if (kind == Kind::integer && number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max())
         return static_cast<int>(number);
     return {};
 }
 
-// A time beyond what the clock holds, which another program may have stored, becomes the clock's first or last one.
+// Clamps a time beyond the clock's range, which another program may have stored.
 std::chrono::system_clock::time_point decodedTime(long long sinceEpoch)
 {
     using namespace std::chrono;
@@ -53,7 +56,7 @@ std::chrono::system_clock::time_point decodedTime(long long sinceEpoch)
 
 SqliteStorage::Row decodedRow(std::string key, SQLite::Column const& kind, SQLite::Column const& value, SQLite::Column const& changed)
 {
-    return {std::move(key), kind.getString(), decoded(kind.getString(), value), decodedTime(changed.getInt64())};
+    return {std::move(key), kind.getString(), decoded(kindFromWord(kind.getString()), value), decodedTime(changed.getInt64())};
 }
 
 char const* const setStatement = "INSERT INTO settings (key, kind, value, changed) VALUES (?1, ?2, ?3, ?4) ON CONFLICT (key) DO UPDATE "

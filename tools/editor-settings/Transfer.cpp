@@ -5,6 +5,8 @@
 #include "Text.h"
 #include "Translation.h"
 
+#include <Storage/Kind.h>
+
 #include <QByteArray>
 
 #include <algorithm>
@@ -22,6 +24,8 @@ using nlohmann::ordered_json;
 namespace Transfer {
 
 namespace {
+
+using Storage::Kind;
 
 constexpr char const* formatName = "editor-settings export";
 constexpr int writtenVersion = 1;
@@ -399,16 +403,17 @@ std::string stringOf(Fields const& fields)
 Storage::SqliteStorage::Value valueOf(std::string const& kind, Fields const& fields)
 {
     std::string const place = fields.place("value");
-    if (kind != "string" && fields.find("encoding"))
+    if (kind != Storage::storedWord(Kind::text) && fields.find("encoding"))
         throw Error(Text::of("%1 is for the kind string only; remove it", fields.place("encoding")));
-    if (kind == "bool")
-        return boolOf(fields.at("value"), place);
-    if (kind == "int")
-        return intOf(fields.at("value"), place);
-    if (kind == "string")
-        return stringOf(fields);
-    if (kind != "bytes")
+    std::optional<Kind> const known = Storage::kindFromWord(kind);
+    if (!known)
         refuseKind(kind, fields);
+    if (known == Kind::boolean)
+        return boolOf(fields.at("value"), place);
+    if (known == Kind::integer)
+        return intOf(fields.at("value"), place);
+    if (known == Kind::text)
+        return stringOf(fields);
     std::string const bytes = bytesOf(fields.text("value"), place);
     return std::vector<unsigned char>(bytes.begin(), bytes.end());
 }
@@ -420,10 +425,8 @@ void checkRedacted(std::string const& kind, Fields const& fields)
             throw Error(Text::of("%1 stands beside \"redacted\"; keep one of the two", fields.place(name)));
     if (fields.at("redacted") != true)
         refuseValue(fields.place("redacted"), fields.at("redacted"), Text::of("true, or a value in its place"));
-    for (char const* known : {"bool", "int", "string", "bytes"})
-        if (kind == known)
-            return;
-    refuseKind(kind, fields);
+    if (!Storage::kindFromWord(kind))
+        refuseKind(kind, fields);
 }
 
 Entry entryOf(Store store, std::string const& name, Fields const& fields)

@@ -6,6 +6,7 @@
 #include "Translation.h"
 
 #include <Host/FileContent.h>
+#include <Storage/Kind.h>
 
 #include <algorithm>
 #include <array>
@@ -26,17 +27,17 @@ struct TypeNames {
     char const* name;
     char const* refusal; // of a word, with places for the name of the value, for the word and for what is accepted
     char const* cpp;
-    char const* kind;
+    Storage::Kind kind;
 };
 
 // In the order of the alternatives of Value.
 constexpr std::array<TypeNames, std::variant_size_v<Value>> types = {
-    {{"bool", Text::mark("%1 is a bool and cannot be %2; %3"), "bool", "bool"},
-     {"int", Text::mark("%1 is an int and cannot be %2; %3"), "int", "int"},
-     {"text", Text::mark("%1 is a text and cannot be %2; %3"), "std::string", "string"},
-     {"text", Text::mark("%1 is a text and cannot be %2; %3"), "QString", "string"},
-     {"bytes", Text::mark("%1 holds bytes and cannot be %2; %3"), "QByteArray", "bytes"},
-     {"list", Text::mark("%1 is a list and cannot be %2; %3"), "QStringList", "string"}}};
+    {{"bool", Text::mark("%1 is a bool and cannot be %2; %3"), "bool", Storage::Kind::boolean},
+     {"int", Text::mark("%1 is an int and cannot be %2; %3"), "int", Storage::Kind::integer},
+     {"text", Text::mark("%1 is a text and cannot be %2; %3"), "std::string", Storage::Kind::text},
+     {"text", Text::mark("%1 is a text and cannot be %2; %3"), "QString", Storage::Kind::text},
+     {"bytes", Text::mark("%1 holds bytes and cannot be %2; %3"), "QByteArray", Storage::Kind::bytes},
+     {"list", Text::mark("%1 is a list and cannot be %2; %3"), "QStringList", Storage::Kind::text}}};
 
 TypeNames const& type(Value const& value) { return types[value.index()]; }
 
@@ -174,7 +175,7 @@ T parsedAs(Target const& target, std::vector<std::string> const& words)
 
 std::string typeName(Value const& value) { return type(value).name; }
 std::string cppTypeName(Value const& value) { return type(value).cpp; }
-std::string storedKind(Value const& value) { return type(value).kind; }
+std::string storedKind(Value const& value) { return Storage::storedWord(type(value).kind); }
 
 Value parsed(std::string const& name, Value const& like, std::vector<std::string> const& words)
 {
