@@ -2,12 +2,14 @@
 //
 // How often typed access takes memory by itself: what the store takes for its answers is not counted. In this C++ library
 // a string of up to fifteen bytes takes none.
+#include <Storage/EmptyStorage.h>
 #include <support/Allocations.h>
 #include <support/BoundLibrary.h>
-#include <support/EmptyStorage.h>
 #include <support/Named.h>
 
 namespace {
+
+using Storage::EmptyStorage;
 
 using Rational = boost::rational<long long>;
 

@@ -3,8 +3,8 @@
 // The library is loaded and unloaded by this program, which watches its static objects come to life: each registers
 // its end with __cxa_atexit, in the order of the beginnings, and this program's __cxa_atexit is called first.
 #include <Settings/SettingsContext.h>
+#include <Storage/EmptyStorage.h>
 
-#include <support/EmptyStorage.h>
 #include <support/Process.h>
 
 #include <gtest/gtest.h>
@@ -18,6 +18,8 @@
 #include <link.h>
 
 namespace {
+
+using Storage::EmptyStorage;
 
 constexpr std::size_t capacity = 4096;
 void* registered[capacity];
