@@ -52,7 +52,7 @@ Application::Application(fs::path const& productFile, std::optional<fs::path> co
     SettingsContext context;
     context.productInfo = m_productInfo;
     context.resourcesRoot = Lumora::ioPath(m_productInfo->resourcesRoot().u8string());
-    // The product information alone is enough to ask where the stores lie.
+    // The product information alone decides where the stores lie.
     Settings::init(context);
     fs::path const productFolder = storeFolder.value_or(fs::u8path(productDataPath().toStdString()));
     fs::path const commonFolder = storeFolder.value_or(productFolder.parent_path());

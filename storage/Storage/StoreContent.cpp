@@ -73,19 +73,19 @@ std::vector<SqliteStorage::Row> storedRows(SQLite::Database& database)
 
 std::vector<std::string> damageOf(SQLite::Database& database)
 {
-    sqlite3_db_release_memory(database.getHandle()); // pages in memory tell nothing of the file
+    sqlite3_db_release_memory(database.getHandle()); // cached pages would hide damage in the file
     SQLite::Statement check(database, "PRAGMA integrity_check");
     std::vector<std::string> damage;
     try {
         while (check.executeStep()) {
-            // One row may hold several findings, each on a line, below a heading that names the database.
+            // A row may hold several findings, one a line, below a heading that names the database.
             std::istringstream findings(check.getColumn(0).getString());
             for (std::string finding; std::getline(findings, finding);)
                 if (finding != "ok" && finding.compare(0, 3, "***") != 0)
                     damage.push_back(finding);
         }
     } catch (SQLite::Exception const&) {
-        if (damage.empty()) // else the check gave up over what it found
+        if (damage.empty()) // else the check stopped at the damage that it found
             throw;
     }
     return damage;
@@ -93,7 +93,7 @@ std::vector<std::string> damageOf(SQLite::Database& database)
 
 std::string snapshotOf(SQLite::Database& database)
 {
-    // The transaction, and a first read in it, hold the moment.
+    // The first read in a transaction fixes the moment of the snapshot.
     SQLite::Transaction const moment(database);
     database.execAndGet("PRAGMA user_version");
     sqlite3_int64 size = 0;
@@ -101,7 +101,7 @@ std::string snapshotOf(SQLite::Database& database)
     if (!bytes)
         throw SQLite::Exception(database.getHandle());
     std::string content(reinterpret_cast<char const*>(bytes.get()), static_cast<std::size_t>(size));
-    return content.replace(formatsAt, 2, "\1\1"); // what another program keeps in a log is among the bytes
+    return content.replace(formatsAt, 2, "\1\1"); // the bytes include those of a write-ahead log
 }
 
 } // namespace Storage
