@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <Catalogue/Catalogue.h>
 
+#include <Storage/EmptyStorage.h>
+#include <TestKit/Recording.h>
+#include <TestKit/ScopedBinding.h>
+
 #include <functional>
 #include <memory>
 #include <utility>
@@ -9,18 +13,13 @@ namespace Catalogue {
 
 namespace {
 
-// A store that answers as if nothing were stored, and notes what it was asked for and the text that it was given.
-class NothingStored final : public ISettingsStorage {
+// Holds no value and records the key of the last read and the text of the last set.
+class NothingStored final : public Storage::EmptyStorage {
 public:
     std::optional<std::string> askedKey() const { return m_askedKey; }
     std::string const& writtenText() const { return m_writtenText; }
 
-    void setBool(std::string const&, bool) override {}
-    void setInt(std::string const&, int) override {}
     void setString(std::string const&, std::string const& value) override { m_writtenText = value; }
-    void setBytes(std::string const&, std::vector<unsigned char> const&) override {}
-    bool contains(std::string const&) const override { return false; }
-    void remove(std::string const&) override {}
     bool getBool(std::string const& key, bool defaultValue) const override { return asked(key, defaultValue); }
     int getInt(std::string const& key, int defaultValue) const override { return asked(key, defaultValue); }
     std::string getString(std::string const& key, std::string const& defaultValue) const override { return asked(key, defaultValue); }
@@ -41,23 +40,11 @@ private:
     std::string m_writtenText;
 };
 
-// The library bound to `context`, for as long as the object lives.
-class BoundForAMoment {
-public:
-    explicit BoundForAMoment(SettingsContext const& context) { Settings::init(context); }
-    ~BoundForAMoment() { Settings::init(m_earlier); }
-    BoundForAMoment(BoundForAMoment const&) = delete;
-    BoundForAMoment& operator=(BoundForAMoment const&) = delete;
-
-private:
-    SettingsContext const m_earlier = s_instance;
-};
-
 // The library bound to stores that hold nothing, for as long as the object lives.
 struct WithoutStoredValues {
     std::shared_ptr<NothingStored> const common = std::make_shared<NothingStored>();
     std::shared_ptr<NothingStored> const product = std::make_shared<NothingStored>();
-    BoundForAMoment const binding{{s_instance.productInfo, common, product, s_instance.resourcesRoot}};
+    TestKit::ScopedBinding const binding{{s_instance.productInfo, common, product, s_instance.resourcesRoot}};
 };
 
 std::shared_ptr<ISettingsStorage> boundStore(Store store)
@@ -88,26 +75,6 @@ InspectedValue observeReading(std::function<Value()> const& read)
     return result;
 }
 
-// Product information that answers as another object does, and notes what it was asked.
-class NotingProductInfo final : public IProductInfo {
-public:
-    explicit NotingProductInfo(std::shared_ptr<IProductInfo const> inner) : m_inner(std::move(inner)) {}
-
-    std::vector<std::string> const& asked() const { return m_asked; }
-
-    std::string vendorName() const override { return note("vendorName"), m_inner->vendorName(); }
-    std::string productName() const override { return note("productName"), m_inner->productName(); }
-    std::string sharedDataFolderName() const override { return note("sharedDataFolderName"), m_inner->sharedDataFolderName(); }
-    int productKind() const override { return note("productKind"), m_inner->productKind(); }
-    std::string projectFileExtensions() const override { return note("projectFileExtensions"), m_inner->projectFileExtensions(); }
-
-private:
-    void note(char const* operation) const { m_asked.emplace_back(operation); }
-
-    std::shared_ptr<IProductInfo const> m_inner;
-    mutable std::vector<std::string> m_asked;
-};
-
 } // namespace
 
 InspectedValue inspect(Preference const& preference)
@@ -132,12 +99,14 @@ InspectedValue inspectUnstored(Family const& family, QString const& name)
 
 std::vector<std::string> askedOfTheProduct(Location const& location)
 {
-    auto const noting = std::make_shared<NotingProductInfo>(s_instance.productInfo.lock());
+    std::vector<std::string> asked;
+    auto const record = [&](std::string const& operation) { asked.push_back(operation); };
+    auto const recording = std::make_shared<TestKit::RecordingProductInfo>(record, s_instance.productInfo.lock());
     SettingsContext context = s_instance;
-    context.productInfo = noting;
-    BoundForAMoment const binding(context);
+    context.productInfo = recording;
+    TestKit::ScopedBinding const binding(context);
     location.path(location.arguments.empty() ? std::string() : location.arguments.front());
-    return noting->asked();
+    return asked;
 }
 
 bool survivesRoundTrip(QStringList const& list)

@@ -2,6 +2,7 @@
 #include <Host/Application.h>
 
 #include <Settings/Settings.h>
+#include <Storage/EmptyStorage.h>
 
 #include <stdexcept>
 #include <system_error>
@@ -12,22 +13,13 @@ namespace Host {
 
 namespace {
 
-// In the place of a store that is not there.
-class NoStore final : public ISettingsStorage {
+// Stands for a store that was left out: reads return their defaults, sets throw.
+class NoStore final : public Storage::EmptyStorage {
 public:
     void setBool(std::string const&, bool) override { refuse(); }
     void setInt(std::string const&, int) override { refuse(); }
     void setString(std::string const&, std::string const&) override { refuse(); }
     void setBytes(std::string const&, std::vector<unsigned char> const&) override { refuse(); }
-    bool contains(std::string const&) const override { return false; }
-    void remove(std::string const&) override {}
-    bool getBool(std::string const&, bool defaultValue) const override { return defaultValue; }
-    int getInt(std::string const&, int defaultValue) const override { return defaultValue; }
-    std::string getString(std::string const&, std::string const& defaultValue) const override { return defaultValue; }
-    std::vector<unsigned char> getBytes(std::string const&, std::vector<unsigned char> const& defaultValue) const override
-    {
-        return defaultValue;
-    }
 
 private:
     [[noreturn]] static void refuse() { throw std::logic_error("the store was left out, so it takes no value"); }
@@ -60,7 +52,7 @@ Application::Application(fs::path const& productFile, std::optional<fs::path> co
     SettingsContext context;
     context.productInfo = m_productInfo;
     context.resourcesRoot = Lumora::ioPath(m_productInfo->resourcesRoot().u8string());
-    // The product information alone is enough to ask where the stores lie.
+    // The product information alone decides where the stores lie.
     Settings::init(context);
     fs::path const productFolder = storeFolder.value_or(fs::u8path(productDataPath().toStdString()));
     fs::path const commonFolder = storeFolder.value_or(productFolder.parent_path());

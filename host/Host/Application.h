@@ -11,15 +11,15 @@
 
 namespace Host {
 
-/// What to do about a store that is not there.
+/// What to do about a missing store.
 enum class StorePolicy {
-    create,           ///< Make it.
-    leaveOutMissing,  ///< Bind a store that holds nothing and takes nothing: for programs that only look.
-    leaveOutUnusable, ///< The same also in the place of one that cannot be opened: for programs that look for trouble.
+    create,           ///< Create it.
+    leaveOutMissing,  ///< Bind an empty store that refuses changes: for programs that only read.
+    leaveOutUnusable, ///< The same also for a store that cannot be opened: for programs that diagnose.
 };
 
 /// An application's side of the settings library: while the object lives, the library is bound to its product file and
-/// its two stores. A model for real hosts: own the collaborators, bind them once, keep them until the last call.
+/// its two stores. A model for hosts: own the collaborators, bind them once, keep them until the last call.
 ///
 /// The stores lie in "product-settings.sqlite" in the product's data folder and in "common-settings.sqlite" in the
 /// vendor's, or both in one folder where that is given.
@@ -35,7 +35,7 @@ public:
     /// The store, or null where it was left out.
     Storage::SqliteStorage* commonStorage() const { return m_common.opened.get(); }
     Storage::SqliteStorage* productStorage() const { return m_product.opened.get(); }
-    /// Where the store lies, or would, as an absolute path.
+    /// The absolute path of the store, also of a missing one.
     std::filesystem::path const& commonStorageFile() const { return m_common.file; }
     std::filesystem::path const& productStorageFile() const { return m_product.file; }
     /// Why an existing store was left out; nullopt where it was opened or is missing.

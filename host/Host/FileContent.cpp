@@ -6,7 +6,7 @@
 #include <memory>
 #include <system_error>
 
-// The streams of C rather than those of C++, which do not tell an empty file from one that cannot be read.
+// C streams, as C++ streams do not distinguish an empty file from an unreadable one.
 std::string Host::fileContent(std::filesystem::path const& file)
 {
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> const stream(std::fopen(file.c_str(), "rb"), &std::fclose);

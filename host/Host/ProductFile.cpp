@@ -21,7 +21,7 @@ namespace {
 char const* const fieldNames[] = {"vendorName",  "productName",           "sharedDataFolderName",
                                   "productKind", "projectFileExtensions", "resourcesRoot"};
 
-// The object in the file, with errors that name the file and the field.
+// The object in the file; its errors name the file and the field.
 class Fields {
 public:
     explicit Fields(fs::path const& file) : m_file(file), m_object(parsed())
@@ -88,7 +88,7 @@ public:
 private:
     json parsed() const
     {
-        // Of a file that is nested without end a value could not even be told: each level takes its part of the stack.
+        // Each level of nesting takes its part of the stack, also when a value is printed in an error.
         auto const isFlat = [this](int depth, json::parse_event_t, json const&) {
             if (depth > 3)
                 refuse("is nested too deeply; it takes one object of texts, a number and an array of texts");
@@ -96,13 +96,13 @@ private:
         };
         try {
             std::string const content = fileContent(m_file);
-            if (content.find('\0') != std::string::npos) // which would count as the end
+            if (content.find('\0') != std::string::npos) // the parser would take it as the end
                 refuse("is not JSON: it holds a NUL");
             return json::parse(content, isFlat);
         } catch (std::system_error const& error) {
             refuse("cannot be read (" + error.code().message() + "); check its name and rights, or name another product file");
         } catch (json::exception const& error) {
-            // No text of JSON, or a number out of all range. The library's text begins with a code of its own in brackets.
+            // The parser's text begins with a code in brackets.
             std::string const what = error.what();
             refuse("is not JSON: " + what.substr(what.find("] ") + 2));
         }
@@ -126,7 +126,7 @@ private:
 
     static std::string inJson(json const& value) { return value.dump(-1, ' ', false, json::error_handler_t::replace); }
 
-    // What the file holds, or its name, need not be UTF-8.
+    // The content and the name of the file need not be UTF-8.
     [[noreturn]] void refuse(std::string const& what) const
     {
         throw ProductFileError(QString::fromStdString("product file " + m_file.u8string() + ' ' + what).toStdString());

@@ -22,7 +22,7 @@ public:
 ///   projectFileExtensions   an array of texts without dot or comma, the one for saving first
 ///   resourcesRoot           a path, relative to the folder of the product file
 ///
-/// Read once; immutable afterwards, so any thread may ask.
+/// The file is read once; any thread may ask.
 class ProductFile final : public IProductInfo {
 public:
     /// Reads `file`. Throws `ProductFileError`.
@@ -34,7 +34,7 @@ public:
     int productKind() const override { return m_productKind; }
     std::string projectFileExtensions() const override { return m_projectFileExtensions; }
 
-    /// The file that was read, as it was named.
+    /// The path as the constructor got it.
     std::filesystem::path const& file() const { return m_file; }
     /// The root of the product's resources, as an absolute path.
     std::filesystem::path const& resourcesRoot() const { return m_resourcesRoot; }
@@ -50,8 +50,8 @@ private:
 };
 
 /// The product file that is installed with the program: "share/editor-settings/product.json" beside the "bin" folder
-/// of the running program, in an installation as in the build tree. Throws `ProductFileError` where the system does not say
-/// which program runs, as where /proc is not mounted.
+/// of the running program, in an installation as in the build tree. Throws `ProductFileError` where /proc/self/exe cannot be
+/// read.
 std::filesystem::path installedProductFile();
 
 } // namespace Host

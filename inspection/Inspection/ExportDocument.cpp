@@ -6,6 +6,8 @@
 
 #include <absl/strings/str_cat.h>
 
+#include <Storage/Kind.h>
+
 #include <QByteArray>
 
 #include <algorithm>
@@ -23,6 +25,8 @@ using nlohmann::ordered_json;
 namespace Transfer {
 
 namespace {
+
+using Storage::Kind;
 
 constexpr char const* formatName = "editor-settings export";
 constexpr int writtenVersion = 1;
@@ -398,16 +402,17 @@ std::string stringOf(Fields const& fields)
 Storage::SqliteStorage::Value valueOf(std::string const& kind, Fields const& fields)
 {
     std::string const place = fields.place("value");
-    if (kind != "string" && fields.find("encoding"))
+    if (kind != Storage::storedWord(Kind::text) && fields.find("encoding"))
         throw Error(absl::StrCat(fields.place("encoding"), " is for the kind string only; remove it"));
-    if (kind == "bool")
-        return boolOf(fields.at("value"), place);
-    if (kind == "int")
-        return intOf(fields.at("value"), place);
-    if (kind == "string")
-        return stringOf(fields);
-    if (kind != "bytes")
+    std::optional<Kind> const known = Storage::kindFromWord(kind);
+    if (!known)
         refuseKind(kind, fields);
+    if (known == Kind::boolean)
+        return boolOf(fields.at("value"), place);
+    if (known == Kind::integer)
+        return intOf(fields.at("value"), place);
+    if (known == Kind::text)
+        return stringOf(fields);
     std::string const bytes = bytesOf(fields.text("value"), place);
     return std::vector<unsigned char>(bytes.begin(), bytes.end());
 }
@@ -419,10 +424,8 @@ void checkRedacted(std::string const& kind, Fields const& fields)
             throw Error(absl::StrCat(fields.place(name), " stands beside \"redacted\"; keep one of the two"));
     if (fields.at("redacted") != true)
         refuseValue(fields.place("redacted"), fields.at("redacted"), "true, or a value in its place");
-    for (char const* known : {"bool", "int", "string", "bytes"})
-        if (kind == known)
-            return;
-    refuseKind(kind, fields);
+    if (!Storage::kindFromWord(kind))
+        refuseKind(kind, fields);
 }
 
 Entry entryOf(Store store, std::string const& name, Fields const& fields)

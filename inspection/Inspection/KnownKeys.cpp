@@ -18,22 +18,22 @@ using Catalogue::Store;
 namespace {
 
 template <typename T>
-std::string kindOfType()
+Storage::Kind kindOfType()
 {
     if constexpr (std::is_same_v<T, bool> || std::is_same_v<T, int>)
-        return std::is_same_v<T, bool> ? "bool" : "int";
+        return Storage::kindOfType<T>();
     else
-        return std::is_same_v<T, QByteArray> ? "bytes" : "string";
+        return std::is_same_v<T, QByteArray> ? Storage::Kind::bytes : Storage::Kind::text;
 }
 
 struct KindOfAccessors {
     template <typename T>
-    std::string operator()(Catalogue::Accessors<T> const&) const
+    Storage::Kind operator()(Catalogue::Accessors<T> const&) const
     {
         return kindOfType<T>();
     }
     template <typename T>
-    std::string operator()(Catalogue::KeyedAccessors<T> const&) const
+    Storage::Kind operator()(Catalogue::KeyedAccessors<T> const&) const
     {
         return kindOfType<T>();
     }
@@ -104,8 +104,9 @@ void checkKeys(Transfer::Document const& document, bool withUnknown)
             refuseUnknown(entry);
         if (known->store != entry.store)
             throw Transfer::Error(absl::StrCat(placeOf(entry), " is kept in the other store; move it to stores.", storeName(known->store)));
-        if (known->kind != entry.kind)
+        if (Storage::storedWord(known->kind) != entry.kind)
             throw Transfer::Error(absl::StrCat(placeOf(entry, "kind"), " is \"", entry.kind,
-                                               "\", which the editor would not read; give a value of kind \"", known->kind, "\""));
+                                               "\", which the editor would not read; give a value of kind \"",
+                                               Storage::storedWord(known->kind), "\""));
     }
 }

@@ -5,13 +5,15 @@
 
 #include <Inspection/ExportDocument.h>
 
+#include <Storage/Kind.h>
+
 #include <optional>
 #include <string>
 
 struct KnownKey {
     Catalogue::Store store;
     Catalogue::DataClass dataClass;
-    std::string kind; ///< That the store keeps its values as.
+    Storage::Kind kind; ///< That the store keeps its values as.
 };
 
 /// What is known of `key`; nothing where the library never asks for it.

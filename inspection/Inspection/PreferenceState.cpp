@@ -46,7 +46,8 @@ struct Writer {
 PreferenceState stateOf(Host::Application const& application, Family const& family, QString const& member)
 {
     Catalogue::InspectedValue const observation = Catalogue::inspect(family, member);
-    PreferenceState setting = {observation.key, family.store, family.dataClass, observation, {}, std::visit(Writer{member}, family.accessors)};
+    PreferenceState setting = {observation.key, family.store, family.dataClass,
+                               observation,     {},           std::visit(Writer{member}, family.accessors)};
     look(application, setting);
     return setting;
 }

@@ -7,6 +7,7 @@
 #include <absl/strings/str_cat.h>
 
 #include <Host/FileContent.h>
+#include <Storage/Kind.h>
 
 #include <algorithm>
 #include <array>
@@ -27,16 +28,16 @@ struct TypeNames {
     char const* name;
     char const* article; // with the name, as in "is a bool"
     char const* cpp;
-    char const* kind;
+    Storage::Kind kind;
 };
 
 // In the order of the alternatives of Value.
-constexpr std::array<TypeNames, std::variant_size_v<Value>> types = {{{"bool", "is a bool", "bool", "bool"},
-                                                                      {"int", "is an int", "int", "int"},
-                                                                      {"text", "is a text", "std::string", "string"},
-                                                                      {"text", "is a text", "QString", "string"},
-                                                                      {"bytes", "holds bytes", "QByteArray", "bytes"},
-                                                                      {"list", "is a list", "QStringList", "string"}}};
+constexpr std::array<TypeNames, std::variant_size_v<Value>> types = {{{"bool", "is a bool", "bool", Storage::Kind::boolean},
+                                                                      {"int", "is an int", "int", Storage::Kind::integer},
+                                                                      {"text", "is a text", "std::string", Storage::Kind::text},
+                                                                      {"text", "is a text", "QString", Storage::Kind::text},
+                                                                      {"bytes", "holds bytes", "QByteArray", Storage::Kind::bytes},
+                                                                      {"list", "is a list", "QStringList", Storage::Kind::text}}};
 
 TypeNames const& type(Value const& value) { return types[value.index()]; }
 
@@ -173,7 +174,7 @@ T parsedAs(Target const& target, std::vector<std::string> const& words)
 
 std::string typeName(Value const& value) { return type(value).name; }
 std::string cppTypeName(Value const& value) { return type(value).cpp; }
-std::string storedKind(Value const& value) { return type(value).kind; }
+std::string storedKind(Value const& value) { return Storage::storedWord(type(value).kind); }
 
 Value parsed(std::string const& name, Value const& like, std::vector<std::string> const& words)
 {

@@ -19,8 +19,8 @@ namespace Storage {
 
 namespace {
 
-// Makes the entries of a folder durable: a new file counts as stored only when its name is on disk too. As far as the
-// folder lets us: one that may not be listed, or a file system without such a call, must not stand in the way.
+// Syncs the names in a folder, as a new file is durable only with its name. Errors are ignored: a folder that may not be
+// listed, or a file system without this call, takes stores all the same.
 void syncFolder(fs::path const& folder)
 {
     int const descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -39,17 +39,17 @@ void createFolders(fs::path const& folder)
         throwSystemError(folder, "create the folder", error.value());
     createFolders(folder.parent_path());
     if (::mkdir(folder.c_str(), 0700) == 0)
-        ::chmod(folder.c_str(), 0700); // a umask may have taken the owner's rights too
+        ::chmod(folder.c_str(), 0700); // a umask may remove the owner's rights too
     else if (errno != EEXIST)
         throwSystemError(folder, "create the folder", errno);
     syncFolder(folder.parent_path());
 }
 
-// A new file that is not in its place yet. As a rule it has no name at all, so that even a process that is killed leaves
-// nothing behind; where the file system or a missing /proc does not allow that, it has a passing one.
+// A new file before it gets its name. It is nameless, so that a killed process leaves nothing behind, or has a temporary
+// name where the file system or a missing /proc does not support nameless files.
 class Draft {
 public:
-    enum class Name { none, passing };
+    enum class Name { none, temporary };
 
     Draft(fs::path const& file, Name name) : m_file(file)
     {
@@ -84,8 +84,8 @@ public:
         return ::fchmod(m_descriptor, 0600) == 0 && ::fsync(m_descriptor) == 0;
     }
 
-    // Puts the file in its place, unless there is one. It is closed before, as to close it there would drop the locks that
-    // a store object of this process holds on it by then; a handle without access keeps a nameless one alive.
+    // Links the file to its name, unless the name is taken. Closing it afterwards would drop the locks that a store object
+    // of this process may hold on it by then, so it is closed before; a handle without access keeps a nameless file alive.
     bool publish()
     {
         std::string const link = "/proc/self/fd/";
@@ -96,7 +96,7 @@ public:
         return ::linkat(AT_FDCWD, made.c_str(), AT_FDCWD, m_file.c_str(), AT_SYMLINK_FOLLOW) == 0;
     }
 
-    // Puts a file with a passing name in the place of what is there.
+    // Renames a file with a temporary name over the existing file.
     bool replace()
     {
         close(m_descriptor);
@@ -119,7 +119,7 @@ private:
     int m_handle = -1;
 };
 
-// The system's error number, 0 for none.
+// Returns a number of `errno`, or 0.
 int errorOfWriting(fs::path const& file, std::string const& content, Draft::Name name)
 {
     Draft draft(file, name);
@@ -133,7 +133,7 @@ bool writeNewFile(fs::path const& file, std::string const& content, char const* 
     createFolders(file.parent_path());
     int error = errorOfWriting(file, content, Draft::Name::none);
     if (error != 0 && error != EEXIST)
-        error = errorOfWriting(file, content, Draft::Name::passing);
+        error = errorOfWriting(file, content, Draft::Name::temporary);
     if (error != 0 && error != EEXIST)
         throwSystemError(file, attempt, error);
     syncFolder(file.parent_path());
@@ -143,7 +143,7 @@ bool writeNewFile(fs::path const& file, std::string const& content, char const* 
 void replaceFile(fs::path const& file, std::string const& content, char const* attempt, std::function<bool()> const& keep)
 {
     {
-        Draft draft(file, Draft::Name::passing);
+        Draft draft(file, Draft::Name::temporary);
         if (!draft.isOpen() || !draft.write(content))
             throwSystemError(file, attempt, errno);
         bool const isFree = keep();

@@ -73,7 +73,7 @@ SQLite::Database opened(fs::path const& file)
 
 } // namespace
 
-// A store in memory, with the bytes of a snapshot.
+// A store in memory on the bytes of a snapshot.
 class Backup::Copy {
 public:
     explicit Copy(std::string content) : m_content(std::move(content)), m_database(":memory:", SQLite::OPEN_READWRITE)
@@ -86,11 +86,11 @@ public:
 
     SQLite::Database& database() { return m_database; }
 
-    // Puts the copy in the place of `target`. The name under which what is there is kept; none where nothing is.
+    // Makes `target` equal to the copy. Returns the name of the kept original; nullopt where `target` was missing.
     std::optional<fs::path> replace(fs::path const& target);
 
 private:
-    std::string m_content; // outlives the database that reads it
+    std::string m_content; // must outlive the database that reads it
     SQLite::Database m_database;
 };
 
@@ -180,7 +180,7 @@ std::vector<SqliteStorage::Row> Backup::rows(std::string const& name) const
 
 namespace {
 
-// A name beside `file` that nothing has yet, for what was in its place.
+// Returns a free name beside `file` for the original.
 fs::path keptName(fs::path const& file)
 {
     std::time_t const now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
@@ -199,7 +199,7 @@ fs::path keptName(fs::path const& file)
     }
 }
 
-// Another restore may take a name that was free.
+// Retries, as another restore may take a free name first.
 fs::path keptCopy(fs::path const& file, std::string const& content)
 {
     for (;;)
@@ -214,7 +214,7 @@ void makePrivate(fs::path const& kept)
         ::chmod(kept.c_str(), 0600);
 }
 
-// A journal beside a new file would be played back into it.
+// SQLite would roll a journal beside a new file back into it.
 void setCompanionsAside(fs::path const& file, fs::path const& kept)
 {
     for (char const* companion : {"-journal", "-wal", "-shm"}) {
@@ -232,8 +232,7 @@ struct Kept {
     bool isMoved = false;
 };
 
-// Gives what is there a second name, so that a new file can take its place in one step; a folder, which cannot have two, is
-// moved.
+// Gives the original a second name, so that a rename can replace it atomically; a folder cannot have two names and is moved.
 Kept keptAside(fs::path const& file)
 {
     for (;;) {
@@ -247,13 +246,13 @@ Kept keptAside(fs::path const& file)
     }
 }
 
-// Opens the store where its values can be replaced; none where the file has to be replaced instead.
+// Opens the store for replacing its values; returns nullopt where the file itself has to be replaced.
 std::optional<SQLite::Database> openedForReplacing(fs::path const& file)
 {
     try {
         SQLite::Database database = openStore(file, busyMilliseconds, static_cast<int>(SqliteStorage::Synchronous::full));
         std::optional<StorageError> const obstacle = obstacleToChanges(file, restoreTheStore, database, 0);
-        if (!obstacle) // from here on nobody else changes it until it is closed, so that what is kept is what is replaced
+        if (!obstacle) // locks the file until it is closed, so that the kept copy equals the replaced store
             database.exec("BEGIN IMMEDIATE; PRAGMA locking_mode = EXCLUSIVE; COMMIT");
         if (database.execAndGet("PRAGMA user_version").getInt() > SqliteStorage::writtenSchema)
             return std::nullopt;
@@ -281,7 +280,7 @@ std::optional<fs::path> Backup::restore(std::string const& name, fs::path const&
             try {
                 return copy.replace(target);
             } catch (SQLite::Exception const& error) {
-                // Another restore has put its file in the place of the one that this one had opened.
+                // Retries where another restore has replaced the file that this one had opened.
                 if (error.getExtendedErrorCode() != SQLITE_READONLY_DBMOVED && error.getErrorCode() != SQLITE_READONLY_DBMOVED)
                     throw;
             }
@@ -296,7 +295,7 @@ std::optional<fs::path> Backup::Copy::replace(fs::path const& target)
     if (present == fs::file_type::none)
         throwSystemError(target, restoreTheStore, error.value());
     if (present == fs::file_type::not_found) {
-        setCompanionsAside(target, keptName(target)); // a journal may be there alone
+        setCompanionsAside(target, keptName(target)); // a journal may lie there without its store
         if (writeNewFile(target, m_content, restoreTheStore))
             return std::nullopt;
     }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <Storage/Kind.h>
 #include <Storage/SqliteStorage.h>
 
 #include "SqliteErrors.h"
@@ -25,7 +26,7 @@ namespace Storage {
 
 namespace {
 
-// As SQLite takes it; the longest that it can wait is some 24 days.
+// Clamped to SQLite's `int`, some 24 days.
 int busyMilliseconds(std::chrono::milliseconds duration)
 {
     return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(duration.count(), 0, std::numeric_limits<int>::max()));
@@ -37,8 +38,7 @@ long long millisecondsSinceEpoch()
     return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
 }
 
-// SQLite's limit for a text or a blob. It would refuse more by itself, but takes sizes as int, to which a longer one would
-// be cut on the way.
+// Throws beyond SQLite's limit for a text or a blob. SQLite takes sizes as `int`, which would truncate a longer one.
 int checkedSize(std::size_t size)
 {
     if (size > 1000000000)
@@ -52,23 +52,17 @@ void bindText(SQLite::Statement& statement, int index, std::string const& text)
     statement.bindNoCopy(index, text);
 }
 
-// A value as it is stored: the word for its kind, and how SQLite is given it.
-char const* kindOf(bool) { return "bool"; }
-char const* kindOf(int) { return "int"; }
-char const* kindOf(std::string const&) { return "string"; }
-char const* kindOf(std::vector<unsigned char> const&) { return "bytes"; }
-
 void bindValue(SQLite::Statement& statement, int index, bool value) { statement.bind(index, value ? 1 : 0); }
 void bindValue(SQLite::Statement& statement, int index, int value) { statement.bind(index, value); }
 void bindValue(SQLite::Statement& statement, int index, std::string const& value) { bindText(statement, index, value); }
 void bindValue(SQLite::Statement& statement, int index, std::vector<unsigned char> const& value)
 {
-    // A null pointer would store a null instead of no bytes.
+    // A null pointer would be stored as NULL instead of an empty blob.
     void const* const bytes = value.empty() ? static_cast<void const*>("") : value.data();
     statement.bindNoCopy(index, bytes, checkedSize(value.size()));
 }
 
-// A statement that is still running holds a lock on the file, so each use ends with a reset, also when it throws.
+// Resets a statement at the end of its scope, as a running statement holds a lock on the file.
 class Use {
 public:
     explicit Use(SQLite::Statement& statement) : m_statement(statement) {}
@@ -85,7 +79,7 @@ private:
 
 } // namespace
 
-// The open file with its statements. Each public member function is one call of the store, for one thread at a time.
+// The open file with its statements. Each public member function is one call of the store, under a mutex.
 class SqliteStorage::Connection {
     template <typename Work>
     auto attempt(std::string const& what, Work const& work)
@@ -94,7 +88,7 @@ class SqliteStorage::Connection {
         return withStorageErrors(m_file, what, work);
     }
 
-    // One transaction. A newer version may have taken the file over since it was opened; inside the transaction nobody can.
+    // One transaction. The schema is checked inside it, as a newer version may have migrated the file since it was opened.
     template <typename Work>
     void changeNow(std::string const& what, Work const& work)
     {
@@ -105,8 +99,8 @@ class SqliteStorage::Connection {
         transaction.commit();
     }
 
-    // Leaves the file to others for a moment now and then, as those that wait for it would otherwise find it taken for as
-    // long as this process goes on changing it. Not between any two changes: a short sleep lasts far longer than asked for.
+    // Pauses now and then, as processes that wait for the file would starve while this one goes on changing it. It does
+    // not pause after each change, as a short sleep lasts far longer than requested.
     template <typename Work>
     void change(std::string const& what, Work const& work)
     {
@@ -134,7 +128,7 @@ class SqliteStorage::Connection {
     {
         Use set(m_set);
         bindText(*set, 1, key);
-        set->bindNoCopy(2, kindOf(value));
+        set->bindNoCopy(2, storedWord(kindOfType<T>()));
         bindValue(*set, 3, value);
         set->bind(4, static_cast<std::int64_t>(millisecondsSinceEpoch()));
         set->exec();
@@ -160,7 +154,7 @@ class SqliteStorage::Connection {
 
     std::filesystem::path const m_file;
     std::mutex m_turns;
-    std::chrono::steady_clock::duration m_taken{}; // by changes, since the last pause
+    std::chrono::steady_clock::duration m_taken{}; // the time that changes took since the last pause
     std::chrono::steady_clock::time_point m_pauseEnd;
     SQLite::Database m_database;
     SQLite::Statement m_schema;
@@ -247,7 +241,7 @@ SqliteStorage::~SqliteStorage() = default;
 
 namespace {
 
-// What a read for one kind gives: the value where the key holds that kind, else the default.
+// Returns the default where the key is absent or holds another kind.
 template <typename T>
 T valueOr(std::optional<SqliteStorage::Row> row, T const& defaultValue)
 {

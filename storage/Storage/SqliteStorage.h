@@ -22,9 +22,9 @@ namespace Storage {
 /// Threads: any thread may call at any time; calls on one object take turns.
 /// Processes: several may hold the file open. A read sees what another process committed before it; a writer waits for
 ///   the others, for as long as `Options::busyTimeout`.
-/// Kinds: a read for another kind than the stored one answers its default and changes nothing; `find` tells the kind.
-/// Errors: every function throws `StorageError` (and `std::bad_alloc`), never anything of SQLite's. A file is never
-///   replaced and never emptied, whatever it holds: only a missing file is created. The object stays usable.
+/// Kinds: a read for another kind than the stored one returns its default and changes nothing; `find` returns the kind.
+/// Errors: every function throws `StorageError` (and `std::bad_alloc`), never an exception of SQLite's. An existing file
+///   is never replaced and never emptied: only a missing file is created. The object stays usable.
 class SqliteStorage final : public ISettingsStorage {
 public:
     /// How often SQLite waits for the disk, see its documentation of PRAGMA synchronous.
@@ -33,7 +33,7 @@ public:
         full = 2,   ///< A change is on disk when its call returns.
     };
 
-    /// How patient and how careful a store is.
+    /// What a host may choose for a store.
     struct Options {
         /// How long a call waits for other processes before it throws.
         std::chrono::milliseconds busyTimeout{5000};
@@ -41,13 +41,13 @@ public:
         Synchronous synchronous = Synchronous::full;
     };
 
-    /// A stored value; `std::monostate` for a kind, or a value of a kind, that this version cannot read.
+    /// A stored value; `std::monostate` where this version cannot read the kind, or the value as that kind.
     using Value = std::variant<std::monostate, bool, int, std::string, std::vector<unsigned char>>;
 
-    /// A key, and what it holds.
+    /// A key with its value.
     struct Row {
         std::string key;  ///< Of any bytes; UTF-8 by convention.
-        std::string kind; ///< "bool", "int", "string" or "bytes"; another word where a later version stored it.
+        std::string kind; ///< The stored word of a `Storage::Kind`; another word where a later version stored it.
         Value value;      ///< Of that kind.
         std::chrono::system_clock::time_point changed; ///< When the value was last set, to the millisecond.
     };
@@ -58,20 +58,20 @@ public:
         Value value;     ///< `std::monostate` removes the key.
     };
 
-    /// What can be told of the file itself.
+    /// The properties of the file itself.
     struct Report {
-        std::string sqliteVersion;       ///< Of the SQLite that runs, such as "3.40.1".
-        std::string journalMode;         ///< That this object writes with, as SQLite names it.
+        std::string sqliteVersion;       ///< Of the SQLite in use, such as "3.40.1".
+        std::string journalMode;         ///< Of this object, in SQLite's word.
         int schemaVersion = 0;           ///< Of the file.
-        std::vector<std::string> damage; ///< In SQLite's words; empty where the file is sound.
+        std::vector<std::string> damage; ///< In SQLite's words; empty where the file is undamaged.
     };
 
     /// The schema that this version writes. A file with a newer one is opened for reading only.
     static constexpr int writtenSchema = 1;
 
     /// Opens the store in `file`. A missing file is created with mode 0600, missing folders above it with 0700. An
-    /// existing file is checked whole and not changed. A file that the user may read but not write, and one that a newer
-    /// version wrote, is opened for reading, and each change throws. The current directory counts only now.
+    /// existing file is checked completely and not changed. A file that the user may read but not write, or that a newer
+    /// version wrote, is opened for reading, and each change throws. A relative path is resolved once, here.
     explicit SqliteStorage(std::filesystem::path const& file);
     /// As above, with options of the caller's choice.
     SqliteStorage(std::filesystem::path const& file, Options const& options);
@@ -92,17 +92,17 @@ public:
     std::string getString(std::string const& key, std::string const& defaultValue) const override;
     std::vector<unsigned char> getBytes(std::string const& key, std::vector<unsigned char> const& defaultValue) const override;
 
-    /// What `key` holds; nothing where it is absent. Tells a mismatch of kinds from an absent key.
+    /// The row of `key`, of whichever kind; nullopt where the key is absent.
     std::optional<Row> find(std::string const& key) const;
     /// All rows as of one moment, sorted by the bytes of their keys.
     std::vector<Row> rows() const;
 
     /// Makes all of `changes`, in their order, or none of them where one cannot be made: one transaction.
     void apply(std::vector<Change> const& changes);
-    /// The bytes of the store as of one moment: a store of their own when they are written to a file.
+    /// The bytes of the store as of one moment, which make another store when they are written to a file.
     std::string snapshot() const;
-    /// A number that is another one when somebody else, also another object of this process, has changed the file since
-    /// the last call.
+    /// A number that differs from that of the last call where another process, or another object of this one, has changed
+    /// the file in between.
     long long changesOfOthers() const;
 
     /// The file, as an absolute path.
@@ -113,7 +113,7 @@ public:
     std::optional<StorageError> readOnlyError() const;
     /// The version of SQLite that all stores are read and written with.
     static std::string sqliteVersion();
-    /// Looks the file over, whole.
+    /// Checks the whole file.
     Report examine() const;
 
 private:

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "StoreContent.h"
 
+#include <Storage/Kind.h>
+
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Exception.h>
 #include <SQLiteCpp/Statement.h>
@@ -12,6 +14,7 @@
 #include <chrono>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <utility>
 
@@ -21,26 +24,26 @@ namespace {
 
 using Value = SqliteStorage::Value;
 
-// The values of a row as they are stored. A value whose type does not fit its kind is not guessed at.
-Value decoded(std::string const& kind, SQLite::Column const& stored)
+// Returns no value where its SQL type does not fit its kind.
+Value decoded(std::optional<Kind> kind, SQLite::Column const& stored)
 {
-    if (kind == "string" && stored.isText())
+    if (kind == Kind::text && stored.isText())
         return stored.getString();
-    if (kind == "bytes" && stored.isBlob()) {
+    if (kind == Kind::bytes && stored.isBlob()) {
         auto const* bytes = static_cast<unsigned char const*>(stored.getBlob());
         return std::vector<unsigned char>(bytes, bytes + stored.getBytes());
     }
     if (!stored.isInteger())
         return {};
     long long const number = stored.getInt64();
-    if (kind == "bool" && (number == 0 || number == 1))
+    if (kind == Kind::boolean && (number == 0 || number == 1))
         return number == 1;
-    if (kind == "int" && number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max())
+    if (kind == Kind::integer && number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max())
         return static_cast<int>(number);
     return {};
 }
 
-// A time beyond what the clock holds, which another program may have stored, becomes the clock's first or last one.
+// Clamps a time beyond the clock's range, which another program may have stored.
 std::chrono::system_clock::time_point decodedTime(long long sinceEpoch)
 {
     using namespace std::chrono;
@@ -53,7 +56,7 @@ std::chrono::system_clock::time_point decodedTime(long long sinceEpoch)
 
 SqliteStorage::Row decodedRow(std::string key, SQLite::Column const& kind, SQLite::Column const& value, SQLite::Column const& changed)
 {
-    return {std::move(key), kind.getString(), decoded(kind.getString(), value), decodedTime(changed.getInt64())};
+    return {std::move(key), kind.getString(), decoded(kindFromWord(kind.getString()), value), decodedTime(changed.getInt64())};
 }
 
 char const* const setStatement = "INSERT INTO settings (key, kind, value, changed) VALUES (?1, ?2, ?3, ?4) ON CONFLICT (key) DO UPDATE "
@@ -70,19 +73,19 @@ std::vector<SqliteStorage::Row> storedRows(SQLite::Database& database)
 
 std::vector<std::string> damageOf(SQLite::Database& database)
 {
-    sqlite3_db_release_memory(database.getHandle()); // pages in memory tell nothing of the file
+    sqlite3_db_release_memory(database.getHandle()); // cached pages would hide damage in the file
     SQLite::Statement check(database, "PRAGMA integrity_check");
     std::vector<std::string> damage;
     try {
         while (check.executeStep()) {
-            // One row may hold several findings, each on a line, below a heading that names the database.
+            // A row may hold several findings, one a line, below a heading that names the database.
             std::istringstream findings(check.getColumn(0).getString());
             for (std::string finding; std::getline(findings, finding);)
                 if (finding != "ok" && finding.compare(0, 3, "***") != 0)
                     damage.push_back(finding);
         }
     } catch (SQLite::Exception const&) {
-        if (damage.empty()) // else the check gave up over what it found
+        if (damage.empty()) // else the check stopped at the damage that it found
             throw;
     }
     return damage;
@@ -90,7 +93,7 @@ std::vector<std::string> damageOf(SQLite::Database& database)
 
 std::string snapshotOf(SQLite::Database& database)
 {
-    // The transaction, and a first read in it, hold the moment.
+    // The first read in a transaction fixes the moment of the snapshot.
     SQLite::Transaction const moment(database);
     database.execAndGet("PRAGMA user_version");
     sqlite3_int64 size = 0;
@@ -98,7 +101,7 @@ std::string snapshotOf(SQLite::Database& database)
     if (!bytes)
         throw SQLite::Exception(database.getHandle());
     std::string content(reinterpret_cast<char const*>(bytes.get()), static_cast<std::size_t>(size));
-    return content.replace(formatsAt, 2, "\1\1"); // what another program keeps in a log is among the bytes
+    return content.replace(formatsAt, 2, "\1\1"); // the bytes include those of a write-ahead log
 }
 
 } // namespace Storage

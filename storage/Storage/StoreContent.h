@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What an open store holds. Internal.
+// The rows and the bytes of an open store. Internal.
 #pragma once
 
 #include <Storage/SqliteStorage.h>
@@ -13,19 +13,19 @@
 
 namespace Storage {
 
-/// Stores a value: key, kind, value and time.
+/// The statement that stores a row: key, kind, value and time.
 extern char const* const setStatement;
 
 /// The offset in SQLite's header of two bytes: the formats for writers and for readers.
 inline constexpr int formatsAt = 18;
 
-/// What SQLite finds wrong with the file.
+/// The findings of SQLite's integrity check; empty where the file is undamaged.
 std::vector<std::string> damageOf(SQLite::Database& database);
 
 /// All rows of an open store, sorted by the bytes of their keys.
 std::vector<SqliteStorage::Row> storedRows(SQLite::Database& database);
 
-/// A row as the columns of a statement hold it.
+/// Decodes the columns of a row.
 SqliteStorage::Row decodedRow(std::string key, SQLite::Column const& kind, SQLite::Column const& value, SQLite::Column const& changed);
 
 /// The bytes of an open store's file as of one moment, with a header that asks for no write-ahead log.

@@ -25,11 +25,11 @@ using Code = StorageError::Code;
 
 constexpr int applicationId = 0x4C754553; // "LuES", in the file's header, tells a store from other SQLite files
 
-// Kinds and values carry no constraint: what a later version stores passes through this one untouched.
+// Kinds and values have no constraint, so that rows of a later version survive in a file that this one made.
 constexpr char const* makeTables = "BEGIN;"
                                    "CREATE TABLE settings ("
                                    " key TEXT NOT NULL PRIMARY KEY,"
-                                   " kind TEXT NOT NULL," // bool, int, string, bytes
+                                   " kind TEXT NOT NULL," // a stored word of Kind
                                    " value NOT NULL,"
                                    " changed INTEGER NOT NULL);" // milliseconds since 1970-01-01 00:00 UTC
                                    "COMMIT;";
@@ -72,7 +72,7 @@ bool hasJournal(fs::path const& file)
     return !error && size > 0;
 }
 
-// A missing store is made, unless its name or its journal belongs to something else.
+// Throws where a new store must not be created under the name.
 void checkMissing(fs::path const& file)
 {
     std::error_code error;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The file of a SqliteStorage: how it comes to be, how it is checked. Internal.
+// Creates, checks and opens the file of a `SqliteStorage`. Internal.
 #pragma once
 
 #include <Storage/SqliteStorage.h>
@@ -13,14 +13,14 @@
 
 namespace Storage {
 
-/// `file` as an absolute path. Throws `StorageError`, which names `attempt`, where it is empty, holds a NUL or is too
-/// long for SQLite, or there is no current directory.
+/// Returns `file` as an absolute path. Throws a `StorageError` of `attempt` where it is empty, holds a NUL or is too long
+/// for SQLite, or where the process has no current directory.
 std::filesystem::path absolutePath(std::filesystem::path const& file, char const* attempt);
 
-/// Opens the store in the absolute path `file`, creating a missing one. Throws `StorageError` and SQLite's errors.
+/// Opens the store in the absolute path `file`, and creates a missing one. Throws `StorageError` and SQLite's errors.
 SQLite::Database openStore(std::filesystem::path const& file, int busyTimeoutMilliseconds, int synchronous);
 
-/// Throws `StorageError`, which names `file`, and SQLite's errors where the open database is no sound store.
+/// Throws a `StorageError` about `file`, or SQLite's error, where the open database is not an undamaged store.
 void checkStore(std::filesystem::path const& file, SQLite::Database& database);
 
 /// The error of `attempt`, a change of the open store whose file has the schema `schema`; nullopt where changes are allowed.

@@ -11,7 +11,7 @@
 
 namespace TestKit {
 
-/// A store in memory, empty at first. A read for another kind than the stored one gives its default. Any thread may call.
+/// A store in memory, empty at first. A read for another kind than the stored one returns its default. Any thread may call.
 class MemoryStorage final : public ISettingsStorage {
 public:
     /// A value of any kind that a store keeps.

@@ -10,10 +10,10 @@ namespace TestKit {
 namespace {
 
 template <typename... Arguments>
-std::string formatted(char const* format, Arguments... arguments)
+std::string formatted(char const* format, Arguments... values)
 {
     char buffer[16];
-    std::snprintf(buffer, sizeof buffer, format, arguments...);
+    std::snprintf(buffer, sizeof buffer, format, values...);
     return buffer;
 }
 
@@ -44,6 +44,12 @@ std::string text(std::vector<unsigned char> const& value)
     return result + ']';
 }
 
+template <typename T>
+std::string arguments(std::string const& key, T const& value)
+{
+    return text(key) + ", " + text(value);
+}
+
 } // namespace
 
 void CallLog::add(std::string call)
@@ -59,100 +65,110 @@ std::vector<std::string> CallLog::take()
 }
 
 RecordingStorage::RecordingStorage(std::string name, std::shared_ptr<CallLog> log, std::shared_ptr<ISettingsStorage> inner)
-    : m_name(std::move(name)), m_log(std::move(log)), m_inner(inner ? std::move(inner) : std::make_shared<MemoryStorage>())
+    : ForwardingStorage(inner ? std::move(inner) : std::make_shared<MemoryStorage>()), m_name(std::move(name)), m_log(std::move(log))
 {}
+
+void RecordingStorage::log(char const* operation, std::string const& arguments) const
+{
+    m_log->add(m_name + '.' + operation + '(' + arguments + ')');
+}
 
 void RecordingStorage::setBool(std::string const& key, bool value)
 {
-    m_log->add(m_name + ".setBool(" + text(key) + ", " + text(value) + ')');
-    m_inner->setBool(key, value);
+    log("setBool", arguments(key, value));
+    ForwardingStorage::setBool(key, value);
 }
 
 void RecordingStorage::setInt(std::string const& key, int value)
 {
-    m_log->add(m_name + ".setInt(" + text(key) + ", " + text(value) + ')');
-    m_inner->setInt(key, value);
+    log("setInt", arguments(key, value));
+    ForwardingStorage::setInt(key, value);
 }
 
 void RecordingStorage::setString(std::string const& key, std::string const& value)
 {
-    m_log->add(m_name + ".setString(" + text(key) + ", " + text(value) + ')');
-    m_inner->setString(key, value);
+    log("setString", arguments(key, value));
+    ForwardingStorage::setString(key, value);
 }
 
 void RecordingStorage::setBytes(std::string const& key, std::vector<unsigned char> const& value)
 {
-    m_log->add(m_name + ".setBytes(" + text(key) + ", " + text(value) + ')');
-    m_inner->setBytes(key, value);
+    log("setBytes", arguments(key, value));
+    ForwardingStorage::setBytes(key, value);
 }
 
 bool RecordingStorage::contains(std::string const& key) const
 {
-    m_log->add(m_name + ".contains(" + text(key) + ')');
-    return m_inner->contains(key);
+    log("contains", text(key));
+    return ForwardingStorage::contains(key);
 }
 
 void RecordingStorage::remove(std::string const& key)
 {
-    m_log->add(m_name + ".remove(" + text(key) + ')');
-    m_inner->remove(key);
+    log("remove", text(key));
+    ForwardingStorage::remove(key);
 }
 
 bool RecordingStorage::getBool(std::string const& key, bool defaultValue) const
 {
-    m_log->add(m_name + ".getBool(" + text(key) + ", " + text(defaultValue) + ')');
-    return m_inner->getBool(key, defaultValue);
+    log("getBool", arguments(key, defaultValue));
+    return ForwardingStorage::getBool(key, defaultValue);
 }
 
 int RecordingStorage::getInt(std::string const& key, int defaultValue) const
 {
-    m_log->add(m_name + ".getInt(" + text(key) + ", " + text(defaultValue) + ')');
-    return m_inner->getInt(key, defaultValue);
+    log("getInt", arguments(key, defaultValue));
+    return ForwardingStorage::getInt(key, defaultValue);
 }
 
 std::string RecordingStorage::getString(std::string const& key, std::string const& defaultValue) const
 {
-    m_log->add(m_name + ".getString(" + text(key) + ", " + text(defaultValue) + ')');
-    return m_inner->getString(key, defaultValue);
+    log("getString", arguments(key, defaultValue));
+    return ForwardingStorage::getString(key, defaultValue);
 }
 
 std::vector<unsigned char> RecordingStorage::getBytes(std::string const& key, std::vector<unsigned char> const& defaultValue) const
 {
-    m_log->add(m_name + ".getBytes(" + text(key) + ", " + text(defaultValue) + ')');
-    return m_inner->getBytes(key, defaultValue);
+    log("getBytes", arguments(key, defaultValue));
+    return ForwardingStorage::getBytes(key, defaultValue);
 }
 
 RecordingProductInfo::RecordingProductInfo(std::shared_ptr<CallLog> log, std::shared_ptr<IProductInfo const> inner)
-    : m_log(std::move(log)), m_inner(std::move(inner))
+    : RecordingProductInfo([log = std::move(log)](std::string const& operation) { log->add("productInfo." + operation + "()"); },
+                           std::move(inner))
+{}
+
+RecordingProductInfo::RecordingProductInfo(Record record, std::shared_ptr<IProductInfo const> inner)
+    : m_record(std::move(record)), m_inner(std::move(inner))
 {}
 
 std::string RecordingProductInfo::vendorName() const
 {
-    m_log->add("productInfo.vendorName()");
+    m_record("vendorName");
     return m_inner->vendorName();
 }
 
 std::string RecordingProductInfo::productName() const
 {
-    m_log->add("productInfo.productName()");
+    m_record("productName");
     return m_inner->productName();
 }
 
 std::string RecordingProductInfo::sharedDataFolderName() const
 {
-    m_log->add("productInfo.sharedDataFolderName()");
+    m_record("sharedDataFolderName");
     return m_inner->sharedDataFolderName();
 }
 
 int RecordingProductInfo::productKind() const
 {
-    m_log->add("productInfo.productKind()");
+    m_record("productKind");
     return m_inner->productKind();
 }
 
 std::string RecordingProductInfo::projectFileExtensions() const
 {
-    m_log->add("productInfo.projectFileExtensions()");
+    m_record("projectFileExtensions");
     return m_inner->projectFileExtensions();
 }
 

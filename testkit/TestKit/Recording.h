@@ -2,8 +2,9 @@
 #pragma once
 
 #include <Settings/IProductInfo.h>
-#include <Settings/ISettingsStorage.h>
+#include <Storage/ForwardingStorage.h>
 
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -11,15 +12,15 @@
 
 namespace TestKit {
 
-/// The calls that collaborators received, in order, as text such as `product.getInt("npsSendCount", 0)`. Several
-/// collaborators may share one log, which then tells the order among them. Any thread may call.
+/// The calls that collaborators received, in order, as text such as `product.getInt("npsSendCount", 0)`. Collaborators
+/// that share a log show the order among them. Any thread may call.
 class CallLog {
 public:
     /// Adds a call, as text.
     void add(std::string call);
-    /// What was called since the last `take` or `clear`, which it forgets.
+    /// Returns the calls since the last `take` or `clear`, and forgets them.
     std::vector<std::string> take();
-    /// Forgets what was called so far.
+    /// Forgets the calls so far.
     void clear() { take(); }
 
 private:
@@ -27,11 +28,11 @@ private:
     std::vector<std::string> m_calls;
 };
 
-/// Logs each call with its arguments, then hands it to another store. Texts are logged with C escapes, bytes as
-/// `[00 ff]`. A call is logged before it is handed on, so that one which throws is logged too.
-class RecordingStorage final : public ISettingsStorage {
+/// Logs each call with its arguments, then forwards it; a call that throws is logged too. Texts are logged with C
+/// escapes, bytes as `[00 ff]`.
+class RecordingStorage final : public Storage::ForwardingStorage {
 public:
-    /// `name` stands before each call in `log`. Without `inner` the calls go to a `MemoryStorage` of its own.
+    /// `name` stands before each call in `log`. Without `inner` the calls go to a new `MemoryStorage`.
     RecordingStorage(std::string name, std::shared_ptr<CallLog> log, std::shared_ptr<ISettingsStorage> inner = nullptr);
 
     void setBool(std::string const& key, bool value) override;
@@ -46,16 +47,22 @@ public:
     std::vector<unsigned char> getBytes(std::string const& key, std::vector<unsigned char> const& defaultValue) const override;
 
 private:
+    void log(char const* operation, std::string const& arguments) const;
+
     std::string m_name;
     std::shared_ptr<CallLog> m_log;
-    std::shared_ptr<ISettingsStorage> m_inner;
 };
 
-/// Logs each call, such as `productInfo.vendorName()`, then hands it to another product-information object.
+/// Records each call, then forwards it to another product-information object.
 class RecordingProductInfo final : public IProductInfo {
 public:
-    /// Each call goes into `log`, then to `inner`.
+    /// Takes the name of an operation, such as "vendorName".
+    using Record = std::function<void(std::string const& operation)>;
+
+    /// Logs each call in `log`, such as `productInfo.vendorName()`.
     RecordingProductInfo(std::shared_ptr<CallLog> log, std::shared_ptr<IProductInfo const> inner);
+    /// Passes each operation to `record`.
+    RecordingProductInfo(Record record, std::shared_ptr<IProductInfo const> inner);
 
     std::string vendorName() const override;
     std::string productName() const override;
@@ -64,7 +71,7 @@ public:
     std::string projectFileExtensions() const override;
 
 private:
-    std::shared_ptr<CallLog> m_log;
+    Record m_record;
     std::shared_ptr<IProductInfo const> m_inner;
 };
 

@@ -5,8 +5,8 @@
 
 namespace TestKit {
 
-/// Binds the library to `context` and, when it goes, restores the binding that it found. Like `Settings::init` it must
-/// not run beside any other call of the library.
+/// Binds the library to `context`, and restores the earlier binding when it is destroyed. Like `Settings::init` it must
+/// not run at the same time as any other call of the library.
 class ScopedBinding {
 public:
     /// Binds the library to `context`, which is not kept alive.

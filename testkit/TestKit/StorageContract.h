@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 /// @file
-/// What every store owes its callers, as GoogleTest tests that a host runs over its own store:
+/// The contract of a store, as GoogleTest tests that a host runs over its own store:
 ///
 ///   struct MyBackend {
 ///       std::shared_ptr<ISettingsStorage> open(); // an empty store at the first call
@@ -10,8 +10,8 @@
 ///   INSTANTIATE_TYPED_TEST_SUITE_P(MyStore, StorageContract, MyBackend);
 ///   }
 ///
-/// A backend is made anew for each test. `open` may be called again, also while the earlier store lives, and gives a
-/// store with the same content; a backend without a lasting one returns the same store.
+/// Each test has a new backend. `open` may be called again, also while the earlier store lives, and returns a store with
+/// the same content; a backend in memory returns the same store.
 #pragma once
 
 #include <Settings/ISettingsStorage.h>
@@ -33,7 +33,7 @@ using Bytes = std::vector<unsigned char>;
 template <typename Backend>
 class StorageContract : public testing::Test {
 protected:
-    Backend m_backend;                                            ///< Made anew for each test.
+    Backend m_backend;                                            ///< A new one for each test.
     std::shared_ptr<ISettingsStorage> m_store = m_backend.open(); ///< Its store, empty.
 };
 

@@ -9,7 +9,7 @@
 namespace TestKit {
 
 /// A home folder of a test's own: HOME and every XDG variable point into a fresh folder, which is removed with all it
-/// holds when the object goes; the variables then get their earlier values back. No code under test can reach the
+/// holds when the object is destroyed; the variables then have their earlier values again. No code under test can reach the
 /// user's own settings meanwhile. Changes the environment, so no other thread may be running.
 class TemporaryHome {
 public:

@@ -2,13 +2,14 @@
 //
 // Typed access allocates what its conversions allocate and nothing more. Allocations of the store are not counted.
 #include <Lumora/Util/ByteConversion.h>
-
+#include <Storage/EmptyStorage.h>
 #include <support/Allocations.h>
 #include <support/BoundLibrary.h>
-#include <support/EmptyStorage.h>
 #include <support/Named.h>
 
 namespace {
+
+using Storage::EmptyStorage;
 
 using Rational = boost::rational<long long>;
 

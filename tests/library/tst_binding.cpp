@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <Storage/EmptyStorage.h>
 #include <TestKit/FailingStorage.h>
 
 #include <support/BoundLibrary.h>
-#include <support/EmptyStorage.h>
 
 #include <atomic>
 #include <condition_variable>
@@ -21,6 +21,8 @@ static_assert(std::has_virtual_destructor_v<IProductInfo> && std::has_virtual_de
 static_assert(std::is_abstract_v<IProductInfo> && std::is_abstract_v<ISettingsStorage>);
 
 namespace {
+
+using Storage::EmptyStorage;
 
 using TestKit::FixedProductInfo;
 using TestKit::MemoryStorage;

@@ -2,7 +2,7 @@
 #include <Storage/SqliteStorage.h>
 
 #include <support/BoundLibrary.h>
-#include <support/EmptyStorage.h>
+#include <Storage/EmptyStorage.h>
 #include <support/Named.h>
 
 #include <type_traits>
@@ -34,6 +34,8 @@ static_assert(std::is_same_v<decltype(setAutoDownloadUpdates(true)), void>, "a d
 } // namespace BothInSight
 
 namespace {
+
+using Storage::EmptyStorage;
 
 using Bytes = std::vector<unsigned char>;
 

@@ -3,8 +3,8 @@
 // Loads and unloads the library and records the order in which its static objects are constructed: each constructor is
 // followed by a call of __cxa_atexit, which this program intercepts.
 #include <Settings/SettingsContext.h>
+#include <Storage/EmptyStorage.h>
 
-#include <support/EmptyStorage.h>
 #include <support/Process.h>
 
 #include <QFont>
@@ -26,6 +26,8 @@
 #include <link.h>
 
 namespace {
+
+using Storage::EmptyStorage;
 
 constexpr std::size_t capacity = 4096;
 void* registered[capacity];

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <Storage/EmptyStorage.h>
 #include <TestKit/FailingStorage.h>
 
 #include <support/BoundLibrary.h>
-#include <support/EmptyStorage.h>
 #include <support/Named.h>
 #include <support/Process.h>
 
@@ -32,6 +32,8 @@ static_assert(std::is_same_v<decltype(&Settings::generateFreezedFilePath), QStri
 static_assert(std::is_same_v<decltype(&Settings::generateStabilizedFilePath), QString (*)(QString, QString)>);
 
 namespace {
+
+using Storage::EmptyStorage;
 
 namespace fs = std::filesystem;
 

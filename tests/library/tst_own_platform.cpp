@@ -5,11 +5,13 @@
 #include <Lumora/Util/StandardPaths.h>
 
 #include <support/BoundLibrary.h>
-#include <support/EmptyStorage.h>
+#include <Storage/EmptyStorage.h>
 
 #include <functional>
 
 namespace {
+
+using Storage::EmptyStorage;
 
 std::vector<QStandardPaths::StandardLocation> askedLocations;
 std::vector<QString> askedLibraries;

@@ -2,7 +2,7 @@
 #include <TestKit/FailingStorage.h>
 
 #include <support/BoundLibrary.h>
-#include <support/EmptyStorage.h>
+#include <Storage/EmptyStorage.h>
 #include <support/Named.h>
 
 #include <functional>
@@ -26,6 +26,8 @@ static_assert(hasOverloads<Rational>(&read, &write));
 static_assert(hasOverloads<QStringList, QStringList>(&read, &write));
 
 namespace {
+
+using Storage::EmptyStorage;
 
 std::string const key = "key";
 bool const common = true;

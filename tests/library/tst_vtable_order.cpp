@@ -3,8 +3,8 @@
 // Where the functions of the host's interfaces stand in their tables. A host that was compiled earlier is called by these
 // numbers and not by name, so a function that moves is another function to it.
 #include <Settings/IProductInfo.h>
+#include <Storage/EmptyStorage.h>
 
-#include <support/EmptyStorage.h>
 
 #include <gtest/gtest.h>
 
@@ -16,6 +16,8 @@
 #include <vector>
 
 namespace {
+
+using Storage::EmptyStorage;
 
 // As the C++ ABI of this platform has it: the first half of a pointer to a virtual function is its offset in bytes plus 1.
 template <typename Function>

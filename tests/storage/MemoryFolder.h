@@ -8,8 +8,8 @@
 
 #include <stdlib.h>
 
-/// A folder of its own in memory, where a system has such a place, else among the temporary files: for what writes so
-/// often that it would wait for the disk most of the time. A killed process leaves there what it leaves on a disk.
+/// A new folder in memory, or among the temporary files where the system has none: for tests that would wait for the disk
+/// most of the time. A killed process leaves the same files there as on a disk.
 class MemoryFolder {
 public:
     MemoryFolder()

@@ -16,7 +16,7 @@
 
 #include <sys/stat.h>
 
-/// A folder for stores, and what a test does to their files from outside.
+/// A folder for stores, with functions that change their files from outside.
 class StoreFolder : public testing::Test {
 public:
     static std::string content(std::filesystem::path const& file)
@@ -34,7 +34,7 @@ public:
             throw std::runtime_error("cannot write " + file.string());
     }
 
-    /// What `work` is refused with.
+    /// The text of the error that `work` throws.
     static std::string refusal(std::function<void()> const& work)
     {
         try {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Many processes and threads that write to one file at once: each value is there, whole, and nobody is turned away.
+// Many processes and threads write to one file at once: each value is stored completely, and no call times out.
 #include "Ledger.h"
 #include "MemoryFolder.h"
 #include "StoreFolder.h"

@@ -159,6 +159,18 @@ protected:
         EXPECT_EQ(text.find("not an error"), std::string::npos) << text;
     }
 
+    // Makes a store, changes it, reads it, and opens it and another one again.
+    void doEverything(Ledger& ledger)
+    {
+        std::unique_ptr<SqliteStorage> store = open();
+        ledger.fill(*store);
+        ledger.change(*store, 1);
+        store->rows();
+        store.reset();
+        store = open();
+        SqliteStorage("relative.sqlite").getInt("key", 0);
+    }
+
     // Does `act` with every refusal at every call, from a state that `prepare` makes, and looks at the store afterwards.
     void injectEverywhere(char const* operation, std::function<Ledger(std::unique_ptr<SqliteStorage>&)> const& prepare,
                           std::function<void(std::unique_ptr<SqliteStorage>&, Ledger&)> const& act)
@@ -344,6 +356,17 @@ std::vector<std::string> fileCalls(Calls const& calls)
     return result;
 }
 
+std::string recordedCalls(std::function<void()> const& work)
+{
+    FaultySystem::watch();
+    work();
+    FaultySystem::rest();
+    std::string result;
+    for (std::string const& call : fileCalls(FaultySystem::calls()))
+        result += call + '\n';
+    return result;
+}
+
 TEST_F(Injection, MissesNoCallOfTheSystem)
 {
     if (!Traced::isPossible())
@@ -352,31 +375,14 @@ TEST_F(Injection, MissesNoCallOfTheSystem)
     GTEST_SKIP() << "the sanitizer makes calls of its own, such as the pipe by which it looks whether memory can be read";
 #endif
     Ledger ledger;
-    std::unique_ptr<SqliteStorage> store;
-    auto const everything = [&] {
-        store = open();
-        ledger.fill(*store);
-        ledger.change(*store, 1);
-        store->rows();
-        store.reset();
-        store = open();
-        SqliteStorage("relative.sqlite").getInt("key", 0);
-    };
+    auto const everything = [&] { doEverything(ledger); };
     std::filesystem::current_path(m_home.path());
     auto const made = fileCalls(Traced::systemCalls({[] {}, everything}));
     std::filesystem::remove_all(path("folder"));
     std::filesystem::remove(path("relative.sqlite"));
     ledger = Ledger();
     // In a fresh process too, as some calls are made only once in each.
-    auto const seen = lines(inChild([&] {
-        FaultySystem::watch();
-        everything();
-        FaultySystem::rest();
-        std::string result;
-        for (std::string const& call : fileCalls(FaultySystem::calls()))
-            result += call + '\n';
-        return result;
-    }));
+    auto const seen = lines(inChild([&] { return recordedCalls(everything); }));
     std::filesystem::current_path("/");
     auto const [first, second] = std::mismatch(seen.begin(), seen.end(), made.begin(), made.end());
     EXPECT_TRUE(first == seen.end() && second == made.end())

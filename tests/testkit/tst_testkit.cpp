@@ -66,6 +66,16 @@ TEST(RecordingKit, LogsACallThatThrows)
     EXPECT_EQ(log->take(), (Calls{"store.setInt(\"i\", 1)"}));
 }
 
+TEST(RecordingKit, PassesEachOperationOfTheProductToARecordOfTheCallersOwn)
+{
+    std::vector<std::string> operations;
+    auto const record = [&](std::string const& operation) { operations.push_back(operation); };
+    RecordingProductInfo const info(record, std::make_shared<FixedProductInfo>());
+    info.productKind();
+    info.vendorName();
+    EXPECT_EQ(operations, (std::vector<std::string>{"productKind", "vendorName"}));
+}
+
 TEST(RecordingKit, LogsWhatTheProductIsAsked)
 {
     auto const log = std::make_shared<CallLog>();

@@ -283,7 +283,8 @@ std::map<std::string, Halves> rationalsIn(ExaminedStore const& store)
     }
     for (auto entry = rationals.begin(); entry != rationals.end();) {
         auto const& [numerator, denominator] = entry->second;
-        bool const isRational = (numerator && denominator) || (numerator ? numerator : denominator)->kind == "int";
+        bool const isRational =
+            (numerator && denominator) || (numerator ? numerator : denominator)->kind == Storage::storedWord(Storage::Kind::integer);
         entry = isRational ? std::next(entry) : rationals.erase(entry);
     }
     return rationals;

@@ -7,6 +7,7 @@
 #include <Catalogue/Catalogue.h>
 #include <Host/Application.h>
 #include <Storage/FileSystem.h>
+#include <Storage/Kind.h>
 
 #include <filesystem>
 #include <optional>
