@@ -67,12 +67,12 @@ constexpr int triesWhereTheFolderComesAndGoes = 100;
 QString checkedName(Proposal const& proposal)
 {
     std::string const folder = quoted(proposal.folder.toStdString());
-    PathStatus check = writtenFolderStatus(proposal.folder);
+    Inspection::PathStatus check = Inspection::writtenFolderStatus(proposal.folder);
     // The folder may come and go while it is looked at.
     for (int tries = 1; !check.isUsable && tries < triesWhereTheFolderComesAndGoes; ++tries)
-        check = writtenFolderStatus(proposal.folder);
+        check = Inspection::writtenFolderStatus(proposal.folder);
     if (!check.isUsable)
-        throw UserError(absl::StrCat("nothing can be reserved in ", folder, ", which is ", proposal.setting, ": ", check.remark,
+        throw UserError(absl::StrCat("nothing can be reserved in ", folder, ", which is ", proposal.setting, ": ", onOneLine(remark(check)),
                                      "; store another folder there, or mend that"));
     QString const beginning = proposal.folder + QDir::separator();
     if (!proposal.path.startsWith(beginning))
