@@ -48,17 +48,14 @@ PathStatus pathStatus(fs::path const& path)
         return unusable(status, PathReason::holdsNul);
     if (!path.is_absolute())
         return unusable(status, PathReason::relative);
-    std::error_code linkError;
-    std::error_code targetError;
-    fs::file_status const link = fs::symlink_status(path, linkError);
-    fs::file_status const target = fs::status(path, targetError);
+    std::error_code error;
+    bool const isLink = fs::is_symlink(fs::symlink_status(path, error));
+    fs::file_status const target = fs::status(path, error);
     status.exists = fs::exists(target);
-    if (link.type() == fs::file_type::none)
-        return unusable(status, PathReason::unreachable, linkError.message());
     if (target.type() == fs::file_type::none)
-        return unusable(status, PathReason::unreachable, targetError.message());
-    if (fs::is_symlink(link) && !status.exists)
-        return unusable(status, PathReason::danglingLink, fs::read_symlink(path, linkError).u8string());
+        return unusable(status, PathReason::unreachable, error.message());
+    if (isLink && !status.exists)
+        return unusable(status, PathReason::danglingLink, fs::read_symlink(path, error).u8string());
     status.isWritable = status.exists && userMay(path, W_OK);
     return status;
 }
