@@ -34,7 +34,7 @@ struct PathStatus {
     bool isWritable = false; ///< Of a missing folder: whether it can be made.
     bool isUsable = true;    ///< False where the editor writes there and cannot.
     PathReason reason = PathReason::none;
-    std::string detail; ///< Raw bytes from the system, as `reason` tells; else empty.
+    std::string detail; ///< Raw bytes from the system, where `reason` has any.
     std::string above;  ///< The nearest existing folder above a missing one, in raw bytes, where `reason` is about that.
 };
 

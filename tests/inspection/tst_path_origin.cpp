@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What decides a location. The editor's own platform library, here the test's, may answer otherwise than Qt.
+// What decides a location. The editor's own platform library, here the test's, may return another folder than Qt.
 #include <Inspection/PathOrigin.h>
 
 #include <Lumora/Util/StandardPaths.h>
