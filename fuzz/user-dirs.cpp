@@ -11,9 +11,10 @@ namespace {
 
 void checkReasons(Host::Application const& application, char const* place)
 {
-    std::vector<Decision> const reasons = decisions(application, *Catalogue::findLocation(place));
-    if (reasons.empty() || reasons.front().by != "user-dirs.dirs")
-        Fuzz::finding(std::string("the reasons for ") + place + " lead elsewhere", {reasons.empty() ? "" : reasons.front().text});
+    std::vector<Inspection::Decision> const reasons =
+        decisions(application, Inspection::locationState(*Catalogue::findLocation(place), {}));
+    if (reasons.empty() || reasons.front().by != Inspection::Decision::By::userDirs)
+        Fuzz::finding(std::string("the reasons for ") + place + " lead elsewhere", {reasons.empty() ? "" : text(reasons.front())});
 }
 
 struct Surroundings : Fuzz::BoundLibrary {

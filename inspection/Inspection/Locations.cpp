@@ -1,15 +1,34 @@
 // SPDX-License-Identifier: MIT
 #include <Inspection/Locations.h>
 
-#include "terminal/Escaping.h"
-
 #include <algorithm>
 
 using Catalogue::Location;
 using Catalogue::Preference;
 using Catalogue::Use;
 
-std::string LocationState::label() const { return argument.empty() ? name : name + '(' + onOneLine(argument) + ')'; }
+namespace Inspection {
+
+PathStatus LocationState::status() const
+{
+    PathStatus notOnDisk;
+    if (path.isNull()) {
+        notOnDisk.reason = PathReason::noPath;
+        return notOnDisk;
+    }
+    switch (use) {
+    case Use::written:
+        return writtenFolderStatus(path);
+    case Use::fallback:
+    case Use::shipped:
+        return readPathStatus(path);
+    case Use::fragment:
+    case Use::embedded:
+        break;
+    }
+    notOnDisk.reason = use == Use::fragment ? PathReason::joined : PathReason::embedded;
+    return notOnDisk;
+}
 
 LocationState locationState(Preference const& preference)
 {
@@ -17,9 +36,9 @@ LocationState locationState(Preference const& preference)
             &preference};
 }
 
-LocationState locationState(Location const& place, std::string const& argument)
+LocationState locationState(Location const& location, std::string const& argument)
 {
-    return {place.name, argument, place.path(argument), place.use, &place};
+    return {location.name, argument, location.path(argument), location.use, &location};
 }
 
 std::vector<LocationState> locationStates()
@@ -28,11 +47,11 @@ std::vector<LocationState> locationStates()
     for (Preference const& row : Catalogue::preferences())
         if (row.computedDefault)
             states.push_back(locationState(row));
-    for (Location const& place : Catalogue::locations()) {
-        if (place.arguments.empty())
-            states.push_back(locationState(place, {}));
-        for (std::string const& argument : place.arguments)
-            states.push_back(locationState(place, argument));
+    for (Location const& row : Catalogue::locations()) {
+        if (row.arguments.empty())
+            states.push_back(locationState(row, {}));
+        for (std::string const& argument : row.arguments)
+            states.push_back(locationState(row, argument));
     }
     std::stable_sort(states.begin(), states.end(),
                      [](LocationState const& left, LocationState const& right) { return left.name < right.name; });
@@ -45,8 +64,8 @@ std::vector<std::string> locationNames()
     for (Preference const& row : Catalogue::preferences())
         if (row.computedDefault)
             names.push_back(row.name);
-    for (Location const& place : Catalogue::locations())
-        names.push_back(place.name);
+    for (Location const& row : Catalogue::locations())
+        names.push_back(row.name);
     std::sort(names.begin(), names.end());
     return names;
 }
@@ -54,8 +73,10 @@ std::vector<std::string> locationNames()
 std::vector<WrittenFolder> foldersToWrite()
 {
     std::vector<WrittenFolder> folders;
-    for (LocationState const& location : locationStates())
-        if (location.use == Use::written && !location.isExample())
-            folders.push_back({location.label(), location.path, writtenFolderStatus(location.path)});
+    for (LocationState const& state : locationStates())
+        if (state.use == Use::written && !state.isExample())
+            folders.push_back({state.label(), state.path, writtenFolderStatus(state.path)});
     return folders;
 }
+
+} // namespace Inspection

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The editor's locations as they are now: the catalogue's, and the folder preferences, which fall back on one of those.
+// The editor's locations as they are now: the catalogue's rows, and the folder preferences, whose default is one of those.
 #pragma once
 
 #include <Inspection/PathStatus.h>
@@ -12,28 +12,34 @@
 #include <string>
 #include <vector>
 
-/// A location with all that is known of it.
+namespace Inspection {
+
+/// A location with the path that the library returns for it.
 struct LocationState {
     std::string name;
-    std::string argument; ///< What it is asked about; empty where it takes nothing.
-    QString path;         ///< What the library answers now; null where it finds none.
+    std::string argument; ///< The argument of the library's function, in UTF-8; empty where that takes none.
+    QString path;         ///< Null where the library finds none.
     Catalogue::Use use;
-    Catalogue::Location const* place; ///< Of a folder preference, the one that it falls back on.
-    Catalogue::Preference const* preference = nullptr;
+    Catalogue::Location const* location;               ///< Of a folder preference: its default.
+    Catalogue::Preference const* preference = nullptr; ///< Null where the location is no preference.
 
-    /// The name, with the argument in parentheses.
-    std::string label() const;
+    /// The name, with the argument in parentheses; raw bytes.
+    std::string label() const { return argument.empty() ? name : name + '(' + argument + ')'; }
     /// Whether the location takes any name, so that the listed one is an example.
-    bool isExample() const { return place->arguments.size() == 1; }
+    bool isExample() const { return location->arguments.size() == 1; }
+    /// Whether the path by itself is a place on disk.
+    bool isOnDisk() const { return use != Catalogue::Use::fragment && use != Catalogue::Use::embedded; }
+    /// What the path leads to, asked as `use` needs it.
+    PathStatus status() const;
 };
 
-/// What `place` gives for `argument`.
-LocationState locationState(Catalogue::Location const& place, std::string const& argument);
-/// What a folder preference gives.
+/// What the library returns for `argument`.
+LocationState locationState(Catalogue::Location const& location, std::string const& argument);
+/// What the library returns for a folder preference.
 LocationState locationState(Catalogue::Preference const& preference);
 /// All locations, sorted by name.
 std::vector<LocationState> locationStates();
-/// The names of all locations, sorted.
+/// The names of all locations, sorted; needs no binding.
 std::vector<std::string> locationNames();
 
 /// A folder that the editor writes to.
@@ -45,3 +51,5 @@ struct WrittenFolder {
 
 /// All of them, sorted by name.
 std::vector<WrittenFolder> foldersToWrite();
+
+} // namespace Inspection

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <Inspection/PathOrigin.h>
 
-#include "terminal/Escaping.h"
+#include <Inspection/PreferenceState.h>
 
 #include <absl/strings/str_cat.h>
 
@@ -17,9 +17,53 @@
 
 using Catalogue::Root;
 
+namespace Inspection {
 namespace {
 
-std::string inDoubleQuotes(std::string const& text) { return '"' + onOneLine(text) + '"'; }
+using By = Decision::By;
+using Lookup = Decision::Lookup;
+
+// --- Sentences ---
+
+std::string inDoubleQuotes(std::string const& text) { return absl::StrCat("\"", text, "\""); }
+
+std::string inTheHomeFolder(std::string const& path)
+{
+    return path[0] == '/' ? path : absl::StrCat(inDoubleQuotes(path), " in the home folder");
+}
+
+std::string variableText(Decision const& decision)
+{
+    if (decision.lookup == Lookup::found)
+        return absl::StrCat(decision.name, "=", *decision.value, " in the environment");
+    char const* const what = decision.lookup == Lookup::empty ? " is empty, so " : " is not set, so ";
+    return absl::StrCat(decision.name, what, inTheHomeFolder(decision.fallback));
+}
+
+std::string userDirsText(Decision const& decision)
+{
+    std::string const so = absl::StrCat(", so ", inTheHomeFolder(decision.fallback));
+    switch (decision.lookup) {
+    case Lookup::found:
+        return absl::StrCat(decision.name, "=", inDoubleQuotes(*decision.value), " in ", place(decision));
+    case Lookup::noFile:
+        return absl::StrCat("there is no ", decision.where, so);
+    case Lookup::unreadable:
+        return absl::StrCat(decision.where, " cannot be read (", decision.error, ")", so);
+    default:
+        return absl::StrCat("no ", decision.name, " in ", decision.where, so);
+    }
+}
+
+std::string preferenceText(Decision const& decision)
+{
+    if (decision.lookup == Lookup::found)
+        return absl::StrCat(decision.name, " is stored in ", decision.where);
+    char const* const what = decision.lookup == Lookup::otherKind ? " is stored with a value of another kind in " : " is not stored in ";
+    return absl::StrCat(decision.name, what, decision.where, ", so Settings::", decision.fallback, "() holds");
+}
+
+// --- What decides the root ---
 
 // A folder, with what decides that it is this one.
 struct Origin {
@@ -27,36 +71,29 @@ struct Origin {
     std::vector<Decision> decisions;
 };
 
-// The reason that a variable is, and whether it says anything: Qt takes an empty one for none.
-Decision variable(char const* name, std::string const& consequence)
+Decision variable(char const* name, std::string const& fallback)
 {
-    bool const isSet = qEnvironmentVariableIsSet(name);
-    std::string const value = qgetenv(name).toStdString();
-    std::string const text = !isSet          ? absl::StrCat(name, " is not set, so ", consequence)
-                             : value.empty() ? absl::StrCat(name, " is empty, so ", consequence)
-                                             : absl::StrCat(name, "=", onOneLine(value), " in the environment");
-    return {"environment", name, isSet ? std::optional<std::string>(value) : std::nullopt, "", text};
+    std::optional<std::string> value;
+    if (qEnvironmentVariableIsSet(name))
+        value = qgetenv(name).toStdString();
+    Lookup const lookup = !value ? Lookup::unset : value->empty() ? Lookup::empty : Lookup::found;
+    return {By::environment, name, value, {}, 0, lookup, fallback};
 }
 
-Origin homeFolder() { return {QDir::homePath(), {variable("HOME", QDir::homePath().toStdString())}}; }
-
-// `folder` in the home folder, after the reason why.
-Origin inHomeFolder(Decision const& reason, char const* folder)
+// `folder` in the home folder, for the reason `first`.
+Origin inHomeFolder(Decision const& first, QString const& folder)
 {
-    Origin origin = homeFolder();
-    origin.folder += QLatin1Char('/') + QString::fromUtf8(folder);
-    origin.decisions.insert(origin.decisions.begin(), reason);
-    return origin;
+    QString const home = QDir::homePath();
+    return {home + folder, {first, variable("HOME", home.toStdString())}};
 }
 
-std::string consequence(char const* folder) { return absl::StrCat(inDoubleQuotes(folder), " in the home folder"); }
-
-// A folder that a variable names.
+// The folder that a variable names.
 Origin namedFolder(char const* name, char const* folderInHome)
 {
-    Decision const decision = variable(name, consequence(folderInHome));
-    QByteArray const value = qgetenv(name);
-    return value.isEmpty() ? inHomeFolder(decision, folderInHome) : Origin{QFile::decodeName(value), {decision}};
+    Decision const decision = variable(name, folderInHome);
+    if (decision.lookup != Lookup::found)
+        return inHomeFolder(decision, QLatin1Char('/') + QLatin1String(folderInHome));
+    return {QFile::decodeName(qgetenv(name)), {decision}};
 }
 
 struct Line {
@@ -64,8 +101,8 @@ struct Line {
     QString value;
 };
 
-// The last line that sets `name`, with the quotes around the value taken off as Qt does, which also takes the last
-// "_DIR=" of a line for the end of its name and leaves a line out that is no text.
+// The last line that sets `name`, without the quotes around its value. Qt takes the name up to the last "_DIR=" of a line,
+// and no name from a line that is not valid text.
 std::optional<Line> lastSetting(QFile& file, QString const& name)
 {
     static QRegularExpression const setting(QStringLiteral("^(XDG_.*_DIR)=(.*)$"));
@@ -83,56 +120,46 @@ std::optional<Line> lastSetting(QFile& file, QString const& name)
     return found;
 }
 
-// The folder that the value of a line names.
-Origin lineFolder(Line const& line, Decision const& decision)
+// The folder that `value` of a line names, which `decision` describes.
+Origin lineFolder(QString const& value, Decision const& decision)
 {
     QString const home = QStringLiteral("$HOME");
-    Origin origin = {line.value, {decision}};
-    if (line.value.startsWith(home)) {
-        origin = homeFolder();
-        origin.folder += line.value.midRef(home.size());
-        origin.decisions.insert(origin.decisions.begin(), decision);
-    }
+    Origin origin = value.startsWith(home) ? inHomeFolder(decision, value.mid(home.size())) : Origin{value, {decision}};
     if (origin.folder.size() > 1 && origin.folder.endsWith(QLatin1Char('/')))
         origin.folder.chop(1);
     return origin;
 }
 
-// A folder that a line of user-dirs.dirs names.
+// The folder that a line of user-dirs.dirs names.
 Origin userFolder(char const* name, char const* folderInHome)
 {
     Origin const configuration = namedFolder("XDG_CONFIG_HOME", ".config");
     QFile file(configuration.folder + QLatin1String("/user-dirs.dirs"));
-    std::string const where = file.fileName().toStdString();
     bool const isReadable = file.open(QIODevice::ReadOnly);
-    std::optional<Line> const line = isReadable ? lastSetting(file, QString::fromUtf8(name)) : std::nullopt;
+    Decision decision = {By::userDirs, name, {}, file.fileName().toStdString(), 0, Lookup::unset, folderInHome};
     Origin origin;
-    if (line) {
-        std::string const value = line->value.toStdString();
-        std::string const place = absl::StrCat(where, ", line ", line->number);
-        std::string const text = absl::StrCat(name, "=", inDoubleQuotes(value), " in ", onOneLine(place));
-        origin = lineFolder(*line, {"user-dirs.dirs", name, value, place, text});
+    if (std::optional<Line> const line = isReadable ? lastSetting(file, QString::fromUtf8(name)) : std::nullopt) {
+        decision = {By::userDirs, name, line->value.toStdString(), decision.where, line->number};
+        origin = lineFolder(line->value, decision);
     } else {
-        std::string const path = onOneLine(where);
-        std::string const so = consequence(folderInHome);
-        std::string const text = isReadable      ? absl::StrCat("no ", name, " in ", path, ", so ", so)
-                                 : file.exists() ? absl::StrCat(path, " cannot be read (", file.errorString().toStdString(), "), so ", so)
-                                                 : absl::StrCat("there is no ", path, ", so ", so);
-        origin = inHomeFolder({"user-dirs.dirs", name, {}, where, text}, folderInHome);
+        if (!isReadable) {
+            decision.lookup = file.exists() ? Lookup::unreadable : Lookup::noFile;
+            decision.error = file.errorString().toStdString();
+        }
+        origin = inHomeFolder(decision, QLatin1Char('/') + QLatin1String(folderInHome));
     }
-    // Where the file is looked for.
-    if (!qEnvironmentVariableIsEmpty("XDG_CONFIG_HOME"))
+    // The variable decides where the file is looked for.
+    if (configuration.decisions.front().lookup == Lookup::found)
         origin.decisions.push_back(configuration.decisions.front());
     return origin;
 }
 
-// The reasons, where they lead to the folder that the library gets; else who gives it.
-std::vector<Decision> confirmed(Origin const& origin, QString const& answer, std::string const& function)
+// The decisions of `origin` where they lead to `folder`, which `function` returned; else the function itself.
+std::vector<Decision> confirmed(Origin const& origin, QString const& folder, char const* function)
 {
-    if (origin.folder == answer)
+    if (origin.folder == folder)
         return origin.decisions;
-    std::string const path = answer.toStdString();
-    return {{"platform", function, path, "", absl::StrCat(function, " gives ", onOneLine(path))}};
+    return {{By::platform, function, folder.toStdString()}};
 }
 
 std::vector<Decision> rootDecisions(Host::Application const& application, Root root)
@@ -140,7 +167,6 @@ std::vector<Decision> rootDecisions(Host::Application const& application, Root r
     auto const standardPath = [](Origin const& origin, QStandardPaths::StandardLocation location) {
         return confirmed(origin, Lumora::Util::GetStandardPath(location), "Lumora::Util::GetStandardPath");
     };
-    std::string const productFile = application.productFile().file().u8string();
     switch (root) {
     case Root::movies:
         return standardPath(userFolder("XDG_VIDEOS_DIR", "Videos"), QStandardPaths::MoviesLocation);
@@ -151,33 +177,90 @@ std::vector<Decision> rootDecisions(Host::Application const& application, Root r
     case Root::data:
         return confirmed(namedFolder("XDG_DATA_HOME", ".local/share"),
                          QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation), "QStandardPaths::writableLocation");
-    case Root::resources: {
-        std::string const folder = application.productFile().resourcesRoot().u8string();
-        return {{"product file", "resourcesRoot", folder, productFile,
-                 absl::StrCat("resourcesRoot of ", onOneLine(productFile), ", which is ", onOneLine(folder))}};
-    }
+    case Root::resources:
+        return {{By::resourcesRoot, "resourcesRoot", application.productFile().resourcesRoot().u8string(),
+                 application.productFile().file().u8string()}};
     case Root::nothing:
         break;
     }
-    return {{"library", "", {}, "", "nothing: the text is fixed"}};
+    return {{By::library, "", {}}};
 }
 
-} // namespace
-
-std::vector<Decision> decisions(Host::Application const& application, Catalogue::Location const& place)
+// The root's decisions, and the fields that the library asks the product for.
+std::vector<Decision> decisions(Host::Application const& application, Catalogue::Location const& location)
 {
-    std::map<std::string, std::function<std::string(IProductInfo const&)>> const fields = {
+    static std::map<std::string, std::function<std::string(IProductInfo const&)>> const fields = {
         {"vendorName", [](IProductInfo const& product) { return product.vendorName(); }},
         {"productName", [](IProductInfo const& product) { return product.productName(); }},
         {"sharedDataFolderName", [](IProductInfo const& product) { return product.sharedDataFolderName(); }},
         {"productKind", [](IProductInfo const& product) { return std::to_string(product.productKind()); }},
         {"projectFileExtensions", [](IProductInfo const& product) { return product.projectFileExtensions(); }},
     };
-    std::vector<Decision> result = rootDecisions(application, place.root);
-    std::string const file = application.productFile().file().u8string();
-    for (std::string const& field : Catalogue::askedOfTheProduct(place)) {
-        std::string const value = fields.at(field)(application.productFile());
-        result.push_back({"product file", field, value, file, absl::StrCat(field, " ", inDoubleQuotes(value), " in ", onOneLine(file))});
-    }
+    std::vector<Decision> result = rootDecisions(application, location.root);
+    for (std::string const& field : Catalogue::askedOfTheProduct(location))
+        result.push_back(
+            {By::productField, field, fields.at(field)(application.productFile()), application.productFile().file().u8string()});
     return result;
 }
+
+} // namespace
+
+char const* name(Decision::By by)
+{
+    static std::map<By, char const*> const names = {
+        {By::environment, "environment"},    {By::userDirs, "user-dirs.dirs"}, {By::productField, "product file"},
+        {By::resourcesRoot, "product file"}, {By::preference, "preference"},   {By::library, "library"},
+        {By::platform, "platform"},          {By::argument, "argument"},
+    };
+    return names.at(by);
+}
+
+std::string place(Decision const& decision)
+{
+    return decision.line == 0 ? decision.where : absl::StrCat(decision.where, ", line ", decision.line);
+}
+
+std::string text(Decision const& decision)
+{
+    switch (decision.by) {
+    case By::environment:
+        return variableText(decision);
+    case By::userDirs:
+        return userDirsText(decision);
+    case By::productField:
+        return absl::StrCat(decision.name, " ", inDoubleQuotes(*decision.value), " in ", decision.where);
+    case By::resourcesRoot:
+        return absl::StrCat("resourcesRoot of ", decision.where, ", which is ", *decision.value);
+    case By::preference:
+        return preferenceText(decision);
+    case By::library:
+        return "nothing: the text is fixed";
+    case By::platform:
+        return absl::StrCat(decision.name, " gives ", *decision.value);
+    case By::argument:
+        break;
+    }
+    return "nothing else: an absolute path stands for itself";
+}
+
+std::vector<Decision> decisions(Host::Application const& application, LocationState const& location)
+{
+    if (location.location->root == Root::resources && location.argument[0] == '/')
+        return {{By::argument, location.argument, location.argument}};
+    if (!location.preference)
+        return decisions(application, *location.location);
+    PreferenceState const found = preferenceState(application, location.name);
+    Decision decision = {By::preference, location.name, {}, application.productStorageFile().u8string()};
+    bool const isUsed = found.stored && !found.isOfOtherKind() && !found.isUnreadable();
+    if (isUsed) {
+        decision.value = location.path.toStdString();
+        return {decision};
+    }
+    decision.lookup = found.stored ? Lookup::otherKind : Lookup::unset;
+    decision.fallback = location.location->name;
+    std::vector<Decision> result = decisions(application, *location.location);
+    result.insert(result.begin(), decision);
+    return result;
+}
+
+} // namespace Inspection

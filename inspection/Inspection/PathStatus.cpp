@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <Inspection/PathStatus.h>
 
-#include "terminal/Escaping.h"
+#include <Catalogue/Catalogue.h>
 
 #include <absl/strings/str_cat.h>
 
 #include <QDir>
 
 #include <filesystem>
+#include <map>
 #include <system_error>
 
 #include <fcntl.h>
@@ -15,10 +16,11 @@
 
 namespace fs = std::filesystem;
 
+namespace Inspection {
 namespace {
 
-// Without separators at the end, behind which a link would be followed.
-fs::path bare(QString const& path)
+// Separators at the end go, since the system would follow a link before them.
+fs::path withoutTrailingSeparators(QString const& path)
 {
     std::string text = path.toStdString();
     while (text.size() > 1 && text.back() == '/')
@@ -28,88 +30,122 @@ fs::path bare(QString const& path)
 
 bool userMay(fs::path const& path, int rights) { return ::faccessat(AT_FDCWD, path.c_str(), rights, AT_EACCESS) == 0; }
 
-PathStatus unusable(PathStatus check, std::string const& remark)
+PathStatus unusable(PathStatus status, PathReason reason, std::string const& detail = {})
 {
-    check.isUsable = false;
-    check.remark = remark;
-    return check;
+    status.isUsable = false;
+    status.reason = reason;
+    status.detail = detail;
+    return status;
 }
 
-// What both kinds have in common: nothing, a relative path, a link that leads nowhere, a path that cannot be followed.
-PathStatus checkPath(fs::path const& path)
+// The checks that do not depend on whether the editor reads the path or writes there.
+PathStatus pathStatus(fs::path const& path)
 {
-    PathStatus check;
+    PathStatus status;
     if (path.empty())
-        return unusable(check, "empty");
+        return unusable(status, PathReason::empty);
     if (path.native().find('\0') != std::string::npos)
-        return unusable(check, "holds a NUL, at which the system would cut it off");
+        return unusable(status, PathReason::holdsNul);
     if (!path.is_absolute())
-        return unusable(check, "not absolute: it depends on the folder that the editor is started in");
-    std::error_code linkError;
-    std::error_code targetError;
-    fs::file_status const link = fs::symlink_status(path, linkError);
-    fs::file_status const target = fs::status(path, targetError);
-    check.exists = fs::exists(target);
-    if (link.type() == fs::file_type::none)
-        return unusable(check, linkError.message());
+        return unusable(status, PathReason::relative);
+    std::error_code error;
+    bool const isLink = fs::is_symlink(fs::symlink_status(path, error));
+    fs::file_status const target = fs::status(path, error);
+    status.exists = fs::exists(target);
     if (target.type() == fs::file_type::none)
-        return unusable(check, targetError.message());
-    if (fs::is_symlink(link) && !check.exists)
-        return unusable(check, absl::StrCat("dangling link to ", onOneLine(fs::read_symlink(path, linkError).u8string())));
-    check.isWritable = check.exists && userMay(path, W_OK);
-    return check;
+        return unusable(status, PathReason::unreachable, error.message());
+    if (isLink && !status.exists)
+        return unusable(status, PathReason::danglingLink, fs::read_symlink(path, error).u8string());
+    status.isWritable = status.exists && userMay(path, W_OK);
+    return status;
 }
 
-// Whether a missing folder can be made: the nearest folder above that there is must let the user.
-PathStatus checkMissing(fs::path const& path)
+// A missing folder can be made where the user may write to the nearest existing folder above it.
+PathStatus missingFolderStatus(fs::path const& path)
 {
     fs::path above = path.parent_path();
-    PathStatus check = checkPath(above);
-    while (check.isUsable && !check.exists) {
+    PathStatus status = pathStatus(above);
+    while (status.isUsable && !status.exists) {
         above = above.parent_path();
-        check = checkPath(above);
+        status = pathStatus(above);
     }
-    check.exists = false;
-    std::string const name = onOneLine(above.u8string());
-    if (!check.isUsable)
-        return unusable(check, absl::StrCat("missing, and ", name, ": ", check.remark));
+    status.exists = false;
+    status.above = above.u8string();
+    if (!status.isUsable)
+        return status;
     std::error_code error;
-    check.isWritable = userMay(above, W_OK | X_OK);
+    status.isWritable = userMay(above, W_OK | X_OK);
     if (!fs::is_directory(above, error))
-        return unusable(check, absl::StrCat("missing, and ", name, " is not a folder"));
-    if (!check.isWritable)
-        return unusable(check, absl::StrCat("missing, and ", name, " is not writable"));
-    check.remark = "missing; the editor can make it";
-    return check;
+        return unusable(status, PathReason::notAFolder);
+    if (!status.isWritable)
+        return unusable(status, PathReason::notWritable);
+    status.above.clear();
+    status.reason = PathReason::canBeMade;
+    return status;
+}
+
+// `detail` follows where the reason has one.
+std::string reasonText(PathReason reason)
+{
+    static std::map<PathReason, char const*> const texts = {
+        {PathReason::none, ""},
+        {PathReason::noPath, "none found"},
+        {PathReason::joined, useName(Catalogue::Use::fragment)},
+        {PathReason::embedded, useName(Catalogue::Use::embedded)},
+        {PathReason::empty, "empty"},
+        {PathReason::holdsNul, "holds a NUL, at which the system would cut it off"},
+        {PathReason::relative, "not absolute: it depends on the folder that the editor is started in"},
+        {PathReason::danglingLink, "dangling link to "},
+        {PathReason::unreachable, ""},
+        {PathReason::notAFolder, "not a folder"},
+        {PathReason::notWritable, "not writable"},
+        {PathReason::notReadable, "not readable, so names are numbered as if it were empty"},
+        {PathReason::homeFolder, "the home folder itself"},
+        {PathReason::canBeMade, "missing; the editor can make it"},
+        {PathReason::missing, "missing"},
+    };
+    return texts.at(reason);
 }
 
 } // namespace
 
 PathStatus writtenFolderStatus(QString const& path)
 {
-    fs::path const folder = bare(path);
-    PathStatus check = checkPath(folder);
-    if (!check.isUsable)
-        return check;
-    if (!check.exists)
-        return checkMissing(folder);
+    fs::path const folder = withoutTrailingSeparators(path);
+    PathStatus status = pathStatus(folder);
+    if (!status.isUsable)
+        return status;
+    if (!status.exists)
+        return missingFolderStatus(folder);
     std::error_code error;
     if (!fs::is_directory(folder, error))
-        return unusable(check, "not a folder");
-    check.isWritable = userMay(folder, W_OK | X_OK);
-    if (!check.isWritable)
-        return unusable(check, "not writable");
+        return unusable(status, PathReason::notAFolder);
+    status.isWritable = userMay(folder, W_OK | X_OK);
+    if (!status.isWritable)
+        return unusable(status, PathReason::notWritable);
     if (!userMay(folder, R_OK))
-        check.remark = "not readable, so names are numbered as if it were empty";
-    else if (fs::equivalent(folder, bare(QDir::homePath()), error))
-        check.remark = "the home folder itself";
-    return check;
+        status.reason = PathReason::notReadable;
+    else if (fs::equivalent(folder, withoutTrailingSeparators(QDir::homePath()), error))
+        status.reason = PathReason::homeFolder;
+    return status;
 }
 
 PathStatus readPathStatus(QString const& path)
 {
-    PathStatus check = checkPath(bare(path));
-    if (check.isUsable && !check.exists)
-        check.remark = "missing";
-    return check;
+    PathStatus status = pathStatus(withoutTrailingSeparators(path));
+    if (status.isUsable && !status.exists)
+        status.reason = PathReason::missing;
+    status.isUsable = true;
+    return status;
 }
+
+std::string remark(PathStatus const& status)
+{
+    std::string const reason = reasonText(status.reason) + status.detail;
+    if (status.above.empty())
+        return reason;
+    bool const isAdjective = status.reason == PathReason::notAFolder || status.reason == PathReason::notWritable;
+    return absl::StrCat("missing, and ", status.above, isAdjective ? " is " : ": ", reason);
+}
+
+} // namespace Inspection

@@ -1,20 +1,49 @@
 // SPDX-License-Identifier: MIT
 //
-// What a path leads to on disk. Nothing is made or changed to find out.
+// What a path leads to on disk, as the user who asks may use it. Nothing is made or changed to find out.
 #pragma once
 
 #include <QString>
 
 #include <string>
 
-struct PathStatus {
-    bool exists = false;
-    bool isWritable = false; ///< For what is missing: whether it can be made.
-    bool isUsable = true;    ///< Whether the editor can make files there, after making the folder where it is missing.
-    std::string remark;      ///< What is wrong or odd; empty where nothing is.
+namespace Inspection {
+
+/// Why a path cannot be used, or what is odd about it.
+enum class PathReason {
+    none,
+    noPath,   ///< The library finds none.
+    joined,   ///< The editor joins it to a folder, so it is no place by itself.
+    embedded, ///< It lies inside the editor's program.
+    empty,
+    holdsNul,
+    relative,
+    danglingLink, ///< `detail` is the link's target.
+    unreachable,  ///< The system cannot follow the path; `detail` is its error text.
+    notAFolder,
+    notWritable,
+    notReadable,
+    homeFolder,
+    canBeMade, ///< A missing folder that the user may make.
+    missing,
 };
 
-/// Looks at a folder that the editor writes to, as the user who asks.
+/// The state of one path.
+struct PathStatus {
+    bool exists = false;
+    bool isWritable = false; ///< Of a missing folder: whether it can be made.
+    bool isUsable = true;    ///< False where the editor writes there and cannot.
+    PathReason reason = PathReason::none;
+    std::string detail; ///< Raw bytes from the system, where `reason` has any.
+    std::string above;  ///< The nearest existing folder above a missing one, in raw bytes, where `reason` is about that.
+};
+
+/// The status of a folder that the editor writes to.
 PathStatus writtenFolderStatus(QString const& path);
-/// Looks at a file or folder that the editor reads.
+/// The status of a file or folder that the editor reads.
 PathStatus readPathStatus(QString const& path);
+
+/// `status.reason` in words, with paths in raw bytes; empty for `none`.
+std::string remark(PathStatus const& status);
+
+} // namespace Inspection

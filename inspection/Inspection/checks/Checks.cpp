@@ -102,17 +102,18 @@ Finding aboutFile(ExaminedStore const& store, Severity severity, char const* che
 void checkFolderOfStore(ExaminedStore const& store, Findings& findings)
 {
     fs::path const folder = store.file.parent_path();
-    PathStatus const found = writtenFolderStatus(QString::fromStdString(folder.u8string()));
+    Inspection::PathStatus const found = Inspection::writtenFolderStatus(QString::fromStdString(folder.u8string()));
     if (!found.isUsable)
-        findings.push_back({Severity::error,
-                            "store-folder",
-                            store.isMissing
-                                ? absl::StrCat("the folder of the store cannot be used: ", found.remark, ", so no store can be made")
-                                : absl::StrCat("the folder of the store cannot be used: ", found.remark, ", so no change can be stored"),
-                            "give this user the rights to the folder, or name another with --home",
-                            store.store,
-                            {},
-                            folder.u8string()});
+        findings.push_back(
+            {Severity::error,
+             "store-folder",
+             store.isMissing
+                 ? absl::StrCat("the folder of the store cannot be used: ", onOneLine(remark(found)), ", so no store can be made")
+                 : absl::StrCat("the folder of the store cannot be used: ", onOneLine(remark(found)), ", so no change can be stored"),
+             "give this user the rights to the folder, or name another with --home",
+             store.store,
+             {},
+             folder.u8string()});
 }
 
 } // namespace
@@ -418,12 +419,12 @@ Findings checkFolders()
 {
     Findings findings;
     std::vector<std::string> missing;
-    for (WrittenFolder const& folder : foldersToWrite()) {
+    for (Inspection::WrittenFolder const& folder : Inspection::foldersToWrite()) {
         std::string const path = folder.path.toStdString();
         if (!folder.check.isUsable)
             findings.push_back({Severity::error,
                                 "folder",
-                                absl::StrCat(folder.label, ": the editor cannot write there: ", folder.check.remark),
+                                absl::StrCat(folder.label, ": the editor cannot write there: ", onOneLine(remark(folder.check))),
                                 "mend what is remarked: 'editor-settings paths --explain' tells what decides, and a preference "
                                 "may be set to another folder",
                                 std::nullopt,
@@ -431,10 +432,10 @@ Findings checkFolders()
                                 path});
         else if (!folder.check.exists)
             missing.push_back(folder.label);
-        else if (!folder.check.remark.empty())
+        else if (folder.check.reason != Inspection::PathReason::none)
             findings.push_back({Severity::warning,
                                 "folder",
-                                absl::StrCat(folder.label, ": ", folder.check.remark),
+                                absl::StrCat(folder.label, ": ", onOneLine(remark(folder.check))),
                                 "make it readable, or set the preference to another folder",
                                 std::nullopt,
                                 {},

@@ -57,8 +57,8 @@ protected:
 
     std::string cannotBeReserved(char const* folder, std::string const& setting, std::string const& remark) const
     {
-        return "editor-settings: nothing can be reserved in '" + inHome(folder) + "', which is " + setting + ": " + remark +
-               "; store another folder there, or mend that\n";
+        return "editor-settings: nothing can be reserved in '" + inHome(folder) + "', which is " + setting + ": " + remark + "; set " +
+               setting + " to another folder\n";
     }
 
     static std::string takenInstead(char const* taken, char const* instead)
@@ -97,7 +97,7 @@ TEST_F(NextName, AsJsonAndPlain)
     EXPECT_EQ(named({"stabilized", "[a,b].mov", "mp4"}), "[a,b]-1.mp4");
 }
 
-TEST_F(NextName, SourceThatIsNotUtf8IsSaidNoTo)
+TEST_F(NextName, SourceThatIsNotUtf8IsRefused)
 {
     EXPECT_EQ(refused({"next-name", "freeze", "a\xFF.mov"}),
               "editor-settings: 'a\\xff.mov' is not UTF-8 without a byte order mark; give the name in UTF-8\n");
@@ -162,23 +162,14 @@ TEST_P(TakenName, IsFollowedByTheFirstFreeNumberInParentheses)
 INSTANTIATE_TEST_SUITE_P(
     Table, TakenName,
     testing::Values(
-        Taken{
-            "StabilizedWithParentheses", {"stabilized", "Clip (1).mov", "mp4"}, {"Clip (1)-1.mp4"}, "Clip (1)-1.mp4", "Clip (1)-1 (2).mp4"},
         Taken{"StabilizedWithSeveralTaken",
               {"stabilized", "Clip (1).mov", "mp4"},
               {"Clip (1)-1.mp4", "Clip (1)-1 (2).mp4", "Clip (1)-1 (4).mp4"},
               "Clip (1)-1.mp4",
               "Clip (1)-1 (3).mp4"},
-        Taken{"StabilizedAfterTheLargestNumber",
-              {"stabilized", "a.mov", "mp4"},
-              {"a-2147483647.mp4", "a--2147483648.mp4"},
-              "a--2147483648.mp4",
-              "a--2147483648 (2).mp4"},
         Taken{"FreezeWithPlaceholder", {"freeze", "Shot %1.mov"}, {"Shot 1 (png).%3"}, "Shot 1 (png).%3", "Shot 1 (png) (2).%3"},
         Taken{"FreezeWithAControlCharacter", {"freeze", ".a\x01z.mov"}, {".a\x01z (1).png"}, ".a\x01z (1).png", ".a\x01z (1) (2).png"},
-        Taken{"StabilizedInBrackets", {"stabilized", "[x].mov", "[y]"}, {"[x]-1.[y]"}, "[x]-1.[y]", "[x]-1 (2).[y]"},
-        Taken{"StabilizedWithoutFormat", {"stabilized", "a+.mov", ""}, {"a+-1."}, "a+-1.", "a+-1. (2)"},
-        Taken{"FreezeOfAHiddenSource", {"freeze", ".hidden.mov"}, {".hidden (1).png"}, ".hidden (1).png", ".hidden (1) (2).png"}),
+        Taken{"StabilizedWithoutFormat", {"stabilized", "a+.mov", ""}, {"a+-1."}, "a+-1.", "a+-1. (2)"}),
     byMeaning);
 
 TEST_F(NextName, FolderOrLinkOfTheNameIsLeftAlone)
@@ -193,48 +184,21 @@ TEST_F(NextName, FolderOrLinkOfTheNameIsLeftAlone)
     EXPECT_EQ(files(), (Names{"a-1.mp4", "a-1 (2).mp4", "a-1 (3).mp4", "a-1 (4).mp4"}));
 }
 
-TEST_F(NextName, FormatWithAPlaceholderIsNotFilled)
-{
-    Storage::SqliteStorage(productFile()).setString("freezedFileFormat", "%1");
-    EXPECT_EQ(named({"freeze", "a.mov"}), "a (1).%1");
-    EXPECT_EQ(named({"freeze", "a.mov", "--reserve"}), "a (1).%1");
-    EXPECT_EQ(named({"freeze", "a.mov", "--reserve"}), "a (2).%1");
-}
-
-struct Impossible {
-    char const* meaning;
-    std::string folder; // "~" at its beginning stands for the home folder
-    char const* remark;
-};
-
-class ImpossibleFolder : public NextName, public testing::WithParamInterface<Impossible> {};
-
-TEST_P(ImpossibleFolder, IsSaidNoToWithTheReason)
+TEST_F(NextName, FolderThatCannotBeUsedIsRefusedWithTheReason)
 {
     m_home.write("file", "precious");
     fs::create_symlink("nowhere", inHome("dangling"));
-    std::string const folder = GetParam().folder[0] == '~' ? m_home.path().string() + GetParam().folder.substr(1) : GetParam().folder;
-    std::string remark = GetParam().remark;
-    for (std::size_t tilde; (tilde = remark.find('~')) != std::string::npos;)
-        remark.replace(tilde, 1, m_home.path().string());
-    Storage::SqliteStorage(productFile()).setString("exportPath", folder);
-    EXPECT_EQ(refused({"next-name", "freeze", "a.mov", "--reserve"}), "editor-settings: nothing can be reserved in '" + folder +
-                                                                          "', which is exportPath: " + remark +
-                                                                          "; store another folder there, or mend that\n");
+    Storage::SqliteStorage store(productFile());
+    store.setString("exportPath", inHome("file"));
+    EXPECT_EQ(refused({"next-name", "freeze", "a.mov", "--reserve"}), cannotBeReserved("file", "exportPath", "not a folder"));
     EXPECT_EQ(fs::file_size(inHome("file")), 8u);
-    EXPECT_EQ(fs::symlink_status(inHome("dangling")).type(), fs::file_type::symlink);
+    store.setString("exportPath", inHome("dangling"));
+    EXPECT_EQ(refused({"next-name", "freeze", "a.mov", "--reserve"}),
+              cannotBeReserved("dangling", "exportPath", "dangling link to nowhere"));
+    EXPECT_FALSE(fs::exists(inHome("nowhere"))) << "the link was followed";
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, ImpossibleFolder,
-                         testing::Values(Impossible{"FileInPlaceOfTheFolder", "~/file", "not a folder"},
-                                         Impossible{"FolderBelowAFile", "~/file/x", "missing, and ~/file is not a folder"},
-                                         Impossible{"DanglingLinkInPlaceOfTheFolder", "~/dangling", "dangling link to nowhere"},
-                                         Impossible{"Nothing", "", "empty"},
-                                         Impossible{"RelativeFolder", "films",
-                                                    "not absolute: it depends on the folder that the editor is started in"}),
-                         byMeaning);
-
-TEST_F(NextName, FormatThatLeavesTheFolderIsSaidNoTo)
+TEST_F(NextName, FormatThatLeavesTheFolderIsRefused)
 {
     for (char const* format : {"a/b", "a/", "x/.", "x/..", "/../../evil"})
         EXPECT_EQ(refused({"next-name", "--reserve", "stabilized", "Clip.mov", format}),
@@ -253,21 +217,12 @@ TEST_F(NextName, FormatThatLeavesTheFolderIsSaidNoTo)
     EXPECT_FALSE(fs::exists(inHome("out"))) << "nothing is made";
 }
 
-TEST_F(NextName, NameThatIsTooLongIsSaidNoTo)
+TEST_F(NextName, NameThatIsTooLongIsRefused)
 {
     std::string const stem(250, 'x');
     EXPECT_EQ(refused({"next-name", "freeze", stem + ".mov", "--reserve"}),
               "editor-settings: cannot make the file '" + inHome("out/") + stem +
                   " (1).png' (File name too long); take a source with a shorter name\n");
-}
-
-TEST_F(NextName, FolderThatTheUserMayNotWriteToIsNamed)
-{
-    fs::create_directories(inHome("out"));
-    fs::permissions(inHome("out"), fs::perms::owner_read | fs::perms::owner_exec);
-    Ended const ended = run(withoutPrivileges({TOOL, "next-name", "freeze", "a.mov", "--reserve"}));
-    EXPECT_EQ(ended.status, 1);
-    EXPECT_EQ(ended.err, cannotBeReserved("out", "exportPath", "not writable"));
 }
 
 TEST_F(NextName, FolderThatHoldsANulIsNotCutOff)
@@ -276,9 +231,6 @@ TEST_F(NextName, FolderThatHoldsANulIsNotCutOff)
     EXPECT_EQ(refused({"next-name", "freeze", "a.mov", "--reserve"}),
               cannotBeReserved("out\\x00x", "exportPath", "holds a NUL, at which the system would cut it off"));
     EXPECT_FALSE(fs::exists(inHome("out")));
-    Ended const check = tool({"paths", "exportPath", "--check", "--plain"});
-    EXPECT_EQ(check.status, 1);
-    EXPECT_EQ(check.out, "exportPath\tno\tno\tholds a NUL, at which the system would cut it off\t" + inHome("out") + "\\x00x\n");
 }
 
 TEST_F(NextName, ReservedNameIsNotLostWhenItCannotBePrinted)
@@ -368,8 +320,6 @@ TEST_F(Crowd, OfRecordingsGetsTwoHundredFiles)
     m_home.write("out/Rec-5-a-b.wav", "precious");
     expectTwoHundredFiles({"audio"}, {"Rec-5-a-b.wav"});
 }
-
-TEST_F(Crowd, OfFreezeFramesGetsTwoHundredFiles) { expectTwoHundredFiles({"freeze", "a.mov"}, {}); }
 
 TEST_F(Crowd, OfNamesThatTheLibraryDoesNotCountGetsTwoHundredFiles)
 {

@@ -116,7 +116,7 @@ std::vector<Candidate> keys()
 std::vector<Candidate> locationCandidates()
 {
     std::vector<Candidate> result;
-    for (std::string const& name : locationNames()) {
+    for (std::string const& name : Inspection::locationNames()) {
         Catalogue::Location const* const location = Catalogue::findLocation(name);
         result.push_back({name, location ? location->purpose : Catalogue::findPreference(name)->purpose});
     }

@@ -25,6 +25,7 @@
 #include <unistd.h>
 
 namespace fs = std::filesystem;
+using Inspection::PathStatus;
 
 namespace {
 
@@ -63,17 +64,16 @@ Proposal proposal(NextNameOptions const& options)
 
 constexpr int triesWhereTheFolderComesAndGoes = 100;
 
-// The proposed name. Throws where it would not lie in a folder that can be used.
+// The file name of `proposal`. Throws `UserError` where it would not lie in a usable folder.
 QString checkedName(Proposal const& proposal)
 {
     std::string const folder = quoted(proposal.folder.toStdString());
-    PathStatus check = writtenFolderStatus(proposal.folder);
-    // The folder may come and go while it is looked at.
-    for (int tries = 1; !check.isUsable && tries < triesWhereTheFolderComesAndGoes; ++tries)
-        check = writtenFolderStatus(proposal.folder);
-    if (!check.isUsable)
-        throw UserError(absl::StrCat("nothing can be reserved in ", folder, ", which is ", proposal.setting, ": ", check.remark,
-                                     "; store another folder there, or mend that"));
+    PathStatus status = Inspection::writtenFolderStatus(proposal.folder);
+    for (int tries = 1; !status.isUsable && tries < triesWhereTheFolderComesAndGoes; ++tries)
+        status = Inspection::writtenFolderStatus(proposal.folder);
+    if (!status.isUsable)
+        throw UserError(absl::StrCat("nothing can be reserved in ", folder, ", which is ", proposal.setting, ": ",
+                                     onOneLine(remark(status)), "; set ", proposal.setting, " to another folder"));
     QString const beginning = proposal.folder + QDir::separator();
     if (!proposal.path.startsWith(beginning))
         throw UserError(absl::StrCat(proposal.setting, " was changed meanwhile; try again"));
@@ -84,15 +84,17 @@ QString checkedName(Proposal const& proposal)
     return name;
 }
 
-[[noreturn]] void refuse(char const* what, fs::path const& path, std::error_code const& error)
+[[noreturn]] void fail(char const* what, fs::path const& path, std::error_code const& error)
 {
     std::string const remedy = error == std::errc::filename_too_long ? "take a source with a shorter name"
                                                                      : "'editor-settings paths --check' tells which folders can be used";
     throw UserError(absl::StrCat("cannot make the ", what, " ", quoted(path.u8string()), " (", error.message(), "); ", remedy));
 }
 
-// Makes the file where nothing of that name is there, be it a link that leads nowhere. Whether it did.
-bool claimed(fs::path const& file)
+fs::path filePath(QString const& folder, QString const& name) { return fs::u8path((folder + QDir::separator() + name).toStdString()); }
+
+// Creates the file, and its folder where that is missing. False where the name is taken, be it by a dangling link.
+bool claims(fs::path const& file)
 {
     std::error_code error;
     for (int tries = 0; tries < triesWhereTheFolderComesAndGoes; ++tries) {
@@ -108,51 +110,52 @@ bool claimed(fs::path const& file)
             return false;
         error = {errno, std::generic_category()};
         if (error != std::errc::no_such_file_or_directory)
-            refuse("file", file, error);
+            fail("file", file, error);
     }
-    refuse("folder", file.parent_path(), error);
+    fail("folder", file.parent_path(), error);
 }
 
-fs::path onDisk(QString const& folder, QString const& name) { return fs::u8path((folder + QDir::separator() + name).toStdString()); }
-
-// Claims the first free name that has " (2)", " (3)" and so on before the extension of a taken one.
+// Claims the first free name that has " (2)", " (3)" and so on before the extension of the taken one.
 QString claimedBeside(QString const& taken, QString const& folder)
 {
     QFileInfo const parts(taken);
     QString const extension = parts.suffix().isEmpty() ? QString() : QLatin1Char('.') + parts.suffix();
     QString const stem = taken.left(taken.size() - extension.size());
     for (int number = 2;; ++number)
-        if (QString const name = stem + QStringLiteral(" (%1)").arg(number) + extension; claimed(onDisk(folder, name)))
+        if (QString const name = stem + QStringLiteral(" (%1)").arg(number) + extension; claims(filePath(folder, name)))
             return name;
 }
 
-// Claims the first proposal that nobody has. The library proposes some taken names again, such as the one for "Clip (1).mov".
+void printInstead(QString const& taken, char const* why, QString const& name)
+{
+    printError(absl::StrCat(quoted(taken.toStdString()), why, "; ", quoted(name.toStdString()), " is reserved instead"));
+}
+
+// Claims the first proposal that is free. The library proposes some taken names again, such as the one for "Clip (1).mov".
 fs::path reserved(NextNameOptions const& options)
 {
-    Proposal asked = proposal(options);
-    QString name = checkedName(asked);
-    std::string why;
-    while (!claimed(onDisk(asked.folder, name))) {
-        asked = proposal(options);
-        QString const again = checkedName(asked);
-        bool const isTheSame = again == name;
-        std::string const taken = quoted(name.toStdString());
-        why = isTheSame ? absl::StrCat(taken, " is there already, though the editor would propose it")
-                        : absl::StrCat(taken, " was taken by someone else meanwhile");
-        name = isTheSame ? claimedBeside(name, asked.folder) : again;
-        if (isTheSame)
-            break;
+    for (QString taken;;) {
+        Proposal const proposed = proposal(options);
+        QString const name = checkedName(proposed);
+        if (claims(filePath(proposed.folder, name))) {
+            if (!taken.isNull() && taken != name)
+                printInstead(taken, " was taken by someone else meanwhile", name);
+            return filePath(proposed.folder, name);
+        }
+        if (name == taken) {
+            QString const beside = claimedBeside(name, proposed.folder);
+            printInstead(taken, " is there already, though the editor would propose it", beside);
+            return filePath(proposed.folder, beside);
+        }
+        taken = name;
     }
-    if (!why.empty())
-        printError(absl::StrCat(why, "; ", quoted(name.toStdString()), " is reserved instead"));
-    return onDisk(asked.folder, name);
 }
 
 } // namespace
 
 void showNextName(NextNameOptions const& options, Format format)
 {
-    // Whoever reads the name may be gone; that a file was made is told nevertheless.
+    // The file exists even where nobody reads its name any more, so the error below must still be printed.
     if (options.reserve)
         std::signal(SIGPIPE, SIG_IGN);
     std::string const path = options.reserve ? reserved(options).u8string() : proposal(options).path.toStdString();

@@ -8,6 +8,8 @@
 
 #include <Host/ProductFile.h>
 
+#include <absl/strings/str_cat.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
@@ -20,11 +22,11 @@ using Catalogue::Preference;
 
 namespace {
 
-// Nothing lies below a device, so no file of this machine has a say in the pages.
+// No file can lie below a device, so no file of this machine changes the pages.
 std::string const nobodysHome = "/dev/null/home";
 std::string const noResources = "/dev/null/resources";
 
-// The library bound to a product and nothing else, as it answers a user who has set nothing.
+// Binds the library to a product without stores, in the environment of a user who has set nothing.
 class BoundOnAnyMachine {
 public:
     explicit BoundOnAnyMachine(std::filesystem::path const& productFile) : m_product(std::make_shared<Host::ProductFile>(productFile))
@@ -41,7 +43,7 @@ private:
 
 // --- Markdown ---
 
-// `text` as code, also in a table, where a bar would end the cell.
+// `text` as code, with bars escaped, as they would end the cell of a table.
 std::string code(std::string text)
 {
     for (std::size_t at = text.find('|'); at != std::string::npos; at = text.find('|', at + 2))
@@ -62,7 +64,7 @@ using Line = std::vector<std::string>;
 
 void printLine(Line const& cells) { std::cout << "| " << joined(cells, " | ") << " |\n"; }
 
-// `lines` sorted by what stands first in them.
+// Prints `lines` sorted by their first cells.
 void printMarkdown(Line const& heading, std::vector<Line> lines)
 {
     std::sort(lines.begin(), lines.end());
@@ -164,20 +166,21 @@ On a machine, `editor-settings paths NAME --explain` tells what decides there.
 
 // --- Locations ---
 
-std::string decidedBy(Location const& place)
+std::string decidedBy(Location const& location)
 {
-    std::vector<std::string> deciding = {Catalogue::rootName(place.root)};
-    for (std::string const& field : Catalogue::askedOfTheProduct(place))
+    std::vector<std::string> deciding = {Catalogue::rootName(location.root)};
+    for (std::string const& field : Catalogue::askedOfTheProduct(location))
         deciding.push_back(code(field));
     return joined(deciding, ", ");
 }
 
-Line lineOf(Location const& place, std::string const& argument)
+Line lineOf(Location const& location, std::string const& argument)
 {
-    std::string const label = argument.empty() ? place.name : place.name + ('(' + argument + ')');
-    return {code(label), inPage(place.path(argument)), Catalogue::useName(place.use), decidedBy(place), place.purpose};
+    std::string const label = argument.empty() ? location.name : absl::StrCat(location.name, "(", argument, ")");
+    return {code(label), inPage(location.path(argument)), Catalogue::useName(location.use), decidedBy(location), location.purpose};
 }
 
+// A folder preference shows its default, since the binding has no store that it could be read from.
 Line lineOfFolder(Preference const& row)
 {
     Location const& fallback = Catalogue::locationOf(row.computedDefault);
@@ -191,11 +194,11 @@ std::vector<Line> linesOfLocations()
     for (Preference const& row : Catalogue::preferences())
         if (row.computedDefault)
             lines.push_back(lineOfFolder(row));
-    for (Location const& place : Catalogue::locations()) {
-        if (place.arguments.empty())
-            lines.push_back(lineOf(place, {}));
-        for (std::string const& argument : place.arguments)
-            lines.push_back(lineOf(place, argument));
+    for (Location const& location : Catalogue::locations()) {
+        if (location.arguments.empty())
+            lines.push_back(lineOf(location, {}));
+        for (std::string const& argument : location.arguments)
+            lines.push_back(lineOf(location, argument));
     }
     return lines;
 }
