@@ -149,6 +149,19 @@ TEST_F(Checks, DamageThatOnlyAWholeReadShowsMakesAStoreUnusable)
                      "btreeInitPage() returns error code 11)|the file was left as it is: move it away and restore it from a backup"}));
 }
 
+TEST_F(Checks, StoreThatIsDamagedAfterItWasOpenedIsUnusable)
+{
+    Host::Application const bound = application();
+    fs::resize_file(product(), 4096);
+    std::fstream(product(), std::ios::binary | std::ios::in | std::ios::out) << std::string(4096, 'x');
+    ExaminedStore examined = examine(bound, Store::product);
+    EXPECT_EQ(examined.state, StoreState::unusable);
+    examined.fileSystem = {"ext4", "/", false, Storage::Locality::local};
+    EXPECT_EQ(linesOf(checkStoreFile(examined)),
+              (Lines{"error|store-unusable|product||~/stores/product-settings.sqlite|cannot examine the store: file is not a database|the "
+                     "file was left as it is: move it away and restore it from a backup"}));
+}
+
 TEST_F(Checks, NewerStoreIsReadOnly)
 {
     OtherProgram(product()).execute("PRAGMA user_version = 2");
@@ -332,6 +345,17 @@ TEST_F(Checks, ValuesThatTheLibraryStoresAreSound)
     SqliteStorage(product()).setString("stabilizedFileFormat", "mp4");
     SqliteStorage(product()).setString("recentProjects", "narrow \xFF text is read as it is stored");
     EXPECT_EQ(SqliteStorage(product()).rows().size(), 10u);
+    EXPECT_EQ(found(Store::product), Lines());
+}
+
+TEST_F(Checks, ValueThatTheProductKeepsInMemoryIsNotJudged)
+{
+    SqliteStorage(product()).setInt("targetHistory", 1);
+    EXPECT_EQ(found(Store::product), (Lines{"warning|other-kind|product|targetHistory||it holds a value of kind int where one of kind "
+                                            "string is read, so the default is read|'editor-settings unset targetHistory' removes it, so "
+                                            "that the default holds"}));
+    m_home.write("product.json", R"({"vendorName": "V", "productName": "P", "sharedDataFolderName": "S", "productKind": 1,)"
+                                 R"( "projectFileExtensions": [], "resourcesRoot": "r"})");
     EXPECT_EQ(found(Store::product), Lines());
 }
 
