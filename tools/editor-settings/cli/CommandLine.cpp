@@ -132,8 +132,9 @@ void checkHome(StoreUse use, bool storesLieInHome)
 void printReadOnlyStores(Host::Application const& application)
 {
     for (Catalogue::Store const store : {Catalogue::Store::product, Catalogue::Store::common})
-        if (Storage::SqliteStorage const* const opened = storage(application, store); opened && opened->isReadOnly())
-            printError(absl::StrCat("only for reading: ", opened->readOnlyReason()));
+        if (Storage::SqliteStorage const* const opened = storage(application, store))
+            if (std::optional<Storage::StorageError> const error = opened->readOnlyError())
+                printError(absl::StrCat("only for reading: ", error->what()));
 }
 
 class CommandLine {
