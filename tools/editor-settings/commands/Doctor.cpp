@@ -2,130 +2,108 @@
 #include "commands/Doctor.h"
 
 #include "commands/Commands.h"
-
-#include "commands/HomeFolder.h"
 #include "terminal/Escaping.h"
 #include "terminal/ProgressLine.h"
+#include "terminal/Suggestions.h"
 #include "terminal/Terminal.h"
 #include <Inspection/PreferenceState.h>
-#include <Inspection/checks/Checks.h>
+#include <Inspection/checks/FolderChecks.h>
+#include <Inspection/checks/StoreFileChecks.h>
+#include <Inspection/checks/StoredValueChecks.h>
 
 #include <absl/strings/str_cat.h>
-#include <memory>
 
 #include <algorithm>
 #include <iostream>
+#include <memory>
 #include <utility>
 
 namespace fs = std::filesystem;
+using namespace Inspection;
 using Catalogue::Store;
 using nlohmann::ordered_json;
 
 namespace {
 
-// What is told whether anything is wrong or not.
-struct Facts {
+struct Report {
     std::string productFile;
     std::vector<ExaminedStore> stores;
+    Findings findings;
+
+    std::size_t count(Severity severity) const
+    {
+        auto const isMeant = [&](Finding const& finding) { return finding.severity == severity; };
+        return static_cast<std::size_t>(std::count_if(findings.begin(), findings.end(), isMeant));
+    }
+    bool isWell() const { return count(Severity::error) == 0 && count(Severity::warning) == 0; }
+    void add(Findings const& more) { findings.insert(findings.end(), more.begin(), more.end()); }
 };
 
-void append(Findings& findings, Findings const& more) { findings.insert(findings.end(), more.begin(), more.end()); }
-
-Findings checked(Host::Application const& application, ExaminedStore const& store)
+void examineStores(Host::Application const& application, Report& report, Progress& progress)
 {
-    Findings findings = checkAccess(store);
-    for (auto const check : {checkModes, checkJournal, checkFileSystem, checkKeys, checkRationals})
-        append(findings, check(store));
-    append(findings, checkValues(application, store));
-    return findings;
-}
-
-Findings checkHome()
-{
-    std::string const trouble = troubleWithTheHome();
-    return trouble.empty() ? Findings()
-                           : Findings{{Severity::warning, "home", trouble, "set HOME to the folder of the user whom the editor runs for"}};
-}
-
-constexpr std::size_t steps = 4;
-
-Findings checked(Host::Application const& application, Facts& facts, Progress& progress)
-{
-    Findings findings = checkHome();
     for (Store const store : {Store::product, Store::common}) {
         progress.next(absl::StrCat("looking at the ", name(store), " store"));
-        facts.stores.push_back(examined(application, store));
-        append(findings, checked(application, facts.stores.back()));
+        report.stores.push_back(examine(application, store));
+        report.add(checkStoreFile(report.stores.back()));
+        report.add(checkStoredValues(application, report.stores.back()));
     }
-    progress.next("looking at the folders that the editor writes to");
-    append(findings, checkFolders());
-    return findings;
 }
 
-Findings checked(fs::path const& productFile, std::optional<fs::path> const& storeFolder, Facts& facts)
+Report reportOn(fs::path const& productFile, std::optional<fs::path> const& storeFolder)
 {
-    Progress progress(steps);
+    Report report = {productFile.u8string(), {}, {}};
+    Progress progress(4);
     progress.next("opening the stores");
     try {
         Host::Application const application(productFile, storeFolder, Host::StorePolicy::leaveOutUnusable);
-        return checked(application, facts, progress);
+        report.add(checkHome());
+        examineStores(application, report, progress);
+        progress.next("looking at the folders that the editor writes to");
+        report.add(checkFolders());
     } catch (Host::ProductFileError const& error) {
-        return {{Severity::error,
-                 "product-file",
-                 error.what(),
-                 "nothing else can be looked at without it: mend it, or name another with --product",
-                 std::nullopt,
-                 {},
-                 facts.productFile}};
+        report.findings = {{Severity::error,
+                            Check::productFile,
+                            error.what(),
+                            "nothing else can be checked without it: correct it, or name another with --product",
+                            std::nullopt,
+                            {},
+                            report.productFile}};
     }
+    return report;
 }
 
-// --- How it is told ---
+// --- Output ---
 
-char const* nameOf(Severity severity)
+std::string remedyOf(Finding const& finding)
 {
-    switch (severity) {
-    case Severity::note:
-        return "note";
-    case Severity::warning:
-        return "warning";
-    case Severity::error:
-        break;
-    }
-    return "error";
-}
-
-char const* stateOf(ExaminedStore const& store)
-{
-    if (store.isMissing)
-        return "missing";
-    if (store.error)
-        return "unusable";
-    return store.readOnlyError ? "read-only" : "usable";
+    std::vector<std::string> names;
+    if (finding.check == Check::unknownKey)
+        for (Catalogue::Preference const& row : Catalogue::preferences())
+            names.push_back(row.name);
+    return didYouMean(finding.key, names) + finding.remedy;
 }
 
 ordered_json orNull(std::string const& text) { return text.empty() ? ordered_json() : ordered_json(text); }
 
 ordered_json asJson(ExaminedStore const& store)
 {
-    bool const isOpen = !store.isMissing && !store.error;
     return {{"store", name(store.store)},
             {"file", store.file.u8string()},
-            {"state", stateOf(store)},
-            {"schema", isOpen ? ordered_json(store.report.schemaVersion) : ordered_json()},
+            {"state", storeStateName(store.state)},
+            {"schema", store.isOpen() ? ordered_json(store.report.schemaVersion) : ordered_json()},
             {"journalMode", orNull(store.report.journalMode)},
             {"fileSystem", {{"type", orNull(store.fileSystem.type)}, {"mountPoint", orNull(store.fileSystem.mountPoint)}}}};
 }
 
 ordered_json asJson(Finding const& finding)
 {
-    return {{"severity", nameOf(finding.severity)},
-            {"check", finding.check},
+    return {{"severity", severityName(finding.severity)},
+            {"check", checkName(finding.check)},
             {"store", finding.store ? ordered_json(name(*finding.store)) : ordered_json()},
             {"key", orNull(finding.key)},
             {"path", orNull(finding.path)},
             {"what", finding.what},
-            {"remedy", finding.remedy}};
+            {"remedy", remedyOf(finding)}};
 }
 
 std::string whereOf(Finding const& finding)
@@ -137,9 +115,9 @@ std::string whereOf(Finding const& finding)
 
 std::string summaryOf(ExaminedStore const& store)
 {
-    std::string summary = stateOf(store);
+    std::string summary = storeStateName(store.state);
     if (store.report.schemaVersion != 0)
-        summary = absl::StrCat(summary, ", schema ", store.report.schemaVersion, ", journal mode ", store.report.journalMode);
+        absl::StrAppend(&summary, ", schema ", store.report.schemaVersion, ", journal mode ", store.report.journalMode);
     if (store.fileSystem.type.empty())
         return summary;
     std::string const type = onOneLine(store.fileSystem.type);
@@ -147,26 +125,14 @@ std::string summaryOf(ExaminedStore const& store)
     return mountPoint.empty() ? absl::StrCat(summary, ", on ", type) : absl::StrCat(summary, ", on ", type, " at ", mountPoint);
 }
 
-std::string verdictOn(Findings const& findings)
+std::string verdictOn(Report const& report)
 {
-    auto const count = [&](Severity severity) {
-        auto const isMeant = [&](Finding const& finding) { return finding.severity == severity; };
-        return static_cast<std::size_t>(std::count_if(findings.begin(), findings.end(), isMeant));
-    };
     std::vector<std::string> counts;
-    if (std::size_t const errors = count(Severity::error); errors > 0)
+    if (std::size_t const errors = report.count(Severity::error); errors > 0)
         counts.push_back(counted(errors, "error"));
-    if (std::size_t const warnings = count(Severity::warning); warnings > 0)
+    if (std::size_t const warnings = report.count(Severity::warning); warnings > 0)
         counts.push_back(counted(warnings, "warning"));
     return counts.empty() ? "all is well" : joined(counts, ", ");
-}
-
-Terminal::Style styleOf(Findings const& findings)
-{
-    auto const holds = [&](Severity severity) {
-        return std::any_of(findings.begin(), findings.end(), [&](Finding const& finding) { return finding.severity == severity; });
-    };
-    return holds(Severity::error) ? Terminal::Style::bad : holds(Severity::warning) ? Terminal::Style::odd : Terminal::Style::good;
 }
 
 Terminal::Style styleOf(Severity severity)
@@ -176,70 +142,73 @@ Terminal::Style styleOf(Severity severity)
                                            : Terminal::Style::normal;
 }
 
-// Below one another: where it is, what it is, and what to do.
+Terminal::Style styleOfVerdict(Report const& report)
+{
+    return report.isWell() ? Terminal::Style::good : styleOf(report.count(Severity::error) > 0 ? Severity::error : Severity::warning);
+}
+
+// The place, the finding and the remedy, below one another.
 void appendTo(std::vector<Columns>& table, Finding const& finding)
 {
-    Cell severity = {nameOf(finding.severity), styleOf(finding.severity)};
-    for (std::string const& line : {whereOf(finding), withoutControls(finding.what), withoutControls(finding.remedy)})
+    Cell severity = {severityName(finding.severity), styleOf(finding.severity)};
+    for (std::string const& line : {whereOf(finding), withoutControls(finding.what), withoutControls(remedyOf(finding))})
         if (!line.empty())
             table.push_back({std::exchange(severity, Cell("")), line});
 }
 
-void printForPeople(Facts const& facts, Findings const& findings)
+void printForPeople(Report const& report)
 {
-    std::vector<Columns> told = {{"product file", onOneLine(facts.productFile)}, {"SQLite", Storage::SqliteStorage::sqliteVersion()}};
-    for (ExaminedStore const& store : facts.stores) {
-        told.push_back({absl::StrCat(name(store.store), " store"), onOneLine(store.file.u8string())});
-        told.push_back({"", summaryOf(store)});
+    std::vector<Columns> facts = {{"product file", onOneLine(report.productFile)}, {"SQLite", Storage::SqliteStorage::sqliteVersion()}};
+    for (ExaminedStore const& store : report.stores) {
+        facts.push_back({absl::StrCat(name(store.store), " store"), onOneLine(store.file.u8string())});
+        facts.push_back({"", summaryOf(store)});
     }
-    printTable(told, {}, Format::people);
-    std::vector<Columns> found;
-    for (Finding const& finding : findings)
-        appendTo(found, finding);
+    printTable(facts, {}, Format::people);
+    std::vector<Columns> findings;
+    for (Finding const& finding : report.findings)
+        appendTo(findings, finding);
     std::cout << (findings.empty() ? "" : "\n");
-    printTable(found, {}, Format::people);
-    std::cout << '\n' << Terminal::painted(verdictOn(findings), styleOf(findings)) << '\n';
+    printTable(findings, {}, Format::people);
+    std::cout << '\n' << Terminal::painted(verdictOn(report), styleOfVerdict(report)) << '\n';
 }
 
-void printForScripts(Facts const& facts, Findings const& findings)
+void printForScripts(Report const& report)
 {
-    std::vector<Columns> table = {{"fact", "product-file", onOneLine(facts.productFile), "", ""},
+    std::vector<Columns> table = {{"fact", "product-file", onOneLine(report.productFile), "", ""},
                                   {"fact", "sqlite", "", Storage::SqliteStorage::sqliteVersion(), ""}};
-    for (ExaminedStore const& store : facts.stores)
-        table.push_back({"fact", name(store.store) + "-store", onOneLine(store.file.u8string()), summaryOf(store), ""});
-    for (Finding const& finding : findings)
-        table.push_back({nameOf(finding.severity), finding.check, whereOf(finding), onOneLine(finding.what), onOneLine(finding.remedy)});
+    for (ExaminedStore const& store : report.stores)
+        table.push_back({"fact", absl::StrCat(name(store.store), "-store"), onOneLine(store.file.u8string()), summaryOf(store), ""});
+    for (Finding const& finding : report.findings)
+        table.push_back({severityName(finding.severity), checkName(finding.check), whereOf(finding), onOneLine(finding.what),
+                         onOneLine(remedyOf(finding))});
     printTable(table, {}, Format::plain);
 }
 
-void printAsJson(Facts const& facts, Findings const& findings, bool isWell)
+void printAsJson(Report const& report)
 {
     auto stores = ordered_json::array();
-    for (ExaminedStore const& store : facts.stores)
+    for (ExaminedStore const& store : report.stores)
         stores.push_back(asJson(store));
-    auto found = ordered_json::array();
-    for (Finding const& finding : findings)
-        found.push_back(asJson(finding));
-    printJson({{"facts", {{"productFile", facts.productFile}, {"sqlite", Storage::SqliteStorage::sqliteVersion()}, {"stores", stores}}},
-               {"findings", found},
-               {"isWell", isWell}});
+    auto findings = ordered_json::array();
+    for (Finding const& finding : report.findings)
+        findings.push_back(asJson(finding));
+    printJson({{"facts", {{"productFile", report.productFile}, {"sqlite", Storage::SqliteStorage::sqliteVersion()}, {"stores", stores}}},
+               {"findings", findings},
+               {"isWell", report.isWell()}});
 }
 
 } // namespace
 
 bool examineAll(fs::path const& productFile, std::optional<fs::path> const& storeFolder, Format format)
 {
-    Facts facts = {productFile.u8string(), {}};
-    Findings const findings = checked(productFile, storeFolder, facts);
-    bool const isWell =
-        std::all_of(findings.begin(), findings.end(), [](Finding const& finding) { return finding.severity == Severity::note; });
+    Report const report = reportOn(productFile, storeFolder);
     if (format == Format::json)
-        printAsJson(facts, findings, isWell);
+        printAsJson(report);
     else if (format == Format::plain)
-        printForScripts(facts, findings);
+        printForScripts(report);
     else
-        printForPeople(facts, findings);
-    return isWell;
+        printForPeople(report);
+    return report.isWell();
 }
 
 Command doctorCommand()

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The verb that looks for what is wrong.
+// The verb `doctor`.
 #pragma once
 
 #include "terminal/Table.h"
@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <optional>
 
-/// Looks at the product file, at both stores and at the folders that the editor writes to, and prints what it finds. Makes
-/// nothing and changes nothing, but that a change which somebody's death cut off is undone, as by all who open the store.
-/// Whether all is well.
+/// Prints the findings about the home folder, the product file, both stores and the folders that the editor writes to.
+/// Changes nothing, except that SQLite undoes an interrupted change. Returns whether there are only notes.
 bool examineAll(std::filesystem::path const& productFile, std::optional<std::filesystem::path> const& storeFolder, Format format);

@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "commands/HomeFolder.h"
 
-#include "terminal/Escaping.h"
-
-#include <absl/strings/str_cat.h>
+#include <Inspection/checks/FolderChecks.h>
 
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QStringList>
 
 #include <algorithm>
@@ -89,14 +86,6 @@ bool tellsOfTheHome(std::string const& bytes) { return holdsOneOf(bytes, forms()
 
 std::string troubleWithTheHome()
 {
-    std::string const home = qgetenv("HOME").toStdString();
-    if (home.empty())
-        return "HOME is not set, so / is taken for the home folder";
-    if (home[0] != '/')
-        return absl::StrCat("HOME is ", quoted(home), ", which depends on the folder that a program is started in");
-    QFileInfo const folder(QDir::homePath());
-    if (folder.isDir())
-        return {};
-    return folder.exists() ? absl::StrCat("HOME is ", quoted(home), ", which is not a folder")
-                           : absl::StrCat("HOME is ", quoted(home), ", which is not there");
+    Inspection::Findings const findings = Inspection::checkHome();
+    return findings.empty() ? std::string() : findings.front().what;
 }

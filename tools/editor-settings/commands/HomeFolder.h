@@ -7,5 +7,5 @@
 /// has for the user, or of what either is a link to; in UTF-8, UTF-16 or percent-encoded as in a URL.
 bool tellsOfTheHome(std::string const& bytes);
 
-/// What is wrong with the home folder that the environment names; empty where nothing is.
+/// The finding of `Inspection::checkHome`, in raw bytes; empty where that finds nothing.
 std::string troubleWithTheHome();

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#include <Inspection/checks/Finding.h>
+
+#include <array>
+#include <cstddef>
+
+namespace Inspection {
+
+char const* severityName(Severity severity)
+{
+    constexpr std::array<char const*, 3> names = {"note", "warning", "error"};
+    return names.at(static_cast<std::size_t>(severity));
+}
+
+char const* checkName(Check check)
+{
+    constexpr std::array<char const*, 24> names = {
+        "product-file", "home",        "store-unusable", "store-missing", "store-newer",   "store-read-only",
+        "store-folder", "file-mode",   "file-owner",     "journal-left",  "file-system",   "misplaced-key",
+        "unknown-key",  "unknown-key", "rational-half",  "rational-kind", "rational-zero", "other-kind",
+        "unreadable",   "no-utf8",     "list-changes",   "number-edge",   "folder",        "folders-missing",
+    };
+    static_assert(names.size() == static_cast<std::size_t>(Check::foldersMissing) + 1);
+    return names.at(static_cast<std::size_t>(check));
+}
+
+} // namespace Inspection

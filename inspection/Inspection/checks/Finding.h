@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <Catalogue/Catalogue.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Inspection {
+
+enum class Severity {
+    note,    ///< Nothing is wrong.
+    warning, ///< Something works in a way that users do not expect, or a value may be lost.
+    error,   ///< Something does not work.
+};
+
+/// What was found, in the order of the words of `checkName`.
+enum class Check {
+    productFile,
+    home,
+    storeUnusable,
+    storeMissing,
+    storeNewer,
+    storeReadOnly,
+    storeFolder,
+    fileMode,
+    fileOwner,
+    journalLeft,
+    fileSystem,
+    misplacedKey,
+    unknownKey,
+    unknownRational,
+    rationalHalf,
+    rationalKind,
+    rationalZero,
+    otherKind,
+    unreadable,
+    notUtf8,
+    listChanges,
+    numberEdge,
+    folder,
+    foldersMissing,
+};
+
+/// The result of a check, with sentences in raw bytes: a caller escapes them for its medium.
+struct Finding {
+    Severity severity;
+    Check check;
+    std::string what;
+    std::string remedy; ///< What the user can do.
+    std::optional<Catalogue::Store> store = std::nullopt;
+    std::string key = {};  ///< The stored key; empty where the finding is about none.
+    std::string path = {}; ///< The file or folder in UTF-8; empty where the finding is about none.
+};
+
+using Findings = std::vector<Finding>;
+
+/// The word for scripts: "note", "warning" or "error".
+char const* severityName(Severity severity);
+
+/// The word for scripts, which no version changes.
+char const* checkName(Check check);
+
+} // namespace Inspection

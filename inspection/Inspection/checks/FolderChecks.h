@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <Inspection/checks/Finding.h>
+
+namespace Inspection {
+
+/// Checks the home folder that the environment names: at most one finding, `Check::home`.
+Findings checkHome();
+
+/// Checks the folders that the editor writes to. Makes none. The library must be bound.
+Findings checkFolders();
+
+} // namespace Inspection
