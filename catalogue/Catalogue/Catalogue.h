@@ -19,6 +19,9 @@ namespace Catalogue {
 
 enum class Store { product, common };
 
+/// The word for a store: "product" or "common".
+std::string name(Store store);
+
 /// What a preference is when settings leave the machine: for another machine of the user, or for somebody who helps.
 enum class DataClass {
     roaming,   ///< The user's taste: it holds on any machine.

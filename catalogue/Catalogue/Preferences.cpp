@@ -105,7 +105,9 @@ std::vector<Family> const& families()
 }
 // clang-format on
 
-// The words stand in the order of the enumerations.
+std::string name(Store store) { return store == Store::common ? "common" : "product"; }
+
+// The words stand in the order of the enumeration.
 char const* dataClassName(DataClass dataClass)
 {
     static constexpr std::array words = {"roaming", "local", "personal", "transient"};

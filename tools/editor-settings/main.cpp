@@ -36,6 +36,8 @@
 #include <map>
 #include <optional>
 
+using Inspection::storage;
+
 namespace {
 
 constexpr int saidNo = 1;

@@ -26,6 +26,16 @@
 
 namespace fs = std::filesystem;
 using Catalogue::Store;
+using Inspection::isReserved;
+using Inspection::isUtf8;
+using Inspection::knownKey;
+using Inspection::PreferenceState;
+using Inspection::preferenceState;
+using Inspection::State;
+using Inspection::storage;
+using Inspection::storageFile;
+using Inspection::storageTrouble;
+using Inspection::storedKind;
 using StoredRow = Storage::SqliteStorage::Row;
 
 // --- The file of a store ---------------------------------------------------------------------------------------------
@@ -219,12 +229,6 @@ Findings checkFileSystem(ExaminedStore const& store)
 
 namespace {
 
-bool isReserved(std::string const& key)
-{
-    std::vector<std::string> const& reserved = Catalogue::preferencesWithoutAccessors();
-    return std::find(reserved.begin(), reserved.end(), key) != reserved.end();
-}
-
 Finding aboutKey(ExaminedStore const& store, Severity severity, char const* check, std::string const& key, std::string const& what,
                  std::string const& remedy)
 {
@@ -233,7 +237,7 @@ Finding aboutKey(ExaminedStore const& store, Severity severity, char const* chec
 
 bool isKnown(ExaminedStore const& store, std::string const& key)
 {
-    return Catalogue::findPreference(key) || (store.store == Store::product && (isReserved(key) || isInAFamily(key)));
+    return Catalogue::findPreference(key) || (store.store == Store::product && (knownKey(key) || isReserved(key)));
 }
 
 // A rational is kept as two ints.
@@ -346,12 +350,12 @@ void checkValue(PreferenceState const& setting, ExaminedStore const& store, Find
     auto const found = [&](char const* check, std::string const& what, std::string const& remedy) {
         findings.push_back(aboutKey(store, Severity::warning, check, setting.key, what, remedy));
     };
-    if (setting.isOfOtherKind())
+    if (setting.state() == State::otherKind)
         found("other-kind",
               absl::StrCat("it holds a value of kind ", setting.stored->kind, " where one of kind ", storedKind(setting.observation.value),
                            " is read, so the default is read"),
               unset);
-    else if (setting.isUnreadable())
+    else if (setting.state() == State::unreadable)
         found("unreadable", absl::StrCat("it holds a value of kind ", setting.stored->kind, " that cannot be read, so the default is read"),
               unset);
     else if (isTextThatIsNotUtf8(setting))
@@ -373,12 +377,10 @@ Findings checkValues(Host::Application const& application, ExaminedStore const& 
 {
     Findings findings;
     for (StoredRow const& row : store.rows) {
-        Catalogue::Preference const* const known = Catalogue::findPreference(row.key);
-        if (known ? known->store != store.store : store.store != Store::product || !isInAFamily(row.key))
-            continue;
-        PreferenceState const found = preferenceState(application, row.key);
-        if (found.stored) // else it was removed meanwhile, or is kept in memory by a product of this kind
-            checkValue(found, store, findings);
+        std::optional<PreferenceState> const found = preferenceState(application, row.key);
+        // Without a row it was removed meanwhile, or is kept in memory by a product of this kind.
+        if (found && found->store == store.store && found->stored)
+            checkValue(*found, store, findings);
     }
     return findings;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Backups.h"
 
+#include "commands/Output.h"
 #include "terminal/Escaping.h"
 #include "terminal/ProgressLine.h"
 #include <Inspection/PreferenceState.h>
@@ -13,6 +14,9 @@
 #include <algorithm>
 
 using Catalogue::Store;
+using Inspection::storage;
+using Inspection::storageFile;
+using Inspection::storageTrouble;
 using nlohmann::ordered_json;
 using Storage::SqliteStorage;
 

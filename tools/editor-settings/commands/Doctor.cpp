@@ -2,6 +2,7 @@
 #include "commands/Doctor.h"
 
 #include "commands/HomeFolder.h"
+#include "commands/Output.h"
 #include "terminal/Escaping.h"
 #include "terminal/ProgressLine.h"
 #include "terminal/Terminal.h"

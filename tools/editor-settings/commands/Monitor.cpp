@@ -4,6 +4,7 @@
 #include "terminal/Escaping.h"
 #include <Inspection/PreferenceState.h>
 #include <Inspection/RowDifference.h>
+#include <Inspection/ValueFormat.h>
 
 #include <csignal>
 #include <iostream>
@@ -12,6 +13,8 @@
 #include <sys/stat.h>
 
 using Catalogue::Store;
+using Inspection::jsonText;
+using Inspection::storageFile;
 using nlohmann::ordered_json;
 using Storage::SqliteStorage;
 

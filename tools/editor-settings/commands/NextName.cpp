@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "commands/NextName.h"
 
+#include "commands/Output.h"
 #include "terminal/Escaping.h"
 #include <Inspection/PathStatus.h>
+#include <Inspection/ValueFormat.h>
 
 #include <absl/strings/str_cat.h>
 
@@ -22,6 +24,7 @@
 #include <unistd.h>
 
 namespace fs = std::filesystem;
+using Inspection::isUtf8;
 
 namespace {
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Paths.h"
 
+#include "commands/Output.h"
+#include "terminal/Escaping.h"
 #include "terminal/Suggestions.h"
 #include <Inspection/Locations.h>
 #include <Inspection/PathOrigin.h>
@@ -17,6 +19,8 @@
 using Catalogue::Location;
 using Catalogue::Preference;
 using Catalogue::Use;
+using Inspection::isUtf8;
+using Inspection::PreferenceState;
 using nlohmann::ordered_json;
 
 namespace {
@@ -91,9 +95,9 @@ std::vector<Decision> decisionsOf(Host::Application const& application, Location
         return {{"argument", location.argument, location.argument, "", "nothing else: an absolute path stands for itself"}};
     if (!location.preference)
         return decisions(application, *location.place);
-    PreferenceState const found = preferenceState(application, location.name);
+    PreferenceState const found = Inspection::preferenceState(application, location.name).value();
     std::string const file = application.productStorageFile().u8string();
-    if (found.stored && found.obstacle().empty())
+    if (found.isRead())
         return {{"preference", location.name, location.path.toStdString(), file,
                  absl::StrCat(location.name, " is stored in ", onOneLine(file))}};
     std::string const fallback = std::string("Settings::") + location.place->name + "()";
