@@ -6,7 +6,6 @@
 #include <support/NaiveNames.h>
 
 #include <Inspection/ExportDocument.h>
-#include <Inspection/KnownKeys.h>
 
 #include <algorithm>
 #include <tuple>

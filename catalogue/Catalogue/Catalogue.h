@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// The preferences and locations as tools see them: one row for each, made from the addresses of the library's own
-// functions, so that a tool reaches them the way the editor does. Defaults, keys, whether a preference is stored and
-// what a location asks of the product are observed at the collaborators, never restated here.
+// Preferences and locations for tools: one row for each, made from the addresses of the library's own functions. Defaults,
+// keys, stores and what a location asks of the product are observed at the collaborators, never restated here.
 //
-// To observe, the library is bound to other collaborators for a moment. So nothing here may run beside another call of
-// the library: this is for tools, not for the editor itself.
+// An inspection binds the library to other collaborators while it runs, so no other thread may call the library at that
+// time: this is for tools, not for the editor.
 #pragma once
 
 #include <Settings/Settings.h>
@@ -19,18 +18,21 @@ namespace Catalogue {
 
 enum class Store { product, common };
 
-/// What a preference is when settings leave the machine: for another machine of the user, or for somebody who helps.
+/// The word for a store: "product" or "common".
+std::string name(Store store);
+
+/// Where the value of a preference may go when settings leave the machine.
 enum class DataClass {
-    roaming,   ///< The user's taste: it holds on any machine.
-    local,     ///< Fits this machine: folders, windows, updates of the program.
-    personal,  ///< Tells who the user is or what the user works on.
-    transient, ///< What was last used or counted: the editor comes to it again by itself.
+    roaming,   ///< The user's taste, valid on any machine.
+    local,     ///< Fits this machine only: folders, windows, updates of the program.
+    personal,  ///< Discloses who the user is or what the user works on.
+    transient, ///< Last used or counted: the editor makes it again by itself.
 };
 
 /// The word for a class: "roaming", "local", "personal" or "transient".
 char const* dataClassName(DataClass dataClass);
 
-/// A value of a preference, in the type that the library's functions take.
+/// The value of a preference, in the type that the library's functions take.
 using Value = std::variant<bool, int, std::string, QString, QByteArray, QStringList>;
 
 /// The getter and the setter of a preference with values of type `T`.
@@ -42,125 +44,125 @@ struct Accessors {
 
 /// One preference.
 struct Preference {
-    char const* name;    ///< Its key.
-    char const* purpose; ///< What it is for, in a few words.
+    char const* name;    ///< The key.
+    char const* purpose; ///< A few English words.
     Store store;
     DataClass dataClass;
     std::variant<Accessors<bool>, Accessors<int>, Accessors<std::string>, Accessors<QString>, Accessors<QByteArray>, Accessors<QStringList>>
         accessors;                          ///< In the order of the alternatives of `Value`.
-    QString (*computedDefault)() = nullptr; ///< The location that a read falls back on, where it is computed.
+    QString (*computedDefault)() = nullptr; ///< The location that is the default; null for a fixed default.
 
-    /// What the getter gives.
+    /// Calls the getter.
     Value read() const;
-    /// Hands `value` to the setter. Its type must be the row's: `std::bad_variant_access` otherwise.
+    /// Calls the setter. Throws `std::bad_variant_access` for a value of another type than the row's.
     void write(Value const& value) const;
 };
 
-/// The getter and the setter, if there is one, of values of type `T` under keys that are made from a name.
+/// The getter of values of type `T` under keys made from a name, and the setter, which may be null.
 template <typename T>
 struct KeyedAccessors {
     T (*get)(QString);
     void (*set)(QString, T const&);
 };
 
-/// Settings that the editor keeps under names of its own choice.
+/// Preferences under names that the editor chooses.
 struct Family {
-    char const* name;    ///< Of the getter, without namespace.
-    char const* purpose; ///< What they are for, in a few words.
+    char const* name;    ///< The getter's name, without namespace.
+    char const* purpose; ///< A few English words.
     Store store;
     DataClass dataClass; ///< Of each member.
     std::variant<KeyedAccessors<QByteArray>, KeyedAccessors<QStringList>> accessors;
 
-    /// What the getter gives for the member called `member`.
+    /// Calls the getter for the member `member`.
     Value read(QString const& member) const;
 };
 
-/// What a location starts from.
+/// The root of a location's path.
 enum class Root {
     movies,    ///< The movies location of the editor's platform library.
-    music,     ///< The music location, likewise.
-    cache,     ///< The cache location, likewise.
+    music,     ///< The music location of the same library.
+    cache,     ///< The cache location of the same library.
     data,      ///< Qt's generic data location.
     resources, ///< The resources root of the binding.
-    nothing,   ///< The text is fixed.
+    nothing,   ///< None: the text is fixed.
 };
 
 /// What the editor does with a location.
 enum class Use {
-    fallback, ///< Takes it for a folder preference that is not stored.
-    written,  ///< Writes there, and makes the folder first where it is missing.
-    shipped,  ///< Reads what the product brings along.
-    fragment, ///< Joins it to a folder of its choice: by itself it is no place.
-    embedded, ///< Finds it in the application's own program, not on disk.
+    fallback, ///< Uses it as the default of a folder preference.
+    written,  ///< Writes there, and creates a missing folder first.
+    shipped,  ///< Reads files that the product installs.
+    fragment, ///< Joins it to a folder of its choice: the path is relative.
+    embedded, ///< Reads it from the program's resources, not from disk.
 };
 
 /// The word for a root: "movies", "music", "cache", "data", "resources" or "nothing".
 char const* rootName(Root root);
-/// What the editor does, in words for the user: "default of a preference", "written to", "shipped with the product",
+/// What the editor does, in words for users: "default of a preference", "written to", "shipped with the product",
 /// "joined to a folder by the editor" or "inside the editor's program".
 char const* useName(Use use);
 
 /// One location.
 struct Location {
-    char const* name;    ///< Of the function, without namespace.
-    char const* purpose; ///< What lies there, in a few words.
+    char const* name;    ///< The function's name, without namespace.
+    char const* purpose; ///< A few English words on what lies there.
     Root root;
     Use use;
     std::variant<QString (*)(), std::string (*)(), QString (*)(std::string const&), std::string (*)(std::string const&),
                  QString (*)(Settings::Notifications)>
         function;
-    /// What to ask it about, for a listing: an example where it takes any name, and every answer where it takes a few.
-    /// Empty where it takes nothing.
+    /// Arguments for a listing: one example for a function of any name, all of them for a function of a few names, none for
+    /// a function without parameter.
     std::vector<std::string> arguments = {};
 
-    /// What the function gives now, for `argument` where it takes one: a name in UTF-8, or "finish" or "error" for a
-    /// notification, `std::out_of_range` for another.
+    /// Calls the function, with `argument` if it takes one: a name in UTF-8, or "finish" or "error" for a notification.
+    /// Throws `std::out_of_range` for another notification.
     QString path(std::string const& argument = {}) const;
 };
 
-/// What a look at the stores tells of a preference.
+/// A preference as the library reads it from the bound stores.
 struct InspectedValue {
-    Value value;                ///< What a read gives now.
-    Value defaultValue;         ///< What a read gives where nothing is stored.
-    std::optional<Store> store; ///< The store that a read asks; none where the value is kept in memory.
-    std::string key;            ///< The key that it asks for.
-    bool isStored = false;      ///< Whether the store holds the key, with a value of whichever kind.
+    Value value;                ///< The result of a read.
+    Value defaultValue;         ///< The result of a read of an empty store.
+    std::optional<Store> store; ///< The store that a read asks; nullopt for a value kept in memory.
+    std::string key;            ///< The key that a read asks for.
+    bool isStored = false;      ///< Whether the store contains the key, with a value of any kind.
 };
 
 /// All preferences that have accessors, in the order of the library's header.
 std::vector<Preference> const& preferences();
-/// The preference called `name`; null where there is none.
+/// The preference called `name`; null for an unknown name.
 Preference const* findPreference(std::string const& name);
 /// Preferences that the library has a key and a default for, but no accessors.
 std::vector<std::string> const& preferencesWithoutAccessors();
 
-/// The settings under names of the editor's choice.
+/// All families.
 std::vector<Family> const& families();
-/// The family called `name`, which must be one of them.
+/// The family called `name`, which must exist.
 Family const& familyOf(std::string const& name);
 
 /// All locations, in the order of the library's header.
 std::vector<Location> const& locations();
-/// The location called `name`; null where there is none.
+/// The location called `name`; null for an unknown name.
 Location const* findLocation(std::string const& name);
-/// The location that `function`, one of those in `places`, computes.
+/// The location with the function `function`, which must be one of `locations()`.
 Location const& locationOf(QString (*function)());
 /// The operations of `IProductInfo` that the library asks for a location, in their order.
 std::vector<std::string> askedOfTheProduct(Location const& location);
 
-/// Looks at a preference in the stores that the library is bound to.
+/// Inspects a preference in the stores that the library is bound to.
 InspectedValue inspect(Preference const& preference);
-/// Looks at what `family` keeps under `name`.
+/// Inspects the member `name` of `family` in the stores that the library is bound to.
 InspectedValue inspect(Family const& family, QString const& name);
-/// Looks at a preference as it is where nothing is stored. Needs no store.
+/// Inspects a preference with empty stores in the place of the bound ones; the library needs no store.
 InspectedValue inspectUnstored(Preference const& preference);
-/// Looks at what `family` gives for `name` where nothing is stored, likewise.
+/// Inspects the member `name` of `family` with empty stores in the place of the bound ones.
 InspectedValue inspectUnstored(Family const& family, QString const& name);
 
-/// Whether a list comes back from a store as it was written: empty elements are lost, and the library's separator
-/// splits an element that holds it.
+/// Whether a list survives the round trip through a store, which drops empty elements and splits an element at the
+/// library's separator.
 bool survivesRoundTrip(QStringList const& list);
-/// The text that the library stores a list as.
+/// The text that the library stores for a list.
 std::string storedText(QStringList const& list);
 
 } // namespace Catalogue

@@ -89,13 +89,14 @@ std::vector<Location> const& locations()
 }
 // clang-format on
 
-// The words stand in the order of the enumerations.
+// In the order of Root.
 char const* rootName(Root root)
 {
     static constexpr std::array words = {"movies", "music", "cache", "data", "resources", "nothing"};
     return words.at(static_cast<std::size_t>(root));
 }
 
+// In the order of Use.
 char const* useName(Use use)
 {
     static constexpr std::array words = {"default of a preference", "written to", "shipped with the product",
@@ -128,7 +129,7 @@ Settings::Notifications notification(std::string const& name)
     return sounds.at(name);
 }
 
-// Calls a function of a place with what it takes of `argument`.
+// Calls the function of a location, with the argument if it takes one.
 struct Asked {
     std::string const& argument;
 

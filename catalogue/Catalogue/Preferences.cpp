@@ -8,8 +8,7 @@ namespace Catalogue {
 
 namespace {
 
-// The type is deduced from both addresses, so that a getter with another preference's setter does not compile where
-// their types differ.
+// T is deduced from both addresses, so a getter and a setter of different types do not compile.
 template <typename T>
 Preference preference(char const* name, char const* purpose, Store store, DataClass dataClass, T (*get)(), void (*set)(T const&),
                       QString (*computedDefault)() = nullptr)
@@ -105,7 +104,9 @@ std::vector<Family> const& families()
 }
 // clang-format on
 
-// The words stand in the order of the enumerations.
+std::string name(Store store) { return store == Store::common ? "common" : "product"; }
+
+// In the order of DataClass.
 char const* dataClassName(DataClass dataClass)
 {
     static constexpr std::array words = {"roaming", "local", "personal", "transient"};

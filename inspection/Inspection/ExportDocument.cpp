@@ -2,7 +2,9 @@
 #include <Inspection/ExportDocument.h>
 
 #include "terminal/Escaping.h"
-#include <Inspection/JsonText.h>
+#include "terminal/Suggestions.h"
+#include <Inspection/PreferenceState.h>
+#include <Inspection/ValueFormat.h>
 
 #include <absl/strings/str_cat.h>
 
@@ -19,6 +21,10 @@
 #include <utility>
 
 using Catalogue::Store;
+using Inspection::fromBase64;
+using Inspection::isUtf8;
+using Inspection::jsonText;
+using Inspection::toBase64;
 using nlohmann::json;
 using nlohmann::ordered_json;
 
@@ -31,19 +37,6 @@ using Storage::Kind;
 constexpr char const* formatName = "editor-settings export";
 constexpr int writtenVersion = 1;
 constexpr std::pair<Store, char const*> stores[] = {{Store::product, "product"}, {Store::common, "common"}};
-
-char const* storeName(Store store) { return store == Store::product ? "product" : "common"; }
-
-std::string base64(std::string const& bytes) { return QByteArray::fromStdString(bytes).toBase64().toStdString(); }
-
-// Qt decodes whatever it can; only what encodes to the same text again is taken.
-std::optional<std::string> fromBase64(std::string const& text)
-{
-    QByteArray const bytes = QByteArray::fromBase64(QByteArray::fromStdString(text));
-    if (bytes.toBase64().toStdString() != text && bytes.toBase64(QByteArray::OmitTrailingEquals).toStdString() != text)
-        return std::nullopt;
-    return bytes.toStdString();
-}
 
 // What a document holds may be long: the beginning tells enough.
 std::string shortened(std::string const& line) { return ::shortened(line, 100); }
@@ -68,7 +61,7 @@ std::string nameOf(std::string const& key)
 
 std::string placeOf(Entry const& entry, char const* field)
 {
-    return std::string("stores.") + storeName(entry.store) + '.' + brief(nameOf(entry.key)) + (field ? std::string(".") + field : "");
+    return "stores." + name(entry.store) + '.' + brief(nameOf(entry.key)) + (field ? std::string(".") + field : "");
 }
 
 // --- Writing ---
@@ -85,9 +78,9 @@ struct FieldsOfValue {
     {
         if (!isUtf8(value))
             fields["encoding"] = "base64";
-        fields["value"] = isUtf8(value) ? value : base64(value);
+        fields["value"] = isUtf8(value) ? value : toBase64(value);
     }
-    void operator()(std::vector<unsigned char> const& value) const { fields["value"] = base64(std::string(value.begin(), value.end())); }
+    void operator()(std::vector<unsigned char> const& value) const { fields["value"] = toBase64(std::string(value.begin(), value.end())); }
 };
 
 std::string lineOf(Entry const& entry)
@@ -478,6 +471,40 @@ Document read(std::string const& bytes)
     std::sort(document.entries.begin(), document.entries.end(),
               [](Entry const& left, Entry const& right) { return std::tie(left.store, left.key) < std::tie(right.store, right.key); });
     return document;
+}
+
+// --- Checking ---
+
+namespace {
+
+[[noreturn]] void refuseUnknown(Entry const& entry)
+{
+    if (Inspection::isReserved(entry.key))
+        throw Error(
+            absl::StrCat(placeOf(entry), " is reserved: the editor neither reads nor writes it; remove it, or give --with-unknown"));
+    std::vector<std::string> names;
+    for (Catalogue::Preference const& row : Catalogue::preferences())
+        names.emplace_back(row.name);
+    throw Error(absl::StrCat(placeOf(entry), " is no preference of the editor; ", didYouMean(entry.key, names),
+                             "correct or remove it, or give --with-unknown to take such keys as they are"));
+}
+
+} // namespace
+
+void checkKeys(Document const& document, bool withUnknown)
+{
+    for (Entry const& entry : document.entries) {
+        std::optional<Inspection::KnownKey> const known = Inspection::knownKey(entry.key);
+        if (!known && withUnknown)
+            continue;
+        if (!known)
+            refuseUnknown(entry);
+        if (known->store != entry.store)
+            throw Error(absl::StrCat(placeOf(entry), " is kept in the other store; move it to stores.", name(known->store)));
+        if (Storage::storedWord(known->kind) != entry.kind)
+            throw Error(absl::StrCat(placeOf(entry, "kind"), " is \"", entry.kind,
+                                     "\", which the editor would not read; give a value of kind \"", Storage::storedWord(known->kind), "\""));
+    }
 }
 
 } // namespace Transfer

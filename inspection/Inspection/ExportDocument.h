@@ -61,6 +61,10 @@ std::string written(Document const& document);
 /// The document in `bytes`, checked whole. Throws `Error`.
 Document read(std::string const& bytes);
 
+/// Checks that the library can read each entry where it stands, and as what it is. With `withUnknown` keys pass that the
+/// library never asks for. Throws `Error`.
+void checkKeys(Document const& document, bool withUnknown);
+
 /// The place of an entry or of its field `field`, for an `Error`.
 std::string placeOf(Entry const& entry, char const* field = nullptr);
 

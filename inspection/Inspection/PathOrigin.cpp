@@ -249,10 +249,9 @@ std::vector<Decision> decisions(Host::Application const& application, LocationSt
         return {{By::argument, location.argument, location.argument}};
     if (!location.preference)
         return decisions(application, *location.location);
-    PreferenceState const found = preferenceState(application, location.name);
+    PreferenceState const found = preferenceState(application, location.name).value();
     Decision decision = {By::preference, location.name, {}, application.productStorageFile().u8string()};
-    bool const isUsed = found.stored && !found.isOfOtherKind() && !found.isUnreadable();
-    if (isUsed) {
+    if (found.isRead()) {
         decision.value = location.path.toStdString();
         return {decision};
     }

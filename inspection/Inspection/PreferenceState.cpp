@@ -1,37 +1,55 @@
 // SPDX-License-Identifier: MIT
 #include <Inspection/PreferenceState.h>
 
-#include "terminal/Suggestions.h"
 #include <Inspection/ValueFormat.h>
 
-#include <absl/strings/str_cat.h>
+#include <absl/strings/match.h>
 
 #include <algorithm>
+#include <array>
 
 using Catalogue::Family;
 using Catalogue::Preference;
 using Catalogue::Store;
 using Catalogue::Value;
 
+namespace Inspection {
+
 namespace {
 
-void look(Host::Application const& application, PreferenceState& setting)
+struct PrefixedFamily {
+    std::string prefix; // of its keys: the key of the member without a name
+    Family const* family;
+};
+
+// Kept, as each inspection binds the library again.
+std::vector<PrefixedFamily> const& families()
 {
-    if (setting.observation.isStored)
-        setting.stored = storage(application, *setting.observation.store)->find(setting.observation.key);
+    static std::vector<PrefixedFamily> const all = [] {
+        std::vector<PrefixedFamily> result;
+        for (Family const& family : Catalogue::families())
+            result.push_back({Catalogue::inspectUnstored(family, QString()).key, &family});
+        return result;
+    }();
+    return all;
 }
 
-PreferenceState stateOf(Host::Application const& application, Preference const& row)
+struct Member {
+    Family const* family;
+    QString name;
+};
+
+// The member that the library makes `key` from. A name that is not UTF-8 never becomes a key.
+std::optional<Member> memberOfAFamily(std::string const& key)
 {
-    PreferenceState setting = {
-        row.name,           row.store, row.dataClass, Catalogue::inspect(row), {}, [&row](Value const& value) { row.write(value); },
-        row.computedDefault};
-    look(application, setting);
-    return setting;
+    for (auto const& [prefix, family] : families())
+        if (std::string const name = key.substr(std::min(prefix.size(), key.size())); absl::StartsWith(key, prefix) && isUtf8(name))
+            return Member{family, QString::fromStdString(name)};
+    return std::nullopt;
 }
 
-// Hands a value to the setter of a family, if there is one.
-struct Writer {
+// A setter of a family for one of its members; empty for a family without setter.
+struct WriterOf {
     QString member;
 
     template <typename T>
@@ -43,63 +61,117 @@ struct Writer {
     }
 };
 
-PreferenceState stateOf(Host::Application const& application, Family const& family, QString const& member)
+PreferenceState withStoredRow(Host::Application const& application, PreferenceState state)
 {
-    Catalogue::InspectedValue const observation = Catalogue::inspect(family, member);
-    PreferenceState setting = {observation.key, family.store, family.dataClass,
-                               observation,     {},           std::visit(Writer{member}, family.accessors)};
-    look(application, setting);
-    return setting;
+    if (state.observation.isStored)
+        state.stored = storage(application, *state.observation.store)->find(state.key);
+    return state;
 }
 
-// What the keys of a family begin with: the key of the member without a name.
-std::string prefix(Family const& family) { return Catalogue::inspect(family, QString()).key; }
-
-bool beginsWith(std::string const& text, std::string const& beginning) { return text.compare(0, beginning.size(), beginning) == 0; }
-
-// The member of a family that a key belongs to; none where it belongs to no family, or is not UTF-8.
-std::optional<PreferenceState> memberOfAFamily(Host::Application const& application, std::string const& key)
+PreferenceState stateOf(Host::Application const& application, Preference const& row)
 {
-    for (Family const& family : Catalogue::families()) {
-        std::string const beginning = prefix(family);
-        if (!beginsWith(key, beginning))
-            continue;
-        QString const member = QString::fromStdString(key.substr(beginning.size()));
-        PreferenceState found = stateOf(application, family, member);
-        if (found.key == key)
-            return found;
+    return withStoredRow(application, {row.name, row.store, row.dataClass, Catalogue::inspect(row), std::nullopt,
+                                       [&row](Value const& value) { row.write(value); }, row.computedDefault});
+}
+
+PreferenceState stateOf(Host::Application const& application, std::string const& key, Member const& member)
+{
+    Family const& family = *member.family;
+    return withStoredRow(application, {key, family.store, family.dataClass, Catalogue::inspect(family, member.name), std::nullopt,
+                                       std::visit(WriterOf{member.name}, family.accessors)});
+}
+
+struct KindOfAccessors {
+    template <typename T>
+    Storage::Kind operator()(Catalogue::Accessors<T> const&) const
+    {
+        return storedKind(Value(std::in_place_type<T>));
     }
-    return std::nullopt;
-}
+    template <typename T>
+    Storage::Kind operator()(Catalogue::KeyedAccessors<T> const&) const
+    {
+        return storedKind(Value(std::in_place_type<T>));
+    }
+};
 
-std::string suggestion(std::string const& key)
+template <typename Row>
+KnownKey known(Row const& row)
 {
-    std::vector<std::string> names;
-    for (Preference const& row : Catalogue::preferences())
-        names.push_back(row.name);
-    return didYouMean(key, names);
+    return {row.store, row.dataClass, std::visit(KindOfAccessors(), row.accessors)};
 }
 
 } // namespace
 
-std::string PreferenceState::storeName() const { return observation.store ? name(*observation.store) : "memory"; }
-
-std::string PreferenceState::obstacle() const { return isOfOtherKind() ? "other kind" : isUnreadable() ? "unreadable" : ""; }
-
-bool PreferenceState::isOfOtherKind() const { return stored && stored->kind != storedKind(observation.value); }
-
-bool PreferenceState::isUnreadable() const { return stored && !isOfOtherKind() && std::holds_alternative<std::monostate>(stored->value); }
-
-std::string PreferenceState::state() const
+char const* stateName(State state)
 {
-    if (!stored)
-        return "unset";
-    if (!obstacle().empty())
-        return obstacle();
-    return observation.value == observation.defaultValue ? "set to default" : "set";
+    static constexpr std::array words = {"unset", "set", "set to default", "other kind", "unreadable"};
+    return words.at(static_cast<std::size_t>(state));
 }
 
-std::string name(Store store) { return store == Store::common ? "common" : "product"; }
+State PreferenceState::state() const
+{
+    if (!stored)
+        return State::unset;
+    if (stored->kind != Storage::storedWord(storedKind(observation.value)))
+        return State::otherKind;
+    if (std::holds_alternative<std::monostate>(stored->value))
+        return State::unreadable;
+    return observation.value == observation.defaultValue ? State::setToDefault : State::set;
+}
+
+std::string PreferenceState::storeName() const { return observation.store ? Catalogue::name(*observation.store) : "memory"; }
+
+std::optional<PreferenceState> preferenceState(Host::Application const& application, std::string const& key)
+{
+    if (Preference const* const row = Catalogue::findPreference(key))
+        return stateOf(application, *row);
+    if (std::optional<Member> const member = memberOfAFamily(key))
+        return stateOf(application, key, *member);
+    return std::nullopt;
+}
+
+std::vector<PreferenceState> preferenceStates(Host::Application const& application)
+{
+    std::vector<PreferenceState> states;
+    for (Preference const& row : Catalogue::preferences())
+        states.push_back(stateOf(application, row));
+    std::vector<Storage::SqliteStorage::Row> rows;
+    if (application.productStorage())
+        rows = application.productStorage()->rows();
+    for (Storage::SqliteStorage::Row const& stored : rows)
+        if (std::optional<Member> const member = memberOfAFamily(stored.key))
+            states.push_back(stateOf(application, stored.key, *member));
+    std::sort(states.begin(), states.end(), [](PreferenceState const& left, PreferenceState const& right) { return left.key < right.key; });
+    return states;
+}
+
+std::optional<KnownKey> knownKey(std::string const& key)
+{
+    if (Preference const* const row = Catalogue::findPreference(key))
+        return known(*row);
+    if (std::optional<Member> const member = memberOfAFamily(key))
+        return known(*member->family);
+    return std::nullopt;
+}
+
+std::string classOf(std::string const& key)
+{
+    std::optional<KnownKey> const found = knownKey(key);
+    return found ? Catalogue::dataClassName(found->dataClass) : "";
+}
+
+bool isReserved(std::string const& key)
+{
+    std::vector<std::string> const& reserved = Catalogue::preferencesWithoutAccessors();
+    return std::find(reserved.begin(), reserved.end(), key) != reserved.end();
+}
+
+std::optional<std::string> keyInFamily(Family const& family, std::string const& member)
+{
+    if (!isUtf8(member))
+        return std::nullopt;
+    return Catalogue::inspectUnstored(family, QString::fromStdString(member)).key;
+}
 
 Storage::SqliteStorage* storage(Host::Application const& application, Store store)
 {
@@ -116,49 +188,4 @@ std::optional<Storage::StorageError> const& storageError(Host::Application const
     return store == Store::common ? application.commonStorageError() : application.productStorageError();
 }
 
-PreferenceState preferenceState(Host::Application const& application, std::string const& key)
-{
-    if (Preference const* const row = Catalogue::findPreference(key))
-        return stateOf(application, *row);
-    if (std::optional<PreferenceState> member = memberOfAFamily(application, key))
-        return *std::move(member);
-    auto const& reserved = Catalogue::preferencesWithoutAccessors();
-    if (std::find(reserved.begin(), reserved.end(), key) != reserved.end())
-        throw UserError(absl::StrCat(key, " is reserved: the editor neither reads nor writes it, so it cannot be reached"));
-    if (Catalogue::findLocation(key))
-        throw UserError(absl::StrCat(key, " is a location and no preference; 'editor-settings paths ", key, "' shows it"));
-    throw UserError(absl::StrCat("there is no preference ", quotedBriefly(key), "; ", suggestion(key), "'editor-settings list' shows all"));
-}
-
-bool isInAFamily(std::string const& key)
-{
-    auto const isMember = [&](Family const& family) {
-        std::string const beginning = prefix(family);
-        return beginsWith(key, beginning) && Catalogue::inspect(family, QString::fromStdString(key.substr(beginning.size()))).key == key;
-    };
-    return std::any_of(Catalogue::families().begin(), Catalogue::families().end(), isMember);
-}
-
-std::vector<PreferenceState> preferenceStates(Host::Application const& application)
-{
-    std::vector<PreferenceState> settings;
-    for (Preference const& row : Catalogue::preferences())
-        settings.push_back(stateOf(application, row));
-    std::vector<Storage::SqliteStorage::Row> rows;
-    if (application.productStorage())
-        rows = application.productStorage()->rows();
-    for (Storage::SqliteStorage::Row const& stored : rows)
-        if (std::optional<PreferenceState> member = memberOfAFamily(application, stored.key))
-            settings.push_back(*std::move(member));
-    std::sort(settings.begin(), settings.end(),
-              [](PreferenceState const& left, PreferenceState const& right) { return left.key < right.key; });
-    return settings;
-}
-
-std::string keyInFamily(Family const& family, std::string const& member)
-{
-    if (!isUtf8(member))
-        throw UserError(
-            absl::StrCat("the name ", quotedBriefly(member), " is not UTF-8 without a byte order mark; give it as the editor writes it"));
-    return prefix(family) + member;
-}
+} // namespace Inspection

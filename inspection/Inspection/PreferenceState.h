@@ -1,52 +1,74 @@
 // SPDX-License-Identifier: MIT
 //
-// A setting as the verbs see it: a preference, or a member of a family such as the favourites of one list, with all that
-// is known of it.
+// Preferences, and members of families such as the favourites of one list, with all that is known of them.
 #pragma once
 
 #include <Catalogue/Catalogue.h>
 #include <Host/Application.h>
+#include <Storage/Kind.h>
 
 #include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
-struct PreferenceState {
-    std::string key;
-    Catalogue::Store store; ///< Where it belongs; `observation` tells which store a read asks.
-    Catalogue::DataClass dataClass;
-    Catalogue::InspectedValue observation;
-    std::optional<Storage::SqliteStorage::Row> stored;  ///< What the store holds, of whichever kind.
-    std::function<void(Catalogue::Value const&)> write; ///< Empty where the library has no setter.
-    QString (*computedDefault)() = nullptr;
+namespace Inspection {
 
-    /// "product", "common", or "memory" where the value does not outlive the editor.
-    std::string storeName() const;
-    /// "unset", "set", "set to default", or the obstacle.
-    std::string state() const;
-    /// Why a read gives the default although something is stored, "other kind" or "unreadable"; empty where it does not.
-    std::string obstacle() const;
-    /// The obstacles by themselves; at most one is there.
-    bool isOfOtherKind() const;
-    bool isUnreadable() const;
+/// Whether a preference is stored, and whether a read returns the stored value.
+enum class State {
+    unset,        ///< Not stored: a read returns the default.
+    set,          ///< Stored with a value that is not the default.
+    setToDefault, ///< Stored with the default.
+    otherKind,    ///< Stored as another kind than a read asks for, so a read returns the default.
+    unreadable,   ///< Stored with a value that its kind does not allow, so a read returns the default.
 };
 
-/// The name of a store on the command line.
-std::string name(Catalogue::Store store);
-/// The store itself; null where there is none yet.
-Storage::SqliteStorage* storage(Host::Application const& application, Catalogue::Store store);
-/// Where it lies, or would.
-std::filesystem::path const& storageFile(Host::Application const& application, Catalogue::Store store);
+/// The word for a state, in tables and JSON: "unset", "set", "set to default", "other kind" or "unreadable".
+char const* stateName(State state);
 
+/// One preference, or one member of a family, as the stores hold it now.
+struct PreferenceState {
+    std::string key;
+    Catalogue::Store store; ///< Where it belongs; `observation` has the store that a read asks.
+    Catalogue::DataClass dataClass;
+    Catalogue::InspectedValue observation;
+    std::optional<Storage::SqliteStorage::Row> stored;  ///< The row in the store, of whichever kind.
+    std::function<void(Catalogue::Value const&)> write; ///< Calls the library's setter; empty for a preference without one.
+    QString (*computedDefault)() = nullptr;             ///< The location that is its default; null for a fixed default.
+
+    State state() const;
+    /// Whether a read returns the stored value.
+    bool isRead() const { return state() == State::set || state() == State::setToDefault; }
+    /// "product", "common", or "memory" for a value that ends with the editor.
+    std::string storeName() const;
+};
+
+/// The preference or member under `key`; nullopt for a key that the library never asks for.
+std::optional<PreferenceState> preferenceState(Host::Application const& application, std::string const& key);
+/// All preferences, and the members of families that are stored, sorted by key.
+std::vector<PreferenceState> preferenceStates(Host::Application const& application);
+
+/// A key that the library asks for, without a look at the stores.
+struct KnownKey {
+    Catalogue::Store store;
+    Catalogue::DataClass dataClass;
+    Storage::Kind kind; ///< The kind that the store keeps its values as.
+};
+
+/// The known key `key`, of a preference or of a member of a family; nullopt for any other.
+std::optional<KnownKey> knownKey(std::string const& key);
+/// The word for the class of `key`; empty for an unknown key.
+std::string classOf(std::string const& key);
+/// Whether the library has `key` for a preference that it neither reads nor writes.
+bool isReserved(std::string const& key);
+/// The key of the member `member` of a family; nullopt where `member` is not UTF-8 or begins with a byte order mark.
+std::optional<std::string> keyInFamily(Catalogue::Family const& family, std::string const& member);
+
+/// The opened store; null where it was left out.
+Storage::SqliteStorage* storage(Host::Application const& application, Catalogue::Store store);
+/// The absolute path of the store, also of one that is missing.
+std::filesystem::path const& storageFile(Host::Application const& application, Catalogue::Store store);
 /// Why an existing store was left out; nullopt where it was opened or is missing.
 std::optional<Storage::StorageError> const& storageError(Host::Application const& application, Catalogue::Store store);
 
-/// The setting under `key`. Throws `UserError`, with what may have been meant.
-PreferenceState preferenceState(Host::Application const& application, std::string const& key);
-/// Whether the library makes `key` from a name, as one of those that the editor keeps under names of its own.
-bool isInAFamily(std::string const& key);
-/// All preferences, and the members of families that are stored, sorted by key.
-std::vector<PreferenceState> preferenceStates(Host::Application const& application);
-/// The key of the member `member` of a family. Throws `UserError` where it is not UTF-8.
-std::string keyInFamily(Catalogue::Family const& family, std::string const& member);
+} // namespace Inspection

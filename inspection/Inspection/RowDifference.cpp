@@ -17,11 +17,14 @@ namespace {
 
 struct StoredAsJson {
     ordered_json operator()(std::monostate) const { return nullptr; }
-    ordered_json operator()(std::vector<unsigned char> const& value) const { return toJson(Lumora::Util::VectorByteToQByteArray(value)); }
+    ordered_json operator()(std::vector<unsigned char> const& value) const
+    {
+        return Inspection::toJson(Lumora::Util::VectorByteToQByteArray(value));
+    }
     template <typename T>
     ordered_json operator()(T const& value) const
     {
-        return toJson(value);
+        return Inspection::toJson(value);
     }
 };
 

@@ -1,34 +1,65 @@
 // SPDX-License-Identifier: MIT
 //
-// Values of preferences as a command line takes and shows them.
+// Values of preferences to and from words, text and JSON.
 #pragma once
 
-#include "terminal/Escaping.h"
-
 #include <Catalogue/Catalogue.h>
+#include <Storage/Kind.h>
 
 #include <nlohmann/json.hpp>
 
+#include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
+namespace Inspection {
+
+/// Why words are refused as a value.
+enum class Refusal {
+    notBool,
+    notInt,
+    notBase64,
+    notUtf8,                 ///< Also text that begins with a byte order mark.
+    emptyElement,            ///< A list loses it when it is read.
+    separatorInElement,      ///< A list splits it when it is read.
+    separatorAcrossElements, ///< The end of one element and the begin of the next make up the separator.
+    wordCount,               ///< No word, or several, for a value that is no list.
+};
+
+/// Words that are no value of the wanted type; `what()` tells a user what is accepted.
+class ValueError : public std::invalid_argument {
+public:
+    explicit ValueError(Refusal refusal, std::string refusedWord = {});
+
+    Refusal reason;
+    std::string word; ///< The refused word, byte for byte; empty for `Refusal::wordCount`.
+};
+
 /// The type of a value: "bool", "int", "text", "bytes" or "list".
 std::string typeName(Catalogue::Value const& value);
-/// Its type in the library's interface, such as "QString".
+/// The type in the library's interface, such as "QString".
 std::string cppTypeName(Catalogue::Value const& value);
-/// The kind that the stores keep such a value as: "bool", "int", "string" or "bytes".
-std::string storedKind(Catalogue::Value const& value);
+/// The kind that the stores keep such a value as.
+Storage::Kind storedKind(Catalogue::Value const& value);
 
-/// The value that `words` give for what is called `name`, of the type of `like`. Throws `UserError`, with what is accepted.
-Catalogue::Value parsed(std::string const& name, Catalogue::Value const& like, std::vector<std::string> const& words);
+/// The value of the type of `like` in `words`: bytes in base64, an element of a list in each word. Throws `ValueError`.
+Catalogue::Value parsed(Catalogue::Value const& like, std::vector<std::string> const& words);
 
-/// The value that is in `file`, or on standard input where that is "-": the elements of a list on a line each, all else byte
-/// for byte. Throws `UserError`.
-Catalogue::Value parsedFile(std::string const& name, Catalogue::Value const& like, std::string const& file);
-
-/// The value as text: bytes in base64, the elements of a list each on a line of its own.
+/// The value as UTF-8: bytes in base64, the elements of a list each on a line.
 std::string text(Catalogue::Value const& value);
 /// The value as JSON: bytes as a base64 text, lists as arrays.
 nlohmann::ordered_json toJson(Catalogue::Value const& value);
-/// The value on one line, for scripts: a list as a JSON array, all else as its text.
-std::string onOneLine(Catalogue::Value const& value);
+
+/// `value` as JSON text without raw control characters. Bytes that are not UTF-8 become replacement characters.
+std::string jsonText(nlohmann::ordered_json const& value, int indent = -1);
+
+/// `bytes` in base64, with padding.
+std::string toBase64(std::string const& bytes);
+/// The bytes of `text`; nullopt unless it is canonical base64, with or without padding.
+std::optional<std::string> fromBase64(std::string const& text);
+
+/// Whether `text` survives the round trip through the library's texts: UTF-8 that begins with no byte order mark.
+bool isUtf8(std::string const& text);
+
+} // namespace Inspection

@@ -28,15 +28,10 @@ char const unknownRemedy[] = "nothing to do where a later version or another pro
 
 // --- Keys ---
 
-bool isReservedKey(std::string const& key)
-{
-    std::vector<std::string> const& reserved = Catalogue::preferencesWithoutAccessors();
-    return std::find(reserved.begin(), reserved.end(), key) != reserved.end();
-}
-
 bool isKnown(ExaminedStore const& store, std::string const& key)
 {
-    return Catalogue::findPreference(key) || (store.store == Store::product && (isReservedKey(key) || isInAFamily(key)));
+    std::optional<KnownKey> const known = knownKey(key);
+    return known ? known->store == store.store || Catalogue::findPreference(key) : store.store == Store::product && isReserved(key);
 }
 
 // A store keeps a rational as two ints, under its key with "_N" and "_D" behind it.
@@ -55,7 +50,7 @@ std::string keyOfRational(std::string const& half) { return half.substr(0, half.
 bool isRational(Halves const& halves)
 {
     auto const& [numerator, denominator] = halves;
-    return (numerator && denominator) || (numerator ? numerator : denominator)->kind == "int";
+    return (numerator && denominator) || (numerator ? numerator : denominator)->kind == Storage::storedWord(Storage::Kind::integer);
 }
 
 Rationals rationalsIn(ExaminedStore const& store)
@@ -138,11 +133,12 @@ void checkValue(PreferenceState const& preference, ExaminedStore const& store, F
         findings.push_back(aboutKey(store, Severity::warning, check, key, what, remedy));
     };
     std::string const holds = absl::StrCat("it holds a value of kind ", preference.stored->kind);
-    if (preference.isOfOtherKind())
+    State const state = preference.state();
+    if (state == State::otherKind)
         add(Check::otherKind,
-            absl::StrCat(holds, " where one of kind ", storedKind(preference.observation.value), " is read, so the default is read"),
+            absl::StrCat(holds, " where one of kind ", Storage::storedWord(storedKind(preference.observation.value)), " is read, so the default is read"),
             unset);
-    else if (preference.isUnreadable())
+    else if (state == State::unreadable)
         add(Check::unreadable, holds + " that cannot be read, so the default is read", unset);
     else if (isTextThatIsNotUtf8(preference))
         add(Check::notUtf8, "it holds text that is not UTF-8, so it is not read as it is stored", storeAgain);
@@ -158,8 +154,8 @@ void checkValue(PreferenceState const& preference, ExaminedStore const& store, F
 
 bool isReadFrom(ExaminedStore const& store, std::string const& key)
 {
-    Catalogue::Preference const* const preference = Catalogue::findPreference(key);
-    return preference ? preference->store == store.store : store.store == Store::product && isInAFamily(key);
+    std::optional<KnownKey> const known = knownKey(key);
+    return known && known->store == store.store;
 }
 
 } // namespace
@@ -175,7 +171,7 @@ Findings checkStoredValues(Host::Application const& application, ExaminedStore c
     for (StoredRow const& row : store.rows) {
         if (!isReadFrom(store, row.key))
             continue;
-        PreferenceState const preference = preferenceState(application, row.key);
+        PreferenceState const preference = preferenceState(application, row.key).value();
         // Another process may have removed the row meanwhile, and some products keep a preference in memory.
         if (preference.stored)
             checkValue(preference, store, findings);

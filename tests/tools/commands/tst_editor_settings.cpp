@@ -41,25 +41,18 @@ TEST_P(KeptValue, IsPrintedAsItWasGiven)
 
 INSTANTIATE_TEST_SUITE_P(
     Table, KeptValue,
-    testing::Values(
-        Kept{"True", "quizAgreementChecked", {"true"}, "true\n"}, Kept{"False", "keepVideoAspect", {"False"}, "false\n"},
-        Kept{"On", "quizAgreementChecked", {"on"}, "true\n"}, Kept{"Off", "keepVideoAspect", {"off"}, "false\n"},
-        Kept{"Yes", "quizAgreementChecked", {"YES"}, "true\n"}, Kept{"No", "keepVideoAspect", {"no"}, "false\n"},
-        Kept{"One", "quizAgreementChecked", {"1"}, "true\n"}, Kept{"Zero", "keepVideoAspect", {"0"}, "false\n"},
-        Kept{"Number", "npsSendCount", {"42"}, "42\n"}, Kept{"NegativeNumber", "npsSendCount", {"-5"}, "-5\n"},
-        Kept{"NumberWithPlus", "npsSendCount", {"+5"}, "5\n"}, Kept{"SmallestNumber", "npsSendCount", {"-2147483648"}, "-2147483648\n"},
-        Kept{"LargestNumber", "npsSendCount", {"2147483647"}, "2147483647\n"}, Kept{"Text", "lastTarget", {"a text"}, "a text\n"},
-        Kept{"NarrowText", "recentProjects", {"a text"}, "a text\n"}, Kept{"EmptyText", "exportPath", {""}, "\n"},
-        Kept{"TextBeyondAscii", "lastTarget", {"\xC3\xBC\xE2\x82\xAC"}, "\xC3\xBC\xE2\x82\xAC\n"},
-        Kept{"TextInBrackets", "lastTarget", {"[a,b]"}, "[a,b]\n"}, Kept{"TextWithLineBreak", "lastTarget", {"a\nb"}, "a\nb\n"},
-        Kept{"TextWithControlCharacter", "lastTarget", {"\x1f[x]"}, "\x1f[x]\n"}, Kept{"TextThatEndsAVerb", "lastTarget", {"++"}, "++\n"},
-        Kept{"ListWithAWordThatEndsAVerb", "userCustomColors", {"a", "++", "b"}, "a\n++\nb\n"},
-        Kept{"BytesWithoutPadding", "mainWindowState", {"AP8"}, "AP8=\n"},
-        Kept{"TextLikeAnOption", "lastTarget", {"--", "--json"}, "--json\n"}, Kept{"TextLikeAFileName", "lastTarget", {"@file"}, "@file\n"},
-        Kept{"Bytes", "mainWindowState", {"AP8="}, "AP8=\n"}, Kept{"NoBytes", "mainWindowState", {""}, "\n"},
-        Kept{"List", "userCustomColors", {"#fff", "a b", "[c,d]"}, "#fff\na b\n[c,d]\n"},
-        Kept{"ListOfOne", "userCustomColors", {"#fff"}, "#fff\n"}, Kept{"EmptyList", "userCustomColors", {"--empty"}, ""},
-        Kept{"PartsOfTheSeparator", "userCustomColors", {"|", "#"}, "|\n#\n"}),
+    testing::Values(Kept{"True", "quizAgreementChecked", {"true"}, "true\n"}, Kept{"Number", "npsSendCount", {"42"}, "42\n"},
+                    Kept{"NegativeNumber", "npsSendCount", {"-5"}, "-5\n"}, Kept{"Text", "lastTarget", {"a text"}, "a text\n"},
+                    Kept{"EmptyText", "exportPath", {""}, "\n"},
+                    Kept{"TextBeyondAscii", "lastTarget", {"\xC3\xBC\xE2\x82\xAC"}, "\xC3\xBC\xE2\x82\xAC\n"},
+                    Kept{"TextInBrackets", "lastTarget", {"[a,b]"}, "[a,b]\n"}, Kept{"TextWithLineBreak", "lastTarget", {"a\nb"}, "a\nb\n"},
+                    Kept{"TextWithControlCharacter", "lastTarget", {"\x1f[x]"}, "\x1f[x]\n"},
+                    Kept{"TextThatEndsAVerb", "lastTarget", {"++"}, "++\n"},
+                    Kept{"ListWithAWordThatEndsAVerb", "userCustomColors", {"a", "++", "b"}, "a\n++\nb\n"},
+                    Kept{"TextLikeAnOption", "lastTarget", {"--", "--json"}, "--json\n"},
+                    Kept{"TextLikeAFileName", "lastTarget", {"@file"}, "@file\n"}, Kept{"Bytes", "mainWindowState", {"AP8="}, "AP8=\n"},
+                    Kept{"List", "userCustomColors", {"#fff", "a b", "[c,d]"}, "#fff\na b\n[c,d]\n"},
+                    Kept{"EmptyList", "userCustomColors", {"--empty"}, ""}),
     byMeaning);
 
 TEST_F(Tool, BytesAreReadFromAFile)
@@ -110,26 +103,11 @@ INSTANTIATE_TEST_SUITE_P(
     Table, RefusedCommand,
     testing::Values(
         Refused{"WordForANumber", {"set", "npsSendCount", "many"}, "npsSendCount is an int and cannot be 'many'; " + wholeNumber},
-        Refused{"NothingForANumber", {"set", "npsSendCount", ""}, "npsSendCount is an int and cannot be ''; " + wholeNumber},
-        Refused{"FractionForANumber", {"set", "npsSendCount", "1.5"}, "npsSendCount is an int and cannot be '1.5'; " + wholeNumber},
-        Refused{
-            "NumberTooLarge", {"set", "npsSendCount", "2147483648"}, "npsSendCount is an int and cannot be '2147483648'; " + wholeNumber},
-        Refused{
-            "NumberTooSmall", {"set", "npsSendCount", "-2147483649"}, "npsSendCount is an int and cannot be '-2147483649'; " + wholeNumber},
-        Refused{"TwoSigns", {"set", "npsSendCount", "+-1"}, "npsSendCount is an int and cannot be '+-1'; " + wholeNumber},
-        Refused{"BlankBeforeANumber", {"set", "npsSendCount", " 1"}, "npsSendCount is an int and cannot be ' 1'; " + wholeNumber},
         Refused{"NumberForABool", {"set", "keepVideoAspect", "2"}, "keepVideoAspect is a bool and cannot be '2'; " + trueOrFalse},
-        Refused{"NothingForABool", {"set", "keepVideoAspect", ""}, "keepVideoAspect is a bool and cannot be ''; " + trueOrFalse},
         Refused{
             "TwoNumbers", {"set", "npsSendCount", "1", "2"}, "npsSendCount takes one value, not 2; put quotes around a value with blanks"},
         Refused{"EmptyForANumber", {"set", "npsSendCount", "--empty"}, "npsSendCount takes one value, not 0; --empty is for lists"},
         Refused{"NotBase64", {"set", "mainWindowState", "a*b"}, "mainWindowState holds bytes and cannot be 'a*b'; " + base64},
-        Refused{"BitsThatMakeNoByte", {"set", "mainWindowState", "A"}, "mainWindowState holds bytes and cannot be 'A'; " + base64},
-        Refused{"BitsLeftOver", {"set", "mainWindowState", "AB=="}, "mainWindowState holds bytes and cannot be 'AB=='; " + base64},
-        Refused{"BlankInBase64", {"set", "mainWindowState", "AP 8="}, "mainWindowState holds bytes and cannot be 'AP 8='; " + base64},
-        Refused{"TextWithAByteOrderMark",
-                {"set", "lastTarget", "\xEF\xBB\xBFx"},
-                "lastTarget is a text and cannot be '\xEF\xBB\xBFx'; " + utf8},
         Refused{"MissingFile",
                 {"set", "mainWindowState", "@/no/such/file"},
                 "mainWindowState: cannot read '/no/such/file' (No such file or directory); name a file that can be read after the @"},
@@ -137,7 +115,6 @@ INSTANTIATE_TEST_SUITE_P(
                 {"set", "mainWindowState", "@/"},
                 "mainWindowState: cannot read '/' (Is a directory); name a file that can be read after the @"},
         Refused{"TextThatIsNotUtf8", {"set", "lastTarget", "a\xFF"}, "lastTarget is a text and cannot be 'a\\xff'; " + utf8},
-        Refused{"TextCutInALetter", {"set", "recentProjects", "a\xC3"}, "recentProjects is a text and cannot be 'a\\xc3'; " + utf8},
         Refused{"EmptyElement",
                 {"set", "userCustomColors", "a", ""},
                 "userCustomColors is a list and cannot be ''; an empty element is lost when the list is read back; leave it out (--empty "
@@ -149,15 +126,11 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{"ElementsThatMakeTheSeparator",
                 {"set", "userCustomColors", "a|#", "|b"},
                 "userCustomColors is a list and cannot be '|b'; together with the element before it, it makes up the separator of stored "
-                "lists and would "
-                "come back otherwise"},
+                "lists and would come back differently"},
         Refused{"UnknownKey", {"get", "nothingLikeIt"}, "there is no preference 'nothingLikeIt'; 'editor-settings list' shows all"},
         Refused{"MistypedKey",
                 {"get", "exprtPath"},
                 "there is no preference 'exprtPath'; did you mean exportPath? 'editor-settings list' shows all"},
-        Refused{"KeyInAnotherCase",
-                {"set", "EXPORTPATH", "x"},
-                "there is no preference 'EXPORTPATH'; did you mean exportPath? 'editor-settings list' shows all"},
         Refused{"PartOfAKey",
                 {"explain", "export"},
                 "there is no preference 'export'; did you mean exportPath or quizExportUserId or npsStartExportCount? "

@@ -326,7 +326,7 @@ TEST_F(Hostile, ListOfVeryManyWordsIsStoredWhole)
     EXPECT_EQ(tool(words).status, 0);
     words.push_back("|");
     EXPECT_EQ(refused(words), "editor-settings: userCustomColors is a list and cannot be '|'; together with the element before it, it "
-                              "makes up the separator of stored lists and would come back otherwise\n");
+                              "makes up the separator of stored lists and would come back differently\n");
 }
 
 TEST_F(Hostile, VeryManyWordsTooManyAreToldInTheirBeginning)

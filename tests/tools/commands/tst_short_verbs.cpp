@@ -96,12 +96,6 @@ TEST_F(ShortVerbs, KeysMadeFromNamesAreListedExplainedAndUnset)
     EXPECT_EQ(text("unknown"), "kept");
 }
 
-TEST_F(ShortVerbs, KeyThatIsNotUtf8IsInNoFamily)
-{
-    EXPECT_EQ(refused({"get", "favorites_\xFF"}),
-              "editor-settings: there is no preference 'favorites_\\xff'; 'editor-settings list' shows all\n");
-}
-
 TEST_F(ShortVerbs, ValueOfAnotherKindIsTold)
 {
     Storage::SqliteStorage(productFile()).setString("Indication/x", "text");
@@ -124,14 +118,6 @@ TEST_F(ShortVerbs, WrongWordsAreSaidNoTo)
     EXPECT_EQ(tool({"target-history", "a", "b"}).status, 2);
     EXPECT_EQ(tool({"colors", "a", "--empty"}).status, 2);
     EXPECT_EQ(tool({"indication"}).status, 2);
-}
-
-TEST_F(ShortVerbs, UpdatersPreferenceLiesInTheCommonStore)
-{
-    EXPECT_EQ(said({"get", "SUAutomaticallyUpdate"}), "false\n");
-    said({"set", "SUAutomaticallyUpdate", "true"});
-    EXPECT_TRUE(Storage::SqliteStorage(commonFile()).getBool("SUAutomaticallyUpdate", false));
-    EXPECT_EQ(said({"get", "SUAutomaticallyUpdate"}), "true\n");
 }
 
 // --- project ---

@@ -132,7 +132,7 @@ void checkHome(StoreUse use, bool storesLieInHome)
 void printReadOnlyStores(Host::Application const& application)
 {
     for (Catalogue::Store const store : {Catalogue::Store::product, Catalogue::Store::common})
-        if (Storage::SqliteStorage const* const opened = storage(application, store))
+        if (Storage::SqliteStorage const* const opened = Inspection::storage(application, store))
             if (std::optional<Storage::StorageError> const error = opened->readOnlyError())
                 printError(absl::StrCat("only for reading: ", error->what()));
 }

@@ -2,7 +2,7 @@
 #include "commands/Backups.h"
 
 #include "commands/Commands.h"
-
+#include "commands/Output.h"
 #include "terminal/Escaping.h"
 #include "terminal/ProgressLine.h"
 #include <Inspection/PreferenceState.h>
@@ -16,6 +16,9 @@
 #include <algorithm>
 
 using Catalogue::Store;
+using Inspection::storage;
+using Inspection::storageFile;
+using Inspection::storageError;
 using nlohmann::ordered_json;
 using Storage::SqliteStorage;
 

@@ -2,6 +2,8 @@
 #include "commands/Doctor.h"
 
 #include "commands/Commands.h"
+#include "commands/HomeFolder.h"
+#include "commands/Output.h"
 #include "terminal/Escaping.h"
 #include "terminal/ProgressLine.h"
 #include "terminal/Suggestions.h"

@@ -6,6 +6,7 @@
 #include "terminal/Escaping.h"
 #include <Inspection/PreferenceState.h>
 #include <Inspection/RowDifference.h>
+#include <Inspection/ValueFormat.h>
 
 #include <csignal>
 #include <iostream>
@@ -14,6 +15,8 @@
 #include <sys/stat.h>
 
 using Catalogue::Store;
+using Inspection::jsonText;
+using Inspection::storageFile;
 using nlohmann::ordered_json;
 using Storage::SqliteStorage;
 

@@ -2,9 +2,10 @@
 #include "commands/NextName.h"
 
 #include "commands/Commands.h"
-
+#include "commands/Output.h"
 #include "terminal/Escaping.h"
 #include <Inspection/PathStatus.h>
+#include <Inspection/ValueFormat.h>
 
 #include <absl/strings/str_cat.h>
 #include <memory>
@@ -25,6 +26,7 @@
 #include <unistd.h>
 
 namespace fs = std::filesystem;
+using Inspection::isUtf8;
 using Inspection::PathStatus;
 
 namespace {

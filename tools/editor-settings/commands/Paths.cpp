@@ -2,12 +2,13 @@
 #include "commands/Paths.h"
 
 #include "commands/Commands.h"
+#include "commands/Output.h"
 #include "commands/Reference.h"
-
 #include "terminal/Escaping.h"
 #include "terminal/Suggestions.h"
 #include <Inspection/Locations.h>
 #include <Inspection/PathOrigin.h>
+#include <Inspection/ValueFormat.h>
 
 #include <absl/strings/str_cat.h>
 
@@ -19,6 +20,7 @@
 using Catalogue::Location;
 using Catalogue::Preference;
 using Inspection::Decision;
+using Inspection::isUtf8;
 using Inspection::LocationState;
 using Inspection::PathStatus;
 using nlohmann::ordered_json;

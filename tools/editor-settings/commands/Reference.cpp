@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Reference.h"
 
+#include "commands/Output.h"
 #include "terminal/Escaping.h"
 #include "terminal/Table.h"
 #include <Inspection/PreferenceState.h>
@@ -19,6 +20,8 @@
 using Catalogue::Family;
 using Catalogue::Location;
 using Catalogue::Preference;
+using Inspection::cppTypeName;
+using Inspection::typeName;
 
 namespace {
 

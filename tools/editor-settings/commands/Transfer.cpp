@@ -4,12 +4,12 @@
 #include "commands/Commands.h"
 
 #include "commands/HomeFolder.h"
+#include "commands/Output.h"
 #include "terminal/Escaping.h"
 #include "terminal/InputFile.h"
 #include "terminal/ProgressLine.h"
 #include "terminal/Terminal.h"
 #include <Inspection/ExportDocument.h>
-#include <Inspection/KnownKeys.h>
 #include <Inspection/PreferenceState.h>
 #include <Inspection/RowDifference.h>
 
@@ -27,6 +27,9 @@
 #include <unistd.h>
 
 using Catalogue::Store;
+using Inspection::classOf;
+using Inspection::storage;
+using Inspection::storageFile;
 using Storage::SqliteStorage;
 using Transfer::Document;
 using Transfer::Entry;

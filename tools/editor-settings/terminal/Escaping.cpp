@@ -2,7 +2,6 @@
 #include "terminal/Escaping.h"
 
 #include <QByteArray>
-#include <QString>
 
 #include <algorithm>
 #include <iostream>
@@ -93,8 +92,6 @@ std::string shortened(std::string const& text, std::size_t letters)
 }
 
 void printError(std::string const& text) { std::cerr << "editor-settings: " << withoutControls(text) << '\n'; }
-
-bool isUtf8(std::string const& text) { return QString::fromStdString(text).toStdString() == text; }
 
 std::string joined(std::vector<std::string> const& words, std::string const& separator)
 {

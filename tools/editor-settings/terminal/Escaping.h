@@ -30,8 +30,6 @@ std::size_t width(std::string const& text);
 std::size_t lengthOfLetter(std::string const& text, std::size_t at);
 /// Tells the user something on standard error, on one line.
 void printError(std::string const& text);
-/// Whether `text` comes back unchanged from the library's texts: UTF-8 that does not begin with a byte order mark.
-bool isUtf8(std::string const& text);
 /// `count` and `noun`, which takes an "s" unless `count` is 1: "3 values".
 std::string counted(std::size_t count, std::string const& noun);
 /// `words` with `separator` between each two.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "terminal/Table.h"
 
-#include <Inspection/ValueFormat.h>
+#include "terminal/Escaping.h"
 
 #include <algorithm>
 #include <iostream>
@@ -68,12 +68,3 @@ void printTable(std::vector<Columns> table, Columns const& heading, Format forma
 }
 
 void printAsItIs(std::string const& text) { std::cout << (Terminal::is(STDOUT_FILENO) ? withoutControls(text, "\t\n") : text) << '\n'; }
-
-void printJson(nlohmann::ordered_json const& value) { std::cout << jsonText(value, 2) << '\n'; }
-
-std::string inColumn(Catalogue::Value const& value, Format format)
-{
-    QStringList const* const list = format == Format::people ? std::get_if<QStringList>(&value) : nullptr;
-    std::string const line = list ? onOneLine(list->join(QStringLiteral(", ")).toStdString()) : onOneLine(value);
-    return format == Format::people ? shortened(line, 120) : line;
-}

@@ -5,10 +5,6 @@
 
 #include "terminal/Terminal.h"
 
-#include <Inspection/JsonText.h>
-
-#include <Catalogue/Catalogue.h>
-
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -34,9 +30,3 @@ void printTable(std::vector<Columns> table, Columns const& heading, Format forma
 /// Prints `text` and a line break: as it is for a program that reads it, but without what a terminal would obey where
 /// standard output is one.
 void printAsItIs(std::string const& text);
-
-/// Prints the `jsonText` of `value`, indented.
-void printJson(nlohmann::ordered_json const& value);
-
-/// The value for a column. It may be long: people get the beginning, scripts the whole.
-std::string inColumn(Catalogue::Value const& value, Format format);

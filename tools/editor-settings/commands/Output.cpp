@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#include "commands/Output.h"
+
+#include "terminal/Escaping.h"
+#include <Inspection/ValueFormat.h>
+
+#include <iostream>
+
+void printJson(nlohmann::ordered_json const& value) { std::cout << Inspection::jsonText(value, 2) << '\n'; }
+
+std::string onOneLine(Catalogue::Value const& value)
+{
+    // As JSON the elements of a list are distinct, whatever they hold.
+    return std::holds_alternative<QStringList>(value) ? Inspection::jsonText(Inspection::toJson(value))
+                                                      : onOneLine(Inspection::text(value));
+}
+
+std::string inColumn(Catalogue::Value const& value, Format format)
+{
+    QStringList const* const list = format == Format::people ? std::get_if<QStringList>(&value) : nullptr;
+    std::string const line = list ? onOneLine(list->join(QStringLiteral(", ")).toStdString()) : onOneLine(value);
+    return format == Format::people ? shortened(line, 120) : line;
+}
