@@ -16,7 +16,6 @@
 #include <regex>
 #include <thread>
 
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -356,105 +355,43 @@ TEST_F(Exchange, ClassOfTheCatalogueCountsAndNotThatOfTheFile)
     EXPECT_EQ(valuesOf(productFile()), (Values{{"exportPath", std::string("/x")}}));
 }
 
-TEST_F(Exchange, RedactedExportHoldsNothingPersonal)
+TEST_F(Exchange, RedactedExportKeepsValuesByTheirClass)
 {
-    Values product = {{"unknown", std::string("secret")}, {"unknownNumber", 424242}, {"npsValueToSend", 777777}, {"npsSendCount", 8}};
-    for (PreferenceRow const& row : preferenceTable())
-        if (row.dataClass == "personal" && row.store == "product" && row.type != "int" && row.type != "bool")
-            product[row.key] = row.type == "QByteArray" ? SqliteStorage::Value(Bytes{'s', 'e', 'c', 'r', 'e', 't'}) : std::string("secret");
-    std::string const home = m_home.path().string();
-    Bytes utf16(4, 0);
-    for (char const letter : home)
-        utf16.insert(utf16.end(), {0, static_cast<unsigned char>(letter)});
-    Bytes swapped;
-    for (char const letter : home)
-        swapped.insert(swapped.end(), {static_cast<unsigned char>(letter), 0});
-    product["exportPath"] = home + "/films";
-    product["projectPath"] = "file://" + home;
-    product["mainWindowState"] = utf16;
-    product["mainWindowGeometry"] = swapped;
-    product["splitterMainState"] = Bytes(home.begin(), home.end());
-    product["snapshotPath"] = std::string("/films");
-    product["Indication/" + home] = Bytes{1};
-    put(productFile(), product);
+    put(productFile(), {{"npsEmailToSend", std::string("jane@example.com")},
+                        {"npsValueToSend", 777777},
+                        {"exportPath", std::string("/films")},
+                        {"mainWindowState", Bytes{0, 255}},
+                        {"npsSendCount", 8},
+                        {"favorites_fonts", std::string("Verdana")},
+                        {"unknown/jane", std::string("secret")},
+                        {"keepVideoAspect", false}});
+    put(commonFile(), {{"autoUpdate", false}, {"theirs", 424242}, {"others", 1}});
+    OtherProgram(productFile()).execute("UPDATE settings SET kind = 'later' WHERE key = 'unknown/jane'");
 
     Ended const ended = tool({"export", inHome("out.json"), "--redact"});
     EXPECT_EQ(ended.status, 0);
-    EXPECT_EQ(ended.err, "editor-settings: a key in the product store holds the path of the home folder, so it is left out\n");
-    std::string const whole = fileContent(inHome("out.json"));
-    for (std::string const& personal : {std::string("secret"), std::string("c2VjcmV0"), std::string("424242"), std::string("777777"), home})
-        EXPECT_EQ(whole.find(personal), std::string::npos) << personal;
-    json const entries = json::parse(whole)["stores"]["product"];
-    EXPECT_EQ(entries.size(), product.size() - 1);
-    for (auto const& entry : entries.items())
-        EXPECT_EQ(entry.value().contains("value"), entry.key() == "npsSendCount" || entry.key() == "snapshotPath") << entry.key();
-    EXPECT_EQ(entries["exportPath"], json::parse(R"({"kind": "string", "class": "local", "redacted": true})"));
-    EXPECT_EQ(entries["unknown"], json::parse(R"({"kind": "string", "class": null, "redacted": true})"));
+    EXPECT_EQ(ended.err, "editor-settings: 1 unknown key in the product store left out\n"
+                         "editor-settings: 2 unknown keys in the common store left out\n");
+    EXPECT_EQ(json::parse(fileContent(inHome("out.json")))["stores"], json::parse(R"({
+        "product": {"exportPath": {"kind": "string", "class": "local", "redacted": true},
+                    "favorites_fonts": {"kind": "string", "class": "roaming", "value": "Verdana"},
+                    "keepVideoAspect": {"kind": "bool", "class": "roaming", "value": false},
+                    "mainWindowState": {"kind": "bytes", "class": "local", "redacted": true},
+                    "npsEmailToSend": {"kind": "string", "class": "personal", "redacted": true},
+                    "npsSendCount": {"kind": "int", "class": "transient", "value": 8},
+                    "npsValueToSend": {"kind": "int", "class": "personal", "redacted": true}},
+        "common": {"autoUpdate": {"kind": "bool", "class": "local", "value": false}}})"));
 
-    SqliteStorage(productFile()).setString("snapshotPath", "/elsewhere");
+    SqliteStorage(productFile()).setInt("npsSendCount", 9);
+    SqliteStorage(productFile()).remove("unknown/jane");
     Ended const differing = tool({"diff", inHome("out.json"), "--plain"});
-    EXPECT_EQ(differing.out, "removed\tproduct\tIndication/" + home +
-                                 "\tbytes\tAQ==\t\t\n"
-                                 "changed\tproduct\tsnapshotPath\tstring\t/elsewhere\tstring\t/films\n");
-    EXPECT_EQ(differing.err, "editor-settings: 20 redacted in the file, so not compared\n");
-    EXPECT_EQ(imported({inHome("out.json"), "--with-unknown"}),
-              "editor-settings: 1 changed, 1 already as in the file, 20 redacted in the file and left alone\n");
-    EXPECT_EQ(valuesOf(productFile()), product);
-}
-
-TEST_F(Exchange, HomeFolderIsFoundUnderItsOtherNames)
-{
-    std::string const real = inHome("Jane D\xC3\xB6");
-    std::filesystem::create_directory(real);
-    std::filesystem::create_directory_symlink(real, inHome("link"));
-    std::map<std::string, std::string> const environment = {{"HOME", inHome("link")}};
-    std::string const percentEncoded = "file://" + m_home.path().string() + "/Jane%20D%C3%B6/x";
-    put(productFileIn("s"), {{"exportPath", real + "/x"},
-                             {"projectPath", inHome("link/x")},
-                             {"snapshotPath", percentEncoded},
-                             {"lastTarget", inHome("elsewhere")}});
-    json const entries = json::parse(tool({"--home", inHome("s"), "export", "-", "--redact"}, environment).out)["stores"]["product"];
-    EXPECT_TRUE(entries["exportPath"].contains("redacted"));
-    EXPECT_TRUE(entries["projectPath"].contains("redacted"));
-    EXPECT_TRUE(entries["snapshotPath"].contains("redacted"));
-    EXPECT_EQ(entries["lastTarget"]["value"], inHome("elsewhere"));
-}
-
-TEST_F(Exchange, HomeFolderIsFoundInOtherSpellings)
-{
-    std::map<std::string, std::string> const environment = {{"HOME", "/no/such/Jane D\xC3\xB6@x"}};
-    Values const spelled = {{"favorites_DotFolder", std::string("/no/such/./Jane D\xC3\xB6@x/a")},
-                            {"favorites_EncodedWhole", std::string("?path=%2Fno%2Fsuch%2FJane%20D%C3%B6%40x%2Fa")},
-                            {"favorites_EncodedInPart", std::string("file:///no/such/Jane%20D%c3%b6@x/a")},
-                            {"favorites_JsonInJson", std::string("{\"a\": \"\\/no\\/such\\/Jane D\xC3\xB6@x\\/a\"}")},
-                            {"favorites_OtherCase", std::string("/NO/SUCH/JANE D\xC3\xB6@X/a")},
-                            {"favorites_SeparatorTwice", std::string("/no//such///Jane D\xC3\xB6@x/a")},
-                            {"favorites_Shell", std::string("cd /no/such/Jane\\ D\xC3\xB6@x")}};
-    Values values = spelled;
-    values["favorites_another's"] = std::string("/no/such/John");
-    put(productFileIn("s"), values);
-    json const entries = json::parse(tool({"--home", inHome("s"), "export", "-", "--redact"}, environment).out)["stores"]["product"];
-    for (auto const& [key, value] : spelled)
-        EXPECT_EQ(entries[key], json::parse(R"({"kind": "string", "class": "roaming", "redacted": true})")) << key;
-    EXPECT_EQ(entries["favorites_another's"]["value"], "/no/such/John");
-}
-
-TEST_F(Exchange, HomeFolderOfTheAccountIsFoundWhereTheEnvironmentNamesAnother)
-{
-    passwd const* const user = ::getpwuid(::geteuid());
-    if (!user)
-        GTEST_SKIP() << "this user has no account";
-    put(productFile(), {{"exportPath", std::string(user->pw_dir) + "/films"}});
-    EXPECT_TRUE(json::parse(said({"export", "-", "--redact"}))["stores"]["product"]["exportPath"].contains("redacted"));
-}
-
-TEST_F(Exchange, KeyThatHoldsTheHomeFolderIsNotToldWhateverItsValue)
-{
-    put(productFile(), {{"Indication" + m_home.path().string(), 1}});
-    OtherProgram(productFile()).execute("UPDATE settings SET kind = 'later'");
-    Ended const ended = tool({"export", "-", "--redact"});
-    EXPECT_EQ(ended.err, "editor-settings: a key in the product store holds the path of the home folder, so it is left out\n");
-    EXPECT_TRUE(json::parse(ended.out)["stores"]["product"].empty());
+    EXPECT_EQ(differing.out, "changed\tproduct\tnpsSendCount\tint\t9\tint\t8\n"
+                             "removed\tcommon\tothers\tint\t1\t\t\n"
+                             "removed\tcommon\ttheirs\tint\t424242\t\t\n");
+    EXPECT_EQ(differing.err, "editor-settings: 4 redacted in the file, so not compared\n");
+    EXPECT_EQ(imported({inHome("out.json")}),
+              "editor-settings: 1 changed, 3 already as in the file, 4 redacted in the file and left alone\n");
+    EXPECT_EQ(valuesOf(productFile()).at("exportPath"), SqliteStorage::Value(std::string("/films")));
 }
 
 // --- What an import takes ---

@@ -3,7 +3,6 @@
 
 #include "commands/Commands.h"
 
-#include "commands/HomeFolder.h"
 #include "terminal/Escaping.h"
 #include "terminal/InputFile.h"
 #include "terminal/ProgressLine.h"
@@ -65,20 +64,12 @@ std::string obstacleToCarrying(SqliteStorage::Row const& row)
 
 // --- export ---
 
-struct TellsOfTheHome {
-    bool operator()(std::string const& value) const { return tellsOfTheHome(value); }
-    bool operator()(std::vector<unsigned char> const& value) const { return tellsOfTheHome(std::string(value.begin(), value.end())); }
-    template <typename T>
-    bool operator()(T const&) const
-    {
-        return false;
-    }
-};
-
-bool isPersonal(Entry const& entry)
+// Any other value may name the user, the user's work or a folder.
+bool survivesRedaction(SqliteStorage::Row const& row, Catalogue::DataClass dataClass)
 {
-    return entry.dataClass.empty() || entry.dataClass == Catalogue::dataClassName(Catalogue::DataClass::personal) ||
-           std::visit(TellsOfTheHome(), entry.value);
+    using Catalogue::DataClass;
+    bool const isPlain = std::holds_alternative<bool>(row.value) || std::holds_alternative<int>(row.value);
+    return dataClass == DataClass::roaming || dataClass == DataClass::transient || (dataClass == DataClass::local && isPlain);
 }
 
 Document exported(Host::Application const& application, TransferOptions const& options, Progress& progress)
@@ -86,19 +77,23 @@ Document exported(Host::Application const& application, TransferOptions const& o
     Document document = {inUtc(std::chrono::system_clock::now()), application.productFile().productName(), {}};
     for (Store const store : stores) {
         progress.next(absl::StrCat("reading the ", name(store), " store"));
+        std::size_t unknown = 0;
         for (SqliteStorage::Row const& row : rowsOf(application, store, options)) {
-            Entry entry = {store, row.key, row.kind, classOf(row.key), row.value};
-            if (options.redact && tellsOfTheHome(row.key)) {
-                progress.aside(absl::StrCat("a key in the ", name(store), " store holds the path of the home folder, so it is left out"));
-            } else if (std::string const why = obstacleToCarrying(row); !why.empty()) {
+            std::optional<KnownKey> const known = knownKey(row.key);
+            if (options.redact && !known) {
+                ++unknown;
+                continue;
+            }
+            if (std::string const why = obstacleToCarrying(row); !why.empty()) {
                 progress.aside(absl::StrCat(quoted(row.key), " in the ", name(store), " store ", why,
                                             ", so it is left out; 'editor-settings backup' keeps it"));
-            } else {
-                if (options.redact && isPersonal(entry))
-                    entry.value = {};
-                document.entries.push_back(entry);
+                continue;
             }
+            bool const isRedacted = options.redact && !survivesRedaction(row, known->dataClass);
+            document.entries.push_back({store, row.key, row.kind, classOf(row.key), isRedacted ? SqliteStorage::Value() : row.value});
         }
+        if (unknown > 0)
+            progress.aside(absl::StrCat(counted(unknown, "unknown key"), " in the ", name(store), " store left out"));
     }
     return document;
 }
@@ -405,7 +400,8 @@ Command exportCommand()
     command.summary = "Writes what is stored to a new file, in JSON: for another machine, or for somebody who helps";
     command.options = documentOptions(*words, "The new file; - for standard output");
     command.options.emplace_back("--redact", &words->options.redact,
-                                 "Leaves out personal values, those of unknown keys, and whatever holds the path of the home folder");
+                                 "Keeps values of the classes roaming and transient, and local ones that are bool or int; redacts all "
+                                 "others and leaves out unknown keys");
     command.examples = {{"editor-settings export settings.json", "Writes all that is stored."},
                         {"editor-settings export --redact -", "The same without what is personal, on standard output."}};
     command.stores = always(StoreUse::read);

@@ -14,7 +14,7 @@
 struct TransferOptions {
     std::string file;              ///< "-" for standard output or input.
     std::vector<std::string> only; ///< The classes of the keys that count; empty for all keys.
-    bool redact = false;           ///< Export: leave personal values out.
+    bool redact = false;           ///< Export: keep values by what their class promises, and no unknown keys.
     bool withUnknown = false;      ///< Import: take keys that the library never asks for.
     bool dryRun = false;           ///< Import: tell what would change, and change nothing.
 };
