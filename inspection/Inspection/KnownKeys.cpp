@@ -2,11 +2,7 @@
 #include <Inspection/KnownKeys.h>
 
 #include "terminal/Escaping.h"
-#include "terminal/Suggestions.h"
 
-#include <absl/strings/str_cat.h>
-
-#include <algorithm>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -61,21 +57,6 @@ bool isMember(std::string const& key, std::string const& beginning)
     return key.compare(0, beginning.size(), beginning) == 0 && isUtf8(key.substr(beginning.size()));
 }
 
-[[noreturn]] void refuseUnknown(Transfer::Entry const& entry)
-{
-    auto const& reserved = Catalogue::preferencesWithoutAccessors();
-    if (std::find(reserved.begin(), reserved.end(), entry.key) != reserved.end())
-        throw Transfer::Error(
-            absl::StrCat(placeOf(entry), " is reserved: the editor neither reads nor writes it; remove it, or give --with-unknown"));
-    std::vector<std::string> names;
-    for (Preference const& row : Catalogue::preferences())
-        names.emplace_back(row.name);
-    throw Transfer::Error(absl::StrCat(placeOf(entry), " is no preference of the editor; ", didYouMean(entry.key, names),
-                                       "correct or remove it, or give --with-unknown to take such keys as they are"));
-}
-
-char const* storeName(Store store) { return store == Store::product ? "product" : "common"; }
-
 } // namespace
 
 std::optional<KnownKey> knownKey(std::string const& key)
@@ -92,21 +73,4 @@ std::string classOf(std::string const& key)
 {
     std::optional<KnownKey> const known = knownKey(key);
     return known ? Catalogue::dataClassName(known->dataClass) : "";
-}
-
-void checkKeys(Transfer::Document const& document, bool withUnknown)
-{
-    for (Transfer::Entry const& entry : document.entries) {
-        std::optional<KnownKey> const known = knownKey(entry.key);
-        if (!known && withUnknown)
-            continue;
-        if (!known)
-            refuseUnknown(entry);
-        if (known->store != entry.store)
-            throw Transfer::Error(absl::StrCat(placeOf(entry), " is kept in the other store; move it to stores.", storeName(known->store)));
-        if (Storage::storedWord(known->kind) != entry.kind)
-            throw Transfer::Error(absl::StrCat(placeOf(entry, "kind"), " is \"", entry.kind,
-                                               "\", which the editor would not read; give a value of kind \"",
-                                               Storage::storedWord(known->kind), "\""));
-    }
 }

@@ -3,7 +3,7 @@
 // The keys that the library reads, those that are made from names included. The library must be bound.
 #pragma once
 
-#include <Inspection/ExportDocument.h>
+#include <Catalogue/Catalogue.h>
 
 #include <Storage/Kind.h>
 
@@ -21,7 +21,3 @@ std::optional<KnownKey> knownKey(std::string const& key);
 
 /// The word for the class of `key`; empty where it is unknown.
 std::string classOf(std::string const& key);
-
-/// Checks that the library can read each entry where it stands, and as what it is. With `withUnknown` keys pass that the
-/// library never asks for. Throws `Transfer::Error`.
-void checkKeys(Transfer::Document const& document, bool withUnknown);

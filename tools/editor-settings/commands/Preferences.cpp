@@ -142,7 +142,9 @@ void explainPreference(Host::Application const& application, std::string const& 
     if (format == Format::json) {
         ordered_json stored = nullptr;
         if (found.stored)
-            stored = {{"kind", found.stored->kind}, {"value", storedJson(found.stored->value)}, {"changed", inUtc(found.stored->changed)}};
+            stored = {{"kind", found.stored->kind},
+                      {"value", Inspection::storedJson(found.stored->value)},
+                      {"changed", Inspection::inUtc(found.stored->changed)}};
         printJson({{"key", key},
                    {"type", typeName(observation.value)},
                    {"cppType", cppTypeName(observation.value)},
@@ -165,9 +167,9 @@ void explainPreference(Host::Application const& application, std::string const& 
         table.push_back({"file", onOneLine(file)});
     table.push_back({"state", found.state()});
     if (found.stored) {
-        table.push_back({"stored", onOneLine(storedText(found.stored->value))});
+        table.push_back({"stored", onOneLine(Inspection::storedText(found.stored->value))});
         table.push_back({"stored kind", onOneLine(found.stored->kind)});
-        table.push_back({"changed", inUtc(found.stored->changed)});
+        table.push_back({"changed", Inspection::inUtc(found.stored->changed)});
     }
     table.push_back({"default", onOneLine(observation.defaultValue)});
     table.push_back({"computed by", computedBy.empty() ? "nothing: it is fixed" : computedBy + "()"});
