@@ -162,7 +162,7 @@ Command restoreCommand()
     command.options = withFormat(words->format, jsonHelpWithBytes,
                                  {fileOption("FILE", words->file, "A file that backup has written").required(),
                                   Option("--dry-run", &words->isDryRun, "Only tells what would change")});
-    command.examples = {{"editor-settings restore settings.backup --dry-run", "What would be otherwise than now."},
+    command.examples = {{"editor-settings restore settings.backup --dry-run", "What would change."},
                         {"editor-settings restore settings.backup", "Brings the stores back, and tells where those of now are kept."}};
     command.stores = [words] { return words->isDryRun ? StoreUse::readUsable : StoreUse::replace; };
     command.namesFile = true;

@@ -9,6 +9,7 @@
 
 #include <csignal>
 #include <iostream>
+#include <memory>
 
 using Catalogue::Store;
 using Inspection::storedJson;

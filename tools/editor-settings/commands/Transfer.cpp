@@ -18,6 +18,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <memory>
 #include <optional>
 
 #include <unistd.h>
@@ -326,7 +327,7 @@ Command diffCommand()
     command.summary = "The differences between what is stored and what an exported file holds";
     command.options = withFormat(words->format, jsonHelpWithBytes, documentOptions(*words, "The file; - for standard input"));
     command.examples = {
-        {"editor-settings diff settings.json", "What is stored otherwise than in the file; exit status 1, as something is."},
+        {"editor-settings diff settings.json", "What differs between the stores and the file; exit status 1 for a difference."},
         {"editor-settings export - | editor-settings diff -", "Nothing, as the two are alike."}};
     command.stores = always(StoreUse::read);
     command.isLong = true;
