@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include <Inspection/ExportDocument.h>
 
-#include "terminal/Escaping.h"
-#include "terminal/Suggestions.h"
 #include <Inspection/PreferenceState.h>
 #include <Inspection/ValueFormat.h>
 
 #include <absl/strings/str_cat.h>
+#include <absl/strings/str_join.h>
+#include <absl/strings/str_replace.h>
 
 #include <Storage/Kind.h>
 
 #include <QByteArray>
+#include <QString>
 
 #include <algorithm>
 #include <cstdint>
@@ -21,14 +22,10 @@
 #include <utility>
 
 using Catalogue::Store;
-using Inspection::fromBase64;
-using Inspection::isUtf8;
-using Inspection::jsonText;
-using Inspection::toBase64;
 using nlohmann::json;
 using nlohmann::ordered_json;
 
-namespace Transfer {
+namespace Inspection {
 
 namespace {
 
@@ -38,10 +35,24 @@ constexpr char const* formatName = "editor-settings export";
 constexpr int writtenVersion = 1;
 constexpr std::pair<Store, char const*> stores[] = {{Store::product, "product"}, {Store::common, "common"}};
 
-// What a document holds may be long: the beginning tells enough.
-std::string shortened(std::string const& line) { return ::shortened(line, 100); }
+char const* storeName(Store store) { return store == Store::product ? "product" : "common"; }
 
-std::string brief(std::string const& text) { return shortened(onOneLine(text)); }
+// The first letters of a text that may be long.
+std::string shortened(std::string const& text)
+{
+    constexpr int most = 100;
+    QVector<uint> const letters = QString::fromStdString(text).toUcs4();
+    return letters.size() <= most ? text : QString::fromUcs4(letters.constData(), most - 1).toStdString() + "\xE2\x80\xA6";
+}
+
+// The bytes of the code point at `at`; 0 for none in UTF-8. A byte order mark is one only at the beginning of a text.
+std::size_t lengthOfCodePoint(std::string const& text, std::size_t at)
+{
+    for (std::size_t length = 1; length <= 4; ++length)
+        if (isUtf8('x' + text.substr(at, length)))
+            return length;
+    return 0;
+}
 
 } // namespace
 
@@ -49,7 +60,7 @@ std::string nameOf(std::string const& key)
 {
     std::string name;
     for (std::size_t at = 0; at < key.size();) {
-        std::size_t const length = lengthOfLetter(key, at);
+        std::size_t const length = lengthOfCodePoint(key, at);
         if (length == 0)
             name += "\\x" + QByteArray(1, key[at]).toHex().toStdString();
         else
@@ -59,10 +70,27 @@ std::string nameOf(std::string const& key)
     return name;
 }
 
-std::string placeOf(Entry const& entry, char const* field)
+namespace {
+
+// Without the NULs, at which what() would end.
+std::string joinedNames(Place const& place)
 {
-    return "stores." + name(entry.store) + '.' + brief(nameOf(entry.key)) + (field ? std::string(".") + field : "");
+    return place.empty() ? "the document" : absl::StrReplaceAll(absl::StrJoin(place, "."), {{absl::string_view("\0", 1), "\\x00"}});
 }
+
+} // namespace
+
+DocumentError::DocumentError(Place const& place, std::string const& fault, std::string const& remedy)
+    : std::runtime_error(absl::StrCat(joinedNames(place), " ", fault, "; ", remedy)), m_place(place), m_fault(fault), m_remedy(remedy)
+{}
+
+DocumentError::DocumentError(std::size_t line, std::size_t column, std::string const& fault, std::string const& remedy)
+    : std::runtime_error(absl::StrCat("line ", line, ", column ", column, ": ", fault, "; ", remedy)),
+      m_line(line),
+      m_column(column),
+      m_fault(fault),
+      m_remedy(remedy)
+{}
 
 // --- Writing ---
 
@@ -122,26 +150,17 @@ std::string written(Document const& document)
 
 namespace {
 
-std::string theDocument() { return "the document"; }
+std::string const takeAnExport = "give a file that 'editor-settings export' made";
 
-std::string joinedNames(std::vector<std::string> const& names)
+// An error at the last of the first `count` bytes.
+DocumentError errorAt(std::string const& bytes, std::size_t count, std::string const& fault, std::string const& remedy)
 {
-    std::string place;
-    for (std::string const& name : names)
-        place += (place.empty() ? "" : ".") + brief(name);
-    return place.empty() ? theDocument() : place;
-}
-
-// Where the last of the first `count` bytes stands.
-std::string lineAndColumn(std::string const& bytes, std::size_t count)
-{
-    std::size_t const last = std::max<std::size_t>(count, 1) - 1;
-    std::size_t line = 1;
-    std::size_t begin = 0;
-    for (std::size_t at = 0; at < std::min(last, bytes.size()); ++at)
-        if (bytes[at] == '\n')
-            ++line, begin = at + 1;
-    return absl::StrCat("line ", line, ", column ", last - begin + 1, ":");
+    std::size_t const last = std::min(std::max<std::size_t>(count, 1) - 1, bytes.size());
+    std::string const before = bytes.substr(0, last);
+    std::size_t const lineEnd = before.rfind('\n');
+    std::size_t const begin = lineEnd == std::string::npos ? 0 : lineEnd + 1;
+    auto const line = static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n')) + 1;
+    return {line, last - begin + 1, fault, remedy};
 }
 
 // Builds the value of a document from what the parser finds, and so sees what the finished value no longer tells: names
@@ -164,7 +183,7 @@ public:
     bool start_object(std::size_t /*size*/) override
     {
         if (m_passedOver == 0 && m_open.size() == deepest)
-            throw Error(absl::StrCat(joinedNames(m_names), " is nested too deeply; give a file that 'editor-settings export' made"));
+            throw DocumentError(m_names, "is nested too deeply", takeAnExport);
         if (m_passedOver == 0)
             m_open.push_back(&place(json::object()));
         else
@@ -179,7 +198,7 @@ public:
             return true;
         m_names.back() = name;
         if (m_open.back()->contains(name))
-            throw Error(absl::StrCat(joinedNames(m_names), " stands there twice; keep one of the two"));
+            throw DocumentError(m_names, "stands there twice", "keep one of the two");
         return true;
     }
 
@@ -213,7 +232,7 @@ public:
         std::size_t const begin = what.find(": syntax error ");
         what = begin == std::string::npos ? "a number is too large" : what.substr(begin + 2);
         what = what.substr(0, what.find("; last read: "));
-        throw Error(absl::StrCat(lineAndColumn(m_bytes, position), " ", what, "; mend it there, or export the file again"));
+        throw errorAt(m_bytes, position, what, "correct it there, or export the file again");
     }
 
 private:
@@ -243,13 +262,12 @@ private:
 json parsed(std::string const& bytes)
 {
     if (bytes.compare(0, 3, "\xEF\xBB\xBF") == 0)
-        throw Error(absl::StrCat(lineAndColumn(bytes, 1), " a byte order mark stands before the text; save the file as UTF-8 without it"));
+        throw errorAt(bytes, 1, "a byte order mark stands before the text", "save the file as UTF-8 without it");
     if (bytes.compare(0, 16, "SQLite format 3", 16) == 0)
-        throw Error("the document is a database; where 'editor-settings backup' made it, 'editor-settings restore' takes it");
+        throw DocumentError({}, "is a database", "where 'editor-settings backup' made it, 'editor-settings restore' takes it");
     // The parser would take it for the end, whatever follows.
     if (std::size_t const nul = bytes.find('\0'); nul != std::string::npos)
-        throw Error(absl::StrCat(lineAndColumn(bytes, nul + 1),
-                                 " a NUL stands there, which no text holds; save the file as UTF-8, or export it again"));
+        throw errorAt(bytes, nul + 1, "a NUL stands there, which no text holds", "save the file as UTF-8, or export it again");
     Builder builder(bytes);
     json::sax_parse(bytes, &builder);
     return builder.take();
@@ -262,28 +280,36 @@ std::string summary(json const& value)
     return shortened(jsonText(value));
 }
 
-[[noreturn]] void refuseValue(std::string const& place, json const& value, std::string const& accepted)
+[[noreturn]] void refuseValue(Place const& place, json const& value, std::string const& accepted)
 {
-    throw Error(absl::StrCat(place, " is ", summary(value), "; give ", accepted));
+    throw DocumentError(place, "is " + summary(value), "give " + accepted);
+}
+
+Place placeOf(Entry const& entry) { return {"stores", storeName(entry.store), nameOf(entry.key)}; }
+
+Place below(Place place, std::string const& name)
+{
+    place.push_back(name);
+    return place;
 }
 
 // One object of the document, and its place.
 class Fields {
 public:
-    Fields(json const& object, std::string place) : m_object(object), m_place(std::move(place))
+    Fields(json const& object, Place place) : m_object(object), m_place(std::move(place))
     {
         if (!object.is_object())
-            refuseValue(m_place.empty() ? theDocument() : m_place, object, "an object, between { and }");
+            refuseValue(m_place, object, "an object, between { and }");
     }
 
-    std::string place(std::string const& name) const { return (m_place.empty() ? "" : m_place + '.') + brief(name); }
-    std::string const& place() const { return m_place; }
+    Place place(std::string const& name) const { return below(m_place, name); }
+    Place const& place() const { return m_place; }
 
     void checkNames(std::vector<std::string> const& names) const
     {
         for (auto const& field : m_object.items())
             if (std::find(names.begin(), names.end(), field.key()) == names.end())
-                throw Error(absl::StrCat(place(field.key()), " means nothing; remove it: what stands there is ", joined(names, ", ")));
+                throw DocumentError(place(field.key()), "means nothing", "remove it: what stands there is " + absl::StrJoin(names, ", "));
     }
 
     json const* find(char const* name) const
@@ -296,7 +322,7 @@ public:
     {
         if (json const* const value = find(name))
             return *value;
-        throw Error(absl::StrCat(place(name), " is missing; give a file that 'editor-settings export' made"));
+        throw DocumentError(place(name), "is missing", takeAnExport);
     }
 
     std::string text(char const* name) const { return textOf(at(name), name); }
@@ -317,7 +343,7 @@ private:
     }
 
     json const& m_object;
-    std::string m_place;
+    Place m_place;
 };
 
 int hexadecimal(char digit)
@@ -328,7 +354,7 @@ int hexadecimal(char digit)
 }
 
 // The key that a name stands for. Each has one name only, so that none can stand there twice.
-std::string keyOf(std::string const& name, std::string const& place)
+std::string keyOf(std::string const& name, Place const& place)
 {
     std::string key;
     for (std::size_t at = 0; at < name.size(); ++at) {
@@ -344,21 +370,23 @@ std::string keyOf(std::string const& name, std::string const& place)
         }
     }
     if (nameOf(key) != name)
-        throw Error(absl::StrCat(place, " is not how a key is written: a backslash is doubled, and only a byte that is not UTF-8 stands as "
-                                        "\\xHH, in small letters; write it so"));
+        throw DocumentError(place,
+                            "is not how a key is written: a backslash is doubled, and only a byte that is not UTF-8 stands as \\xHH, in "
+                            "small letters",
+                            "write it so");
     if (key.find('\0') != std::string::npos)
-        throw Error(absl::StrCat(place, " holds a NUL, which no key can; remove it"));
+        throw DocumentError(place, "holds a NUL, which no key can", "remove it");
     return key;
 }
 
-bool boolOf(json const& value, std::string const& place)
+bool boolOf(json const& value, Place const& place)
 {
     if (!value.is_boolean())
         refuseValue(place, value, "true or false");
     return value.get<bool>();
 }
 
-int intOf(json const& value, std::string const& place)
+int intOf(json const& value, Place const& place)
 {
     constexpr int smallest = std::numeric_limits<int>::min();
     constexpr int largest = std::numeric_limits<int>::max();
@@ -369,7 +397,7 @@ int intOf(json const& value, std::string const& place)
     return value.get<int>();
 }
 
-std::string bytesOf(std::string const& text, std::string const& place)
+std::string bytesOf(std::string const& text, Place const& place)
 {
     std::optional<std::string> bytes = fromBase64(text);
     if (!bytes)
@@ -394,9 +422,9 @@ std::string stringOf(Fields const& fields)
 
 Storage::SqliteStorage::Value valueOf(std::string const& kind, Fields const& fields)
 {
-    std::string const place = fields.place("value");
+    Place const place = fields.place("value");
     if (kind != Storage::storedWord(Kind::text) && fields.find("encoding"))
-        throw Error(absl::StrCat(fields.place("encoding"), " is for the kind string only; remove it"));
+        throw DocumentError(fields.place("encoding"), "is for the kind string only", "remove it");
     std::optional<Kind> const known = Storage::kindFromWord(kind);
     if (!known)
         refuseKind(kind, fields);
@@ -414,7 +442,7 @@ void checkRedacted(std::string const& kind, Fields const& fields)
 {
     for (char const* name : {"value", "encoding"})
         if (fields.find(name))
-            throw Error(absl::StrCat(fields.place(name), " stands beside \"redacted\"; keep one of the two"));
+            throw DocumentError(fields.place(name), "stands beside \"redacted\"", "keep one of the two");
     if (fields.at("redacted") != true)
         refuseValue(fields.place("redacted"), fields.at("redacted"), "true, or a value in its place");
     if (!Storage::kindFromWord(kind))
@@ -436,29 +464,30 @@ Entry entryOf(Store store, std::string const& name, Fields const& fields)
 
 void checkHeader(Fields const& document)
 {
-    if (json const* const format = document.find("format"); !format || *format != formatName)
-        throw Error(format ? absl::StrCat("format is ", summary(*format),
-                                          ", so this is no export of settings; give a file that 'editor-settings export' made")
-                           : "format is missing, so this is no export of settings; give a file that 'editor-settings export' "
-                             "made");
+    json const* const format = document.find("format");
+    if (!format || *format != formatName)
+        throw DocumentError({"format"}, absl::StrCat("is ", format ? summary(*format) : "missing", ", so this is no export of settings"),
+                            takeAnExport);
     json const& version = document.at("version");
     if (version.is_number_unsigned() && version > writtenVersion)
-        throw Error(absl::StrCat("version is ", summary(version), ", and this program reads up to ", writtenVersion,
-                                 ": a newer one wrote the file; update this program"));
+        throw DocumentError(
+            {"version"},
+            absl::StrCat("is ", summary(version), ", and this program reads up to ", writtenVersion, ": a newer one wrote the file"),
+            "update this program");
     if (version != writtenVersion || !version.is_number_integer())
-        refuseValue("version", version, std::to_string(writtenVersion));
+        refuseValue({"version"}, version, std::to_string(writtenVersion));
     document.checkNames({"format", "version", "made", "product", "stores"});
 }
 
 } // namespace
 
-Document read(std::string const& bytes)
+Document readDocument(std::string const& bytes)
 {
     json const root = parsed(bytes);
-    Fields const fields(root, "");
+    Fields const fields(root, {});
     checkHeader(fields);
     Document document = {fields.optionalText("made"), fields.optionalText("product"), {}};
-    Fields const all(fields.at("stores"), "stores");
+    Fields const all(fields.at("stores"), {"stores"});
     all.checkNames({"product", "common"});
     for (auto const& [store, name] : stores) {
         json const* const entries = all.find(name);
@@ -473,38 +502,24 @@ Document read(std::string const& bytes)
     return document;
 }
 
-// --- Checking ---
-
-namespace {
-
-[[noreturn]] void refuseUnknown(Entry const& entry)
-{
-    if (Inspection::isReserved(entry.key))
-        throw Error(
-            absl::StrCat(placeOf(entry), " is reserved: the editor neither reads nor writes it; remove it, or give --with-unknown"));
-    std::vector<std::string> names;
-    for (Catalogue::Preference const& row : Catalogue::preferences())
-        names.emplace_back(row.name);
-    throw Error(absl::StrCat(placeOf(entry), " is no preference of the editor; ", didYouMean(entry.key, names),
-                             "correct or remove it, or give --with-unknown to take such keys as they are"));
-}
-
-} // namespace
-
 void checkKeys(Document const& document, bool withUnknown)
 {
     for (Entry const& entry : document.entries) {
-        std::optional<Inspection::KnownKey> const known = Inspection::knownKey(entry.key);
+        std::optional<KnownKey> const known = knownKey(entry.key);
         if (!known && withUnknown)
             continue;
+        if (!known && isReserved(entry.key))
+            throw DocumentError(placeOf(entry), "is reserved: the editor neither reads nor writes it", "remove it, or give --with-unknown");
         if (!known)
-            refuseUnknown(entry);
+            throw UnknownKeyError(placeOf(entry), "is no preference of the editor",
+                                  "correct or remove it, or give --with-unknown to take such keys as they are");
         if (known->store != entry.store)
-            throw Error(absl::StrCat(placeOf(entry), " is kept in the other store; move it to stores.", name(known->store)));
+            throw DocumentError(placeOf(entry), "is kept in the other store",
+                                absl::StrCat("move it to stores.", Catalogue::name(known->store)));
         if (Storage::storedWord(known->kind) != entry.kind)
-            throw Error(absl::StrCat(placeOf(entry, "kind"), " is \"", entry.kind,
-                                     "\", which the editor would not read; give a value of kind \"", Storage::storedWord(known->kind), "\""));
+            throw DocumentError(below(placeOf(entry), "kind"), absl::StrCat("is \"", entry.kind, "\", which the editor would not read"),
+                                absl::StrCat("give a value of kind \"", Storage::storedWord(known->kind), "\""));
     }
 }
 
-} // namespace Transfer
+} // namespace Inspection

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The document in which stored values travel: JSON with a line for each value, sorted by key, so that people can read and
-// compare it. From bytes to checked values and back; without stores and without terminal.
+// compare it. From bytes to checked values and back, without stores.
 //
 //   {
 //     "format": "editor-settings export",
@@ -31,46 +31,71 @@
 #include <string>
 #include <vector>
 
-namespace Transfer {
+namespace Inspection {
 
 /// A stored value in a document.
 struct Entry {
     Catalogue::Store store = Catalogue::Store::product;
-    std::string key;
+    std::string key;                     ///< The key's own bytes.
     std::string kind;                    ///< "bool", "int", "string" or "bytes".
-    std::string dataClass;               ///< The word for its class; empty where that is unknown.
-    Storage::SqliteStorage::Value value; ///< Of that kind; `std::monostate` where it was redacted.
+    std::string dataClass;               ///< The word for its class; empty for an unknown key.
+    Storage::SqliteStorage::Value value; ///< Of that kind; `std::monostate` for a redacted value.
+
+    bool isRedacted() const { return std::holds_alternative<std::monostate>(value); }
 };
 
 struct Document {
     std::string made;           ///< A time in UTC.
-    std::string product;        ///< The name of the product whose stores these are.
+    std::string product;        ///< The name of the product that the stores belong to.
     std::vector<Entry> entries; ///< Sorted by store and by the bytes of their keys.
 };
 
-/// What is wrong with a document. The text says where, what, and what to do, on one line of UTF-8 of modest length: where
-/// is a line and a column, or the names that lead to a place, such as "stores.product.exportPath.value".
-class Error : public std::runtime_error {
+/// The steps to a place in a document, such as "stores", "product", "exportPath", "value"; empty for the whole document.
+using Place = std::vector<std::string>;
+
+/// A fault in a document. `what()` joins the parts with the names as they are: a name may be long or hold control characters.
+class DocumentError : public std::runtime_error {
 public:
-    using std::runtime_error::runtime_error;
+    /// A fault of the value at `place`.
+    DocumentError(Place const& place, std::string const& fault, std::string const& remedy);
+    /// A fault of the text at a line and a column, both counted from 1.
+    DocumentError(std::size_t line, std::size_t column, std::string const& fault, std::string const& remedy);
+
+    Place const& place() const noexcept { return m_place; }
+    std::size_t line() const noexcept { return m_line; }     ///< 0 for a fault with a place.
+    std::size_t column() const noexcept { return m_column; } ///< In bytes; 0 for a fault with a place.
+    /// What is wrong, in one line of UTF-8 of modest length without control characters; continues the place to a sentence.
+    std::string const& fault() const noexcept { return m_fault; }
+    /// What the user can do, likewise.
+    std::string const& remedy() const noexcept { return m_remedy; }
+
+private:
+    Place m_place;
+    std::size_t m_line = 0;
+    std::size_t m_column = 0;
+    std::string m_fault;
+    std::string m_remedy;
 };
 
-/// The bytes of a document whose entries are sorted.
+/// A `DocumentError` about a key that the library never asks for.
+class UnknownKeyError final : public DocumentError {
+public:
+    using DocumentError::DocumentError;
+};
+
+/// The bytes of a document, whose entries must be sorted.
 std::string written(Document const& document);
 
-/// The document in `bytes`, checked whole. Throws `Error`.
-Document read(std::string const& bytes);
+/// The checked document in `bytes`. Throws `DocumentError`.
+Document readDocument(std::string const& bytes);
 
-/// Checks that the library can read each entry where it stands, and as what it is. With `withUnknown` keys pass that the
-/// library never asks for. Throws `Error`.
+/// Checks that the library reads each entry from its store and as its kind; `withUnknown` accepts the keys that the
+/// library never asks for. Throws `DocumentError`.
 void checkKeys(Document const& document, bool withUnknown);
 
-/// The place of an entry or of its field `field`, for an `Error`.
-std::string placeOf(Entry const& entry, char const* field = nullptr);
-
-/// A key as a document has it: UTF-8, whatever the key.
+/// The name of a key in a document, which is UTF-8 for every key.
 std::string nameOf(std::string const& key);
-/// A stored value of a kind as a document has it: the fields "kind", "value" and, where needed, "encoding".
+/// A stored value in a document: the fields "kind", "value" and, for a string that is not UTF-8, "encoding".
 nlohmann::ordered_json fieldsOf(std::string const& kind, Storage::SqliteStorage::Value const& value);
 
-} // namespace Transfer
+} // namespace Inspection

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <Inspection/RowDifference.h>
 
-#include "terminal/Escaping.h"
 #include <Inspection/ValueFormat.h>
 
 #include <Lumora/Util/ByteConversion.h>
@@ -12,6 +11,8 @@
 
 using nlohmann::ordered_json;
 using Storage::SqliteStorage;
+
+namespace Inspection {
 
 namespace {
 
@@ -53,6 +54,17 @@ std::string storedText(SqliteStorage::Value const& value)
     return shown.is_string() ? shown.get<std::string>() : shown.dump();
 }
 
+std::string storedText(std::optional<SqliteStorage::Row> const& row, std::string const& absent)
+{
+    return row ? storedText(row->value) : absent;
+}
+
+char const* changeName(Change change)
+{
+    constexpr char const* names[] = {"added", "removed", "changed"};
+    return names[static_cast<int>(change)];
+}
+
 std::string inUtc(std::chrono::system_clock::time_point time)
 {
     auto const milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch()).count();
@@ -76,7 +88,4 @@ std::vector<RowDifference> rowDifferences(std::vector<SqliteStorage::Row> const&
     return changes;
 }
 
-std::string shown(std::optional<SqliteStorage::Row> const& row, std::string const& absent)
-{
-    return row ? onOneLine(storedText(row->value)) : absent;
-}
+} // namespace Inspection

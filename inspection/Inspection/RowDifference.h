@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Rows as the stores hold them, of whichever kind.
+// Rows of a store of any kind, and the differences between two of its states.
 #pragma once
 
 #include <Storage/SqliteStorage.h>
@@ -12,25 +12,37 @@
 #include <string>
 #include <vector>
 
-/// The value as JSON: bytes as a base64 text; null where it cannot be read.
+namespace Inspection {
+
+/// The value as JSON: bytes as a base64 text; null for an unreadable value.
 nlohmann::ordered_json storedJson(Storage::SqliteStorage::Value const& value);
-/// Kind and value as JSON; null where there is no row.
+/// Kind and value as JSON; null for nullopt.
 nlohmann::ordered_json storedJson(std::optional<Storage::SqliteStorage::Row> const& row);
-/// The value as text: bytes in base64, "(unreadable)" where it cannot be read.
+/// The value as text of any bytes: bytes in base64, "(unreadable)" for an unreadable value.
 std::string storedText(Storage::SqliteStorage::Value const& value);
+/// The text of the row's value; `absent` for nullopt.
+std::string storedText(std::optional<Storage::SqliteStorage::Row> const& row, std::string const& absent);
 /// The time as "2026-11-20T16:40:53.344Z".
 std::string inUtc(std::chrono::system_clock::time_point time);
 
-/// What differs between two looks at a store.
+/// What happened to a key.
+enum class Change { added, removed, changed };
+
+/// The machine word: "added", "removed" or "changed".
+char const* changeName(Change change);
+
+/// One key that differs between two states of a store; at least one of the rows is set.
 struct RowDifference {
     std::string key;
-    std::optional<Storage::SqliteStorage::Row> before; ///< None where the key was absent.
-    std::optional<Storage::SqliteStorage::Row> after;  ///< None where it is.
+    std::optional<Storage::SqliteStorage::Row> before; ///< nullopt for an absent key.
+    std::optional<Storage::SqliteStorage::Row> after;  ///< nullopt for an absent key.
+
+    Change change() const { return !before ? Change::added : !after ? Change::removed : Change::changed; }
 };
 
-/// What happened to the keys between `before` and `after`, both sorted by key. A value that was set to what it was is no
-/// change; one that cannot be read is one when it was set again.
+/// The differences from `before` to `after`, sorted by key. A rewritten equal value is no difference; an unreadable one is,
+/// as its content cannot be compared.
 std::vector<RowDifference> rowDifferences(std::vector<Storage::SqliteStorage::Row> const& before,
                                           std::vector<Storage::SqliteStorage::Row> const& after);
-/// What `row` holds, on one line, with `absent` where there is none.
-std::string shown(std::optional<Storage::SqliteStorage::Row> const& row, std::string const& absent);
+
+} // namespace Inspection

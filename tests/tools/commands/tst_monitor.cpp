@@ -137,23 +137,6 @@ TEST_F(Monitor, TellsWhenTheValueWasStored)
     EXPECT_EQ(statusAfter(SIGTERM), 0);
 }
 
-TEST_F(Monitor, TellsThatAValueWhichItCannotReadWasStoredAnew)
-{
-    SqliteStorage(productFile()).setString("exportPath", "/films");
-    OtherProgram(productFile()).execute("UPDATE settings SET kind = 'later', changed = 5");
-    start({"--json"});
-    awaitReady();
-    OtherProgram(productFile()).execute("UPDATE settings SET changed = 6");
-    EXPECT_EQ(json::parse(awaited("out", "\n")),
-              json::parse(R"({"time": "1970-01-01T00:00:00.006Z", "store": "product", "key": "exportPath",
-        "before": {"kind": "later", "value": null}, "after": {"kind": "later", "value": null}})"));
-    OtherProgram(productFile()).execute("UPDATE settings SET kind = 'latest'");
-    std::vector<std::string> const told = lines(awaited("out", "\n", 2));
-    ASSERT_EQ(told.size(), 2u);
-    EXPECT_EQ(json::parse(told[1])["after"]["kind"], "latest");
-    EXPECT_EQ(statusAfter(SIGTERM), 0);
-}
-
 TEST_F(Monitor, EndsWhereNobodyCanReadIt)
 {
     SqliteStorage(productFile()).setString("exportPath", "/films");
@@ -163,31 +146,6 @@ TEST_F(Monitor, EndsWhereNobodyCanReadIt)
     std::string const reason = "editor-settings: cannot write to standard output: No space left on device\n";
     EXPECT_EQ(awaited("err", reason), "editor-settings: watching both stores; Ctrl+C ends it\n" + reason);
     EXPECT_EQ(statusAfter(SIGTERM), 1);
-}
-
-TEST_F(Monitor, WaitsForAStoreWithoutMakingIt)
-{
-    start();
-    awaitReady();
-    EXPECT_FALSE(std::filesystem::exists(productFile()));
-    said({"set", "exportPath", "/a"});
-    EXPECT_EQ(withoutTime(awaited("out", "exportPath")), "  product  exportPath  (unset) -> /a\n");
-    EXPECT_EQ(statusAfter(SIGINT), 0);
-}
-
-TEST_F(Monitor, FollowsAStoreThatIsReplaced)
-{
-    SqliteStorage(productFile()).setString("exportPath", "/films");
-    start();
-    awaitReady();
-    {
-        SqliteStorage(inHome("other.sqlite")).setString("exportPath", "/other");
-        std::filesystem::rename(inHome("other.sqlite"), productFile());
-    }
-    EXPECT_EQ(withoutTime(awaited("out", "/other")), "  product  exportPath  /films -> /other\n");
-    said({"set", "exportPath", "/next"});
-    EXPECT_EQ(withoutTime(lines(awaited("out", "/next"))[1]), "  product  exportPath  /other -> /next");
-    EXPECT_EQ(statusAfter(SIGINT), 0);
 }
 
 TEST_F(Monitor, TellsTroubleOnceAndGoesOn)
@@ -213,35 +171,6 @@ TEST_F(Monitor, TellsTroubleOnceAndGoesOn)
     EXPECT_EQ(withoutTime(lines(out)[1]), "  common  autoUpdate  true -> false");
     EXPECT_EQ(withoutTime(lines(out)[2]), "  product  exportPath  (unset) -> /films");
     EXPECT_EQ(content(inHome("err")), "editor-settings: watching both stores; Ctrl+C ends it\n" + trouble);
-    EXPECT_EQ(statusAfter(SIGINT), 0);
-}
-
-TEST_F(Monitor, TellsTroubleThatComesBackAgain)
-{
-    std::string const trouble = "cannot open the store: file is not a database";
-    SqliteStorage common(commonFile());
-    common.setInt("round", 0);
-    SqliteStorage(inHome("store")).setString("exportPath", "/films");
-    auto const putGarbage = [&] { std::filesystem::rename(m_home.write("garbage", "not a store"), productFile()); };
-    std::filesystem::create_directories(std::filesystem::path(productFile()).parent_path());
-    start();
-    awaitReady();
-    putGarbage();
-    EXPECT_EQ(timesIn(awaited("err", trouble), trouble), 1u);
-    std::filesystem::rename(inHome("store"), productFile());
-    awaited("out", "/films");
-    std::filesystem::rename(productFile(), inHome("store"));
-    awaited("out", "-> (unset)");
-    putGarbage();
-    EXPECT_EQ(timesIn(awaited("err", trouble, 2), trouble), 2u) << "another store was there meanwhile";
-
-    std::filesystem::remove(productFile());
-    for (int round : {1, 2}) { // the second is told after another look at the product's store
-        common.setInt("round", round);
-        awaited("out", "-> " + std::to_string(round));
-    }
-    putGarbage();
-    EXPECT_EQ(timesIn(awaited("err", trouble, 3), trouble), 3u) << "no store was there meanwhile";
     EXPECT_EQ(statusAfter(SIGINT), 0);
 }
 

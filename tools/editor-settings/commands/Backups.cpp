@@ -16,9 +16,13 @@
 #include <algorithm>
 
 using Catalogue::Store;
+using Inspection::inUtc;
+using Inspection::RowDifference;
 using Inspection::storage;
-using Inspection::storageFile;
 using Inspection::storageError;
+using Inspection::storageFile;
+using Inspection::storedJson;
+using Inspection::storedText;
 using nlohmann::ordered_json;
 using Storage::SqliteStorage;
 
@@ -60,11 +64,11 @@ void printAsJson(Storage::Backup const& backup, std::vector<Restored> const& all
 
 void printAsTable(std::vector<Restored> const& all, Format format)
 {
-    std::string const unset = "(unset)";
     std::vector<Columns> table;
     for (Restored const& restored : all)
         for (RowDifference const& change : restored.changes)
-            table.push_back({name(restored.store), onOneLine(change.key), shown(change.before, unset), shown(change.after, unset)});
+            table.push_back({name(restored.store), onOneLine(change.key), onOneLine(storedText(change.before, "(unset)")),
+                             onOneLine(storedText(change.after, "(unset)"))});
     if (!table.empty())
         printTable(table, {"STORE", "KEY", "NOW", "IN THE BACKUP"}, format);
 }
@@ -114,7 +118,7 @@ void restoreStores(Host::Application const& application, std::string const& file
         }
         if (std::optional<Storage::StorageError> const& error = storageError(application, store))
             progress->aside(error->what());
-        Restored restored = {store, rowDifferences(rowsNow(application, store), backup.rows(name(store))), std::nullopt};
+        Restored restored = {store, Inspection::rowDifferences(rowsNow(application, store), backup.rows(name(store))), std::nullopt};
         if (!isDryRun)
             restored.kept = backup.restore(name(store), storageFile(application, store));
         if (format == Format::people)
@@ -161,7 +165,7 @@ Command restoreCommand()
     command.options = withFormat(words->format, jsonHelpWithBytes,
                                  {fileOption("FILE", words->file, "A file that backup has written").required(),
                                   Option("--dry-run", &words->isDryRun, "Only tells what would change")});
-    command.examples = {{"editor-settings restore settings.backup --dry-run", "What would be otherwise than now."},
+    command.examples = {{"editor-settings restore settings.backup --dry-run", "What would change."},
                         {"editor-settings restore settings.backup", "Brings the stores back, and tells where those of now are kept."}};
     command.stores = [words] { return words->isDryRun ? StoreUse::readUsable : StoreUse::replace; };
     command.namesFile = true;

@@ -6,111 +6,51 @@
 #include "terminal/Escaping.h"
 #include <Inspection/PreferenceState.h>
 #include <Inspection/RowDifference.h>
+#include <Inspection/StoreWatcher.h>
 #include <Inspection/ValueFormat.h>
 
 #include <csignal>
 #include <iostream>
 #include <memory>
 
-#include <sys/stat.h>
-
 using Catalogue::Store;
 using Inspection::jsonText;
 using Inspection::storageFile;
+using Inspection::storedJson;
+using Inspection::storedText;
 using nlohmann::ordered_json;
-using Storage::SqliteStorage;
 
 namespace {
 
 constexpr timespec pauseBetweenLooks = {0, 25000000};
 
-// Which file a name leads to: another one where the store was replaced.
-using Identity = std::pair<dev_t, ino_t>;
-
-std::optional<Identity> identityOf(std::filesystem::path const& file)
-{
-    struct stat status = {};
-    if (::stat(file.c_str(), &status) != 0)
-        return std::nullopt;
-    return Identity{status.st_dev, status.st_ino};
-}
-
-class WatchedStore {
-public:
-    WatchedStore(std::string name, std::filesystem::path file) : m_name(std::move(name)), m_file(std::move(file)) {}
-
-    std::string const& name() const { return m_name; }
-
-    // What has changed since the last look.
-    std::vector<RowDifference> look()
-    {
-        try {
-            std::vector<SqliteStorage::Row> const before = m_rows;
-            bool const isReadAnew = read();
-            m_trouble.clear();
-            return isReadAnew ? rowDifferences(before, m_rows) : std::vector<RowDifference>();
-        } catch (Storage::StorageError const& error) {
-            m_opened.reset();
-            tellOnce(error.what());
-            return {};
-        }
-    }
-
-private:
-    // Whether the rows were read anew.
-    bool read()
-    {
-        std::optional<Identity> const identity = identityOf(m_file);
-        if (!identity) {
-            m_opened.reset();
-            bool const wasThere = !m_rows.empty();
-            m_rows.clear();
-            return wasThere;
-        }
-        if (!m_opened || identity != m_identity) {
-            m_opened = std::make_unique<SqliteStorage>(m_file);
-            m_identity = identity;
-        } else if (m_opened->changesOfOthers() == m_version) {
-            return false;
-        }
-        m_version = m_opened->changesOfOthers();
-        m_rows = m_opened->rows();
-        return true;
-    }
-
-    // Each trouble once, for as long as it lasts.
-    void tellOnce(std::string const& trouble)
-    {
-        if (trouble != m_trouble)
-            printError(trouble);
-        m_trouble = trouble;
-    }
-
-    std::string m_name;
-    std::filesystem::path m_file;
-    std::unique_ptr<SqliteStorage> m_opened;
-    std::optional<Identity> m_identity;
-    long long m_version = 0;
-    std::vector<SqliteStorage::Row> m_rows;
-    std::string m_trouble;
+struct WatchedStore {
+    Store store;
+    Inspection::StoreWatcher watcher;
 };
 
-void print(std::string const& store, RowDifference const& change, Format format)
+void print(std::string const& store, Inspection::RowDifference const& difference, Format format)
 {
-    std::string const time = inUtc(change.after ? change.after->changed : std::chrono::system_clock::now());
+    auto const& [key, before, after] = difference;
+    std::string const time = Inspection::inUtc(after ? after->changed : std::chrono::system_clock::now());
     if (format == Format::json) {
-        ordered_json const line = {{"time", time},
-                                   {"store", store},
-                                   {"key", change.key},
-                                   {"before", storedJson(change.before)},
-                                   {"after", storedJson(change.after)}};
+        ordered_json const line = {
+            {"time", time}, {"store", store}, {"key", key}, {"before", storedJson(before)}, {"after", storedJson(after)}};
         std::cout << jsonText(line) << '\n';
         return;
     }
-    std::string const unset = "(unset)";
     char const* const separator = format == Format::plain ? "\t" : "  ";
-    std::cout << time << separator << store << separator << onOneLine(change.key) << separator << shown(change.before, unset)
-              << (format == Format::plain ? "\t" : " -> ") << shown(change.after, unset) << '\n';
+    std::cout << time << separator << store << separator << onOneLine(key) << separator << onOneLine(storedText(before, "(unset)"))
+              << (format == Format::plain ? "\t" : " -> ") << onOneLine(storedText(after, "(unset)")) << '\n';
+}
+
+void look(WatchedStore& store, Format format)
+{
+    Inspection::StoreWatcher::Look const look = store.watcher.look();
+    if (look.error)
+        printError(look.error->what());
+    for (Inspection::RowDifference const& difference : look.differences)
+        print(name(store.store), difference, format);
 }
 
 // The signals that end the program are taken between two looks, so that a line is never cut.
@@ -129,15 +69,15 @@ sigset_t heldBackSignals()
 void monitorStores(Host::Application const& application, Format format)
 {
     sigset_t const ends = heldBackSignals();
-    WatchedStore watched[] = {{name(Store::product), storageFile(application, Store::product)},
-                              {name(Store::common), storageFile(application, Store::common)}};
+    WatchedStore watched[] = {{Store::product, Inspection::StoreWatcher(storageFile(application, Store::product))},
+                              {Store::common, Inspection::StoreWatcher(storageFile(application, Store::common))}};
     for (WatchedStore& store : watched)
-        store.look();
+        if (auto const error = store.watcher.look().error)
+            printError(error->what());
     printError("watching both stores; Ctrl+C ends it");
     while (std::cout && ::sigtimedwait(&ends, nullptr, &pauseBetweenLooks) < 0)
         for (WatchedStore& store : watched) {
-            for (RowDifference const& change : store.look())
-                print(store.name(), change, format);
+            look(store, format);
             std::cout.flush();
         }
 }

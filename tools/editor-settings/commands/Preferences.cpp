@@ -147,7 +147,9 @@ ordered_json jsonOf(PreferenceState const& found, std::string const& file, std::
 {
     ordered_json stored = nullptr;
     if (found.stored)
-        stored = {{"kind", found.stored->kind}, {"value", storedJson(found.stored->value)}, {"changed", inUtc(found.stored->changed)}};
+        stored = {{"kind", found.stored->kind},
+                  {"value", Inspection::storedJson(found.stored->value)},
+                  {"changed", Inspection::inUtc(found.stored->changed)}};
     InspectedValue const& observation = found.observation;
     return {{"key", found.key},
             {"type", typeName(observation.value)},
@@ -172,9 +174,9 @@ std::vector<Columns> tableOf(PreferenceState const& found, std::string const& fi
         table.push_back({"file", onOneLine(file)});
     table.push_back({"state", Inspection::stateName(found.state())});
     if (found.stored) {
-        table.push_back({"stored", onOneLine(storedText(found.stored->value))});
+        table.push_back({"stored", onOneLine(Inspection::storedText(found.stored->value))});
         table.push_back({"stored kind", onOneLine(found.stored->kind)});
-        table.push_back({"changed", inUtc(found.stored->changed)});
+        table.push_back({"changed", Inspection::inUtc(found.stored->changed)});
     }
     table.push_back({"default", onOneLine(found.observation.defaultValue)});
     table.push_back({"computed by", computedBy.empty() ? "nothing: it is fixed" : computedBy + "()"});

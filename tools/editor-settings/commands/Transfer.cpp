@@ -8,136 +8,78 @@
 #include "terminal/Escaping.h"
 #include "terminal/InputFile.h"
 #include "terminal/ProgressLine.h"
+#include "terminal/Suggestions.h"
 #include "terminal/Terminal.h"
+#include <Inspection/DocumentTransfer.h>
 #include <Inspection/ExportDocument.h>
 #include <Inspection/PreferenceState.h>
-#include <Inspection/RowDifference.h>
 
 #include <absl/strings/str_cat.h>
+#include <absl/strings/str_join.h>
 
 #include <Storage/AtomicFile.h>
 
 #include <algorithm>
-#include <chrono>
 #include <iostream>
-#include <iterator>
 #include <memory>
-#include <set>
+#include <optional>
 
 #include <unistd.h>
 
 using Catalogue::Store;
+using Inspection::Change;
 using Inspection::classOf;
+using Inspection::Comparison;
+using Inspection::Difference;
+using Inspection::Document;
+using Inspection::DocumentError;
+using Inspection::RowDifference;
 using Inspection::storage;
 using Inspection::storageFile;
 using Storage::SqliteStorage;
-using Transfer::Document;
-using Transfer::Entry;
 
 namespace {
 
-constexpr Store stores[] = {Store::product, Store::common};
+Inspection::Selection selection(TransferOptions const& options) { return {options.only, options.redact}; }
 
-bool counts(TransferOptions const& options, std::string const& dataClass)
+Inspection::StoreBegins steps(Progress& progress, char const* what)
 {
-    return options.only.empty() || std::find(options.only.begin(), options.only.end(), dataClass) != options.only.end();
+    return [&progress, what](Store store) { progress.next(absl::StrCat(what, " the ", name(store), " store")); };
 }
 
-// A store's rows of the classes that count.
-std::vector<SqliteStorage::Row> rowsOf(Host::Application const& application, Store store, TransferOptions const& options)
+void printUncarried(std::vector<Inspection::Uncarried> const& rows, char const* consequence)
 {
-    std::vector<SqliteStorage::Row> rows;
-    if (storage(application, store))
-        rows = storage(application, store)->rows();
-    auto const isLeftOut = [&](SqliteStorage::Row const& row) { return !counts(options, classOf(row.key)); };
-    rows.erase(std::remove_if(rows.begin(), rows.end(), isLeftOut), rows.end());
-    return rows;
-}
-
-bool isRedacted(Entry const& entry) { return std::holds_alternative<std::monostate>(entry.value); }
-
-bool isReadable(SqliteStorage::Row const& row) { return !std::holds_alternative<std::monostate>(row.value); }
-
-// Why a document cannot hold a row; empty where it can.
-std::string obstacleToCarrying(SqliteStorage::Row const& row)
-{
-    if (!isReadable(row))
-        return absl::StrCat("holds a value of kind ", quoted(row.kind), " that this version cannot read");
-    return row.key.find('\0') != std::string::npos ? "has a NUL in its key" : "";
-}
-
-// --- export ---
-
-struct TellsOfTheHome {
-    bool operator()(std::string const& value) const { return tellsOfTheHome(value); }
-    bool operator()(std::vector<unsigned char> const& value) const { return tellsOfTheHome(std::string(value.begin(), value.end())); }
-    template <typename T>
-    bool operator()(T const&) const
-    {
-        return false;
-    }
-};
-
-bool isPersonal(Entry const& entry)
-{
-    return entry.dataClass.empty() || entry.dataClass == Catalogue::dataClassName(Catalogue::DataClass::personal) ||
-           std::visit(TellsOfTheHome(), entry.value);
-}
-
-Document exported(Host::Application const& application, TransferOptions const& options, Progress& progress)
-{
-    Document document = {inUtc(std::chrono::system_clock::now()), application.productFile().productName(), {}};
-    for (Store const store : stores) {
-        progress.next(absl::StrCat("reading the ", name(store), " store"));
-        for (SqliteStorage::Row const& row : rowsOf(application, store, options)) {
-            Entry entry = {store, row.key, row.kind, classOf(row.key), row.value};
-            if (options.redact && tellsOfTheHome(row.key)) {
-                progress.aside(absl::StrCat("a key in the ", name(store), " store holds the path of the home folder, so it is left out"));
-            } else if (std::string const why = obstacleToCarrying(row); !why.empty()) {
-                progress.aside(absl::StrCat(quoted(row.key), " in the ", name(store), " store ", why,
-                                            ", so it is left out; 'editor-settings backup' keeps it"));
-            } else {
-                if (options.redact && isPersonal(entry))
-                    entry.value = {};
-                document.entries.push_back(entry);
-            }
-        }
-    }
-    return document;
+    for (auto const& [store, key, kind, isReadable] : rows)
+        printError(absl::StrCat(quoted(key), " in the ", name(store), " store ",
+                                isReadable ? "has a NUL in its key"
+                                           : absl::StrCat("holds a value of kind ", quoted(kind), " that this version cannot read"),
+                                ", so it is ", consequence));
 }
 
 } // namespace
 
+// --- export ---
+
 void exportSettings(Host::Application const& application, TransferOptions const& options)
 {
     std::optional<Progress> progress(3);
-    Document const document = exported(application, options, *progress);
+    Inspection::Export const result = Inspection::exported(application, selection(options), steps(*progress, "reading"));
     progress->next("writing the file");
-    std::string const bytes = Transfer::written(document);
-    if (options.file == "-") {
-        progress.reset(); // standard output may be the same terminal
-        std::cout << bytes;
-    } else if (!Storage::writeNewFile(std::filesystem::absolute(options.file), bytes, "write the export")) {
+    std::string const bytes = written(result.document);
+    if (options.file != "-" && !Storage::writeNewFile(std::filesystem::absolute(options.file), bytes, "write the export"))
         throw UserError(
             absl::StrCat(quoted(options.file), " is there already and was left as it is; name a new file, or move that one away"));
-    }
+    progress.reset(); // standard output may be the same terminal
+    printUncarried(result.uncarried, "left out; 'editor-settings backup' keeps it");
+    for (auto const& [store, count] : result.unknown)
+        printError(absl::StrCat(counted(count, "unknown key"), " in the ", name(store), " store left out"));
+    if (options.file == "-")
+        std::cout << bytes;
 }
 
 // --- diff ---
 
 namespace {
-
-// A key of which a store and the document tell something else.
-struct Difference {
-    Store store;
-    RowDifference change; // from what is stored to what the document holds
-};
-
-struct Comparison {
-    std::vector<Difference> differences; // by store, sorted by key
-    std::size_t same = 0;
-    std::size_t redacted = 0;
-};
 
 std::string shownFile(TransferOptions const& options) { return options.file == "-" ? "standard input" : quoted(options.file); }
 
@@ -146,94 +88,82 @@ bool isTyped(TransferOptions const& options) { return options.file == "-" && Ter
 Document document(TransferOptions const& options)
 {
     constexpr std::size_t most = std::size_t{64} * 1024 * 1024;
-    return Transfer::read(inputFile(options.file, most));
+    return Inspection::readDocument(inputFile(options.file, most));
 }
 
-void removeKeys(std::vector<SqliteStorage::Row>& rows, std::set<std::string> const& keys)
+std::string shownPlace(DocumentError const& error)
 {
-    auto const isRemoved = [&](SqliteStorage::Row const& row) { return keys.count(row.key) > 0; };
-    rows.erase(std::remove_if(rows.begin(), rows.end(), isRemoved), rows.end());
+    if (error.line() > 0)
+        return absl::StrCat("line ", error.line(), ", column ", error.column(), ":");
+    if (error.place().empty())
+        return "the document";
+    auto const append = [](std::string* text, std::string const& step) { text->append(shortened(onOneLine(step), 100)); };
+    return absl::StrJoin(error.place(), ".", append);
 }
 
-void compare(Comparison& result, Store store, std::vector<SqliteStorage::Row> rows, std::vector<Entry> const& entries, Progress& progress)
+std::string suggestion(DocumentError const& error)
 {
-    std::vector<SqliteStorage::Row> wanted;
-    std::set<std::string> redacted;
-    for (Entry const& entry : entries) {
-        if (isRedacted(entry))
-            redacted.insert(entry.key);
-        else
-            wanted.push_back({entry.key, entry.kind, entry.value, {}});
+    if (!dynamic_cast<Inspection::UnknownKeyError const*>(&error))
+        return {};
+    std::vector<std::string> keys;
+    for (Catalogue::Preference const& row : Catalogue::preferences())
+        keys.emplace_back(row.name);
+    return didYouMean(error.place().back(), keys);
+}
+
+std::string sentence(TransferOptions const& options, DocumentError const& error)
+{
+    return absl::StrCat(shownFile(options), ": ", shownPlace(error), " ", error.fault(), "; ", suggestion(error), error.remedy());
+}
+
+Terminal::Style styleFor(Change change)
+{
+    switch (change) {
+    case Change::added:
+        return Terminal::Style::good;
+    case Change::removed:
+        return Terminal::Style::bad;
+    case Change::changed:
+        break;
     }
-    removeKeys(rows, redacted);
-    result.redacted += redacted.size();
-    result.same += wanted.size();
-    for (RowDifference const& change : rowDifferences(rows, wanted)) {
-        std::string const obstacle = change.after ? "" : obstacleToCarrying(*change.before);
-        if (obstacle.empty())
-            result.differences.push_back({store, change});
-        else
-            progress.aside(absl::StrCat(quoted(change.key), " in the ", name(store), " store ", obstacle, ", so it is not compared"));
-        if (change.after)
-            --result.same;
-    }
+    return Terminal::Style::odd;
 }
 
-Comparison compared(Host::Application const& application, TransferOptions const& options, Document const& wanted, Progress& progress)
-{
-    Comparison result;
-    for (Store const store : stores) {
-        progress.next(absl::StrCat("comparing with the ", name(store), " store"));
-        std::vector<Entry> entries;
-        for (Entry const& entry : wanted.entries)
-            if (entry.store == store && counts(options, classOf(entry.key)))
-                entries.push_back(entry);
-        compare(result, store, rowsOf(application, store, options), entries, progress);
-    }
-    return result;
-}
-
-char const* wordFor(RowDifference const& change) { return !change.before ? "added" : !change.after ? "removed" : "changed"; }
-
-Terminal::Style styleFor(RowDifference const& change)
-{
-    return !change.before ? Terminal::Style::good : !change.after ? Terminal::Style::bad : Terminal::Style::odd;
-}
-
-// Kind and value of one side; for people the kind only where it tells something.
+// Kind and value of one side; people see the kind only where the kinds differ.
 Columns columnsOf(std::optional<SqliteStorage::Row> const& row, std::string const& absent, bool kindsDiffer, Format format)
 {
     if (format == Format::plain)
-        return {row ? onOneLine(row->kind) : "", shown(row, "")};
-    return {shortened(shown(row, absent), 120) + (kindsDiffer ? " (" + onOneLine(row->kind) + ')' : "")};
+        return {row ? onOneLine(row->kind) : "", onOneLine(Inspection::storedText(row, ""))};
+    return {shortened(onOneLine(Inspection::storedText(row, absent)), 120) + (kindsDiffer ? " (" + onOneLine(row->kind) + ')' : "")};
 }
 
 Columns lineOf(Difference const& difference, Format format)
 {
-    RowDifference const& change = difference.change;
-    bool const kindsDiffer = change.before && change.after && change.before->kind != change.after->kind;
-    Columns line = {{wordFor(change), styleFor(change)}, name(difference.store), onOneLine(change.key)};
+    RowDifference const& row = difference.row;
+    bool const kindsDiffer = row.change() == Change::changed && row.before->kind != row.after->kind;
+    Columns line = {{changeName(row.change()), styleFor(row.change())}, name(difference.store), onOneLine(row.key)};
     for (Columns const& side :
-         {columnsOf(change.before, "(unset)", kindsDiffer, format), columnsOf(change.after, "(absent)", kindsDiffer, format)})
+         {columnsOf(row.before, "(unset)", kindsDiffer, format), columnsOf(row.after, "(absent)", kindsDiffer, format)})
         line.insert(line.end(), side.begin(), side.end());
     return line;
 }
 
 nlohmann::ordered_json jsonOf(std::optional<SqliteStorage::Row> const& row)
 {
-    return row && isReadable(*row) ? Transfer::fieldsOf(row->kind, row->value) : storedJson(row);
+    bool const isReadable = row && !std::holds_alternative<std::monostate>(row->value);
+    return isReadable ? Inspection::fieldsOf(row->kind, row->value) : Inspection::storedJson(row);
 }
 
 void print(std::vector<Difference> const& differences, Format format)
 {
     if (format == Format::json) {
         auto array = nlohmann::ordered_json::array();
-        for (auto const& [store, change] : differences)
-            array.push_back({{"change", wordFor(change)},
+        for (auto const& [store, row] : differences)
+            array.push_back({{"change", changeName(row.change())},
                              {"store", name(store)},
-                             {"key", Transfer::nameOf(change.key)},
-                             {"stored", jsonOf(change.before)},
-                             {"file", jsonOf(change.after)}});
+                             {"key", Inspection::nameOf(row.key)},
+                             {"stored", jsonOf(row.before)},
+                             {"file", jsonOf(row.after)}});
         return printJson(array);
     }
     std::vector<Columns> table;
@@ -251,14 +181,15 @@ bool showDifferences(Host::Application const& application, TransferOptions const
         std::optional<Progress> progress(3);
         progress->next(isTyped(options) ? "" : "reading the file");
         Document const wanted = document(options);
-        Comparison const comparison = compared(application, options, wanted, *progress);
+        Comparison const comparison = Inspection::compared(application, selection(options), wanted, steps(*progress, "comparing with"));
         progress.reset(); // the answer may stand on the same terminal
+        printUncarried(comparison.uncarried, "not compared");
         print(comparison.differences, format);
         if (comparison.redacted > 0)
             printError(absl::StrCat(comparison.redacted, " redacted in the file, so not compared"));
         return !comparison.differences.empty();
-    } catch (Transfer::Error const& error) {
-        throw UserError(absl::StrCat(shownFile(options), ": ", error.what()));
+    } catch (DocumentError const& error) {
+        throw UserError(sentence(options, error));
     }
 }
 
@@ -266,88 +197,38 @@ bool showDifferences(Host::Application const& application, TransferOptions const
 
 namespace {
 
-std::string butNothingChanged(std::string const& trouble) { return absl::StrCat(trouble, "; nothing was changed"); }
-
-// A store and what is to change in it.
-struct Target {
-    Store name;
-    SqliteStorage* store;
-    std::vector<SqliteStorage::Change> changes;
-};
-
-std::vector<Target> targetsOf(Host::Application const& application, std::vector<Difference> const& differences)
+std::string shownOutcome(std::pair<Store, Inspection::Outcome> const& outcome)
 {
-    std::vector<Target> targets;
-    for (Store const store : stores) {
-        Target target = {store, storage(application, store), {}};
-        for (auto const& [where, change] : differences)
-            if (where == store)
-                target.changes.push_back({change.key, change.after->value});
-        if (!target.changes.empty())
-            targets.push_back(target);
+    std::string const store = absl::StrCat("the ", name(outcome.first), " store ");
+    switch (outcome.second) {
+    case Inspection::Outcome::imported:
+        return store + "holds the imported values";
+    case Inspection::Outcome::unchanged:
+        return store + "is as it was";
+    case Inspection::Outcome::unreadable:
+        break;
     }
-    return targets;
+    return store + "cannot be read";
 }
 
-// A store that is not there is made only when nothing else stands in the way.
-std::vector<std::unique_ptr<SqliteStorage>> madeReady(Host::Application const& application, std::vector<Target>& targets)
+void import(Host::Application const& application, std::vector<Difference> const& differences)
 {
-    std::vector<std::unique_ptr<SqliteStorage>> made;
-    try {
-        for (Target const& target : targets)
-            if (std::optional<Storage::StorageError> const error = target.store ? target.store->readOnlyError() : std::nullopt)
-                throw UserError(error->what());
-        for (Target& target : targets)
-            if (!target.store)
-                target.store = made.emplace_back(std::make_unique<SqliteStorage>(storageFile(application, target.name))).get();
-        return made;
-    } catch (std::exception const& error) {
-        throw UserError(butNothingChanged(error.what()));
-    }
+    Progress progress(2);
+    auto const& [error, outcomes] = Inspection::imported(application, differences, steps(progress, "changing"));
+    if (!error)
+        return;
+    if (outcomes.empty())
+        throw UserError(absl::StrCat(error->what(), "; nothing was changed"));
+    auto const append = [](std::string* text, std::pair<Store, Inspection::Outcome> const& outcome) { *text += shownOutcome(outcome); };
+    throw UserError(absl::StrCat(error->what(), "; ", absl::StrJoin(outcomes, ", ", append), "; then import the file again"));
 }
 
-std::string asItWas(Target const& target) { return absl::StrCat("the ", name(target.name), " store is as it was"); }
-
-std::string imported(Target const& target) { return absl::StrCat("the ", name(target.name), " store holds the imported values"); }
-
-// What became of a store whose change failed: where the disk refused the last step, only a look tells.
-std::string outcome(Target const& target)
-{
-    try {
-        for (SqliteStorage::Change const& change : target.changes)
-            if (std::optional<SqliteStorage::Row> const row = target.store->find(change.key); !row || row->value != change.value)
-                return asItWas(target);
-        return imported(target);
-    } catch (Storage::StorageError const&) {
-        return absl::StrCat("the ", name(target.name), " store cannot be read");
-    }
-}
-
-void apply(std::vector<Target> const& targets)
-{
-    Progress progress(targets.size());
-    std::vector<std::string> outcomes;
-    for (auto target = targets.begin(); target != targets.end(); ++target) {
-        progress.next(absl::StrCat("changing the ", name(target->name), " store"));
-        try {
-            target->store->apply(target->changes);
-            outcomes.push_back(imported(*target));
-        } catch (Storage::StorageError const& error) {
-            outcomes.push_back(outcome(*target));
-            std::transform(target + 1, targets.end(), std::back_inserter(outcomes), asItWas);
-            throw UserError(absl::StrCat(error.what(), "; ", joined(outcomes, ", "), "; then import the file again"));
-        }
-    }
-}
-
-void tellOf(Comparison const& comparison, bool dryRun)
+void printCounts(Comparison const& comparison, bool isDryRun)
 {
     std::size_t const changes = comparison.differences.size();
-    std::vector<std::string> counts = {dryRun ? absl::StrCat(changes, " would change") : absl::StrCat(changes, " changed"),
-                                       absl::StrCat(comparison.same, " already as in the file")};
-    if (comparison.redacted > 0)
-        counts.push_back(absl::StrCat(comparison.redacted, " redacted in the file and left alone"));
-    printError(joined(counts, ", "));
+    std::string const redacted =
+        comparison.redacted > 0 ? absl::StrCat(", ", comparison.redacted, " redacted in the file and left alone") : "";
+    printError(absl::StrCat(changes, isDryRun ? " would change, " : " changed, ", comparison.same, " already as in the file", redacted));
 }
 
 Document checkedDocument(TransferOptions const& options)
@@ -356,8 +237,8 @@ Document checkedDocument(TransferOptions const& options)
         Document checked = document(options);
         checkKeys(checked, options.withUnknown);
         return checked;
-    } catch (Transfer::Error const& error) {
-        throw UserError(butNothingChanged(absl::StrCat(shownFile(options), ": ", error.what())));
+    } catch (DocumentError const& error) {
+        throw UserError(sentence(options, error) + "; nothing was changed");
     }
 }
 
@@ -368,19 +249,17 @@ void importSettings(Host::Application const& application, TransferOptions const&
     std::optional<Progress> progress(3);
     progress->next(isTyped(options) ? "" : "reading the file");
     Document const wanted = checkedDocument(options);
-    Comparison comparison = compared(application, options, wanted, *progress);
-    progress.reset(); // what follows is told, or has steps of its own
-    auto const isOfTheStoreAlone = [](Difference const& difference) { return !difference.change.after; };
+    Comparison comparison = Inspection::compared(application, selection(options), wanted, steps(*progress, "comparing with"));
+    progress.reset(); // what follows is printed, or has steps of its own
+    printUncarried(comparison.uncarried, "not compared");
+    auto const isKept = [](Difference const& difference) { return difference.row.change() == Change::removed; };
     auto& differences = comparison.differences;
-    differences.erase(std::remove_if(differences.begin(), differences.end(), isOfTheStoreAlone), differences.end());
-    if (options.dryRun) {
+    differences.erase(std::remove_if(differences.begin(), differences.end(), isKept), differences.end());
+    if (options.dryRun)
         print(differences, format);
-    } else {
-        std::vector<Target> targets = targetsOf(application, differences);
-        auto const made = madeReady(application, targets);
-        apply(targets);
-    }
-    tellOf(comparison, options.dryRun);
+    else
+        import(application, differences);
+    printCounts(comparison, options.dryRun);
 }
 
 // --- The verbs ---
@@ -408,7 +287,8 @@ Command exportCommand()
     command.summary = "Writes what is stored to a new file, in JSON: for another machine, or for somebody who helps";
     command.options = documentOptions(*words, "The new file; - for standard output");
     command.options.emplace_back("--redact", &words->options.redact,
-                                 "Leaves out personal values, those of unknown keys, and whatever holds the path of the home folder");
+                                 "Keeps values of the classes roaming and transient, and local ones that are bool or int; redacts all "
+                                 "others and leaves out unknown keys");
     command.examples = {{"editor-settings export settings.json", "Writes all that is stored."},
                         {"editor-settings export --redact -", "The same without what is personal, on standard output."}};
     command.stores = always(StoreUse::read);
@@ -453,7 +333,7 @@ Command diffCommand()
     command.summary = "The differences between what is stored and what an exported file holds";
     command.options = withFormat(words->format, jsonHelpWithBytes, documentOptions(*words, "The file; - for standard input"));
     command.examples = {
-        {"editor-settings diff settings.json", "What is stored otherwise than in the file; exit status 1, as something is."},
+        {"editor-settings diff settings.json", "What differs between the stores and the file; exit status 1 for a difference."},
         {"editor-settings export - | editor-settings diff -", "Nothing, as the two are alike."}};
     command.stores = always(StoreUse::read);
     command.isLong = true;

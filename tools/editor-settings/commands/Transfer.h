@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The verbs that carry stored values from one place to another in a document, see Transfer.h. Each throws `UserError` for
-// what it says no to, `Storage::StorageError` for trouble with a store.
+// The verbs that carry stored values in a document. Each throws `UserError` for what it refuses, `Storage::StorageError` for
+// trouble with a store.
 #pragma once
 
 #include "terminal/Table.h"
@@ -14,9 +14,9 @@
 struct TransferOptions {
     std::string file;              ///< "-" for standard output or input.
     std::vector<std::string> only; ///< The classes of the keys that count; empty for all keys.
-    bool redact = false;           ///< Export: leave personal values out.
+    bool redact = false;           ///< Export: keep values by what their class promises, and no unknown keys.
     bool withUnknown = false;      ///< Import: take keys that the library never asks for.
-    bool dryRun = false;           ///< Import: tell what would change, and change nothing.
+    bool dryRun = false;           ///< Import: print what would change, and change nothing.
 };
 
 void exportSettings(Host::Application const& application, TransferOptions const& options);
