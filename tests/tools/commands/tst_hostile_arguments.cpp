@@ -73,6 +73,7 @@ protected:
         pid_t const child = ::forkpty(&terminal, nullptr, nullptr, nullptr);
         if (child == 0) {
             ::setenv("NO_COLOR", "1", 1); // so that every code that is sent is another's
+            ::setenv("TERM", "dumb", 1);  // likewise, and without a pager
             ::execv(arguments[0], arguments.data());
             ::_exit(127);
         }
