@@ -49,7 +49,7 @@ std::string nameOf(std::string const& key)
 {
     std::string name;
     for (std::size_t at = 0; at < key.size();) {
-        std::size_t const length = lengthOfLetter(key, at);
+        std::size_t const length = codePointLength(key, at);
         if (length == 0)
             name += "\\x" + QByteArray(1, key[at]).toHex().toStdString();
         else
