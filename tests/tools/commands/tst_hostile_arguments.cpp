@@ -452,31 +452,6 @@ TEST_F(Hostile, StoredControlsAreNotSentToATerminal)
                                                  "default is read; 'editor-settings explain npsSendCount' shows both\n");
 }
 
-TEST_F(Hostile, LettersBeyondAsciiStayLetters)
-{
-    std::string const letters = "\xC2\xA0\xC3\xBC\xDF\xBF\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF";
-    said({"set", "lastTarget", letters});
-    EXPECT_EQ(said({"get", "lastTarget", "--plain"}), letters + '\n');
-    struct Bytes {
-        char const* bytes;
-        char const* told;
-    };
-    for (Bytes const& wrong : {Bytes{"\x80", "\\x80"},
-                               {"\xC1\xBF", "\\xc1\\xbf"},
-                               {"\xE0\x9F\xBF", "\\xe0\\x9f\\xbf"},
-                               {"\xED\xA0\x80", "\\xed\\xa0\\x80"},
-                               {"\xF0\x8F\xBF\xBF", "\\xf0\\x8f\\xbf\\xbf"},
-                               {"\xF4\x90\x80\x80", "\\xf4\\x90\\x80\\x80"},
-                               {"\xF5\x80\x80\x80", "\\xf5\\x80\\x80\\x80"},
-                               {"\xC3", "\\xc3"},
-                               {"\xC3x", "\\xc3x"},
-                               {"\xE2\x82", "\\xe2\\x82"},
-                               {"\xE2\x82x", "\\xe2\\x82x"},
-                               {"\xF0\x90\x80", "\\xf0\\x90\\x80"}})
-        EXPECT_EQ(refused({"get", wrong.bytes}),
-                  "editor-settings: there is no preference '" + std::string(wrong.told) + "'; 'editor-settings list' shows all\n");
-}
-
 // --- Streams ---
 
 std::vector<Words> const answering = {{"list"},
