@@ -31,7 +31,7 @@ protected:
     // `out` is all that the terminal was sent, with the ends of lines as they were printed.
     static Ended onTerminal(Words const& command, Environment const& environment = {}, Screen const& screen = {}, Typed typed = {})
     {
-        Words words = {"env", "-u", "NO_COLOR", "-u", "PAGER", "-u", "LESS", "-u", "EDITOR_SETTINGS_PAGER", "TERM=xterm"};
+        Words words = {"env", "-u", "NO_COLOR", "-u", "PAGER", "-u", "LESS", "EDITOR_SETTINGS_PAGER=cat", "TERM=xterm"};
         for (auto const& [name, value] : environment)
             words.push_back(name + '=' + value);
         words.insert(words.end(), command.begin(), command.end());
@@ -65,9 +65,15 @@ protected:
         return ended;
     }
 
+    inline static std::string const openingStep = "editor-settings: step 1 of 1: opening the stores\r\x1b[K";
+
+    // The program itself on a terminal. `out` is without `openingStep`, which each verb shows and erases.
     static Ended toolOnTerminal(Words words, Environment const& environment = {}, Screen const& screen = {}, Typed const& typed = {})
     {
         words.insert(words.begin(), TOOL);
-        return onTerminal(words, environment, screen, typed);
+        Ended ended = onTerminal(words, environment, screen, typed);
+        if (std::size_t const at = ended.out.find(openingStep); at != std::string::npos)
+            ended.out.erase(at, openingStep.size());
+        return ended;
     }
 };

@@ -288,10 +288,9 @@ std::vector<Option> GlobalOptions::options()
 
 int runCommandLine(int argc, char** argv)
 {
-    StandardOutput output;
     CommandLine commandLine;
     int const status = commandLine.run(argc, argv);
-    std::string const trouble = output.trouble();
+    std::string const trouble = closeStandardOutput();
     if (trouble.empty())
         return status;
     printError(absl::StrCat("cannot write to standard output: ", trouble));

@@ -1,36 +1,36 @@
 // SPDX-License-Identifier: MIT
 //
-// Texts for users.
+// Escapes for messages and columns.
 #pragma once
 
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-/// What the tool says no to; the text goes to the user. The exit status is then 1.
+/// An error whose text is for the user. Unless it is caught, the exit status is 1.
 class UserError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// `text` on one line: backslash, tab and line breaks as `\\`, `\t`, `\n` and `\r`, the bytes of other control characters
-/// and those that are no UTF-8 as `\xHH`.
+/// `text` escaped to one line of UTF-8: `\\`, `\t`, `\n`, `\r`, and `\xHH` for each byte of another control character and each
+/// byte that is not UTF-8. The escapes are unambiguous.
 std::string onOneLine(std::string const& text);
-/// As `onOneLine`, but backslashes stay as they are, and so does each control character in `butFor`: for what people read.
-std::string withoutControls(std::string const& text, std::string const& butFor = {});
-/// `text` within single quotes, for messages.
+/// `text` escaped for a terminal: as `onOneLine`, but backslashes and the characters in `kept` are unchanged.
+std::string withoutControls(std::string const& text, std::string const& kept = {});
+/// `onOneLine(text)` in single quotes, for messages.
 std::string quoted(std::string const& text);
-/// As `quoted`, with the beginning of a long `text` only: for words that the user gave a moment ago.
+/// As `quoted`, shortened to 200 code points: for an argument that the user just typed.
 std::string quotedBriefly(std::string const& text);
-/// The first letters of `text` and an ellipsis where it has more than `letters`.
-std::string shortened(std::string const& text, std::size_t letters);
-/// The number of code points: the columns that `text` takes in every script whose letters are one column wide.
+/// `text` cut to at most `codePoints`, the last of which is then an ellipsis. `text` is UTF-8, `codePoints` at least 1.
+std::string shortened(std::string const& text, std::size_t codePoints);
+/// The number of code points in `text`, which is UTF-8.
 std::size_t width(std::string const& text);
-/// The bytes of the letter of UTF-8 that begins at `at`; 0 where none does.
-std::size_t lengthOfLetter(std::string const& text, std::size_t at);
-/// Tells the user something on standard error, on one line.
+/// The number of bytes of the UTF-8 code point that begins at `at`; 0 when none does.
+std::size_t codePointLength(std::string const& text, std::size_t at);
+/// Prints "editor-settings: " and `text`, escaped, on standard error.
 void printError(std::string const& text);
-/// `count` and `noun`, which takes an "s" unless `count` is 1: "3 values".
+/// `count` and `noun`, with an "s" unless `count` is 1: "3 values".
 std::string counted(std::size_t count, std::string const& noun);
 /// `words` with `separator` between each two.
 std::string joined(std::vector<std::string> const& words, std::string const& separator);

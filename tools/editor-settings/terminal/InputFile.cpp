@@ -21,7 +21,7 @@ namespace {
 
 [[noreturn]] void refuse(std::string const& shown, int error) { refuse(shown, std::generic_category().message(error)); }
 
-// Not blocking: a pipe in the place of the file would else be waited for.
+// O_NONBLOCK: opening a FIFO would wait for a writer.
 class Input {
 public:
     Input(std::string const& name, std::string const& shown)

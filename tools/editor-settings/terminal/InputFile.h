@@ -4,6 +4,6 @@
 #include <cstddef>
 #include <string>
 
-/// The bytes of the regular file `name`, or of standard input where that is "-". Throws `UserError` where it cannot be
-/// read, is another kind of file, or holds more than `most` bytes.
+/// The content of the regular file `name`, or of standard input for "-". Throws `UserError` when it cannot be read, is not a
+/// regular file, or exceeds `most` bytes.
 std::string inputFile(std::string const& name, std::size_t most);

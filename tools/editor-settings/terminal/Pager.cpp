@@ -3,7 +3,6 @@
 
 #include "terminal/Terminal.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -26,33 +25,7 @@ std::string command()
     return "less";
 }
 
-// Without the codes of colours, and with blanks for tabs, as a terminal shows it.
-std::string shownLine(std::string const& line)
-{
-    std::string shown;
-    for (std::size_t at = 0; at < line.size(); ++at) {
-        if (line[at] == '\x1b')
-            at = std::min(line.find('m', at), line.size());
-        else if (line[at] == '\t')
-            shown.append(8 - shown.size() % 8, ' ');
-        else
-            shown += line[at];
-    }
-    return shown;
-}
-
-// The last row is left to what the shell says next.
-bool isLongerThanTheScreen(std::string const& text)
-{
-    auto const [rows, columns] = Terminal::size(STDOUT_FILENO);
-    std::size_t taken = 0;
-    std::istringstream stream(text);
-    for (std::string line; columns > 0 && taken < rows && std::getline(stream, line);)
-        taken += std::max<std::size_t>(1, (Terminal::columns(shownLine(line)) + columns - 1) / columns);
-    return columns > 0 && rows > 0 && taken >= rows;
-}
-
-// Ctrl+C and the like are the pager's to take, and one that goes early is no reason to end.
+// The pager handles Ctrl+C and Ctrl+\, and its early end must not end this process by SIGPIPE.
 class SignalsOfThePager {
 public:
     SignalsOfThePager()
@@ -76,7 +49,7 @@ private:
 
 bool needsAShell(std::string const& command) { return command.find_first_of("|&;<>()$`\\\"' \t\n*?[#~=%") != std::string::npos; }
 
-// The process, reading from `input`; none where it cannot be started.
+// Starts `command` with `input` as its standard input; returns nullopt when it cannot be started.
 std::optional<pid_t> started(std::string const& command, int input)
 {
     posix_spawn_file_actions_t actions;
@@ -120,15 +93,15 @@ int statusOf(pid_t process)
     return WIFEXITED(status) ? WEXITSTATUS(status) : 0;
 }
 
-// Whether a pager showed it.
+// Returns false when no pager is set or the pager cannot be started.
 bool paged(std::string const& text)
 {
-    constexpr int notExecutable = 126; // as a shell tells it, or 127 where there is no such program
+    constexpr int notExecutable = 126; // the shell's exit status, or 127 for a command that does not exist
     std::string const pager = command();
     int ends[2];
-    if (pager.empty() || pager == "cat" || !isLongerThanTheScreen(text) || ::pipe2(ends, O_CLOEXEC) != 0)
+    if (pager.empty() || pager == "cat" || ::pipe2(ends, O_CLOEXEC) != 0)
         return false;
-    ::setenv("LESS", "FRX", 0); // ends by itself, shows colours, leaves the screen as it is
+    ::setenv("LESS", "FRX", 0); // quit when one screen suffices, pass colours through, keep the screen
     SignalsOfThePager const signals;
     std::optional<pid_t> const process = started(pager, ends[0]);
     ::close(ends[0]);

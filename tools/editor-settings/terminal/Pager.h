@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
-// Long answers, a screen at a time.
+// Pages long answers.
 #pragma once
 
 #include <iostream>
 #include <sstream>
 
-/// While the object lives, what is printed to `std::cout` is kept; when it goes, that is printed, also where an error is on
-/// its way. What is longer than the terminal that standard output is goes through the program that EDITOR_SETTINGS_PAGER
-/// names, else PAGER, else "less"; an empty name and "cat" stand for none. Whoever leaves it early does nothing wrong.
+/// Collects what is printed to `std::cout` and pages it at the end of its lifetime, also while an exception unwinds. The
+/// pager is the command in EDITOR_SETTINGS_PAGER, else in PAGER, else "less", which ends by itself when the text fits on the
+/// screen; an empty command, "cat" and a pager that cannot be started print the text directly. The pager's exit status does
+/// not count.
 class Pager {
 public:
     Pager() = default;
@@ -16,7 +17,7 @@ public:
     Pager(Pager const&) = delete;
     Pager& operator=(Pager const&) = delete;
 
-    /// Whether standard output is a terminal that a pager works on.
+    /// Whether standard output is a terminal on which a pager works.
     static bool isOfUse();
 
 private:

@@ -10,74 +10,32 @@
 
 #include <unistd.h>
 
-namespace {
-
-constexpr std::chrono::seconds untilItIsShown(1);
-constexpr std::chrono::milliseconds betweenLooks(100);
-
-// What fits on one line: one that goes on below cannot be written over.
-std::string fitting(std::string const& line)
-{
-    std::size_t const columns = Terminal::size(STDERR_FILENO).columns;
-    std::string result = line;
-    for (std::size_t letters = width(line); columns > 1 && letters > 1 && Terminal::columns(result) >= columns; --letters)
-        result = shortened(line, letters);
-    return result;
-}
-
-} // namespace
-
-Progress::Progress(std::size_t steps) : m_steps(steps)
-{
-    if (Terminal::isCapable(STDERR_FILENO))
-        m_shower = std::thread([this] { show(); });
-}
-
-Progress::~Progress()
-{
-    if (!m_shower.joinable())
-        return;
-    {
-        std::lock_guard const lock(m_mutex);
-        m_isOver = true;
-    }
-    m_end.notify_one();
-    m_shower.join();
-}
-
 void Progress::next(std::string const& what)
 {
-    if (!m_shower.joinable())
-        return;
-    std::lock_guard const lock(m_mutex);
-    std::string const step = std::to_string(++m_step);
-    m_line = what.empty() ? what : "editor-settings: " + absl::StrCat("step ", step, " of ", m_steps, ": ", what);
+    erase();
+    ++m_step;
+    m_line = what.empty() ? what : absl::StrCat("editor-settings: step ", m_step, " of ", m_steps, ": ", what);
+    show();
 }
 
 void Progress::aside(std::string const& text)
 {
-    std::lock_guard const lock(m_mutex);
     erase();
     printError(text);
+    show();
 }
 
-void Progress::show()
+void Progress::show() const
 {
-    std::unique_lock lock(m_mutex);
-    auto const isOver = [this] { return m_isOver; };
-    for (bool ended = m_end.wait_for(lock, untilItIsShown, isOver); !ended; ended = m_end.wait_for(lock, betweenLooks, isOver)) {
-        if (m_line == m_shown)
-            continue;
-        erase();
-        m_shown = m_line;
-        std::cerr << fitting(m_line) << std::flush;
-    }
-    erase();
+    if (m_line.empty() || !Terminal::isCapable(STDERR_FILENO))
+        return;
+    // A line that wraps cannot be erased.
+    std::size_t const columns = Terminal::columns(STDERR_FILENO);
+    std::cerr << (columns > 1 ? shortened(m_line, columns - 1) : m_line) << std::flush;
 }
 
-void Progress::erase()
+void Progress::erase() const
 {
-    if (!m_shown.empty())
+    if (!m_line.empty() && Terminal::isCapable(STDERR_FILENO))
         std::cerr << "\r\x1b[K" << std::flush;
-    m_shown.clear();
 }

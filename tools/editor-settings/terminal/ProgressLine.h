@@ -1,39 +1,28 @@
 // SPDX-License-Identifier: MIT
-//
-// How far something that takes long is.
 #pragma once
 
-#include <chrono>
-#include <condition_variable>
 #include <cstddef>
-#include <mutex>
 #include <string>
-#include <thread>
 
-/// One line on standard error about the step that is being done, where that is a terminal: from a second after the object
-/// was made until it goes, which erases the line.
+/// Shows the step in progress on one line of standard error, provided that this is a capable terminal, and erases the line
+/// at the end of its lifetime. Print nothing to that terminal meanwhile but with `aside`.
 class Progress {
 public:
-    explicit Progress(std::size_t steps);
-    ~Progress();
+    explicit Progress(std::size_t steps) : m_steps(steps) {}
+    ~Progress() { erase(); }
     Progress(Progress const&) = delete;
     Progress& operator=(Progress const&) = delete;
 
-    /// The next step begins: `what` is being done, which is told unless it is empty.
+    /// Begins the next step and shows `what`; an empty `what` shows nothing.
     void next(std::string const& what);
-    /// Tells the user something meanwhile, as `tell` does.
+    /// Prints an error, as `printError` does, on a line of its own.
     void aside(std::string const& text);
 
 private:
-    void show();
-    void erase();
+    void show() const;
+    void erase() const;
 
     std::size_t const m_steps;
     std::size_t m_step = 0;
-    std::mutex m_mutex;
-    std::condition_variable m_end;
-    bool m_isOver = false;
     std::string m_line;
-    std::string m_shown;
-    std::thread m_shower; // runs where the line can be shown
 };

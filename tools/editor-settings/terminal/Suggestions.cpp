@@ -3,24 +3,18 @@
 
 #include "terminal/Escaping.h"
 
+#include <absl/strings/ascii.h>
+#include <absl/strings/match.h>
 #include <absl/strings/str_cat.h>
 
 #include <algorithm>
-#include <cctype>
 #include <numeric>
 #include <utility>
 
 namespace {
 
-std::string lowerCase(std::string text)
-{
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char character) { return static_cast<char>(std::tolower(character)); });
-    return text;
-}
-
-// Levenshtein's distance: insertions, deletions and replacements that turn `from` into `to`.
-std::size_t edits(std::string const& from, std::string const& to)
+// The Levenshtein distance.
+std::size_t distance(std::string const& from, std::string const& to)
 {
     std::vector<std::size_t> row(to.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t(0));
@@ -38,23 +32,22 @@ std::size_t edits(std::string const& from, std::string const& to)
 
 std::vector<std::string> suggestions(std::string const& word, std::vector<std::string> const& names)
 {
-    std::string const wanted = lowerCase(word);
+    std::string const wanted = absl::AsciiStrToLower(word);
     std::size_t const tolerated = 1 + wanted.size() / 4;
     std::vector<std::pair<std::size_t, std::string>> candidates;
     for (std::string const& name : names) {
-        std::string const candidate = lowerCase(name);
+        std::string const candidate = absl::AsciiStrToLower(name);
         if (wanted.size() > candidate.size() + tolerated)
-            continue; // so many letters would have to go; it takes long to count them one by one
-        std::size_t const distance = edits(wanted, candidate);
-        bool const holdsIt = wanted.size() >= 3 && candidate.find(wanted) != std::string::npos;
-        if (distance <= tolerated || holdsIt)
-            candidates.emplace_back(distance, name);
+            continue; // the distance of a very long word is out of reach and slow to compute
+        std::size_t const edits = distance(wanted, candidate);
+        bool const contains = wanted.size() >= 3 && absl::StrContains(candidate, wanted);
+        if (edits <= tolerated || contains)
+            candidates.emplace_back(edits, name);
     }
     std::sort(candidates.begin(), candidates.end());
     std::vector<std::string> result;
-    for (auto const& [distance, name] : candidates)
-        if (result.size() < 3)
-            result.push_back(name);
+    for (std::size_t at = 0; at < std::min<std::size_t>(candidates.size(), 3); ++at)
+        result.push_back(candidates[at].second);
     return result;
 }
 

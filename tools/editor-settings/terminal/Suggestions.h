@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
-/// The names that a mistyped `word` may have meant, best first: those that hold it or that a few edits make of it,
-/// whatever the case. At most three.
+/// At most three of `names` that a mistyped `word` may mean, best first: those within a few edits and those that contain it,
+/// regardless of the case of ASCII letters.
 std::vector<std::string> suggestions(std::string const& word, std::vector<std::string> const& names);
 
-/// "a or b", for people.
+/// "a or b".
 std::string alternatives(std::vector<std::string> const& words);
-/// "did you mean a or b? " with those names; empty without any.
+/// "did you mean a or b? " with the suggestions; empty without any.
 std::string didYouMean(std::string const& word, std::vector<std::string> const& names);

@@ -3,6 +3,8 @@
 
 #include "terminal/Escaping.h"
 
+#include <absl/strings/ascii.h>
+
 #include <algorithm>
 #include <iostream>
 #include <utility>
@@ -11,15 +13,13 @@
 
 namespace {
 
-std::string withoutBlanksAtTheEnd(std::string const& text) { return text.substr(0, text.find_last_not_of(' ') + 1); }
-
 std::vector<std::size_t> widthsOf(std::vector<Columns> const& table)
 {
     std::vector<std::size_t> widths;
     for (Columns const& line : table) {
         widths.resize(std::max(widths.size(), line.size()));
         for (std::size_t column = 0; column < line.size(); ++column)
-            widths[column] = std::max(widths[column], Terminal::columns(line[column].text));
+            widths[column] = std::max(widths[column], width(line[column].text));
     }
     return widths;
 }
@@ -31,9 +31,9 @@ void printAligned(std::vector<Columns> const& table)
         std::string aligned;
         std::string gap;
         for (std::size_t column = 0; column < line.size(); ++column) {
-            std::string const text = withoutBlanksAtTheEnd(line[column].text);
+            std::string const text(absl::StripTrailingAsciiWhitespace(line[column].text));
             aligned += text.empty() ? text : std::exchange(gap, "") + Terminal::painted(text, line[column].style);
-            gap.append(widths[column] - Terminal::columns(text) + 2, ' ');
+            gap.append(widths[column] - width(text) + 2, ' ');
         }
         std::cout << aligned << '\n';
     }
@@ -48,7 +48,7 @@ void printTabbed(std::vector<Columns> const& table)
     }
 }
 
-// Without a heading the first column says what the others are.
+// Without a heading row, the first column names the values.
 void markHeadings(std::vector<Columns>& table, bool hasHeading)
 {
     for (Columns& line : table)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Answers on standard output: aligned for people, tab-separated for scripts, or as JSON.
+// Prints answers: aligned for people, tab-separated for scripts, or JSON.
 #pragma once
 
 #include "terminal/Terminal.h"
@@ -11,7 +11,7 @@
 
 enum class Format { people, plain, json };
 
-/// A cell of a table: one line of text, and how it is painted where colours are wanted. The colour adds nothing to the text.
+/// One line of text and its style. The style carries no information of its own.
 struct Cell {
     // NOLINTNEXTLINE(google-explicit-constructor): most cells are text alone
     Cell(std::string line, Terminal::Style look = Terminal::Style::normal) : text(std::move(line)), style(look) {}
@@ -24,9 +24,8 @@ struct Cell {
 
 using Columns = std::vector<Cell>;
 
-/// Prints `table` below `heading`: aligned on a terminal, else with a tab between two cells. Scripts get no heading.
+/// Prints `table`: aligned for people on a terminal, else with tabs between the cells. Only people get the `heading`.
 void printTable(std::vector<Columns> table, Columns const& heading, Format format);
 
-/// Prints `text` and a line break: as it is for a program that reads it, but without what a terminal would obey where
-/// standard output is one.
+/// Prints `text` and a line break; control characters other than tab and line break are escaped on a terminal only.
 void printAsItIs(std::string const& text);

@@ -1,17 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "terminal/Terminal.h"
 
-#include "terminal/Escaping.h"
-
-#include <QString>
-#include <QVector>
-
 #include <cstdlib>
 
-#include <locale.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
-#include <wchar.h>
 
 namespace {
 
@@ -29,28 +22,6 @@ bool isPainting()
         return !isSet("NO_COLOR") && Terminal::isCapable(STDOUT_FILENO);
     return chosen == Terminal::Colors::always;
 }
-
-// The rules of UTF-8 for this thread, whatever the locale of the user: texts are in UTF-8 in each.
-class RulesOfUtf8 {
-public:
-    RulesOfUtf8() : m_earlier(rules() ? ::uselocale(rules()) : locale_t()) {}
-    ~RulesOfUtf8()
-    {
-        if (m_earlier)
-            ::uselocale(m_earlier);
-    }
-    RulesOfUtf8(RulesOfUtf8 const&) = delete;
-    RulesOfUtf8& operator=(RulesOfUtf8 const&) = delete;
-
-    static locale_t rules()
-    {
-        static locale_t const utf8 = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", locale_t());
-        return utf8;
-    }
-
-private:
-    locale_t m_earlier;
-};
 
 char const* codeOf(Terminal::Style style)
 {
@@ -75,24 +46,10 @@ bool Terminal::is(int stream) { return ::isatty(stream) == 1; }
 
 bool Terminal::isCapable(int stream) { return is(stream) && isSet("TERM") && std::getenv("TERM") != std::string("dumb"); }
 
-Terminal::Size Terminal::size(int stream)
+std::size_t Terminal::columns(int stream)
 {
-    winsize told = {};
-    return ::ioctl(stream, TIOCGWINSZ, &told) == 0 ? Size{told.ws_row, told.ws_col} : Size();
-}
-
-std::size_t Terminal::columns(std::string const& text)
-{
-    if (!RulesOfUtf8::rules())
-        return width(text);
-    RulesOfUtf8 const rules;
-    std::size_t result = 0;
-    QVector<uint> const letters = QString::fromStdString(text).toUcs4();
-    for (uint const letter : letters) {
-        int const taken = ::wcwidth(static_cast<wchar_t>(letter));
-        result += taken < 0 ? 1 : static_cast<std::size_t>(taken);
-    }
-    return result;
+    winsize size = {};
+    return ::ioctl(stream, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
 }
 
 void Terminal::chooseColors(Colors colors) { chosen = colors; }

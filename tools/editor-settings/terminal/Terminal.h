@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The terminal that an answer is read on, where there is one.
+// Properties of the terminal, and colours for it.
 #pragma once
 
 #include <cstddef>
@@ -8,21 +8,13 @@
 
 namespace Terminal {
 
-/// Whether the stream with the number `stream` is a terminal.
+/// Whether the file descriptor `stream` is a terminal.
 bool is(int stream);
-/// As `is`, and it does what it is told: TERM names it, and not as "dumb".
+/// Whether `stream` is a terminal that obeys escape sequences: TERM is set, and not to "dumb".
 bool isCapable(int stream);
 
-struct Size {
-    std::size_t rows = 0; ///< 0 where the terminal does not tell.
-    std::size_t columns = 0;
-};
-
-/// The size of the terminal that `stream` is.
-Size size(int stream);
-
-/// The columns that `text`, in UTF-8, takes on a terminal: two for a wide letter, none for a mark on the letter before it.
-std::size_t columns(std::string const& text);
+/// The width of the terminal `stream`; 0 when it is unknown.
+std::size_t columns(int stream);
 
 enum class Colors {
     automatic, ///< On a capable terminal, unless NO_COLOR is set to anything.
@@ -30,7 +22,7 @@ enum class Colors {
     never,
 };
 
-/// Decides for the rest of the run; `automatic` holds until then.
+/// Sets the mode for the rest of the run; the initial mode is `automatic`.
 void chooseColors(Colors colors);
 
 enum class Style {
@@ -41,10 +33,10 @@ enum class Style {
     bad,
 };
 
-/// Whether somebody looks at standard output: it is a terminal, or colours are wanted anyway.
+/// Whether standard output is formatted for a reader: it is a terminal, or the mode is `always`.
 bool isLookedAt();
 
-/// `text` for standard output, in colour where that is chosen.
+/// `text` with the codes of `style` when standard output is coloured; an empty `text` is unchanged.
 std::string painted(std::string const& text, Style style);
 
 } // namespace Terminal
