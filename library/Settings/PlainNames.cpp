@@ -10,7 +10,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 // Other C libraries have no getdents64, or have it under other names.
 #if defined(Q_OS_LINUX) && defined(__GLIBC__)
@@ -152,8 +151,7 @@ std::optional<std::string> plainFolder(QString const& folder)
 // What the kernel lists of a folder; nothing of one that cannot be read.
 class Folder {
 public:
-    // A relative path is one in the folder that is open as `above`.
-    explicit Folder(char const* path, int above = AT_FDCWD) : m_file(::openat(above, path, O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {}
+    explicit Folder(char const* path) : m_file(::open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {}
     ~Folder()
     {
         if (m_file >= 0)
@@ -161,8 +159,6 @@ public:
     }
     Folder(Folder const&) = delete;
     Folder& operator=(Folder const&) = delete;
-
-    int file() const { return m_file; }
 
     // The next entry, valid until the one after it is asked for; null at the end.
     dirent64 const* next()
@@ -212,27 +208,6 @@ bool isHidden(std::string_view name) { return name.front() == '.'; }
 
 std::string_view completeBaseName(std::string_view name) { return name.substr(0, name.rfind('.')); }
 
-// The path of the first file that passes, in `folder` or below; `prefix` leads to the names in it. Empty without one,
-// nothing where Qt has to tell.
-std::optional<std::string> search(Folder&& folder, std::string const& prefix, std::vector<std::string> const& filters)
-{
-    while (dirent64 const* const entry = folder.next()) {
-        std::string_view const name = entry->d_name;
-        if (isHidden(name))
-            continue;
-        if (!isAscii(name) || prefix.size() + name.size() + longestName > longestPath)
-            return std::nullopt;
-        auto const passesOne = [&](std::string const& filter) { return passes(name, filter); };
-        mode_t const kind = folder.kind(*entry);
-        if (S_ISREG(kind) && std::any_of(filters.begin(), filters.end(), passesOne))
-            return prefix + entry->d_name;
-        if (S_ISDIR(kind))
-            if (auto found = search(Folder(entry->d_name, folder.file()), prefix + entry->d_name + '/', filters); !found || !found->empty())
-                return found;
-    }
-    return std::string();
-}
-
 } // namespace
 
 std::optional<int> PlainNames::highestNumber(QString const& folder, QString const& filter, QString const& pattern, QString const& stem)
@@ -264,26 +239,9 @@ std::optional<int> PlainNames::highestNumber(QString const& folder, QString cons
     return highest;
 }
 
-std::optional<QString> PlainNames::firstBelow(QString const& folder, QStringList const& filters)
-{
-    std::optional<std::string> const path = plainFolder(folder);
-    std::vector<std::string> plain;
-    for (QString const& filter : filters)
-        if (std::optional<std::string> const text = plainFilter(filter))
-            plain.push_back(*text);
-    if (!path || filters.isEmpty() || plain.size() != static_cast<std::size_t>(filters.size()))
-        return std::nullopt; // for Qt, no filter is one that everything passes
-
-    std::optional<std::string> const found = search(Folder(path->c_str()), path->back() == '/' ? *path : *path + '/', plain);
-    if (!found)
-        return std::nullopt;
-    return found->empty() ? QString() : QFile::decodeName(QByteArray::fromStdString(*found));
-}
-
 #else
 
 // Elsewhere only Qt knows how names are written and what differs by case.
 std::optional<int> PlainNames::highestNumber(QString const&, QString const&, QString const&, QString const&) { return std::nullopt; }
-std::optional<QString> PlainNames::firstBelow(QString const&, QStringList const&) { return std::nullopt; }
 
 #endif

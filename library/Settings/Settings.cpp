@@ -825,23 +825,12 @@ QString Settings::projectFileOpenFilter() { return QLatin1String("*.") + support
 
 QString stockSampleProjectsPath() { return stockPath(QLatin1String("projects")); }
 
-namespace {
-
-QString firstSample(QString const& folder, QStringList const& filters)
-{
-    QDirIterator samples(folder, filters, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
-    return samples.hasNext() ? samples.next() : QString();
-}
-
-} // namespace
-
 QString Settings::sampleProjectPath()
 {
     QString const folder = stockSampleProjectsPath();
     QStringList const filters = projectFileOpenFilter().split(QLatin1Char(' '), Qt::KeepEmptyParts);
-    // Qt's iterator reads on to the second match before it gives the first.
-    std::optional<QString> const plain = PlainNames::firstBelow(folder, filters);
-    return plain ? *plain : firstSample(folder, filters);
+    QDirIterator samples(folder, filters, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
+    return samples.hasNext() ? samples.next() : QString();
 }
 
 // --- The last objects to come to life ----------------------------------------------------------------------------------

@@ -9,7 +9,6 @@
 #include <support/Tally.h>
 
 #include <QDir>
-#include <QDirIterator>
 #include <QRegExp>
 #include <QTextCodec>
 
@@ -144,7 +143,6 @@ TEST_F(PlainName, WithANulIsLeftToQt)
     EXPECT_EQ(highest(QStringLiteral("*\0"), QStringLiteral("(\\d+)")), Number());
     EXPECT_EQ(highest(QStringLiteral("*"), QStringLiteral("(\\d+)\0")), Number());
     EXPECT_EQ(highest(QStringLiteral("*"), QStringLiteral("(\\d+)"), QStringLiteral("a\0")), Number());
-    EXPECT_EQ(PlainNames::firstBelow(folder(), {QStringLiteral("*\0")}), std::nullopt);
 }
 
 // --- Numbers -----------------------------------------------------------------------------------------------------------
@@ -238,7 +236,6 @@ TEST_F(PlainName, IsNotFoundWhereThereIsNoFolder)
     EXPECT_EQ(::mkfifo((m_folder / "pipe").c_str(), 0600), 0);
     for (char16_t const* const name : {u"/missing", u"/file", u"/broken", u"/file/.", u"/pipe"}) {
         EXPECT_EQ(PlainNames::highestNumber(folder() + text(name), text(u"*"), text(u"(\\d+)")), 0);
-        EXPECT_EQ(PlainNames::firstBelow(folder() + text(name), {text(u"*")}), QString());
     }
 }
 
@@ -248,8 +245,6 @@ TEST_F(PlainName, LeavesNoFolderOpen)
     make({"a1", "one/two/demo.b", "three/\u00E9"});
     auto const before = open();
     EXPECT_EQ(highest(text(u"*"), text(u"a(\\d+)")), 1);
-    EXPECT_EQ(PlainNames::firstBelow(folder() + text(u"/one"), {text(u"*.b")}), folder() + text(u"/one/two/demo.b"));
-    EXPECT_EQ(PlainNames::firstBelow(folder() + text(u"/three"), {text(u"*.c")}), std::nullopt);
     EXPECT_EQ(open(), before);
 }
 
@@ -257,7 +252,6 @@ TEST_F(PlainName, IsFoundInAFolderOfAnyName)
 {
     make({"\u00E9\u30AF/a3", "link/../a4"});
     EXPECT_EQ(PlainNames::highestNumber(folder() + text(u"/\u00E9\u30AF"), text(u"*"), text(u"a(\\d+)")), 3);
-    EXPECT_EQ(PlainNames::firstBelow(folder() + text(u"/\u00E9\u30AF"), {text(u"a*")}), folder() + text(u"/\u00E9\u30AF/a3"));
 }
 
 // Qt follows a link before it goes up.
@@ -282,10 +276,8 @@ TEST_F(PlainName, IsLeftToQtWhereNamesAreReadOtherwise)
     make({"a1"});
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-1"));
     Number const number = highest(text(u"*"), text(u"a(\\d+)"));
-    std::optional<QString> const first = PlainNames::firstBelow(folder(), {text(u"a*")});
     QTextCodec::setCodecForLocale(nullptr);
     EXPECT_EQ(number, Number());
-    EXPECT_EQ(first, std::nullopt);
     EXPECT_EQ(highest(text(u"*"), text(u"a(\\d+)")), 1);
 }
 
@@ -343,88 +335,7 @@ TEST_P(EntryKind, OfLinksIsThatOfTheirTargets)
     ::close(event);
 }
 
-TEST_P(EntryKind, OfASampleIsARegularFile)
-{
-    EntryKinds::Limit const limit(GetParam());
-    fs::create_symlink("target/file", m_folder / "a3");
-    EXPECT_EQ(PlainNames::firstBelow(folder(), {text(u"a2*"), text(u"a3"), text(u".a90")}), QString());
-    EXPECT_EQ(PlainNames::firstBelow(folder(), {text(u"f*")}), folder() + text(u"/target/file"));
-    EXPECT_EQ(PlainNames::firstBelow(folder(), {text(u"a1")}), folder() + text(u"/a1"));
-    m_home.write("elsewhere/g", "content");
-    fs::create_symlink("../../elsewhere", m_folder / "target/link");
-    EXPECT_EQ(PlainNames::firstBelow(folder() + text(u"/target"), {text(u"g*")}), QString()) << "links are not entered";
-}
-
 INSTANTIATE_TEST_SUITE_P(Told, EntryKind, testing::Values(EntryKinds::Told::all, EntryKinds::Told::none, EntryKinds::Told::everyOther));
-
-// --- The first file below a folder -------------------------------------------------------------------------------------
-
-TEST_F(PlainName, IsTheFirstOfSeveralFilters)
-{
-    make({"one/demo.b"});
-    EXPECT_EQ(PlainNames::firstBelow(folder(), {text(u"*.a"), text(u"*.B")}), folder() + text(u"/one/demo.b"));
-    EXPECT_EQ(PlainNames::firstBelow(folder() + text(u"/"), {text(u"*.b")}), folder() + text(u"/one/demo.b"));
-    EXPECT_EQ(PlainNames::firstBelow(folder() + text(u"//one//"), {text(u"*.b")}), folder() + text(u"//one//demo.b"));
-    EXPECT_EQ(PlainNames::firstBelow(folder(), {text(u"*.a")}), QString());
-    EXPECT_EQ(PlainNames::firstBelow(folder(), {}), std::nullopt) << "which for Qt is every file";
-    EXPECT_EQ(PlainNames::firstBelow(folder(), {text(u"*.b"), text(u"?")}), std::nullopt);
-    EXPECT_EQ(PlainNames::firstBelow(text(u"folder"), {text(u"*.b")}), std::nullopt);
-}
-
-TEST_F(PlainName, IsNotLookedForBelowHiddenFolders)
-{
-    make({".hidden/demo.b", "a/.hidden/demo.b"});
-    EXPECT_EQ(PlainNames::firstBelow(folder(), {text(u"*.b")}), QString());
-    EXPECT_EQ(PlainNames::firstBelow(folder() + text(u"/.hidden"), {text(u"*.b")}), folder() + text(u"/.hidden/demo.b"));
-}
-
-TEST_F(PlainName, IsLeftToQtAfterAnotherOneOnly)
-{
-    for (int number = 0; number < 20; ++number)
-        fs::create_directory(m_folder / std::to_string(number));
-    Names order;
-    for (fs::directory_entry const& entry : fs::directory_iterator(m_folder))
-        order.push_back(entry.path().filename().string());
-    make({order[10] + "/demo.b", order[11] + "/\u00E9"});
-    EXPECT_EQ(PlainNames::firstBelow(folder(), {text(u"*.b")}), folder() + QString::fromStdString('/' + order[10] + "/demo.b"))
-        << "nothing is read after the first";
-    make({order[9] + "/\u00E9"});
-    EXPECT_EQ(PlainNames::firstBelow(folder(), {text(u"*.b")}), std::nullopt);
-    fs::rename(m_folder / order[9] / "\u00E9", m_folder / order[9] / ".\u00E9");
-    EXPECT_EQ(PlainNames::firstBelow(folder(), {text(u"*.b")}), folder() + QString::fromStdString('/' + order[10] + "/demo.b"))
-        << "hidden names do not matter";
-}
-
-// `count` folders, one in the other below `top`, where no path needs to lead; each with a file named by how deep it lies.
-void dig(fs::path const& top, std::string const& name, int count)
-{
-    int at = ::open(top.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
-    for (int depth = 1; depth <= count; ++depth) {
-        ::mkdirat(at, name.c_str(), 0700);
-        int const below = ::openat(at, name.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
-        ::close(::openat(below, (std::to_string(depth) + ".b").c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600));
-        ::close(at);
-        at = below;
-    }
-    ASSERT_GE(at, 0);
-    ::close(at);
-}
-
-TEST_F(PlainName, IsFoundAsDeepAsAPathLeads)
-{
-    auto const byQt = [&](QString const& filter) {
-        QDirIterator files(folder(), {filter}, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
-        return files.hasNext() ? files.next() : QString();
-    };
-    dig(m_folder, std::string(200, 'f'), 15);
-    ASSERT_TRUE(byQt(text(u"15.b")).endsWith(text(u"/15.b")));
-    EXPECT_EQ(PlainNames::firstBelow(folder(), {text(u"15.b")}), byQt(text(u"15.b")));
-    dig(m_folder, std::string(200, 'f'), 25);
-    EXPECT_EQ(PlainNames::firstBelow(folder(), {text(u"25.b")}), std::nullopt);
-    EXPECT_EQ(byQt(text(u"25.b")), QString()) << "no path leads there";
-    // Nor can a path be removed that is too long.
-    EXPECT_EQ(std::system(("rm -rf '" + m_folder.string() + "'").c_str()), 0);
-}
 
 // --- The same as Qt ----------------------------------------------------------------------------------------------------
 
@@ -528,43 +439,6 @@ TEST_F(SameAsQt, NumberInRandomFolders)
     }
     EXPECT_GT(answered, folders / 4);
     EXPECT_GT(counted, folders / 8);
-}
-
-TEST_F(SameAsQt, FirstFileInRandomTrees)
-{
-    Names const names = {"a", "b", "c", "d.a", "d.A", "e.b", ".a", ".h", "d.a ", "g.ab", "*.a", "\u00E9.a", "h\xFF"};
-    int const trees = times(300, 5000);
-    int answered = 0;
-    int found = 0;
-    for (int round = 0; round < trees; ++round) {
-        Chance chance(seed() + static_cast<unsigned>(round));
-        fs::path const top = m_home.path() / "tree";
-        fs::create_directory(top);
-        std::vector<fs::path> folders{top};
-        std::size_t const kinds = names.size() - (chance.oneIn(5) ? 0 : 2);
-        for (std::size_t count = chance.below(30); count > 0; --count) {
-            fs::path const path = folders[chance.below(folders.size())] / names[chance.below(kinds)];
-            if (!chance.oneIn(2))
-                make(path, chance);
-            else if (std::error_code exists; fs::create_directory(path, exists))
-                folders.push_back(path);
-        }
-        QString const folder = QString::fromStdString(top.string() + chance.of({"", "/", "/./", "/../tree"}));
-        QStringList const filters{QString::fromStdString(chance.of({"*.a", "*.b", "*", "d*"})), text(u"*.ab")};
-
-        EntryKinds::Limit const limit(anyKinds(chance));
-        QDirIterator files(folder, filters, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
-        QString const expected = files.hasNext() ? files.next() : QString();
-        if (std::optional<QString> const first = PlainNames::firstBelow(folder, filters)) {
-            ASSERT_EQ(first->toStdString(), expected.toStdString()) << "EDITOR_SETTINGS_SEED=" << seed() << ", tree " << round;
-            ASSERT_EQ(first->isNull(), expected.isNull());
-            ++answered;
-            found += !expected.isNull();
-        }
-        fs::remove_all(top);
-    }
-    EXPECT_GT(answered, trees / 2);
-    EXPECT_GT(found, trees / 4);
 }
 
 } // namespace
