@@ -4,7 +4,7 @@
 // keys and defaults of the preferences, the folder names, the names of resource files, the list separator and, as the
 // last definition, s_instance.
 // The defaults that copy format names need libLumoraConf, which is loaded before this library as it is linked to it.
-#include <Settings/PlainNames.h>
+#include <Settings/RunningNumber.h>
 #include <Settings/Settings.h>
 
 #include <Lumora/Conf/Formats.h>
@@ -768,7 +768,7 @@ int extractVaryingNumber(QStringList names, QString pattern)
 // Plain names are counted as the kernel lists them, which gives the same number many times sooner.
 int highestNumber(QString const& folder, QString const& filter, QString const& pattern, QString const& stem = QString())
 {
-    std::optional<int> const plain = PlainNames::highestNumber(folder, filter, pattern, stem);
+    std::optional<int> const plain = RunningNumber::highest(folder, filter, pattern, stem);
     return plain ? *plain : extractVaryingNumber(fileNames(folder, filter, stem), pattern);
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Plain names without Qt's listing: which questions are answered, and that the answers are Qt's.
-#include <Settings/PlainNames.h>
+#include <Settings/RunningNumber.h>
 #include <TestKit/TemporaryHome.h>
 
 #include <support/EntryKinds.h>
@@ -39,7 +39,7 @@ using Names = std::vector<std::string>;
 struct AtTheEnd {
     ~AtTheEnd()
     {
-        if (PlainNames::highestNumber(QStringLiteral("/"), QStringLiteral("*"), QStringLiteral("missing(\\d+)")).has_value())
+        if (RunningNumber::highest(QStringLiteral("/"), QStringLiteral("*"), QStringLiteral("missing(\\d+)")).has_value())
             std::abort();
     }
 } const atTheEnd;
@@ -61,7 +61,7 @@ protected:
 
     Number highest(QString const& filter, QString const& pattern, QString const& stem = QString()) const
     {
-        return PlainNames::highestNumber(folder(), filter, pattern, stem);
+        return RunningNumber::highest(folder(), filter, pattern, stem);
     }
 
     TestKit::TemporaryHome m_home;
@@ -221,12 +221,12 @@ TEST_F(PlainName, IsLookedForInAbsoluteFoldersOnly)
     make({"a1"});
     QString const filter = text(u"*");
     QString const pattern = text(u"a(\\d+)");
-    EXPECT_EQ(PlainNames::highestNumber(folder(), filter, pattern), 1);
-    EXPECT_EQ(PlainNames::highestNumber(folder() + text(u"/"), filter, pattern), 1);
-    EXPECT_EQ(PlainNames::highestNumber(folder() + text(u"//../folder/."), filter, pattern), 1);
+    EXPECT_EQ(RunningNumber::highest(folder(), filter, pattern), 1);
+    EXPECT_EQ(RunningNumber::highest(folder() + text(u"/"), filter, pattern), 1);
+    EXPECT_EQ(RunningNumber::highest(folder() + text(u"//../folder/."), filter, pattern), 1);
     for (QString const& other :
          {QString(), text(u""), text(u"."), text(u"folder"), text(u":/folder"), text(u"folder:a"), QStringLiteral("/\0")})
-        EXPECT_EQ(PlainNames::highestNumber(other, filter, pattern), Number()) << other.toStdString();
+        EXPECT_EQ(RunningNumber::highest(other, filter, pattern), Number()) << other.toStdString();
 }
 
 TEST_F(PlainName, IsNotFoundWhereThereIsNoFolder)
@@ -235,7 +235,7 @@ TEST_F(PlainName, IsNotFoundWhereThereIsNoFolder)
     fs::create_symlink("missing", m_folder / "broken");
     EXPECT_EQ(::mkfifo((m_folder / "pipe").c_str(), 0600), 0);
     for (char16_t const* const name : {u"/missing", u"/file", u"/broken", u"/file/.", u"/pipe"}) {
-        EXPECT_EQ(PlainNames::highestNumber(folder() + text(name), text(u"*"), text(u"(\\d+)")), 0);
+        EXPECT_EQ(RunningNumber::highest(folder() + text(name), text(u"*"), text(u"(\\d+)")), 0);
     }
 }
 
@@ -251,7 +251,7 @@ TEST_F(PlainName, LeavesNoFolderOpen)
 TEST_F(PlainName, IsFoundInAFolderOfAnyName)
 {
     make({"\u00E9\u30AF/a3", "link/../a4"});
-    EXPECT_EQ(PlainNames::highestNumber(folder() + text(u"/\u00E9\u30AF"), text(u"*"), text(u"a(\\d+)")), 3);
+    EXPECT_EQ(RunningNumber::highest(folder() + text(u"/\u00E9\u30AF"), text(u"*"), text(u"a(\\d+)")), 3);
 }
 
 // Qt follows a link before it goes up.
@@ -259,7 +259,7 @@ TEST_F(PlainName, IsFoundAboveWhatALinkLeadsTo)
 {
     make({"one/two/three/file", "one/two/a2", "a7"});
     fs::create_symlink("one/two/three", m_folder / "link");
-    EXPECT_EQ(PlainNames::highestNumber(folder() + text(u"/link/.."), text(u"*"), text(u"a(\\d+)")), 2);
+    EXPECT_EQ(RunningNumber::highest(folder() + text(u"/link/.."), text(u"*"), text(u"a(\\d+)")), 2);
     EXPECT_EQ(QDir(folder() + text(u"/link/..")).entryList({text(u"a*")}, QDir::Files), QStringList(text(u"a2")));
 }
 
@@ -267,8 +267,8 @@ TEST_F(PlainName, IsLeftToQtWhereAPathMayGetTooLong)
 {
     // The longest name and the NUL still fit behind the first, and no longer behind the second.
     std::string const longest = std::string(PATH_MAX - NAME_MAX - 2, '/');
-    EXPECT_EQ(PlainNames::highestNumber(QString::fromStdString(longest), text(u"*"), text(u"missing(\\d+)")), 0);
-    EXPECT_EQ(PlainNames::highestNumber(QString::fromStdString(longest + '/'), text(u"*"), text(u"missing(\\d+)")), Number());
+    EXPECT_EQ(RunningNumber::highest(QString::fromStdString(longest), text(u"*"), text(u"missing(\\d+)")), 0);
+    EXPECT_EQ(RunningNumber::highest(QString::fromStdString(longest + '/'), text(u"*"), text(u"missing(\\d+)")), Number());
 }
 
 TEST_F(PlainName, IsLeftToQtWhereNamesAreReadOtherwise)
@@ -429,7 +429,7 @@ TEST_F(SameAsQt, NumberInRandomFolders)
 
         EntryKinds::Limit const limit(anyKinds(chance));
         int const expected = highestByQt(folder, filter, pattern, stem);
-        if (Number const number = PlainNames::highestNumber(folder, filter, pattern, stem)) {
+        if (Number const number = RunningNumber::highest(folder, filter, pattern, stem)) {
             ASSERT_EQ(*number, expected) << "EDITOR_SETTINGS_SEED=" << seed() << ", folder " << round << ", filter " << filter.toStdString()
                                          << ", pattern " << pattern.toStdString() << ", stem " << stem.toStdString();
             ++answered;

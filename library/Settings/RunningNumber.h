@@ -8,7 +8,7 @@
 
 #include <optional>
 
-namespace PlainNames {
+namespace RunningNumber {
 
 /// The highest number that the group "(\d+)" of `pattern`, a QRegExp, finds in the name of a file in `folder`; 0 without
 /// one, and for a number that does not fit an int. A name counts where `filter`, a wildcard for the whole name, matches
@@ -20,6 +20,6 @@ namespace PlainNames {
 ///   of the pattern are understood;
 /// - a name that may count is not ASCII, or holds a ":" while there is a `stem`;
 /// - names of files are not read as UTF-8, or the system is not Linux with the GNU C library.
-std::optional<int> highestNumber(QString const& folder, QString const& filter, QString const& pattern, QString const& stem = QString());
+std::optional<int> highest(QString const& folder, QString const& filter, QString const& pattern, QString const& stem = QString());
 
-} // namespace PlainNames
+} // namespace RunningNumber

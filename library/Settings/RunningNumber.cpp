@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <Settings/PlainNames.h>
+#include <Settings/RunningNumber.h>
 
 #include <QFile>
 #include <QTextCodec>
@@ -210,7 +210,7 @@ std::string_view completeBaseName(std::string_view name) { return name.substr(0,
 
 } // namespace
 
-std::optional<int> PlainNames::highestNumber(QString const& folder, QString const& filter, QString const& pattern, QString const& stem)
+std::optional<int> RunningNumber::highest(QString const& folder, QString const& filter, QString const& pattern, QString const& stem)
 {
     std::optional<std::string> const path = plainFolder(folder);
     std::optional<std::string> const whole = plainFilter(filter);
@@ -242,6 +242,6 @@ std::optional<int> PlainNames::highestNumber(QString const& folder, QString cons
 #else
 
 // Elsewhere only Qt knows how names are written and what differs by case.
-std::optional<int> PlainNames::highestNumber(QString const&, QString const&, QString const&, QString const&) { return std::nullopt; }
+std::optional<int> RunningNumber::highest(QString const&, QString const&, QString const&, QString const&) { return std::nullopt; }
 
 #endif
