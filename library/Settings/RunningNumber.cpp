@@ -1,247 +1,175 @@
 // SPDX-License-Identifier: MIT
 #include <Settings/RunningNumber.h>
 
+#include <QDir>
+#include <QDirIterator>
 #include <QFile>
-#include <QTextCodec>
+#include <QFileInfo>
+#include <QRegExp>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
+#include <climits>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
-// Other C libraries have no getdents64, or have it under other names.
-#if defined(Q_OS_LINUX) && defined(__GLIBC__)
-#include <climits>
-
 #include <dirent.h>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <fnmatch.h>
 
 namespace {
 
-// --- Texts -------------------------------------------------------------------------------------------------------------
+using RunningNumber::Layout;
 
-bool isAscii(std::string_view bytes)
+QString patternOf(Layout const& layout)
 {
-    return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+    QString const ofTexts = QRegExp::escape(layout.before) + QLatin1String("(\\d+)") + QRegExp::escape(layout.after);
+    return layout.pattern.isEmpty() ? ofTexts : layout.pattern;
 }
 
-std::optional<std::string> ascii(QString const& text)
-{
-    bool const isPlain = std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() != 0 && c.unicode() < 0x80; });
-    return isPlain ? std::optional(text.toStdString()) : std::nullopt;
-}
-
-// Not std::tolower, which follows the locale.
-char lower(char letter) { return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter; }
-
-bool isDigit(char character) { return character >= '0' && character <= '9'; }
-
-bool startsWith(std::string_view text, std::string_view start) { return text.substr(0, start.size()) == start; }
-
-// --- Filters and patterns ----------------------------------------------------------------------------------------------
-
-std::optional<std::string> plainFilter(QString const& filter)
-{
-    // Where there are many, Qt gives up before it has tried all their meanings.
-    constexpr int mostStars = 4;
-    std::optional<std::string> text = ascii(filter);
-    bool const isPlain =
-        text && text->find_first_of("?[]\\") == std::string::npos && std::count(text->begin(), text->end(), '*') <= mostStars;
-    return isPlain ? text : std::nullopt;
-}
-
-bool passes(std::string_view name, std::string_view filter)
-{
-    std::size_t atName = 0;
-    std::size_t atFilter = 0;
-    std::size_t star = std::string_view::npos; // the last one met,
-    std::size_t afterStar = 0;                 // and up to where in the name it reaches
-    while (atName < name.size()) {
-        if (atFilter < filter.size() && filter[atFilter] == '*') {
-            star = atFilter++;
-            afterStar = atName;
-        } else if (atFilter < filter.size() && lower(filter[atFilter]) == lower(name[atName])) {
-            ++atFilter;
-            ++atName;
-        } else if (star != std::string_view::npos) {
-            atFilter = star + 1;
-            atName = ++afterStar;
-        } else {
-            return false;
-        }
-    }
-    return filter.find_first_not_of('*', atFilter) == std::string_view::npos;
-}
-
-// The one text that a part of a pattern matches; nothing where it may match others.
-std::optional<std::string> literal(std::string_view pattern)
-{
-    std::string text;
-    for (std::size_t at = 0; at < pattern.size(); ++at) {
-        bool const isEscaped = pattern[at] == '\\';
-        if (isEscaped && ++at == pattern.size())
-            return std::nullopt;
-        if (isEscaped != (std::strchr("$()*+.?[\\]^{|}", pattern[at]) != nullptr))
-            return std::nullopt;
-        text += pattern[at];
-    }
-    return text;
-}
-
-// A number between two texts.
-struct Numbered {
-    std::string before;
-    std::string after; // begins with no digit: the number is all digits that stand together
-
-    // In the first place, from `found` on, where the name has one; 0 for one that does not fit.
-    int numberIn(std::string_view name, std::size_t found) const
-    {
-        int number = 0;
-        for (; found != std::string_view::npos; found = name.find(before, found + 1)) {
-            char const* const first = name.data() + found + before.size();
-            char const* const end = std::find_if_not(first, name.data() + name.size(), isDigit);
-            if (end == first || !startsWith(name.substr(static_cast<std::size_t>(end - name.data())), after))
-                continue;
-            std::from_chars(first, end, number);
-            break;
-        }
-        return number;
-    }
-};
-
-std::optional<Numbered> plainPattern(QString const& pattern)
-{
-    std::string_view const group = "(\\d+)";
-    std::string const text = ascii(pattern).value_or(std::string());
-    std::size_t const at = text.find(group);
-    if (at == std::string::npos)
-        return std::nullopt;
-    std::string after = text.substr(at + group.size());
-    if (after.size() >= 2 && after.compare(after.size() - 2, 2, ".*") == 0)
-        after.resize(after.size() - 2);
-    std::optional<std::string> const plainBefore = literal(text.substr(0, at));
-    std::optional<std::string> const plainAfter = literal(after);
-    if (!plainBefore || !plainAfter || (!plainAfter->empty() && isDigit(plainAfter->front())))
-        return std::nullopt;
-    return Numbered{*plainBefore, *plainAfter};
-}
-
-// --- Folders -----------------------------------------------------------------------------------------------------------
-
-// With the NUL at its end. Qt, which takes whole paths, fails with longer ones, and not everywhere alike.
-constexpr std::size_t longestPath = PATH_MAX;
-constexpr std::size_t longestName = NAME_MAX + 2; // with the separator before and the NUL behind it
-
-// The path as the kernel takes it. Qt knows more of others: resources, search paths, and other ways to read a name.
-std::optional<std::string> plainFolder(QString const& folder)
-{
-    constexpr int utf8 = 106; // in the registry of character sets
-    bool const isPlain = folder.startsWith(QLatin1Char('/')) && !folder.contains(QChar::Null);
-    QTextCodec const* const codec = QTextCodec::codecForLocale(); // none at the end of the process
-    if (!isPlain || !codec || codec->mibEnum() != utf8)
-        return std::nullopt;
-    std::string path = QFile::encodeName(folder).toStdString();
-    return path.size() + longestName <= longestPath ? std::optional(std::move(path)) : std::nullopt;
-}
-
-// What the kernel lists of a folder; nothing of one that cannot be read.
-class Folder {
+// Matches names as Qt does; the filter is compared as in QDirIterator.
+class QtMatcher {
 public:
-    explicit Folder(char const* path) : m_file(::open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {}
-    ~Folder()
-    {
-        if (m_file >= 0)
-            ::close(m_file);
-    }
-    Folder(Folder const&) = delete;
-    Folder& operator=(Folder const&) = delete;
+    explicit QtMatcher(Layout const& layout)
+        : m_filter(QRegularExpression::wildcardToRegularExpression(layout.filter), QRegularExpression::CaseInsensitiveOption),
+          m_stem(layout.stem),
+          m_number(patternOf(layout))
+    {}
 
-    // The next entry, valid until the one after it is asked for; null at the end.
-    dirent64 const* next()
+    // 0 for a name that does not count.
+    int numberIn(QString const& name)
     {
-        if (m_next == m_end) {
-            m_next = m_entries.get();
-            m_end = m_next + std::max<ssize_t>(::getdents64(m_file, m_next, entriesSize), 0);
-        }
-        auto const* const entry = reinterpret_cast<dirent64 const*>(m_next);
-        if (m_next == m_end)
-            return nullptr;
-        m_next += entry->d_reclen;
-        return entry;
-    }
-
-    // As `S_IFMT` tells it, and of a link itself; 0 for an entry that has gone. Not every file system lists it.
-    mode_t kind(dirent64 const& entry) const
-    {
-        return entry.d_type == DT_UNKNOWN ? ask(entry, AT_SYMLINK_NOFOLLOW).value_or(0) : static_cast<mode_t>(DTTOIF(entry.d_type));
-    }
-
-    // Whether QDir::Files takes it: also a link to a pipe, although no pipe.
-    bool listsAsFile(dirent64 const& entry) const
-    {
-        mode_t const own = kind(entry);
-        if (!S_ISLNK(own))
-            return S_ISREG(own);
-        std::optional<mode_t> const target = ask(entry, 0);
-        return target && !S_ISDIR(*target);
+        bool const counts =
+            m_filter.match(name).hasMatch() && QFileInfo(name).completeBaseName().startsWith(m_stem) && m_number.indexIn(name) >= 0;
+        return counts ? m_number.cap(1).toInt() : 0;
     }
 
 private:
-    std::optional<mode_t> ask(dirent64 const& entry, int flags) const
-    {
-        struct stat64 status = {};
-        return ::fstatat64(m_file, entry.d_name, &status, flags) == 0 ? std::optional<mode_t>(status.st_mode & S_IFMT) : std::nullopt;
-    }
-
-    static constexpr std::size_t entriesSize = std::size_t{32} * 1024;
-    std::unique_ptr<char[]> const m_entries{new char[entriesSize]};
-    char* m_next = m_entries.get();
-    char* m_end = m_next;
-    int const m_file;
+    QRegularExpression m_filter;
+    QString m_stem;
+    QRegExp m_number;
 };
 
-bool isHidden(std::string_view name) { return name.front() == '.'; }
+bool isDigit(char byte) { return byte >= '0' && byte <= '9'; }
+char lower(char byte) { return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte; } // in every locale
+bool startsWith(std::string_view bytes, std::string_view start) { return bytes.substr(0, start.size()) == start; }
+bool endsWith(std::string_view all, std::string_view end) { return all.size() >= end.size() && all.substr(all.size() - end.size()) == end; }
+std::string bytesOf(QString const& text) { return QFile::encodeName(text).toStdString(); }
 
-std::string_view completeBaseName(std::string_view name) { return name.substr(0, name.rfind('.')); }
+// Decides plain names on their bytes, and lets Qt decide the others that could count for more.
+class Pass {
+public:
+    Pass(QByteArray const& folder, Layout const& layout) : m_folder(folder), m_layout(layout)
+    {
+        std::transform(m_filter.begin(), m_filter.end(), m_filter.begin(), &lower);
+    }
+
+    int highest()
+    {
+        std::unique_ptr<DIR, int (*)(DIR*)> const folder(::opendir(m_folder.constData()), &::closedir);
+        int highest = 0;
+        while (dirent const* const entry = folder ? ::readdir(folder.get()) : nullptr) {
+            std::string_view const name = entry->d_name;
+            int const most = boundOf(name);
+            if (most <= highest || name.front() == '.')
+                continue;
+            int const number = !isPlain(name) ? numberByQt(name) : passes(name) ? most : 0;
+            if (number > highest && isFile(*entry))
+                highest = number;
+        }
+        return highest;
+    }
+
+private:
+    // The most that Qt finds. It finds 0 where digits of another script stand before the number or belong to it, and a
+    // pattern may find a part of a number that does not fit.
+    int boundOf(std::string_view name) const
+    {
+        int highest = 0;
+        for (char const* at = name.begin(); (at = std::find_if(at, name.end(), &isDigit)) != name.end();) {
+            int number = m_isText ? 0 : INT_MAX;
+            std::string_view const before = name.substr(0, static_cast<std::size_t>(at - name.begin()));
+            at = std::from_chars(at, name.end(), number).ptr;
+            std::string_view const after = name.substr(static_cast<std::size_t>(at - name.begin()));
+            if (!m_isText)
+                highest = std::max(highest, number);
+            else if (endsWith(before, m_before) && startsWith(after, m_after))
+                return number;
+        }
+        return highest;
+    }
+
+    // ASCII but for the text before the number. What stands before a colon is a search path to QFileInfo.
+    bool isPlain(std::string_view name) const
+    {
+        auto const isAscii = [](char byte) { return static_cast<unsigned char>(byte) < 0x80; };
+        std::size_t const start = startsWith(name, m_before) ? m_before.size() : 0;
+        return m_isText && std::all_of(name.begin() + start, name.end(), isAscii) && name.find(':') == std::string_view::npos;
+    }
+
+    // As QDir::Files: a regular file, or a link to anything that exists and is no folder.
+    bool isFile(dirent const& entry) const
+    {
+        if (entry.d_type == DT_REG)
+            return true;
+        QFileInfo const file(QFile::decodeName(m_folder + '/' + entry.d_name));
+        return file.isFile() || (file.isSymLink() && file.exists() && !file.isDir());
+    }
+
+    bool passes(std::string_view name)
+    {
+        m_lowered.assign(name);
+        std::transform(m_lowered.begin(), m_lowered.end(), m_lowered.begin(), &lower);
+        return startsWith(name.substr(0, name.rfind('.')), m_stem) && ::fnmatch(m_filter.c_str(), m_lowered.c_str(), FNM_NOESCAPE) == 0;
+    }
+
+    // 0 for bytes that are no text, which QDir leaves out. A byte order mark is kept behind a separator only.
+    int numberByQt(std::string_view name)
+    {
+        QByteArray const path = QByteArray("/").append(name.data(), static_cast<int>(name.size()));
+        QString const text = QFile::decodeName(path);
+        if (QFile::encodeName(text) != path)
+            return 0;
+        if (!m_matcher)
+            m_matcher.emplace(m_layout);
+        return m_matcher->numberIn(text.mid(1));
+    }
+
+    QByteArray const m_folder;
+    Layout const& m_layout;
+    QString const m_texts = m_layout.filter + m_layout.before + m_layout.after + m_layout.stem;
+    bool const m_isText = m_layout.pattern.isEmpty() && QFile::decodeName(QFile::encodeName(m_texts)) == m_texts;
+    std::string m_filter = bytesOf(m_layout.filter);
+    std::string const m_before = bytesOf(m_layout.before);
+    std::string const m_after = bytesOf(m_layout.after);
+    std::string const m_stem = bytesOf(m_layout.stem);
+    std::string m_lowered;
+    std::optional<QtMatcher> m_matcher;
+};
+
+// The path as the kernel takes it. Empty where Qt sees more in it than a path, where names are not read as UTF-8, and where
+// the path of an entry may be too long for Qt, which asks for the type of links by it.
+QByteArray kernelPath(QString const& folder)
+{
+    bool const readsUtf8 = QFile::encodeName(QStringLiteral("\u00E9\u20AC")) == "\xC3\xA9\xE2\x82\xAC";
+    bool const isPath = !folder.contains(QChar::Null) && !folder.section(QLatin1Char('/'), 0, 0).contains(QLatin1Char(':'));
+    QByteArray const path = folder.isEmpty() ? QByteArray(".") : QFile::encodeName(folder);
+    return readsUtf8 && isPath && path.size() + 1 + NAME_MAX < PATH_MAX ? path : QByteArray();
+}
 
 } // namespace
 
-std::optional<int> RunningNumber::highest(QString const& folder, QString const& filter, QString const& pattern, QString const& stem)
+int RunningNumber::highest(QString const& folder, Layout const& layout)
 {
-    std::optional<std::string> const path = plainFolder(folder);
-    std::optional<std::string> const whole = plainFilter(filter);
-    std::optional<Numbered> const numbered = plainPattern(pattern);
-    std::optional<std::string> const start = ascii(stem);
-    if (!path || !whole || !numbered || !start)
-        return std::nullopt;
-
-    Folder files(path->c_str());
+    if (QByteArray const path = kernelPath(folder); !path.isEmpty())
+        return Pass(path, layout).highest();
     int highest = 0;
-    while (dirent64 const* const entry = files.next()) {
-        std::string_view const name = entry->d_name;
-        std::size_t const found = name.find(numbered->before);
-        if (found == std::string_view::npos)
-            continue;
-        // Other scripts have digits too, and letters that are an ASCII one in another case; and what stands before a colon
-        // may be the name of a search path, which Qt resolves to find the base name.
-        if (!isAscii(name) || (!start->empty() && name.find(':') != std::string_view::npos))
-            return std::nullopt;
-        // The cheapest first: most names count for nothing after a higher one.
-        int const number = numbered->numberIn(name, found);
-        if (number > highest && !isHidden(name) && passes(name, *whole) && startsWith(completeBaseName(name), *start) &&
-            files.listsAsFile(*entry))
-            highest = number;
+    QtMatcher matcher(layout);
+    for (QDirIterator files(QDir(folder).path(), {layout.filter}, QDir::Files); files.hasNext();) {
+        files.next();
+        highest = std::max(highest, matcher.numberIn(files.fileName()));
     }
     return highest;
 }
-
-#else
-
-// Elsewhere only Qt knows how names are written and what differs by case.
-std::optional<int> RunningNumber::highest(QString const&, QString const&, QString const&, QString const&) { return std::nullopt; }
-
-#endif
