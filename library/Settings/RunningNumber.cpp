@@ -149,14 +149,12 @@ private:
     std::optional<QtMatcher> m_matcher;
 };
 
-// The path as the kernel takes it. Empty where Qt sees more in it than a path, where names are not read as UTF-8, and where
-// the path of an entry may be too long for Qt, which asks for the type of links by it.
+// The path as the kernel takes it. Empty where Qt sees more in it than a path, and where names are not read as UTF-8.
 QByteArray kernelPath(QString const& folder)
 {
     bool const readsUtf8 = QFile::encodeName(QStringLiteral("\u00E9\u20AC")) == "\xC3\xA9\xE2\x82\xAC";
     bool const isPath = !folder.contains(QChar::Null) && !folder.section(QLatin1Char('/'), 0, 0).contains(QLatin1Char(':'));
-    QByteArray const path = folder.isEmpty() ? QByteArray(".") : QFile::encodeName(folder);
-    return readsUtf8 && isPath && path.size() + 1 + NAME_MAX < PATH_MAX ? path : QByteArray();
+    return readsUtf8 && isPath ? QFile::encodeName(folder) : QByteArray();
 }
 
 } // namespace

@@ -86,8 +86,8 @@ INSTANTIATE_TEST_SUITE_P(
         Counting{"FourWildcards", u"*C**-*", u"Clip-", u"", u"", 7}, Counting{"NothingBeforeTheNumber", u"*.png", u"", u".png", u"", 12},
         Counting{"FirstPlaceThatFits", u"x*", u"", u"", u"", 9}, Counting{"FirstPlaceWithWhatFollows", u"x*", u"", u"z", u"", 1},
         Counting{"PatternCharactersAreText", u"*.*", u"c", u".*", u"", 3}, Counting{"BackslashIsText", u"a*", u"b\\c-", u"", u"", 4},
-        Counting{"Stem", u"*.png", u"", u"", u"a+b (", 6}, Counting{"StemUpToTheLastDot", u"*.png", u"", u"", u"12", 12},
-        Counting{"StemBeyondTheLastDot", u"*.png", u"", u"", u"12.", 0},
+        Counting{"BackslashInTheFilter", u"a%b\\c*", u"c-", u"", u"", 4}, Counting{"Stem", u"*.png", u"", u"", u"a+b (", 6},
+        Counting{"StemUpToTheLastDot", u"*.png", u"", u"", u"12", 12}, Counting{"StemBeyondTheLastDot", u"*.png", u"", u"", u"12.", 0},
         Counting{"StemOfANameWithoutADot", u"*", u"Clip-", u"", u"Clip-7", 7}, Counting{"StemInOtherCase", u"*.png", u"", u"", u"A+b", 0},
         Counting{"FilterInOtherCase", u"cLIP-*.MP4", u"Clip-", u"", u"", 5},
         Counting{"LastLetterOfTheFilterInOtherCase", u"z*", u"Z", u"", u"", 8},
@@ -103,6 +103,13 @@ TEST_F(HighestNumber, IsTheFirstGroupOfAPattern)
     EXPECT_EQ(highest({text(u"*.mp4"), {}, {}, {}, text(u"[CD]lip-(\\d+)")}), 5);
     EXPECT_EQ(highest({text(u"*"), {}, {}, {}, text(u"C(?:l|h)ip-(\\d+)")}), 9);
     EXPECT_EQ(highest({text(u"*"), {}, {}, text(u"Cl"), text(u"C(?:l|h)ip-(\\d+)")}), 5);
+}
+
+TEST_F(HighestNumber, OfAPatternMayStandBeforeALowerOne)
+{
+    for (int number = 1; number <= 40; ++number)
+        make({"Clip-" + std::to_string(number) + ".mp4"});
+    EXPECT_EQ(highest({text(u"*"), {}, {}, {}, text(u"[CD]lip-(\\d+)")}), 40);
 }
 
 TEST_F(HighestNumber, OfAPatternMayBeAPartOfOneThatDoesNotFit)
@@ -261,7 +268,7 @@ TEST_F(HighestNumber, LeavesNoFolderOpen)
     EXPECT_EQ(open(), before);
 }
 
-// Qt asks for the type of a link by a path, which the kernel takes up to 4095 bytes.
+// The type of a link is asked for by a path, of which the kernel takes 4095 bytes.
 TEST_F(HighestNumber, CountsALinkOnlyWhereItsPathIsShortEnough)
 {
     make({"a1"});
