@@ -207,9 +207,10 @@ function. QSettings in memory keeps a list split and copies a reference to it, w
 back on them. The floor is the call of GetStandardPath that each makes once. For movies and music it reads user-dirs.dirs;
 the cache comes from the environment alone, so that putting the text together shows beside it."""),
     "names": ("Names", """Numbers are entries of the folder; all count but in "mixed", where one in a hundred of 10,000 does.
-The floor is a pass of getdents64 over the folder, with the buffer that is fastest there; the composition is a sorted,
-filtered QDir list and a regular expression. "Taken" are freeze frames of one source, and the peers look for a free
-number."""),
+In "pattern" the source's name is a pattern, and in the rows that name a script it is written in that; "decomposed" has
+accents as characters of their own. The floor is a pass of readdir over the folder that counts regular files; the
+composition is a sorted, filtered QDir list and a regular expression. "Taken" are freeze frames of one source, and the
+peers look for a free number."""),
     "sample-search": ("Sample search", """A hundred folders of a hundred files, on the disk. The floor is a walk with openat and
 getdents64 that ends at the same file."""),
     "storage": ("Storage", """On the disk, sixty settings in the file. The floor is SQLite itself, called plainly, in the same journal

@@ -16,8 +16,8 @@ inline std::vector<std::string> numbered(std::string const& stem, int count, std
 }
 
 inline std::vector<std::string> recordings(int count) { return numbered("Rec-", count, "-2024.03.09-17.05.31.wav"); }
-inline std::vector<std::string> freezeFrames(int count) { return numbered("Holiday.final (", count, ").png"); }
-inline std::vector<std::string> stabilized(int count) { return numbered("Holiday-", count, ".mp4"); }
+inline std::vector<std::string> freezeFrames(std::string const& stem, int count) { return numbered(stem + " (", count, ").png"); }
+inline std::vector<std::string> stabilized(std::string const& stem, int count) { return numbered(stem + '-', count, ".mp4"); }
 
 /// How many freeze frames of one source lie in a folder where a free name is looked for.
 inline std::vector<int> takenCounts(bool isShort) { return isShort ? std::vector{500} : std::vector{500, 5000, 50000}; }

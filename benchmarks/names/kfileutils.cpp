@@ -14,7 +14,7 @@ void addTaken(int count, Bench::Place const& place)
 {
     std::string const row = Names::takenRow(count, place.what);
     auto const folder = std::make_shared<Bench::Folder>(place.path);
-    folder->fill(Names::freezeFrames(count));
+    folder->fill(Names::freezeFrames("Holiday.final", count));
     QUrl const url = QUrl::fromLocalFile(QString::fromStdString(folder->path()));
     QString const name = QStringLiteral("Holiday.final.png");
     QString const expected = QStringLiteral("Holiday.final (%1).png").arg(count + 1);

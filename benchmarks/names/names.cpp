@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// The names of new files in folders that are small and large, on the disk and in memory. The floor is a bare pass of the
-// kernel over the folder, with the buffer of 32, 64 or 256 KiB that is fastest there. The composition finds the number
-// as one writes it down with Qt: a sorted, filtered list and a regular expression.
+// The names of new files in folders that are small and large, on the disk and in memory. The floor is a bare pass: readdir
+// over the folder, which counts the regular files. The composition finds the number as one writes it down with Qt: a
+// sorted, filtered list and a regular expression.
 #include "Sources.h"
 
 #include <support/Bench.h>
@@ -14,29 +14,74 @@
 #include <QRegExp>
 
 #include <algorithm>
+#include <functional>
 
 namespace {
 
 struct Generator {
     std::string what;
     std::string folderKey;
-    QString (*next)();
-    std::vector<std::string> (*names)(int count);
+    std::function<QString()> next;
+    std::function<std::vector<std::string>(int count)> names;
     QString filter;
     QString number;
 };
 
+Generator recordings()
+{
+    return {"recording",
+            "audioRecordPath",
+            &Settings::generateAudioRecordFilePath,
+            &Names::recordings,
+            QStringLiteral("Rec-*-*-*.*"),
+            QStringLiteral("Rec-(\\d+)-.*")};
+}
+
+Generator freezeFrames(std::string const& what, std::string const& stem)
+{
+    QString const source = QStringLiteral("/films/") + Bench::qString(stem) + QStringLiteral(".mov");
+    return {what,
+            "exportPath",
+            [source] { return Settings::generateFreezedFilePath(source); },
+            [stem](int count) { return Names::freezeFrames(stem, count); },
+            QStringLiteral("*.png"),
+            QRegExp::escape(Bench::qString(stem)) + QStringLiteral(" \\((\\d+)\\)\\.png")};
+}
+
+// `stem` is at work as a pattern, which the names of the files match.
+Generator stabilizedClips(std::string const& what, std::string const& stem, std::string const& ofFiles)
+{
+    QString const source = QStringLiteral("/films/") + Bench::qString(stem) + QStringLiteral(".mov");
+    return {what,
+            "stabilizedFilePath",
+            [source] { return Settings::generateStabilizedFilePath(source, QStringLiteral("mp4")); },
+            [ofFiles](int count) { return Names::stabilized(ofFiles, count); },
+            Bench::qString(stem) + QStringLiteral("-*.*"),
+            Bench::qString(stem) + QStringLiteral("-(\\d+).*")};
+}
+
+Generator stabilizedClips(std::string const& what, std::string const& stem) { return stabilizedClips(what, stem, stem); }
+
 std::vector<Generator> const& generators()
 {
-    static std::vector<Generator> const all{
-        {"recording", "audioRecordPath", [] { return Settings::generateAudioRecordFilePath(); }, Names::recordings,
-         QStringLiteral("Rec-*-*-*.*"), QStringLiteral("Rec-(\\d+)-.*")},
-        {"freeze frame", "exportPath", [] { return Settings::generateFreezedFilePath(QStringLiteral("/films/Holiday.final.mov")); },
-         Names::freezeFrames, QStringLiteral("*.png"), QStringLiteral("Holiday\\.final \\((\\d+)\\)\\.png")},
-        {"stabilized clip", "stabilizedFilePath",
-         [] { return Settings::generateStabilizedFilePath(QStringLiteral("/films/Holiday.mov"), QStringLiteral("mp4")); },
-         Names::stabilized, QStringLiteral("Holiday-*.*"), QStringLiteral("Holiday-(\\d+).*")},
-    };
+    static std::vector<Generator> const all{recordings(), freezeFrames("freeze frame", "Holiday.final"),
+                                            stabilizedClips("stabilized clip", "Holiday")};
+    return all;
+}
+
+// Names in other scripts, and a source whose name is a pattern.
+std::vector<Generator> const& otherGenerators()
+{
+    static std::vector<Generator> const all = [] {
+        std::vector<Generator> result{stabilizedClips("stabilized clip pattern", "[Hh]oliday", "Holiday")};
+        for (auto const& [script, stem] :
+             {std::pair("Japanese", u8"\u4F11\u65E5\u306E\u6620\u753B"), std::pair("Arabic", u8"\u0639\u0637\u0644\u0629"),
+              std::pair("decomposed", u8"e\u0301te\u0301")}) {
+            result.push_back(freezeFrames(std::string("freeze frame ") + script, stem));
+            result.push_back(stabilizedClips(std::string("stabilized clip ") + script, stem));
+        }
+        return result;
+    }();
     return all;
 }
 
@@ -75,8 +120,7 @@ void addLibrary(Shared const& all, Generator const& generator, std::string const
         state.counters["allocations"] = static_cast<double>(Bench::allocationsOf(generator.next).count);
         requireNumber(generator.next(), highest + 1, row);
     };
-    std::size_t const size = Bench::bestBufferSize(folder->path());
-    auto const pass = [folder, size] { Bench::passOver(folder->path(), size); };
+    auto const pass = [folder] { return Bench::passOver(folder->path()); };
     Bench::addByTurns(row, prepare, generator.next, pass)->Repetitions(repetitions());
 }
 
@@ -151,7 +195,7 @@ void addTaken(Shared const& all, int count, Bench::Place const& place)
     Generator const& generator = generators()[1];
     std::string const row = Names::takenRow(count, place.what);
     auto const folder = std::make_shared<Bench::Folder>(place.path);
-    folder->fill(Names::freezeFrames(count));
+    folder->fill(generator.names(count));
     addLibrary(all, generator, row, folder, count);
     Bench::require(freeByProbing(Bench::qString(folder->path())) == count + 1, row + ": probing gives another number");
     Bench::add(row, "probing", [path = Bench::qString(folder->path())] { return freeByProbing(path); });
@@ -168,6 +212,8 @@ Bench::Registration const registration([] {
             if (!Bench::isShort() && place.what == "tmpfs")
                 addMillion(all, generator, place);
         }
+        for (Generator const& generator : otherGenerators())
+            addSize(all, generator, Bench::isShort() ? 1000 : 10000, place);
         for (int const count : Names::takenCounts(Bench::isShort()))
             addTaken(all, count, place);
     }

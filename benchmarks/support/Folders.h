@@ -3,7 +3,6 @@
 // Folders to be listed, and what listing them takes at least.
 #pragma once
 
-#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -35,11 +34,8 @@ struct Place {
 
 std::vector<Place> places();
 
-/// Asks the kernel for all entries of a folder, `bufferSize` bytes at a time, and looks at none.
-void passOver(std::string const& folder, std::size_t bufferSize);
-
-/// The size of 32, 64 and 256 KiB with which passes over this folder took the least time.
-std::size_t bestBufferSize(std::string const& folder);
+/// The number of regular files that readdir lists in a folder.
+long passOver(std::string const& folder);
 
 /// An entry as the kernel gives it, with the type of <dirent.h>.
 struct Entry {

@@ -4,7 +4,7 @@
 // defaults of the preferences, the folder names, the names of resource files, the list separator and, last, s_instance.
 // The defaults that copy format names need libLumoraConf, which the loader initialises first.
 // Texts for the host are made of QLatin1String: the characters of a QStringLiteral lie in the library and go with it.
-#include <Settings/PlainNames.h>
+#include <Settings/RunningNumber.h>
 #include <Settings/Settings.h>
 
 #include <Lumora/Conf/Formats.h>
@@ -19,7 +19,6 @@
 #include <QRegExp>
 #include <QStringBuilder>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -681,42 +680,16 @@ QString Settings::portableProjectMediaPath() { return QLatin1String("/media/"); 
 
 // --- Generated file names --------------------------------------------------------------------------------------------
 //
-// The number after the highest in the folder. What is escaped, in what case a name is compared and how often the
-// folder is asked for differs between the three on purpose: files that users have keep the numbers they count as.
+// The number after the highest in the folder. What is escaped, in what case a name is compared and how often the folder
+// setting is read differs between the three on purpose: files that users have keep the numbers they count as.
 
 namespace {
 
-// Files, and links to what is no folder, without hidden ones; `filter` must match the whole name, in any case, and the
-// complete base name must begin with `stem`.
-QStringList fileNames(QString const& folder, QString const& filter, QString const& stem)
-{
-    QStringList names = QDir(folder).entryList({filter}, QDir::Files, QDir::Name);
-    auto const isOfOtherStem = [&](QString const& name) { return !QFileInfo(name).completeBaseName().startsWith(stem); };
-    names.erase(std::remove_if(names.begin(), names.end(), isOfOtherStem), names.end());
-    return names;
-}
-
-// The highest number that the first group of `pattern` finds anywhere in one of the names; 0 without one. A number
-// that does not fit an int counts as 0.
-int extractVaryingNumber(QStringList names, QString pattern)
-{
-    QRegExp number(pattern);
-    int highest = 0;
-    while (!names.isEmpty())
-        if (number.indexIn(names.takeFirst()) >= 0)
-            highest = std::max(highest, number.cap(1).toInt());
-    return highest;
-}
-
-// Plain names are counted as the kernel lists them, which gives the same number many times sooner.
-int highestNumber(QString const& folder, QString const& filter, QString const& pattern, QString const& stem = QString())
-{
-    std::optional<int> const plain = PlainNames::highestNumber(folder, filter, pattern, stem);
-    return plain ? *plain : extractVaryingNumber(fileNames(folder, filter, stem), pattern);
-}
-
 // After the largest number comes the smallest.
 int following(int number) { return static_cast<int>(static_cast<unsigned>(number) + 1); }
+
+// Whether a QRegExp of this text matches the text and nothing else.
+bool isLiteral(QString const& text) { return QRegExp::escape(text) == text; }
 
 QString joined(QString const& folder, QString const& name) { return QStringList{folder, name}.join(QDir::separator()); }
 
@@ -724,7 +697,8 @@ QString joined(QString const& folder, QString const& name) { return QStringList{
 
 QString Settings::generateAudioRecordFilePath()
 {
-    int const highest = highestNumber(audioRecordPath(), QStringLiteral("Rec-*-*-*.*"), QStringLiteral("Rec-(\\d+)-.*"));
+    RunningNumber::Layout const names{QLatin1String("Rec-*-*-*.*"), QLatin1String("Rec-"), QLatin1String("-")};
+    int const highest = RunningNumber::highest(audioRecordPath(), names);
     QString const number = QString::number(following(highest));
     QString const timestamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyy.MM.dd-HH.mm.ss"));
     QString const extension = QString::fromStdString(audioRecordFormat()).toLower();
@@ -737,9 +711,11 @@ QString Settings::generateFreezedFilePath(QString sourceFilePath)
     QString const stem = QFileInfo(sourceFilePath).completeBaseName();
     QString const format = QString::fromStdString(freezedFileFormat());
     QString const folder = exportPath();
+    RunningNumber::Layout names{QLatin1String("*.") + format, stem + QLatin1String(" ("), QLatin1String(").") + format, stem};
     // One pass for each argument, so a placeholder that the stem brings in is filled as well.
-    QString const pattern = QStringLiteral("%1 \\((\\d+)\\)\\.%2").arg(QRegExp::escape(stem)).arg(format); // clazy:exclude=qstring-arg
-    qlonglong const number = following(highestNumber(folder, QStringLiteral("*.%1").arg(format), pattern, stem));
+    if (stem.contains(QLatin1Char('%')) || !isLiteral(format))
+        names.pattern = QStringLiteral("%1 \\((\\d+)\\)\\.%2").arg(QRegExp::escape(stem)).arg(format); // clazy:exclude=qstring-arg
+    qlonglong const number = following(RunningNumber::highest(folder, names));
     return joined(folder, QStringLiteral("%1 (%2).%3").arg(stem).arg(number).arg(format));
 }
 
@@ -747,7 +723,10 @@ QString Settings::generateStabilizedFilePath(QString sourceFilePath, QString fil
 {
     // Up to the first dot, and with its wildcards and pattern characters at work.
     QString const stem = QFileInfo(sourceFilePath).baseName();
-    int const highest = highestNumber(stabilizedFilePath(), stem + QLatin1String("-*.*"), stem + QLatin1String("-(\\d+).*"));
+    RunningNumber::Layout names{stem + QLatin1String("-*.*"), stem + QLatin1Char('-')};
+    if (!isLiteral(stem))
+        names.pattern = stem + QLatin1String("-(\\d+).*");
+    int const highest = RunningNumber::highest(stabilizedFilePath(), names);
     QString const number = QString::number(following(highest));
     // Asked for again, as for recordings.
     return joined(stabilizedFilePath(), QStringLiteral("%1-%2.%3").arg(stem, number, fileFormat));
@@ -768,23 +747,12 @@ QString Settings::projectFileOpenFilter() { return QLatin1String("*.") + support
 
 QString stockSampleProjectsPath() { return stockPath(QLatin1String("projects")); }
 
-namespace {
-
-QString firstSample(QString const& folder, QStringList const& filters)
-{
-    QDirIterator samples(folder, filters, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
-    return samples.hasNext() ? samples.next() : QString();
-}
-
-} // namespace
-
 QString Settings::sampleProjectPath()
 {
     QString const folder = stockSampleProjectsPath();
     QStringList const filters = projectFileOpenFilter().split(QLatin1Char(' '), Qt::KeepEmptyParts);
-    // Qt's iterator reads on to the second match before it returns the first.
-    std::optional<QString> const plain = PlainNames::firstBelow(folder, filters);
-    return plain ? *plain : firstSample(folder, filters);
+    QDirIterator samples(folder, filters, QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
+    return samples.hasNext() ? samples.next() : QString();
 }
 
 // --- The objects that are constructed last -----------------------------------------------------------------------------

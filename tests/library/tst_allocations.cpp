@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
-// Typed access allocates what its conversions allocate and nothing more. Allocations of the store are not counted.
+// Typed access allocates what its conversions allocate and nothing more; allocations of the store are not counted. A larger
+// folder takes no more memory for the next name.
 #include <Lumora/Util/ByteConversion.h>
 #include <Storage/EmptyStorage.h>
 #include <support/Allocations.h>
 #include <support/BoundLibrary.h>
 #include <support/Named.h>
+
+#include <filesystem>
 
 namespace {
 
@@ -154,5 +157,41 @@ Row const table[] = {
 std::ostream& operator<<(std::ostream& stream, Row const& row) { return stream << row.meaning; }
 
 INSTANTIATE_TEST_SUITE_P(Table, TypedAccess, testing::ValuesIn(table), byMeaning);
+
+// --- Running numbers ---------------------------------------------------------------------------------------------------
+
+class NextName : public BoundLibrary, public testing::WithParamInterface<char const*> {
+protected:
+    NextName() { m_productValues->setString("stabilizedFilePath", (m_home.path() / "clips").string()); }
+
+    // All names are of one length, whatever their number.
+    void make(int first, int last) const
+    {
+        for (int number = first; number <= last; ++number)
+            m_home.write(std::filesystem::u8path("clips/" + (GetParam() + ('-' + std::to_string(number)) + ".mp4")), "");
+    }
+
+    static int takenFor(QString const& source, QString const& format)
+    {
+        Settings::generateStabilizedFilePath(source, format); // the first may set something up
+        int const before = Allocations::soFar();
+        Settings::generateStabilizedFilePath(source, format);
+        return Allocations::soFar() - before;
+    }
+};
+
+TEST_P(NextName, TakesNoMoreInALargerFolder)
+{
+    QString const source = QString::fromUtf8(GetParam()) + QStringLiteral(".mov");
+    QString const format = QStringLiteral("mp4");
+    make(1001, 1010);
+    int const taken = takenFor(source, format);
+    make(1011, 1500);
+    EXPECT_LE(takenFor(source, format), taken);
+    EXPECT_TRUE(Settings::generateStabilizedFilePath(source, format).endsWith(QStringLiteral("-1501.mp4")));
+}
+
+INSTANTIATE_TEST_SUITE_P(Scripts, NextName,
+                         testing::Values("Holiday", u8"\u4F11\u65E5", u8"\u0639\u0637\u0644\u0629", u8"e\u0301te\u0301"));
 
 } // namespace

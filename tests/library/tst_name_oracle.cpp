@@ -356,6 +356,7 @@ TEST_P(NameOracle, AgreesOnRandomFolders)
             m_productValues->setString(key, form);
         QStringList const names = oracle::listing(form, codec);
         EntryKinds::Limit const limit(static_cast<EntryKinds::Told>(chance.below(3)));
+        long answers = 0;
 
         auto const compare = [&](std::size_t generator, QString const& answer, QString const& name, std::string const& source,
                                  std::string const& format) {
@@ -364,6 +365,7 @@ TEST_P(NameOracle, AgreesOnRandomFolders)
                                   : generator == 1 ? oracle::freeze({}, utf8(source), utf8(format))
                                                    : oracle::stabilized({}, utf8(source), utf8(format));
             counted[generator] += name != alone;
+            EXPECT_EQ(limit.listings(), ++answers) << "the folder is listed once for each answer";
             EXPECT_EQ(answer, expected) << "EDITOR_SETTINGS_SEED=" << seed << ", folder " << round << "\nsource \"" << printable(source)
                                         << "\", format \"" << printable(format) << "\"\nlibrary \"" << printable(answer) << "\"\noracle  \""
                                         << printable(expected) << "\"\nin the folder:\n"

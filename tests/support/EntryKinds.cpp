@@ -5,21 +5,20 @@
 
 #include <dirent.h>
 #include <dlfcn.h>
-#include <sys/types.h>
 
 namespace {
 
 EntryKinds::Told told = EntryKinds::Told::all;
 long listed = 0;
-long fromCall = 0;
-long fromLibrary = 0;
+long withheldKinds = 0;
+long openedFolders = 0;
 
-void limit(dirent64& entry, long& withheld)
+void limit(dirent64& entry)
 {
     if (told == EntryKinds::Told::all || (told == EntryKinds::Told::everyOther && ++listed % 2 == 0))
         return;
     entry.d_type = DT_UNKNOWN;
-    ++withheld;
+    ++withheldKinds;
 }
 
 template <typename Function>
@@ -33,25 +32,20 @@ Function* next(char const* name)
 EntryKinds::Limit::Limit(Told kinds)
 {
     told = kinds;
-    listed = fromCall = fromLibrary = 0;
+    listed = withheldKinds = openedFolders = 0;
 }
 
 EntryKinds::Limit::~Limit() { told = Told::all; }
 
-long EntryKinds::Limit::withheldFromTheCall() const { return fromCall; }
+long EntryKinds::Limit::withheld() const { return withheldKinds; }
 
-long EntryKinds::Limit::withheldFromTheLibrary() const { return fromLibrary; }
+long EntryKinds::Limit::listings() const { return openedFolders; }
 
-extern "C" __attribute__((visibility("default"))) ssize_t getdents64(int file, void* entries, size_t size)
+extern "C" __attribute__((visibility("default"))) DIR* opendir(char const* path)
 {
-    static auto* const real = next<ssize_t(int, void*, size_t)>("getdents64");
-    ssize_t const length = real(file, entries, size);
-    for (ssize_t at = 0; at < length;) {
-        auto* const entry = reinterpret_cast<dirent64*>(static_cast<char*>(entries) + at);
-        limit(*entry, fromCall);
-        at += entry->d_reclen;
-    }
-    return length;
+    static auto* const real = next<DIR*(char const*)>("opendir");
+    ++openedFolders;
+    return real(path);
 }
 
 extern "C" __attribute__((visibility("default"))) dirent64* readdir64(DIR* folder)
@@ -59,6 +53,6 @@ extern "C" __attribute__((visibility("default"))) dirent64* readdir64(DIR* folde
     static auto* const real = next<dirent64*(DIR*)>("readdir64");
     dirent64* const entry = real(folder);
     if (entry)
-        limit(*entry, fromLibrary);
+        limit(*entry);
     return entry;
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// What the kernel's listings tell this program of the kinds of entries, whoever asks. Some network file systems tell
-/// none, and each entry has to be asked for. Linked into a test program that exports its symbols.
+/// What listings of folders tell this program of the kinds of entries, and how many listings there are. Some network file
+/// systems list every entry without its kind. Linked into a test program that exports its symbols.
 namespace EntryKinds {
 
 enum class Told { all, none, everyOther };
@@ -15,9 +15,10 @@ public:
     Limit(Limit const&) = delete;
     Limit& operator=(Limit const&) = delete;
 
-    /// How many entries have been listed without their kind, by the kernel's own call and by the C library's.
-    long withheldFromTheCall() const;
-    long withheldFromTheLibrary() const;
+    /// How many entries have been listed without their kind.
+    long withheld() const;
+    /// How often a folder has been opened to be listed.
+    long listings() const;
 };
 
 } // namespace EntryKinds
