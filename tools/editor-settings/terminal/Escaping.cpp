@@ -33,8 +33,7 @@ std::string escaped(std::string const& bytes)
     return result;
 }
 
-} // namespace
-
+// The number of bytes of the UTF-8 code point that begins at `at`; 0 when none does.
 std::size_t codePointLength(std::string const& text, std::size_t at)
 {
     unsigned const first = byteAt(text, at);
@@ -52,6 +51,8 @@ std::size_t codePointLength(std::string const& text, std::size_t at)
             return 0;
     return length;
 }
+
+} // namespace
 
 std::string withoutControls(std::string const& text, std::string const& kept)
 {

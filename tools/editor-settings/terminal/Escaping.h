@@ -26,8 +26,6 @@ std::string quotedBriefly(std::string const& text);
 std::string shortened(std::string const& text, std::size_t codePoints);
 /// The number of code points in `text`, which is UTF-8.
 std::size_t width(std::string const& text);
-/// The number of bytes of the UTF-8 code point that begins at `at`; 0 when none does.
-std::size_t codePointLength(std::string const& text, std::size_t at);
 /// Prints "editor-settings: " and `text`, escaped, on standard error.
 void printError(std::string const& text);
 /// `count` and `noun`, with an "s" unless `count` is 1: "3 values".
