@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <Storage/SqliteStorage.h>
 
-#include <support/BoundLibrary.h>
 #include <Storage/EmptyStorage.h>
+#include <support/BoundLibrary.h>
 #include <support/Named.h>
 
 #include <type_traits>

@@ -4,8 +4,8 @@
 #include <Lumora/Util/ByteConversion.h>
 #include <Lumora/Util/StandardPaths.h>
 
-#include <support/BoundLibrary.h>
 #include <Storage/EmptyStorage.h>
+#include <support/BoundLibrary.h>
 
 #include <functional>
 

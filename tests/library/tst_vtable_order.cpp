@@ -5,7 +5,6 @@
 #include <Settings/IProductInfo.h>
 #include <Storage/EmptyStorage.h>
 
-
 #include <gtest/gtest.h>
 
 #include <cstddef>

@@ -136,7 +136,8 @@ void checkValue(PreferenceState const& preference, ExaminedStore const& store, F
     State const state = preference.state();
     if (state == State::otherKind)
         add(Check::otherKind,
-            absl::StrCat(holds, " where one of kind ", Storage::storedWord(storedKind(preference.observation.value)), " is read, so the default is read"),
+            absl::StrCat(holds, " where one of kind ", Storage::storedWord(storedKind(preference.observation.value)),
+                         " is read, so the default is read"),
             unset);
     else if (state == State::unreadable)
         add(Check::unreadable, holds + " that cannot be read, so the default is read", unset);
