@@ -185,8 +185,8 @@ TEST_F(Tool, HelpTellsVerbsAndExitStatus)
     for (char const* word :
          {"list", "get", "set", "unset", "explain", "--home", "EDITOR_SETTINGS_HOME", "--product", "EDITOR_SETTINGS_PRODUCT"})
         EXPECT_NE(help.find(word), std::string::npos) << word;
-    EXPECT_NE(help.find("  0  done\n  1  said no: unknown key, wrong value, trouble with a store or the product file, a folder that "
-                        "cannot be used,\n     or doctor found something wrong\n  2  wrong usage\n"),
+    EXPECT_NE(help.find("  0  success\n  1  failure: unknown key, wrong value, trouble with a store or the product file, an unusable "
+                        "folder,\n     or something wrong found by doctor\n  2  wrong usage\n"),
               std::string::npos);
     EXPECT_NE(said({"set", "--help"}).find("base64"), std::string::npos);
     EXPECT_EQ(said({"--version"}), "1.0.0\n");

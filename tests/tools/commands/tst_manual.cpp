@@ -74,8 +74,8 @@ TEST_F(Manual, PageTellsEveryVerbAndOptionOfTheHelp)
         EXPECT_NE(page.find(option + "\\fR"), std::string::npos) << option;
     for (char const* text :
          {".SS \"\\fBnext-name stabilized\\fR \\fISOURCE\\fR \\fIFORMAT\\fR\"", ".SS \"\\fBset\\fR \\fIKEY\\fR [\\fIVALUE\\fR...]\"",
-          "\nEDITOR_SETTINGS_HOME\nStands in for --home where that is not given\n", ".SH \"EXIT STATUS\"\n  0  done\n",
-          "\\fB--store\\fR \\fISTORE\\fR\n", "a backslash is printed as \\e\\e, a tab\nas \\et,"})
+          "\nEDITOR_SETTINGS_HOME\nStands in for --home where that is not given\n", ".SH \"EXIT STATUS\"\n  0  success\n",
+          "\\fB--store\\fR \\fISTORE\\fR\n", "a backslash is printed as \\e\\e, a tab as \\et,\nline"})
         EXPECT_NE(page.find(text), std::string::npos) << text;
 }
 
