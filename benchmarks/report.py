@@ -134,7 +134,7 @@ def is_within_reach(bound, reach):
 
 
 def reach_of(goal, rounds, measured, against):
-    """What the floor itself comes to against a peer; none where the goal compares with no peer, where the row has no floor,
+    """What the floor itself reaches against a peer; none where the goal compares with no peer, where the row has no floor,
     and where the library is far from it."""
     floor = floor_of(measured)
     if " x" not in goal.bound or " over " in measured or against == floor:
@@ -154,7 +154,7 @@ def outcome_of_row(goal, rounds, measured, against):
     reach = reach_of(goal, rounds, measured, against)
     if reach is None or is_within_reach(goal.bound, reach):
         return Outcome(goal, row, figure, shown, "missed")
-    return Outcome(goal, row, figure, f"{shown}; the floor comes to {shown_figure(goal.bound, reach)}", "out of reach")
+    return Outcome(goal, row, figure, f"{shown}; the floor reaches {shown_figure(goal.bound, reach)}", "out of reach")
 
 
 def outcome(goal, results):
@@ -323,7 +323,7 @@ Made by `scripts/bench`; do not edit. To repeat it, run that on a machine that d
 Each program measures what it compares in one process, in random alternation, each five times or more for at least ten
 milliseconds, but for what takes long by itself; and is started in rounds
 ({rounds}).
-Where they are compared closely, library and floor are measured by turns, as other programs' load would meet them unalike.
+Where they are compared closely, library and floor are measured by turns, so that other programs' load affects both alike.
 Times are medians. In parentheses stands how many times the library's a time is: the median of the rounds' own ratios, and
 not the quotient of the two times shown. On another machine only such ratios can be expected to be alike.
 

@@ -2,9 +2,8 @@
 //
 // Settings of your own, beside those that the library knows: `read` and `write` take any key.
 //
-// A key belongs to its name, its kind and its default, so they stand together and once. Give your keys a prefix that no
-// later version of the library can take. Mind literals: in `write("myhost.title", "text", false)` the text turns into a
-// `bool`; pass a `QString` or a `std::string`.
+// Define name, kind and default of a key together and once. Give your keys a prefix that no later version of the library can
+// take. A string literal converts to `bool` in `write("myhost.title", "text", false)`: pass a `QString` or a `std::string`.
 #include "Product.h"
 
 #include <Settings/Settings.h>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// A store of your own, here on QSettings, and the contract suite of the test kit that tells whether it is one.
+// A store of your own, here on QSettings, and the contract suite of the test kit that checks it.
 //
-// What a store has to add to QSettings: any text may be a key, a value keeps its kind, calls may come from any thread,
-// and a change that cannot be written is thrown and undone.
+// A store has to add to QSettings: any text may be a key, a value keeps its kind, any thread may call, and a change that
+// cannot be written throws and is undone.
 #include <Settings/Settings.h>
 #include <TestKit/StorageContract.h>
 #include <TestKit/TemporaryHome.h>
@@ -61,13 +61,13 @@ public:
     }
 
 private:
-    // Plain text, whatever the bytes: QSettings reads a meaning into "/" and escapes each byte that is not ASCII slowly.
+    // Plain text, whatever the bytes: QSettings interprets "/" and escapes each byte that is not ASCII slowly.
     static QString plain(QByteArray const& bytes) { return QString::fromLatin1(bytes.toPercentEncoding()); }
 
     // QSettings takes no empty key, so a key never stands alone.
     static QString name(std::string const& key) { return QLatin1String("key-") + plain(QByteArray::fromStdString(key)); }
 
-    // An ini file gives everything back as text, so the kind stands before the value.
+    // An ini file returns every value as text, so the kind stands before the value.
     static QVariant ofKind(char kind, QByteArray const& content) { return QString(QLatin1Char(kind) + plain(content)); }
 
     std::optional<QByteArray> find(std::string const& key, char kind) const
@@ -82,7 +82,7 @@ private:
         return m_settings.value(name(key));
     }
 
-    // No value removes the key. The library flushes nothing: what is not on disk when this returns may never be.
+    // No value removes the key. The library never flushes: a change that is not on disk now may be lost.
     void change(std::string const& key, QVariant const& value)
     {
         std::lock_guard const lock(m_mutex);
@@ -120,7 +120,7 @@ namespace TestKit {
 INSTANTIATE_TYPED_TEST_SUITE_P(Ini, StorageContract, IniBackend);
 }
 
-// --- What the contract cannot know of this store ---
+// --- Beyond the contract ---
 
 TEST(IniStorage, FileThatIsNoIniFileIsRefused)
 {
@@ -134,7 +134,7 @@ TEST(IniStorage, ChangeIsInTheFileWhenTheCallReturns)
     std::string const value("gr\xC3\xBC\xC3\x9F, \"and\"; nul\0inside", 25);
     IniStorage store(home.path() / "settings.ini");
     store.setString("some/key", value);
-    // A copy, as the objects of one process share what QSettings knows of a file.
+    // A copy, because QSettings objects of one process share a cache of the file.
     std::filesystem::copy_file(home.path() / "settings.ini", home.path() / "copy.ini");
     EXPECT_EQ(IniStorage(home.path() / "copy.ini").getString("some/key", ""), value);
 }

@@ -2,8 +2,8 @@
 //
 // The next free file name, safely: `04-next-name SOURCE` writes a freeze frame of SOURCE and prints its path.
 //
-// The library proposes a name and reserves nothing, so another process may be given the same one. The file is therefore
-// opened so that it must not exist, which the system grants to one process only; whoever comes second asks again.
+// The library proposes a name and reserves nothing, so another process may get the same one. `O_EXCL` lets one process
+// create the file; the other asks again.
 #include "Product.h"
 
 #include <Settings/Settings.h>
@@ -33,7 +33,7 @@ Reserved reserveNext(QString const& source)
 {
     for (QString path, taken;; taken = path) {
         path = Settings::generateFreezedFilePath(source);
-        // The library does not count what comes of a placeholder in the source's name, such as "%1", and repeats itself.
+        // For a source with a placeholder in its name, such as "%1", the library repeats itself.
         if (path == taken)
             throw std::runtime_error(path.toStdString() + " is taken and would be proposed again; rename the source");
         fs::path const onDisk = fs::u8path(path.toStdString());
@@ -52,7 +52,7 @@ QString writeFrame(QImage const& frame, QString const& source)
     QFile file;
     if (file.open(reserved.descriptor, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle) && frame.save(&file, "PNG") && file.flush())
         return reserved.path;
-    // The name is ours, so it may go again: half a picture is worse than none.
+    // This process created the file and may remove it: half a picture is worse than none.
     QFile::remove(reserved.path);
     throw std::runtime_error("cannot write " + reserved.path.toStdString() + ": " + file.errorString().toStdString());
 }

@@ -2,8 +2,8 @@
 //
 // The default project name in the user's language.
 //
-// The library looks "New Project" up anew at each call, in the context "QObject". A .ts file with that context is all
-// that it takes: lrelease makes a .qm file of it, which ships with the program and is installed as a translator.
+// The library translates "New Project" at each call, in the context "QObject". lrelease compiles a .ts file with that context
+// to a .qm file, which ships with the program and is installed as a translator.
 #include <Settings/Settings.h>
 
 #include <QCoreApplication>
@@ -17,7 +17,7 @@ int main(int argc, char** argv)
     QCoreApplication const application(argc, argv);
     std::puts(Settings::projectNameDefault().toUtf8().constData());
 
-    // There is no file for most of the languages: their users read English, as everybody did before.
+    // Most languages have no file: their users read English.
     QTranslator translator;
     QString const folder = QCoreApplication::applicationDirPath() + QStringLiteral("/../share/editor-examples/translations");
     if (translator.load(QLocale(), QStringLiteral("editor"), QStringLiteral("_"), folder))

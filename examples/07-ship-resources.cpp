@@ -2,8 +2,8 @@
 //
 // What ships with a program, found wherever the program was installed: its resources and its sample project.
 //
-// The resources root is given once, with the binding. Taken from where the executable lies, it is right in every prefix,
-// and after a move. The library looks for nothing below it but a sample project, so what is missing is the host's to tell.
+// The resources root is part of the binding. Relative to the executable it is right in every prefix, and after a move. The
+// library looks for a sample project only, so the host checks for everything else.
 #include "Product.h"
 
 #include <Settings/Settings.h>
@@ -40,7 +40,7 @@ int main(int argc, char** argv)
 try {
     QCoreApplication const application(argc, argv);
     QString const root = QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/editor-examples"));
-    // Nothing is asked of the stores here, so none is bound.
+    // This program reads no preference, so it binds no store.
     auto const product = std::make_shared<Product>();
     Settings::init({product, {}, {}, Lumora::ioPath(root.toStdString())});
 
