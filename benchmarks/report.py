@@ -199,13 +199,13 @@ def check(results):
 # --- The document ------------------------------------------------------------------------------------------------------
 
 programs = {
-    "typed-access": ("Typed access", """On a store in memory that does next to nothing, so that what the library adds shows. The
-floor locks the weak reference, makes the store's call, and converts the value with Qt's and the platform library's own
-functions, in a function of the program's own; "written out" it stands where the value is wanted, without the call of a
-function. QSettings in memory keeps a list split and copies a reference to it, which is faster than any conversion."""),
+    "typed-access": ("Typed access", """On a store in memory that does almost nothing, so that the library's own cost shows. The
+floor locks the weak reference, calls the store, and converts the value with the functions of Qt and the platform library, in
+a function of the program; "written out" is the same code without the call of that function. QSettings in memory
+keeps a list split and copies a reference to it, which is faster than any conversion."""),
     "locations": ("Locations", """The folders below the user's movies, music and caches, and the preferences that fall
 back on them. The floor is the call of GetStandardPath that each makes once. For movies and music it reads user-dirs.dirs;
-the cache comes from the environment alone, so that putting the text together shows beside it."""),
+the cache comes from the environment alone, so that the cost of joining the text shows."""),
     "names": ("Names", """Numbers are entries of the folder; all count but in "mixed", where one in a hundred of 10,000 does.
 In "pattern" the source's name is a pattern, and in the rows that name a script it is written in that; "decomposed" has
 accents as characters of their own. The floor is a pass of readdir over the folder that counts regular files; the
@@ -213,14 +213,13 @@ composition is a sorted, filtered QDir list and a regular expression. "Taken" ar
 peers look for a free number."""),
     "sample-search": ("Sample search", """A hundred folders of a hundred files, on the disk. The floor is a walk with openat and
 getdents64 that ends at the same file."""),
-    "storage": ("Storage", """On the disk, sixty settings in the file. The floor is SQLite itself, called plainly, in the same journal
-mode and with the same waiting for the disk; it does not look whether the file is sound when it opens it. QSettings and
-KConfig sync after a write, and before a read. QSettings has a file of its own, or is asked for by name, as programs mostly
-do: it then also asks for the file of the organisation and for those of the system. A durable write waits for the disk,
-which is faster at one time than at another, also within a run: how far the library is ahead of the peers there differs from
-run to run."""),
-    "load": ("Load", """The floor is an empty library that asks for the same libraries. The goal is about the start of a process, in which
-an editor loads it; loaded into a process that has Qt already, the library's own part shows alone."""),
+    "storage": ("Storage", """On the disk, sixty settings in the file. The floor is SQLite itself, in the same journal
+mode and with the same syncs; it does not check the file when it opens it. QSettings and
+KConfig sync after a write, and before a read. QSettings opens a file by path, or by name, as most programs do: then it also
+looks for the file of the organisation and for those of the system. A durable write waits for the disk, whose speed varies
+within a run, so the library's lead over the peers varies from run to run."""),
+    "load": ("Load", """The floor is an empty library that links the same libraries. The goal covers the start of a process, in which an
+editor loads it; in a process that has Qt already, the library's own part shows alone."""),
 }
 
 
@@ -315,24 +314,24 @@ def document(results, facts):
     rounds = ", ".join(f"{program} {len(results[program])}" for program in programs)
     yield f"""# How fast it is
 
-Made by `scripts/bench`; do not edit. To repeat it, run that on a machine that does nothing else; it takes some minutes.
+Written by `scripts/bench`; do not edit. To repeat the measurement, run it on an idle machine; it takes some minutes.
 `scripts/bench --check` measures the same, writes nothing, and exits with 1 where a goal within reach is missed.
 
 {facts}
 
-Each program measures what it compares in one process, in random alternation, each five times or more for at least ten
-milliseconds, but for what takes long by itself; and is started in rounds
+Each program compares its subjects in one process and in random order, each five times or more for at least ten
+milliseconds, except those that take long by themselves, and runs in several rounds
 ({rounds}).
-Where they are compared closely, library and floor are measured by turns, so that other programs' load affects both alike.
-Times are medians. In parentheses stands how many times the library's a time is: the median of the rounds' own ratios, and
-not the quotient of the two times shown. On another machine only such ratios can be expected to be alike.
+Where the comparison is close, library and floor take turns, so that other programs' load affects both alike.
+Times are medians. A number in parentheses is the ratio of a time to the library's: the median of the rounds' own ratios, not
+the quotient of the two times shown. Only ratios can be compared between machines.
 
 ## Goals
 
-Of each goal the row that came out worst. "x" is the library's time by the other's, "x faster" the other's by the
-library's. Out of reach is a goal that on this machine the floor misses as well, or would with the {granted_beyond_floor} times its time that
-the library is granted: what the kernel, or SQLite in the store's journal mode, takes for the answer is already too much. In
-such a row the library takes at most {farthest_from_floor} times the floor's time; otherwise the goal counts as missed.
+The worst row of each goal. "x" is the library's time divided by the other's, "x faster" the other's by the library's. A goal
+is out of reach where the floor misses it too on this machine, or would with {granted_beyond_floor} times its time, which the library is
+granted: the kernel, or SQLite in the store's journal mode, already takes too long. In such a row the library takes at most
+{farthest_from_floor} times the floor's time; otherwise the goal counts as missed.
 """
     yield from goal_table(results)
     for program in programs:
