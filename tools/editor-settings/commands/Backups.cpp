@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "commands/Backups.h"
-
 #include "commands/Commands.h"
 #include "commands/Output.h"
 #include "terminal/Escaping.h"
@@ -9,11 +7,11 @@
 #include <Inspection/RowDifference.h>
 
 #include <absl/strings/str_cat.h>
-#include <memory>
 
 #include <Storage/Backup.h>
 
 #include <algorithm>
+#include <memory>
 
 using Catalogue::Store;
 using Inspection::inUtc;
@@ -85,8 +83,7 @@ std::string summary(Storage::Backup const& backup, Restored const& restored, boo
     return restored.kept ? absl::StrCat(differing, "; what was there is kept in ", restored.kept->u8string()) : differing;
 }
 
-} // namespace
-
+// Writes a copy of the stores to the new file `file`. Throws `UserError` where there is no store.
 void backUpStores(Host::Application const& application, std::string const& file)
 {
     std::map<std::string, SqliteStorage const*> present;
@@ -104,6 +101,8 @@ void backUpStores(Host::Application const& application, std::string const& file)
         progress.aside(absl::StrCat("the ", store, " store is backed up with ", counted(written.rows(store).size(), "value")));
 }
 
+// Makes the stores what they are in the backup `file`, and tells where what was there is kept; with `isDryRun` only
+// tells what would change. A store that the backup does not hold stays as it is.
 void restoreStores(Host::Application const& application, std::string const& file, bool isDryRun, Format format)
 {
     std::vector<Restored> all;
@@ -131,8 +130,6 @@ void restoreStores(Host::Application const& application, std::string const& file
     else
         printAsTable(all, format);
 }
-
-namespace {
 
 Command backupCommand()
 {

@@ -1,8 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "commands/Doctor.h"
-
 #include "commands/Commands.h"
-#include "commands/HomeFolder.h"
 #include "commands/Output.h"
 #include "terminal/Escaping.h"
 #include "terminal/ProgressLine.h"
@@ -199,8 +196,8 @@ void printAsJson(Report const& report)
                {"isWell", report.isWell()}});
 }
 
-} // namespace
-
+// Prints the findings about the home folder, the product file, both stores and the folders that the editor writes to.
+// Changes nothing, except that SQLite undoes an interrupted change. Returns whether there are only notes.
 bool examineAll(fs::path const& productFile, std::optional<fs::path> const& storeFolder, Format format)
 {
     Report const report = reportOn(productFile, storeFolder);
@@ -212,6 +209,8 @@ bool examineAll(fs::path const& productFile, std::optional<fs::path> const& stor
         printForPeople(report);
     return report.isWell();
 }
+
+} // namespace
 
 Command doctorCommand()
 {

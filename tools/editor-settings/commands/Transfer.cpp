@@ -1,9 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "commands/Transfer.h"
-
 #include "commands/Commands.h"
-
-#include "commands/HomeFolder.h"
 #include "commands/Output.h"
 #include "terminal/Escaping.h"
 #include "terminal/InputFile.h"
@@ -40,6 +36,14 @@ using Storage::SqliteStorage;
 
 namespace {
 
+struct TransferOptions {
+    std::string file;              // "-" for standard output or input.
+    std::vector<std::string> only; // The classes of the keys that count; empty for all keys.
+    bool redact = false;           // Export: keep values by what their class promises, and no unknown keys.
+    bool withUnknown = false;      // Import: take keys that the library never asks for.
+    bool dryRun = false;           // Import: print what would change, and change nothing.
+};
+
 Inspection::Selection selection(TransferOptions const& options) { return {options.only, options.redact}; }
 
 Inspection::StoreBegins steps(Progress& progress, char const* what)
@@ -55,8 +59,6 @@ void printUncarried(std::vector<Inspection::Uncarried> const& rows, char const* 
                                            : absl::StrCat("holds a value of kind ", quoted(kind), " that this version cannot read"),
                                 ", so it is ", consequence));
 }
-
-} // namespace
 
 // --- export ---
 
@@ -78,8 +80,6 @@ void exportSettings(Host::Application const& application, TransferOptions const&
 }
 
 // --- diff ---
-
-namespace {
 
 std::string shownFile(TransferOptions const& options) { return options.file == "-" ? "standard input" : quoted(options.file); }
 
@@ -173,8 +173,7 @@ void print(std::vector<Difference> const& differences, Format format)
         printTable(table, {"CHANGE", "STORE", "KEY", "STORED", "FILE"}, format);
 }
 
-} // namespace
-
+// Whether anything differs.
 bool showDifferences(Host::Application const& application, TransferOptions const& options, Format format)
 {
     try {
@@ -194,8 +193,6 @@ bool showDifferences(Host::Application const& application, TransferOptions const
 }
 
 // --- import ---
-
-namespace {
 
 std::string shownOutcome(std::pair<Store, Inspection::Outcome> const& outcome)
 {
@@ -242,8 +239,6 @@ Document checkedDocument(TransferOptions const& options)
     }
 }
 
-} // namespace
-
 void importSettings(Host::Application const& application, TransferOptions const& options, Format format)
 {
     std::optional<Progress> progress(3);
@@ -263,8 +258,6 @@ void importSettings(Host::Application const& application, TransferOptions const&
 }
 
 // --- The verbs ---
-
-namespace {
 
 struct TransferWords {
     TransferOptions options;
