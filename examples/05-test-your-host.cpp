@@ -3,7 +3,7 @@
 // Tests of a host, with the test kit: no test sees the user's settings, and none leaves anything behind.
 //
 // The host here is one function. The kit gives what it would find: a home folder, product information, and stores that
-// keep values in memory, note every call, or fail when they are told to.
+// keep values in memory, note every call, or fail on request.
 #include <Settings/Settings.h>
 #include <TestKit/FailingStorage.h>
 #include <TestKit/FixedProductInfo.h>

@@ -2,7 +2,7 @@
 //
 // The default project name in the user's language.
 //
-// The library looks "New Project" up anew at each call, in the context "QObject". A .ts file with that context is all
+// The library looks "New Project" up at each call, in the context "QObject". A .ts file with that context is all
 // that it takes: lrelease makes a .qm file of it, which ships with the program and is installed as a translator.
 #include <Settings/Settings.h>
 

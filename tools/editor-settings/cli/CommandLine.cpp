@@ -218,7 +218,7 @@ private:
         if (use == StoreUse::none)
             return command.run(invocation);
         checkHome(use, m_global.home.empty() && isEmpty("XDG_DATA_HOME"));
-        std::optional<Progress> opening(1);
+        std::optional<ProgressLine> opening(1);
         opening->next("opening the stores");
         Host::Application const application(invocation.productFile, invocation.storeFolder, policyFor(use));
         opening.reset();

@@ -92,7 +92,7 @@ void backUpStores(Host::Application const& application, std::string const& file)
             present[name(store)] = now;
     if (present.empty())
         throw UserError("there is no store yet, so there is nothing to back up");
-    Progress progress(2);
+    ProgressLine progress(2);
     progress.next("copying the stores");
     Storage::Backup::write(file, present);
     progress.next("reading the copy");
@@ -106,7 +106,7 @@ void backUpStores(Host::Application const& application, std::string const& file)
 void restoreStores(Host::Application const& application, std::string const& file, bool isDryRun, Format format)
 {
     std::vector<Restored> all;
-    std::optional<Progress> progress(3);
+    std::optional<ProgressLine> progress(3);
     progress->next("reading the backup");
     Storage::Backup const backup(file);
     for (Store const store : stores) {

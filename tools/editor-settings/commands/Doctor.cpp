@@ -38,7 +38,7 @@ struct Report {
     void add(Findings const& more) { findings.insert(findings.end(), more.begin(), more.end()); }
 };
 
-void examineStores(Host::Application const& application, Report& report, Progress& progress)
+void examineStores(Host::Application const& application, Report& report, ProgressLine& progress)
 {
     for (Store const store : {Store::product, Store::common}) {
         progress.next(absl::StrCat("looking at the ", name(store), " store"));
@@ -51,7 +51,7 @@ void examineStores(Host::Application const& application, Report& report, Progres
 Report reportOn(fs::path const& productFile, std::optional<fs::path> const& storeFolder)
 {
     Report report = {productFile.u8string(), {}, {}};
-    Progress progress(4);
+    ProgressLine progress(4);
     progress.next("opening the stores");
     try {
         Host::Application const application(productFile, storeFolder, Host::StorePolicy::leaveOutUnusable);

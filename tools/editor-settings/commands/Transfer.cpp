@@ -46,7 +46,7 @@ struct TransferOptions {
 
 Inspection::Selection selection(TransferOptions const& options) { return {options.only, options.redact}; }
 
-Inspection::StoreBegins steps(Progress& progress, char const* what)
+Inspection::StoreBegins steps(ProgressLine& progress, char const* what)
 {
     return [&progress, what](Store store) { progress.next(absl::StrCat(what, " the ", name(store), " store")); };
 }
@@ -64,7 +64,7 @@ void printUncarried(std::vector<Inspection::Uncarried> const& rows, char const* 
 
 void exportSettings(Host::Application const& application, TransferOptions const& options)
 {
-    std::optional<Progress> progress(3);
+    std::optional<ProgressLine> progress(3);
     Inspection::Export const result = Inspection::exported(application, selection(options), steps(*progress, "reading"));
     progress->next("writing the file");
     std::string const bytes = written(result.document);
@@ -177,7 +177,7 @@ void print(std::vector<Difference> const& differences, Format format)
 bool showDifferences(Host::Application const& application, TransferOptions const& options, Format format)
 {
     try {
-        std::optional<Progress> progress(3);
+        std::optional<ProgressLine> progress(3);
         progress->next(isTyped(options) ? "" : "reading the file");
         Document const wanted = document(options);
         Comparison const comparison = Inspection::compared(application, selection(options), wanted, steps(*progress, "comparing with"));
@@ -210,7 +210,7 @@ std::string shownOutcome(std::pair<Store, Inspection::Outcome> const& outcome)
 
 void import(Host::Application const& application, std::vector<Difference> const& differences)
 {
-    Progress progress(2);
+    ProgressLine progress(2);
     auto const& [error, outcomes] = Inspection::imported(application, differences, steps(progress, "changing"));
     if (!error)
         return;
@@ -241,7 +241,7 @@ Document checkedDocument(TransferOptions const& options)
 
 void importSettings(Host::Application const& application, TransferOptions const& options, Format format)
 {
-    std::optional<Progress> progress(3);
+    std::optional<ProgressLine> progress(3);
     progress->next(isTyped(options) ? "" : "reading the file");
     Document const wanted = checkedDocument(options);
     Comparison comparison = Inspection::compared(application, selection(options), wanted, steps(*progress, "comparing with"));
