@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""What the benchmarks say: the goals, the document, the data of the plots, and whether a program measures what goals name.
+"""What the benchmarks say: the goals, the document, and whether a program measures what goals name.
 
 report.py smoke PROGRAM [--without PEER]   runs its shortest form; every benchmark that a goal names must be there
 report.py check RESULTS                    names the goals that are missed and exits with 1 where there are any; names those
                                            that are out of reach of this machine, as the floor misses or all but misses
                                            them too
-report.py document RESULTS FACTS           prints the document and writes RESULTS/*.dat for the plots
+report.py document RESULTS FACTS           prints the document
 
 RESULTS holds PROGRAM.ROUND.json, as Google Benchmark writes them. A figure is the median of the rounds; what is compared
 is compared within each round first. In goals.tsv {a,b} stands for each in turn, * for the row on the left, "A over B" for
@@ -21,7 +21,6 @@ import re
 import statistics
 import subprocess
 import sys
-import textwrap
 
 here = pathlib.Path(__file__).parent
 nanoseconds = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
@@ -287,14 +286,10 @@ counted = {
               "more allocations": "Allocations for a million entries, beyond those for none:"},
 }
 
-plots = {"typed-access": "typed-access", "names": "folder-size freeze-frames", "storage": "storage"}
-
 
 def section(program, rounds):
     title, words = programs[program]
     yield f"\n## {title}\n\n{words}\n"
-    for plot in plots.get(program, "").split():
-        yield f"![{title}: {plot.replace('-', ' ')}](performance/{plot}.svg)\n"
     yield from times(rounds)
     for counter, heading in counted.get(program, {}).items():
         yield f"\n{heading}\n"
@@ -338,39 +333,6 @@ granted: the kernel, or SQLite in the store's journal mode, already takes too lo
         yield from section(program, results[program])
 
 
-def label(row):
-    """Below a bar: a word in each line, or two where there are many."""
-    return "\\n".join(textwrap.wrap(row, 15 if row.count(" ") > 2 else 1, break_long_words=False))
-
-
-def plot_data(results, folder):
-    def write(name, header, lines):
-        text = "\n".join(["# " + "\t".join(header)] + ["\t".join(line) for line in lines])
-        (folder / f"{name}.dat").write_text(text + "\n")
-
-    def time(program, row, side):
-        found = median(results[program], lambda of: of[f"{row}/{side}"])
-        return "?" if found is None else f"{found:.1f}"
-
-    def compare(name, rows, sides):
-        write(name, ["row"] + sides, ([f'"{label(row)}"'] + [time(name, row, side) for side in sides] for row in rows))
-
-    for program in ("typed-access", "storage"):
-        compare(program, rows_and_sides(results[program])[0], ["library", "floor", "QSettings", "KConfig"])
-    generators = ["recording", "freeze frame", "stabilized clip"]
-    for place in ("disk", "tmpfs"):
-        write(f"folder-size-{place}", ["entries"] + generators + ["composition", "floor"],
-              ([size] + [time("names", f"{generator} {size} {place}", "library") for generator in generators] +
-               [time("names", f"recording {size} {place}", side) for side in ("composition", "floor")]
-               for size in ("1000", "10000", "100000", "1000000")))
-        sides = ["library", "floor", "KFileUtils", "probing"]
-        write(f"freeze-frames-{place}", ["taken"] + sides,
-              ([size] + [time("names", f"freeze frame, {size} taken, {place}", side) for side in sides]
-               for size in ("500", "5000", "50000")))
-
-
-# --- A program by itself -----------------------------------------------------------------------------------------------
-
 def is_long(name):
     """Whether it is left out of the shortest form."""
     return re.search(r"\b(5000|10000|50000|100000|1000000)\b", name)
@@ -399,7 +361,6 @@ def main(command, path, *more):
     if command == "check":
         return check(results)
     facts = pathlib.Path(more[0]).read_text().strip()
-    plot_data(results, pathlib.Path(path))
     print("\n".join(document(results, facts)))
     return 0
 

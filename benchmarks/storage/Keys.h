@@ -42,7 +42,7 @@ inline char const* const durableWrite = "durable write";
 /// A disk takes now less and now more time for the same, so writes alternate more often.
 inline int writeRepetitions(bool isShort) { return isShort ? 1 : 25; }
 
-/// Gives a file another time than it ever had, as if it had been written anew.
+/// Gives a file a time that it never had, as a rewrite would.
 inline void makeYounger(std::string const& file, int number)
 {
     std::filesystem::last_write_time(file, std::filesystem::file_time_type::clock::now() + std::chrono::seconds(number));

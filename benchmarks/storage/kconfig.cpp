@@ -33,7 +33,7 @@ using Shared = std::shared_ptr<Peer>;
 
 void addReadsAndWrites(Shared const& peer)
 {
-    // It reads its file anew in any case.
+    // It reads its file again in any case.
     for (char const* const row : {"read that sees other processes", "read after another process wrote"})
         Bench::add(row, "KConfig", [peer] {
             peer->config.reparseConfiguration();

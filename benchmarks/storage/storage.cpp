@@ -108,7 +108,7 @@ private:
 };
 
 struct Surroundings {
-    Files own;   // for what is opened anew each time
+    Files own;   // for stores that are opened each time
     Files files; // the later one is where QSettings looks by name
     Storage::SqliteStorage store{files.store};
     PlainSqlite sqlite{files.copy};

@@ -70,7 +70,7 @@ void repeat(benchmark::State& state, Work const& work)
         call(work);
 }
 
-/// Adds the benchmark "row/side", which is told its state.
+/// Adds the benchmark "row/side", which takes its state.
 template <typename Run>
 benchmark::internal::Benchmark* addRun(std::string const& row, std::string const& side, Run run)
 {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the fuzz targets share: how an input is told in lines, the library bound in a home folder of its own, and what
+// What the fuzz targets share: how an input is split into lines, the library bound in a home folder of its own, and what
 // becomes of a finding.
 #pragma once
 

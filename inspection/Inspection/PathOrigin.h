@@ -37,11 +37,11 @@ struct Decision {
 
     By by = By::library;
     std::string name;                 ///< Of the variable, line, field, preference or function.
-    std::optional<std::string> value; ///< Null where nothing is set.
+    std::optional<std::string> value; ///< nullopt for an unset one.
     std::string where = {};           ///< The file; empty where it is no file's.
     int line = 0;                     ///< The line in the file, from 1; 0 where no line decides.
     Lookup lookup = Lookup::found;
-    /// What holds where nothing is found: a path, relative to the home folder or absolute; of a preference, a location.
+    /// The fallback: a path, relative to the home folder or absolute; of a preference, a location.
     std::string fallback = {};
     std::string error = {};
 };

@@ -32,12 +32,12 @@ private:
 
 TEST_F(Reference, PageOfPreferencesIsWhatTheProgramPrints)
 {
-    EXPECT_EQ(preferences(), committed("preferences.md")) << "scripts/docs writes it anew";
+    EXPECT_EQ(preferences(), committed("preferences.md")) << "scripts/docs rewrites it";
 }
 
 TEST_F(Reference, PageOfLocationsIsWhatTheProgramPrints)
 {
-    EXPECT_EQ(locations(), committed("locations.md")) << "scripts/docs writes it anew";
+    EXPECT_EQ(locations(), committed("locations.md")) << "scripts/docs rewrites it";
 }
 
 TEST_F(Reference, IsTheSameForAUserWhoHasSetEverything)

@@ -258,7 +258,7 @@ TEST_F(Applications, MissingStoresAreLeftOutWhereAskedFor)
     EXPECT_THROW(Settings::setKeepVideoAspect(true), std::logic_error);
     EXPECT_THROW(Settings::setExportPath(QString()), std::logic_error);
     EXPECT_THROW(Settings::setMainWindowState({}), std::logic_error);
-    EXPECT_FALSE(std::filesystem::exists(m_home.path() / "elsewhere")) << "to look makes nothing";
+    EXPECT_FALSE(std::filesystem::exists(m_home.path() / "elsewhere")) << "looking creates nothing";
 }
 
 TEST_F(Applications, StoreThatIsThereIsOpenedAlsoWhereTheOtherIsMissing)

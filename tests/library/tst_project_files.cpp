@@ -269,7 +269,7 @@ struct Tree {
     std::string extensions;
     std::vector<Entry> entries;
     std::string found;
-    std::string control; // a file that is found in the same tree where nothing else is
+    std::string control; // a file that is found where no other matches
 };
 
 class SampleProject : public SampleProjects, public testing::WithParamInterface<Tree> {};

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the program says no to, word for word: what is wrong, and what to do next.
+// The error texts, word for word: what is wrong, and what to do.
 #include "Tool.h"
 
 #include <Storage/SqliteStorage.h>

@@ -190,7 +190,7 @@ Words askFish(std::string const& script, std::vector<std::string> const& line)
 struct ShellCase {
     char const* name;
     Shell ask;
-    Words files; // how the shell is told to complete with files; fish does it itself
+    Words files; // what asks the shell for files; fish completes them itself
     Words folders;
 };
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The verb that looks for what is wrong: each finding is made, told and, where nothing is wrong, not told.
+// The verb "doctor": its output in each format, and its exit status.
 #include "LastingFolder.h"
 #include "Tool.h"
 

@@ -76,7 +76,7 @@ TEST_F(Tool, UnsetBringsTheDefaultBack)
     EXPECT_EQ(again.err, "editor-settings: npsSendCount was not set\n");
 }
 
-// --- What is said no to ---
+// --- Errors ---
 
 struct Refused {
     char const* meaning;

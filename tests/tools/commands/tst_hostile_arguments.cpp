@@ -23,7 +23,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-// What a terminal would obey, in UTF-8 and beside it, and how it is told.
+// Bytes that a terminal would obey, in UTF-8 and not, and how they are escaped.
 std::string const obeyed = "\x1b]0;x\x07\n\t\x7f\xC2\x9B"
                            "1m";
 std::string const obeyedTold = R"(\x1b]0;x\x07\n\t\x7f\xc2\x9b1m)";
@@ -273,7 +273,7 @@ TEST_F(Hostile, LongestWordIsStoredWhole)
     EXPECT_EQ(said({"indication", word}), "AP8=\n");
 }
 
-TEST_F(Hostile, LongWordThatIsSaidNoToIsToldInItsBeginning)
+TEST_F(Hostile, LongWordThatIsRefusedIsToldInItsBeginning)
 {
     std::string const beginning = std::string(199, 'x') + "\xE2\x80\xA6";
     EXPECT_EQ(refused({"get", std::string(longest, 'x')}),
@@ -295,7 +295,7 @@ TEST_F(Hostile, LongPatternEnds)
     EXPECT_EQ(lines(said({"list", std::string(longest, '*'), "--plain"})).size(), 56u);
 }
 
-TEST_F(Hostile, SourceThatNestsDeepIsSaidNoTo)
+TEST_F(Hostile, SourceThatNestsDeepIsRefused)
 {
     EXPECT_EQ(refused({"next-name", "stabilized", std::string(longest, '('), "mp4"}),
               "editor-settings: '" + std::string(199, '(') + "\xE2\x80\xA6' is longer than a path can be; give the name of a file\n");
@@ -387,7 +387,7 @@ TEST_F(Hostile, ListIsTakenFromTheLinesOfAFile)
               "out (--empty stores an empty list)\n");
 }
 
-TEST_F(Hostile, FileThatHoldsNoValueOfTheTypeIsSaidNoTo)
+TEST_F(Hostile, FileThatHoldsNoValueOfTheTypeIsRefused)
 {
     std::string const file = m_home.write("value", "x\xFF\n").string();
     EXPECT_EQ(refused({"set", "lastTarget", "--from-file", file}),
@@ -511,7 +511,7 @@ TEST_F(Hostile, LongAnswerIsNotLostInPart)
 {
     said({"set", "lastTarget", "--from-file", m_home.write("value", std::string(million, 'x')).string()});
     EXPECT_EQ(said({"get", "lastTarget"}).size(), million + 1);
-    // More than the shell lets a file grow: the beginning is there, and the rest is told to be missing.
+    // More than the shell lets a file grow: the beginning is there, and the error says that the rest is missing.
     Ended const ended = run({"sh", "-c", "ulimit -f 8; trap '' XFSZ; exec >'" + inHome("answer") + "' \"$0\" get lastTarget", TOOL});
     EXPECT_EQ(ended.status, 1);
     EXPECT_EQ(ended.err, "editor-settings: cannot write to standard output: File too large\n");
@@ -569,7 +569,7 @@ TEST_F(Hostile, AnswerIsWholeWithoutTheOtherStreams)
 
 // --- Any words at all ---
 
-TEST_F(Hostile, RandomWordsAreAnsweredOrSaidNoToAndNothingElse)
+TEST_F(Hostile, RandomWordsAreAnsweredOrRefusedAndNothingElse)
 {
     char const* const given = std::getenv("EDITOR_SETTINGS_SEED");
     unsigned const seed = given ? static_cast<unsigned>(std::strtoul(given, nullptr, 10)) : 20260501u;

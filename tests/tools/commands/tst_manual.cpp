@@ -62,7 +62,7 @@ TEST_F(Manual, PageTellsEveryVerbAndOptionOfTheHelp)
         std::string const section = page.substr(begin, page.find("\n.S", begin) - begin);
         for (std::string const& option : longOptions({verb}))
             EXPECT_EQ(section.find("\\fB" + option + "\\fR") == std::string::npos, option.find("--help") == 0)
-                << verb << " has no " << option << ", or tells --help anew";
+                << verb << " has no " << option << ", or repeats --help";
     }
     EXPECT_NE(
         page.find(

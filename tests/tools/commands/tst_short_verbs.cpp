@@ -105,7 +105,7 @@ TEST_F(ShortVerbs, ValueOfAnotherKindIsTold)
                          "Indication/x' shows both\n");
 }
 
-TEST_F(ShortVerbs, WrongWordsAreSaidNoTo)
+TEST_F(ShortVerbs, WrongWordsAreRefused)
 {
     EXPECT_EQ(refused({"indication", "x", "a*b"}),
               "editor-settings: Indication/x holds bytes and cannot be 'a*b'; give the bytes in base64, or "

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The verbs that carry stored values from one place to another: what an export holds, what an import takes and what it
-// leaves as it is, and how the two are told apart.
+// leaves as it is, and how the two differ.
 #include "Tool.h"
 
 #include <Storage/SqliteStorage.h>

@@ -7,7 +7,6 @@
 #include "cli/ManualPage.h"
 #include "cli/UsageErrors.h"
 #include "commands/Commands.h"
-#include "commands/HomeFolder.h"
 #include "terminal/Escaping.h"
 #include "terminal/Pager.h"
 #include "terminal/ProgressLine.h"
@@ -15,6 +14,7 @@
 #include "terminal/Terminal.h"
 
 #include <Inspection/PreferenceState.h>
+#include <Inspection/checks/FolderChecks.h>
 #include <Settings/Version.h>
 
 #include <CLI/CLI.hpp>
@@ -122,11 +122,13 @@ bool isEmpty(char const* variable)
 // A store created below a folder that only looks like the user's would be lost to the editor.
 void checkHome(StoreUse use, bool storesLieInHome)
 {
-    std::string const trouble = troubleWithTheHome();
-    if (changesStores(use) && storesLieInHome && !trouble.empty())
-        throw UserError(absl::StrCat(trouble, "; set HOME to your folder, or name one for the stores with --home"));
+    Inspection::Findings const findings = Inspection::checkHome();
+    if (findings.empty())
+        return;
+    if (changesStores(use) && storesLieInHome)
+        throw UserError(absl::StrCat(findings.front().what, "; set HOME to your folder, or name one for the stores with --home"));
     if (!changesStores(use) && use != StoreUse::readQuietly && isEmpty("HOME"))
-        printError(absl::StrCat(trouble, "; set HOME to your folder"));
+        printError(absl::StrCat(findings.front().what, "; set HOME to your folder"));
 }
 
 void printReadOnlyStores(Host::Application const& application)
@@ -216,7 +218,7 @@ private:
         if (use == StoreUse::none)
             return command.run(invocation);
         checkHome(use, m_global.home.empty() && isEmpty("XDG_DATA_HOME"));
-        std::optional<Progress> opening(1);
+        std::optional<ProgressLine> opening(1);
         opening->next("opening the stores");
         Host::Application const application(invocation.productFile, invocation.storeFolder, policyFor(use));
         opening.reset();

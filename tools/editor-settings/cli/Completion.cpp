@@ -215,14 +215,20 @@ void printCandidates(std::vector<Option> const& global, std::vector<Command> con
 
 void printCompletionScript(std::string const& shell)
 {
-    static std::map<std::string, char const*> const files = {{"bash", "bash-completion/completions/editor-settings"},
-                                                             {"zsh", "zsh/site-functions/_editor-settings"},
-                                                             {"fish", "fish/vendor_completions.d/editor-settings.fish"}};
-    std::filesystem::path const file = Host::installedProductFile().parent_path().parent_path() / files.at(shell);
-    try {
-        std::cout << Host::fileContent(file);
-    } catch (std::system_error const& error) {
-        throw UserError(
-            absl::StrCat("cannot read ", quoted(file.u8string()), " (", error.code().message(), "); install the program again"));
+    // Debian keeps scripts for zsh in a folder of its own name.
+    static std::map<std::string, std::vector<char const*>> const files = {
+        {"bash", {"bash-completion/completions/editor-settings"}},
+        {"zsh", {"zsh/site-functions/_editor-settings", "zsh/vendor-completions/_editor-settings"}},
+        {"fish", {"fish/vendor_completions.d/editor-settings.fish"}}};
+    std::filesystem::path const share = Host::installedProductFile().parent_path().parent_path();
+    std::string trouble;
+    for (char const* const file : files.at(shell)) {
+        try {
+            std::cout << Host::fileContent(share / file);
+            return;
+        } catch (std::system_error const& error) {
+            trouble = absl::StrCat("cannot read ", quoted((share / file).u8string()), " (", error.code().message(), ")");
+        }
     }
+    throw UserError(trouble + "; install the program again");
 }

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "commands/Backups.h"
-
 #include "commands/Commands.h"
 #include "commands/Output.h"
 #include "terminal/Escaping.h"
@@ -9,11 +7,11 @@
 #include <Inspection/RowDifference.h>
 
 #include <absl/strings/str_cat.h>
-#include <memory>
 
 #include <Storage/Backup.h>
 
 #include <algorithm>
+#include <memory>
 
 using Catalogue::Store;
 using Inspection::inUtc;
@@ -85,8 +83,7 @@ std::string summary(Storage::Backup const& backup, Restored const& restored, boo
     return restored.kept ? absl::StrCat(differing, "; what was there is kept in ", restored.kept->u8string()) : differing;
 }
 
-} // namespace
-
+// Writes a copy of the stores to the new file `file`. Throws `UserError` where there is no store.
 void backUpStores(Host::Application const& application, std::string const& file)
 {
     std::map<std::string, SqliteStorage const*> present;
@@ -95,7 +92,7 @@ void backUpStores(Host::Application const& application, std::string const& file)
             present[name(store)] = now;
     if (present.empty())
         throw UserError("there is no store yet, so there is nothing to back up");
-    Progress progress(2);
+    ProgressLine progress(2);
     progress.next("copying the stores");
     Storage::Backup::write(file, present);
     progress.next("reading the copy");
@@ -104,10 +101,12 @@ void backUpStores(Host::Application const& application, std::string const& file)
         progress.aside(absl::StrCat("the ", store, " store is backed up with ", counted(written.rows(store).size(), "value")));
 }
 
+// Makes the stores what they are in the backup `file`, and tells where what was there is kept; with `isDryRun` only
+// tells what would change. A store that the backup does not hold stays as it is.
 void restoreStores(Host::Application const& application, std::string const& file, bool isDryRun, Format format)
 {
     std::vector<Restored> all;
-    std::optional<Progress> progress(3);
+    std::optional<ProgressLine> progress(3);
     progress->next("reading the backup");
     Storage::Backup const backup(file);
     for (Store const store : stores) {
@@ -131,8 +130,6 @@ void restoreStores(Host::Application const& application, std::string const& file
     else
         printAsTable(all, format);
 }
-
-namespace {
 
 Command backupCommand()
 {

@@ -1,8 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "commands/Doctor.h"
-
 #include "commands/Commands.h"
-#include "commands/HomeFolder.h"
 #include "commands/Output.h"
 #include "terminal/Escaping.h"
 #include "terminal/ProgressLine.h"
@@ -41,7 +38,7 @@ struct Report {
     void add(Findings const& more) { findings.insert(findings.end(), more.begin(), more.end()); }
 };
 
-void examineStores(Host::Application const& application, Report& report, Progress& progress)
+void examineStores(Host::Application const& application, Report& report, ProgressLine& progress)
 {
     for (Store const store : {Store::product, Store::common}) {
         progress.next(absl::StrCat("looking at the ", name(store), " store"));
@@ -54,7 +51,7 @@ void examineStores(Host::Application const& application, Report& report, Progres
 Report reportOn(fs::path const& productFile, std::optional<fs::path> const& storeFolder)
 {
     Report report = {productFile.u8string(), {}, {}};
-    Progress progress(4);
+    ProgressLine progress(4);
     progress.next("opening the stores");
     try {
         Host::Application const application(productFile, storeFolder, Host::StorePolicy::leaveOutUnusable);
@@ -199,8 +196,8 @@ void printAsJson(Report const& report)
                {"isWell", report.isWell()}});
 }
 
-} // namespace
-
+// Prints the findings about the home folder, the product file, both stores and the folders that the editor writes to.
+// Changes nothing, except that SQLite undoes an interrupted change. Returns whether there are only notes.
 bool examineAll(fs::path const& productFile, std::optional<fs::path> const& storeFolder, Format format)
 {
     Report const report = reportOn(productFile, storeFolder);
@@ -212,6 +209,8 @@ bool examineAll(fs::path const& productFile, std::optional<fs::path> const& stor
         printForPeople(report);
     return report.isWell();
 }
+
+} // namespace
 
 Command doctorCommand()
 {

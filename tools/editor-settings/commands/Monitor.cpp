@@ -1,8 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "commands/Monitor.h"
-
 #include "commands/Commands.h"
-
 #include "terminal/Escaping.h"
 #include <Inspection/PreferenceState.h>
 #include <Inspection/RowDifference.h>
@@ -64,8 +61,8 @@ sigset_t heldBackSignals()
     return ends;
 }
 
-} // namespace
-
+// Prints each change that another process makes to a store, until SIGINT or SIGTERM. Waits for a missing store. Prints an
+// error with a store once on standard error, and keeps watching it.
 void monitorStores(Host::Application const& application, Format format)
 {
     sigset_t const ends = heldBackSignals();
@@ -81,6 +78,8 @@ void monitorStores(Host::Application const& application, Format format)
             std::cout.flush();
         }
 }
+
+} // namespace
 
 Command monitorCommand()
 {

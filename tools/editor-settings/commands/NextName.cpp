@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "commands/NextName.h"
-
 #include "commands/Commands.h"
 #include "commands/Output.h"
 #include "terminal/Escaping.h"
@@ -8,7 +6,6 @@
 #include <Inspection/ValueFormat.h>
 
 #include <absl/strings/str_cat.h>
-#include <memory>
 
 #include <Settings/Settings.h>
 
@@ -20,6 +17,7 @@
 #include <csignal>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <system_error>
 
 #include <fcntl.h>
@@ -30,6 +28,15 @@ using Inspection::isUtf8;
 using Inspection::PathStatus;
 
 namespace {
+
+enum class NewFile { audio, freeze, stabilized };
+
+struct NextNameOptions {
+    NewFile file = NewFile::audio;
+    std::string source;   // The file that a freeze frame or a stabilized clip is made of; only its name counts.
+    std::string format;   // Of a stabilized clip.
+    bool reserve = false; // Make the file, empty, so that the name is taken.
+};
 
 QString utf8(std::string const& word)
 {
@@ -153,8 +160,7 @@ fs::path reserved(NextNameOptions const& options)
     }
 }
 
-} // namespace
-
+// Prints the path that the library proposes, or the one that was reserved. Throws `UserError` where none can be.
 void showNextName(NextNameOptions const& options, Format format)
 {
     // The file exists even where nobody reads its name any more, so the error below must still be printed.
@@ -169,8 +175,6 @@ void showNextName(NextNameOptions const& options, Format format)
         throw UserError(
             absl::StrCat(quoted(path), " is reserved, but standard output cannot be written; remove the file if it is not wanted"));
 }
-
-namespace {
 
 struct NextNameWords {
     NextNameOptions options;

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "commands/Paths.h"
-
 #include "commands/Commands.h"
 #include "commands/Output.h"
 #include "commands/Reference.h"
@@ -26,6 +24,18 @@ using Inspection::PathStatus;
 using nlohmann::ordered_json;
 
 namespace {
+
+enum class PathsView {
+    list,    // What each location gives now.
+    explain, // What decides it.
+    check,   // Whether it can be used.
+};
+
+struct PathsOptions {
+    std::string name;     // Of one location, or a pattern with the wildcards of a shell; empty for all.
+    std::string argument; // For a location that takes one.
+    PathsView view = PathsView::list;
+};
 
 // The location called `options.name`, asked about `options.argument`.
 LocationState oneLocation(PathsOptions const& options)
@@ -162,8 +172,8 @@ Answer check(std::vector<LocationState> const& locations, std::vector<std::strin
     return answer;
 }
 
-} // namespace
-
+// Prints the locations. Throws `UserError` for an unknown one, and after a check where the editor cannot use one that it
+// writes to.
 void showPaths(Host::Application const& application, PathsOptions const& options, Format format)
 {
     std::vector<LocationState> const locations = askedLocations(options);
@@ -185,28 +195,36 @@ void showPaths(Host::Application const& application, PathsOptions const& options
                                      "folder"));
 }
 
+struct PathsWords {
+    PathsOptions options;
+    bool isExplained = false;
+    bool isChecked = false;
+    std::string page;
+    FormatChoice format;
+};
+
+std::vector<Option> pathsOptions(PathsWords& words)
+{
+    return withFormat(
+        words.format, jsonHelp,
+        {Option("NAME", &words.options.name, "One location, or those that match, such as 'stock*'").completedBy(Candidates::locations),
+         Option("ARGUMENT", &words.options.argument, "What the location is asked about, where it takes that"),
+         Option("--explain", &words.isExplained, "What decides where a location lies"),
+         Option("--check", &words.isChecked,
+                "Whether they exist and can be used; exit status 1 where the editor cannot write to one that it writes to")
+             .excluding({"--explain"}),
+         pageOption(words.page, {"NAME", "ARGUMENT", "--explain", "--check", "--plain", "--json"})});
+}
+
+} // namespace
+
 Command pathsCommand()
 {
-    struct Words {
-        PathsOptions options;
-        bool isExplained = false;
-        bool isChecked = false;
-        std::string page;
-        FormatChoice format;
-    };
-    auto const words = std::make_shared<Words>();
+    auto const words = std::make_shared<PathsWords>();
     Command command;
     command.name = "paths";
     command.summary = "Where the editor's files and folders lie";
-    command.options = withFormat(
-        words->format, jsonHelp,
-        {Option("NAME", &words->options.name, "One location, or those that match, such as 'stock*'").completedBy(Candidates::locations),
-         Option("ARGUMENT", &words->options.argument, "What the location is asked about, where it takes that"),
-         Option("--explain", &words->isExplained, "What decides where a location lies"),
-         Option("--check", &words->isChecked,
-                "Whether they exist and can be used; exit status 1 where the editor cannot write to one that it writes to")
-             .excluding({"--explain"}),
-         pageOption(words->page, {"NAME", "ARGUMENT", "--explain", "--check", "--plain", "--json"})});
+    command.options = pathsOptions(*words);
     command.examples = {{"editor-settings paths 'stock*'", "Every location whose name begins with stock."},
                         {"editor-settings paths exportPath --explain", "What decides where exports go."},
                         {"editor-settings paths --check", "Whether the editor can write wherever it writes to."}};

@@ -11,14 +11,15 @@
 #include <Inspection/RowDifference.h>
 #include <Inspection/ValueFormat.h>
 
-#include <absl/strings/str_cat.h>
-#include <memory>
-
 #include <Host/FileContent.h>
+
+#include <absl/strings/str_cat.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <iostream>
+#include <memory>
+#include <optional>
 #include <sstream>
 #include <system_error>
 
@@ -66,6 +67,13 @@ Terminal::Style styleOf(State state)
         return Terminal::Style::bad;
     return state == State::set ? Terminal::Style::good : Terminal::Style::normal;
 }
+
+struct ListOptions {
+    std::string pattern;              // Of keys, with the wildcards of a shell; empty for all.
+    bool onlySet = false;             // Only what is stored.
+    bool onlyUnset = false;           // Only what is not stored.
+    std::optional<std::string> store; // Only "product" or "common".
+};
 
 bool isListed(PreferenceState const& preference, ListOptions const& options)
 {
@@ -194,30 +202,6 @@ std::string keyInFamily(Catalogue::Family const& family, std::string const& memb
         absl::StrCat("the name ", quotedBriefly(member), " is not UTF-8 without a byte order mark; give it as the editor writes it"));
 }
 
-void listPreferences(Host::Application const& application, ListOptions const& options, Format format)
-{
-    std::vector<PreferenceState> preferences = Inspection::preferenceStates(application);
-    auto const isLeftOut = [&](PreferenceState const& preference) { return !isListed(preference, options); };
-    preferences.erase(std::remove_if(preferences.begin(), preferences.end(), isLeftOut), preferences.end());
-    auto array = ordered_json::array();
-    std::vector<Columns> table;
-    for (PreferenceState const& preference : preferences) {
-        InspectedValue const& observation = preference.observation;
-        array.push_back({{"key", preference.key},
-                         {"type", typeName(observation.value)},
-                         {"store", preference.storeName()},
-                         {"state", Inspection::stateName(preference.state())},
-                         {"value", toJson(observation.value)},
-                         {"default", toJson(observation.defaultValue)}});
-        table.push_back({onOneLine(preference.key),
-                         typeName(observation.value),
-                         preference.storeName(),
-                         {Inspection::stateName(preference.state()), styleOf(preference.state())},
-                         inColumn(observation.value, format)});
-    }
-    format == Format::json ? printJson(array) : printTable(table, {"KEY", "TYPE", "STORE", "STATE", "VALUE"}, format);
-}
-
 void getPreference(Host::Application const& application, std::string const& key, Format format)
 {
     PreferenceState const found = knownPreference(application, key);
@@ -244,6 +228,33 @@ void setPreference(Host::Application const& application, std::string const& key,
         write(found, parsedFor(found, words));
 }
 
+namespace {
+
+void listPreferences(Host::Application const& application, ListOptions const& options, Format format)
+{
+    std::vector<PreferenceState> preferences = Inspection::preferenceStates(application);
+    auto const isLeftOut = [&](PreferenceState const& preference) { return !isListed(preference, options); };
+    preferences.erase(std::remove_if(preferences.begin(), preferences.end(), isLeftOut), preferences.end());
+    auto array = ordered_json::array();
+    std::vector<Columns> table;
+    for (PreferenceState const& preference : preferences) {
+        InspectedValue const& observation = preference.observation;
+        array.push_back({{"key", preference.key},
+                         {"type", typeName(observation.value)},
+                         {"store", preference.storeName()},
+                         {"state", Inspection::stateName(preference.state())},
+                         {"value", toJson(observation.value)},
+                         {"default", toJson(observation.defaultValue)}});
+        table.push_back({onOneLine(preference.key),
+                         typeName(observation.value),
+                         preference.storeName(),
+                         {Inspection::stateName(preference.state()), styleOf(preference.state())},
+                         inColumn(observation.value, format)});
+    }
+    format == Format::json ? printJson(array) : printTable(table, {"KEY", "TYPE", "STORE", "STATE", "VALUE"}, format);
+}
+
+// Stores the content of `file`, or of standard input for "-": each line an element of a list, any other value byte for byte.
 void setPreferenceFromFile(Host::Application const& application, std::string const& key, std::string const& file)
 {
     PreferenceState const found = preferenceToWrite(application, key);
@@ -307,8 +318,6 @@ void showProject(Format format)
 
 // --- The verbs ---
 
-namespace {
-
 constexpr char const* keyHelp = "The preference";
 
 Option keyOption(std::string& key) { return Option("KEY", &key, keyHelp).required().completedBy(Candidates::keys); }
@@ -368,28 +377,34 @@ Command getCommand()
     return command;
 }
 
+struct SetWords {
+    std::string key;
+    std::vector<std::string> values;
+    std::string file;
+    bool isEmpty = false;
+};
+
+std::vector<Option> setOptions(SetWords& words)
+{
+    return {keyOption(words.key),
+            Option("VALUE", &words.values,
+                   "A bool as true or false, an int in decimal, text in UTF-8, bytes in base64 or as @FILE, a list as one "
+                   "word for each element"),
+            Option("--empty", &words.isEmpty, "Stores an empty list").excluding({"VALUE"}),
+            fileOption("--from-file", words.file,
+                       "Stores what the file holds, or standard input where it is -: byte for byte, but for a list one "
+                       "element on each line")
+                .of("FILE")
+                .excluding({"VALUE", "--empty"})};
+}
+
 Command setCommand()
 {
-    struct Words {
-        std::string key;
-        std::vector<std::string> values;
-        std::string file;
-        bool isEmpty = false;
-    };
-    auto const words = std::make_shared<Words>();
+    auto const words = std::make_shared<SetWords>();
     Command command;
     command.name = "set";
     command.summary = "Stores a value";
-    command.options = {keyOption(words->key),
-                       Option("VALUE", &words->values,
-                              "A bool as true or false, an int in decimal, text in UTF-8, bytes in base64 or as @FILE, a list as one "
-                              "word for each element"),
-                       Option("--empty", &words->isEmpty, "Stores an empty list").excluding({"VALUE"}),
-                       fileOption("--from-file", words->file,
-                                  "Stores what the file holds, or standard input where it is -: byte for byte, but for a list one "
-                                  "element on each line")
-                           .of("FILE")
-                           .excluding({"VALUE", "--empty"})};
+    command.options = setOptions(*words);
     command.examples = {{"editor-settings set keepVideoAspect no", "Stores false."},
                         {"editor-settings set exportPath ~/Videos/Exports", "Stores another folder; the editor makes it."},
                         {"editor-settings set userCustomColors '#ff8800' navy", "Stores a list of two."},

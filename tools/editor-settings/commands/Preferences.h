@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The verbs about preferences and project files. Each prints its answer to standard output and throws `UserError` for a
-// request that it refuses.
+// Reading and storing one preference by its key, for every verb that does so.
 #pragma once
 
 #include "terminal/Table.h"
@@ -9,27 +8,12 @@
 #include <Catalogue/Catalogue.h>
 #include <Host/Application.h>
 
-#include <optional>
 #include <string>
 #include <vector>
 
-struct ListOptions {
-    std::string pattern;              ///< Of keys, with the wildcards of a shell; empty for all.
-    bool onlySet = false;             ///< Only what is stored.
-    bool onlyUnset = false;           ///< Only what is not stored.
-    std::optional<std::string> store; ///< Only "product" or "common".
-};
-
-void listPreferences(Host::Application const& application, ListOptions const& options, Format format);
+/// Prints the value that a read returns. Throws `UserError` for an unknown key.
 void getPreference(Host::Application const& application, std::string const& key, Format format);
+/// Stores the value that `words` stand for. Throws `UserError` for an unknown key and for words that are no such value.
 void setPreference(Host::Application const& application, std::string const& key, std::vector<std::string> const& words);
-/// Stores the content of `file`, or of standard input for "-": each line an element of a list, any other value byte for byte.
-void setPreferenceFromFile(Host::Application const& application, std::string const& key, std::string const& file);
-void unsetPreference(Host::Application const& application, std::string const& key);
-void explainPreference(Host::Application const& application, std::string const& key, Format format);
-
 /// The key of the member `member` of a family. Throws `UserError` for a name that is not UTF-8.
 std::string keyInFamily(Catalogue::Family const& family, std::string const& member);
-
-/// The default name of a project, the extensions, the filters of file dialogs and the sample project.
-void showProject(Format format);

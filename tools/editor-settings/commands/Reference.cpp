@@ -120,9 +120,9 @@ std::vector<Line> linesOf(std::vector<T> const& rows)
 
 char const* const preferencesBegin = R"(# Preferences
 
-<!-- Printed by 'editor-settings list --format markdown'; scripts/docs writes it anew. -->
+<!-- Printed by 'editor-settings list --format markdown'; scripts/docs rewrites it. -->
 
-What the library keeps for the editor, by key. A read gives what is stored, and the default where nothing is.
+What the library keeps for the editor, by key. A read returns the stored value, else the default.
 
 - **type**: as the command line takes it, and as the library does where that has another name.
 - **store**: `product` for this product alone, `common` for what the vendor's products share.
@@ -148,7 +148,7 @@ Keys that have a default and that nothing reads yet: )";
 
 char const* const locationsBegin = R"(# Locations
 
-<!-- Printed by 'editor-settings paths --format markdown'; scripts/docs writes it anew. -->
+<!-- Printed by 'editor-settings paths --format markdown'; scripts/docs rewrites it. -->
 
 Where the editor's files and folders lie, for a user who has set nothing: `~` is the home folder, and `/opt/editor` stands for
 the resources root of the binding. Separators that are doubled, and those at the end, belong to the paths.

@@ -1,9 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "commands/Transfer.h"
-
 #include "commands/Commands.h"
-
-#include "commands/HomeFolder.h"
 #include "commands/Output.h"
 #include "terminal/Escaping.h"
 #include "terminal/InputFile.h"
@@ -40,9 +36,17 @@ using Storage::SqliteStorage;
 
 namespace {
 
+struct TransferOptions {
+    std::string file;              // "-" for standard output or input.
+    std::vector<std::string> only; // The classes of the keys that count; empty for all keys.
+    bool redact = false;           // Export: keep values by what their class promises, and no unknown keys.
+    bool withUnknown = false;      // Import: take keys that the library never asks for.
+    bool dryRun = false;           // Import: print what would change, and change nothing.
+};
+
 Inspection::Selection selection(TransferOptions const& options) { return {options.only, options.redact}; }
 
-Inspection::StoreBegins steps(Progress& progress, char const* what)
+Inspection::StoreBegins steps(ProgressLine& progress, char const* what)
 {
     return [&progress, what](Store store) { progress.next(absl::StrCat(what, " the ", name(store), " store")); };
 }
@@ -56,13 +60,11 @@ void printUncarried(std::vector<Inspection::Uncarried> const& rows, char const* 
                                 ", so it is ", consequence));
 }
 
-} // namespace
-
 // --- export ---
 
 void exportSettings(Host::Application const& application, TransferOptions const& options)
 {
-    std::optional<Progress> progress(3);
+    std::optional<ProgressLine> progress(3);
     Inspection::Export const result = Inspection::exported(application, selection(options), steps(*progress, "reading"));
     progress->next("writing the file");
     std::string const bytes = written(result.document);
@@ -78,8 +80,6 @@ void exportSettings(Host::Application const& application, TransferOptions const&
 }
 
 // --- diff ---
-
-namespace {
 
 std::string shownFile(TransferOptions const& options) { return options.file == "-" ? "standard input" : quoted(options.file); }
 
@@ -173,12 +173,11 @@ void print(std::vector<Difference> const& differences, Format format)
         printTable(table, {"CHANGE", "STORE", "KEY", "STORED", "FILE"}, format);
 }
 
-} // namespace
-
+// Whether anything differs.
 bool showDifferences(Host::Application const& application, TransferOptions const& options, Format format)
 {
     try {
-        std::optional<Progress> progress(3);
+        std::optional<ProgressLine> progress(3);
         progress->next(isTyped(options) ? "" : "reading the file");
         Document const wanted = document(options);
         Comparison const comparison = Inspection::compared(application, selection(options), wanted, steps(*progress, "comparing with"));
@@ -194,8 +193,6 @@ bool showDifferences(Host::Application const& application, TransferOptions const
 }
 
 // --- import ---
-
-namespace {
 
 std::string shownOutcome(std::pair<Store, Inspection::Outcome> const& outcome)
 {
@@ -213,7 +210,7 @@ std::string shownOutcome(std::pair<Store, Inspection::Outcome> const& outcome)
 
 void import(Host::Application const& application, std::vector<Difference> const& differences)
 {
-    Progress progress(2);
+    ProgressLine progress(2);
     auto const& [error, outcomes] = Inspection::imported(application, differences, steps(progress, "changing"));
     if (!error)
         return;
@@ -242,11 +239,9 @@ Document checkedDocument(TransferOptions const& options)
     }
 }
 
-} // namespace
-
 void importSettings(Host::Application const& application, TransferOptions const& options, Format format)
 {
-    std::optional<Progress> progress(3);
+    std::optional<ProgressLine> progress(3);
     progress->next(isTyped(options) ? "" : "reading the file");
     Document const wanted = checkedDocument(options);
     Comparison comparison = Inspection::compared(application, selection(options), wanted, steps(*progress, "comparing with"));
@@ -263,8 +258,6 @@ void importSettings(Host::Application const& application, TransferOptions const&
 }
 
 // --- The verbs ---
-
-namespace {
 
 struct TransferWords {
     TransferOptions options;

@@ -10,7 +10,7 @@
 
 #include <unistd.h>
 
-void Progress::next(std::string const& what)
+void ProgressLine::next(std::string const& what)
 {
     erase();
     ++m_step;
@@ -18,14 +18,14 @@ void Progress::next(std::string const& what)
     show();
 }
 
-void Progress::aside(std::string const& text)
+void ProgressLine::aside(std::string const& text)
 {
     erase();
     printError(text);
     show();
 }
 
-void Progress::show() const
+void ProgressLine::show() const
 {
     if (m_line.empty() || !Terminal::isCapable(STDERR_FILENO))
         return;
@@ -34,7 +34,7 @@ void Progress::show() const
     std::cerr << (columns > 1 ? shortened(m_line, columns - 1) : m_line) << std::flush;
 }
 
-void Progress::erase() const
+void ProgressLine::erase() const
 {
     if (!m_line.empty() && Terminal::isCapable(STDERR_FILENO))
         std::cerr << "\r\x1b[K" << std::flush;

@@ -6,12 +6,12 @@
 
 /// Shows the step in progress on one line of standard error, provided that this is a capable terminal, and erases the line
 /// at the end of its lifetime. Print nothing to that terminal meanwhile but with `aside`.
-class Progress {
+class ProgressLine {
 public:
-    explicit Progress(std::size_t steps) : m_steps(steps) {}
-    ~Progress() { erase(); }
-    Progress(Progress const&) = delete;
-    Progress& operator=(Progress const&) = delete;
+    explicit ProgressLine(std::size_t steps) : m_steps(steps) {}
+    ~ProgressLine() { erase(); }
+    ProgressLine(ProgressLine const&) = delete;
+    ProgressLine& operator=(ProgressLine const&) = delete;
 
     /// Begins the next step and shows `what`; an empty `what` shows nothing.
     void next(std::string const& what);
