@@ -126,6 +126,16 @@ TEST_F(Completion, TellsWhatEachWordIsFor)
 
 TEST_F(Completion, IsNotInTheHelp) { EXPECT_EQ(said({"--help"}).find("  complete "), std::string::npos); }
 
+TEST_F(Completion, ScriptThatIsNotInstalledIsNamed)
+{
+    std::filesystem::create_directories(inHome("bin"));
+    std::filesystem::copy_file(TOOL, inHome("bin/editor-settings"));
+    Ended const ended = run({inHome("bin/editor-settings"), "completion", "zsh"});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.err, "editor-settings: cannot read '" + inHome("share/zsh/vendor-completions/_editor-settings") +
+                             "' (No such file or directory); install the program again\n");
+}
+
 TEST_F(Completion, IsForKnownShells) { EXPECT_EQ(tool({"completion", "csh"}).status, 2); }
 
 // --- The shells ---
