@@ -128,7 +128,7 @@ What the library keeps for the editor, by key. A read returns the stored value, 
 - **store**: `product` for this product alone, `common` for what the vendor's products share.
 - **class**: what the preference is when settings leave the machine. `roaming` is the user's taste and holds on any machine;
   `local` fits this machine; `personal` tells who the user is or what the user works on; `transient` was last used or
-  counted, and the editor comes to it again by itself.
+  counted, and the editor soon sets it again.
 - **default**: folders as they are for a user who has set nothing, with `~` for the home folder. They are computed at each
   read; [locations](locations.md) tells from what.
 
