@@ -113,4 +113,18 @@ TEST_F(Watched, ErrorIsReturnedOnceForAsLongAsItLasts)
     EXPECT_TRUE(m_watcher.look().error) << "no store was between";
 }
 
+// A store that cannot be read is opened again at each look, so that no change beside it makes the error look new.
+TEST_F(Watched, ErrorOfAReadLastsWhileTheFileChanges)
+{
+    SqliteStorage(m_file).setString("exportPath", "/films");
+    look();
+    OtherProgram(m_file).execute("ALTER TABLE settings RENAME TO elsewhere");
+    EXPECT_TRUE(m_watcher.look().error);
+    m_watcher.look();
+    OtherProgram(m_file).execute("CREATE TABLE other (name TEXT)");
+    EXPECT_FALSE(m_watcher.look().error);
+    OtherProgram(m_file).execute("ALTER TABLE elsewhere RENAME TO settings; UPDATE settings SET value = '/next'");
+    EXPECT_EQ(look(), Lines{"changed exportPath /films -> /next"});
+}
+
 } // namespace

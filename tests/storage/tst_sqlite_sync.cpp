@@ -80,6 +80,20 @@ TEST_F(Durability, RestoreIsOnDiskWhenItReturns)
     EXPECT_EQ(asked([&] { backup.restore("product", path("new.sqlite")); }), "wflf");
 }
 
+TEST_F(Durability, RestoreWhoseFileCannotGetItsNameFails)
+{
+    {
+        SqliteStorage store(path());
+        Storage::Backup::write(path("copy.backup"), {{"product", &store}});
+    }
+    Storage::Backup const backup(path("copy.backup"));
+    std::filesystem::create_directory(path("folder.sqlite"));
+    FaultySystem::watch({EIO, false, true, {"linkat"}});
+    EXPECT_THROW(backup.restore("product", path("folder.sqlite")), Storage::StorageError);
+    FaultySystem::rest();
+    EXPECT_FALSE(std::filesystem::exists(path("folder.sqlite")));
+}
+
 TEST_F(Durability, OpenFilesAreThoseOfTheStoreOnly)
 {
     auto const open = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
