@@ -7,13 +7,8 @@
 #include <support/BoundLibrary.h>
 #include <support/Named.h>
 
-#include <algorithm>
-#include <cstdint>
 #include <filesystem>
-#include <stdexcept>
 #include <type_traits>
-
-#include <sys/mman.h>
 
 using Lumora::ioPath;
 
@@ -71,29 +66,6 @@ TEST(ByteConversion, EmptyVectorGivesANullArray)
     bytes.reserve(16);
     ASSERT_NE(bytes.data(), nullptr);
     EXPECT_TRUE(Lumora::Util::VectorByteToQByteArray(bytes).isNull());
-}
-
-// Zeros, of which only the last piece is in memory: an anonymous page that is discarded reads as zeros again.
-std::vector<unsigned char> zerosInLittleMemory(std::size_t size)
-{
-    constexpr std::size_t piece = std::size_t(16) << 20;
-    constexpr std::uintptr_t page = 4096;
-    std::vector<unsigned char> bytes;
-    bytes.reserve(size);
-    while (bytes.size() < size) {
-        auto const begin = reinterpret_cast<std::uintptr_t>(bytes.data() + bytes.size());
-        bytes.resize(std::min(bytes.size() + piece, size));
-        auto const end = reinterpret_cast<std::uintptr_t>(bytes.data() + bytes.size());
-        std::uintptr_t const firstPage = (begin + page - 1) / page * page;
-        ::madvise(reinterpret_cast<void*>(firstPage), end / page * page - firstPage, MADV_DONTNEED);
-    }
-    return bytes;
-}
-
-TEST(ByteConversion, VectorThatIsTooLongForAnArrayThrows)
-{
-    std::vector<unsigned char> const bytes = zerosInLittleMemory(std::size_t(1) << 31);
-    EXPECT_THROW(Lumora::Util::VectorByteToQByteArray(bytes), std::length_error);
 }
 
 TEST(IoPath, HoldsItsTextAsGiven)

@@ -24,14 +24,11 @@
 
 using Catalogue::Store;
 using Inspection::Change;
-using Inspection::classOf;
 using Inspection::Comparison;
 using Inspection::Difference;
 using Inspection::Document;
 using Inspection::DocumentError;
 using Inspection::RowDifference;
-using Inspection::storage;
-using Inspection::storageFile;
 using Storage::SqliteStorage;
 
 namespace {
