@@ -94,7 +94,7 @@ class SqliteStorage::Connection {
     {
         SQLite::Transaction transaction(m_database, SQLite::TransactionBehavior::IMMEDIATE);
         if (std::optional<StorageError> const obstacle = obstacleToChanges(m_file, what, m_database, schemaVersion()))
-            throw *obstacle;
+            throw StorageError(*obstacle);
         work();
         transaction.commit();
     }
