@@ -10,7 +10,7 @@ std::vector<HelpText> const& helpTexts()
   1  failure: unknown key, wrong value, trouble with a store or the product file, an unusable folder,
      or something wrong found by doctor
   2  wrong usage
-diff exits with 0 where nothing differs, with 1 where something does, and with 2 on an error.)"},
+diff exits with 0 for no difference, with 1 for any, and with 2 on an error.)"},
         {"Output",
          R"(Values go to standard output, messages to standard error. With --plain a backslash is printed as \\, a tab as \t,
 line breaks as \n and \r, other control characters and bytes that are not UTF-8 as \xHH, and a list as a JSON array. A
