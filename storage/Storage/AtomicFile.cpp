@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "AtomicFile.h"
 
-#include "SqliteErrors.h"
+#include "sqlite/SqliteErrors.h"
 
 #include <cerrno>
 #include <cstdio>

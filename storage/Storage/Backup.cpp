@@ -2,9 +2,9 @@
 #include <Storage/Backup.h>
 
 #include "AtomicFile.h"
-#include "SqliteErrors.h"
-#include "StoreContent.h"
-#include "StoreOpening.h"
+#include "sqlite/SqliteErrors.h"
+#include "sqlite/StoreContent.h"
+#include "sqlite/StoreOpening.h"
 
 #include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/Column.h>

@@ -2,9 +2,9 @@
 #include <Storage/Kind.h>
 #include <Storage/SqliteStorage.h>
 
-#include "SqliteErrors.h"
-#include "StoreContent.h"
-#include "StoreOpening.h"
+#include "sqlite/SqliteErrors.h"
+#include "sqlite/StoreContent.h"
+#include "sqlite/StoreOpening.h"
 
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Exception.h>

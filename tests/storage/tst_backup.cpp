@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Copies of stores in one file: they hold everything, nothing unsound comes out of them, and what they replace is kept.
-#include "StoreFolder.h"
+#include <storage/support/StoreFolder.h>
 
 #include <Storage/Backup.h>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
 // Many processes and threads write to one file at once: each value is stored completely, and no call times out.
-#include "Ledger.h"
-#include "MemoryFolder.h"
-#include "StoreFolder.h"
+#include <storage/support/Ledger.h>
+#include <storage/support/MemoryFolder.h>
+#include <storage/support/StoreFolder.h>
 
 #include <support/Named.h>
 #include <support/Process.h>

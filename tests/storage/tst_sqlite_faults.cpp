@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // Files that cannot be opened, read or written: each is named, and none is changed.
-#include "MemoryFolder.h"
-#include "StoreFolder.h"
+#include <storage/support/MemoryFolder.h>
+#include <storage/support/StoreFolder.h>
 
 #include <support/Named.h>
 #include <support/Process.h>

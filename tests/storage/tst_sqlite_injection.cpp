@@ -2,10 +2,10 @@
 //
 // Every call of the system that a store makes, refused in turn: each refusal is named, nothing is lost by it, and the
 // same store works again afterwards.
-#include "FaultySystem.h"
-#include "Ledger.h"
-#include "StoreFolder.h"
-#include "Traced.h"
+#include <storage/support/FaultySystem.h>
+#include <storage/support/Ledger.h>
+#include <storage/support/StoreFolder.h>
+#include <storage/support/Traced.h>
 
 #include <support/Named.h>
 #include <support/Process.h>

@@ -2,10 +2,10 @@
 //
 // A process that is killed while it writes: whatever the moment, no value is lost, and the next start finds nothing in
 // its way.
-#include "Ledger.h"
-#include "MemoryFolder.h"
-#include "StoreFolder.h"
-#include "Traced.h"
+#include <storage/support/Ledger.h>
+#include <storage/support/MemoryFolder.h>
+#include <storage/support/StoreFolder.h>
+#include <storage/support/Traced.h>
 
 #include <support/Process.h>
 #include <support/Tally.h>

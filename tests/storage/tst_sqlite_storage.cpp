@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "StoreFolder.h"
+#include <storage/support/StoreFolder.h>
 
 #include <TestKit/StorageContract.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // What reaches the disk before a call returns, and a disk that takes no more.
-#include "FaultySystem.h"
-#include "StoreFolder.h"
+#include <storage/support/FaultySystem.h>
+#include <storage/support/StoreFolder.h>
 
 #include <Storage/Backup.h>
 

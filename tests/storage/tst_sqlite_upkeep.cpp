@@ -2,7 +2,7 @@
 //
 // What keeps a store usable over the years: changes made together, copies, a look at the file, and files of other
 // versions.
-#include "StoreFolder.h"
+#include <storage/support/StoreFolder.h>
 
 #include <support/Process.h>
 

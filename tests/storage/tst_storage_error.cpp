@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // The parts of a store's errors, and the code of each, on real files.
-#include "FaultySystem.h"
-#include "StoreFolder.h"
+#include <storage/support/FaultySystem.h>
+#include <storage/support/StoreFolder.h>
 
 #include <Storage/Backup.h>
 

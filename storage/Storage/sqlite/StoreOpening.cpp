@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "StoreOpening.h"
 
-#include "AtomicFile.h"
 #include "SqliteErrors.h"
 #include "StoreContent.h"
 #include "VfsShim.h"
+#include <Storage/AtomicFile.h>
 
 #include <SQLiteCpp/Statement.h>
 

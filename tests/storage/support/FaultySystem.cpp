@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "FaultySystem.h"
+#include <storage/support/FaultySystem.h>
 
 #include <algorithm>
 #include <cerrno>

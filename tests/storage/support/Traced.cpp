@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Traced.h"
+#include <storage/support/Traced.h>
 
 #include <cerrno>
 #include <csignal>

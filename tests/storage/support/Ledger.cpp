@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Ledger.h"
+#include <storage/support/Ledger.h>
 
 #include <algorithm>
 #include <cerrno>
