@@ -166,13 +166,6 @@ bool isReserved(std::string const& key)
     return std::find(reserved.begin(), reserved.end(), key) != reserved.end();
 }
 
-std::optional<std::string> keyInFamily(Family const& family, std::string const& member)
-{
-    if (!isUtf8(member))
-        return std::nullopt;
-    return Catalogue::inspectUnstored(family, QString::fromStdString(member)).key;
-}
-
 Storage::SqliteStorage* storage(Host::Application const& application, Store store)
 {
     return store == Store::common ? application.commonStorage() : application.productStorage();

@@ -61,8 +61,6 @@ std::optional<KnownKey> knownKey(std::string const& key);
 std::string classOf(std::string const& key);
 /// Whether the library has `key` for a preference that it neither reads nor writes.
 bool isReserved(std::string const& key);
-/// The key of the member `member` of a family; nullopt where `member` is not UTF-8 or begins with a byte order mark.
-std::optional<std::string> keyInFamily(Catalogue::Family const& family, std::string const& member);
 
 /// The opened store; null where it was left out.
 Storage::SqliteStorage* storage(Host::Application const& application, Catalogue::Store store);

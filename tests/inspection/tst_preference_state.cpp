@@ -216,13 +216,4 @@ TEST_F(Preferences, ReservedKeysAreThoseWithoutAccessors)
     EXPECT_FALSE(Inspection::isReserved("exportPath"));
 }
 
-TEST_F(Preferences, KeyInAFamilyNeedsANameInUtf8)
-{
-    Catalogue::Family const& favorites = Catalogue::familyOf("favoriteItems");
-    EXPECT_EQ(Inspection::keyInFamily(favorites, "fonts"), "favorites_fonts");
-    EXPECT_EQ(Inspection::keyInFamily(favorites, ""), "favorites_");
-    EXPECT_EQ(Inspection::keyInFamily(favorites, "x\xFF"), std::nullopt);
-    EXPECT_EQ(Inspection::keyInFamily(favorites, "\xEF\xBB\xBFx"), std::nullopt);
-}
-
 } // namespace

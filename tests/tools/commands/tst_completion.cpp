@@ -68,7 +68,7 @@ TEST_F(Completion, OffersToUnsetWhatIsStored)
     EXPECT_EQ(offered({"unset", ""}), Words{}) << "there is no store yet";
     said({"set", "npsSendCount", "1"});
     said({"set", "autoUpdate", "no"});
-    said({"indication", "tour", "AA=="});
+    said({"set", "Indication/tour", "AA=="});
     EXPECT_EQ(offered({"unset", ""}), (Words{"autoUpdate", "npsSendCount", "Indication/tour"}));
     EXPECT_EQ(offered({"--home", inHome("elsewhere"), "unset", ""}), Words{});
     EXPECT_EQ(offered({"--product", "/no/such", "unset", ""}), Words{}) << "nobody is there to read an error";

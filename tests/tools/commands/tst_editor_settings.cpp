@@ -172,10 +172,8 @@ INSTANTIATE_TEST_SUITE_P(Table, WrongUsage,
 // The one literal list of the verbs.
 TEST_F(Tool, HelpListsTheVerbsInTheirOrder)
 {
-    EXPECT_EQ(verbs(), (std::vector<std::string>{"list",           "get",     "set",        "unset",      "explain",   "paths",
-                                                 "next-name",      "project", "favorites",  "indication", "tutorials", "colors",
-                                                 "target-history", "backup",  "restore",    "monitor",    "doctor",    "export",
-                                                 "import",         "diff",    "completion", "manual"}));
+    EXPECT_EQ(verbs(), (std::vector<std::string>{"list", "get", "set", "unset", "explain", "paths", "next-name", "project", "backup",
+                                                 "restore", "monitor", "doctor", "export", "import", "diff", "completion", "manual"}));
 }
 
 TEST_F(Tool, HelpTellsEnvironmentAndExitStatus)
@@ -201,12 +199,12 @@ TEST_F(Tool, LookingMakesNoStore)
                                                  {"next-name", "audio"},
                                                  {"project"},
                                                  {"doctor"},
-                                                 {"favorites", "x"},
-                                                 {"tutorials"},
+                                                 {"get", "favorites_x"},
+                                                 {"get", "achievedTutorials"},
                                                  {"export", "-"}})
         EXPECT_EQ(tool(look).status, 0) << look.front();
     EXPECT_FALSE(std::filesystem::exists(inHome(".local")));
-    said({"tutorials", "one"});
+    said({"set", "achievedTutorials", "one"});
     EXPECT_TRUE(std::filesystem::exists(productFile()));
 }
 

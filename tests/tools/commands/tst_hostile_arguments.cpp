@@ -210,23 +210,18 @@ INSTANTIATE_TEST_SUITE_P(
         Command{"SourceToReserveFor",
                 {"next-name", "--reserve", "stabilized", "*", "mp4"},
                 "'*' is not UTF-8 without a byte order mark; give the name in UTF-8"},
-        Command{"Favorites", {"favorites", "*"}, "the name '*' is not UTF-8 without a byte order mark; give it as the editor writes it"},
-        Command{"Indication",
-                {"indication", "*", "AP8="},
-                "the name '*' is not UTF-8 without a byte order mark; give it as the editor writes it"},
+        Command{
+            "Indication", {"set", "Indication/*", "AP8="}, "there is no preference 'Indication/*'; 'editor-settings list' shows all", ""},
         Command{"BytesOfAnIndication",
-                {"indication", "x", "*"},
+                {"set", "Indication/x", "*"},
                 "Indication/x holds bytes and" + giveBytes,
                 "Indication/x holds bytes and" + giveBytes},
-        Command{"Tutorial", {"tutorials", "*"}, "achievedTutorials is a list and" + giveUtf8},
-        Command{"Color", {"colors", "*"}, "userCustomColors is a list and" + giveUtf8},
-        Command{"Target", {"target-history", "*"}, "targetHistory is a text and" + giveUtf8},
         Command{"Shell", {"completion", "*"}, "SHELL: * not in {bash,zsh,fish}", "SHELL: * not in {bash,zsh,fish}"}),
     byMeaning);
 
 TEST_F(Hostile, NameOfAnIndicationIsToldWithoutItsControls)
 {
-    EXPECT_EQ(refused({"indication", obeyed, "a*b"}),
+    EXPECT_EQ(refused({"set", "Indication/" + obeyed, "a*b"}),
               "editor-settings: Indication/" + obeyedTold +
                   " holds bytes and cannot be 'a*b'; give the bytes in base64, or @FILE to read them from a file\n");
     EXPECT_EQ(tool({"unset", "Indication/" + obeyed}).err, "editor-settings: Indication/" + obeyedTold + " was not set\n");
@@ -268,9 +263,9 @@ TEST_F(Hostile, LongestWordIsStoredWhole)
     said({"set", "lastTarget", word});
     EXPECT_EQ(stored("lastTarget"), word);
     EXPECT_EQ(said({"get", "lastTarget"}), word + '\n');
-    said({"indication", word, "AP8="});
-    EXPECT_EQ(said({"get", "Indication/" + word.substr(11)}), "\n") << "another name";
-    EXPECT_EQ(said({"indication", word}), "AP8=\n");
+    said({"set", "Indication/" + word.substr(11), "AP8="});
+    EXPECT_EQ(said({"get", "Indication/" + word.substr(12)}), "\n") << "another name";
+    EXPECT_EQ(said({"get", "Indication/" + word.substr(11)}), "AP8=\n");
 }
 
 TEST_F(Hostile, LongWordThatIsRefusedIsToldInItsBeginning)
@@ -290,7 +285,7 @@ TEST_F(Hostile, LongPatternEnds)
     std::string stars;
     while (stars.size() < longest - 2)
         stars += "*a";
-    said({"indication", std::string(3000, 'a'), "AP8="});
+    said({"set", "Indication/" + std::string(3000, 'a'), "AP8="});
     EXPECT_EQ(said({"list", stars, "--plain"}), "");
     EXPECT_EQ(lines(said({"list", std::string(longest, '*'), "--plain"})).size(), 56u);
 }
@@ -426,7 +421,7 @@ TEST_F(Hostile, StoredControlsAreNotSentToATerminal)
                                {"get", "recentProjects", "--json"},
                                {"get", "userCustomColors"},
                                {"get", "npsSendCount"},
-                               {"favorites", obeyed},
+                               {"get", "favorites_" + obeyed},
                                {"explain", "npsSendCount"},
                                {"explain", "npsSendCount", "--json"},
                                {"explain", "lastTarget"},
@@ -466,8 +461,8 @@ std::vector<Words> const answering = {{"list"},
                                       {"doctor"},
                                       {"doctor", "--json"},
                                       {"doctor", "--plain"},
-                                      {"indication", "x"},
-                                      {"target-history"},
+                                      {"get", "Indication/x"},
+                                      {"get", "targetHistory"},
                                       {"completion", "bash"},
                                       {"manual"},
                                       {"--help"},
@@ -587,11 +582,7 @@ TEST_F(Hostile, RandomWordsAreAnsweredOrRefusedAndNothingElse)
                           "stabilized",
                           "project",
                           "doctor",
-                          "favorites",
-                          "indication",
-                          "tutorials",
-                          "colors",
-                          "target-history",
+                          "help",
                           "completion",
                           "manual",
                           "--json",
@@ -603,6 +594,7 @@ TEST_F(Hostile, RandomWordsAreAnsweredOrRefusedAndNothingElse)
                           "--unset",
                           "--store",
                           "--empty",
+                          "--strict",
                           "--from-file",
                           "--from-file=-",
                           "--help",
@@ -614,6 +606,7 @@ TEST_F(Hostile, RandomWordsAreAnsweredOrRefusedAndNothingElse)
                           "++",
                           "",
                           "=",
+                          "npsSendCount=1",
                           "--=",
                           "-=",
                           "exportPath",

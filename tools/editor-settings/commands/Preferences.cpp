@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "commands/Preferences.h"
-
 #include "commands/Commands.h"
 #include "commands/Output.h"
 #include "commands/Reference.h"
@@ -192,16 +190,6 @@ std::vector<Columns> tableOf(PreferenceState const& found, std::string const& fi
     return table;
 }
 
-} // namespace
-
-std::string keyInFamily(Catalogue::Family const& family, std::string const& member)
-{
-    if (std::optional<std::string> key = Inspection::keyInFamily(family, member))
-        return *std::move(key);
-    throw UserError(
-        absl::StrCat("the name ", quotedBriefly(member), " is not UTF-8 without a byte order mark; give it as the editor writes it"));
-}
-
 void getPreference(Host::Application const& application, std::string const& key, Format format)
 {
     PreferenceState const found = knownPreference(application, key);
@@ -227,8 +215,6 @@ void setPreference(Host::Application const& application, std::string const& key,
     else
         write(found, parsedFor(found, words));
 }
-
-namespace {
 
 void listPreferences(Host::Application const& application, ListOptions const& options, Format format)
 {
@@ -384,6 +370,7 @@ Command setCommand()
     command.examples = {{"editor-settings set keepVideoAspect no", "Stores false."},
                         {"editor-settings set exportPath ~/Videos/Exports", "Stores another folder; the editor makes it."},
                         {"editor-settings set userCustomColors '#ff8800' navy", "Stores a list of two."},
+                        {"editor-settings set Indication/tour @tour.state", "Stores the bytes of a file."},
                         {"editor-settings set lastTarget -- -x", "Stores a value that looks like an option."}};
     command.stores = always(StoreUse::change);
     command.missingWord = [words] { return words->values.empty() && !words->isEmpty && words->file.empty() ? "VALUE" : ""; };

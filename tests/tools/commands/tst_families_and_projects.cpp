@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The verbs about composite settings and about projects.
+// Settings under names that the editor chooses, and projects.
 #include "Tool.h"
 
 #include <Storage/SqliteStorage.h>
@@ -9,79 +9,51 @@
 
 namespace {
 
-class ShortVerbs : public Tool {
+class Families : public Tool {
 protected:
     Storage::SqliteStorage::Row stored(char const* key) const { return Storage::SqliteStorage(productFile()).find(key).value(); }
     std::string text(char const* key) const { return std::get<std::string>(stored(key).value); }
 };
 
-struct Verb {
+struct Indication {
     char const* meaning;
-    std::vector<std::string> verb;
     char const* key;
-    std::vector<std::string> words;
-    std::string stored; // as the store holds it
-    char const* printed;
-    char const* json;
 };
 
-class WritingVerb : public ShortVerbs, public testing::WithParamInterface<Verb> {};
+class IndicationKey : public Families, public testing::WithParamInterface<Indication> {};
 
-TEST_P(WritingVerb, StoresItsWordsAndPrintsThemAgain)
+TEST_P(IndicationKey, HoldsTheBytesThatWereSet)
 {
-    std::vector<std::string> command = GetParam().verb;
-    command.insert(command.end(), GetParam().words.begin(), GetParam().words.end());
-    EXPECT_EQ(said(command), "");
-    EXPECT_EQ(stored(GetParam().key).kind, GetParam().json[0] == 'A' ? "bytes" : "string");
-    EXPECT_EQ(said(GetParam().verb), GetParam().printed);
-    EXPECT_EQ(said({"get", GetParam().key}), GetParam().printed) << "the verb is short for the setting under that key";
-    command = GetParam().verb;
-    command.emplace_back("--json");
-    json const value = json::parse(said(command))["value"];
-    EXPECT_EQ(value.is_string() ? value.get<std::string>() : value.dump(), GetParam().json);
-    if (GetParam().json[0] != 'A') {
-        EXPECT_EQ(text(GetParam().key), GetParam().stored);
-    }
+    char const* const key = GetParam().key;
+    EXPECT_EQ(said({"get", key}), "\n") << "nothing was ever set";
+    EXPECT_EQ(said({"set", key, "AP8="}), "");
+    EXPECT_EQ(std::get<std::vector<unsigned char>>(stored(key).value), (std::vector<unsigned char>{0, 255}));
+    EXPECT_EQ(said({"get", key}), "AP8=\n");
+    said({"set", key, "@" + m_home.write("bytes", std::string("\x00\xFFraw", 5)).string()});
+    EXPECT_EQ(said({"get", key}), "AP9yYXc=\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, WritingVerb,
-    testing::Values(
-        Verb{"Tutorials", {"tutorials"}, "achievedTutorials", {"a", "b c"}, "a|#|b c", "a\nb c\n", R"(["a","b c"])"},
-        Verb{"NoTutorials", {"tutorials"}, "achievedTutorials", {"--empty"}, "", "", "[]"},
-        Verb{"Colors", {"colors"}, "userCustomColors", {"#ff8800", "[x]"}, "#ff8800|#|[x]", "#ff8800\n[x]\n", R"(["#ff8800","[x]"])"},
-        Verb{"TargetHistory", {"target-history"}, "targetHistory", {"a;b"}, "a;b", "a;b\n", "a;b"},
-        Verb{"EmptyTargetHistory", {"target-history"}, "targetHistory", {""}, "", "\n", ""},
-        Verb{"Indication", {"indication", "x"}, "Indication/x", {"AP8="}, "", "AP8=\n", "AP8="},
-        Verb{"IndicationWithSeparator", {"indication", "a/%2"}, "Indication/a/%2", {"AP8="}, "", "AP8=\n", "AP8="},
-        Verb{"IndicationWithoutName", {"indication", ""}, "Indication/", {"AP8="}, "", "AP8=\n", "AP8="}),
-    byMeaning);
+INSTANTIATE_TEST_SUITE_P(Table, IndicationKey,
+                         testing::Values(Indication{"Plain", "Indication/x"}, Indication{"WithSeparator", "Indication/a/%2"},
+                                         Indication{"WithoutName", "Indication/"}),
+                         byMeaning);
 
-TEST_F(ShortVerbs, IndicationIsReadFromAFile)
+TEST_F(Families, FavoritesAreReadAndNotWritten)
 {
-    EXPECT_EQ(said({"indication", "x"}), "\n") << "nothing was ever set";
-    said({"indication", "x", "@" + m_home.write("bytes", std::string("\x00\xFFraw", 5)).string()});
-    EXPECT_EQ(said({"indication", "x"}), "AP9yYXc=\n");
-    EXPECT_EQ(std::get<std::vector<unsigned char>>(stored("Indication/x").value), (std::vector<unsigned char>{0, 255, 'r', 'a', 'w'}));
-}
-
-TEST_F(ShortVerbs, FavoritesAreReadAndNotWritten)
-{
-    EXPECT_EQ(said({"favorites", "fonts"}), "");
-    EXPECT_EQ(json::parse(said({"favorites", "fonts", "--json"})),
+    EXPECT_EQ(said({"get", "favorites_fonts"}), "");
+    EXPECT_EQ(json::parse(said({"get", "favorites_fonts", "--json"})),
               json::parse(R"({"key": "favorites_fonts", "type": "list", "value": []})"));
     Storage::SqliteStorage(productFile()).setString("favorites_fonts", "Verdana|#||#|Open Sans");
-    EXPECT_EQ(said({"favorites", "fonts"}), "Verdana\nOpen Sans\n");
-    EXPECT_EQ(said({"favorites", ""}), "") << "the list without a name is another one";
-    EXPECT_EQ(tool({"favorites", "fonts", "Arial"}).status, 2);
+    EXPECT_EQ(said({"get", "favorites_fonts"}), "Verdana\nOpen Sans\n");
+    EXPECT_EQ(said({"get", "favorites_"}), "") << "the list without a name is another one";
     EXPECT_EQ(refused({"set", "favorites_fonts", "Arial"}),
               "editor-settings: favorites_fonts is written by the editor alone, so it cannot be set; 'editor-settings unset' removes it\n");
     EXPECT_EQ(text("favorites_fonts"), "Verdana|#||#|Open Sans");
 }
 
-TEST_F(ShortVerbs, KeysMadeFromNamesAreListedExplainedAndUnset)
+TEST_F(Families, KeysMadeFromNamesAreListedExplainedAndUnset)
 {
-    said({"indication", "x", "AP8="});
+    said({"set", "Indication/x", "AP8="});
     Storage::SqliteStorage(productFile()).setString("favorites_fonts", "Verdana");
     Storage::SqliteStorage(productFile()).setString("unknown", "kept");
     EXPECT_EQ(said({"list", "--set", "--plain"}),
@@ -96,28 +68,15 @@ TEST_F(ShortVerbs, KeysMadeFromNamesAreListedExplainedAndUnset)
     EXPECT_EQ(text("unknown"), "kept");
 }
 
-TEST_F(ShortVerbs, ValueOfAnotherKindIsTold)
+// A key is shown and changed by the verbs for all keys; no verb of its own takes a word that was meant for another.
+TEST_F(Families, HaveNoVerbsOfTheirOwn)
 {
-    Storage::SqliteStorage(productFile()).setString("Indication/x", "text");
-    Ended const ended = tool({"indication", "x"});
-    EXPECT_EQ(ended.out, "\n");
-    EXPECT_EQ(ended.err, "editor-settings: Indication/x holds a value of kind string, so the default is read; 'editor-settings explain "
-                         "Indication/x' shows both\n");
-}
-
-TEST_F(ShortVerbs, WrongWordsAreRefused)
-{
-    EXPECT_EQ(refused({"indication", "x", "a*b"}),
-              "editor-settings: Indication/x holds bytes and cannot be 'a*b'; give the bytes in base64, or "
-              "@FILE to read them from a file\n");
-    EXPECT_EQ(refused({"indication", "x\xFF"}),
-              "editor-settings: the name 'x\\xff' is not UTF-8 without a byte order mark; give it as the editor writes it\n");
-    EXPECT_EQ(refused({"tutorials", "a", ""}),
-              "editor-settings: achievedTutorials is a list and cannot be ''; an empty element is lost when the "
-              "list is read back; leave it out (--empty stores an empty list)\n");
-    EXPECT_EQ(tool({"target-history", "a", "b"}).status, 2);
-    EXPECT_EQ(tool({"colors", "a", "--empty"}).status, 2);
-    EXPECT_EQ(tool({"indication"}).status, 2);
+    said({"set", "userCustomColors", "#ff8800"});
+    for (char const* verb : {"favorites", "indication", "tutorials", "colors", "target-history"})
+        EXPECT_EQ(tool({verb, "x"}).status, 2) << verb;
+    EXPECT_EQ(said({"get", "userCustomColors"}), "#ff8800\n");
+    for (char const* key : {"achievedTutorials", "userCustomColors", "targetHistory"})
+        EXPECT_EQ(lines(said({"list", key, "--plain"})).size(), 1u) << key;
 }
 
 // --- project ---
