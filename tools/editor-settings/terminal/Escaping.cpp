@@ -19,6 +19,13 @@ bool isControlCharacter(std::string const& codePoint)
     return first < 0x20 || first == 0x7f || (first == 0xC2 && byteAt(codePoint, 1) < 0xA0);
 }
 
+// They reorder what a terminal shows, or break its line: U+061C, U+200E and F, U+2028 to U+202E, U+2066 to U+2069.
+bool isDirectionMark(std::string const& codePoint)
+{
+    return codePoint == "\xD8\x9C" || codePoint == "\xE2\x80\x8E" || codePoint == "\xE2\x80\x8F" ||
+           (codePoint >= "\xE2\x80\xA8" && codePoint <= "\xE2\x80\xAE") || (codePoint >= "\xE2\x81\xA6" && codePoint <= "\xE2\x81\xA9");
+}
+
 std::string escaped(std::string const& bytes)
 {
     if (bytes == "\t")
@@ -60,7 +67,8 @@ std::string withoutControls(std::string const& text, std::string const& kept)
     for (std::size_t at = 0; at < text.size();) {
         std::size_t const length = codePointLength(text, at);
         std::string const codePoint = text.substr(at, length == 0 ? 1 : length);
-        bool const isKept = length > 0 && (!isControlCharacter(codePoint) || kept.find(codePoint) != std::string::npos);
+        bool const isKept =
+            length > 0 && !isDirectionMark(codePoint) && (!isControlCharacter(codePoint) || kept.find(codePoint) != std::string::npos);
         result += isKept ? codePoint : escaped(codePoint);
         at += codePoint.size();
     }

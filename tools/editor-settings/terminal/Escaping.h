@@ -13,8 +13,8 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// `text` escaped to one line of UTF-8: `\\`, `\t`, `\n`, `\r`, and `\xHH` for each byte of another control character and each
-/// byte that is not UTF-8. The escapes are unambiguous.
+/// `text` escaped to one line of UTF-8: `\\`, `\t`, `\n`, `\r`, and `\xHH` for each byte of another control character, of a
+/// mark of writing direction or line separator, and each byte that is not UTF-8. The escapes are unambiguous.
 std::string onOneLine(std::string const& text);
 /// `text` escaped for a terminal: as `onOneLine`, but backslashes and the characters in `kept` are unchanged.
 std::string withoutControls(std::string const& text, std::string const& kept = {});
@@ -24,7 +24,7 @@ std::string quoted(std::string const& text);
 std::string quotedBriefly(std::string const& text);
 /// `text` cut to at most `codePoints`, the last of which is then an ellipsis. `text` is UTF-8, `codePoints` at least 1.
 std::string shortened(std::string const& text, std::size_t codePoints);
-/// The number of code points in `text`, which is UTF-8.
+/// The number of code points in `text`, which is UTF-8: the columns of an escaped text, unless it has wide or combining characters.
 std::size_t width(std::string const& text);
 /// Prints "editor-settings: " and `text`, escaped, on standard error.
 void printError(std::string const& text);
