@@ -53,6 +53,7 @@ Meaning meaningOfSystem(int error)
         return {Code::tooLarge, shortenName};
     case ENOSPC:
     case EDQUOT:
+    case EFBIG:
         return {Code::full, freeSpace};
     case EROFS:
         return {Code::readOnly, checkAccess};
@@ -63,6 +64,9 @@ Meaning meaningOfSystem(int error)
     case ELOOP:
     case EINVAL: // no file can have such a name
         return {Code::access, checkAccess};
+    case EMFILE:
+    case ENFILE:
+        return {Code::io, "close some files or programs, or raise the limit of open files"};
     default:
         return {Code::io, checkAccess};
     }
@@ -88,6 +92,11 @@ StorageError::Code codeFor(SQLite::Exception const& error) { return meaningOf(ex
 
 StorageError storageError(fs::path const& file, std::string const& attempt, SQLite::Exception const& error)
 {
+    // SQLite's code does not tell these, and nothing has failed since.
+    for (int const limit : {EMFILE, ENFILE, EFBIG})
+        if (int const code = extendedCode(error) & 0xff; errno == limit && (code == SQLITE_CANTOPEN || code == SQLITE_IOERR))
+            return {meaningOfSystem(limit).code, file.u8string(), attempt, std::generic_category().message(limit),
+                    meaningOfSystem(limit).remedy};
     Meaning const meaning = meaningOf(extendedCode(error));
     return {meaning.code, file.u8string(), attempt, error.what(), meaning.remedy};
 }
