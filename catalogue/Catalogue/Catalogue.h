@@ -42,6 +42,12 @@ struct Accessors {
     std::variant<void (*)(T const&), void (*)(T)> set;
 };
 
+/// The values that the editor can use, among those that the library takes.
+struct Usable {
+    bool isFolder = false;               ///< Only the absolute path of a folder.
+    std::vector<std::string> words = {}; ///< Only these, unless there are none.
+};
+
 /// One preference.
 struct Preference {
     char const* name;    ///< The key.
@@ -51,7 +57,12 @@ struct Preference {
     std::variant<Accessors<bool>, Accessors<int>, Accessors<std::string>, Accessors<QString>, Accessors<QByteArray>, Accessors<QStringList>>
         accessors;                          ///< In the order of the alternatives of `Value`.
     QString (*computedDefault)() = nullptr; ///< The location that is the default; null for a fixed default.
+    Usable usable = {};
 
+    /// The function's name in C++, such as "Settings::exportPath"; empty where the program's loader does not know it.
+    std::string getterName() const;
+    /// Likewise.
+    std::string setterName() const;
     /// Calls the getter.
     Value read() const;
     /// Calls the setter. Throws `std::bad_variant_access` for a value of another type than the row's.
@@ -73,6 +84,10 @@ struct Family {
     DataClass dataClass; ///< Of each member.
     std::variant<KeyedAccessors<QByteArray>, KeyedAccessors<QStringList>> accessors;
 
+    /// The function's name in C++, such as "Settings::favoriteItems"; empty where the program's loader does not know it.
+    std::string getterName() const;
+    /// Likewise; also empty without a setter.
+    std::string setterName() const;
     /// Calls the getter for the member `member`.
     Value read(QString const& member) const;
 };
@@ -133,6 +148,8 @@ struct InspectedValue {
 std::vector<Preference> const& preferences();
 /// The preference called `name`; null for an unknown name.
 Preference const* findPreference(std::string const& name);
+/// The preference whose getter in namespace `Settings` is called `name`; null for an unknown name.
+Preference const* findPreferenceByGetter(std::string const& name);
 /// Preferences that the library has a key and a default for, but no accessors.
 std::vector<std::string> const& preferencesWithoutAccessors();
 
@@ -164,5 +181,7 @@ InspectedValue inspectUnstored(Family const& family, QString const& name);
 bool survivesRoundTrip(QStringList const& list);
 /// The text that the library stores for a list.
 std::string storedText(QStringList const& list);
+/// The list that the library reads from a stored text.
+QStringList listIn(std::string const& storedText);
 
 } // namespace Catalogue

@@ -13,7 +13,7 @@ namespace Catalogue {
 
 namespace {
 
-// Holds no value and records the key of the last read and the text of the last set.
+// Records the key of the last read and the text of the last set, which a read of any text returns; holds nothing else.
 class NothingStored final : public Storage::EmptyStorage {
 public:
     std::optional<std::string> askedKey() const { return m_askedKey; }
@@ -22,7 +22,10 @@ public:
     void setString(std::string const&, std::string const& value) override { m_writtenText = value; }
     bool getBool(std::string const& key, bool defaultValue) const override { return asked(key, defaultValue); }
     int getInt(std::string const& key, int defaultValue) const override { return asked(key, defaultValue); }
-    std::string getString(std::string const& key, std::string const& defaultValue) const override { return asked(key, defaultValue); }
+    std::string getString(std::string const& key, std::string const& defaultValue) const override
+    {
+        return asked(key, m_writtenText.empty() ? defaultValue : m_writtenText);
+    }
     std::vector<unsigned char> getBytes(std::string const& key, std::vector<unsigned char> const& defaultValue) const override
     {
         return asked(key, defaultValue);
@@ -123,6 +126,14 @@ std::string storedText(QStringList const& list)
     bool const useCommonStorage = false;
     ::write("list", list, useCommonStorage);
     return stores.product->writtenText();
+}
+
+QStringList listIn(std::string const& storedText)
+{
+    WithoutStoredValues const stores;
+    stores.product->setString("list", storedText);
+    bool const useCommonStorage = false;
+    return ::read("list", QStringList(), useCommonStorage);
 }
 
 } // namespace Catalogue

@@ -1,8 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include <Catalogue/Catalogue.h>
 
+#include <Lumora/Conf/Formats.h>
+
 #include <algorithm>
 #include <array>
+#include <cstdlib>
+#include <cxxabi.h>
+#include <utility>
+
+#include <dlfcn.h>
 
 namespace Catalogue {
 
@@ -11,9 +18,15 @@ namespace {
 // T is deduced from both addresses, so a getter and a setter of different types do not compile.
 template <typename T>
 Preference preference(char const* name, char const* purpose, Store store, DataClass dataClass, T (*get)(), void (*set)(T const&),
-                      QString (*computedDefault)() = nullptr)
+                      Usable usable = {})
 {
-    return {name, purpose, store, dataClass, Accessors<T>{get, set}, computedDefault};
+    return {name, purpose, store, dataClass, Accessors<T>{get, set}, nullptr, std::move(usable)};
+}
+
+Preference preference(char const* name, char const* purpose, Store store, DataClass dataClass, QString (*get)(),
+                      void (*set)(QString const&), QString (*computedDefault)())
+{
+    return {name, purpose, store, dataClass, Accessors<QString>{get, set}, computedDefault, {true}};
 }
 
 template <typename T>
@@ -29,6 +42,21 @@ Family family(char const* name, char const* purpose, Store store, DataClass data
     return {name, purpose, store, dataClass, KeyedAccessors<T>{get, set}};
 }
 
+Usable const anyFolder = {true};
+
+// The name without parameters and ABI tag.
+template <typename Function>
+std::string functionName(Function* function)
+{
+    Dl_info info = {};
+    if (!function || !::dladdr(reinterpret_cast<void*>(function), &info) || !info.dli_sname)
+        return {};
+    char* const demangled = abi::__cxa_demangle(info.dli_sname, nullptr, nullptr, nullptr);
+    std::string const name = demangled ? demangled : "";
+    std::free(demangled);
+    return name.substr(0, name.find_first_of("[("));
+}
+
 } // namespace
 
 // clang-format off
@@ -37,12 +65,12 @@ std::vector<Preference> const& preferences()
     static std::vector<Preference> const rows = {
         preference("exportPath", "Folder of exported films", Store::product, DataClass::local, &Settings::exportPath, &Settings::setExportPath, &Settings::defaultLumoraLibraryPath),
         preference("projectPath", "Folder of saved projects", Store::product, DataClass::local, &Settings::projectPath, &Settings::setProjectPath, &Settings::defaultProjectPath),
-        preference("lastAddMediaPath", "Folder last used to add media of any type", Store::product, DataClass::personal, &Settings::lastAddMediaPath, &Settings::setLastAddMediaPath),
-        preference("lastAddVideoPath", "Folder last used to add a video", Store::product, DataClass::personal, &Settings::lastAddVideoPath, &Settings::setLastAddVideoPath),
-        preference("lastAddImagePath", "Folder last used to add an image", Store::product, DataClass::personal, &Settings::lastAddImagePath, &Settings::setLastAddImagePath),
-        preference("lastAddAudioPath", "Folder last used to add audio", Store::product, DataClass::personal, &Settings::lastAddAudioPath, &Settings::setLastAddAudioPath),
-        preference("lastAddDirectoryPath", "Folder last added whole", Store::product, DataClass::personal, &Settings::lastAddDirectoryPath, &Settings::setLastAddDirectoryPath),
-        preference("lastAddImageDirectoryPath", "Folder of images last added whole", Store::product, DataClass::personal, &Settings::lastAddImageDirectoryPath, &Settings::setLastAddImageDirectoryPath),
+        preference("lastAddMediaPath", "Folder last used to add media of any type", Store::product, DataClass::personal, &Settings::lastAddMediaPath, &Settings::setLastAddMediaPath, anyFolder),
+        preference("lastAddVideoPath", "Folder last used to add a video", Store::product, DataClass::personal, &Settings::lastAddVideoPath, &Settings::setLastAddVideoPath, anyFolder),
+        preference("lastAddImagePath", "Folder last used to add an image", Store::product, DataClass::personal, &Settings::lastAddImagePath, &Settings::setLastAddImagePath, anyFolder),
+        preference("lastAddAudioPath", "Folder last used to add audio", Store::product, DataClass::personal, &Settings::lastAddAudioPath, &Settings::setLastAddAudioPath, anyFolder),
+        preference("lastAddDirectoryPath", "Folder last added whole", Store::product, DataClass::personal, &Settings::lastAddDirectoryPath, &Settings::setLastAddDirectoryPath, anyFolder),
+        preference("lastAddImageDirectoryPath", "Folder of images last added whole", Store::product, DataClass::personal, &Settings::lastAddImageDirectoryPath, &Settings::setLastAddImageDirectoryPath, anyFolder),
         preference("lastTarget", "Export target last used", Store::product, DataClass::transient, &Settings::lastTarget, &Settings::setLastTarget),
         preference("openOutputAfterExport", "Whether an exported film is opened when it is done", Store::product, DataClass::roaming, &Settings::openOutputAfterExport, &Settings::setOpenOutputAfterExport),
         preference("openLinkAfterUpload", "Whether the page of an uploaded film is opened when it is done", Store::product, DataClass::roaming, &Settings::openLinkAfterUpload, &Settings::setOpenLinkAfterUpload),
@@ -61,11 +89,11 @@ std::vector<Preference> const& preferences()
         preference("splitterTopPanelGeometry", "Geometry of the top panel's splitter", Store::product, DataClass::local, &Settings::splitterTopPanelGeometry, &Settings::setSplitterTopPanelGeometry),
         preference("splitterTopPanelState", "State of the top panel's splitter", Store::product, DataClass::local, &Settings::splitterTopPanelState, &Settings::setSplitterTopPanelState),
         preference("audioRecordPath", "Folder of audio recordings", Store::product, DataClass::local, &Settings::audioRecordPath, &Settings::setAudioRecordPath, &Settings::defaultAudioRecordPath),
-        preference("audioRecordFormat", "File format of audio recordings", Store::product, DataClass::roaming, &Settings::audioRecordFormat, &Settings::setAudioRecordFormat),
-        preference("audioRecordCodec", "Codec of audio recordings", Store::product, DataClass::roaming, &Settings::audioRecordCodec, &Settings::setAudioRecordCodec),
+        preference("audioRecordFormat", "File format of audio recordings", Store::product, DataClass::roaming, &Settings::audioRecordFormat, &Settings::setAudioRecordFormat, {false, {Lumora::Conf::IFormatFile::FORMAT_WAV}}),
+        preference("audioRecordCodec", "Codec of audio recordings", Store::product, DataClass::roaming, &Settings::audioRecordCodec, &Settings::setAudioRecordCodec, {false, {Lumora::Conf::IFormatCodecAudio::CODEC_ID_PCM_S16LE}}),
         preference("downloadableResourcesPath", "Folder of downloaded media", Store::product, DataClass::local, &Settings::downloadableResourcesPath, &Settings::setDownloadableResourcesPath, &Settings::defaultDownloadableResourcesPath),
         preference("stabilizedFilePath", "Folder of stabilized clips", Store::product, DataClass::local, &Settings::stabilizedFilePath, &Settings::setStabilizedFilePath, &Settings::defaultStabilizedFilePath),
-        preference("freezedFileFormat", "File format of freeze frames", Store::product, DataClass::roaming, &Settings::freezedFileFormat, &Settings::setfreezedFileFormat),
+        preference("freezedFileFormat", "File format of freeze frames", Store::product, DataClass::roaming, &Settings::freezedFileFormat, &Settings::setfreezedFileFormat, {false, {Lumora::Conf::IFormatFile::FORMAT_PNG}}),
         preference("notificationsEnabled", "Whether notifications are shown", Store::product, DataClass::roaming, &Settings::notificationsEnabled, &Settings::setNotificationsEnabled),
         preference("useGuideLines", "Whether guide lines are shown", Store::product, DataClass::roaming, &Settings::useGuideLines, &Settings::setUseGuideLines),
         preference("acquaintedWithFastTrack", "Whether the user has met the fast track", Store::product, DataClass::roaming, &Settings::acquaintedWithFastTrack, &Settings::setAcquaintedWithFastTrack),
@@ -126,9 +154,37 @@ Preference const* findPreference(std::string const& name)
     return found == preferences().end() ? nullptr : &*found;
 }
 
+Preference const* findPreferenceByGetter(std::string const& name)
+{
+    auto const found = std::find_if(preferences().begin(), preferences().end(),
+                                    [&](Preference const& preference) { return preference.getterName() == "Settings::" + name; });
+    return found == preferences().end() ? nullptr : &*found;
+}
+
 Family const& familyOf(std::string const& name)
 {
     return *std::find_if(families().begin(), families().end(), [&](Family const& family) { return family.name == name; });
+}
+
+std::string Preference::getterName() const
+{
+    return std::visit([](auto const& typed) { return functionName(typed.get); }, accessors);
+}
+
+std::string Preference::setterName() const
+{
+    auto const nameOf = [](auto const set) { return functionName(set); };
+    return std::visit([&](auto const& typed) { return std::visit(nameOf, typed.set); }, accessors);
+}
+
+std::string Family::getterName() const
+{
+    return std::visit([](auto const& typed) { return functionName(typed.get); }, accessors);
+}
+
+std::string Family::setterName() const
+{
+    return std::visit([](auto const& typed) { return functionName(typed.set); }, accessors);
 }
 
 Value Preference::read() const

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <Inspection/PreferenceState.h>
 
+#include <Inspection/PathStatus.h>
 #include <Inspection/ValueFormat.h>
 
 #include <absl/strings/match.h>
+#include <absl/strings/str_join.h>
+#include <absl/strings/str_replace.h>
 
 #include <algorithm>
 #include <array>
@@ -81,23 +84,31 @@ PreferenceState stateOf(Host::Application const& application, std::string const&
                                        std::visit(WriterOf{member.name}, family.accessors)});
 }
 
-struct KindOfAccessors {
+struct EmptyValue {
     template <typename T>
-    Storage::Kind operator()(Catalogue::Accessors<T> const&) const
+    Value operator()(Catalogue::Accessors<T> const&) const
     {
-        return storedKind(Value(std::in_place_type<T>));
+        return Value(std::in_place_type<T>);
     }
     template <typename T>
-    Storage::Kind operator()(Catalogue::KeyedAccessors<T> const&) const
+    Value operator()(Catalogue::KeyedAccessors<T> const&) const
     {
-        return storedKind(Value(std::in_place_type<T>));
+        return Value(std::in_place_type<T>);
     }
 };
 
 template <typename Row>
 KnownKey known(Row const& row)
 {
-    return {row.store, row.dataClass, std::visit(KindOfAccessors(), row.accessors)};
+    Value const empty = std::visit(EmptyValue(), row.accessors);
+    return {row.store, row.dataClass, storedKind(empty), std::holds_alternative<QStringList>(empty)};
+}
+
+std::string accepted(Catalogue::Usable const& usable, Value const& like)
+{
+    if (usable.isFolder)
+        return "the absolute path of a folder";
+    return usable.words.empty() ? acceptedForm(like) : absl::StrJoin(usable.words, " or ");
 }
 
 } // namespace
@@ -152,6 +163,41 @@ std::optional<KnownKey> knownKey(std::string const& key)
     if (std::optional<Member> const member = memberOfAFamily(key))
         return known(*member->family);
     return std::nullopt;
+}
+
+Description describe(PreferenceState const& preference)
+{
+    Value const& like = preference.observation.value;
+    if (Preference const* const row = Catalogue::findPreference(preference.key))
+        return {row->purpose, accepted(row->usable, like), row->getterName(), row->setterName()};
+    Family const& family = *memberOfAFamily(preference.key).value().family;
+    return {purposeOf(preference.key), preference.write ? acceptedForm(like) : "nothing: the editor alone writes it", family.getterName(),
+            family.setterName()};
+}
+
+std::string purposeOf(std::string const& key)
+{
+    if (Preference const* const row = Catalogue::findPreference(key))
+        return row->purpose;
+    std::optional<Member> const member = memberOfAFamily(key);
+    return member ? absl::StrReplaceAll(member->family->purpose, {{"`name`", '"' + member->name.toStdString() + '"'}}) : "";
+}
+
+std::string whyUnusable(std::string const& key, Value const& value)
+{
+    Preference const* const row = Catalogue::findPreference(key);
+    std::vector<std::string> const words = row ? row->usable.words : std::vector<std::string>();
+    if (!words.empty() && std::find(words.begin(), words.end(), text(value)) == words.end())
+        return "the library has no such name";
+    if (!row || !row->usable.isFolder)
+        return {};
+    auto const& folder = std::get<QString>(value);
+    if (folder.startsWith(QLatin1Char('~')))
+        return "only a shell replaces ~, and only outside quotes";
+    bool const isWritten = row->computedDefault;
+    PathStatus const status = isWritten ? writtenFolderStatus(folder) : readPathStatus(folder);
+    bool const isRelative = status.reason == PathReason::relative;
+    return isRelative || (isWritten && !status.isUsable) ? remark(status) : std::string();
 }
 
 std::string classOf(std::string const& key)

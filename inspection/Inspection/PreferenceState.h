@@ -53,10 +53,26 @@ struct KnownKey {
     Catalogue::Store store;
     Catalogue::DataClass dataClass;
     Storage::Kind kind; ///< The kind that the store keeps its values as.
+    bool isList;        ///< Whether the text of the store is that of a list.
 };
 
 /// The known key `key`, of a preference or of a member of a family; nullopt for any other.
 std::optional<KnownKey> knownKey(std::string const& key);
+/// What a known key is for, without a look at the stores.
+struct Description {
+    std::string purpose; ///< A few English words.
+    std::string accepts; ///< What may be set.
+    std::string getter;  ///< The function's name in C++.
+    std::string setter;  ///< Likewise; empty for a key that the editor alone writes.
+};
+
+/// The description of a preference or a member of a family.
+Description describe(PreferenceState const& preference);
+/// The purpose of a known key; empty for any other.
+std::string purposeOf(std::string const& key);
+/// Why the editor cannot use `value`, which is of the key's type, although the library takes it; empty where it can.
+std::string whyUnusable(std::string const& key, Catalogue::Value const& value);
+
 /// The word for the class of `key`; empty for an unknown key.
 std::string classOf(std::string const& key);
 /// Whether the library has `key` for a preference that it neither reads nor writes.

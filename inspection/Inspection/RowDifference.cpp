@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <Inspection/RowDifference.h>
 
+#include <Inspection/PreferenceState.h>
 #include <Inspection/ValueFormat.h>
 
 #include <Lumora/Util/ByteConversion.h>
@@ -29,6 +30,12 @@ struct StoredAsJson {
     }
 };
 
+QDateTime timeIn(Qt::TimeSpec zone, std::chrono::system_clock::time_point time)
+{
+    auto const milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch()).count();
+    return QDateTime::fromMSecsSinceEpoch(milliseconds, zone);
+}
+
 bool isSame(std::optional<SqliteStorage::Row> const& before, std::optional<SqliteStorage::Row> const& after)
 {
     if (!before || !after)
@@ -56,7 +63,14 @@ std::string storedText(SqliteStorage::Value const& value)
 
 std::string storedText(std::optional<SqliteStorage::Row> const& row, std::string const& absent)
 {
-    return row ? storedText(row->value) : absent;
+    if (!row)
+        return absent;
+    std::optional<KnownKey> const known = knownKey(row->key);
+    auto const* const text = std::get_if<std::string>(&row->value);
+    if (!text || !known || !known->isList)
+        return storedText(row->value);
+    QStringList const list = Catalogue::listIn(*text);
+    return Catalogue::storedText(list) == *text ? jsonText(toJson(list)) : *text;
 }
 
 char const* changeName(Change change)
@@ -65,11 +79,12 @@ char const* changeName(Change change)
     return names[static_cast<int>(change)];
 }
 
-std::string inUtc(std::chrono::system_clock::time_point time)
+std::string inLocalTime(std::chrono::system_clock::time_point time)
 {
-    auto const milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch()).count();
-    return QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC).toString(Qt::ISODateWithMs).toStdString();
+    return timeIn(Qt::LocalTime, time).toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toStdString();
 }
+
+std::string inUtc(std::chrono::system_clock::time_point time) { return timeIn(Qt::UTC, time).toString(Qt::ISODateWithMs).toStdString(); }
 
 std::vector<RowDifference> rowDifferences(std::vector<SqliteStorage::Row> const& before, std::vector<SqliteStorage::Row> const& after)
 {

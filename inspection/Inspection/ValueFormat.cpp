@@ -23,15 +23,19 @@ struct TypeNames {
     char const* name;
     char const* cpp;
     Storage::Kind kind;
+    char const* accepted;
 };
 
+constexpr char const anyText[] = "text in UTF-8 without a byte order mark";
+
 // In the order of the alternatives of Value.
-constexpr std::array<TypeNames, std::variant_size_v<Value>> types = {{{"bool", "bool", Storage::Kind::boolean},
-                                                                      {"int", "int", Storage::Kind::integer},
-                                                                      {"text", "std::string", Storage::Kind::text},
-                                                                      {"text", "QString", Storage::Kind::text},
-                                                                      {"bytes", "QByteArray", Storage::Kind::bytes},
-                                                                      {"list", "QStringList", Storage::Kind::text}}};
+constexpr std::array<TypeNames, std::variant_size_v<Value>> types = {
+    {{"bool", "bool", Storage::Kind::boolean, "true or false (or yes, no, on, off, 1, 0)"},
+     {"int", "int", Storage::Kind::integer, "a whole number from -2147483648 to 2147483647"},
+     {"text", "std::string", Storage::Kind::text, anyText},
+     {"text", "QString", Storage::Kind::text, anyText},
+     {"bytes", "QByteArray", Storage::Kind::bytes, "bytes in base64, with its padding"},
+     {"list", "QStringList", Storage::Kind::text, "elements of text, none empty or with the separator of stored lists"}}};
 
 TypeNames const& type(Value const& value) { return types[value.index()]; }
 
@@ -39,7 +43,7 @@ TypeNames const& type(Value const& value) { return types[value.index()]; }
 constexpr std::array accepted = {
     "give true or false (or yes, no, on, off, 1, 0)",
     "give a whole number from -2147483648 to 2147483647",
-    "give the bytes in base64",
+    "give the bytes in base64, with its padding",
     "give text in UTF-8 without a byte order mark, as anything else would not come back unchanged",
     "an empty element is lost when the list is read back; leave it out",
     "the element holds the separator of stored lists and would come back in pieces",
@@ -80,7 +84,7 @@ QString parsedText(std::string const& word)
 QByteArray parsedBytes(std::string const& word)
 {
     std::optional<std::string> const bytes = fromBase64(word);
-    if (!bytes)
+    if (!bytes || toBase64(*bytes) != word)
         throw ValueError(Refusal::notBase64, word);
     return QByteArray::fromStdString(*bytes);
 }
@@ -120,6 +124,13 @@ struct Parser {
     }
 };
 
+// DEL, C1, and the marks of writing direction and line separators: terminals obey them.
+bool isObeyed(unsigned character)
+{
+    return (character >= 0x7f && character < 0xa0) || character == 0x61c || character == 0x200e || character == 0x200f ||
+           (character >= 0x2028 && character <= 0x202e) || (character >= 0x2066 && character <= 0x2069);
+}
+
 struct AsText {
     std::string operator()(bool value) const { return value ? "true" : "false"; }
     std::string operator()(int value) const { return std::to_string(value); }
@@ -153,6 +164,7 @@ ValueError::ValueError(Refusal refusal, std::string refusedWord)
 {}
 
 std::string typeName(Value const& value) { return type(value).name; }
+std::string acceptedForm(Value const& like) { return type(like).accepted; }
 std::string cppTypeName(Value const& value) { return type(value).cpp; }
 Storage::Kind storedKind(Value const& value) { return type(value).kind; }
 
@@ -165,16 +177,12 @@ ordered_json toJson(Value const& value) { return std::visit(AsJson(), value); }
 std::string jsonText(ordered_json const& value, int indent)
 {
     std::string const text = value.dump(indent, ' ', false, ordered_json::error_handler_t::replace);
-    // The dump escapes ASCII's control characters but DEL, and leaves those from U+0080 to U+009F raw.
-    std::string result;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        bool const isAboveAscii = text[at] == '\xC2' && static_cast<unsigned char>(text[at + 1]) < 0xA0;
-        if (isAboveAscii || text[at] == '\x7f')
-            absl::StrAppend(&result, "\\u", absl::Hex(static_cast<unsigned char>(text[isAboveAscii ? ++at : at]), absl::kZeroPad4));
-        else
-            result += text[at];
-    }
-    return result;
+    // The dump escapes ASCII's control characters but DEL.
+    QString result;
+    for (QChar const character : QString::fromStdString(text))
+        result +=
+            isObeyed(character.unicode()) ? QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QLatin1Char('0')) : QString(character);
+    return result.toStdString();
 }
 
 std::string toBase64(std::string const& bytes) { return QByteArray::fromStdString(bytes).toBase64().toStdString(); }

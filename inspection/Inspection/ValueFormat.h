@@ -38,12 +38,14 @@ public:
 
 /// The type of a value: "bool", "int", "text", "bytes" or "list".
 std::string typeName(Catalogue::Value const& value);
+/// What a word for a value of the type of `like` may be: "true or false (or yes, no, on, off, 1, 0)" and the like.
+std::string acceptedForm(Catalogue::Value const& like);
 /// The type in the library's interface, such as "QString".
 std::string cppTypeName(Catalogue::Value const& value);
 /// The kind that the stores keep such a value as.
 Storage::Kind storedKind(Catalogue::Value const& value);
 
-/// The value of the type of `like` in `words`: bytes in base64, an element of a list in each word. Throws `ValueError`.
+/// The value of the type of `like` in `words`: bytes in base64 with its padding, an element of a list in each word. Throws `ValueError`.
 Catalogue::Value parsed(Catalogue::Value const& like, std::vector<std::string> const& words);
 
 /// The value as UTF-8: bytes in base64, the elements of a list each on a line.
@@ -51,7 +53,8 @@ std::string text(Catalogue::Value const& value);
 /// The value as JSON: bytes as a base64 text, lists as arrays.
 nlohmann::ordered_json toJson(Catalogue::Value const& value);
 
-/// `value` as JSON text without raw control characters. Bytes that are not UTF-8 become replacement characters.
+/// `value` as JSON text without raw control characters and marks of writing direction. Bytes that are not UTF-8 become replacement
+/// characters.
 std::string jsonText(nlohmann::ordered_json const& value, int indent = -1);
 
 /// `bytes` in base64, with padding.

@@ -2,6 +2,7 @@
 #include <Catalogue/Catalogue.h>
 
 #include <support/BoundLibrary.h>
+#include <support/Table.h>
 
 #include <map>
 #include <set>
@@ -227,6 +228,47 @@ TEST_F(CatalogueOfPlaces, AreUsedAsTheEditorUsesThem)
     EXPECT_EQ(names[Use::fallback].size(), 11u);
     EXPECT_EQ(names[Use::shipped].size(), 34u);
     EXPECT_EQ(Catalogue::locations().size(), 62u);
+}
+
+TEST_F(CatalogueOfPreferences, NamesOfTheAccessorsAreThoseOfTheLibrary)
+{
+    std::size_t compared = 0;
+    for (PreferenceRow const& expected : preferenceTable()) {
+        if (!expected.hasAccessors())
+            continue;
+        ++compared;
+        EXPECT_EQ(row(expected.key.c_str()).getterName(), expected.getter);
+        EXPECT_EQ(row(expected.key.c_str()).setterName(), expected.setter);
+    }
+    EXPECT_EQ(compared, 55u);
+    EXPECT_EQ(Catalogue::familyOf("favoriteItems").getterName(), "Settings::favoriteItems");
+    EXPECT_EQ(Catalogue::familyOf("favoriteItems").setterName(), "");
+    EXPECT_EQ(Catalogue::familyOf("indicationObject").setterName(), "Settings::setIndicationObject");
+}
+
+TEST_F(CatalogueOfPreferences, PreferenceIsFoundByItsGetter)
+{
+    EXPECT_EQ(Catalogue::findPreferenceByGetter("autoDownloadUpdates"), &row("SUAutomaticallyUpdate"));
+    EXPECT_FALSE(Catalogue::findPreferenceByGetter("SUAutomaticallyUpdate"));
+    EXPECT_FALSE(Catalogue::findPreferenceByGetter(""));
+}
+
+TEST_F(CatalogueOfPreferences, UsableValuesAreThoseOfTheEditor)
+{
+    std::size_t folders = 0;
+    for (Preference const& each : Catalogue::preferences())
+        folders += each.usable.isFolder;
+    EXPECT_EQ(folders, 18u);
+    EXPECT_TRUE(row("lastAddDirectoryPath").usable.isFolder);
+    EXPECT_EQ(row("audioRecordFormat").usable.words, std::vector<std::string>{"wav"});
+    EXPECT_EQ(row("audioRecordCodec").usable.words, std::vector<std::string>{"pcm_s16le"});
+    EXPECT_EQ(row("freezedFileFormat").usable.words, std::vector<std::string>{"png"});
+}
+
+TEST_F(CatalogueOfPreferences, ListIsReadFromItsStoredText)
+{
+    EXPECT_EQ(Catalogue::listIn("a|#|b c"), (QStringList{QStringLiteral("a"), QStringLiteral("b c")}));
+    EXPECT_EQ(Catalogue::listIn(""), QStringList());
 }
 
 } // namespace

@@ -43,7 +43,7 @@ TEST_F(Reference, PageOfLocationsIsWhatTheProgramPrints)
 TEST_F(Reference, IsTheSameForAUserWhoHasSetEverything)
 {
     m_home.write(".config/user-dirs.dirs", "XDG_VIDEOS_DIR=\"$HOME/Films\"\nXDG_MUSIC_DIR=\"$HOME/Songs\"\n");
-    said({"set", "exportPath", "/films"});
+    tool({"set", "exportPath", "/films"});
     said({"set", "keepVideoAspect", "false"});
     std::map<std::string, std::string> const environment = {
         {"XDG_CONFIG_HOME", inHome(".config")}, {"XDG_DATA_HOME", "/data"}, {"XDG_CACHE_HOME", "/cache"}, {"LC_ALL", "de_DE.UTF-8"}};
@@ -72,15 +72,19 @@ std::string rowOf(std::string const& page, std::string const& name)
 TEST_F(Reference, RowTellsTypeStoreClassDefaultAndPurpose)
 {
     std::string const page = preferences();
-    EXPECT_EQ(rowOf(page, "keepVideoAspect"),
-              "bool | product | roaming | `true` | Whether a video keeps its aspect ratio when it is resized |");
+    EXPECT_EQ(rowOf(page, "keepVideoAspect"), "bool | product | roaming | `true` | Whether a video keeps its aspect ratio when it is "
+                                              "resized | `Settings::keepVideoAspect`, `setKeepVideoAspect` |");
     EXPECT_EQ(
         rowOf(page, "exportPath"),
-        "text, `QString` | product | local | `~/Videos/Lumora Library`, which is `defaultLumoraLibraryPath` | Folder of exported films |");
-    EXPECT_EQ(rowOf(page, "SUAutomaticallyUpdate"), "bool | common | local | `false` | Whether the updater downloads what it finds |");
-    EXPECT_EQ(rowOf(page, "achievedTutorials"), "list, `QStringList` | product | roaming | empty | Tutorials that the user has finished |");
+        "text, `QString` | product | local | `~/Videos/Lumora Library`, which is `defaultLumoraLibraryPath` | Folder of exported films | "
+        "`Settings::exportPath`, `setExportPath` |");
+    EXPECT_EQ(rowOf(page, "SUAutomaticallyUpdate"), "bool | common | local | `false` | Whether the updater downloads what it finds | "
+                                                    "`Settings::autoDownloadUpdates`, `setAutoDownloadUpdates` |");
+    EXPECT_EQ(rowOf(page, "achievedTutorials"), "list, `QStringList` | product | roaming | empty | Tutorials that the user has finished | "
+                                                "`Settings::achievedTutorials`, `setAchievedTutorials` |");
     EXPECT_EQ(rowOf(page, "Indication/name"),
-              "bytes, `QByteArray` | product | transient | What the editor keeps for the indication called `name` |");
+              "bytes, `QByteArray` | product | transient | What the editor keeps for the indication called `name` | "
+              "`Settings::indicationObject`, `setIndicationObject` |");
     EXPECT_EQ(rowOf(page, "stabilizedFileFormat"), "no row") << "nothing reads it";
     EXPECT_NE(page.find("reads yet: `stabilizedFileFormat`.\n"), std::string::npos);
 }
@@ -100,6 +104,7 @@ TEST_F(Reference, EveryPreferenceHasARowWithItsDefault)
         std::string const found = rowOf(page, row.key);
         EXPECT_NE(found.find(" | " + row.store + " | " + row.dataClass + " | "), std::string::npos) << row.key << ": " << found;
         EXPECT_NE(found.find(expected + " | "), std::string::npos) << row.key << ": " << found;
+        EXPECT_NE(found.find(" | `" + row.getter + "`, `" + row.setter.substr(10) + "` |"), std::string::npos) << row.key << ": " << found;
     }
 }
 

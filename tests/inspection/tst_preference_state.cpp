@@ -2,6 +2,7 @@
 //
 // Preferences and members of families, as real stores hold them.
 #include <Inspection/PreferenceState.h>
+#include <Inspection/RowDifference.h>
 
 #include <support/BoundLibrary.h>
 #include <support/Named.h>
@@ -208,6 +209,39 @@ TEST_F(Preferences, ClassOfAKeyIsAWord)
 {
     EXPECT_EQ(Inspection::classOf("exportPath"), "local");
     EXPECT_EQ(Inspection::classOf("favorites_x"), "roaming");
+}
+
+TEST_F(Preferences, PurposeOfAKeyNamesTheMember)
+{
+    EXPECT_EQ(Inspection::purposeOf("exportPath"), "Folder of exported films");
+    EXPECT_EQ(Inspection::purposeOf("favorites_my fonts"), "The favourites of the list called \"my fonts\"");
+    EXPECT_EQ(Inspection::purposeOf("unknown"), "");
+}
+
+TEST_F(Preferences, ValueIsUnusableForAReason)
+{
+    EXPECT_EQ(Inspection::whyUnusable("exportPath", QStringLiteral("films")),
+              "not absolute: it depends on the folder that the editor is started in");
+    EXPECT_EQ(Inspection::whyUnusable("lastAddMediaPath", QStringLiteral("~")), "only a shell replaces ~, and only outside quotes");
+    EXPECT_EQ(Inspection::whyUnusable("audioRecordCodec", std::string("aac")), "the library has no such name");
+    EXPECT_EQ(Inspection::whyUnusable("audioRecordCodec", std::string("pcm_s16le")), "");
+    EXPECT_EQ(Inspection::whyUnusable("exportPath", QString::fromStdString((m_home.path() / "missing/x").string())), "");
+    EXPECT_EQ(Inspection::whyUnusable("lastAddMediaPath", QString()), "");
+    EXPECT_EQ(Inspection::whyUnusable("Indication/x", QByteArray("~")), "");
+}
+
+TEST_F(Preferences, StoredListIsShownAsItIsRead)
+{
+    auto const shown = [&](char const* key, std::string const& stored) {
+        m_productRows.setString(key, stored);
+        return Inspection::storedText(m_productRows.find(key), "(unset)");
+    };
+    EXPECT_EQ(shown("userCustomColors", "a|#|b c"), R"(["a","b c"])");
+    EXPECT_EQ(shown("favorites_x", ""), "[]");
+    EXPECT_EQ(shown("userCustomColors", "a|#||#|b"), "a|#||#|b") << "it would be read without the empty element";
+    EXPECT_EQ(shown("exportPath", "a|#|b"), "a|#|b");
+    EXPECT_EQ(shown("unknown", "a|#|b"), "a|#|b");
+    EXPECT_EQ(Inspection::storedText(std::nullopt, "(unset)"), "(unset)");
 }
 
 TEST_F(Preferences, ReservedKeysAreThoseWithoutAccessors)

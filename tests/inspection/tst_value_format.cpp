@@ -71,7 +71,6 @@ INSTANTIATE_TEST_SUITE_P(
         Taken{"TextWithControlCharacters", aText, {"\x1f\n"}, QStringLiteral("\x1f\n")},
         Taken{"TextLikeAFileName", aText, {"@file"}, QStringLiteral("@file")},
         Taken{"Bytes", bytes, {"AP8="}, QByteArray("\0\xFF", 2)},
-        Taken{"BytesWithoutPadding", bytes, {"AP8"}, QByteArray("\0\xFF", 2)},
         Taken{"NoBytes", bytes, {""}, QByteArray()},
         Taken{"List", aList, {"#fff", "a b", "[c,d]"}, list({"#fff", "a b", "[c,d]"})},
         Taken{"EmptyList", aList, {}, QStringList()},
@@ -121,6 +120,7 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{"NotBase64", bytes, {"a*b"}, Refusal::notBase64, "a*b"},
         Refused{"BitsThatMakeNoByte", bytes, {"A"}, Refusal::notBase64, "A"},
         Refused{"BitsLeftOver", bytes, {"AB=="}, Refusal::notBase64, "AB=="},
+        Refused{"Base64WithoutPadding", bytes, {"AP8"}, Refusal::notBase64, "AP8"},
         Refused{"BlankInBase64", bytes, {"AP 8="}, Refusal::notBase64, "AP 8="},
         Refused{"FileNameForBytes", bytes, {"@file"}, Refusal::notBase64, "@file"},
         Refused{"TextWithAByteOrderMark", aText, {"\xEF\xBB\xBFx"}, Refusal::notUtf8, "\xEF\xBB\xBFx"},
@@ -186,6 +186,16 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(JsonText, HoldsNoRawControlCharacter)
 {
     EXPECT_EQ(Inspection::jsonText("a\x1b[31m\x7f\xC2\x80\xC2\x9F\xC2\xA0z"), "\"a\\u001b[31m\\u007f\\u0080\\u009f\xC2\xA0z\"");
+}
+
+TEST(JsonText, HoldsNoRawMarkOfDirection)
+{
+    EXPECT_EQ(
+        Inspection::jsonText("\xD8\x9C|\xE2\x80\x8D\xE2\x80\x8E\xE2\x80\x8F\xE2\x80\x90|\xE2\x80\xA7\xE2\x80\xA8\xE2\x80\xAE\xE2\x80\xAF|"
+                             "\xE2\x81\xA5\xE2\x81\xA6\xE2\x81\xA9\xE2\x81\xAA"),
+        "\"\\u061c|\xE2\x80\x8D\\u200e\\u200f\xE2\x80\x90|\xE2\x80\xA7\\u2028\\u202e\xE2\x80\xAF|"
+        "\xE2\x81\xA5\\u2066\\u2069\xE2\x81\xAA\"");
+    EXPECT_EQ(Inspection::jsonText("\xF0\x9F\x8E\xAC"), "\"\xF0\x9F\x8E\xAC\"") << "beyond the first plane";
 }
 
 TEST(JsonText, ReplacesBytesThatAreNotUtf8) { EXPECT_EQ(Inspection::jsonText("a\xFFz"), "\"a\xEF\xBF\xBDz\""); }

@@ -18,7 +18,7 @@ struct Wrong {
     char const* meaning;
     Words words; // ~ stands for the home folder
     int status;
-    std::string told; // {verbs} stands for those that the help lists
+    std::string told;
 };
 
 class Advice : public Tool, public testing::WithParamInterface<Wrong> {
@@ -35,23 +35,11 @@ protected:
 
     std::string filled(std::string text) const
     {
-        for (auto const& [sign, meaning] : {std::pair("~", m_home.path().string()), std::pair("{verbs}", m_verbs)})
+        for (auto const& [sign, meaning] : {std::pair("~", m_home.path().string())})
             for (std::size_t at = 0; (at = text.find(sign, at)) != std::string::npos;)
                 text.replace(at, std::strlen(sign), meaning);
         return text;
     }
-
-    // As a sentence has them.
-    std::string verbsOfTheHelp()
-    {
-        std::vector<std::string> const listed = verbs();
-        std::string text = listed.at(0);
-        for (std::size_t index = 1; index < listed.size(); ++index)
-            text += (index + 1 < listed.size() ? ", " : " and ") + listed[index];
-        return text;
-    }
-
-    std::string const m_verbs = verbsOfTheHelp();
 };
 
 TEST_P(Advice, TellsWhatIsWrongAndWhatToDo)
@@ -63,8 +51,10 @@ TEST_P(Advice, TellsWhatIsWrongAndWhatToDo)
     EXPECT_EQ(said({"list", "--set", "--plain"}), "npsSendCount\tint\tproduct\tset\t7\n") << "no is said, and something changed";
 }
 
-std::string const forMore = "Run with --help for more information.";
-std::string const theVerbs = "The verbs are {verbs}.\n";
+std::string const forMore = "Run 'editor-settings --help' for more information.";
+std::string helpOf(std::string const& verb) { return "Run 'editor-settings " + verb + " --help' for more information."; }
+std::string const theVerbs = "The verbs are list, get, set, unset, explain, paths, next-name, project, backup, restore, monitor, doctor, "
+                             "export, import, diff, completion, manual and help.\n";
 std::string const kinds = "What follows next-name is one of audio, freeze and stabilized.\n";
 std::string const nameAProduct = "\nName a product file with '--product FILE', or in EDITOR_SETTINGS_PRODUCT.";
 std::string const lookAtTheStores =
@@ -99,27 +89,50 @@ INSTANTIATE_TEST_SUITE_P(
               {"next-name", "frieze", "x"},
               2,
               "A subcommand is required\nDid you mean freeze? 'editor-settings next-name freeze --help' shows how it is used.\n" + kinds +
-                  forMore},
-        Wrong{"MistypedOption", {"list", "--plan"}, 2, notExpected + "--plan\nDid you mean --plain?\n" + forMore},
-        Wrong{"OptionBetweenTwo", {"list", "--uset"}, 2, notExpected + "--uset\nDid you mean --set or --unset?\n" + forMore},
-        Wrong{"OptionLikeNone", {"list", "--elsewhere"}, 2, notExpected + "--elsewhere\n" + forMore},
-        Wrong{"MistypedOptionWithAValue", {"list", "--stor=product"}, 2, notExpected + "--stor=product\nDid you mean --store?\n" + forMore},
+                  helpOf("next-name")},
+        Wrong{"MistypedOption", {"list", "--plan"}, 2, notExpected + "--plan\nDid you mean --plain?\n" + helpOf("list")},
+        Wrong{"OptionBetweenTwo", {"list", "--uset"}, 2, notExpected + "--uset\nDid you mean --set or --unset?\n" + helpOf("list")},
+        Wrong{"OptionLikeNone", {"list", "--elsewhere"}, 2, notExpected + "--elsewhere\n" + helpOf("list")},
+        Wrong{"MistypedOptionWithAValue",
+              {"list", "--stor=product"},
+              2,
+              notExpected + "--stor=product\nDid you mean --store?\n" + helpOf("list")},
         Wrong{"MistypedOptionForAll",
               {"--produkt", "x", "list"},
               2,
-              "The following arguments were not expected: x --produkt\nDid you mean --product?\n" + forMore},
-        Wrong{"WordTooMany", {"get", "exportPath", "x"}, 2, notExpected + "x\n" + forMore},
-        Wrong{"NoKey", {"get"}, 2, "KEY is required\n" + forMore},
-        Wrong{"NoValue", {"set", "npsSendCount"}, 2, "VALUE is required\n" + forMore},
-        Wrong{"WrongStore", {"list", "--store", "third"}, 2, "--store: third not in {product,common}\n" + forMore},
-        Wrong{"WrongClass", {"export", "-", "--only", "x"}, 2, "--only: x not in {roaming,local,personal,transient}\n" + forMore},
-        Wrong{"WrongShell", {"completion", "csh"}, 2, "SHELL: csh not in {bash,zsh,fish}\n" + forMore},
-        Wrong{"WrongColor", {"--color", "red", "list"}, 2, "--color: red not in {auto,always,never}\n" + forMore}),
+              "The following arguments were not expected: x --produkt\nDid you mean --product?\n" + helpOf("list")},
+        Wrong{"WordTooMany", {"unset", "exportPath", "x"}, 2, notExpected + "x\n" + helpOf("unset")},
+        Wrong{"KeyAndValueInOneWord",
+              {"set", "npsSendCount=8"},
+              2,
+              "key and value are two words: 'editor-settings set npsSendCount 8'\n" + helpOf("set")},
+        Wrong{"ResetForUnset",
+              {"reset"},
+              2,
+              notExpected + "reset\nDid you mean unset? 'editor-settings unset --help' shows how it is used.\n" + theVerbs + forMore},
+        Wrong{"DeleteForUnset",
+              {"delete"},
+              2,
+              notExpected + "delete\nDid you mean unset? 'editor-settings unset --help' shows how it is used.\n" + theVerbs + forMore},
+        Wrong{"RemoveForUnset",
+              {"remove"},
+              2,
+              notExpected + "remove\nDid you mean unset? 'editor-settings unset --help' shows how it is used.\n" + theVerbs + forMore},
+        Wrong{"NoKey", {"get"}, 2, "KEY is required\n" + helpOf("get")},
+        Wrong{"NoValue", {"set", "npsSendCount"}, 2, "VALUE is required\n" + helpOf("set")},
+        Wrong{"WrongStore", {"list", "--store", "third"}, 2, "--store: third not in {product,common}\n" + helpOf("list")},
+        Wrong{"WrongClass", {"export", "-", "--only", "x"}, 2, "--only: x not in {roaming,local,personal,transient}\n" + helpOf("export")},
+        Wrong{"WrongShell", {"completion", "csh"}, 2, "SHELL: csh not in {bash,zsh,fish}\n" + helpOf("completion")},
+        Wrong{"WrongColor", {"--color", "red", "list"}, 2, "--color: red not in {auto,always,never}\n" + helpOf("list")}),
     byMeaning);
 
 INSTANTIATE_TEST_SUITE_P(
     Keys, Advice,
-    testing::Values(Wrong{"MistypedKey",
+    testing::Values(Wrong{"PatternForAKey",
+                          {"get", "*Path"},
+                          1,
+                          "'*Path' is a pattern and no preference; 'editor-settings list PATTERN' takes patterns"},
+                    Wrong{"MistypedKey",
                           {"get", "exprtPath"},
                           1,
                           "there is no preference 'exprtPath'; did you mean exportPath? 'editor-settings list' shows all"},
@@ -147,7 +160,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Wrong{"WordForBytes",
                           {"set", "mainWindowState", "a*b"},
                           1,
-                          "mainWindowState holds bytes and cannot be 'a*b'; give the bytes in base64, or @FILE to read them from a file"},
+                          "mainWindowState holds bytes and cannot be 'a*b'; give the bytes in base64, with its padding, or @FILE to read "
+                          "them from a file"},
                     Wrong{"EmptyElement",
                           {"set", "userCustomColors", "a", ""},
                           1,
@@ -227,5 +241,15 @@ INSTANTIATE_TEST_SUITE_P(Products, Advice,
                                                "parsing value - unexpected end of input; expected '[', '{', or a literal" +
                                                    nameAProduct}),
                          byMeaning);
+
+TEST_F(Advice, WordWithoutWildcardsLeadsToAPattern)
+{
+    Ended const listed = tool({"list", "Path", "--plain"});
+    EXPECT_EQ(listed.status, 0);
+    EXPECT_EQ(listed.out, "");
+    EXPECT_EQ(listed.err, "editor-settings: no key is 'Path'; 'editor-settings list '*Path*'' shows those that hold it\n");
+    EXPECT_EQ(said({"list", "exportPath", "--set", "--plain"}), "") << "a key, though not stored";
+    EXPECT_EQ(said({"list", "nothing*", "--plain"}), "");
+}
 
 } // namespace

@@ -3,6 +3,8 @@
 // Completion: what the program offers at the cursor, and each shell that asks it.
 #include "Tool.h"
 
+#include <Storage/SqliteStorage.h>
+
 #include <support/Table.h>
 
 #include <algorithm>
@@ -59,7 +61,8 @@ TEST_F(Completion, OffersTheKeys)
     EXPECT_EQ(offered({"get", "expo"}), Words{"exportPath"});
     EXPECT_EQ(offered({"--home", "get", "explain", "expo"}), Words{"exportPath"}) << "an option's value is no verb";
     EXPECT_EQ(offered({"--home=get", "explain", "expo"}), Words{"exportPath"});
-    EXPECT_EQ(offered({"get", "exportPath", ""}), Words{}) << "one key is enough";
+    EXPECT_EQ(offered({"get", "exportPath", ""}), keys()) << "it takes several";
+    EXPECT_EQ(offered({"explain", "exportPath", ""}), Words{}) << "one key is enough";
     EXPECT_EQ(offered({"set", "exportPath", ""}), Words{});
 }
 
@@ -124,6 +127,10 @@ TEST_F(Completion, TellsWhatEachWordIsFor)
     EXPECT_EQ(said({"complete", "--", "list", "--se"}), "--set\tOnly what is stored\n");
     EXPECT_EQ(said({"complete", "--", "get", "exp"}), "exportPath\tFolder of exported films\n");
     EXPECT_EQ(said({"complete", "--", "paths", "stockTi"}), "stockTitlesSvgPath\tTitles\n");
+    said({"set", "Indication/tour", "AA=="});
+    Storage::SqliteStorage(productFile()).setString("unknown", "");
+    EXPECT_EQ(said({"complete", "--", "unset", ""}),
+              "Indication/tour\tWhat the editor keeps for the indication called \"tour\"\nunknown\t\n");
 }
 
 TEST_F(Completion, IsNotInTheHelp) { EXPECT_EQ(said({"--help"}).find("  complete "), std::string::npos); }
@@ -225,8 +232,24 @@ TEST_P(ShellCompletion, OffersWhatTheProgramOffers)
     EXPECT_EQ(shellOffers({"get", "expo"}), Words{"exportPath"});
     EXPECT_EQ(shellOffers({"next-name", "freeze", "--res"}), Words{"--reserve"});
     EXPECT_EQ(shellOffers({"list", "--store", "c"}), Words{"common"});
-    EXPECT_EQ(shellOffers({"get", "exportPath", ""}), Words{});
+    EXPECT_EQ(shellOffers({"explain", "exportPath", ""}), Words{});
     EXPECT_EQ(shellOffers({"exp"}), (Words{"explain", "export"}));
+}
+
+// What zsh and fish show beside each word.
+TEST_F(Completion, ShellsShowThePurpose)
+{
+    std::string const script = m_home.write("script", said({"completion", "zsh"})).string();
+    Ended const zsh = run({"zsh", "-f", "-c",
+                           "compdef() { :; }; _describe() { print -rl -- ${(P)2}; }; source '" + script +
+                               "'; words=('" TOOL "' get expo); CURRENT=3; _editor_settings"});
+    EXPECT_EQ(zsh.out, "exportPath:Folder of exported films\n") << zsh.err;
+    m_home.write("script.fish", said({"completion", "fish"}));
+    std::string const folder = std::filesystem::path(TOOL).parent_path().string();
+    Ended const fish =
+        run({"fish", "--no-config", "-c",
+             "set -x PATH '" + folder + "' $PATH; source '" + inHome("script.fish") + "'; complete -C 'editor-settings get expo'"});
+    EXPECT_EQ(fish.out, "exportPath\tFolder of exported films\n") << fish.err;
 }
 
 TEST_P(ShellCompletion, CompletesFilesAndFolders)

@@ -253,7 +253,7 @@ TEST_F(Doctor, FindingsAreCounted)
 
 TEST_F(Doctor, FolderThatTheEditorCannotWriteToIsFound)
 {
-    said({"set", "snapshotPath", m_home.write("file", "").string()});
+    tool({"set", "snapshotPath", m_home.write("file", "").string()});
     EXPECT_EQ(finding(),
               about("error", "folder", {}, {}, inHome("file"), "snapshotPath: the editor cannot write there: not a folder",
                     "make the folder writable, or set the preference to another; 'editor-settings paths --explain' shows what decides it"));

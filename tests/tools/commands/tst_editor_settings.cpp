@@ -17,9 +17,9 @@ namespace {
 
 TEST_F(Tool, ValueIsReadByTheNextProcess)
 {
-    EXPECT_EQ(said({"set", "exportPath", "/tmp/x"}), "");
-    EXPECT_EQ(said({"get", "exportPath"}), "/tmp/x\n");
-    EXPECT_EQ(Storage::SqliteStorage(productFile()).getString("exportPath", ""), "/tmp/x");
+    EXPECT_EQ(said({"set", "exportPath", inHome("x")}), "");
+    EXPECT_EQ(said({"get", "exportPath"}), inHome("x") + '\n');
+    EXPECT_EQ(Storage::SqliteStorage(productFile()).getString("exportPath", ""), inHome("x"));
 }
 
 struct Kept {
@@ -43,7 +43,7 @@ INSTANTIATE_TEST_SUITE_P(
     Table, KeptValue,
     testing::Values(Kept{"True", "quizAgreementChecked", {"true"}, "true\n"}, Kept{"Number", "npsSendCount", {"42"}, "42\n"},
                     Kept{"NegativeNumber", "npsSendCount", {"-5"}, "-5\n"}, Kept{"Text", "lastTarget", {"a text"}, "a text\n"},
-                    Kept{"EmptyText", "exportPath", {""}, "\n"},
+                    Kept{"EmptyText", "lastTarget", {""}, "\n"},
                     Kept{"TextBeyondAscii", "lastTarget", {"\xC3\xBC\xE2\x82\xAC"}, "\xC3\xBC\xE2\x82\xAC\n"},
                     Kept{"TextInBrackets", "lastTarget", {"[a,b]"}, "[a,b]\n"}, Kept{"TextWithLineBreak", "lastTarget", {"a\nb"}, "a\nb\n"},
                     Kept{"TextWithControlCharacter", "lastTarget", {"\x1f[x]"}, "\x1f[x]\n"},
@@ -76,6 +76,108 @@ TEST_F(Tool, UnsetBringsTheDefaultBack)
     EXPECT_EQ(again.err, "editor-settings: npsSendCount was not set\n");
 }
 
+// --- Values that the editor cannot use ---
+
+struct Doubtful {
+    char const* meaning;
+    char const* key;
+    std::string value; // ~~ stands for the home folder
+    std::string reason;
+    char const* accepted;
+};
+
+class DoubtfulValue : public Tool, public testing::WithParamInterface<Doubtful> {
+protected:
+    std::string filled(std::string text) const
+    {
+        for (std::size_t at = 0; (at = text.find("~~", at)) != std::string::npos;)
+            text.replace(at, 2, m_home.path().string());
+        return text;
+    }
+
+    std::string told(std::string const& consequence) const
+    {
+        return "editor-settings: " + std::string(GetParam().key) + ": the editor cannot use '" + filled(GetParam().value) +
+               "': " + filled(GetParam().reason) + "; " + consequence + "; give " + GetParam().accepted + '\n';
+    }
+};
+
+TEST_P(DoubtfulValue, IsStoredWithAWarningAndRefusedOnRequest)
+{
+    m_home.write("file", "");
+    std::string const value = filled(GetParam().value);
+    EXPECT_EQ(refused({"set", GetParam().key, value, "--strict"}), told("nothing was stored"));
+    EXPECT_EQ(said({"list", "--set", "--plain"}), "");
+    Ended const set = tool({"set", GetParam().key, value});
+    EXPECT_EQ(set.status, 0);
+    EXPECT_EQ(set.err, told("it is stored all the same"));
+    EXPECT_EQ(said({"get", GetParam().key}), value + '\n');
+}
+
+std::string const onlyAShell = "only a shell replaces ~, and only outside quotes";
+std::string const notAbsolute = "not absolute: it depends on the folder that the editor is started in";
+char const* const aFolder = "the absolute path of a folder";
+
+INSTANTIATE_TEST_SUITE_P(Table, DoubtfulValue,
+                         testing::Values(Doubtful{"QuotedHome", "exportPath", "~/Films", onlyAShell, aFolder},
+                                         Doubtful{"QuotedHomeToRead", "lastAddVideoPath", "~/Films", onlyAShell, aFolder},
+                                         Doubtful{"Relative", "projectPath", "films", notAbsolute, aFolder},
+                                         Doubtful{"RelativeToRead", "lastAddMediaPath", "films", notAbsolute, aFolder},
+                                         Doubtful{"Empty", "snapshotPath", "", "empty", aFolder},
+                                         Doubtful{"BelowAFile", "audioRecordPath", "~~/file/x", "missing, and ~~/file is not a folder",
+                                                  aFolder},
+                                         Doubtful{"FileFormat", "freezedFileFormat", "jpg", "the library has no such name", "png"},
+                                         Doubtful{"FormatOfAnotherKind", "audioRecordFormat", "png", "the library has no such name", "wav"},
+                                         Doubtful{"Codec", "audioRecordCodec", "mp3", "the library has no such name", "pcm_s16le"}),
+                         byMeaning);
+
+TEST_F(Tool, FolderWithoutRightIsWarnedOf)
+{
+    std::filesystem::create_directories(inHome("closed"));
+    std::filesystem::create_directories(inHome("stores"));
+    std::filesystem::permissions(inHome("closed"), std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    Ended const set = run(withoutPrivileges({TOOL, "--home", inHome("stores"), "set", "exportPath", inHome("closed/films")}));
+    std::filesystem::permissions(inHome("closed"), std::filesystem::perms::owner_all);
+    EXPECT_EQ(set.status, 0);
+    EXPECT_EQ(set.err, "editor-settings: exportPath: the editor cannot use '" + inHome("closed/films") + "': missing, and " +
+                           inHome("closed") + " is not writable; it is stored all the same; give the absolute path of a folder\n");
+}
+
+TEST_F(Tool, UsableValuesAreStoredWithoutAWord)
+{
+    EXPECT_EQ(said({"set", "exportPath", inHome("missing/films"), "--strict"}), "") << "the editor can make it";
+    EXPECT_EQ(said({"set", "lastAddVideoPath", "/no/such/folder", "--strict"}), "") << "the editor only starts there";
+    EXPECT_EQ(said({"set", "lastAddVideoPath", "", "--strict"}), "");
+    EXPECT_EQ(said({"set", "audioRecordFormat", "wav", "--strict"}), "");
+    EXPECT_EQ(said({"set", "lastTarget", "~", "--strict"}), "") << "no folder";
+}
+
+// --- Limits of the system ---
+
+TEST_F(Tool, LimitOfFileSizesIsToldAsAFullDisk)
+{
+    Ended const set = run({"sh", "-c", "ulimit -f 1; exec \"$0\" set npsSendCount 1", TOOL});
+    EXPECT_EQ(set.status, 1);
+    EXPECT_EQ(lines(set.err).front(),
+              "editor-settings: " + commonFile() + ": cannot create the store: File too large; free some space on the disk and try again");
+}
+
+TEST_F(Tool, LackOfDescriptorsIsTold)
+{
+    said({"set", "npsSendCount", "1"});
+    int told = 0;
+    // Below some number the program itself cannot be loaded, and from some number on it has enough.
+    for (int limit = 4; limit < 16; ++limit) {
+        Ended const got = run({"sh", "-c", "ulimit -n " + std::to_string(limit) + "; exec \"$0\" get npsSendCount", TOOL});
+        if (got.status == 1)
+            told += lines(got.err).front() == "editor-settings: " + productFile() +
+                                                  ": cannot open the store: Too many open files; close some files or programs, or raise "
+                                                  "the limit of open files";
+        EXPECT_EQ(got.err.find("make the file"), std::string::npos) << got.err;
+    }
+    EXPECT_GE(told, 1);
+}
+
 // --- Errors ---
 
 struct Refused {
@@ -96,7 +198,7 @@ TEST_P(RefusedCommand, TellsWhatIsAcceptedAndChangesNothing)
 
 std::string const wholeNumber = "give a whole number from -2147483648 to 2147483647";
 std::string const trueOrFalse = "give true or false (or yes, no, on, off, 1, 0)";
-std::string const base64 = "give the bytes in base64, or @FILE to read them from a file";
+std::string const base64 = "give the bytes in base64, with its padding, or @FILE to read them from a file";
 std::string const utf8 = "give text in UTF-8 without a byte order mark, as anything else would not come back unchanged";
 
 INSTANTIATE_TEST_SUITE_P(
@@ -154,7 +256,7 @@ class WrongUsage : public Tool, public testing::WithParamInterface<Usage> {};
 TEST_P(WrongUsage, EndsWithStatusTwoAndTouchesNothing)
 {
     std::string const reason = refused(GetParam().arguments, 2);
-    EXPECT_NE(reason.find("Run with --help for more information."), std::string::npos) << reason;
+    EXPECT_NE(reason.find(" --help' for more information."), std::string::npos) << reason;
     EXPECT_FALSE(std::filesystem::exists(inHome(".local")));
 }
 
@@ -165,28 +267,60 @@ INSTANTIATE_TEST_SUITE_P(Table, WrongUsage,
                                          Usage{"SetAndUnset", {"list", "--set", "--unset"}},
                                          Usage{"UnknownStore", {"list", "--store", "third"}},
                                          Usage{"ValueAndEmpty", {"set", "userCustomColors", "a", "--empty"}},
-                                         Usage{"TwoKeys", {"get", "a", "b"}}, Usage{"EmptyHome", {"--home", "", "list"}},
+                                         Usage{"TwoKeys", {"unset", "a", "b"}}, Usage{"KeyAndValueInOneWord", {"set", "npsSendCount=7"}},
+                                         Usage{"HelpOfNoVerb", {"help", "forget"}}, Usage{"EmptyHome", {"--home", "", "list"}},
                                          Usage{"EmptyProductFile", {"--product", "", "list"}}),
                          byMeaning);
 
 // The one literal list of the verbs.
 TEST_F(Tool, HelpListsTheVerbsInTheirOrder)
 {
-    EXPECT_EQ(verbs(), (std::vector<std::string>{"list", "get", "set", "unset", "explain", "paths", "next-name", "project", "backup",
-                                                 "restore", "monitor", "doctor", "export", "import", "diff", "completion", "manual"}));
+    EXPECT_EQ(verbs(),
+              (std::vector<std::string>{"list", "get", "explain", "paths", "project", "set", "unset", "next-name", "backup", "restore",
+                                        "export", "import", "diff", "monitor", "doctor", "completion", "manual", "help"}));
 }
 
-TEST_F(Tool, HelpTellsEnvironmentAndExitStatus)
+TEST_F(Tool, HelpOpensNoStore)
 {
     std::string const help = said({"--help"});
-    for (char const* word : {"--home", "EDITOR_SETTINGS_HOME", "--product", "EDITOR_SETTINGS_PRODUCT"})
+    for (char const* word : {"--home", "--product", "--color", "--no-pager", "--version"})
         EXPECT_NE(help.find(word), std::string::npos) << word;
-    EXPECT_NE(help.find("  0  success\n  1  failure: unknown key, wrong value, trouble with a store or the product file, an unusable "
-                        "folder,\n     or something wrong found by doctor\n  2  wrong usage\n"),
-              std::string::npos);
     EXPECT_NE(said({"set", "--help"}).find("base64"), std::string::npos);
     EXPECT_EQ(said({"--version"}), "1.0.0\n");
-    EXPECT_FALSE(std::filesystem::exists(inHome(".local"))) << "help opens no store";
+    EXPECT_FALSE(std::filesystem::exists(inHome(".local")));
+}
+
+TEST_F(Tool, HelpIsAVerbToo)
+{
+    EXPECT_EQ(said({"help"}), said({"--help"}));
+    EXPECT_EQ(said({"help", "set"}), said({"set", "--help"}));
+    EXPECT_EQ(lines(said({"help", "set"})).at(1), "Usage: editor-settings set [OPTIONS] KEY [VALUE...]");
+}
+
+TEST_F(Tool, HelpFitsAScreen)
+{
+    std::vector<std::vector<std::string>> helps = {{"--help"}};
+    for (std::string const& verb : verbs()) {
+        helps.push_back({verb, "--help"});
+        for (std::string const& below : helpLists("Verbs", {verb}))
+            helps.push_back({verb, below, "--help"});
+    }
+    ASSERT_EQ(helps.size(), 22u);
+    for (std::vector<std::string> const& help : helps) {
+        std::vector<std::string> const shown = lines(said(help));
+        EXPECT_LE(shown.size(), 40u) << help.front();
+        for (std::string const& line : shown)
+            EXPECT_LE(line.size(), 80u) << help.front() << ": " << line;
+    }
+}
+
+TEST_F(Tool, OptionsOfAVerbMayStandBeforeIt)
+{
+    EXPECT_EQ(said({"--json", "get", "npsSendCount"}), said({"get", "npsSendCount", "--json"}));
+    EXPECT_EQ(said({"--store", "common", "--home", inHome("x"), "--plain", "list", "s*"}), "sendStatistics\tbool\tcommon\tunset\ttrue\n");
+    EXPECT_EQ(said({"--store=common", "list", "--plain", "s*"}), "sendStatistics\tbool\tcommon\tunset\ttrue\n");
+    EXPECT_EQ(tool({"--reserve", "list"}).status, 2) << "another verb's option";
+    EXPECT_EQ(tool({"--plain", "s*", "list"}).status, 2) << "a word is not moved";
 }
 
 TEST_F(Tool, LookingMakesNoStore)
@@ -332,7 +466,7 @@ TEST_F(Tool, ListShortensLongValuesForPeopleOnly)
 TEST_F(Tool, ListShowsAListOnOneLine)
 {
     said({"set", "userCustomColors", "#fff", "navy"});
-    EXPECT_EQ(said({"list", "--set"}), "KEY\tTYPE\tSTORE\tSTATE\tVALUE\nuserCustomColors\tlist\tproduct\tset\t#fff, navy\n");
+    EXPECT_EQ(said({"list", "--set"}), "KEY\tTYPE\tSTORE\tSTATE\tVALUE\nuserCustomColors\tlist\tproduct\tset\t[\"#fff\",\"navy\"]\n");
     EXPECT_EQ(said({"list", "--set", "--plain"}), "userCustomColors\tlist\tproduct\tset\t[\"#fff\",\"navy\"]\n");
     EXPECT_EQ(said({"get", "userCustomColors", "--plain"}), "[\"#fff\",\"navy\"]\n");
     said({"set", "userCustomColors", "#fff\nnavy"});
@@ -392,9 +526,38 @@ TEST_F(Tool, GetAsJsonTellsTheType)
     EXPECT_EQ(json::parse(said({"get", "userCustomColors", "--json"}))["value"], json::parse(R"(["a\nb"])"));
 }
 
-TEST_F(Tool, ExplainTellsWhereAnUnsetValueComesFrom)
+TEST_F(Tool, GetOfSeveralKeysHasALineForEach)
+{
+    said({"set", "userCustomColors", "#fff", "navy"});
+    EXPECT_EQ(said({"get", "npsSendCount", "userCustomColors"}), "npsSendCount\t0\nuserCustomColors\t[\"#fff\",\"navy\"]\n");
+    EXPECT_EQ(said({"get", "userCustomColors", "npsSendCount", "--plain"}), "userCustomColors\t[\"#fff\",\"navy\"]\nnpsSendCount\t0\n");
+    EXPECT_EQ(
+        json::parse(said({"get", "npsSendCount", "keepVideoAspect", "--json"})),
+        json::parse(R"([{"key": "npsSendCount", "type": "int", "value": 0}, {"key": "keepVideoAspect", "type": "bool", "value": true}])"));
+    EXPECT_EQ(refused({"get", "npsSendCount", "nothingLikeIt"}),
+              "editor-settings: there is no preference 'nothingLikeIt'; 'editor-settings list' shows all\n");
+}
+
+TEST_F(Tool, NameOfAGetterStandsForItsKey)
+{
+    EXPECT_EQ(said({"set", "autoDownloadUpdates", "yes"}), "");
+    EXPECT_EQ(Storage::SqliteStorage(commonFile()).getBool("SUAutomaticallyUpdate", false), true);
+    EXPECT_EQ(said({"get", "autoDownloadUpdates"}), "true\n");
+    EXPECT_EQ(json::parse(said({"get", "autoDownloadUpdates", "--json"}))["key"], "SUAutomaticallyUpdate");
+    EXPECT_EQ(lines(said({"explain", "autoDownloadUpdates"})).front(), "key\tSUAutomaticallyUpdate");
+    EXPECT_EQ(said({"unset", "autoDownloadUpdates"}), "");
+    EXPECT_EQ(said({"list", "--set", "--plain"}), "");
+    EXPECT_EQ(refused({"get", "setAutoDownloadUpdates"}),
+              "editor-settings: there is no preference 'setAutoDownloadUpdates'; 'editor-settings list' shows all\n");
+}
+
+TEST_F(Tool, ExplainTellsWhatItIsForAndWhereAnUnsetValueComesFrom)
 {
     EXPECT_EQ(said({"explain", "exportPath"}), "key\texportPath\n"
+                                               "purpose\tFolder of exported films\n"
+                                               "accepts\tthe absolute path of a folder\n"
+                                               "getter\tSettings::exportPath\n"
+                                               "setter\tSettings::setExportPath\n"
                                                "type\ttext (QString)\n"
                                                "class\tlocal\n"
                                                "store\tproduct\n"
@@ -413,20 +576,44 @@ TEST_F(Tool, ExplainTellsWhereAnUnsetValueComesFrom)
 TEST_F(Tool, ExplainTellsWhatIsStoredAndSinceWhen)
 {
     Storage::SqliteStorage(commonFile()).setBool("autoUpdate", false);
-    std::vector<std::string> const explained = lines(said({"explain", "autoUpdate", "--plain"}));
-    ASSERT_EQ(explained.size(), 12u);
-    EXPECT_EQ(explained[0], "key\tautoUpdate");
-    EXPECT_EQ(explained[1], "type\tbool");
-    EXPECT_EQ(explained[2], "class\tlocal");
-    EXPECT_EQ(explained[3], "store\tcommon");
-    EXPECT_EQ(explained[4], "file\t" + commonFile());
-    EXPECT_EQ(explained[5], "state\tset");
-    EXPECT_EQ(explained[6], "stored\tfalse");
-    EXPECT_EQ(explained[7], "stored kind\tbool");
-    EXPECT_EQ(explained[8].substr(0, 10), "changed\t20");
-    EXPECT_EQ(explained[9], "default\ttrue");
-    EXPECT_EQ(explained[10], "computed by\tnothing: it is fixed");
-    EXPECT_EQ(explained[11], "value\tfalse");
+    OtherProgram(commonFile()).execute("UPDATE settings SET changed = 1795192853344");
+    std::map<std::string, std::string> const tokyo = {{"TZ", "Asia/Tokyo"}};
+    std::string const explained = tool({"explain", "autoUpdate", "--plain"}, tokyo).out;
+    EXPECT_EQ(explained, "key\tautoUpdate\n"
+                         "purpose\tWhether updates are looked for\n"
+                         "accepts\ttrue or false (or yes, no, on, off, 1, 0)\n"
+                         "getter\tSettings::autoUpdate\n"
+                         "setter\tSettings::setCheckForUpdates\n"
+                         "type\tbool\n"
+                         "class\tlocal\n"
+                         "store\tcommon\n"
+                         "file\t" +
+                             commonFile() +
+                             "\n"
+                             "state\tset\n"
+                             "stored\tfalse\n"
+                             "stored kind\tbool\n"
+                             "changed\t2026-11-20T16:40:53.344Z\n"
+                             "default\ttrue\n"
+                             "computed by\tnothing: it is fixed\n"
+                             "value\tfalse\n");
+    EXPECT_EQ(lines(tool({"explain", "autoUpdate"}, tokyo).out).at(12), "changed\t2026-11-21 01:40:53") << "local, for people";
+}
+
+TEST_F(Tool, ListHasOneFaceEverywhere)
+{
+    said({"set", "userCustomColors", "#fff", "a b"});
+    std::string const face = R"(["#fff","a b"])";
+    EXPECT_EQ(said({"list", "userCustomColors"}), "KEY\tTYPE\tSTORE\tSTATE\tVALUE\nuserCustomColors\tlist\tproduct\tset\t" + face + '\n');
+    EXPECT_EQ(said({"get", "userCustomColors", "--plain"}), face + '\n');
+    std::string const explained = said({"explain", "userCustomColors"});
+    EXPECT_NE(explained.find("\nstored\t" + face + "\nstored kind\tstring\n"), std::string::npos) << explained;
+    EXPECT_NE(explained.find("\nvalue\t" + face + '\n'), std::string::npos) << explained;
+    said({"export", inHome("settings.json")});
+    said({"unset", "userCustomColors"});
+    EXPECT_EQ(tool({"diff", inHome("settings.json"), "--plain"}).out, "added\tproduct\tuserCustomColors\t\t\tstring\t" + face + '\n');
+    Storage::SqliteStorage(productFile()).setString("userCustomColors", "a|#||#|b");
+    EXPECT_NE(said({"explain", "userCustomColors"}).find("\nstored\ta|#||#|b\n"), std::string::npos) << "a list that is read as another";
 }
 
 TEST_F(Tool, ExplainGivesTheTimeInUtc)
@@ -439,14 +626,16 @@ TEST_F(Tool, ExplainGivesTheTimeInUtc)
 
 TEST_F(Tool, ExplainAsJsonTellsAll)
 {
-    said({"set", "snapshotPath", "/s"});
+    said({"set", "snapshotPath", inHome("s")});
     json explained = json::parse(said({"explain", "snapshotPath", "--json"}));
     EXPECT_EQ(explained["stored"]["changed"].get<std::string>().size(), 24u);
     explained["stored"].erase("changed");
-    json expected = json::parse(R"({"key": "snapshotPath", "type": "text", "cppType": "QString", "class": "local", "store": "product",
+    json expected = json::parse(R"({"key": "snapshotPath", "purpose": "Folder of snapshots", "accepts": "the absolute path of a folder",
+        "getter": "Settings::snapshotPath", "setter": "Settings::setSnapshotPath", "type": "text", "cppType": "QString", "class": "local", "store": "product",
         "state": "set",
-        "stored": {"kind": "string", "value": "/s"}, "default": {"computedBy": "Settings::defaultLumoraLibraryPath"}, "value": "/s"})");
+        "stored": {"kind": "string", "value": null}, "default": {"computedBy": "Settings::defaultLumoraLibraryPath"}})");
     expected["file"] = productFile();
+    expected["value"] = expected["stored"]["value"] = inHome("s");
     expected["default"]["value"] = inHome("Videos/Lumora Library");
     EXPECT_EQ(explained, expected);
     EXPECT_EQ(json::parse(said({"explain", "npsSendCount", "--json"}))["stored"], json());

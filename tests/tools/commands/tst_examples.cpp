@@ -24,7 +24,7 @@ protected:
         std::vector<std::string> result;
         for (std::string const& verb : verbs()) {
             result.push_back(verb);
-            for (std::string const& below : helpLists("Subcommands", {verb}))
+            for (std::string const& below : helpLists("Verbs", {verb}))
                 result.push_back(verb + ' ' + below);
         }
         return result;
@@ -197,7 +197,7 @@ INSTANTIATE_TEST_SUITE_P(
                "1\n"},
         Effect{"DifferencesOfThePast",
                "diff",
-               {"editor-settings diff settings.json", "What differs between the stores and the file; exit status 1 for a difference."},
+               {"editor-settings diff settings.json", "What differs between stores and file; exit status 1 for a difference."},
                " | sed 1d",
                "changed\tproduct\tnpsSendCount\t4\t3\n"},
         Effect{"NoDifferences", "diff", {"editor-settings export - | editor-settings diff -", "Nothing, as the two are alike."}, "", ""},

@@ -60,12 +60,22 @@ TEST_F(Families, KeysMadeFromNamesAreListedExplainedAndUnset)
               "Indication/x\tbytes\tproduct\tset\tAP8=\nfavorites_fonts\tlist\tproduct\tset\t[\"Verdana\"]\n");
     std::vector<std::string> const explained = lines(said({"explain", "Indication/x", "--plain"}));
     EXPECT_EQ(explained[0], "key\tIndication/x");
-    EXPECT_EQ(explained[1], "type\tbytes (QByteArray)");
-    EXPECT_EQ(explained[5], "state\tset");
+    EXPECT_EQ(explained[1], "purpose\tWhat the editor keeps for the indication called \"x\"");
+    EXPECT_EQ(explained[2], "accepts\tbytes in base64, with its padding");
+    EXPECT_EQ(explained[3], "getter\tSettings::indicationObject");
+    EXPECT_EQ(explained[4], "setter\tSettings::setIndicationObject");
+    EXPECT_EQ(lines(said({"explain", "favorites_fonts"}))[2], "accepts\tnothing: the editor alone writes it");
     said({"unset", "Indication/x"});
     said({"unset", "favorites_fonts"});
     EXPECT_EQ(said({"list", "--set", "--plain"}), "");
     EXPECT_EQ(text("unknown"), "kept");
+}
+
+TEST_F(Families, WordThatLacksPaddingIsNoBytes)
+{
+    EXPECT_EQ(refused({"set", "Indication/x", "AP8"}),
+              "editor-settings: Indication/x holds bytes and cannot be 'AP8'; give the bytes in base64, with its padding, or @FILE to read "
+              "them from a file\n");
 }
 
 // A key is shown and changed by the verbs for all keys; no verb of its own takes a word that was meant for another.
@@ -98,7 +108,7 @@ TEST_F(Project, NameExtensionsFiltersAndSampleAreTold)
     std::string const product = productWith(R"(["ext1", "EXT2"])");
     std::string const sample = m_home.write("R/resources/samples/stock/projects/deep/a.Ext2", "").string();
     EXPECT_EQ(said({"--product", product, "project"}), "default name\tNew Project\n"
-                                                       "extensions\text1, EXT2\n"
+                                                       "extensions\t[\"ext1\",\"EXT2\"]\n"
                                                        "extension for saving\text1\n"
                                                        "save filter\t*.ext1\n"
                                                        "open filter\t*.ext1 *.EXT2\n"

@@ -140,7 +140,7 @@ TEST_P(HostileWord, IsToldSoThatNoTerminalObeysIt)
 
 std::string const giveUtf8 = " cannot be '*'; give text in UTF-8 without a byte order mark, as anything else would not come back unchanged";
 std::string const giveNumber = " cannot be '*'; give a whole number from -2147483648 to 2147483647";
-std::string const giveBytes = " cannot be '*'; give the bytes in base64, or @FILE to read them from a file";
+std::string const giveBytes = " cannot be '*'; give the bytes in base64, with its padding, or @FILE to read them from a file";
 std::string const noPreference = "there is no preference '*'; 'editor-settings list' shows all";
 std::string const noLocation = "there is no location '*'; 'editor-settings paths' shows all";
 std::string const notExpected = "The following argument was not expected: *";
@@ -161,7 +161,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "product file /no/a\xEF\xBF\xBD\\x1b(0\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD cannot be read (No "
                 "such file or directory); check its name and rights, or name another product file",
                 "product file /no/* cannot be read (No such file or directory); check its name and rights, or name another product file"},
-        Command{"Pattern", {"list", "*"}, ""},
+        Command{"Pattern", {"list", "**"}, ""},
         Command{"Store", {"list", "--store", "*"}, "--store: * not in {product,common}", "--store: * not in {product,common}"},
         Command{"KeyToGet", {"get", "*"}, noPreference, noPreference}, Command{"KeyToSet", {"set", "*", "x"}, noPreference, noPreference},
         Command{"KeyToUnset", {"unset", "*"}, noPreference, noPreference},
@@ -223,7 +223,7 @@ TEST_F(Hostile, NameOfAnIndicationIsToldWithoutItsControls)
 {
     EXPECT_EQ(refused({"set", "Indication/" + obeyed, "a*b"}),
               "editor-settings: Indication/" + obeyedTold +
-                  " holds bytes and cannot be 'a*b'; give the bytes in base64, or @FILE to read them from a file\n");
+                  " holds bytes and cannot be 'a*b'; give the bytes in base64, with its padding, or @FILE to read them from a file\n");
     EXPECT_EQ(tool({"unset", "Indication/" + obeyed}).err, "editor-settings: Indication/" + obeyedTold + " was not set\n");
 }
 
@@ -514,7 +514,7 @@ TEST_F(Hostile, LongAnswerIsNotLostInPart)
 
 TEST_F(Hostile, RefusalAfterAnAnswerThatIsLostIsToldToo)
 {
-    said({"set", "exportPath", "/dev/null"});
+    tool({"set", "exportPath", "/dev/null"});
     Ended const ended = toolWith(">/dev/full", {"paths", "exportPath", "--check"});
     EXPECT_EQ(ended.status, 1);
     EXPECT_EQ(lines(ended.err).back(), "editor-settings: cannot write to standard output: No space left on device");

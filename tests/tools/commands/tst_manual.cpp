@@ -40,19 +40,48 @@ TEST_F(Manual, PageTellsEveryVerbAndOptionOfTheHelp)
             EXPECT_EQ(section.find("\\fB" + option + "\\fR") == std::string::npos, option.find("--help") == 0)
                 << verb << " has no " << option << ", or repeats --help";
     }
-    EXPECT_NE(
-        page.find(
-            "\n.SH NAME\neditor-settings - reads, changes and explains the preferences, folders and file names of Lumora Video Editor\n"),
-        std::string::npos);
+    EXPECT_NE(page.find("\n.SH NAME\neditor-settings - shows and changes preferences, folders and names of files of Lumora Video Editor\n"),
+              std::string::npos);
     EXPECT_NE(page.find("\nStores a value.\n.TP\n\\fIKEY\\fR\nThe preference\n.TP\n\\fIVALUE\\fR\nA bool as true or false"),
               std::string::npos);
     for (std::string const& option : longOptions())
         EXPECT_NE(page.find(option + "\\fR"), std::string::npos) << option;
     for (char const* text :
          {".SS \"\\fBnext-name stabilized\\fR \\fISOURCE\\fR \\fIFORMAT\\fR\"", ".SS \"\\fBset\\fR \\fIKEY\\fR [\\fIVALUE\\fR...]\"",
-          "\nEDITOR_SETTINGS_HOME\nStands in for --home where that is not given\n", ".SH \"EXIT STATUS\"\n  0  success\n",
+          "\nEDITOR_SETTINGS_HOME\nStands in for --home where that is not given\n",
+          ".SH \"EXIT STATUS\"\n.TP\n\\fB0\\fR\nSuccess\n.TP\n\\fB1\\fR\n", "\n.TP\n\\fB2\\fR\nWrong usage; for diff: any error\n",
           "\\fB--store\\fR \\fISTORE\\fR\n", "a backslash is printed as \\e\\e, a tab as \\et,\nline"})
         EXPECT_NE(page.find(text), std::string::npos) << text;
+}
+
+// What a section lists: the term of each entry.
+std::vector<std::string> termsIn(std::string const& page, std::string const& title)
+{
+    std::size_t const begin = page.find("\n.SH \"" + title + "\"\n");
+    EXPECT_NE(begin, std::string::npos) << title;
+    std::string const section = page.substr(begin + 1, page.find("\n.SH ", begin + 1) - begin);
+    std::vector<std::string> terms;
+    std::regex const term("\n\\.TP\n(?:\\\\fB)?([^\n\\\\]+)");
+    for (std::sregex_iterator found(section.begin(), section.end(), term); found != std::sregex_iterator(); ++found)
+        terms.push_back((*found)[1]);
+    return terms;
+}
+
+TEST_F(Manual, PageListsStatusesVariablesClassesAndFiles)
+{
+    std::string page = std::regex_replace(said({"manual"}), std::regex("\\\\-"), "-");
+    page = std::regex_replace(page, std::regex("\\\\\\(ti"), "~");
+    page = std::regex_replace(page, std::regex("\n\\.SH ENVIRONMENT\n"), "\n.SH \"ENVIRONMENT\"\n");
+    using Terms = std::vector<std::string>;
+    EXPECT_EQ(termsIn(page, "EXIT STATUS"), (Terms{"0", "1", "2"}));
+    EXPECT_EQ(termsIn(page, "DATA CLASSES"), (Terms{"roaming", "local", "personal", "transient"}));
+    EXPECT_EQ(termsIn(page, "ENVIRONMENT"),
+              (Terms{"EDITOR_SETTINGS_PRODUCT", "EDITOR_SETTINGS_HOME", "EDITOR_SETTINGS_PAGER, PAGER", "LESS", "NO_COLOR", "TERM", "HOME",
+                     "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_CONFIG_HOME", "TZ"}));
+    EXPECT_EQ(termsIn(page, "FILES"),
+              (Terms{"~/.local/share/VENDOR/PRODUCT/product-settings.sqlite", "~/.local/share/VENDOR/common-settings.sqlite",
+                     "STORE-journal", "STORE.before-restore-TIME", "PREFIX/share/editor-settings/product.json"}));
+    EXPECT_NE(page.find("\n.SH \"SEE ALSO\"\nless(1), sqlite3(1), "), std::string::npos);
 }
 
 TEST_F(Manual, PageIsCleanTroff)

@@ -96,7 +96,7 @@ TEST_F(Monitor, TellsChangesOfOtherProcessesAndNotWhatWasThere)
     SqliteStorage(commonFile()).setBool("autoUpdate", true);
     start();
     awaitReady();
-    said({"set", "exportPath", "/a\nb"});
+    tool({"set", "exportPath", "/a\nb"});
     EXPECT_EQ(withoutTime(awaited("out", "exportPath")), "  product  exportPath  /films -> /a\\nb\n");
     said({"set", "autoUpdate", "no"});
     awaited("out", "autoUpdate");
@@ -118,7 +118,7 @@ TEST_F(Monitor, TellsChangesToScripts)
     SqliteStorage(productFile()).setString("exportPath", "/films");
     start({"--json"});
     awaitReady();
-    said({"set", "exportPath", "/a"});
+    tool({"set", "exportPath", "/a"});
     json told = json::parse(awaited("out", "\n"));
     EXPECT_EQ(told["time"].get<std::string>().size(), 24u);
     told.erase("time");
@@ -142,7 +142,7 @@ TEST_F(Monitor, EndsWhereNobodyCanReadIt)
     SqliteStorage(productFile()).setString("exportPath", "/films");
     start({}, "/dev/full");
     awaitReady();
-    said({"set", "exportPath", "/a"});
+    tool({"set", "exportPath", "/a"});
     std::string const reason = "editor-settings: cannot write to standard output: No space left on device\n";
     EXPECT_EQ(awaited("err", reason), "editor-settings: watching both stores; Ctrl+C ends it\n" + reason);
     EXPECT_EQ(statusAfter(SIGTERM), 1);

@@ -109,7 +109,7 @@ TEST_F(NextName, UsageIsChecked)
 {
     EXPECT_EQ(nextName({}).err,
               "editor-settings: A subcommand is required\nWhat follows next-name is one of audio, freeze and stabilized.\n"
-              "Run with --help for more information.\n");
+              "Run 'editor-settings next-name --help' for more information.\n");
     for (std::vector<std::string> const& wrong :
          {std::vector<std::string>{}, {"video"}, {"freeze"}, {"stabilized", "a.mov"}, {"audio", "x"}})
         EXPECT_EQ(nextName(wrong).status, 2);

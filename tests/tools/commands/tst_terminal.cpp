@@ -111,11 +111,12 @@ TEST_F(Colors, TellWhatADifferenceIs)
     std::string const file = m_home.write("in.json", R"({"format": "editor-settings export", "version": 1, "stores": {"product":
         {"npsSendCount": {"kind": "int", "value": 8}, "npsValueToSend": {"kind": "int", "value": 1}}}})");
     said({"set", "keepVideoAspect", "no"});
-    EXPECT_EQ(tool({"diff", file, "--color=always"}).out,
-              "\x1b[1mCHANGE\x1b[0m   \x1b[1mSTORE\x1b[0m    \x1b[1mKEY\x1b[0m              \x1b[1mSTORED\x1b[0m   \x1b[1mFILE\x1b[0m\n"
-              "\x1b[31mremoved\x1b[0m  product  keepVideoAspect  false    (absent)\n"
-              "\x1b[33mchanged\x1b[0m  product  npsSendCount     7        8\n"
-              "\x1b[32madded\x1b[0m    product  npsValueToSend   (unset)  1\n");
+    EXPECT_EQ(
+        tool({"diff", file, "--color=always"}).out,
+        "\x1b[1mCHANGE\x1b[0m            \x1b[1mSTORE\x1b[0m    \x1b[1mKEY\x1b[0m              \x1b[1mSTORED\x1b[0m   \x1b[1mFILE\x1b[0m\n"
+        "\x1b[31monly here\x1b[0m         product  keepVideoAspect  false    (absent)\n"
+        "\x1b[33mchanged\x1b[0m           product  npsSendCount     7        8\n"
+        "\x1b[32monly in the file\x1b[0m  product  npsValueToSend   (unset)  1\n");
 }
 
 TEST_F(Colors, MarkTheNamesOfAnExplanation)
@@ -141,10 +142,10 @@ protected:
     // A backup, and other values since then, outside ASCII.
     void SetUp() override
     {
-        said({"set", "exportPath", "/a"});
+        tool({"set", "exportPath", "/a"});
         said({"set", "lastTarget", "b"});
         tool({"backup", inHome("backup")});
-        said({"set", "exportPath", "/\xE6\x97\xA5\xE6\x9C\xAC"});
+        tool({"set", "exportPath", "/\xE6\x97\xA5\xE6\x9C\xAC"});
         said({"set", "lastTarget", "e\xCC\x81x"});
     }
     Words const m_command = {"sh", "-c", "exec \"$0\" restore \"$1\" --dry-run --color=never 2>&-", TOOL, inHome("backup")};
@@ -307,7 +308,7 @@ TEST_F(Paged, WhoeverLeavesEarlyDoesNothingWrong)
 
 TEST_F(Paged, ExitStatusIsTheVerbs)
 {
-    said({"set", "exportPath", "films"});
+    tool({"set", "exportPath", "films"});
     Ended const ended = pagedTool({"paths", "--check", "--color=never"}, {{"PAGER", "head -n 1 | cut -c -8"}});
     EXPECT_EQ(ended.status, 1);
     EXPECT_EQ(ended.out.substr(0, 65), "LOCATION\neditor-settings: the editor cannot write to exportPath; ") << "the reason comes last";

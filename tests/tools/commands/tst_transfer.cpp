@@ -172,9 +172,8 @@ TEST_F(Exchange, DiskThatIsFullLeavesNoPartOfAFile)
     // A limit for files in the place of a disk of that size.
     Ended const ended = run({"sh", "-c", "trap '' XFSZ; ulimit -f 1; exec \"$0\" export \"$1\"", TOOL, inHome("small/out.json")});
     EXPECT_EQ(ended.status, 1);
-    EXPECT_EQ(ended.err,
-              "editor-settings: " + inHome("small/out.json") +
-                  ": cannot write the export: File too large; make the file and its folder readable and writable for this user\n");
+    EXPECT_EQ(ended.err, "editor-settings: " + inHome("small/out.json") +
+                             ": cannot write the export: File too large; free some space on the disk and try again\n");
     EXPECT_TRUE(std::filesystem::is_empty(inHome("small")));
 }
 
@@ -550,11 +549,11 @@ TEST_F(Difference, IsALineForEachKey)
     SqliteStorage(productFile()).remove("unknown");
     EXPECT_EQ(tool({"diff", file(std::regex_replace(fileContent(m_file), std::regex("\"theirs[^}]*\\},"), ""))}).out,
               "CHANGE\tSTORE\tKEY\tSTORED\tFILE\n"
-              "removed\tproduct\texportPath\t/a\t(absent)\n"
+              "only here\tproduct\texportPath\t/a\t(absent)\n"
               "changed\tproduct\tnpsSendCount\t1\t2\n"
               "changed\tproduct\tnpsValueToSend\t7 (string)\t7 (int)\n"
-              "added\tproduct\tprojectPath\t(unset)\t\n"
-              "removed\tcommon\tautoUpdate\ttrue\t(absent)\n");
+              "only in the file\tproduct\tprojectPath\t(unset)\t\n"
+              "only here\tcommon\tautoUpdate\ttrue\t(absent)\n");
 }
 
 TEST_F(Difference, AsJsonHasBothSidesAsTheDocumentHasThem)

@@ -5,13 +5,17 @@
 // mark itself, prevents both; every option removes the mark.
 #pragma once
 
+#include "commands/Command.h"
+
 #include <CLI/CLI.hpp>
 
 #include <string>
 #include <vector>
 
-/// The arguments, marked, the last one first as CLI11 wants them.
-std::vector<std::string> markedArguments(int argc, char** argv);
+/// `words` with the options before the verb that are the verb's own moved behind it.
+std::vector<std::string> verbFirst(std::vector<std::string> words, std::vector<Option> const& global, std::vector<Command> const& commands);
+/// `words`, marked, the last one first as CLI11 wants them.
+std::vector<std::string> markedArguments(std::vector<std::string> words);
 /// A message about marked arguments, without the marks.
 std::string unmarked(std::string text);
 

@@ -67,16 +67,15 @@ void addCommand(CLI::App& above, Command const& command, std::map<CLI::App const
     CLI::App* const verb = above.add_subcommand(command.name, command.summary);
     known[verb] = &command;
     verb->fallthrough(); // what stands for all verbs may stand behind each
-    verb->footer(helpOf(command.examples));
     addOptions(*verb, command.options);
     for (Command const& below : command.verbs)
         addCommand(*verb, below, known);
     if (!command.verbs.empty())
         verb->require_subcommand(1);
-    if (command.missingWord)
+    if (command.wrongWords)
         verb->callback([&command] {
-            if (std::string const word = command.missingWord(); !word.empty())
-                throw CLI::RequiredError(word);
+            if (std::string const trouble = command.wrongWords(); !trouble.empty())
+                throw CLI::ValidationError(trouble);
         });
 }
 
@@ -133,12 +132,17 @@ public:
     {
         m_commands.push_back(completionCommand());
         m_commands.push_back(manualCommand());
+        m_commands.push_back(helpCommand());
         m_app.set_version_flag("--version", EDITOR_SETTINGS_VERSION_STRING, "Display program version information and exit");
-        m_app.footer(helpFooter());
+        m_app.formatter_fn([this](CLI::App const* app, std::string const& path, CLI::AppFormatMode) {
+            auto const found = m_known.find(app);
+            return found == m_known.end() ? programHelp(m_app.get_description(), m_global.options(), m_commands)
+                                          : verbHelp(path, *found->second);
+        });
         m_app.require_subcommand(0, 1);
         m_app.failure_message([this](CLI::App const* app, CLI::Error const& error) {
             return absl::StrCat("editor-settings: ", shortened(withoutControls(unmarked(error.what())), 500), "\n",
-                                adviceOnUsage(*app, m_global.options(), m_commands), "Run with --help for more information.\n");
+                                adviceOnUsage(*app, m_global.options(), m_commands));
         });
         addOptions(m_app, m_global.options());
         for (Command const& command : m_commands)
@@ -150,7 +154,7 @@ public:
     int run(int argc, char** argv)
     {
         try {
-            m_app.parse(markedArguments(argc, argv));
+            m_app.parse(markedArguments(verbFirst({argv + 1, argv + argc}, m_global.options(), m_commands)));
             if (m_app.get_subcommands().empty())
                 throw CLI::RequiredError("A verb");
         } catch (CLI::ParseError const& error) {
@@ -221,6 +225,7 @@ private:
     {
         Command command;
         command.name = "completion";
+        command.group = Group::support;
         command.summary = "A completion script for a shell, to be sourced";
         command.options = {Option("SHELL", &m_shell, "bash, zsh or fish").required().oneOf({"bash", "zsh", "fish"})};
         command.examples = {{"editor-settings completion bash > editor-settings.bash", "A script for bash: source editor-settings.bash"}};
@@ -234,6 +239,7 @@ private:
     {
         Command command;
         command.name = "manual";
+        command.group = Group::support;
         command.summary = "The manual page, for man";
         command.examples = {{"editor-settings manual > editor-settings.1", "The page in a file: man ./editor-settings.1"}};
         command.stores = always(StoreUse::none);
@@ -245,13 +251,35 @@ private:
         return command;
     }
 
-    CLI::App m_app{"Reads, changes and explains the preferences, folders and file names of Lumora Video Editor.", "editor-settings"};
+    Command helpCommand()
+    {
+        std::vector<std::string> names;
+        for (Command const& command : m_commands)
+            names.push_back(command.name);
+        Command command;
+        command.name = "help";
+        command.group = Group::support;
+        command.summary = "This help, or that of a verb";
+        command.options = {Option("VERB", &m_helpedVerb, "The verb").oneOf(names)};
+        command.examples = {{"editor-settings help set", "What 'editor-settings set --help' prints."}};
+        command.stores = always(StoreUse::none);
+        command.needsProduct = false;
+        command.run = [this](Invocation const&) {
+            std::cout << (m_helpedVerb.empty() ? programHelp(m_app.get_description(), m_global.options(), m_commands)
+                                               : m_app.get_subcommand(m_helpedVerb)->help(m_app.get_name()));
+            return 0;
+        };
+        return command;
+    }
+
+    CLI::App m_app{"Shows and changes preferences, folders and names of files of Lumora Video Editor.", "editor-settings"};
     GlobalOptions m_global;
     std::vector<Command> m_commands = allCommands();
     std::map<CLI::App const*, Command const*> m_known;
     CLI::App* m_completing = nullptr;
     std::vector<std::string> m_typed;
     std::string m_shell;
+    std::string m_helpedVerb;
     int m_errorStatus = 1;
 };
 
@@ -260,16 +288,14 @@ private:
 std::vector<Option> GlobalOptions::options()
 {
     std::string const emptyName = "the name is empty; leave the option out for the default";
-    return {Option("--color", &color, "Colours: auto for a terminal alone, always, or never; default: auto")
-                .of("WHEN")
-                .oneOf({"auto", "always", "never"}),
-            Option("--no-pager", &withoutPager, "Long answers as they are, not a screen at a time"),
-            Option("--product", &productFile, "The product file, in JSON; default: the one that is installed with this program")
+    return {Option("--color", &color, "Colours: auto, always or never; default: auto").of("WHEN").oneOf({"auto", "always", "never"}),
+            Option("--no-pager", &withoutPager, "Long answers as they are"),
+            Option("--product", &productFile, "The product file; default: the installed one")
                 .of("FILE")
                 .refusingEmpty(emptyName)
                 .completedBy(Candidates::files)
                 .fromEnvironment("EDITOR_SETTINGS_PRODUCT"),
-            Option("--home", &home, "The folder of both stores; default: the product's data folder and the vendor's")
+            Option("--home", &home, "The folder of both stores, in place of their own")
                 .of("DIR")
                 .refusingEmpty(emptyName)
                 .completedBy(Candidates::folders)

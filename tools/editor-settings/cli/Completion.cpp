@@ -6,6 +6,7 @@
 #include <Catalogue/Catalogue.h>
 #include <Host/FileContent.h>
 #include <Inspection/Locations.h>
+#include <Inspection/PreferenceState.h>
 
 #include <absl/strings/match.h>
 #include <absl/strings/str_cat.h>
@@ -134,7 +135,7 @@ try {
     std::vector<Candidate> result;
     for (Storage::SqliteStorage const* const store : {application.productStorage(), application.commonStorage()})
         for (Storage::SqliteStorage::Row const& row : store ? store->rows() : std::vector<Storage::SqliteStorage::Row>())
-            result.push_back({row.key, ""});
+            result.push_back({row.key, onOneLine(Inspection::purposeOf(row.key))});
     return result;
 } catch (std::exception const&) {
     return {};

@@ -6,15 +6,19 @@
 #include <string>
 #include <vector>
 
-/// A text about the program as a whole, for the end of the help and a section of the manual.
+/// A section of the manual about the program as a whole: a text, then terms with their meanings.
 struct HelpText {
     char const* title;
-    char const* text; ///< Lines that begin with blanks stay lines of their own.
+    char const* text;
+    std::vector<std::pair<char const*, char const*>> terms = {};
 };
 
+/// Those before and those behind the section about the environment.
 std::vector<HelpText> const& helpTexts();
+/// The variables that no option stands for.
+std::vector<std::pair<char const*, char const*>> const& environmentTerms();
 
-/// The texts as the help shows them.
-std::string helpFooter();
-/// The examples of a verb as its help shows them.
-std::string helpOf(std::vector<Example> const& examples);
+/// The help of the program: at most 80 columns wide.
+std::string programHelp(std::string const& description, std::vector<Option> const& global, std::vector<Command> const& commands);
+/// The help of a verb, whose name with those above it is `path`: likewise.
+std::string verbHelp(std::string const& path, Command const& command);

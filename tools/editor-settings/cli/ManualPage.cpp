@@ -90,6 +90,18 @@ std::string environment(std::vector<Option> const& options)
     for (Option const& option : options)
         if (!option.variable.empty())
             text += entry(troff(option.variable), "Stands in for " + option.name + " where that is not given");
+    for (auto const& [variable, meaning] : environmentTerms())
+        text += entry(troff(variable), meaning);
+    return text;
+}
+
+std::string sectionOf(HelpText const& section)
+{
+    std::string text = ".SH \"" + absl::AsciiStrToUpper(troff(section.title)) + "\"\n";
+    if (*section.text != '\0')
+        text += troff(section.text) + '\n';
+    for (auto const& [term, meaning] : section.terms)
+        text += entry("\\fB" + typed(term) + "\\fR", meaning);
     return text;
 }
 
@@ -110,7 +122,7 @@ std::string manualPage(std::string const& description, std::vector<Option> const
             entry("\\fB\\-\\-version\\fR", "Display program version information and exit") + entriesOf(global);
     page += ".SH VERBS\n" + sectionsOf(commands, "");
     page += ".SH ENVIRONMENT\n" + environment(global);
-    for (HelpText const& text : helpTexts())
-        page += ".SH \"" + absl::AsciiStrToUpper(troff(text.title)) + "\"\n" + troff(text.text) + '\n';
+    for (HelpText const& section : helpTexts())
+        page += sectionOf(section);
     return page;
 }

@@ -7,6 +7,7 @@
 #include <absl/strings/str_cat.h>
 
 #include <algorithm>
+#include <map>
 
 namespace {
 
@@ -16,6 +17,7 @@ struct Understood {
     std::string last;
     std::vector<std::string> options;
     std::vector<std::string> verbs;
+    std::map<std::string, std::string> otherNames; // of these verbs
 };
 
 void addNames(std::vector<std::string>& names, std::vector<Option> const& options)
@@ -41,8 +43,11 @@ Understood understood(CLI::App const& app, std::vector<Option> const& global, st
         addNames(result.options, command->options);
         level = &command->verbs;
     }
-    for (Command const& command : *level)
+    for (Command const& command : *level) {
         result.verbs.push_back(command.name);
+        for (std::string const& other : command.otherNames)
+            result.otherNames[other] = command.name;
+    }
     return result;
 }
 
@@ -54,7 +59,9 @@ std::string likelyOption(std::string const& word, Understood const& so)
 
 std::string likelyVerb(std::string const& word, Understood const& so)
 {
-    std::vector<std::string> const likely = suggestions(word, so.verbs);
+    auto const other = so.otherNames.find(word);
+    std::vector<std::string> const likely =
+        other != so.otherNames.end() ? std::vector<std::string>{other->second} : suggestions(word, so.verbs);
     if (likely.empty())
         return {};
     return absl::StrCat("Did you mean ", alternatives(likely), "? '", so.path, " ", likely.front(), " --help' shows how it is used.\n");
@@ -78,5 +85,6 @@ std::string adviceOnUsage(CLI::App const& app, std::vector<Option> const& global
     std::vector<std::string> const notUnderstood = app.remaining(true);
     std::string const word = notUnderstood.empty() ? "" : notUnderstood.front();
     bool const isOption = word.size() > 2 && word.compare(0, 2, "--") == 0;
-    return (isOption ? likelyOption(word, so) : likelyVerb(word, so)) + whatFollows(so);
+    return absl::StrCat(isOption ? likelyOption(word, so) : likelyVerb(word, so), whatFollows(so), "Run '", so.path,
+                        " --help' for more information.\n");
 }

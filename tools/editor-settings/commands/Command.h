@@ -110,6 +110,9 @@ enum class StoreUse {
     replace,     ///< It replaces whole stores, also unusable ones.
 };
 
+/// What a user wants from a verb; the help lists the verbs by it.
+enum class Group { look, change, keep, support };
+
 /// What a verb is run with.
 struct Invocation {
     std::filesystem::path productFile;
@@ -128,8 +131,11 @@ struct Command {
     std::function<int(Invocation const&)> run;
     /// The verbs below this one, one of which must follow it.
     std::vector<Command> verbs = {};
-    /// The required word that is missing; empty where none is.
-    std::function<std::string()> missingWord = {};
+    /// What is wrong with the words together, such as "VALUE is required"; empty where nothing is.
+    std::function<std::string()> wrongWords = {};
+    Group group = Group::keep;
+    /// What users of other programs may call it; the error for such a word leads here.
+    std::vector<std::string> otherNames = {};
     bool isLong = false;      ///< Whether the answer may be longer than a screen.
     int errorStatus = 1;      ///< The exit status of an error.
     bool needsProduct = true; ///< Whether it asks for the product file.

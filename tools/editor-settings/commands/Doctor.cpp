@@ -217,7 +217,8 @@ std::vector<Command> commandsOfDoctor()
     auto const format = std::make_shared<FormatChoice>();
     Command command;
     command.name = "doctor";
-    command.summary = "What is wrong with the stores, what they hold and the folders; exit status 1 where something is";
+    command.group = Group::support;
+    command.summary = "What is wrong with stores, values and folders, and what to do";
     command.options = withFormat(*format, jsonHelp);
     command.examples = {{"editor-settings doctor", "What is wrong and what to do; exit status 0 where all is well."},
                         {"editor-settings doctor --json > report.json", "The same, for somebody who helps."}};

@@ -86,6 +86,7 @@ std::vector<Command> commandsOfMonitor()
     auto const format = std::make_shared<FormatChoice>();
     Command command;
     command.name = "monitor";
+    command.group = Group::support;
     command.summary = "Prints the changes that other processes make, as they happen";
     command.options = withFormat(*format, "One JSON object a line; bytes in base64");
     command.examples = {{"editor-settings monitor", "A line for each change, until Ctrl+C."}};

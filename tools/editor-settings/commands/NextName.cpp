@@ -214,6 +214,7 @@ std::vector<Command> commandsOfNextName()
 
     Command command;
     command.name = "next-name";
+    command.group = Group::change;
     command.summary = "The name that the editor gives the next file of a kind";
     command.options = withFormat(words->format, jsonHelp,
                                  {Option("--reserve", &words->options.reserve,

@@ -17,7 +17,6 @@ std::string onOneLine(Catalogue::Value const& value)
 
 std::string inColumn(Catalogue::Value const& value, Format format)
 {
-    QStringList const* const list = format == Format::people ? std::get_if<QStringList>(&value) : nullptr;
-    std::string const line = list ? onOneLine(list->join(QStringLiteral(", ")).toStdString()) : onOneLine(value);
+    std::string const line = onOneLine(value);
     return format == Format::people ? shortened(line, 120) : line;
 }

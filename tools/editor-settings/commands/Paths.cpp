@@ -223,6 +223,7 @@ std::vector<Command> commandsOfPaths()
     auto const words = std::make_shared<PathsWords>();
     Command command;
     command.name = "paths";
+    command.group = Group::look;
     command.summary = "Where the editor's files and folders lie";
     command.options = pathsOptions(*words);
     command.examples = {{"editor-settings paths 'stock*'", "Every location whose name begins with stock."},

@@ -36,15 +36,21 @@ namespace {
 
 // --- Preferences by key ---
 
-// Throws `UserError` for a key that the library never asks for.
+bool isPattern(std::string const& word) { return word.find_first_of("*?[") != std::string::npos; }
+
+// Throws `UserError` for a key that the library never asks for, and that is no getter's name either.
 PreferenceState knownPreference(Host::Application const& application, std::string const& key)
 {
     if (std::optional<PreferenceState> found = Inspection::preferenceState(application, key))
         return *std::move(found);
+    if (Catalogue::Preference const* const row = Catalogue::findPreferenceByGetter(key))
+        return Inspection::preferenceState(application, row->name).value();
     if (Inspection::isReserved(key))
         throw UserError(absl::StrCat(key, " is reserved: the editor neither reads nor writes it, so it cannot be reached"));
     if (Catalogue::findLocation(key))
         throw UserError(absl::StrCat(key, " is a location and no preference; 'editor-settings paths ", key, "' shows it"));
+    if (isPattern(key))
+        throw UserError(absl::StrCat(quotedBriefly(key), " is a pattern and no preference; 'editor-settings list PATTERN' takes patterns"));
     std::vector<std::string> names;
     for (Catalogue::Preference const& row : Catalogue::preferences())
         names.emplace_back(row.name);
@@ -92,12 +98,25 @@ PreferenceState preferenceToWrite(Host::Application const& application, std::str
     return found;
 }
 
-void write(PreferenceState const& preference, Value const& value)
+// What is wrong with a value that the library takes and the editor cannot use, and what to give.
+std::string complaint(PreferenceState const& preference, Value const& value, std::string const& consequence)
+{
+    std::string const reason = Inspection::whyUnusable(preference.key, value);
+    return reason.empty() ? reason
+                          : absl::StrCat(preference.key, ": the editor cannot use ", quotedBriefly(Inspection::text(value)), ": ", reason,
+                                         "; ", consequence, "; give ", describe(preference).accepts);
+}
+
+void write(PreferenceState const& preference, Value const& value, bool isStrict)
 {
     if (!preference.observation.store)
         throw UserError(
             absl::StrCat(preference.key, " is kept in memory only by a product of this kind, so it cannot be set from outside the editor"));
+    if (std::string const refusal = complaint(preference, value, "nothing was stored"); isStrict && !refusal.empty())
+        throw UserError(refusal);
     preference.write(value);
+    if (std::string const warning = complaint(preference, value, "it is stored all the same"); !warning.empty())
+        printError(warning);
 }
 
 std::string contentOfFile(std::string const& key, std::string const& file, char const* remedy)
@@ -157,7 +176,12 @@ ordered_json jsonOf(PreferenceState const& found, std::string const& file, std::
                   {"value", Inspection::storedJson(found.stored->value)},
                   {"changed", Inspection::inUtc(found.stored->changed)}};
     InspectedValue const& observation = found.observation;
+    auto const& [purpose, accepts, getter, setter] = describe(found);
     return {{"key", found.key},
+            {"purpose", purpose},
+            {"accepts", accepts},
+            {"getter", getter},
+            {"setter", setter.empty() ? ordered_json() : ordered_json(setter)},
             {"type", typeName(observation.value)},
             {"cppType", Inspection::cppTypeName(observation.value)},
             {"class", Catalogue::dataClassName(found.dataClass)},
@@ -170,9 +194,14 @@ ordered_json jsonOf(PreferenceState const& found, std::string const& file, std::
             {"value", toJson(observation.value)}};
 }
 
-std::vector<Columns> tableOf(PreferenceState const& found, std::string const& file, std::string const& computedBy)
+std::vector<Columns> tableOf(PreferenceState const& found, std::string const& file, std::string const& computedBy, Format format)
 {
+    auto const& [purpose, accepts, getter, setter] = describe(found);
     std::vector<Columns> table = {{"key", onOneLine(found.key)},
+                                  {"purpose", onOneLine(purpose)},
+                                  {"accepts", accepts},
+                                  {"getter", getter},
+                                  {"setter", setter},
                                   {"type", typeWithLanguage(found.observation.value)},
                                   {"class", Catalogue::dataClassName(found.dataClass)},
                                   {"store", found.storeName()}};
@@ -180,9 +209,10 @@ std::vector<Columns> tableOf(PreferenceState const& found, std::string const& fi
         table.push_back({"file", onOneLine(file)});
     table.push_back({"state", Inspection::stateName(found.state())});
     if (found.stored) {
-        table.push_back({"stored", onOneLine(Inspection::storedText(found.stored->value))});
+        table.push_back({"stored", onOneLine(Inspection::storedText(found.stored, ""))});
         table.push_back({"stored kind", onOneLine(found.stored->kind)});
-        table.push_back({"changed", Inspection::inUtc(found.stored->changed)});
+        auto const when = found.stored->changed;
+        table.push_back({"changed", format == Format::plain ? Inspection::inUtc(when) : Inspection::inLocalTime(when)});
     }
     table.push_back({"default", onOneLine(found.observation.defaultValue)});
     table.push_back({"computed by", computedBy.empty() ? "nothing: it is fixed" : computedBy + "()"});
@@ -190,35 +220,66 @@ std::vector<Columns> tableOf(PreferenceState const& found, std::string const& fi
     return table;
 }
 
-void getPreference(Host::Application const& application, std::string const& key, Format format)
+// --- What the verbs do ---
+
+void warnOfDefault(PreferenceState const& found)
 {
-    PreferenceState const found = knownPreference(application, key);
-    Value const& value = found.observation.value;
     if (found.stored && !found.isRead())
-        printError(absl::StrCat(key, " holds a value of kind ", found.stored->kind,
+        printError(absl::StrCat(found.key, " holds a value of kind ", found.stored->kind,
                                 found.state() == State::unreadable ? " that cannot be read" : "",
-                                ", so the default is read; 'editor-settings explain ", key, "' shows both"));
+                                ", so the default is read; 'editor-settings explain ", found.key, "' shows both"));
+}
+
+ordered_json shortJsonOf(PreferenceState const& found)
+{
+    Value const& value = found.observation.value;
+    return {{"key", found.key}, {"type", typeName(value)}, {"value", toJson(value)}};
+}
+
+void printOne(PreferenceState const& found, Format format)
+{
+    Value const& value = found.observation.value;
     if (format == Format::json)
-        printJson({{"key", key}, {"type", typeName(value)}, {"value", toJson(value)}});
+        printJson(shortJsonOf(found));
     else if (format == Format::plain)
         std::cout << onOneLine(value) << '\n';
     else if (value != Value(QStringList()))
         printAsItIs(Inspection::text(value));
 }
 
-void setPreference(Host::Application const& application, std::string const& key, std::vector<std::string> const& words)
+void printAll(std::vector<PreferenceState> const& all, Format format)
 {
-    PreferenceState const found = preferenceToWrite(application, key);
-    bool const isFile = std::holds_alternative<QByteArray>(found.observation.value) && words.size() == 1 && words[0][0] == '@';
-    if (isFile)
-        write(found, QByteArray::fromStdString(contentOfFile(key, words[0].substr(1), "name a file that can be read after the @")));
-    else
-        write(found, parsedFor(found, words));
+    auto array = ordered_json::array();
+    std::vector<Columns> table;
+    for (PreferenceState const& found : all) {
+        array.push_back(shortJsonOf(found));
+        table.push_back({onOneLine(found.key), onOneLine(found.observation.value)});
+    }
+    format == Format::json ? printJson(array) : printTable(table, {}, format);
+}
+
+void getPreferences(Host::Application const& application, std::vector<std::string> const& keys, Format format)
+{
+    std::vector<PreferenceState> all;
+    for (std::string const& key : keys)
+        all.push_back(knownPreference(application, key));
+    for (PreferenceState const& found : all)
+        warnOfDefault(found);
+    all.size() == 1 ? printOne(all.front(), format) : printAll(all, format);
+}
+
+void warnOfNoPattern(std::vector<PreferenceState> const& all, std::string const& word)
+{
+    auto const isMeant = [&](PreferenceState const& each) { return each.key == word; };
+    if (!word.empty() && !isPattern(word) && std::none_of(all.begin(), all.end(), isMeant))
+        printError(absl::StrCat("no key is ", quotedBriefly(word), "; 'editor-settings list '*", shortened(onOneLine(word), 200),
+                                "*'' shows those that hold it"));
 }
 
 void listPreferences(Host::Application const& application, ListOptions const& options, Format format)
 {
     std::vector<PreferenceState> preferences = Inspection::preferenceStates(application);
+    warnOfNoPattern(preferences, options.pattern);
     auto const isLeftOut = [&](PreferenceState const& preference) { return !isListed(preference, options); };
     preferences.erase(std::remove_if(preferences.begin(), preferences.end(), isLeftOut), preferences.end());
     auto array = ordered_json::array();
@@ -240,29 +301,55 @@ void listPreferences(Host::Application const& application, ListOptions const& op
     format == Format::json ? printJson(array) : printTable(table, {"KEY", "TYPE", "STORE", "STATE", "VALUE"}, format);
 }
 
-// Stores the content of `file`, or of standard input for "-": each line an element of a list, any other value byte for byte.
-void setPreferenceFromFile(Host::Application const& application, std::string const& key, std::string const& file)
+struct SetWords {
+    std::string key;
+    std::vector<std::string> values;
+    std::string file;
+    bool isEmpty = false;
+    bool isStrict = false;
+};
+
+// The content of `file`, or of standard input for "-": each line an element of a list, any other value byte for byte.
+Value valueInFile(PreferenceState const& preference, std::string const& file)
 {
-    PreferenceState const found = preferenceToWrite(application, key);
+    std::string const& key = preference.key;
     std::string const content = file == "-" ? contentOfInput(key) : contentOfFile(key, file, "name a file that can be read");
-    if (std::holds_alternative<QByteArray>(found.observation.value))
-        return write(found, QByteArray::fromStdString(content));
-    if (!std::holds_alternative<QStringList>(found.observation.value))
-        return write(found, parsedFor(found, {content}));
+    if (std::holds_alternative<QByteArray>(preference.observation.value))
+        return QByteArray::fromStdString(content);
+    if (!std::holds_alternative<QStringList>(preference.observation.value))
+        return parsedFor(preference, {content});
     std::vector<std::string> elements;
     std::istringstream stream(content);
     for (std::string line; std::getline(stream, line);)
         elements.push_back(line);
-    write(found, parsedFor(found, elements));
+    return parsedFor(preference, elements);
+}
+
+Value valueIn(PreferenceState const& preference, SetWords const& words)
+{
+    if (!words.file.empty())
+        return valueInFile(preference, words.file);
+    bool const isFile =
+        std::holds_alternative<QByteArray>(preference.observation.value) && words.values.size() == 1 && words.values[0][0] == '@';
+    if (isFile)
+        return QByteArray::fromStdString(
+            contentOfFile(preference.key, words.values[0].substr(1), "name a file that can be read after the @"));
+    return parsedFor(preference, words.values);
+}
+
+void setPreference(Host::Application const& application, SetWords const& words)
+{
+    PreferenceState const found = preferenceToWrite(application, words.key);
+    write(found, valueIn(found, words), words.isStrict);
 }
 
 void unsetPreference(Host::Application const& application, std::string const& key)
 {
     PreferenceState const found = knownPreference(application, key);
     if (found.observation.isStored)
-        Inspection::storage(application, *found.observation.store)->remove(key);
+        Inspection::storage(application, *found.observation.store)->remove(found.key);
     else
-        printError(absl::StrCat(key, " was not set"));
+        printError(absl::StrCat(found.key, " was not set"));
 }
 
 void explainPreference(Host::Application const& application, std::string const& key, Format format)
@@ -275,7 +362,7 @@ void explainPreference(Host::Application const& application, std::string const& 
     if (format == Format::json)
         printJson(jsonOf(found, file, computedBy));
     else
-        printTable(tableOf(found, file, computedBy), {}, format);
+        printTable(tableOf(found, file, computedBy, format), {}, format);
 }
 
 // --- The verbs ---
@@ -295,6 +382,7 @@ Command listCommand()
     auto const words = std::make_shared<Words>();
     Command command;
     command.name = "list";
+    command.group = Group::look;
     command.summary = "All preferences with their values, sorted by key";
     command.options =
         withFormat(words->format, jsonHelpWithBytes,
@@ -321,30 +409,28 @@ Command listCommand()
 Command getCommand()
 {
     struct Words {
-        std::string key;
+        std::vector<std::string> keys;
         FormatChoice format;
     };
     auto const words = std::make_shared<Words>();
     Command command;
     command.name = "get";
+    command.group = Group::look;
     command.summary = "The value that the editor reads now";
-    command.options = withFormat(words->format, jsonHelpWithBytes, {keyOption(words->key)});
+    command.options = withFormat(words->format, jsonHelpWithBytes,
+                                 {Option("KEY", &words->keys, "The preferences; of several, each key with its value on a line")
+                                      .required()
+                                      .completedBy(Candidates::keys)});
     command.examples = {{"editor-settings get exportPath", "The folder that the editor exports to."},
+                        {"editor-settings get audioRecordFormat audioRecordCodec", "Both, each on a line with its key."},
                         {"editor-settings get userCustomColors --json", "A list in a form that every program reads alike."}};
     command.stores = always(StoreUse::read);
     command.run = [words](Invocation const& invocation) {
-        getPreference(*invocation.application, words->key, words->format);
+        getPreferences(*invocation.application, words->keys, words->format);
         return 0;
     };
     return command;
 }
-
-struct SetWords {
-    std::string key;
-    std::vector<std::string> values;
-    std::string file;
-    bool isEmpty = false;
-};
 
 std::vector<Option> setOptions(SetWords& words)
 {
@@ -357,7 +443,8 @@ std::vector<Option> setOptions(SetWords& words)
                        "Stores what the file holds, or standard input where it is -: byte for byte, but for a list one "
                        "element on each line")
                 .of("FILE")
-                .excluding({"VALUE", "--empty"})};
+                .excluding({"VALUE", "--empty"}),
+            Option("--strict", &words.isStrict, "Refuses what the editor cannot use, instead of a warning")};
 }
 
 Command setCommand()
@@ -365,6 +452,7 @@ Command setCommand()
     auto const words = std::make_shared<SetWords>();
     Command command;
     command.name = "set";
+    command.group = Group::change;
     command.summary = "Stores a value";
     command.options = setOptions(*words);
     command.examples = {{"editor-settings set keepVideoAspect no", "Stores false."},
@@ -373,12 +461,17 @@ Command setCommand()
                         {"editor-settings set Indication/tour @tour.state", "Stores the bytes of a file."},
                         {"editor-settings set lastTarget -- -x", "Stores a value that looks like an option."}};
     command.stores = always(StoreUse::change);
-    command.missingWord = [words] { return words->values.empty() && !words->isEmpty && words->file.empty() ? "VALUE" : ""; };
+    command.wrongWords = [words]() -> std::string {
+        std::size_t const equals = words->key.find('=');
+        if (!words->values.empty() || words->isEmpty || !words->file.empty())
+            return {};
+        if (equals == std::string::npos)
+            return "VALUE is required";
+        return absl::StrCat("key and value are two words: 'editor-settings set ", words->key.substr(0, equals), " ",
+                            words->key.substr(equals + 1), "'");
+    };
     command.run = [words](Invocation const& invocation) {
-        if (words->file.empty())
-            setPreference(*invocation.application, words->key, words->values);
-        else
-            setPreferenceFromFile(*invocation.application, words->key, words->file);
+        setPreference(*invocation.application, *words);
         return 0;
     };
     return command;
@@ -389,7 +482,9 @@ Command unsetCommand()
     auto const key = std::make_shared<std::string>();
     Command command;
     command.name = "unset";
-    command.summary = "Removes the stored value, so that the default holds again";
+    command.group = Group::change;
+    command.otherNames = {"reset", "delete", "remove"};
+    command.summary = "Removes the stored value; the default holds again";
     command.options = {Option("KEY", key.get(), keyHelp).required().completedBy(Candidates::storedKeys)};
     command.examples = {{"editor-settings unset exportPath", "From now on the default holds."}};
     command.stores = always(StoreUse::read);
@@ -409,7 +504,8 @@ Command explainCommand()
     auto const words = std::make_shared<Words>();
     Command command;
     command.name = "explain";
-    command.summary = "Where a value comes from: what is stored, since when, and the default";
+    command.group = Group::look;
+    command.summary = "What a preference is for, and where its value comes from";
     command.options = withFormat(words->format, jsonHelpWithBytes, {keyOption(words->key)});
     command.examples = {{"editor-settings explain exportPath", "Whether it is stored, where and since when, and what the default is."}};
     command.stores = always(StoreUse::read);

@@ -45,7 +45,8 @@ std::vector<Command> commandsOfProject()
     auto const format = std::make_shared<FormatChoice>();
     Command command;
     command.name = "project";
-    command.summary = "Default name, extensions and filters of projects, and the sample project";
+    command.group = Group::look;
+    command.summary = "Default name, extensions and filters of projects; the sample";
     command.options = withFormat(*format, jsonHelp);
     command.examples = {{"editor-settings project", "What a new project is called, and which files the editor opens."}};
     command.stores = always(StoreUse::read);

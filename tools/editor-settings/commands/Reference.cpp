@@ -96,18 +96,27 @@ std::string defaultInPage(Preference const& row, Catalogue::Value const& value)
     return isEmptyList || text.empty() ? "empty" : code(text);
 }
 
+// The setter without the namespace, which is the getter's.
+template <typename Row>
+std::string accessorsInPage(Row const& row)
+{
+    std::string const setter = row.setterName();
+    return code(row.getterName()) + (setter.empty() ? "" : ", " + code(setter.substr(setter.rfind(':') + 1)));
+}
+
 Line lineOf(Preference const& row)
 {
     Catalogue::Value const value = Catalogue::inspectUnstored(row).defaultValue;
-    return {code(row.name), typeInPage(value), name(row.store), Catalogue::dataClassName(row.dataClass), defaultInPage(row, value),
-            row.purpose};
+    return {code(row.name), typeInPage(value),   name(row.store), Catalogue::dataClassName(row.dataClass), defaultInPage(row, value),
+            row.purpose,    accessorsInPage(row)};
 }
 
 Line lineOf(Family const& family)
 {
     Catalogue::InspectedValue const unstored = Catalogue::inspectUnstored(family, QStringLiteral("name"));
-    return {code(unstored.key), typeInPage(unstored.defaultValue), name(family.store), Catalogue::dataClassName(family.dataClass),
-            family.purpose};
+    return {code(unstored.key), typeInPage(unstored.defaultValue),
+            name(family.store), Catalogue::dataClassName(family.dataClass),
+            family.purpose,     accessorsInPage(family)};
 }
 
 char const* const preferencesBegin = R"(# Preferences
@@ -123,6 +132,7 @@ What the library keeps for the editor, by key. A read returns the stored value, 
   counted, and the editor soon sets it again.
 - **default**: folders as they are for a user who has set nothing, with `~` for the home folder. They are computed at each
   read; [locations](locations.md) tells from what.
+- **getter, setter**: the functions; the command line takes a getter's name, without its namespace, for the key.
 
 )";
 
@@ -192,9 +202,9 @@ void printPreferencesPage(std::filesystem::path const& productFile)
 {
     BoundOnAnyMachine const binding(productFile);
     std::cout << preferencesBegin;
-    printMarkdown({"key", "type", "store", "class", "default", "what it is for"}, linesOf(Catalogue::preferences()));
+    printMarkdown({"key", "type", "store", "class", "default", "what it is for", "getter, setter"}, linesOf(Catalogue::preferences()));
     std::cout << familiesBegin;
-    printMarkdown({"key", "type", "store", "class", "what it is for"}, linesOf(Catalogue::families()));
+    printMarkdown({"key", "type", "store", "class", "what it is for", "getter, setter"}, linesOf(Catalogue::families()));
     std::cout << reservedBegin << code(joined(Catalogue::preferencesWithoutAccessors(), "`, `")) << ".\n";
 }
 

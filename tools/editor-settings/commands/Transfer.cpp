@@ -24,6 +24,7 @@
 
 using Catalogue::Store;
 using Inspection::Change;
+using Inspection::changeName;
 using Inspection::Comparison;
 using Inspection::Difference;
 using Inspection::Document;
@@ -134,11 +135,18 @@ Columns columnsOf(std::optional<SqliteStorage::Row> const& row, std::string cons
     return {shortened(onOneLine(Inspection::storedText(row, absent)), 120) + (kindsDiffer ? " (" + onOneLine(row->kind) + ')' : "")};
 }
 
-Columns lineOf(Difference const& difference, Format format)
+// An import removes nothing, so a difference is told by the side that has the key.
+char const* differenceName(Change change)
+{
+    return change == Change::added ? "only in the file" : change == Change::removed ? "only here" : changeName(change);
+}
+
+Columns lineOf(Difference const& difference, Format format, char const* (*nameForPeople)(Change))
 {
     RowDifference const& row = difference.row;
     bool const kindsDiffer = row.change() == Change::changed && row.before->kind != row.after->kind;
-    Columns line = {{changeName(row.change()), styleFor(row.change())}, name(difference.store), onOneLine(row.key)};
+    char const* const change = (format == Format::plain ? changeName : nameForPeople)(row.change());
+    Columns line = {{change, styleFor(row.change())}, name(difference.store), onOneLine(row.key)};
     for (Columns const& side :
          {columnsOf(row.before, "(unset)", kindsDiffer, format), columnsOf(row.after, "(absent)", kindsDiffer, format)})
         line.insert(line.end(), side.begin(), side.end());
@@ -151,7 +159,7 @@ nlohmann::ordered_json jsonOf(std::optional<SqliteStorage::Row> const& row)
     return isReadable ? Inspection::fieldsOf(row->kind, row->value) : Inspection::storedJson(row);
 }
 
-void print(std::vector<Difference> const& differences, Format format)
+void print(std::vector<Difference> const& differences, Format format, char const* (*nameForPeople)(Change))
 {
     if (format == Format::json) {
         auto array = nlohmann::ordered_json::array();
@@ -165,7 +173,7 @@ void print(std::vector<Difference> const& differences, Format format)
     }
     std::vector<Columns> table;
     for (Difference const& difference : differences)
-        table.push_back(lineOf(difference, format));
+        table.push_back(lineOf(difference, format, nameForPeople));
     if (!table.empty())
         printTable(table, {"CHANGE", "STORE", "KEY", "STORED", "FILE"}, format);
 }
@@ -180,7 +188,7 @@ bool showDifferences(Host::Application const& application, TransferOptions const
         Comparison const comparison = Inspection::compared(application, selection(options), wanted, steps(*progress, "comparing with"));
         progress.reset(); // the answer may stand on the same terminal
         printUncarried(comparison.uncarried, "not compared");
-        print(comparison.differences, format);
+        print(comparison.differences, format, differenceName);
         if (comparison.redacted > 0)
             printError(absl::StrCat(comparison.redacted, " redacted in the file, so not compared"));
         return !comparison.differences.empty();
@@ -248,7 +256,7 @@ void importSettings(Host::Application const& application, TransferOptions const&
     auto& differences = comparison.differences;
     differences.erase(std::remove_if(differences.begin(), differences.end(), isKept), differences.end());
     if (options.dryRun)
-        print(differences, format);
+        print(differences, format, changeName);
     else
         import(application, differences);
     printCounts(comparison, options.dryRun);
@@ -274,7 +282,7 @@ Command exportCommand()
     auto const words = std::make_shared<TransferWords>();
     Command command;
     command.name = "export";
-    command.summary = "Writes what is stored to a new file, in JSON: for another machine, or for somebody who helps";
+    command.summary = "Writes what is stored to a new file, in JSON";
     command.options = documentOptions(*words, "The new file; - for standard output");
     command.options.emplace_back("--redact", &words->options.redact,
                                  "Keeps values of the classes roaming and transient, and local ones that are bool or int; redacts all "
@@ -295,7 +303,7 @@ Command importCommand()
     auto const words = std::make_shared<TransferWords>();
     Command command;
     command.name = "import";
-    command.summary = "Stores what an exported file holds, all of it or nothing; what it does not name stays";
+    command.summary = "Stores what an exported file holds, all or nothing; the rest stays";
     command.options =
         withFormat(words->format, "With --dry-run: as JSON; bytes in base64", documentOptions(*words, "The file; - for standard input"));
     command.options.emplace_back("--with-unknown", &words->options.withUnknown, "Takes keys that the editor does not know as they are");
@@ -304,9 +312,9 @@ Command importCommand()
         {"editor-settings import settings.json --dry-run", "What would change."},
         {"editor-settings import --only roaming settings.json", "Stores what belongs to the user rather than to the machine."}};
     command.stores = [words] { return words->options.dryRun ? StoreUse::read : StoreUse::merge; };
-    command.missingWord = [words] {
+    command.wrongWords = [words] {
         bool const isForDryRun = words->format.plain || words->format.json;
-        return isForDryRun && !words->options.dryRun ? "--dry-run" : "";
+        return isForDryRun && !words->options.dryRun ? "--dry-run is required" : "";
     };
     command.run = [words](Invocation const& invocation) {
         importSettings(*invocation.application, words->options, words->format);
@@ -320,11 +328,10 @@ Command diffCommand()
     auto const words = std::make_shared<TransferWords>();
     Command command;
     command.name = "diff";
-    command.summary = "The differences between what is stored and what an exported file holds";
+    command.summary = "The differences between the stores and an exported file";
     command.options = withFormat(words->format, jsonHelpWithBytes, documentOptions(*words, "The file; - for standard input"));
-    command.examples = {
-        {"editor-settings diff settings.json", "What differs between the stores and the file; exit status 1 for a difference."},
-        {"editor-settings export - | editor-settings diff -", "Nothing, as the two are alike."}};
+    command.examples = {{"editor-settings diff settings.json", "What differs between stores and file; exit status 1 for a difference."},
+                        {"editor-settings export - | editor-settings diff -", "Nothing, as the two are alike."}};
     command.stores = always(StoreUse::read);
     command.isLong = true;
     command.errorStatus = 2; // as programs of that name do, which end with 1 where something differs
