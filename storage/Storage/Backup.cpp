@@ -2,6 +2,7 @@
 #include <Storage/Backup.h>
 
 #include "AtomicFile.h"
+#include "sqlite/Hardening.h"
 #include "sqlite/SqliteErrors.h"
 #include "sqlite/StoreContent.h"
 #include "sqlite/StoreOpening.h"
@@ -33,6 +34,9 @@ constexpr int applicationId = 0x4C754542; // "LuEB"
 constexpr int formatVersion = 1;
 constexpr int busyMilliseconds = 5000;
 
+constexpr char const* aboutTable = "CREATE TABLE about (made INTEGER NOT NULL)"; // seconds since 1970-01-01 00:00 UTC
+constexpr char const* copiesTable = "CREATE TABLE copies (name TEXT NOT NULL PRIMARY KEY, content BLOB NOT NULL)";
+
 constexpr char const* keepReplaced = "keep the replaced file";
 constexpr char const* restoreTheStore = "restore the store";
 constexpr char const* nameAnother = "name another backup; this one was left as it is";
@@ -48,6 +52,13 @@ long long secondsSinceEpoch()
     return duration_cast<seconds>(system_clock::now().time_since_epoch()).count();
 }
 
+std::vector<SchemaObject> schemaOfABackup()
+{
+    return {{"table", "about", "about", aboutTable},
+            {"table", "copies", "copies", copiesTable},
+            {"index", "sqlite_autoindex_copies_1", "copies", ""}};
+}
+
 SQLite::Database opened(fs::path const& file)
 {
     std::error_code error;
@@ -59,6 +70,8 @@ SQLite::Database opened(fs::path const& file)
     if (status.type() != fs::file_type::regular)
         refuse(file, Code::foreign, "it is not a regular file");
     SQLite::Database database(file.string(), SQLite::OPEN_READONLY);
+    harden(database, Views::refused);
+    WorkLimit const limit(database);
     if (database.execAndGet("PRAGMA application_id").getInt() != applicationId)
         refuse(file, Code::foreign, "it is an SQLite file, but no backup");
     if (int const version = database.execAndGet("PRAGMA user_version").getInt(); version > formatVersion)
@@ -66,8 +79,10 @@ SQLite::Database opened(fs::path const& file)
                "it was written by a newer version (format " + std::to_string(version) + ", this version reads " +
                    std::to_string(formatVersion) + ")",
                "update this program; the file was left as it is");
-    if (std::vector<std::string> const damage = damageOf(database); !damage.empty())
-        refuse(file, Code::damaged, "it is damaged (" + damage.front() + ")");
+    if (std::optional<std::string> const strange = strangeObject(database, schemaOfABackup(), "a backup"))
+        refuse(file, Code::foreign, *strange);
+    if (std::vector<std::string> const damage = damageOf(database, 1); !damage.empty())
+        refuse(file, Code::damaged, "it is damaged (" + forSentence(damage.front(), 300) + ")");
     return database;
 }
 
@@ -82,6 +97,7 @@ public:
         auto const size = static_cast<sqlite3_int64>(m_content.size());
         if (sqlite3_deserialize(m_database.getHandle(), "main", bytes, size, size, SQLITE_DESERIALIZE_READONLY) != SQLITE_OK)
             throw SQLite::Exception(m_database.getHandle());
+        harden(m_database, Views::refused);
     }
 
     SQLite::Database& database() { return m_database; }
@@ -98,19 +114,19 @@ std::unique_ptr<Backup::Copy> Backup::checkedCopy(fs::path const& backup, std::s
 {
     auto const unusable = [&](Code code, std::string const& reason) {
         return StorageError(code, backup.u8string(), "read the backup",
-                            "its copy of the " + name + " store cannot be used (" + reason + ')', nameAnother);
+                            "its copy of the " + forSentence(name, 40) + " store cannot be used (" + reason + ')', nameAnother);
     };
     try {
         auto copy = std::make_unique<Copy>(std::move(content));
-        checkStore(backup, copy->database());
         int const schema = copy->database().execAndGet("PRAGMA user_version").getInt();
-        if (schema > SqliteStorage::writtenSchema)
+        if (schema > SqliteStorage::writtenSchema) // of which nothing more is read
             throw *obstacleToChanges(backup, restoreTheStore, copy->database(), schema);
+        checkStore(backup, copy->database());
         return copy;
     } catch (StorageError const& error) {
         throw unusable(error.code(), error.reason());
     } catch (SQLite::Exception const& error) {
-        throw unusable(codeFor(error), error.what());
+        throw unusable(codeFor(error), reasonOf(error));
     }
 }
 
@@ -123,11 +139,8 @@ void Backup::write(fs::path const& file, std::map<std::string, SqliteStorage con
     std::string const content = withStorageErrors(target, "write the backup", [&] {
         SQLite::Database database(":memory:", SQLite::OPEN_READWRITE);
         database.exec("PRAGMA application_id = " + std::to_string(applicationId) +
-                      "; PRAGMA user_version = " + std::to_string(formatVersion) +
-                      "; CREATE TABLE about (made INTEGER NOT NULL);" // seconds since 1970-01-01 00:00 UTC
-                      "CREATE TABLE copies (name TEXT NOT NULL PRIMARY KEY, content BLOB NOT NULL);"
-                      "INSERT INTO about VALUES (" +
-                      std::to_string(secondsSinceEpoch()) + ")");
+                      "; PRAGMA user_version = " + std::to_string(formatVersion) + ";" + aboutTable + ";" + copiesTable +
+                      "; INSERT INTO about VALUES (" + std::to_string(secondsSinceEpoch()) + ")");
         SQLite::Statement insert(database, "INSERT INTO copies VALUES (?1, ?2)");
         for (auto const& [name, snapshot] : snapshots) {
             insert.bind(1, name);
@@ -157,7 +170,7 @@ Backup::Backup(fs::path const& file) : m_file(absolutePath(file, "read the backu
     } catch (SQLite::Exception const& error) {
         if (error.getErrorCode() == SQLITE_CANTOPEN)
             throw storageError(m_file, "read the backup", error);
-        refuse(m_file, codeFor(error), error.what());
+        refuse(m_file, codeFor(error), reasonOf(error));
     }
 }
 

@@ -2,6 +2,8 @@
 #include <Storage/Kind.h>
 #include <Storage/SqliteStorage.h>
 
+#include "sqlite/Hardening.h"
+#include "sqlite/Prepared.h"
 #include "sqlite/SqliteErrors.h"
 #include "sqlite/StoreContent.h"
 #include "sqlite/StoreOpening.h"
@@ -62,21 +64,6 @@ void bindValue(SQLite::Statement& statement, int index, std::vector<unsigned cha
     statement.bindNoCopy(index, bytes, checkedSize(value.size()));
 }
 
-// Resets a statement at the end of its scope, as a running statement holds a lock on the file.
-class Use {
-public:
-    explicit Use(SQLite::Statement& statement) : m_statement(statement) {}
-    ~Use() { m_statement.tryReset(); }
-    Use(Use const&) = delete;
-    Use& operator=(Use const&) = delete;
-
-    SQLite::Statement& operator*() { return m_statement; }
-    SQLite::Statement* operator->() { return &m_statement; }
-
-private:
-    SQLite::Statement& m_statement;
-};
-
 } // namespace
 
 // The open file with its statements. Each public member function is one call of the store, under a mutex.
@@ -86,6 +73,22 @@ class SqliteStorage::Connection {
     {
         std::lock_guard<std::mutex> const turn(m_turns);
         return withStorageErrors(m_file, what, work);
+    }
+
+    // Reads that a forged or newer file may make fail, or last for ever.
+    template <typename Work>
+    auto read(std::string const& what, Work const& work)
+    {
+        return attempt(what, [&] {
+            WorkLimit const limit(m_database);
+            try {
+                return work();
+            } catch (SQLite::Exception const& error) {
+                if (std::optional<StorageError> const newer = newerStoreError(m_file, what, schemaVersion(), error))
+                    throw StorageError(*newer);
+                throw;
+            }
+        });
     }
 
     // One transaction. The schema is checked inside it, as a newer version may have migrated the file since it was opened.
@@ -157,24 +160,19 @@ class SqliteStorage::Connection {
     std::chrono::steady_clock::duration m_taken{}; // the time that changes took since the last pause
     std::chrono::steady_clock::time_point m_pauseEnd;
     SQLite::Database m_database;
-    SQLite::Statement m_schema;
-    SQLite::Statement m_find;
-    SQLite::Statement m_set;
-    SQLite::Statement m_remove;
+    Prepared m_schema{m_database, "PRAGMA user_version"};
+    Prepared m_find{m_database, "SELECT kind, value, changed FROM settings WHERE key = ?1"};
+    Prepared m_set{m_database, setStatement};
+    Prepared m_remove{m_database, "DELETE FROM settings WHERE key = ?1"};
 
 public:
     Connection(std::filesystem::path const& path, Options const& options)
-        : m_file(path),
-          m_database(openStore(m_file, busyMilliseconds(options.busyTimeout), static_cast<int>(options.synchronous))),
-          m_schema(m_database, "PRAGMA user_version"),
-          m_find(m_database, "SELECT kind, value, changed FROM settings WHERE key = ?1"),
-          m_set(m_database, setStatement),
-          m_remove(m_database, "DELETE FROM settings WHERE key = ?1")
+        : m_file(path), m_database(openStore(m_file, busyMilliseconds(options.busyTimeout), static_cast<int>(options.synchronous)))
     {}
 
     std::optional<Row> find(std::string const& key)
     {
-        return attempt("read \"" + key + '"', [&]() -> std::optional<Row> {
+        return read("read \"" + key + '"', [&]() -> std::optional<Row> {
             Use find(m_find);
             bindText(*find, 1, key);
             if (!find->executeStep())
@@ -185,7 +183,7 @@ public:
 
     std::vector<Row> rows()
     {
-        return attempt("list the stored values", [&] { return storedRows(m_database); });
+        return read("list the stored values", [&] { return storedRows(m_database); });
     }
 
     template <typename T>

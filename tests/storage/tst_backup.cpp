@@ -253,8 +253,8 @@ INSTANTIATE_TEST_SUITE_P(
         Unusable{
             "CopyThatTakesNoValues",
             [](auto const& file) { changeCopy(file, "ALTER TABLE settings RENAME TO other; CREATE VIEW settings AS SELECT * FROM other"); },
-            std::string(": cannot read the backup: its copy of the product store cannot be used (cannot modify settings because it is "
-                        "a view)") +
+            std::string(": cannot read the backup: its copy of the product store cannot be used (it holds the table \"other\", which "
+                        "a store never does)") +
                 another},
         Unusable{"Empty", [](auto const& file) { std::filesystem::resize_file(file, 0); },
                  std::string(": cannot read the backup: it is an SQLite file, but no backup") + another},

@@ -53,13 +53,15 @@ TEST_F(SqliteUpkeep, OneChangeThatFailsUndoesThemAll)
 {
     SqliteStorage store(path());
     store.setString("text", "old");
-    OtherProgram(path()).execute("CREATE TRIGGER no BEFORE INSERT ON settings WHEN new.key = 'last' BEGIN SELECT RAISE(ABORT, 'no'); END");
+    OtherProgram(path()).execute("CREATE UNIQUE INDEX no ON settings (kind)");
     EXPECT_EQ(refusal([&] {
-                  store.apply({{"text", std::string("new")}, {"other", 1}, {"last", true}});
+                  store.apply({{"text", std::string("new")}, {"other", 1}, {"last", 2}});
               }),
-              path().string() + ": cannot make 3 changes together: no; check the disk and its space, and try again");
+              path().string() +
+                  ": cannot make 3 changes together: UNIQUE constraint failed: settings.kind; check the disk and its space, and try again");
     EXPECT_EQ(store.getString("text", "lost"), "old");
     EXPECT_EQ(keys(store), Keys{"text"});
+    OtherProgram(path()).execute("DROP INDEX no");
     store.setString("text", "works again");
     EXPECT_EQ(SqliteStorage(path()).getString("text", "lost"), "works again");
 }

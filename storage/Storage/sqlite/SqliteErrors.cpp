@@ -4,6 +4,7 @@
 #include <sqlite3.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -39,6 +40,8 @@ Meaning meaningOf(int extendedCode)
         return {Code::readOnly, checkAccess};
     case SQLITE_CANTOPEN:
         return {Code::access, checkAccess};
+    case SQLITE_INTERRUPT:
+        return {Code::foreign, nameAnotherFile};
     case SQLITE_TOOBIG:
         return {Code::tooLarge, "keep the value in a file of its own and store the file's name"};
     default:
@@ -76,6 +79,17 @@ int extendedCode(SQLite::Exception const& error)
 
 } // namespace
 
+std::string forSentence(std::string const& text, std::size_t most)
+{
+    std::string result;
+    for (unsigned char const byte : text.substr(0, most)) {
+        char escaped[5];
+        std::snprintf(escaped, sizeof escaped, byte >= ' ' && byte <= '~' ? "%c" : "\\x%02x", byte);
+        result += escaped;
+    }
+    return text.size() > most ? result + "..." : result;
+}
+
 void throwSystemError(fs::path const& file, char const* attempt, int error)
 {
     Meaning const meaning = meaningOfSystem(error);
@@ -86,10 +100,17 @@ StorageError::Code codeForSystem(int error) { return meaningOfSystem(error).code
 
 StorageError::Code codeFor(SQLite::Exception const& error) { return meaningOf(extendedCode(error)).code; }
 
+std::string reasonOf(SQLite::Exception const& error)
+{
+    if (error.getErrorCode() == SQLITE_INTERRUPT)
+        return "reading it takes longer than reading a store of its size can";
+    return forSentence(error.what(), 300);
+}
+
 StorageError storageError(fs::path const& file, std::string const& attempt, SQLite::Exception const& error)
 {
     Meaning const meaning = meaningOf(extendedCode(error));
-    return {meaning.code, file.u8string(), attempt, error.what(), meaning.remedy};
+    return {meaning.code, file.u8string(), attempt, reasonOf(error), meaning.remedy};
 }
 
 } // namespace Storage

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "StoreOpening.h"
 
+#include "Hardening.h"
 #include "SqliteErrors.h"
 #include "StoreContent.h"
 #include "VfsShim.h"
@@ -25,14 +26,11 @@ using Code = StorageError::Code;
 
 constexpr int applicationId = 0x4C754553; // "LuES", in the file's header, tells a store from other SQLite files
 
-// Kinds and values have no constraint, so that rows of a later version survive in a file that this one made.
-constexpr char const* makeTables = "BEGIN;"
-                                   "CREATE TABLE settings ("
-                                   " key TEXT NOT NULL PRIMARY KEY,"
-                                   " kind TEXT NOT NULL," // a stored word of Kind
-                                   " value NOT NULL,"
-                                   " changed INTEGER NOT NULL);" // milliseconds since 1970-01-01 00:00 UTC
-                                   "COMMIT;";
+// Kinds and values have no constraint, so that rows of a later version survive in a file that this one made. `kind` is a
+// stored word of Kind, `changed` counts milliseconds since 1970-01-01 00:00 UTC. Every store has this text: a change of a
+// letter makes strangers of them all.
+constexpr char const* settingsTable =
+    "CREATE TABLE settings ( key TEXT NOT NULL PRIMARY KEY, kind TEXT NOT NULL, value NOT NULL, changed INTEGER NOT NULL)";
 
 constexpr std::size_t longestPath = 504; // SQLite's limit, beyond which it only reports that it cannot open the file
 
@@ -41,7 +39,7 @@ std::string emptyStore()
 {
     SQLite::Database database(":memory:", SQLite::OPEN_READWRITE);
     database.exec("PRAGMA application_id = " + std::to_string(applicationId) +
-                  "; PRAGMA user_version = " + std::to_string(SqliteStorage::writtenSchema) + ";" + makeTables);
+                  "; PRAGMA user_version = " + std::to_string(SqliteStorage::writtenSchema) + ";" + settingsTable);
     return snapshotOf(database);
 }
 
@@ -97,7 +95,7 @@ bool isPresent(fs::path const& file)
     if (error)
         throwSystemError(file, "open the store", error.value());
     if (!fs::is_regular_file(target))
-        refuse(file, Code::foreign, "it is not a regular file", "move it away, or name another file");
+        refuse(file, Code::foreign, "it is not a regular file", nameAnotherFile);
     if (fs::file_size(file, error) == 0 && !error)
         refuse(file, Code::damaged, "the file is empty, which a store never is", restoreBackup);
     return true;
@@ -125,18 +123,25 @@ std::string newerSchema(int schema)
 
 constexpr char const* updateProgram = "update this program; the file was left as it is";
 
-// A newer version may have changed the layout too.
-void checkLayout(fs::path const& file, SQLite::Database& database, int schema)
+// Throws where the file is not exactly what this version makes. Whatever else its schema holds may answer or undo a change.
+void checkSchema(fs::path const& file, SQLite::Database& database)
 {
-    try {
-        SQLite::Statement(database, "SELECT key, kind, value, changed FROM settings");
-    } catch (SQLite::Exception const& error) {
-        if (schema > SqliteStorage::writtenSchema)
-            refuse(file, Code::newer, newerSchema(schema) + ", in a layout that this version cannot read", updateProgram);
-        throw;
-    }
+    std::vector<SchemaObject> const objects = {{"table", "settings", "settings", settingsTable},
+                                               {"index", "sqlite_autoindex_settings_1", "settings", ""}};
+    if (std::optional<std::string> const strange = strangeObject(database, objects, "a store"))
+        refuse(file, Code::foreign, *strange, restoreBackup);
+    if (std::string const encoding = database.execAndGet("PRAGMA encoding").getString(); encoding != "UTF-8")
+        refuse(file, Code::foreign, "its texts are in " + encoding + ", which those of a store never are", restoreBackup);
+}
+
+void checkContent(fs::path const& file, SQLite::Database& database, int schema)
+{
+    WorkLimit const limit(database);
     if (schema <= SqliteStorage::writtenSchema)
-        SQLite::Statement(database, setStatement);
+        checkSchema(file, database);
+    if (std::vector<std::string> const damage = damageOf(database, 1); !damage.empty())
+        refuse(file, Code::damaged, "the file is damaged (" + forSentence(damage.front(), 300) + ")", restoreBackup);
+    SQLite::Statement(database, "SELECT key, kind, value, changed FROM settings");
 }
 
 } // namespace
@@ -144,10 +149,15 @@ void checkLayout(fs::path const& file, SQLite::Database& database, int schema)
 void checkStore(fs::path const& file, SQLite::Database& database)
 {
     if (database.execAndGet("PRAGMA application_id").getInt() != applicationId)
-        refuse(file, Code::foreign, "it is an SQLite file of another program", "move it away, or name another file");
-    if (std::vector<std::string> const damage = damageOf(database); !damage.empty())
-        refuse(file, Code::damaged, "the file is damaged (" + damage.front() + ")", restoreBackup);
-    checkLayout(file, database, database.execAndGet("PRAGMA user_version").getInt());
+        refuse(file, Code::foreign, "it is an SQLite file of another program", nameAnotherFile);
+    int const schema = database.execAndGet("PRAGMA user_version").getInt();
+    try {
+        checkContent(file, database, schema);
+    } catch (SQLite::Exception const& error) {
+        if (std::optional<StorageError> const newer = newerStoreError(file, "open the store", schema, error))
+            throw StorageError(*newer);
+        throw;
+    }
 }
 
 fs::path absolutePath(fs::path const& file, char const* attempt)
@@ -169,6 +179,7 @@ SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, in
     if (!isPresent(file))
         writeNewFile(file, emptyStore(), "create the store"); // a file that another process made first is the store
     SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, 0, vfsShim());
+    harden(database, Views::read);
     sqlite3_busy_handler(database.getHandle(), retryWhileBusy,
                          reinterpret_cast<void*>(static_cast<std::intptr_t>(busyTimeoutMilliseconds)));
     if (usesWriteAheadLog(database))
@@ -179,6 +190,15 @@ SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, in
     // cannot bring the journal back and undo the change; a deleted one could come back with its folder entry.
     database.exec("PRAGMA journal_mode = TRUNCATE; PRAGMA synchronous = " + std::to_string(synchronous));
     return database;
+}
+
+std::optional<StorageError> newerStoreError(fs::path const& file, std::string const& attempt, int schema, SQLite::Exception const& error)
+{
+    Code const code = codeFor(error);
+    if (schema <= SqliteStorage::writtenSchema || (code != Code::damaged && code != Code::foreign))
+        return std::nullopt;
+    return StorageError(Code::newer, file.u8string(), attempt,
+                        newerSchema(schema) + ", in a layout that this version cannot read (" + reasonOf(error) + ")", updateProgram);
 }
 
 std::optional<StorageError> obstacleToChanges(fs::path const& file, std::string const& attempt, SQLite::Database const& database,

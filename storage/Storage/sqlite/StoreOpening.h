@@ -20,8 +20,14 @@ std::filesystem::path absolutePath(std::filesystem::path const& file, char const
 /// Opens the store in the absolute path `file`, and creates a missing one. Throws `StorageError` and SQLite's errors.
 SQLite::Database openStore(std::filesystem::path const& file, int busyTimeoutMilliseconds, int synchronous);
 
-/// Throws a `StorageError` about `file`, or SQLite's error, where the open database is not an undamaged store.
+/// Throws a `StorageError` about `file`, or SQLite's error, where the open database, which was hardened, is not an undamaged
+/// store: of this version's schema exactly, or a newer one that can be read.
 void checkStore(std::filesystem::path const& file, SQLite::Database& database);
+
+/// The error of `attempt`, in which SQLite failed with `error` on the content of a file of a newer schema `schema`; nullopt
+/// where the schema is not newer, or the error not about the content.
+std::optional<StorageError> newerStoreError(std::filesystem::path const& file, std::string const& attempt, int schema,
+                                            SQLite::Exception const& error);
 
 /// The error of `attempt`, a change of the open store whose file has the schema `schema`; nullopt where changes are allowed.
 std::optional<StorageError> obstacleToChanges(std::filesystem::path const& file, std::string const& attempt,
