@@ -2,6 +2,7 @@
 #include <Storage/Backup.h>
 
 #include "AtomicFile.h"
+#include "sqlite/ForkGuard.h"
 #include "sqlite/Hardening.h"
 #include "sqlite/SqliteErrors.h"
 #include "sqlite/StoreContent.h"
@@ -133,6 +134,7 @@ std::unique_ptr<Backup::Copy> Backup::checkedCopy(fs::path const& backup, std::s
 void Backup::write(fs::path const& file, std::map<std::string, SqliteStorage const*> const& stores)
 {
     fs::path const target = absolutePath(file, "write the backup");
+    ForkGuard const guard(target, "write the backup");
     std::map<std::string, std::string> snapshots;
     for (auto const& [name, store] : stores)
         snapshots[name] = store->snapshot();
@@ -157,6 +159,7 @@ void Backup::write(fs::path const& file, std::map<std::string, SqliteStorage con
 
 Backup::Backup(fs::path const& file) : m_file(absolutePath(file, "read the backup"))
 {
+    ForkGuard const guard(m_file, "read the backup");
     try {
         SQLite::Database database = opened(m_file);
         long long const latest = std::chrono::duration_cast<std::chrono::seconds>(std::chrono::system_clock::duration::max()).count();
@@ -188,6 +191,7 @@ std::vector<std::string> Backup::names() const
 
 std::vector<SqliteStorage::Row> Backup::rows(std::string const& name) const
 {
+    ForkGuard const guard(m_file, "read the backup");
     return withStorageErrors(m_file, "read the backup", [&] { return storedRows(m_copies.at(name)->database()); });
 }
 
@@ -288,6 +292,7 @@ std::optional<fs::path> Backup::restore(std::string const& name, fs::path const&
 {
     Copy& copy = *m_copies.at(name);
     fs::path const target = absolutePath(file, restoreTheStore);
+    ForkGuard const guard(target, restoreTheStore);
     return withStorageErrors(target, restoreTheStore, [&] {
         for (;;) {
             try {

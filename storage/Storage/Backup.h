@@ -15,7 +15,7 @@ namespace Storage {
 
 /// Complete copies of stores in one file, with all rows and tables of later versions.
 ///
-/// Threads: one at a time. Errors: every function throws `StorageError` (and `std::bad_alloc`).
+/// Threads: one at a time. Forks: as for `SqliteStorage`. Errors: every function throws `StorageError` (and `std::bad_alloc`).
 class Backup {
 public:
     /// Writes a copy of each of `stores`, by name, to the new file `file`, with mode 0600; each as of one moment, also

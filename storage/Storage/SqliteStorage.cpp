@@ -2,6 +2,7 @@
 #include <Storage/Kind.h>
 #include <Storage/SqliteStorage.h>
 
+#include "sqlite/ForkGuard.h"
 #include "sqlite/Hardening.h"
 #include "sqlite/Prepared.h"
 #include "sqlite/SqliteErrors.h"
@@ -71,6 +72,7 @@ class SqliteStorage::Connection {
     template <typename Work>
     auto attempt(std::string const& what, Work const& work)
     {
+        ForkGuard::check(m_file, what); // first, as another thread may have held the mutex when the process was forked
         std::lock_guard<std::mutex> const turn(m_turns);
         return withStorageErrors(m_file, what, work);
     }
@@ -156,6 +158,7 @@ class SqliteStorage::Connection {
     }
 
     std::filesystem::path const m_file;
+    ForkGuard const m_guard{m_file, "open the store"};
     std::mutex m_turns;
     std::chrono::steady_clock::duration m_taken{}; // the time that changes took since the last pause
     std::chrono::steady_clock::time_point m_pauseEnd;
@@ -235,7 +238,11 @@ SqliteStorage::SqliteStorage(std::filesystem::path const& file, Options const& o
     : m_connection(withStorageErrors(file, "open the store",
                                      [&] { return std::make_unique<Connection>(absolutePath(file, "open the store"), options); }))
 {}
-SqliteStorage::~SqliteStorage() = default;
+SqliteStorage::~SqliteStorage()
+{
+    if (ForkGuard::isUnfit()) // closing would roll back what the parent has begun
+        static_cast<void>(m_connection.release());
+}
 
 namespace {
 

@@ -22,6 +22,9 @@ namespace Storage {
 /// Threads: any thread may call at any time; calls on one object take turns.
 /// Processes: several may hold the file open. A read sees what another process committed before it; a writer waits for
 ///   the others, for as long as `Options::busyTimeout`.
+/// Forks: a process that was forked while a store was open can use no store, unless it calls exec: there every call of an
+///   inherited object, and every opening, throws, and the destructor leaves file and parent alone (its memory leaks). A
+///   process that is forked while none is open may open stores.
 /// Kinds: a read for another kind than the stored one returns its default and changes nothing; `find` returns the kind.
 /// Errors: every function throws `StorageError` (and `std::bad_alloc`), never an exception of SQLite's. An existing file
 ///   is never replaced and never emptied: only a missing file is created. The object stays usable.

@@ -166,15 +166,16 @@ TEST_F(Backups, StoreThatWasSwitchedToALogWhileItWasOpenIsHeldToo)
 
 TEST_F(Backups, EachStoreIsAsOfOneMomentWhileOthersWrite)
 {
-    SqliteStorage store(path());
     std::string const filler(20000, 'x');
-    store.apply({{"left", 0}, {"middle", filler}, {"right", 0}});
-    Child writer([&] {
+    LaterChild writer(*this, [&] {
         SqliteStorage other(path());
         for (int number = 1; number <= 10; ++number)
             other.apply({{"left", number}, {"middle", filler + std::to_string(number)}, {"right", number}});
         return std::string("done");
     });
+    SqliteStorage store(path());
+    store.apply({{"left", 0}, {"middle", filler}, {"right", 0}});
+    writer.begin();
     SqliteStorage::Value seen;
     for (int copies = 0; seen != SqliteStorage::Value(10); ++copies) {
         std::filesystem::path const file = path("copies") / std::to_string(copies);
@@ -468,14 +469,15 @@ TEST_F(Backups, ChangeOfAnotherProcessDuringARestoreIsKeptOrComesAfterIt)
 {
     constexpr int writes = 60;
     backUp("value");
-    SqliteStorage const store(path());
-    Child writer([&] {
+    LaterChild writer(*this, [&] {
         SqliteStorage other(path());
         for (int number = 0; number < writes; ++number)
             other.setInt("written " + std::to_string(number), number);
         overwrite(path("ended"), "");
         return std::string("done");
     });
+    SqliteStorage const store(path());
+    writer.begin();
     Backup const backup(path("copy.backup"));
     std::set<std::string> found;
     for (bool isLast = false, hasEnded = false; !isLast; hasEnded = std::filesystem::exists(path("ended"))) {

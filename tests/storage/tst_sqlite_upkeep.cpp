@@ -68,14 +68,15 @@ TEST_F(SqliteUpkeep, OneChangeThatFailsUndoesThemAll)
 
 TEST_F(SqliteUpkeep, ChangesTogetherAreOneForOtherProcesses)
 {
-    SqliteStorage store(path());
-    store.apply({{"left", 0}, {"right", 0}});
-    Child writer([&] {
+    LaterChild writer(*this, [&] {
         SqliteStorage other(path());
         for (int number = 1; number <= 10; ++number)
             other.apply({{"left", number}, {"right", number}});
         return std::string("done");
     });
+    SqliteStorage store(path());
+    store.apply({{"left", 0}, {"right", 0}});
+    writer.begin();
     int seen = 0;
     while (seen < 10) {
         std::vector<SqliteStorage::Row> const rows = store.rows();
@@ -101,15 +102,16 @@ TEST_F(SqliteUpkeep, SnapshotIsAStoreOfItsOwn)
 
 TEST_F(SqliteUpkeep, SnapshotIsOfOneMomentWhileOthersWrite)
 {
-    SqliteStorage store(path());
     std::string const filler(20000, 'x');
-    store.apply({{"left", 0}, {"middle", filler}, {"right", 0}});
-    Child writer([&] {
+    LaterChild writer(*this, [&] {
         SqliteStorage other(path());
         for (int number = 1; number <= 10; ++number)
             other.apply({{"left", number}, {"middle", filler + std::to_string(number)}, {"right", number}});
         return std::string("done");
     });
+    SqliteStorage store(path());
+    store.apply({{"left", 0}, {"middle", filler}, {"right", 0}});
+    writer.begin();
     for (int seen = 0; seen < 10;) {
         overwrite(path("copy.sqlite"), store.snapshot());
         SqliteStorage const copy(path("copy.sqlite"));
@@ -121,6 +123,7 @@ TEST_F(SqliteUpkeep, SnapshotIsOfOneMomentWhileOthersWrite)
 
 TEST_F(SqliteUpkeep, ChangesOfOthersAreNoticedAndItsOwnAreNot)
 {
+    LaterChild writer(*this, [&] { return SqliteStorage(path()).setInt("key", 2), std::string("done"); });
     SqliteStorage store(path());
     SqliteStorage other(path());
     long long const before = store.changesOfOthers();
@@ -130,7 +133,8 @@ TEST_F(SqliteUpkeep, ChangesOfOthersAreNoticedAndItsOwnAreNot)
     long long const after = store.changesOfOthers();
     EXPECT_NE(after, before);
     EXPECT_EQ(store.changesOfOthers(), after);
-    EXPECT_EQ(inChild([&] { return SqliteStorage(path()).setInt("key", 2), std::string("done"); }), "done");
+    writer.begin();
+    EXPECT_EQ(writer.answer(), "done");
     EXPECT_NE(store.changesOfOthers(), after);
 }
 

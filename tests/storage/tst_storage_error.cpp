@@ -58,6 +58,8 @@ std::string nameOf(Code code)
         return "io";
     case Code::tooLarge:
         return "tooLarge";
+    case Code::forked:
+        return "forked";
     }
     return "no code";
 }
