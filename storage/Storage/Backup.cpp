@@ -324,6 +324,8 @@ std::optional<fs::path> Backup::Copy::replace(fs::path const& target)
             throw SQLite::Exception(sqlite3_errstr(code), code);
         return kept;
     }
+    // A program in the midst of a change would otherwise journal it beside the new file, into which it would be played back.
+    std::optional<SQLite::Database> const lock = lockForReplacing(target, busyMilliseconds);
     Kept kept;
     replaceFile(target, m_content, restoreTheStore, [&] {
         kept = keptAside(target);

@@ -38,7 +38,8 @@ public:
     ///
     /// A usable store is changed in one transaction, so that programs that have it open read the restored values from
     /// then on, and a crash leaves it either unchanged or restored; nobody else changes it between the copy of the original
-    /// and the change. Anything else, such as a damaged store or a dangling link, is replaced atomically by a new file.
+    /// and the change. Anything else, such as a damaged store or a dangling link, is replaced atomically by a new file,
+    /// while no program that has it open can change it. Either waits five seconds for others, and is `busy` then.
     std::optional<std::filesystem::path> restore(std::string const& name, std::filesystem::path const& file) const;
 
 private:

@@ -15,6 +15,7 @@
 #include <cstdint>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 namespace fs = std::filesystem;
 
@@ -101,18 +102,50 @@ bool isPresent(fs::path const& file)
     return true;
 }
 
+sqlite3_file* fileOf(SQLite::Database const& database)
+{
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    return file;
+}
+
 // Bytes 18 and 19 of SQLite's header, the formats for writers and readers, are 2 in a file of the write-ahead-log mode.
 // They are read through SQLite's own handle before any statement, as the first statement would make the log's files.
 bool usesWriteAheadLog(SQLite::Database& database)
 {
-    sqlite3_file* file = nullptr;
+    sqlite3_file* const file = fileOf(database);
     std::string header(formatsAt + 2, '\0');
-    sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
     int const code = file && file->pMethods ? file->pMethods->xRead(file, header.data(), formatsAt + 2, 0) : SQLITE_CANTOPEN;
     if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ)
         throw SQLite::Exception(sqlite3_errstr(code), code);
     bool const isSqlite = header.compare(0, 15, "SQLite format 3") == 0;
     return isSqlite && (header[formatsAt] == 2 || header[formatsAt + 1] == 2);
+}
+
+// The lock by which a writer excludes other writers. Returns SQLite's code.
+int lockReserved(sqlite3_file* file)
+{
+    int code = file->pMethods->xLock(file, SQLITE_LOCK_SHARED);
+    if (code == SQLITE_OK)
+        code = file->pMethods->xLock(file, SQLITE_LOCK_RESERVED);
+    if (code != SQLITE_OK)
+        file->pMethods->xUnlock(file, SQLITE_LOCK_NONE); // the writer that holds it waits for readers to leave
+    return code;
+}
+
+// The lock of a writer that commits: nobody else reads or writes the file.
+void lockExclusive(sqlite3_file* file, int busyTimeoutMilliseconds)
+{
+    bool isReserved = false;
+    for (int waits = 0;;) {
+        int const code = isReserved ? file->pMethods->xLock(file, SQLITE_LOCK_EXCLUSIVE) : lockReserved(file);
+        if (code == SQLITE_OK && std::exchange(isReserved, true))
+            return;
+        if (code == SQLITE_BUSY && retryWhileBusy(reinterpret_cast<void*>(static_cast<std::intptr_t>(busyTimeoutMilliseconds)), waits++))
+            continue;
+        if (code != SQLITE_OK)
+            throw SQLite::Exception(sqlite3_errstr(code), code);
+    }
 }
 
 std::string newerSchema(int schema)
@@ -190,6 +223,28 @@ SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, in
     // cannot bring the journal back and undo the change; a deleted one could come back with its folder entry.
     database.exec("PRAGMA journal_mode = TRUNCATE; PRAGMA synchronous = " + std::to_string(synchronous));
     return database;
+}
+
+std::optional<SQLite::Database> lockForReplacing(fs::path const& file, int busyTimeoutMilliseconds)
+{
+    std::error_code ignored;
+    if (!fs::is_regular_file(file, ignored))
+        return std::nullopt;
+    try {
+        SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, 0, vfsShim());
+        if (sqlite3_db_readonly(database.getHandle(), "main") == 1 || usesWriteAheadLog(database))
+            return std::nullopt;
+        lockExclusive(fileOf(database), busyTimeoutMilliseconds);
+        int hasMoved = 0;
+        sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
+        if (hasMoved)
+            throw SQLite::Exception(sqlite3_errstr(SQLITE_READONLY), SQLITE_READONLY_DBMOVED);
+        return database;
+    } catch (SQLite::Exception const& error) {
+        if (error.getErrorCode() == SQLITE_BUSY || error.getErrorCode() == SQLITE_READONLY_DBMOVED)
+            throw;
+        return std::nullopt;
+    }
 }
 
 std::optional<StorageError> newerStoreError(fs::path const& file, std::string const& attempt, int schema, SQLite::Exception const& error)

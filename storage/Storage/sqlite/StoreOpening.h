@@ -24,6 +24,13 @@ SQLite::Database openStore(std::filesystem::path const& file, int busyTimeoutMil
 /// store: of this version's schema exactly, or a newer one that can be read.
 void checkStore(std::filesystem::path const& file, SQLite::Database& database);
 
+/// Locks the regular file `file`, of any content, against every reader and writer until the result is destroyed; no statement
+/// may be run on it. The locks are SQLite's own: closing a descriptor of ours would drop those of other stores in this
+/// process. Returns nullopt where the file cannot be opened for writing or locked, and for a write-ahead log, whose programs
+/// hold a lock as long as they run and follow it under another name. Throws SQLITE_BUSY after the timeout, and
+/// SQLITE_READONLY_DBMOVED where another file has got the name meanwhile.
+std::optional<SQLite::Database> lockForReplacing(std::filesystem::path const& file, int busyTimeoutMilliseconds);
+
 /// The error of `attempt`, in which SQLite failed with `error` on the content of a file of a newer schema `schema`; nullopt
 /// where the schema is not newer, or the error not about the content.
 std::optional<StorageError> newerStoreError(std::filesystem::path const& file, std::string const& attempt, int schema,
