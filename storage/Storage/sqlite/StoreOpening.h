@@ -3,6 +3,8 @@
 // Creates, checks and opens the file of a `SqliteStorage`. Internal.
 #pragma once
 
+#include "Prepared.h"
+
 #include <Storage/SqliteStorage.h>
 
 #include <SQLiteCpp/Database.h>
@@ -20,9 +22,16 @@ std::filesystem::path absolutePath(std::filesystem::path const& file, char const
 /// Opens the store in the absolute path `file`, and creates a missing one. Throws `StorageError` and SQLite's errors.
 SQLite::Database openStore(std::filesystem::path const& file, int busyTimeoutMilliseconds, int synchronous);
 
+/// The steps of `openStore`. First the file, of which only the header is read; then `checkStore`; and at last, outside of
+/// a transaction, how changes are journalled.
+SQLite::Database openFile(std::filesystem::path const& file, int busyTimeoutMilliseconds);
+void setJournal(SQLite::Database& database, int synchronous);
+
 /// Throws a `StorageError` about `file`, or SQLite's error, where the open database, which was hardened, is not an undamaged
 /// store: of this version's schema exactly, or a newer one that can be read.
 void checkStore(std::filesystem::path const& file, SQLite::Database& database);
+/// As above, with the statement `allRows` of the caller's, which is prepared by it.
+void checkStore(std::filesystem::path const& file, SQLite::Database& database, Prepared& all);
 
 /// Locks the regular file `file`, of any content, against every reader and writer until the result is destroyed; no statement
 /// may be run on it. The locks are SQLite's own: closing a descriptor of ours would drop those of other stores in this

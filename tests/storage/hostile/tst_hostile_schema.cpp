@@ -351,16 +351,25 @@ char const* const viewWithoutEnd = "PRAGMA user_version = 2; DROP TABLE settings
                                    "1 UNION ALL SELECT n + 1 FROM r) "
                                    "SELECT CAST(n AS TEXT) AS key, 'int' AS kind, 1 AS value, 1 AS changed FROM r WHERE n < 0";
 
-TEST_F(HostileSchema, NewerViewWithoutEndEnds)
+std::string const endless = std::string(newer) +
+                            ", in a layout that this version cannot read (reading it takes longer than reading a store of its size can)" +
+                            update;
+
+TEST_F(HostileSchema, NewerViewWithoutEndIsRefused)
 {
     makeStore(viewWithoutEnd);
-    SqliteStorage store(path());
-    std::string const reason =
-        std::string(newer) + ", in a layout that this version cannot read (reading it takes longer than reading a store of its size can)" +
-        update;
-    EXPECT_EQ(refusal([&] { store.getInt("key", 0); }), path().string() + ": cannot read \"key\": " + reason);
-    EXPECT_EQ(refusal([&] { store.rows(); }), path().string() + ": cannot list the stored values: " + reason);
-    EXPECT_EQ(codeOf([&] { store.rows(); }), StorageError::Code::newer);
+    EXPECT_EQ(refusal([&] { SqliteStorage const store(path()); }), path().string() + ": cannot open the store: " + endless);
+    EXPECT_EQ(codeOf([&] { SqliteStorage const store(path()); }), StorageError::Code::newer);
+}
+
+TEST_F(HostileSchema, NewerViewWithoutEndThatComesWhileTheStoreIsOpenEnds)
+{
+    makeStore("");
+    SqliteStorage const store(path());
+    OtherProgram(path()).execute(viewWithoutEnd);
+    EXPECT_EQ(refusal([&] { store.getInt("key", 0); }), path().string() + ": cannot read \"key\": " + endless);
+    EXPECT_EQ(refusal([&] { store.getInt("key", 0); }), path().string() + ": cannot read \"key\": " + endless) << "of all rows";
+    EXPECT_EQ(refusal([&] { store.rows(); }), path().string() + ": cannot list the stored values: " + endless);
 }
 
 TEST_F(HostileSchema, NewerViewWithoutEndInABackupIsNotLookedAt)
