@@ -72,7 +72,8 @@ double sizeOf(sqlite3* database)
 
 constexpr int steps = 1000; // of SQLite's virtual machine, between two looks at the clock: some 20 microseconds
 constexpr double freeSeconds = 1;
-constexpr double bytesPerSecond = 4e6; // a slow machine checks ten times as many
+constexpr double mostSeconds = 60;     // the size of a sparse file costs a stranger nothing
+constexpr double bytesPerSecond = 4e6; // the densest rows are checked twenty times as fast
 
 } // namespace
 
@@ -114,7 +115,7 @@ int WorkLimit::isSpent(void* limit)
     double const now = processorSeconds();
     double const taken = now - self.m_start.value_or(now);
     self.m_start = now - taken;
-    return taken > freeSeconds && taken > freeSeconds + sizeOf(self.m_database) / bytesPerSecond;
+    return taken > freeSeconds && taken > std::min(freeSeconds + sizeOf(self.m_database) / bytesPerSecond, mostSeconds);
 }
 
 } // namespace Storage

@@ -82,9 +82,10 @@ int extendedCode(SQLite::Exception const& error)
 std::string forSentence(std::string const& text, std::size_t most)
 {
     std::string result;
-    for (unsigned char const byte : text.substr(0, most)) {
-        char escaped[5];
-        std::snprintf(escaped, sizeof escaped, byte >= ' ' && byte <= '~' ? "%c" : "\\x%02x", byte);
+    for (char const character : text.substr(0, most)) {
+        char escaped[5] = {character};
+        if (character < ' ' || character > '~')
+            std::snprintf(escaped, sizeof escaped, "\\x%02x", static_cast<unsigned>(static_cast<unsigned char>(character)));
         result += escaped;
     }
     return text.size() > most ? result + "..." : result;

@@ -38,8 +38,8 @@ protected:
     {
         std::string hex;
         char digits[3];
-        for (unsigned char const byte : bytes) {
-            std::snprintf(digits, sizeof digits, "%02x", byte);
+        for (char const byte : bytes) {
+            std::snprintf(digits, sizeof digits, "%02x", static_cast<unsigned>(static_cast<unsigned char>(byte)));
             hex += digits;
         }
         OtherProgram(backup).execute(("UPDATE copies SET content = x'" + hex + '\'').c_str());
@@ -165,6 +165,13 @@ TEST_F(HostileSchema, StoreWhoseTextsAreUtf16IsRefused)
     EXPECT_EQ(refusal([&] { SqliteStorage const store(path("wide.sqlite")); }),
               path("wide.sqlite").string() + ": cannot open the store: its texts are in UTF-16le, which those of a store never are" +
                   restore);
+}
+
+TEST_F(HostileSchema, WordsOfSqliteAboutAForgedNameAreOnOneLine)
+{
+    makeStore("PRAGMA writable_schema = ON; INSERT INTO sqlite_master VALUES ('table', 'a' || char(10, 27) || 'b', 't', 2, 'CREATE x')");
+    EXPECT_EQ(refusal([&] { SqliteStorage const store(path()); }),
+              path().string() + ": cannot open the store: malformed database schema (a\\x0a\\x1bb) - near \"x\": syntax error" + restore);
 }
 
 // Big-endian numbers as SQLite's pages hold them.
