@@ -27,6 +27,8 @@ TEST_F(Fork, EveryCallOnAnInheritedStoreThrows)
 {
     SqliteStorage store(path());
     store.setInt("key", 1);
+    for (int read = 0; read < 3; ++read) // so that the rows are in memory
+        EXPECT_EQ(store.getInt("key", 0), 1);
     std::string const answer = inChild([&] {
         std::string all;
         std::function<void()> const calls[] = {
