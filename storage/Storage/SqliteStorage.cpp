@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <Storage/Conflict.h>
 #include <Storage/Kind.h>
 #include <Storage/SqliteStorage.h>
 
@@ -19,7 +20,6 @@
 #include <limits>
 #include <mutex>
 #include <thread>
-#include <type_traits>
 #include <utility>
 
 namespace Storage {
@@ -54,6 +54,8 @@ void bindText(SQLite::Statement& statement, int index, std::string const& text)
 
 void bindValue(SQLite::Statement& statement, int index, bool value) { statement.bind(index, value ? 1 : 0); }
 void bindValue(SQLite::Statement& statement, int index, int value) { statement.bind(index, value); }
+void bindValue(SQLite::Statement& statement, int index, std::int64_t value) { statement.bind(index, value); }
+void bindValue(SQLite::Statement& statement, int index, double value) { statement.bind(index, value); }
 void bindValue(SQLite::Statement& statement, int index, std::string const& value) { bindText(statement, index, value); }
 void bindValue(SQLite::Statement& statement, int index, std::vector<unsigned char> const& value)
 {
@@ -123,18 +125,27 @@ class SqliteStorage::Connection {
         return schema->getColumn(0).getInt();
     }
 
+    std::optional<Row> findNow(std::string const& key)
+    {
+        Use find(m_find);
+        bindText(*find, 1, key);
+        if (!find->executeStep())
+            return std::nullopt;
+        return decodedRow(key, find->getColumn(0), find->getColumn(1), find->getColumn(2));
+    }
+
     template <typename T>
-    void setNow(std::string const& key, T const& value)
+    void putNow(std::string const& key, std::string const& kind, T const& value)
     {
         Use set(m_set);
         bindText(*set, 1, key);
-        set->bindNoCopy(2, storedWord(kindOfType<T>()));
+        bindText(*set, 2, kind);
         bindValue(*set, 3, value);
         set->bind(4, static_cast<std::int64_t>(millisecondsSinceEpoch()));
         set->exec();
     }
 
-    void removeNow(std::string const& key)
+    void putNow(std::string const& key, std::string const&, std::monostate)
     {
         Use remove(m_remove);
         bindText(*remove, 1, key);
@@ -143,13 +154,18 @@ class SqliteStorage::Connection {
 
     void makeNow(Change const& change)
     {
-        auto const make = [&](auto const& value) {
-            if constexpr (std::is_same_v<decltype(value), std::monostate const&>)
-                removeNow(change.key);
-            else
-                setNow(change.key, value);
-        };
-        std::visit(make, change.value);
+        if (std::holds_alternative<std::monostate>(change.payload))
+            std::visit([&](auto const& value) { putNow(change.key, kindWord(change.value), value); }, change.value);
+        else
+            std::visit([&](auto const& value) { putNow(change.key, change.kind, value); }, change.payload);
+    }
+
+    void checkExpected(std::string const& what, Change const& change)
+    {
+        if (!change.expected)
+            return;
+        if (std::optional<Row> const stored = findNow(change.key); !(stored == change.expected->row))
+            throw Conflict(m_file.u8string(), what, change.key, change.expected->row, stored);
     }
 
     std::filesystem::path const m_file;
@@ -174,13 +190,7 @@ public:
 
     std::optional<Row> find(std::string const& key)
     {
-        return attempt("read \"" + key + '"', [&]() -> std::optional<Row> {
-            Use find(m_find);
-            bindText(*find, 1, key);
-            if (!find->executeStep())
-                return std::nullopt;
-            return decodedRow(key, find->getColumn(0), find->getColumn(1), find->getColumn(2));
-        });
+        return attempt("read \"" + key + '"', [&] { return findNow(key); });
     }
 
     std::vector<Row> rows()
@@ -191,17 +201,20 @@ public:
     template <typename T>
     void set(std::string const& key, T const& value)
     {
-        change("set \"" + key + '"', [&] { setNow(key, value); });
+        change("set \"" + key + '"', [&] { putNow(key, storedWord(kindOfType<T>()), value); });
     }
 
     void remove(std::string const& key)
     {
-        change("remove \"" + key + '"', [&] { removeNow(key); });
+        change("remove \"" + key + '"', [&] { putNow(key, {}, std::monostate()); });
     }
 
     void apply(std::vector<Change> const& changes)
     {
-        change("make " + std::to_string(changes.size()) + (changes.size() == 1 ? " change" : " changes together"), [&] {
+        std::string const what = "make " + std::to_string(changes.size()) + (changes.size() == 1 ? " change" : " changes together");
+        change(what, [&] {
+            for (Change const& change : changes)
+                checkExpected(what, change);
             for (Change const& change : changes)
                 makeNow(change);
         });
