@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <Storage/Batch.h>
 #include <Storage/Conflict.h>
 #include <Storage/Kind.h>
 #include <Storage/SqliteStorage.h>
@@ -264,35 +265,59 @@ T valueOr(std::optional<SqliteStorage::Row> row, T const& defaultValue)
 
 } // namespace
 
-void SqliteStorage::setBool(std::string const& key, bool value) { m_connection->set(key, value); }
+template <typename T>
+void SqliteStorage::set(std::string const& key, T const& value)
+{
+    if (Batch* const batch = Batch::openOn(*this))
+        batch->put(key, value);
+    else
+        m_connection->set(key, value);
+}
 
-void SqliteStorage::setInt(std::string const& key, int value) { m_connection->set(key, value); }
+void SqliteStorage::setBool(std::string const& key, bool value) { set(key, value); }
 
-void SqliteStorage::setString(std::string const& key, std::string const& value) { m_connection->set(key, value); }
+void SqliteStorage::setInt(std::string const& key, int value) { set(key, value); }
 
-void SqliteStorage::setBytes(std::string const& key, std::vector<unsigned char> const& value) { m_connection->set(key, value); }
+void SqliteStorage::setString(std::string const& key, std::string const& value) { set(key, value); }
 
-bool SqliteStorage::contains(std::string const& key) const { return m_connection->find(key).has_value(); }
+void SqliteStorage::setBytes(std::string const& key, std::vector<unsigned char> const& value) { set(key, value); }
 
-void SqliteStorage::remove(std::string const& key) { m_connection->remove(key); }
+bool SqliteStorage::contains(std::string const& key) const { return find(key).has_value(); }
 
-bool SqliteStorage::getBool(std::string const& key, bool defaultValue) const { return valueOr(m_connection->find(key), defaultValue); }
+void SqliteStorage::remove(std::string const& key)
+{
+    if (Batch* const batch = Batch::openOn(*this))
+        batch->put(key, {});
+    else
+        m_connection->remove(key);
+}
 
-int SqliteStorage::getInt(std::string const& key, int defaultValue) const { return valueOr(m_connection->find(key), defaultValue); }
+bool SqliteStorage::getBool(std::string const& key, bool defaultValue) const { return valueOr(find(key), defaultValue); }
+
+int SqliteStorage::getInt(std::string const& key, int defaultValue) const { return valueOr(find(key), defaultValue); }
 
 std::string SqliteStorage::getString(std::string const& key, std::string const& defaultValue) const
 {
-    return valueOr(m_connection->find(key), defaultValue);
+    return valueOr(find(key), defaultValue);
 }
 
 std::vector<unsigned char> SqliteStorage::getBytes(std::string const& key, std::vector<unsigned char> const& defaultValue) const
 {
-    return valueOr(m_connection->find(key), defaultValue);
+    return valueOr(find(key), defaultValue);
 }
 
-std::optional<SqliteStorage::Row> SqliteStorage::find(std::string const& key) const { return m_connection->find(key); }
+std::optional<SqliteStorage::Row> SqliteStorage::find(std::string const& key) const
+{
+    Batch const* const batch = Batch::openOn(*this);
+    std::optional<Row> const* const collected = batch ? batch->find(key) : nullptr;
+    return collected ? *collected : m_connection->find(key);
+}
 
-std::vector<SqliteStorage::Row> SqliteStorage::rows() const { return m_connection->rows(); }
+std::vector<SqliteStorage::Row> SqliteStorage::rows() const
+{
+    Batch const* const batch = Batch::openOn(*this);
+    return batch ? batch->laidOver(m_connection->rows()) : m_connection->rows();
+}
 
 void SqliteStorage::apply(std::vector<Change> const& changes) { m_connection->apply(changes); }
 

@@ -19,7 +19,7 @@ namespace Storage {
 /// A durable store: one SQLite file, one row for each key.
 ///
 /// Durability: a set or a removal is one transaction, on disk when the call returns. After a crash each key holds its
-///   old or its new value. `apply` makes several changes in one transaction.
+///   old or its new value. `apply` and `Batch` make several changes in one transaction.
 /// Threads: any thread may call at any time; calls on one object take turns.
 /// Processes: several may hold the file open. A read sees what another process committed before it; a writer waits for
 ///   the others, for as long as `Options::busyTimeout`.
@@ -137,6 +137,10 @@ public:
 
 private:
     class Connection;
+
+    template <typename T>
+    void set(std::string const& key, T const& value);
+
     std::unique_ptr<Connection> m_connection;
 };
 
