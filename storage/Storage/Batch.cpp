@@ -72,13 +72,13 @@ Batch* Batch::openOn(SqliteStorage const& store)
 
 void Batch::put(std::string const& key, Value value)
 {
-    std::optional<Row> row;
+    SharedRow row;
     if (char const* const kind = kindWord(value); !std::holds_alternative<std::monostate>(value))
-        row = Row{key, kind, std::move(value), now()};
+        row = std::make_shared<Row const>(Row{key, kind, std::move(value), now()});
     m_rows.insert_or_assign(key, std::move(row));
 }
 
-std::optional<Row> const* Batch::find(std::string const& key) const
+Batch::SharedRow const* Batch::find(std::string const& key) const
 {
     auto const found = m_rows.find(key);
     return found == m_rows.end() ? nullptr : &found->second;

@@ -4,7 +4,7 @@
 #include <Storage/SqliteStorage.h>
 
 #include <map>
-#include <optional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -43,14 +43,16 @@ public:
 private:
     friend class SqliteStorage;
 
+    using SharedRow = std::shared_ptr<SqliteStorage::Row const>;
+
     static Batch* openOn(SqliteStorage const& store);
     void put(std::string const& key, SqliteStorage::Value value);
-    std::optional<SqliteStorage::Row> const* find(std::string const& key) const;
+    SharedRow const* find(std::string const& key) const;
     std::vector<SqliteStorage::Row> laidOver(std::vector<SqliteStorage::Row> stored) const;
 
     SqliteStorage& m_store;
-    Batch* m_outer;                                                  // the batch that this thread opened before, on another store
-    std::map<std::string, std::optional<SqliteStorage::Row>> m_rows; // nullopt where the key is removed
+    Batch* m_outer;                          // the batch that this thread opened before, on another store
+    std::map<std::string, SharedRow> m_rows; // nullptr where the key is removed
 };
 
 } // namespace Storage
