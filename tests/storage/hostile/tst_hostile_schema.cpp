@@ -186,7 +186,7 @@ std::string bytes(std::uint32_t number, int count)
 // A page of a tree all of whose children are `child`.
 std::string forgedPage(std::uint32_t child)
 {
-    constexpr std::uint32_t cells = 400;
+    constexpr std::uint32_t cells = 2;
     std::string page = '\5' + bytes(0, 2) + bytes(cells, 2) + bytes(4096 - 5 * cells, 2) + bytes(0, 1) + bytes(child, 4);
     for (std::uint32_t cell = 0; cell < cells; ++cell)
         page += bytes(4096 - 5 * (cell + 1), 2);
@@ -196,22 +196,34 @@ std::string forgedPage(std::uint32_t child)
     return page;
 }
 
-// 400 to the power of 10 rows, in a file of some pages.
+// The store with a tree of some pages that has 3 to the power of 18 leaves: fewer faults than a check reports at most.
+std::string forged(std::string store)
+{
+    EXPECT_EQ(store.size(), 3u * 4096);
+    std::string const leaf = store.substr(4096, 4096);
+    store.replace(4096, 4096, forgedPage(4));
+    for (std::uint32_t page = 4; page < 21; ++page)
+        store += forgedPage(page + 1);
+    return (store + leaf).replace(28, 4, bytes(21, 4));
+}
+
 TEST_F(HostileSchema, ForgedTreeOfPagesIsRefusedAtOnce)
 {
     makeStore("");
-    std::string forged = content(path());
-    ASSERT_EQ(forged.size(), 3u * 4096);
-    std::string const leaf = forged.substr(4096, 4096);
-    forged.replace(4096, 4096, forgedPage(4));
-    for (std::uint32_t page = 4; page < 13; ++page)
-        forged += forgedPage(page + 1);
-    forged += leaf;
-    forged.replace(28, 4, bytes(13, 4));
-    overwrite(path(), forged);
+    overwrite(path(), forged(content(path())));
     std::string const reason = refusal([&] { SqliteStorage const store(path()); });
-    EXPECT_NE(reason.find(": cannot open the store: the file is damaged (On tree page 12 cell "), std::string::npos) << reason;
-    EXPECT_NE(refusalInABackup().find("cannot be used (the file is damaged (On tree page 12 cell "), std::string::npos);
+    EXPECT_NE(reason.find(": cannot open the store: the file is damaged (On tree page 20 cell "), std::string::npos) << reason;
+    EXPECT_NE(refusalInABackup().find("cannot be used (the file is damaged (On tree page 20 cell "), std::string::npos);
+}
+
+TEST_F(HostileSchema, ForgedTreeOfPagesThatComesWhileTheStoreIsOpenIsExamined)
+{
+    makeStore("");
+    SqliteStorage const store(path());
+    overwrite(path(), forged(content(path())));
+    std::vector<std::string> const damage = store.examine().damage;
+    ASSERT_FALSE(damage.empty());
+    EXPECT_EQ(damage[0].compare(0, 21, "On tree page 20 cell "), 0) << damage[0];
 }
 
 // --- What supporters do to a store ---
