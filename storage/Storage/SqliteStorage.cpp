@@ -16,7 +16,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
-#include <limits>
 #include <mutex>
 #include <thread>
 #include <type_traits>
@@ -25,12 +24,6 @@
 namespace Storage {
 
 namespace {
-
-// Clamped to SQLite's `int`, some 24 days.
-int busyMilliseconds(std::chrono::milliseconds duration)
-{
-    return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(duration.count(), 0, std::numeric_limits<int>::max()));
-}
 
 long long millisecondsSinceEpoch()
 {
@@ -165,7 +158,7 @@ class SqliteStorage::Connection {
 public:
     Connection(std::filesystem::path const& path, Options const& options)
         : m_file(path),
-          m_database(openStore(m_file, busyMilliseconds(options.busyTimeout), static_cast<int>(options.synchronous))),
+          m_database(openStore(m_file, options)),
           m_schema(m_database, "PRAGMA user_version"),
           m_find(m_database, "SELECT kind, value, changed FROM settings WHERE key = ?1"),
           m_set(m_database, setStatement),

@@ -22,6 +22,8 @@ public:
         access,   ///< The file is missing, was moved, or this user has no right to it.
         io,       ///< The system failed to read or to write, or lacks memory or descriptors.
         tooLarge, ///< A key, a value or a path is longer than a store can take.
+        missing,  ///< The store does not exist, and the caller did not ask to create it.
+        network,  ///< The file lies on a network file system, where locks do not hold.
     };
 
     /// `what` becomes "`file`: cannot `attempt`: `reason`; `remedy`".

@@ -315,15 +315,15 @@ INSTANTIATE_TEST_SUITE_P(
 std::string fileCall(long number)
 {
     static std::map<long, char const*> const calls{
-        {SYS_openat, "open"},     {SYS_read, "read"},       {SYS_write, "write"},       {SYS_pread64, "read"}, {SYS_pwrite64, "write"},
-        {SYS_close, "close"},     {SYS_newfstatat, "stat"}, {SYS_fstat, "stat"},        {SYS_fcntl, "lock"},   {SYS_ftruncate, "cut"},
-        {SYS_mkdirat, "mkdir"},   {SYS_unlinkat, "unlink"}, {SYS_fchmodat, "chmod"},    {SYS_fchmod, "chmod"}, {SYS_fchown, "chown"},
-        {SYS_linkat, "link"},     {SYS_getcwd, "getcwd"},   {SYS_faccessat2, "access"},
+        {SYS_openat, "open"},   {SYS_read, "read"},       {SYS_write, "write"},       {SYS_pread64, "read"}, {SYS_pwrite64, "write"},
+        {SYS_close, "close"},   {SYS_newfstatat, "stat"}, {SYS_fstat, "stat"},        {SYS_fcntl, "lock"},   {SYS_ftruncate, "cut"},
+        {SYS_mkdirat, "mkdir"}, {SYS_unlinkat, "unlink"}, {SYS_fchmodat, "chmod"},    {SYS_fchmod, "chmod"}, {SYS_fchown, "chown"},
+        {SYS_linkat, "link"},   {SYS_getcwd, "getcwd"},   {SYS_faccessat2, "access"},
 #ifdef SYS_open // the older calls, which newer machines do without
-        {SYS_open, "open"},       {SYS_stat, "stat"},       {SYS_lstat, "stat"},        {SYS_mkdir, "mkdir"},  {SYS_unlink, "unlink"},
-        {SYS_chmod, "chmod"},     {SYS_access, "access"},
+        {SYS_open, "open"},     {SYS_stat, "stat"},       {SYS_lstat, "stat"},        {SYS_mkdir, "mkdir"},  {SYS_unlink, "unlink"},
+        {SYS_chmod, "chmod"},   {SYS_access, "access"},
 #endif
-        {SYS_faccessat, "access"}};
+        {SYS_statfs, "statfs"}, {SYS_faccessat, "access"}};
     static std::set<long> const others{
         SYS_brk,    SYS_mmap,      SYS_munmap,      SYS_mremap,        SYS_madvise,       SYS_mprotect,        // memory
         SYS_getpid, SYS_geteuid,   SYS_getuid,      SYS_getgid,        SYS_clock_gettime, SYS_clock_nanosleep, // cannot fail
@@ -337,11 +337,11 @@ std::string fileCall(long number)
 std::string fileCall(std::string const& function)
 {
     static std::map<std::string, char const*> const calls{
-        {"open", "open"},     {"open64", "open"},    {"mkostemp", "open"}, {"read", "read"},       {"pread64", "read"},
-        {"write", "write"},   {"pwrite64", "write"}, {"close", "close"},   {"stat", "stat"},       {"stat64", "stat"},
-        {"lstat", "stat"},    {"lstat64", "stat"},   {"fstat64", "stat"},  {"fcntl64", "lock"},    {"mkdir", "mkdir"},
-        {"unlink", "unlink"}, {"chmod", "chmod"},    {"fchmod", "chmod"},  {"ftruncate64", "cut"}, {"linkat", "link"},
-        {"getcwd", "getcwd"}, {"fchown", "chown"},   {"access", "access"}, {"faccessat", "access"}};
+        {"open", "open"},     {"open64", "open"},    {"mkostemp", "open"}, {"read", "read"},        {"pread64", "read"},
+        {"write", "write"},   {"pwrite64", "write"}, {"close", "close"},   {"stat", "stat"},        {"stat64", "stat"},
+        {"lstat", "stat"},    {"lstat64", "stat"},   {"fstat64", "stat"},  {"fcntl64", "lock"},     {"mkdir", "mkdir"},
+        {"unlink", "unlink"}, {"chmod", "chmod"},    {"fchmod", "chmod"},  {"ftruncate64", "cut"},  {"linkat", "link"},
+        {"getcwd", "getcwd"}, {"fchown", "chown"},   {"access", "access"}, {"faccessat", "access"}, {"statfs", "statfs"}};
     auto const call = calls.find(function);
     return call == calls.end() ? "" : call->second;
 }

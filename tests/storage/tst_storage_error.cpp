@@ -58,6 +58,10 @@ std::string nameOf(Code code)
         return "io";
     case Code::tooLarge:
         return "tooLarge";
+    case Code::missing:
+        return "missing";
+    case Code::network:
+        return "network";
     }
     return "no code";
 }

@@ -16,9 +16,6 @@ namespace Storage {
 /// The statement that stores a row: key, kind, value and time.
 extern char const* const setStatement;
 
-/// The offset in SQLite's header of two bytes: the formats for writers and for readers.
-inline constexpr int formatsAt = 18;
-
 /// The findings of SQLite's integrity check; empty where the file is undamaged.
 std::vector<std::string> damageOf(SQLite::Database& database);
 
@@ -28,7 +25,7 @@ std::vector<SqliteStorage::Row> storedRows(SQLite::Database& database);
 /// Decodes the columns of a row.
 SqliteStorage::Row decodedRow(std::string key, SQLite::Column const& kind, SQLite::Column const& value, SQLite::Column const& changed);
 
-/// The bytes of an open store's file as of one moment, with a header that asks for no write-ahead log.
+/// The bytes of an open store's file as of one moment.
 std::string snapshotOf(SQLite::Database& database);
 
 } // namespace Storage

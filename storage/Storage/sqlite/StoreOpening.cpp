@@ -5,15 +5,21 @@
 #include "StoreContent.h"
 #include "VfsShim.h"
 #include <Storage/AtomicFile.h>
+#include <Storage/FileSystem.h>
 
 #include <SQLiteCpp/Statement.h>
 
 #include <sqlite3.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <cstdint>
+#include <limits>
 #include <system_error>
 #include <thread>
+
+#include <sys/stat.h>
 
 namespace fs = std::filesystem;
 
@@ -34,6 +40,8 @@ constexpr char const* makeTables = "BEGIN;"
                                    " changed INTEGER NOT NULL);" // milliseconds since 1970-01-01 00:00 UTC
                                    "COMMIT;";
 
+constexpr char const* openTheStore = "open the store";
+
 constexpr std::size_t longestPath = 504; // SQLite's limit, beyond which it only reports that it cannot open the file
 
 // The content of a store without values.
@@ -43,6 +51,12 @@ std::string emptyStore()
     database.exec("PRAGMA application_id = " + std::to_string(applicationId) +
                   "; PRAGMA user_version = " + std::to_string(SqliteStorage::writtenSchema) + ";" + makeTables);
     return snapshotOf(database);
+}
+
+// Clamped to SQLite's `int`, some 24 days.
+int busyMilliseconds(std::chrono::milliseconds duration)
+{
+    return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(duration.count(), 0, std::numeric_limits<int>::max()));
 }
 
 // A busy handler that retries every millisecond. SQLite's own backs off so far that it misses every moment in which
@@ -62,59 +76,58 @@ int retryWhileBusy(void* timeout, int earlier)
 
 [[noreturn]] void refuse(fs::path const& file, Code code, std::string const& reason, char const* remedy)
 {
-    throw StorageError(code, file.u8string(), "open the store", reason, remedy);
+    throw StorageError(code, file.u8string(), openTheStore, reason, remedy);
 }
 
-bool hasJournal(fs::path const& file)
+// Whether a companion of a store is more than an empty file. A link counts for itself.
+bool isInTheWay(fs::path const& companion, fs::path const& file, char const* attempt)
 {
-    std::error_code error;
-    std::uintmax_t const size = fs::file_size(file.string() + "-journal", error);
-    return !error && size > 0;
+    struct stat status = {};
+    if (::lstat(companion.c_str(), &status) == 0)
+        return !S_ISREG(status.st_mode) || status.st_size > 0;
+    if (errno != ENOENT && errno != ENOTDIR)
+        throwSystemError(file, attempt, errno);
+    return false;
 }
 
 // Throws where a new store must not be created under the name.
-void checkMissing(fs::path const& file)
+void checkMissing(fs::path const& file, SqliteStorage::Options const& options)
 {
     std::error_code error;
     if (fs::is_symlink(fs::symlink_status(file, error)))
         refuse(file, Code::foreign, "it is a symbolic link to a file that does not exist",
                "remove the link, or restore the file that it names");
-    if (hasJournal(file) && !fs::exists(file, error)) // checked again, as another process may just have made the store
+    if (!options.createIfMissing)
+        refuse(file, Code::missing, "it does not exist", "name the file of a store");
+    fs::path const log = file.string() + "-wal";
+    bool const hasJournal = isInTheWay(file.string() + "-journal", file, openTheStore);
+    if (fs::exists(file, error)) // checked again, as another process may just have made the store
+        return;
+    if (hasJournal)
         refuse(file, Code::access, "it is gone, but its journal is there and would be played back into a new one",
                "bring the store back beside its journal, or move the journal away");
+    if (isInTheWay(log, file, openTheStore))
+        refuse(file, Code::access, "it is gone, but a write-ahead log, " + log.u8string() + ", is there and would be played into a new one",
+               "bring the store back beside its log, or move the log away");
 }
 
 // Returns whether the file exists, and throws where it cannot be a store. It asks for names and sizes only: closing the
 // file here would drop the locks that another store object of this process holds on it.
-bool isPresent(fs::path const& file)
+bool isPresent(fs::path const& file, SqliteStorage::Options const& options)
 {
     std::error_code error;
     fs::file_status const target = fs::status(file, error);
     if (target.type() == fs::file_type::not_found) {
-        checkMissing(file);
+        checkMissing(file, options);
         return false;
     }
     if (error)
-        throwSystemError(file, "open the store", error.value());
+        throwSystemError(file, openTheStore, error.value());
     if (!fs::is_regular_file(target))
         refuse(file, Code::foreign, "it is not a regular file", "move it away, or name another file");
     if (fs::file_size(file, error) == 0 && !error)
         refuse(file, Code::damaged, "the file is empty, which a store never is", restoreBackup);
     return true;
-}
-
-// Bytes 18 and 19 of SQLite's header, the formats for writers and readers, are 2 in a file of the write-ahead-log mode.
-// They are read through SQLite's own handle before any statement, as the first statement would make the log's files.
-bool usesWriteAheadLog(SQLite::Database& database)
-{
-    sqlite3_file* file = nullptr;
-    std::string header(formatsAt + 2, '\0');
-    sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
-    int const code = file && file->pMethods ? file->pMethods->xRead(file, header.data(), formatsAt + 2, 0) : SQLITE_CANTOPEN;
-    if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ)
-        throw SQLite::Exception(sqlite3_errstr(code), code);
-    bool const isSqlite = header.compare(0, 15, "SQLite format 3") == 0;
-    return isSqlite && (header[formatsAt] == 2 || header[formatsAt + 1] == 2);
 }
 
 std::string newerSchema(int schema)
@@ -164,20 +177,37 @@ fs::path absolutePath(fs::path const& file, char const* attempt)
     return absolute;
 }
 
-SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, int synchronous)
+void checkFileSystem(fs::path const& file, char const* attempt, SqliteStorage::Options const& options)
 {
-    if (!isPresent(file))
+    if (!options.allowNetworkFileSystem && localityOf(file) == Locality::network)
+        throw StorageError(Code::network, file.u8string(), attempt,
+                           "it lies on a network file system, where locks do not hold between machines, so that two programs can damage it",
+                           "keep it on a local disk");
+}
+
+void checkNoLog(fs::path const& file, char const* attempt, SQLite::Database const& database)
+{
+    std::string const log = sqlite3_filename_wal(sqlite3_db_filename(database.getHandle(), "main"));
+    if (isInTheWay(log, file, attempt))
+        throw StorageError(Code::foreign, file.u8string(), attempt,
+                           "a write-ahead log, " + log + ", lies beside it, which other programs would play into it",
+                           "move the log away: it is not a part of this file");
+}
+
+SQLite::Database openStore(fs::path const& file, SqliteStorage::Options const& options)
+{
+    bool const exists = isPresent(file, options);
+    checkFileSystem(file, openTheStore, options);
+    if (!exists)
         writeNewFile(file, emptyStore(), "create the store"); // a file that another process made first is the store
     SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, 0, vfsShim());
     sqlite3_busy_handler(database.getHandle(), retryWhileBusy,
-                         reinterpret_cast<void*>(static_cast<std::intptr_t>(busyTimeoutMilliseconds)));
-    if (usesWriteAheadLog(database))
-        refuse(file, Code::foreign, "it was switched to write-ahead logging, which can damage it",
-               "switch it back with: sqlite3 FILE 'PRAGMA journal_mode=DELETE'");
+                         reinterpret_cast<void*>(static_cast<std::intptr_t>(busyMilliseconds(options.busyTimeout))));
     checkStore(file, database);
+    checkNoLog(file, openTheStore, database); // later than the first statement, which tells a switched store by its header
     // TRUNCATE rather than DELETE: with synchronous=FULL it syncs the emptied journal, so that a crash after the call
     // cannot bring the journal back and undo the change; a deleted one could come back with its folder entry.
-    database.exec("PRAGMA journal_mode = TRUNCATE; PRAGMA synchronous = " + std::to_string(synchronous));
+    database.exec("PRAGMA journal_mode = TRUNCATE; PRAGMA synchronous = " + std::to_string(static_cast<int>(options.synchronous)));
     return database;
 }
 

@@ -17,8 +17,16 @@ namespace Storage {
 /// for SQLite, or where the process has no current directory.
 std::filesystem::path absolutePath(std::filesystem::path const& file, char const* attempt);
 
-/// Opens the store in the absolute path `file`, and creates a missing one. Throws `StorageError` and SQLite's errors.
-SQLite::Database openStore(std::filesystem::path const& file, int busyTimeoutMilliseconds, int synchronous);
+/// Throws a `StorageError` of `attempt` where `file`, which may be missing, lies on a network file system and `options` do
+/// not allow that.
+void checkFileSystem(std::filesystem::path const& file, char const* attempt, SqliteStorage::Options const& options);
+
+/// Throws a `StorageError` of `attempt` where a write-ahead log lies beside `file`, which `database` has open.
+void checkNoLog(std::filesystem::path const& file, char const* attempt, SQLite::Database const& database);
+
+/// Opens the store in the absolute path `file`, and creates a missing one unless `options` forbid it. Throws `StorageError`
+/// and SQLite's errors.
+SQLite::Database openStore(std::filesystem::path const& file, SqliteStorage::Options const& options);
 
 /// Throws a `StorageError` about `file`, or SQLite's error, where the open database is not an undamaged store.
 void checkStore(std::filesystem::path const& file, SQLite::Database& database);
