@@ -34,7 +34,7 @@ bool StoreWatcher::read()
     }
     Identity const identity = {status.st_dev, status.st_ino};
     if (!m_opened || identity != m_identity) {
-        m_opened = std::make_unique<SqliteStorage>(m_file);
+        m_opened = std::make_unique<SqliteStorage>(m_file, m_options);
         m_identity = identity;
     } else if (m_opened->changesOfOthers() == m_version) {
         return false;
