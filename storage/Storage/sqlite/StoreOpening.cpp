@@ -3,11 +3,10 @@
 
 #include "SqliteErrors.h"
 #include "StoreContent.h"
+#include "StoreFile.h"
 #include "VfsShim.h"
 #include <Storage/AtomicFile.h>
 #include <Storage/FileSystem.h>
-
-#include <SQLiteCpp/Statement.h>
 
 #include <sqlite3.h>
 
@@ -115,17 +114,16 @@ void checkMissing(fs::path const& file, SqliteStorage::Options const& options)
 // file here would drop the locks that another store object of this process holds on it.
 bool isPresent(fs::path const& file, SqliteStorage::Options const& options)
 {
-    std::error_code error;
-    fs::file_status const target = fs::status(file, error);
-    if (target.type() == fs::file_type::not_found) {
+    struct stat status = {};
+    if (::stat(file.c_str(), &status) != 0) {
+        if (errno != ENOENT && errno != ENOTDIR)
+            throwSystemError(file, openTheStore, errno);
         checkMissing(file, options);
         return false;
     }
-    if (error)
-        throwSystemError(file, openTheStore, error.value());
-    if (!fs::is_regular_file(target))
+    if (!S_ISREG(status.st_mode))
         refuse(file, Code::foreign, "it is not a regular file", "move it away, or name another file");
-    if (fs::file_size(file, error) == 0 && !error)
+    if (status.st_size == 0)
         refuse(file, Code::damaged, "the file is empty, which a store never is", restoreBackup);
     return true;
 }
@@ -139,28 +137,35 @@ std::string newerSchema(int schema)
 constexpr char const* updateProgram = "update this program; the file was left as it is";
 
 // A newer version may have changed the layout too.
-void checkLayout(fs::path const& file, SQLite::Database& database, int schema)
+void checkLayout(fs::path const& file, int schema, Prepared& all, Prepared& set)
 {
     try {
-        SQLite::Statement(database, "SELECT key, kind, value, changed FROM settings");
+        all.statement();
     } catch (SQLite::Exception const& error) {
         if (schema > SqliteStorage::writtenSchema)
             refuse(file, Code::newer, newerSchema(schema) + ", in a layout that this version cannot read", updateProgram);
         throw;
     }
     if (schema <= SqliteStorage::writtenSchema)
-        SQLite::Statement(database, setStatement);
+        set.statement();
 }
 
 } // namespace
 
-void checkStore(fs::path const& file, SQLite::Database& database)
+void checkStore(fs::path const& file, SQLite::Database& database, Prepared& all, Prepared& set)
 {
     if (database.execAndGet("PRAGMA application_id").getInt() != applicationId)
         refuse(file, Code::foreign, "it is an SQLite file of another program", "move it away, or name another file");
     if (std::vector<std::string> const damage = damageOf(database); !damage.empty())
         refuse(file, Code::damaged, "the file is damaged (" + damage.front() + ")", restoreBackup);
-    checkLayout(file, database, database.execAndGet("PRAGMA user_version").getInt());
+    checkLayout(file, database.execAndGet("PRAGMA user_version").getInt(), all, set);
+}
+
+void checkStore(fs::path const& file, SQLite::Database& database)
+{
+    Prepared all(database, allRows);
+    Prepared set(database, setStatement);
+    checkStore(file, database, all, set);
 }
 
 fs::path absolutePath(fs::path const& file, char const* attempt)
@@ -194,7 +199,7 @@ void checkNoLog(fs::path const& file, char const* attempt, SQLite::Database cons
                            "move the log away: it is not a part of this file");
 }
 
-SQLite::Database openStore(fs::path const& file, SqliteStorage::Options const& options)
+SQLite::Database openFile(fs::path const& file, SqliteStorage::Options const& options)
 {
     bool const exists = isPresent(file, options);
     checkFileSystem(file, openTheStore, options);
@@ -203,11 +208,24 @@ SQLite::Database openStore(fs::path const& file, SqliteStorage::Options const& o
     SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, 0, vfsShim());
     sqlite3_busy_handler(database.getHandle(), retryWhileBusy,
                          reinterpret_cast<void*>(static_cast<std::intptr_t>(busyMilliseconds(options.busyTimeout))));
+    if (StoreFile(database).header().usesWriteAheadLog)
+        throw SQLite::Exception(sqlite3_errstr(refusedLog), refusedLog);
+    checkNoLog(file, openTheStore, database); // beside a switched store it would be the store's own
+    return database;
+}
+
+// TRUNCATE rather than DELETE: with synchronous=FULL it syncs the emptied journal, so that a crash after the call cannot
+// bring the journal back and undo the change; a deleted one could come back with its folder entry.
+void setJournal(SQLite::Database& database, int synchronous)
+{
+    database.exec("PRAGMA journal_mode = TRUNCATE; PRAGMA synchronous = " + std::to_string(synchronous));
+}
+
+SQLite::Database openStore(fs::path const& file, SqliteStorage::Options const& options)
+{
+    SQLite::Database database = openFile(file, options);
     checkStore(file, database);
-    checkNoLog(file, openTheStore, database); // later than the first statement, which tells a switched store by its header
-    // TRUNCATE rather than DELETE: with synchronous=FULL it syncs the emptied journal, so that a crash after the call
-    // cannot bring the journal back and undo the change; a deleted one could come back with its folder entry.
-    database.exec("PRAGMA journal_mode = TRUNCATE; PRAGMA synchronous = " + std::to_string(static_cast<int>(options.synchronous)));
+    setJournal(database, static_cast<int>(options.synchronous));
     return database;
 }
 

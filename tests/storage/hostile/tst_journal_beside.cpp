@@ -50,13 +50,13 @@ protected:
         put();
         std::string const name = file.string() + ": cannot ";
         EXPECT_EQ(refusal([&] { SqliteStorage const store(file); }), name + "open the store: " + reason);
-        EXPECT_EQ(refusal([&] { open.getString("key", ""); }), name + "read \"key\": " + reason);
         EXPECT_EQ(refusal([&] { open.rows(); }), name + "list the stored values: " + reason);
         EXPECT_EQ(refusal([&] { open.setString("key", "other"); }), name + "set \"key\": " + reason);
         EXPECT_EQ(refusal([&] { open.remove("key"); }), name + "remove \"key\": " + reason);
         EXPECT_EQ(refusal([&] { open.examine(); }), name + "examine the store: " + reason);
         EXPECT_EQ(refusal([&] { open.snapshot(); }), name + "copy the store: " + reason);
         EXPECT_EQ(content(file), m_after);
+        EXPECT_EQ(open.getString("key", ""), "new") << "a value in memory needs no journal";
         EXPECT_FALSE(isLocked(file));
     }
 
@@ -117,7 +117,7 @@ TEST_P(StrangeJournal, IsNoObstacleAfterItsRemoval)
     SqliteStorage store(path());
     fs::remove(journal());
     put();
-    EXPECT_THROW(store.getString("key", ""), StorageError);
+    EXPECT_THROW(store.rows(), StorageError);
     fs::remove_all(journal());
     EXPECT_EQ(store.getString("key", ""), "new");
     store.setString("key", "newer");
@@ -343,7 +343,7 @@ protected:
             int const syncs = syncsOfAChange(store);
             store.setString("key", "new");
             overwrite(journal(), left);
-            EXPECT_EQ(store.getString("key", ""), "new");
+            EXPECT_EQ(store.rows().size(), 1u);
             FaultySystem::killBefore("fdatasync", syncs);
             store.setString("key", "newer");
             return "";

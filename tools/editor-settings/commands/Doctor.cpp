@@ -213,7 +213,7 @@ bool examineAll(Invocation const& invocation, Format format)
 
 } // namespace
 
-Command doctorCommand()
+std::vector<Command> commandsOfDoctor()
 {
     auto const format = std::make_shared<FormatChoice>();
     Command command;
@@ -225,5 +225,5 @@ Command doctorCommand()
     command.stores = always(StoreUse::none);
     command.isLong = true;
     command.run = [format](Invocation const& invocation) { return examineAll(invocation, *format) ? 0 : 1; };
-    return command;
+    return {command};
 }
