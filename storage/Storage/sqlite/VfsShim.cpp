@@ -15,8 +15,8 @@ namespace {
 sqlite3_vfs* sqliteVfs = nullptr;
 sqlite3_io_methods const* sqliteMethods = nullptr;
 
-// The names that SQLite passes for the files beside a store. They are compared by address as a hostile journal
-// may give its super-journal any name.
+// The names that SQLite passes for the files beside a store. They are compared by address, as a hostile journal may give its
+// super-journal any name.
 struct Companions {
     char const* journal = nullptr;
     char const* log = nullptr;
@@ -44,27 +44,18 @@ int emptied(char const* journal)
     return isEmpty ? SQLITE_OK : SQLITE_IOERR_TRUNCATE;
 }
 
-int reserve(sqlite3_file* file)
-{
-    if (int const code = sqliteMethods->xLock(file, SQLITE_LOCK_RESERVED); code != SQLITE_OK)
-        return code;
-    int const code = emptied(companions.journal);
-    if (code != SQLITE_OK)
-        sqliteMethods->xUnlock(file, SQLITE_LOCK_SHARED);
-    return code;
-}
-
 int shimLock(sqlite3_file* file, int level)
 {
     companions = *static_cast<Companions*>(behind(file));
-    if (level == SQLITE_LOCK_RESERVED)
-        return reserve(file);
     int held = SQLITE_LOCK_NONE;
     sqliteMethods->xFileControl(file, SQLITE_FCNTL_LOCKSTATE, &held);
     if (level == SQLITE_LOCK_SHARED && held != SQLITE_LOCK_NONE) // SQLite asks for it only where it believes that it holds none
         if (int const code = sqliteMethods->xUnlock(file, SQLITE_LOCK_NONE); code != SQLITE_OK)
             return code;
-    return sqliteMethods->xLock(file, level);
+    int const code = sqliteMethods->xLock(file, level);
+    if (code == SQLITE_OK && level == SQLITE_LOCK_RESERVED)
+        return emptied(companions.journal); // an error ends the transaction, and the lock with it
+    return code;
 }
 
 sqlite3_io_methods shimMethods(sqlite3_io_methods const* methods)
