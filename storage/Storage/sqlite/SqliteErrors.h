@@ -32,8 +32,8 @@ StorageError::Code codeForSystem(int error);
 /// The code for SQLite's error, which may be an extended one.
 StorageError::Code codeFor(SQLite::Exception const& error);
 
-/// The reason in words; SQLite's, which may quote the file, for a sentence.
-std::string reasonOf(SQLite::Exception const& error);
+/// The reason in words: SQLite's, which may quote the content of `file`, are for a sentence.
+std::string reasonOf(std::filesystem::path const& file, SQLite::Exception const& error);
 
 /// SQLite's error with its remedy.
 StorageError storageError(std::filesystem::path const& file, std::string const& attempt, SQLite::Exception const& error);
