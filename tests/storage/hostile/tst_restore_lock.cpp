@@ -114,6 +114,16 @@ TEST_F(RestoreLock, ReaderWithoutEndIsNotReplacedBelow)
     EXPECT_EQ(other.ask("SELECT value FROM settings"), "before");
 }
 
+TEST_F(RestoreLock, LeavesTheJournalToTheKeptFile)
+{
+    makeBoth(path());
+    overwrite(path(), "not a store");
+    std::string const journal = std::string(100, '\0') + "its journal"; // which SQLite has no reason to play back
+    overwrite(path("store.sqlite-journal"), journal);
+    std::filesystem::path const kept = *Backup(path("copy.backup")).restore("product", path());
+    EXPECT_EQ(content(kept.string() + "-journal"), journal);
+}
+
 // Closing a file drops every lock that the process holds on it.
 TEST_F(RestoreLock, LocksOfThisProcessOutliveIt)
 {
