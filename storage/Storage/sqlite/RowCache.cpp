@@ -13,6 +13,12 @@ namespace Storage {
 
 namespace {
 
+// Shorter keys first, as most sizes differ and need no look at the keys' bytes.
+bool isBefore(std::string const& one, std::string const& other)
+{
+    return one.size() != other.size() ? one.size() < other.size() : one < other;
+}
+
 // The rows from the statement's next on. SQLite finds none of a key that is stored as a blob.
 std::vector<RowCache::Row> remainingRows(SQLite::Statement& all)
 {
@@ -20,7 +26,7 @@ std::vector<RowCache::Row> remainingRows(SQLite::Statement& all)
     while (all.executeStep())
         if (SQLite::Column const key = all.getColumn(0); key.isText())
             rows.push_back(decodedRow(key.getString(), all.getColumn(1), all.getColumn(2), all.getColumn(3)));
-    std::sort(rows.begin(), rows.end(), [](RowCache::Row const& one, RowCache::Row const& other) { return one.key < other.key; });
+    std::sort(rows.begin(), rows.end(), [](RowCache::Row const& one, RowCache::Row const& other) { return isBefore(one.key, other.key); });
     return rows;
 }
 
@@ -28,8 +34,8 @@ std::vector<RowCache::Row> remainingRows(SQLite::Statement& all)
 
 RowCache::Answer RowCache::answerFrom(SharedMoment const& moment, std::string const& key)
 {
-    auto const isBefore = [](Row const& row, std::string const& wanted) { return row.key < wanted; };
-    auto const found = std::lower_bound(moment->rows.begin(), moment->rows.end(), key, isBefore);
+    auto const comesBefore = [](Row const& row, std::string const& wanted) { return isBefore(row.key, wanted); };
+    auto const found = std::lower_bound(moment->rows.begin(), moment->rows.end(), key, comesBefore);
     if (found == moment->rows.end() || found->key != key)
         return {};
     return {std::shared_ptr<Row const>(moment, &*found)};
@@ -37,10 +43,10 @@ RowCache::Answer RowCache::answerFrom(SharedMoment const& moment, std::string co
 
 std::optional<RowCache::Answer> RowCache::find(std::string const& key) const
 {
-    SharedMoment const known = moment();
-    if (!known || m_file.mark() != known->mark)
+    std::shared_lock<std::shared_mutex> const reading(m_momentMutex);
+    if (!m_moment || m_file.mark() != m_moment->mark)
         return std::nullopt;
-    return answerFrom(known, key);
+    return answerFrom(m_moment, key);
 }
 
 std::optional<RowCache::Answer> RowCache::findAfterChange(std::string const& key, Prepared& all)
@@ -73,12 +79,6 @@ void RowCache::load(Prepared& all)
 bool RowCache::keepsRows(StoreHeader const& header) const
 {
     return !header.usesWriteAheadLog && header.isUtf8 && m_file.size() <= largestFile;
-}
-
-RowCache::SharedMoment RowCache::moment() const
-{
-    std::shared_lock<std::shared_mutex> const reading(m_momentMutex);
-    return m_moment;
 }
 
 void RowCache::replaceMoment(SharedMoment moment)

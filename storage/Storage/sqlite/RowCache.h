@@ -47,13 +47,12 @@ public:
 private:
     struct Moment {
         ChangeMark mark = {};
-        std::vector<Row> rows; // sorted by the bytes of their keys
+        std::vector<Row> rows; // sorted by size and bytes of their keys
     };
     using SharedMoment = std::shared_ptr<Moment const>;
 
     bool keepsRows(StoreHeader const& header) const;
     static Answer answerFrom(SharedMoment const& moment, std::string const& key);
-    SharedMoment moment() const;
     void replaceMoment(SharedMoment moment);
 
     StoreFile const& m_file;
