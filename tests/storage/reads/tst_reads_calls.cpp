@@ -105,6 +105,13 @@ TEST_F(ReadCalls, TwoReadsAfterAChangeLockTheFile)
     EXPECT_EQ(calls(readNumber, reads(2)), oneRead);
 }
 
+// Of the four calls, three take a lock for reading and one gives it back.
+TEST_F(ReadCalls, OfAnOpeningLockTheFileOnce)
+{
+    std::vector<long> const opening = Traced::systemCalls({[] {}, [&] { SqliteStorage(path()); }});
+    EXPECT_EQ(std::count(opening.begin(), opening.end(), SYS_fcntl), 4);
+}
+
 struct FileSystem {
     char const* meaning;
     decltype(pretendedType) type;
