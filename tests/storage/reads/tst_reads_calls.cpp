@@ -108,7 +108,7 @@ TEST_F(ReadCalls, TwoReadsAfterAChangeLockTheFile)
 // Of the four calls, three take a lock for reading and one gives it back.
 TEST_F(ReadCalls, OfAnOpeningLockTheFileOnce)
 {
-    std::vector<long> const opening = Traced::systemCalls({[] {}, [&] { SqliteStorage(path()); }});
+    std::vector<long> const opening = Traced::systemCalls({[] {}, [&] { SqliteStorage const store(path()); }});
     EXPECT_EQ(std::count(opening.begin(), opening.end(), SYS_fcntl), 4);
 }
 
