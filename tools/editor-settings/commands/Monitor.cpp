@@ -81,7 +81,7 @@ void monitorStores(Host::Application const& application, Format format)
 
 } // namespace
 
-Command monitorCommand()
+std::vector<Command> commandsOfMonitor()
 {
     auto const format = std::make_shared<FormatChoice>();
     Command command;
@@ -94,5 +94,5 @@ Command monitorCommand()
         monitorStores(*invocation.application, *format);
         return 0;
     };
-    return command;
+    return {command};
 }
