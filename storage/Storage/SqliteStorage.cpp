@@ -22,7 +22,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
-#include <limits>
 #include <mutex>
 #include <thread>
 #include <utility>
@@ -30,12 +29,6 @@
 namespace Storage {
 
 namespace {
-
-// Clamped to SQLite's `int`, some 24 days.
-int busyMilliseconds(std::chrono::milliseconds duration)
-{
-    return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(duration.count(), 0, std::numeric_limits<int>::max()));
-}
 
 long long millisecondsSinceEpoch()
 {
@@ -180,9 +173,7 @@ class SqliteStorage::Connection {
 
 public:
     Connection(std::filesystem::path const& path, Options const& options)
-        : m_file(path),
-          m_database(openFile(m_file, busyMilliseconds(options.busyTimeout))),
-          m_cache(m_storeFile, localityOf(m_file) == Locality::local)
+        : m_file(path), m_database(openFile(m_file, options)), m_cache(m_storeFile, localityOf(m_file) == Locality::local)
     {
         SQLite::Transaction look(m_database); // the file is locked once for the whole look
         checkStore(m_file, m_database, m_all, m_set);

@@ -71,6 +71,24 @@ TEST_F(Watched, MissingStoreIsNotCreated)
     EXPECT_EQ(look(), Lines{"added exportPath (unset) -> /a"});
 }
 
+TEST_F(Watched, MissingStoreIsNotCreatedByAProgramThatCreatesItsStores)
+{
+    SqliteStorage::Options options;
+    options.createIfMissing = true;
+    StoreWatcher watcher(m_file, options);
+    EXPECT_FALSE(watcher.look().error);
+    EXPECT_FALSE(std::filesystem::exists(m_file));
+}
+
+TEST_F(Watched, StoreBehindALinkThatLeadsNowhereIsAnError)
+{
+    std::filesystem::create_symlink("nowhere", m_file);
+    std::optional<Storage::StorageError> const error = m_watcher.look().error;
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->reason(), "it is a symbolic link to a file that does not exist");
+    EXPECT_FALSE(std::filesystem::exists(inHome("nowhere")));
+}
+
 TEST_F(Watched, ReplacedStoreIsFollowed)
 {
     SqliteStorage(m_file).setString("exportPath", "/films");
