@@ -54,7 +54,9 @@ protected:
     {
         Store store; // the traced process's own
         auto const before = [&] {
-            store = std::make_unique<SqliteStorage>(path());
+            SqliteStorage::Options options;
+            options.allowNetworkFileSystem = true;
+            store = std::make_unique<SqliteStorage>(path(), options);
             change(*store);
         };
         return Traced::systemCalls({before, [&] { work(*store); }});
