@@ -147,7 +147,11 @@ void addReads(Shared const& all)
         char bytes[16];
         return ::pread(all->file, bytes, sizeof bytes, 24);
     };
-    Bench::addByTurns(row, library, oneLook, 100)->Iterations(Bench::isShort() ? 1 : 20);
+    auto const readTwice = [library](benchmark::State&) { // as other rows have changed the file
+        benchmark::DoNotOptimize(library());
+        benchmark::DoNotOptimize(library());
+    };
+    Bench::addByTurns(row, readTwice, library, oneLook, 100)->Iterations(Bench::isShort() ? 1 : 20);
     Bench::add(row, "SQLite", sqlite);
     Bench::add(row, "QSettings", ofFile);
     Bench::add(row, "QSettings by name", byName);
