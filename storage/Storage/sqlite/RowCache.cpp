@@ -6,7 +6,6 @@
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Transaction.h>
 
-#include <algorithm>
 #include <mutex>
 #include <utility>
 
