@@ -74,11 +74,8 @@ void RowCache::load(Prepared& all)
     replaceMoment(moment);
 }
 
-// In a write-ahead log commits leave the mark alone, and SQLite converts the key that it looks for in other encodings.
-bool RowCache::keepsRows(StoreHeader const& header) const
-{
-    return !header.usesWriteAheadLog && header.isUtf8 && m_file.size() <= largestFile;
-}
+// In a write-ahead log commits leave the mark alone.
+bool RowCache::keepsRows(StoreHeader const& header) const { return !header.usesWriteAheadLog && m_file.size() <= largestFile; }
 
 void RowCache::replaceMoment(SharedMoment moment)
 {

@@ -62,25 +62,6 @@ protected:
         EXPECT_GT(commits, 5);
     }
 
-    // Leaves the file as a process does that is killed when it has written all pages of a change, which sets the number 1,
-    // but has not committed it. Does `whileStopped` when that process still holds its lock.
-    void leaveHotJournal(std::function<void()> const& whileStopped) const
-    {
-        pid_t const writer = ::fork();
-        if (writer == 0) {
-            Store const store = open();
-            FaultySystem::stopBefore("ftruncate64", 1); // the commit empties the journal
-            store->setInt("number", 1);
-            ::_exit(0);
-        }
-        int status = 0;
-        ::waitpid(writer, &status, WUNTRACED);
-        EXPECT_TRUE(WIFSTOPPED(status)) << "the writer did not stop before its commit";
-        whileStopped();
-        ::kill(writer, SIGKILL);
-        ::waitpid(writer, &status, 0);
-    }
-
 private:
     // A reader that is stopped with its lock turns others away.
     static bool isCommitted(OtherProgram& other, Register& numbers)
@@ -92,6 +73,51 @@ private:
             return false;
         }
     }
+};
+
+// A process that sets the number 1 and stops when it has written all pages of that change, but has not committed it. It is
+// forked first, as no store may be open in a process that is forked.
+class HalfWriter {
+public:
+    explicit HalfWriter(std::filesystem::path const& file) : m_process(::fork())
+    {
+        if (m_process == 0)
+            run(file);
+        waitForStop();
+    }
+    HalfWriter(HalfWriter const&) = delete;
+    HalfWriter& operator=(HalfWriter const&) = delete;
+
+    void write() const
+    {
+        ::kill(m_process, SIGCONT);
+        waitForStop();
+    }
+
+    void kill() const
+    {
+        ::kill(m_process, SIGKILL);
+        ::waitpid(m_process, nullptr, 0);
+    }
+
+private:
+    [[noreturn]] static void run(std::filesystem::path const& file)
+    {
+        ::raise(SIGSTOP);
+        SqliteStorage store(file);
+        FaultySystem::stopBefore("ftruncate64", 1); // the commit empties the journal
+        store.setInt("number", 1);
+        ::_exit(0);
+    }
+
+    void waitForStop() const
+    {
+        int status = 0;
+        ::waitpid(m_process, &status, WUNTRACED);
+        EXPECT_TRUE(WIFSTOPPED(status)) << "the writer did not stop before its commit";
+    }
+
+    pid_t const m_process;
 };
 
 TEST_F(ReadMoments, CommitAtAnyCallOfReadsAfterAChangeShows)
@@ -137,14 +163,14 @@ class ReadsBetween : public ReadMoments, public testing::WithParamInterface<int>
 // The rollback of a killed process's change gives its counter free for the next commit.
 TEST_P(ReadsBetween, RollbackAndCommitAreNotDeceivedByACounterThatIsUsedTwice)
 {
+    HalfWriter const writer(path());
     Store const store = open(std::chrono::milliseconds(20));
     std::string const before = markOf(path());
     ASSERT_EQ(number(*store), 0);
-    std::string uncommitted;
-    leaveHotJournal([&] {
-        uncommitted = markOf(path());
-        EXPECT_THROW(number(*store), StorageError) << "it does not know yet what is committed";
-    });
+    writer.write();
+    std::string const uncommitted = markOf(path());
+    EXPECT_THROW(number(*store), StorageError) << "it does not know yet what is committed";
+    writer.kill();
     ASSERT_NE(uncommitted, before);
     for (int read = 0; read < GetParam(); ++read)
         EXPECT_EQ(number(*store), 0) << "in read " << read;
@@ -158,8 +184,10 @@ INSTANTIATE_TEST_SUITE_P(Table, ReadsBetween, testing::Values(0, 1, 2, 3), testi
 
 TEST_F(ReadMoments, CounterThatIsUsedTwiceDeceivesNoOpening)
 {
-    std::string uncommitted;
-    leaveHotJournal([&] { uncommitted = markOf(path()); });
+    HalfWriter const writer(path());
+    writer.write();
+    std::string const uncommitted = markOf(path());
+    writer.kill();
     Store const store = open();
     EXPECT_EQ(number(*store), 0);
     OtherProgram other(path());
