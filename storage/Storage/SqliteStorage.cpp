@@ -213,7 +213,7 @@ public:
             if (std::optional<RowCache::Answer> known = m_cache.find(key))
                 return std::move(known->row);
         return read("read \"" + key + '"', [&] {
-            std::optional<RowCache::Answer> known = m_cache.findAfterChange(key, m_all);
+            std::optional<RowCache::Answer> known = m_cache.findAfterChange(key, m_database, m_all);
             return known ? std::move(known->row) : findNow(key);
         });
     }

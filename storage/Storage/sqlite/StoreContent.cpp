@@ -119,7 +119,7 @@ SqliteStorage::Change SqliteStorage::Change::restoring(Row const& row, std::opti
 char const* const setStatement = "INSERT INTO settings (key, kind, value, changed) VALUES (?1, ?2, ?3, ?4) ON CONFLICT (key) DO UPDATE "
                                  "SET kind = excluded.kind, value = excluded.value, changed = excluded.changed";
 
-char const* const allRows = "SELECT NULL, NULL, NULL, NULL UNION ALL SELECT key, kind, value, changed FROM settings";
+char const* const allRows = "SELECT key, kind, value, changed FROM settings";
 
 std::vector<SqliteStorage::Row> storedRows(SQLite::Database& database)
 {
