@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// The durable store. The floor is SQLite itself, called plainly: a prepared statement for each read and each write, on a
-// copy of the same file, in the same journal mode and with the same waiting for the disk. QSettings sees what other processes wrote, and
+// The durable store. SQLite itself is called plainly: a prepared statement for each read and each write, on a copy of the same
+// file, in the same journal mode and with the same waiting for the disk. It is the floor, but for a read of an unchanged file,
+// whose floor is one look at the file. QSettings sees what other processes wrote, and
 // writes what they shall see, by its sync(); once for a file of its own, and once as programs mostly make it, by name: it
 // then asks for the file of the organisation, and for those of the system, as well.
 #include "Keys.h"
@@ -15,8 +16,16 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
+#include <atomic>
 #include <filesystem>
+#include <future>
 #include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -112,8 +121,10 @@ struct Surroundings {
     Files files; // the later one is where QSettings looks by name
     Storage::SqliteStorage store{files.store};
     PlainSqlite sqlite{files.copy};
+    int const file = ::open(files.copy.c_str(), O_RDONLY | O_CLOEXEC); // never closed, as that would drop SQLite's locks
     QSettings settings{files.qtIni(), QSettings::IniFormat};
     QSettings namedSettings{QSettings::IniFormat, QSettings::UserScope, organisation, application};
+    std::mutex turns; // of the threads that read through `sqlite`
     int count = 0;
 };
 
@@ -131,24 +142,102 @@ void addReads(Shared const& all)
     auto const library = [all] { return all->store.getString(Keys::key(all->count++), {}); };
     auto const ofFile = [all] { return afterSync(all->settings, all->count++); };
     auto const byName = [all] { return afterSync(all->namedSettings, all->count++); };
-    auto const floor = [all] { return all->sqlite.read(Keys::key(all->count++)); };
-    Bench::addByTurns(row, library, floor, 100)->Iterations(Bench::isShort() ? 1 : 20);
+    auto const sqlite = [all] { return all->sqlite.read(Keys::key(all->count++)); };
+    auto const oneLook = [all] {
+        char bytes[16];
+        return ::pread(all->file, bytes, sizeof bytes, 24);
+    };
+    auto const readTwice = [library](benchmark::State&) { // as other rows have changed the file
+        benchmark::DoNotOptimize(library());
+        benchmark::DoNotOptimize(library());
+    };
+    Bench::addByTurns(row, readTwice, library, oneLook, 100)->Iterations(Bench::isShort() ? 1 : 20);
+    Bench::add(row, "SQLite", sqlite);
     Bench::add(row, "QSettings", ofFile);
     Bench::add(row, "QSettings by name", byName);
     auto const other = std::make_shared<Storage::SqliteStorage>(all->files.store);
+    auto const otherSqlite = std::make_shared<PlainSqlite>(all->files.copy);
     std::string const changed = "read after another process wrote";
-    Bench::addAfter(
-        changed, "library", [all, other] { other->setString("exportPath", Keys::written(all->count++)); }, library);
+    Bench::addAfterByTurns(
+        changed, [all, other] { other->setString("exportPath", Keys::written(all->count++)); }, library,
+        [all, otherSqlite] { otherSqlite->write("exportPath", Keys::written(all->count), all->count); }, sqlite);
     Bench::addAfter(
         changed, "QSettings", [all] { Keys::makeYounger(all->files.ini(), all->count++); }, ofFile);
     Bench::addAfter(
         changed, "QSettings by name", [all] { Keys::makeYounger(all->files.namedIni(), all->count++); }, byName);
 }
 
-void writeAndSync(QSettings& settings, int number)
+// The time in seconds in which 32 threads together make 6400 calls of `read`.
+template <typename Read>
+double timeInThreads(Read const& read)
+{
+    constexpr int threads = 32;
+    std::promise<void> start;
+    std::shared_future<void> const started(start.get_future());
+    std::atomic<int> ready{0};
+    std::vector<std::thread> running;
+    for (int thread = 0; thread < threads; ++thread)
+        running.emplace_back([&, thread] {
+            ++ready;
+            started.wait();
+            for (int call = 0; call < 200; ++call)
+                benchmark::DoNotOptimize(read(Keys::key(thread + call)));
+        });
+    while (ready < threads)
+        std::this_thread::yield();
+    return Bench::timeOf([&] {
+        start.set_value();
+        for (std::thread& thread : running)
+            thread.join();
+    });
+}
+
+void addReadsInThreads(Shared const& all)
+{
+    auto const add = [](char const* side, auto read) {
+        auto const run = [read](benchmark::State& state) {
+            for ([[maybe_unused]] auto const once : state)
+                state.SetIterationTime(timeInThreads(read));
+        };
+        benchmark::RegisterBenchmark((std::string("6400 reads by 32 threads/") + side).c_str(), run)->UseManualTime();
+    };
+    add("library", [all](char const* key) { return all->store.getString(key, {}); });
+    add("SQLite", [all](char const* key) {
+        std::lock_guard<std::mutex> const turn(all->turns); // a connection serves one thread at a time
+        return all->sqlite.read(key);
+    });
+}
+
+void setOne(QSettings& settings, int number)
 {
     settings.setValue(QString::fromLatin1(Keys::key(number)), QString::fromStdString(Keys::written(number)));
+}
+
+void writeAndSync(QSettings& settings, int number)
+{
+    setOne(settings, number);
     settings.sync();
+}
+
+void addThirtyChanges(Shared const& all)
+{
+    constexpr int changes = 30;
+    auto const add = [](char const* side, auto work) { Bench::add("thirty changes", side, work); };
+    add("library", [all] {
+        std::vector<Storage::SqliteStorage::Change> together;
+        for (int change = 0; change < changes; ++change, ++all->count)
+            together.push_back({Keys::key(all->count), Keys::written(all->count)});
+        all->store.apply(together);
+    });
+    add("one by one", [all] {
+        for (int change = 0; change < changes; ++change, ++all->count)
+            all->store.setString(Keys::key(all->count), Keys::written(all->count));
+    });
+    add("QSettings", [all] {
+        for (int change = 0; change < changes; ++change)
+            setOne(all->settings, all->count++);
+        all->settings.sync();
+    });
 }
 
 void addWrites(Shared const& all)
@@ -200,7 +289,9 @@ Bench::Registration const registration([] {
     auto const all = std::make_shared<Surroundings>();
     Bench::require(all->store.getString("exportPath", {}) == Keys::value, "the store lost a value");
     addReads(all);
+    addReadsInThreads(all);
     addWrites(all);
+    addThirtyChanges(all);
     addOpenings(all);
 });
 

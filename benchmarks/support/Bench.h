@@ -120,6 +120,24 @@ benchmark::internal::Benchmark* addByTurns(std::string const& row, Preparation p
     return benchmark::RegisterBenchmark((row + "/library").c_str(), run)->UseManualTime();
 }
 
+/// As `addByTurns`, but each `work` comes after `beforeWork` and each `floor` after `beforeFloor`, which do not count.
+template <typename BeforeWork, typename Work, typename BeforeFloor, typename Floor>
+benchmark::internal::Benchmark* addAfterByTurns(std::string const& row, BeforeWork beforeWork, Work work, BeforeFloor beforeFloor,
+                                                Floor floor)
+{
+    auto const run = [beforeWork, work, beforeFloor, floor](benchmark::State& state) {
+        double inFloors = 0;
+        for ([[maybe_unused]] auto const once : state) {
+            beforeFloor();
+            inFloors += timeOf(floor);
+            beforeWork();
+            state.SetIterationTime(timeOf(work));
+        }
+        state.counters["floor"] = benchmark::Counter(1e9 * inFloors, benchmark::Counter::kAvgIterations);
+    };
+    return benchmark::RegisterBenchmark((row + "/library").c_str(), run)->UseManualTime();
+}
+
 template <typename Work, typename Floor>
 benchmark::internal::Benchmark* addByTurns(std::string const& row, Work work, Floor floor, int calls = 1)
 {

@@ -16,6 +16,11 @@ StoreWatcher::Look StoreWatcher::look()
         return {isRead ? rowDifferences(before, m_rows) : std::vector<RowDifference>(), std::nullopt};
     } catch (Storage::StorageError const& error) {
         m_opened.reset();
+        if (error.code() == Storage::StorageError::Code::missing) {
+            m_rows.clear();
+            m_error.clear();
+            return {rowDifferences(before, m_rows), std::nullopt};
+        }
         bool const isKnown = m_error == error.what();
         m_error = error.what();
         return {{}, isKnown ? std::nullopt : std::optional(error)};
@@ -26,15 +31,10 @@ StoreWatcher::Look StoreWatcher::look()
 bool StoreWatcher::read()
 {
     struct stat status = {};
-    if (::stat(m_file.c_str(), &status) != 0) {
-        m_opened.reset();
-        bool const hadRows = !m_rows.empty();
-        m_rows.clear();
-        return hadRows;
-    }
+    bool const exists = ::stat(m_file.c_str(), &status) == 0;
     Identity const identity = {status.st_dev, status.st_ino};
-    if (!m_opened || identity != m_identity) {
-        m_opened = std::make_unique<SqliteStorage>(m_file);
+    if (!m_opened || !exists || identity != m_identity) {
+        m_opened = std::make_unique<SqliteStorage>(m_file, m_options);
         m_identity = identity;
     } else if (m_opened->changesOfOthers() == m_version) {
         return false;

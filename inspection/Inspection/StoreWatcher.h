@@ -18,7 +18,11 @@ namespace Inspection {
 /// creates the file. The first look finds all rows of an existing store as added.
 class StoreWatcher {
 public:
-    explicit StoreWatcher(std::filesystem::path file) : m_file(std::move(file)) {}
+    explicit StoreWatcher(std::filesystem::path file, Storage::SqliteStorage::Options const& options = {})
+        : m_file(std::move(file)), m_options(options)
+    {
+        m_options.createIfMissing = false;
+    }
 
     struct Look {
         std::vector<RowDifference> differences;     ///< Since the last successful look.
@@ -34,6 +38,7 @@ private:
     bool read();
 
     std::filesystem::path m_file;
+    Storage::SqliteStorage::Options m_options;
     std::unique_ptr<Storage::SqliteStorage> m_opened;
     std::optional<Identity> m_identity;
     long long m_version = 0;

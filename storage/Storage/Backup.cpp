@@ -2,9 +2,12 @@
 #include <Storage/Backup.h>
 
 #include "AtomicFile.h"
+#include "sqlite/ForkGuard.h"
+#include "sqlite/Hardening.h"
 #include "sqlite/SqliteErrors.h"
 #include "sqlite/StoreContent.h"
 #include "sqlite/StoreOpening.h"
+#include "sqlite/VfsShim.h"
 
 #include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/Column.h>
@@ -31,21 +34,31 @@ using Code = StorageError::Code;
 
 constexpr int applicationId = 0x4C754542; // "LuEB"
 constexpr int formatVersion = 1;
-constexpr int busyMilliseconds = 5000;
+
+constexpr char const* aboutTable = "CREATE TABLE about (made INTEGER NOT NULL)"; // seconds since 1970-01-01 00:00 UTC
+constexpr char const* copiesTable = "CREATE TABLE copies (name TEXT NOT NULL PRIMARY KEY, content BLOB NOT NULL)";
 
 constexpr char const* keepReplaced = "keep the replaced file";
+constexpr char const* readTheBackup = "read the backup";
 constexpr char const* restoreTheStore = "restore the store";
 constexpr char const* nameAnother = "name another backup; this one was left as it is";
 
 [[noreturn]] void refuse(fs::path const& file, Code code, std::string const& reason, char const* remedy = nameAnother)
 {
-    throw StorageError(code, file.u8string(), "read the backup", reason, remedy);
+    throw StorageError(code, file.u8string(), readTheBackup, reason, remedy);
 }
 
 long long secondsSinceEpoch()
 {
     using namespace std::chrono;
     return duration_cast<seconds>(system_clock::now().time_since_epoch()).count();
+}
+
+std::vector<SchemaObject> schemaOfABackup()
+{
+    return {{"table", "about", "about", aboutTable},
+            {"table", "copies", "copies", copiesTable},
+            {"index", "sqlite_autoindex_copies_1", "copies", ""}};
 }
 
 SQLite::Database opened(fs::path const& file)
@@ -58,7 +71,9 @@ SQLite::Database opened(fs::path const& file)
         refuse(file, codeForSystem(error.value()), error.message());
     if (status.type() != fs::file_type::regular)
         refuse(file, Code::foreign, "it is not a regular file");
-    SQLite::Database database(file.string(), SQLite::OPEN_READONLY);
+    SQLite::Database database(file.string(), SQLite::OPEN_READONLY, 0, vfsShim());
+    harden(database, Views::refused);
+    WorkLimit const limit(database);
     if (database.execAndGet("PRAGMA application_id").getInt() != applicationId)
         refuse(file, Code::foreign, "it is an SQLite file, but no backup");
     if (int const version = database.execAndGet("PRAGMA user_version").getInt(); version > formatVersion)
@@ -66,8 +81,11 @@ SQLite::Database opened(fs::path const& file)
                "it was written by a newer version (format " + std::to_string(version) + ", this version reads " +
                    std::to_string(formatVersion) + ")",
                "update this program; the file was left as it is");
-    if (std::vector<std::string> const damage = damageOf(database); !damage.empty())
-        refuse(file, Code::damaged, "it is damaged (" + damage.front() + ")");
+    if (std::optional<std::string> const strange = strangeObject(database, schemaOfABackup(), "a backup"))
+        refuse(file, Code::foreign, *strange);
+    if (std::vector<std::string> const damage = damageOf(database, 1); !damage.empty())
+        refuse(file, Code::damaged, "it is damaged (" + forSentence(damage.front(), 300) + ")");
+    checkNoLog(file, readTheBackup, database);
     return database;
 }
 
@@ -82,12 +100,13 @@ public:
         auto const size = static_cast<sqlite3_int64>(m_content.size());
         if (sqlite3_deserialize(m_database.getHandle(), "main", bytes, size, size, SQLITE_DESERIALIZE_READONLY) != SQLITE_OK)
             throw SQLite::Exception(m_database.getHandle());
+        harden(m_database, Views::refused);
     }
 
     SQLite::Database& database() { return m_database; }
 
     // Makes `target` equal to the copy. Returns the name of the kept original; nullopt where `target` was missing.
-    std::optional<fs::path> replace(fs::path const& target);
+    std::optional<fs::path> replace(fs::path const& target, SqliteStorage::Options const& options);
 
 private:
     std::string m_content; // must outlive the database that reads it
@@ -97,37 +116,35 @@ private:
 std::unique_ptr<Backup::Copy> Backup::checkedCopy(fs::path const& backup, std::string const& name, std::string content)
 {
     auto const unusable = [&](Code code, std::string const& reason) {
-        return StorageError(code, backup.u8string(), "read the backup",
-                            "its copy of the " + name + " store cannot be used (" + reason + ')', nameAnother);
+        return StorageError(code, backup.u8string(), readTheBackup,
+                            "its copy of the " + forSentence(name, 40) + " store cannot be used (" + reason + ')', nameAnother);
     };
     try {
         auto copy = std::make_unique<Copy>(std::move(content));
-        checkStore(backup, copy->database());
         int const schema = copy->database().execAndGet("PRAGMA user_version").getInt();
-        if (schema > SqliteStorage::writtenSchema)
+        if (schema > SqliteStorage::writtenSchema) // of which nothing more is read
             throw *obstacleToChanges(backup, restoreTheStore, copy->database(), schema);
+        checkStore(backup, copy->database());
         return copy;
     } catch (StorageError const& error) {
         throw unusable(error.code(), error.reason());
     } catch (SQLite::Exception const& error) {
-        throw unusable(codeFor(error), error.what());
+        throw unusable(codeFor(error), reasonOf(backup, error));
     }
 }
 
 void Backup::write(fs::path const& file, std::map<std::string, SqliteStorage const*> const& stores)
 {
     fs::path const target = absolutePath(file, "write the backup");
+    ForkGuard const guard(target, "write the backup");
     std::map<std::string, std::string> snapshots;
     for (auto const& [name, store] : stores)
         snapshots[name] = store->snapshot();
     std::string const content = withStorageErrors(target, "write the backup", [&] {
         SQLite::Database database(":memory:", SQLite::OPEN_READWRITE);
         database.exec("PRAGMA application_id = " + std::to_string(applicationId) +
-                      "; PRAGMA user_version = " + std::to_string(formatVersion) +
-                      "; CREATE TABLE about (made INTEGER NOT NULL);" // seconds since 1970-01-01 00:00 UTC
-                      "CREATE TABLE copies (name TEXT NOT NULL PRIMARY KEY, content BLOB NOT NULL);"
-                      "INSERT INTO about VALUES (" +
-                      std::to_string(secondsSinceEpoch()) + ")");
+                      "; PRAGMA user_version = " + std::to_string(formatVersion) + ";" + aboutTable + ";" + copiesTable +
+                      "; INSERT INTO about VALUES (" + std::to_string(secondsSinceEpoch()) + ")");
         SQLite::Statement insert(database, "INSERT INTO copies VALUES (?1, ?2)");
         for (auto const& [name, snapshot] : snapshots) {
             insert.bind(1, name);
@@ -142,8 +159,9 @@ void Backup::write(fs::path const& file, std::map<std::string, SqliteStorage con
                            "name a new file, or move that one away");
 }
 
-Backup::Backup(fs::path const& file) : m_file(absolutePath(file, "read the backup"))
+Backup::Backup(fs::path const& file) : m_file(absolutePath(file, readTheBackup))
 {
+    ForkGuard const guard(m_file, readTheBackup);
     try {
         SQLite::Database database = opened(m_file);
         long long const latest = std::chrono::duration_cast<std::chrono::seconds>(std::chrono::system_clock::duration::max()).count();
@@ -155,9 +173,10 @@ Backup::Backup(fs::path const& file) : m_file(absolutePath(file, "read the backu
             m_copies[name] = checkedCopy(m_file, name, copies.getColumn(1).getString());
         }
     } catch (SQLite::Exception const& error) {
-        if (error.getErrorCode() == SQLITE_CANTOPEN)
-            throw storageError(m_file, "read the backup", error);
-        refuse(m_file, codeFor(error), error.what());
+        StorageError const unusable = storageError(m_file, readTheBackup, error);
+        if ((error.getErrorCode() & 0xff) == SQLITE_CANTOPEN)
+            throw StorageError(unusable);
+        refuse(m_file, unusable.code(), unusable.reason());
     }
 }
 
@@ -175,7 +194,8 @@ std::vector<std::string> Backup::names() const
 
 std::vector<SqliteStorage::Row> Backup::rows(std::string const& name) const
 {
-    return withStorageErrors(m_file, "read the backup", [&] { return storedRows(m_copies.at(name)->database()); });
+    ForkGuard const guard(m_file, readTheBackup);
+    return withStorageErrors(m_file, readTheBackup, [&] { return storedRows(m_copies.at(name)->database()); });
 }
 
 namespace {
@@ -247,10 +267,10 @@ Kept keptAside(fs::path const& file)
 }
 
 // Opens the store for replacing its values; returns nullopt where the file itself has to be replaced.
-std::optional<SQLite::Database> openedForReplacing(fs::path const& file)
+std::optional<SQLite::Database> openedForReplacing(fs::path const& file, SqliteStorage::Options const& options)
 {
     try {
-        SQLite::Database database = openStore(file, busyMilliseconds, static_cast<int>(SqliteStorage::Synchronous::full));
+        SQLite::Database database = openStore(file, options);
         std::optional<StorageError> const obstacle = obstacleToChanges(file, restoreTheStore, database, 0);
         if (!obstacle) // locks the file until it is closed, so that the kept copy equals the replaced store
             database.exec("BEGIN IMMEDIATE; PRAGMA locking_mode = EXCLUSIVE; COMMIT");
@@ -262,8 +282,8 @@ std::optional<SQLite::Database> openedForReplacing(fs::path const& file)
     } catch (StorageError const&) {
         return std::nullopt;
     } catch (SQLite::Exception const& error) {
-        int const code = error.getErrorCode() & 0xff;
-        if (code == SQLITE_CORRUPT || code == SQLITE_NOTADB || code == SQLITE_ERROR)
+        Code const code = codeFor(error);
+        if (code == Code::damaged || code == Code::foreign)
             return std::nullopt;
         throw;
     }
@@ -271,14 +291,16 @@ std::optional<SQLite::Database> openedForReplacing(fs::path const& file)
 
 } // namespace
 
-std::optional<fs::path> Backup::restore(std::string const& name, fs::path const& file) const
+std::optional<fs::path> Backup::restore(std::string const& name, fs::path const& file, SqliteStorage::Options const& options) const
 {
     Copy& copy = *m_copies.at(name);
     fs::path const target = absolutePath(file, restoreTheStore);
+    ForkGuard const guard(target, restoreTheStore);
+    checkFileSystem(target, restoreTheStore, options);
     return withStorageErrors(target, restoreTheStore, [&] {
         for (;;) {
             try {
-                return copy.replace(target);
+                return copy.replace(target, options);
             } catch (SQLite::Exception const& error) {
                 // Retries where another restore has replaced the file that this one had opened.
                 if (error.getExtendedErrorCode() != SQLITE_READONLY_DBMOVED && error.getErrorCode() != SQLITE_READONLY_DBMOVED)
@@ -288,7 +310,7 @@ std::optional<fs::path> Backup::restore(std::string const& name, fs::path const&
     });
 }
 
-std::optional<fs::path> Backup::Copy::replace(fs::path const& target)
+std::optional<fs::path> Backup::Copy::replace(fs::path const& target, SqliteStorage::Options const& options)
 {
     std::error_code error;
     fs::file_type const present = fs::symlink_status(target, error).type();
@@ -299,13 +321,15 @@ std::optional<fs::path> Backup::Copy::replace(fs::path const& target)
         if (writeNewFile(target, m_content, restoreTheStore))
             return std::nullopt;
     }
-    if (std::optional<SQLite::Database> store = openedForReplacing(target)) {
+    if (std::optional<SQLite::Database> store = openedForReplacing(target, options)) {
         fs::path const kept = keptCopy(target, snapshotOf(*store));
         SQLite::Backup all(*store, m_database);
         if (int const code = all.executeStep(); code != SQLITE_DONE)
             throw SQLite::Exception(sqlite3_errstr(code), code);
         return kept;
     }
+    // A program in the midst of a change would otherwise journal it beside the new file, into which it would be played back.
+    std::optional<SQLite::Database> const lock = lockForReplacing(target, options);
     Kept kept;
     replaceFile(target, m_content, restoreTheStore, [&] {
         kept = keptAside(target);

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <Storage/Batch.h>
+#include <Storage/Conflict.h>
 #include <Storage/Kind.h>
 #include <Storage/SqliteStorage.h>
 
+#include "sqlite/ForkGuard.h"
+#include "sqlite/Hardening.h"
 #include "sqlite/Prepared.h"
 #include "sqlite/RowCache.h"
 #include "sqlite/SqliteErrors.h"
@@ -20,21 +24,13 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
-#include <limits>
 #include <mutex>
 #include <thread>
-#include <type_traits>
 #include <utility>
 
 namespace Storage {
 
 namespace {
-
-// Clamped to SQLite's `int`, some 24 days.
-int busyMilliseconds(std::chrono::milliseconds duration)
-{
-    return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(duration.count(), 0, std::numeric_limits<int>::max()));
-}
 
 long long millisecondsSinceEpoch()
 {
@@ -58,12 +54,19 @@ void bindText(SQLite::Statement& statement, int index, std::string const& text)
 
 void bindValue(SQLite::Statement& statement, int index, bool value) { statement.bind(index, value ? 1 : 0); }
 void bindValue(SQLite::Statement& statement, int index, int value) { statement.bind(index, value); }
+void bindValue(SQLite::Statement& statement, int index, std::int64_t value) { statement.bind(index, value); }
+void bindValue(SQLite::Statement& statement, int index, double value) { statement.bind(index, value); }
 void bindValue(SQLite::Statement& statement, int index, std::string const& value) { bindText(statement, index, value); }
 void bindValue(SQLite::Statement& statement, int index, std::vector<unsigned char> const& value)
 {
     // A null pointer would be stored as NULL instead of an empty blob.
     void const* const bytes = value.empty() ? static_cast<void const*>("") : value.data();
     statement.bindNoCopy(index, bytes, checkedSize(value.size()));
+}
+
+std::optional<SqliteStorage::Row> copyOf(std::shared_ptr<SqliteStorage::Row const> const& row)
+{
+    return row ? std::optional<SqliteStorage::Row>(*row) : std::nullopt;
 }
 
 } // namespace
@@ -74,8 +77,29 @@ class SqliteStorage::Connection {
     template <typename Work>
     auto attempt(std::string const& what, Work const& work)
     {
+        ForkGuard::check(m_file, what); // first, as another thread may have held the mutex when the process was forked
         std::lock_guard<std::mutex> const turn(m_turns);
         return withStorageErrors(m_file, what, work);
+    }
+
+    // A forged or newer file may make a read last for ever, or fail on its layout.
+    template <typename Work>
+    auto readNow(std::string const& what, Work const& work)
+    {
+        WorkLimit const limit(m_database);
+        try {
+            return work();
+        } catch (SQLite::Exception const& error) {
+            if (std::optional<StorageError> const newer = newerStoreError(m_file, what, schemaVersion(), error))
+                throw StorageError(*newer);
+            throw;
+        }
+    }
+
+    template <typename Work>
+    auto read(std::string const& what, Work const& work)
+    {
+        return attempt(what, [&] { return readNow(what, work); });
     }
 
     // One transaction. The schema is checked inside it, as a newer version may have migrated the file since it was opened.
@@ -124,17 +148,17 @@ class SqliteStorage::Connection {
     }
 
     template <typename T>
-    void setNow(std::string const& key, T const& value)
+    void putNow(std::string const& key, std::string const& kind, T const& value)
     {
         Use set(m_set);
         bindText(*set, 1, key);
-        set->bindNoCopy(2, storedWord(kindOfType<T>()));
+        bindText(*set, 2, kind);
         bindValue(*set, 3, value);
         set->bind(4, static_cast<std::int64_t>(millisecondsSinceEpoch()));
         set->exec();
     }
 
-    void removeNow(std::string const& key)
+    void putNow(std::string const& key, std::string const&, std::monostate)
     {
         Use remove(m_remove);
         bindText(*remove, 1, key);
@@ -143,16 +167,22 @@ class SqliteStorage::Connection {
 
     void makeNow(Change const& change)
     {
-        auto const make = [&](auto const& value) {
-            if constexpr (std::is_same_v<decltype(value), std::monostate const&>)
-                removeNow(change.key);
-            else
-                setNow(change.key, value);
-        };
-        std::visit(make, change.value);
+        if (std::holds_alternative<std::monostate>(change.payload))
+            std::visit([&](auto const& value) { putNow(change.key, kindWord(change.value), value); }, change.value);
+        else
+            std::visit([&](auto const& value) { putNow(change.key, change.kind, value); }, change.payload);
+    }
+
+    void checkExpected(std::string const& what, Change const& change)
+    {
+        if (!change.expected)
+            return;
+        if (std::optional<Row> const stored = copyOf(findNow(change.key)); !(stored == change.expected->row))
+            throw Conflict(m_file.u8string(), what, change.key, change.expected->row, stored);
     }
 
     std::filesystem::path const m_file;
+    ForkGuard const m_guard{m_file, "open the store"};
     std::mutex m_turns;
     std::chrono::steady_clock::duration m_taken{}; // the time that changes took since the last pause
     std::chrono::steady_clock::time_point m_pauseEnd;
@@ -167,13 +197,11 @@ class SqliteStorage::Connection {
 
 public:
     Connection(std::filesystem::path const& path, Options const& options)
-        : m_file(path),
-          m_database(openFile(m_file, busyMilliseconds(options.busyTimeout))),
-          m_cache(m_storeFile, localityOf(m_file) == Locality::local)
+        : m_file(path), m_database(openFile(m_file, options)), m_cache(m_storeFile, localityOf(m_file) == Locality::local)
     {
         SQLite::Transaction look(m_database); // the file is locked once for the whole look
-        checkStore(m_file, m_database, m_all, m_set);
-        m_cache.load(m_all);
+        checkStore(m_file, m_database, m_all);
+        readNow("open the store", [&] { m_cache.load(m_all); });
         look.commit();
         setJournal(m_database, static_cast<int>(options.synchronous));
     }
@@ -181,33 +209,37 @@ public:
     // nullptr where the key is absent.
     std::shared_ptr<Row const> find(std::string const& key)
     {
-        if (std::optional<RowCache::Answer> known = m_cache.find(key))
-            return std::move(known->row);
-        return attempt("read \"" + key + '"', [&] {
-            std::optional<RowCache::Answer> known = m_cache.findAfterChange(key, m_all);
+        if (!ForkGuard::isUnfit())
+            if (std::optional<RowCache::Answer> known = m_cache.find(key))
+                return std::move(known->row);
+        return read("read \"" + key + '"', [&] {
+            std::optional<RowCache::Answer> known = m_cache.findAfterChange(key, m_database, m_all);
             return known ? std::move(known->row) : findNow(key);
         });
     }
 
     std::vector<Row> rows()
     {
-        return attempt("list the stored values", [&] { return storedRows(m_database); });
+        return read("list the stored values", [&] { return storedRows(m_database); });
     }
 
     template <typename T>
     void set(std::string const& key, T const& value)
     {
-        change("set \"" + key + '"', [&] { setNow(key, value); });
+        change("set \"" + key + '"', [&] { putNow(key, storedWord(kindOfType<T>()), value); });
     }
 
     void remove(std::string const& key)
     {
-        change("remove \"" + key + '"', [&] { removeNow(key); });
+        change("remove \"" + key + '"', [&] { putNow(key, {}, std::monostate()); });
     }
 
     void apply(std::vector<Change> const& changes)
     {
-        change("make " + std::to_string(changes.size()) + (changes.size() == 1 ? " change" : " changes together"), [&] {
+        std::string const what = "make " + std::to_string(changes.size()) + (changes.size() == 1 ? " change" : " changes together");
+        change(what, [&] {
+            for (Change const& change : changes)
+                checkExpected(what, change);
             for (Change const& change : changes)
                 makeNow(change);
         });
@@ -232,7 +264,7 @@ public:
 
     Report examine()
     {
-        return attempt("examine the store", [&]() -> Report {
+        return read("examine the store", [&]() -> Report {
             return {sqliteVersion(), m_database.execAndGet("PRAGMA journal_mode").getString(), schemaVersion(), damageOf(m_database)};
         });
     }
@@ -243,7 +275,11 @@ SqliteStorage::SqliteStorage(std::filesystem::path const& file, Options const& o
     : m_connection(withStorageErrors(file, "open the store",
                                      [&] { return std::make_unique<Connection>(absolutePath(file, "open the store"), options); }))
 {}
-SqliteStorage::~SqliteStorage() = default;
+SqliteStorage::~SqliteStorage()
+{
+    if (ForkGuard::isUnfit()) // closing would roll back what the parent has begun
+        static_cast<void>(m_connection.release());
+}
 
 namespace {
 
@@ -257,39 +293,62 @@ T valueOr(std::shared_ptr<SqliteStorage::Row const> const& row, T const& default
 
 } // namespace
 
-void SqliteStorage::setBool(std::string const& key, bool value) { m_connection->set(key, value); }
+// Looks in the batch of this thread first.
+std::shared_ptr<SqliteStorage::Row const> SqliteStorage::current(std::string const& key) const
+{
+    Batch const* const batch = Batch::openOn(*this);
+    std::shared_ptr<Row const> const* const collected = batch ? batch->find(key) : nullptr;
+    return collected ? *collected : m_connection->find(key);
+}
 
-void SqliteStorage::setInt(std::string const& key, int value) { m_connection->set(key, value); }
+template <typename T>
+void SqliteStorage::set(std::string const& key, T const& value)
+{
+    if (Batch* const batch = Batch::openOn(*this))
+        batch->put(key, value);
+    else
+        m_connection->set(key, value);
+}
 
-void SqliteStorage::setString(std::string const& key, std::string const& value) { m_connection->set(key, value); }
+void SqliteStorage::setBool(std::string const& key, bool value) { set(key, value); }
 
-void SqliteStorage::setBytes(std::string const& key, std::vector<unsigned char> const& value) { m_connection->set(key, value); }
+void SqliteStorage::setInt(std::string const& key, int value) { set(key, value); }
 
-bool SqliteStorage::contains(std::string const& key) const { return m_connection->find(key) != nullptr; }
+void SqliteStorage::setString(std::string const& key, std::string const& value) { set(key, value); }
 
-void SqliteStorage::remove(std::string const& key) { m_connection->remove(key); }
+void SqliteStorage::setBytes(std::string const& key, std::vector<unsigned char> const& value) { set(key, value); }
 
-bool SqliteStorage::getBool(std::string const& key, bool defaultValue) const { return valueOr(m_connection->find(key), defaultValue); }
+bool SqliteStorage::contains(std::string const& key) const { return current(key) != nullptr; }
 
-int SqliteStorage::getInt(std::string const& key, int defaultValue) const { return valueOr(m_connection->find(key), defaultValue); }
+void SqliteStorage::remove(std::string const& key)
+{
+    if (Batch* const batch = Batch::openOn(*this))
+        batch->put(key, {});
+    else
+        m_connection->remove(key);
+}
+
+bool SqliteStorage::getBool(std::string const& key, bool defaultValue) const { return valueOr(current(key), defaultValue); }
+
+int SqliteStorage::getInt(std::string const& key, int defaultValue) const { return valueOr(current(key), defaultValue); }
 
 std::string SqliteStorage::getString(std::string const& key, std::string const& defaultValue) const
 {
-    return valueOr(m_connection->find(key), defaultValue);
+    return valueOr(current(key), defaultValue);
 }
 
 std::vector<unsigned char> SqliteStorage::getBytes(std::string const& key, std::vector<unsigned char> const& defaultValue) const
 {
-    return valueOr(m_connection->find(key), defaultValue);
+    return valueOr(current(key), defaultValue);
 }
 
-std::optional<SqliteStorage::Row> SqliteStorage::find(std::string const& key) const
+std::optional<SqliteStorage::Row> SqliteStorage::find(std::string const& key) const { return copyOf(current(key)); }
+
+std::vector<SqliteStorage::Row> SqliteStorage::rows() const
 {
-    std::shared_ptr<Row const> const row = m_connection->find(key);
-    return row ? std::optional<Row>(*row) : std::nullopt;
+    Batch const* const batch = Batch::openOn(*this);
+    return batch ? batch->laidOver(m_connection->rows()) : m_connection->rows();
 }
-
-std::vector<SqliteStorage::Row> SqliteStorage::rows() const { return m_connection->rows(); }
 
 void SqliteStorage::apply(std::vector<Change> const& changes) { m_connection->apply(changes); }
 

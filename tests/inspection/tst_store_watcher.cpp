@@ -71,6 +71,24 @@ TEST_F(Watched, MissingStoreIsNotCreated)
     EXPECT_EQ(look(), Lines{"added exportPath (unset) -> /a"});
 }
 
+TEST_F(Watched, MissingStoreIsNotCreatedByAProgramThatCreatesItsStores)
+{
+    SqliteStorage::Options options;
+    options.createIfMissing = true;
+    StoreWatcher watcher(m_file, options);
+    EXPECT_FALSE(watcher.look().error);
+    EXPECT_FALSE(std::filesystem::exists(m_file));
+}
+
+TEST_F(Watched, StoreBehindALinkThatLeadsNowhereIsAnError)
+{
+    std::filesystem::create_symlink("nowhere", m_file);
+    std::optional<Storage::StorageError> const error = m_watcher.look().error;
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->reason(), "it is a symbolic link to a file that does not exist");
+    EXPECT_FALSE(std::filesystem::exists(inHome("nowhere")));
+}
+
 TEST_F(Watched, ReplacedStoreIsFollowed)
 {
     SqliteStorage(m_file).setString("exportPath", "/films");
@@ -118,12 +136,15 @@ TEST_F(Watched, ErrorOfAReadLastsWhileTheFileChanges)
 {
     SqliteStorage(m_file).setString("exportPath", "/films");
     look();
+    std::string const table = OtherProgram(m_file).ask("SELECT sql FROM sqlite_master WHERE name = 'settings'");
     OtherProgram(m_file).execute("ALTER TABLE settings RENAME TO elsewhere");
     EXPECT_TRUE(m_watcher.look().error);
     m_watcher.look();
     OtherProgram(m_file).execute("CREATE TABLE other (name TEXT)");
     EXPECT_FALSE(m_watcher.look().error);
-    OtherProgram(m_file).execute("ALTER TABLE elsewhere RENAME TO settings; UPDATE settings SET value = '/next'");
+    OtherProgram(m_file).execute((table + "; INSERT INTO settings SELECT * FROM elsewhere; DROP TABLE elsewhere; DROP TABLE other;"
+                                          "UPDATE settings SET value = '/next'")
+                                     .c_str());
     EXPECT_EQ(look(), Lines{"changed exportPath /films -> /next"});
 }
 

@@ -4,8 +4,8 @@
 #include "StoreContent.h"
 
 #include <SQLiteCpp/Column.h>
+#include <SQLiteCpp/Transaction.h>
 
-#include <algorithm>
 #include <mutex>
 #include <utility>
 
@@ -13,14 +13,13 @@ namespace Storage {
 
 namespace {
 
-// The rows from the statement's next on. SQLite finds none of a key that is stored as a blob.
-std::vector<RowCache::Row> remainingRows(SQLite::Statement& all)
+// The rows from the statement's current one on. SQLite finds none of a key that is stored as a blob.
+std::vector<RowCache::Row> rowsFrom(SQLite::Statement& all)
 {
     std::vector<RowCache::Row> rows;
-    while (all.executeStep())
+    for (; all.hasRow(); all.executeStep())
         if (SQLite::Column const key = all.getColumn(0); key.isText())
             rows.push_back(decodedRow(key.getString(), all.getColumn(1), all.getColumn(2), all.getColumn(3)));
-    std::sort(rows.begin(), rows.end(), [](RowCache::Row const& one, RowCache::Row const& other) { return one.key < other.key; });
     return rows;
 }
 
@@ -28,22 +27,21 @@ std::vector<RowCache::Row> remainingRows(SQLite::Statement& all)
 
 RowCache::Answer RowCache::answerFrom(SharedMoment const& moment, std::string const& key)
 {
-    auto const isBefore = [](Row const& row, std::string const& wanted) { return row.key < wanted; };
-    auto const found = std::lower_bound(moment->rows.begin(), moment->rows.end(), key, isBefore);
-    if (found == moment->rows.end() || found->key != key)
+    auto const found = moment->byKey.find(key);
+    if (found == moment->byKey.end())
         return {};
-    return {std::shared_ptr<Row const>(moment, &*found)};
+    return {std::shared_ptr<Row const>(moment, found->second)};
 }
 
 std::optional<RowCache::Answer> RowCache::find(std::string const& key) const
 {
-    SharedMoment const known = moment();
-    if (!known || m_file.mark() != known->mark)
+    std::shared_lock<std::shared_mutex> const reading(m_momentMutex);
+    if (!m_moment || m_file.mark() != m_moment->mark)
         return std::nullopt;
-    return answerFrom(known, key);
+    return answerFrom(m_moment, key);
 }
 
-std::optional<RowCache::Answer> RowCache::findAfterChange(std::string const& key, Prepared& all)
+std::optional<RowCache::Answer> RowCache::findAfterChange(std::string const& key, SQLite::Database& database, Prepared& all)
 {
     if (!m_isAllowed)
         return std::nullopt;
@@ -51,8 +49,10 @@ std::optional<RowCache::Answer> RowCache::findAfterChange(std::string const& key
     std::optional<ChangeMark> const now = m_file.mark();
     if (!now || std::exchange(m_seen, now) != now)
         return std::nullopt;
-    if (!m_moment || m_moment->mark != now) // else another thread has loaded them meanwhile
+    if (!m_moment || m_moment->mark != now) { // else another thread has loaded them meanwhile
+        SQLite::Transaction const moment(database);
         load(all);
+    }
     if (!m_moment)
         return std::nullopt;
     return answerFrom(m_moment, key);
@@ -63,23 +63,19 @@ void RowCache::load(Prepared& all)
     if (!m_isAllowed)
         return;
     Use rows(all);
-    rows->executeStep(); // to the row before the first: SQLite holds its lock from here to the statement's end
+    rows->executeStep(); // SQLite holds its lock from here to the end of the transaction
     StoreHeader const header = m_file.header();
     m_isAllowed = keepsRows(header);
-    replaceMoment(m_isAllowed ? std::make_shared<Moment const>(Moment{header.mark, remainingRows(*rows)}) : nullptr);
+    if (!m_isAllowed)
+        return replaceMoment(nullptr);
+    auto const moment = std::make_shared<Moment>(Moment{header.mark, rowsFrom(*rows), {}});
+    for (Row const& row : moment->rows)
+        moment->byKey.emplace(row.key, &row);
+    replaceMoment(moment);
 }
 
-// In a write-ahead log commits leave the mark alone, and SQLite converts the key that it looks for in other encodings.
-bool RowCache::keepsRows(StoreHeader const& header) const
-{
-    return !header.usesWriteAheadLog && header.isUtf8 && m_file.size() <= largestFile;
-}
-
-RowCache::SharedMoment RowCache::moment() const
-{
-    std::shared_lock<std::shared_mutex> const reading(m_momentMutex);
-    return m_moment;
-}
+// In a write-ahead log commits leave the mark alone.
+bool RowCache::keepsRows(StoreHeader const& header) const { return !header.usesWriteAheadLog && m_file.size() <= largestFile; }
 
 void RowCache::replaceMoment(SharedMoment moment)
 {

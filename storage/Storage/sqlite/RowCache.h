@@ -8,10 +8,13 @@
 
 #include <Storage/SqliteStorage.h>
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <shared_mutex>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace Storage {
@@ -37,23 +40,24 @@ public:
     /// any time.
     std::optional<Answer> find(std::string const& key) const;
 
-    /// As `find`, from the second call after a change on: it loads the rows then. One caller at a time, no transaction of
-    /// whose connection is a write; `all` is `allRows`.
-    std::optional<Answer> findAfterChange(std::string const& key, Prepared& all);
+    /// As `find`, from the second call after a change on: it loads the rows then. One caller at a time, outside of a
+    /// transaction; `all` is `allRows`.
+    std::optional<Answer> findAfterChange(std::string const& key, SQLite::Database& database, Prepared& all);
 
-    /// Reads all rows, of a file that is not too large. One caller at a time, as above.
+    /// Reads all rows, of a file that is not too large. One caller at a time, in a transaction that reads only: SQLite's lock
+    /// must hold from the first row until after the last one, also where there is none.
     void load(Prepared& all);
 
 private:
     struct Moment {
         ChangeMark mark = {};
-        std::vector<Row> rows; // sorted by the bytes of their keys
+        std::vector<Row> rows;
+        std::unordered_map<std::string_view, Row const*> byKey;
     };
     using SharedMoment = std::shared_ptr<Moment const>;
 
     bool keepsRows(StoreHeader const& header) const;
     static Answer answerFrom(SharedMoment const& moment, std::string const& key);
-    SharedMoment moment() const;
     void replaceMoment(SharedMoment moment);
 
     StoreFile const& m_file;

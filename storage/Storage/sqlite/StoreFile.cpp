@@ -15,8 +15,7 @@ namespace Storage {
 namespace {
 
 constexpr std::size_t markAt = 24;
-constexpr std::size_t encodingAt = 56; // four bytes, the last of which is 1 for UTF-8
-constexpr std::size_t headerSize = 100;
+constexpr std::size_t headerSize = markAt + ChangeMark().size();
 
 void require(int code)
 {
@@ -58,7 +57,6 @@ StoreHeader StoreFile::header() const
     StoreHeader header;
     std::copy_n(bytes.begin() + markAt, header.mark.size(), header.mark.begin());
     header.usesWriteAheadLog = bytes[formatsAt] == 2 || bytes[formatsAt + 1] == 2;
-    header.isUtf8 = bytes[encodingAt + 3] == 1;
     return header;
 }
 

@@ -22,7 +22,6 @@ using ChangeMark = std::array<unsigned char, 16>;
 struct StoreHeader {
     ChangeMark mark = {};
     bool usesWriteAheadLog = false;
-    bool isUtf8 = false; ///< Whether texts are stored as UTF-8.
 };
 
 /// Reads a store's file through SQLite's own handle: closing one of ours would drop the locks that this process holds on

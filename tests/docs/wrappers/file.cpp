@@ -3,14 +3,21 @@
 // A host: all that the guide's blocks use, and the block.
 #include <Settings/Settings.h>
 #include <Storage/Backup.h>
+#include <Storage/Batch.h>
+#include <Storage/Conflict.h>
 #include <Storage/SqliteStorage.h>
 #include <TestKit/MemoryStorage.h>
 
+#include <QCoreApplication>
 #include <QSettings>
+#include <QThreadPool>
+#include <QTimer>
 
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 
 struct Product : IProductInfo {
     std::string vendorName() const override { return "Lumora"; }

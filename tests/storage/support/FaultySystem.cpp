@@ -24,7 +24,8 @@ struct State {
     int nth = 1;
     int counted = 0;
     int strikes = 0;
-    std::string deadly;
+    std::string signalled; // the function before which this process gets the signal
+    int signal = 0;
     std::vector<std::string> calls;
 };
 
@@ -37,8 +38,8 @@ Effect effectOn(std::string const& function)
     if (!state.isWatching)
         return Effect::none;
     state.calls.push_back(function);
-    if (function == state.deadly && --state.nth == 0)
-        ::raise(SIGKILL);
+    if (function == state.signalled && --state.nth == 0)
+        ::raise(state.signal);
     Fault const& fault = state.fault;
     if (!fault.only.empty() && std::find(fault.only.begin(), fault.only.end(), function) == fault.only.end())
         return Effect::none;
@@ -97,11 +98,20 @@ void watch(Fault const& fault, int nth)
     state.isWatching = true;
 }
 
-void killBefore(std::string const& function, int nth)
+namespace {
+
+void signalBefore(std::string const& function, int nth, int signal)
 {
     watch({}, nth);
-    state.deadly = function;
+    state.signalled = function;
+    state.signal = signal;
 }
+
+} // namespace
+
+void killBefore(std::string const& function, int nth) { signalBefore(function, nth, SIGKILL); }
+
+void stopBefore(std::string const& function, int nth) { signalBefore(function, nth, SIGSTOP); }
 
 void rest() { state.isWatching = false; }
 

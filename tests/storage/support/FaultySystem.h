@@ -22,6 +22,9 @@ void watch(Fault const& fault = {}, int nth = 1);
 /// Ends this process by SIGKILL before the `nth` call of `function`.
 void killBefore(std::string const& function, int nth);
 
+/// Stops this process by SIGSTOP before the `nth` call of `function`.
+void stopBefore(std::string const& function, int nth);
+
 /// Lets all calls pass unrecorded from now on.
 void rest();
 

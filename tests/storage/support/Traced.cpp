@@ -138,4 +138,14 @@ bool killedAtCall(Work const& work, int nth)
     return isKilled;
 }
 
+bool reachedCall(Work const& work, int nth, std::function<void()> const& meanwhile)
+{
+    follow(work, [&](long) {
+        if (--nth == 0)
+            meanwhile();
+        return false;
+    });
+    return nth <= 0;
+}
+
 } // namespace Traced

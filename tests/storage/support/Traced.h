@@ -26,4 +26,8 @@ std::vector<long> systemCalls(Work const& work);
 /// where the work has no more than `nth` - 1 calls; it was done then.
 bool killedAtCall(Work const& work, int nth);
 
+/// Does `meanwhile` in this process while the traced one is stopped before the `nth` system call of the work, counted from
+/// 1. False where the work has no more than `nth` - 1 calls.
+bool reachedCall(Work const& work, int nth, std::function<void()> const& meanwhile);
+
 } // namespace Traced

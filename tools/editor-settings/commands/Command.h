@@ -117,6 +117,7 @@ enum class Group { look, change, keep, support };
 struct Invocation {
     std::filesystem::path productFile;
     std::optional<std::filesystem::path> storeFolder;
+    Storage::SqliteStorage::Options options;
     Host::Application const* application = nullptr; ///< Null where the verb opens no store.
 };
 

@@ -66,8 +66,10 @@ sigset_t heldBackSignals()
 void monitorStores(Host::Application const& application, Format format)
 {
     sigset_t const ends = heldBackSignals();
-    WatchedStore watched[] = {{Store::product, Inspection::StoreWatcher(storageFile(application, Store::product))},
-                              {Store::common, Inspection::StoreWatcher(storageFile(application, Store::common))}};
+    auto const watcherOf = [&](Store store) {
+        return Inspection::StoreWatcher(storageFile(application, store), application.storeOptions());
+    };
+    WatchedStore watched[] = {{Store::product, watcherOf(Store::product)}, {Store::common, watcherOf(Store::common)}};
     for (WatchedStore& store : watched)
         if (auto const error = store.watcher.look().error)
             printError(error->what());
