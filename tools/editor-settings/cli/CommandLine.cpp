@@ -303,7 +303,7 @@ std::vector<Option> GlobalOptions::options()
                 .refusingEmpty(emptyName)
                 .completedBy(Candidates::folders)
                 .fromEnvironment("EDITOR_SETTINGS_HOME"),
-            Option("--allow-network", &allowsNetwork, "Use stores on a network file system too, where two machines can damage them")};
+            Option("--allow-network", &allowsNetwork, "Stores on a network too, where two machines can damage them")};
 }
 
 int runCommandLine(int argc, char** argv)
