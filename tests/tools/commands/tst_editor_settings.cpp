@@ -157,7 +157,7 @@ TEST_F(Tool, UsableValuesAreStoredWithoutAWord)
 TEST_F(Tool, LimitOfFileSizesIsToldAsAFullDisk)
 {
     Ended const set = run({"sh", "-c", "ulimit -f 1; exec \"$0\" set npsSendCount 1", TOOL});
-    EXPECT_EQ(set.status, 1);
+    ASSERT_EQ(set.status, 1) << set.err;
     EXPECT_EQ(lines(set.err).front(),
               "editor-settings: " + commonFile() + ": cannot create the store: File too large; free some space on the disk and try again");
 }
