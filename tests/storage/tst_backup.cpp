@@ -158,7 +158,9 @@ TEST_F(Backups, StoreThatWasSwitchedToALogWhileItWasOpenIsNotCopied)
 {
     SqliteStorage store(path());
     OtherProgram(path()).execute("PRAGMA journal_mode = WAL");
-    EXPECT_EQ(refusal([&] { Backup::write(path("copy.backup"), {{"product", &store}}); }),
+    EXPECT_EQ(refusal([&] {
+                  Backup::write(path("copy.backup"), {{"product", &store}});
+              }),
               path().string() + ": cannot copy the store: it was switched to write-ahead logging, which can damage it; switch it back "
                                 "with: sqlite3 FILE 'PRAGMA journal_mode=DELETE'");
     EXPECT_FALSE(std::filesystem::exists(path("copy.backup")));
