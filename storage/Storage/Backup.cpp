@@ -5,6 +5,7 @@
 #include "sqlite/SqliteErrors.h"
 #include "sqlite/StoreContent.h"
 #include "sqlite/StoreOpening.h"
+#include "watch/OwnChanges.h"
 
 #include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/Column.h>
@@ -294,25 +295,34 @@ std::optional<fs::path> Backup::Copy::replace(fs::path const& target)
     fs::file_type const present = fs::symlink_status(target, error).type();
     if (present == fs::file_type::none)
         throwSystemError(target, restoreTheStore, error.value());
+    std::shared_ptr<OwnChanges> const own = OwnChanges::of(target);
+    std::vector<SqliteStorage::Row> const rows = storedRows(m_database);
     if (present == fs::file_type::not_found) {
         setCompanionsAside(target, keptName(target)); // a journal may lie there without its store
-        if (writeNewFile(target, m_content, restoreTheStore))
+        OwnChanges::Turn const turn = own->turn();
+        if (writeNewFile(target, m_content, restoreTheStore)) {
+            own->noteReplacement(rows);
             return std::nullopt;
+        }
     }
     if (std::optional<SQLite::Database> store = openedForReplacing(target)) {
         fs::path const kept = keptCopy(target, snapshotOf(*store));
+        OwnChanges::Turn const turn = own->turn();
         SQLite::Backup all(*store, m_database);
         if (int const code = all.executeStep(); code != SQLITE_DONE)
             throw SQLite::Exception(sqlite3_errstr(code), code);
+        own->noteReplacement(rows);
         return kept;
     }
     Kept kept;
+    OwnChanges::Turn const turn = own->turn();
     replaceFile(target, m_content, restoreTheStore, [&] {
         kept = keptAside(target);
         makePrivate(kept.name);
         setCompanionsAside(target, kept.name);
         return kept.isMoved;
     });
+    own->noteReplacement(rows);
     return kept.name;
 }
 

@@ -5,6 +5,7 @@
 #include "sqlite/SqliteErrors.h"
 #include "sqlite/StoreContent.h"
 #include "sqlite/StoreOpening.h"
+#include "watch/OwnChanges.h"
 
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Exception.h>
@@ -95,8 +96,10 @@ class SqliteStorage::Connection {
         SQLite::Transaction transaction(m_database, SQLite::TransactionBehavior::IMMEDIATE);
         if (std::optional<StorageError> const obstacle = obstacleToChanges(m_file, what, m_database, schemaVersion()))
             throw StorageError(*obstacle);
+        OwnChanges::Transaction own(*m_own);
         work();
         transaction.commit();
+        own.keep();
     }
 
     // Pauses now and then, as processes that wait for the file would starve while this one goes on changing it. It does
@@ -130,15 +133,18 @@ class SqliteStorage::Connection {
         bindText(*set, 1, key);
         set->bindNoCopy(2, storedWord(kindOfType<T>()));
         bindValue(*set, 3, value);
-        set->bind(4, static_cast<std::int64_t>(millisecondsSinceEpoch()));
+        std::int64_t const changed = millisecondsSinceEpoch();
+        set->bind(4, changed);
         set->exec();
+        m_own->noteSet(key, storedWord(kindOfType<T>()), value, std::chrono::milliseconds(changed));
     }
 
     void removeNow(std::string const& key)
     {
         Use remove(m_remove);
         bindText(*remove, 1, key);
-        remove->exec();
+        if (remove->exec() > 0)
+            m_own->noteRemoval(key);
     }
 
     void makeNow(Change const& change)
@@ -161,15 +167,18 @@ class SqliteStorage::Connection {
     SQLite::Statement m_find;
     SQLite::Statement m_set;
     SQLite::Statement m_remove;
+    std::shared_ptr<OwnChanges> const m_own;
 
 public:
     Connection(std::filesystem::path const& path, Options const& options)
         : m_file(path),
-          m_database(openStore(m_file, busyMilliseconds(options.busyTimeout), static_cast<int>(options.synchronous))),
+          m_database(
+              openStore(m_file, busyMilliseconds(options.busyTimeout), static_cast<int>(options.synchronous), options.createMissing)),
           m_schema(m_database, "PRAGMA user_version"),
           m_find(m_database, "SELECT kind, value, changed FROM settings WHERE key = ?1"),
           m_set(m_database, setStatement),
-          m_remove(m_database, "DELETE FROM settings WHERE key = ?1")
+          m_remove(m_database, "DELETE FROM settings WHERE key = ?1"),
+          m_own(OwnChanges::of(m_file))
     {}
 
     std::optional<Row> find(std::string const& key)

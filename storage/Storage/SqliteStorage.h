@@ -39,6 +39,8 @@ public:
         std::chrono::milliseconds busyTimeout{5000};
         /// How often a change waits for the disk.
         Synchronous synchronous = Synchronous::full;
+        /// Whether a missing file is created; else it is an error.
+        bool createMissing = true;
     };
 
     /// A stored value; `std::monostate` where this version cannot read the kind, or the value as that kind.

@@ -164,9 +164,12 @@ fs::path absolutePath(fs::path const& file, char const* attempt)
     return absolute;
 }
 
-SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, int synchronous)
+SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, int synchronous, bool createMissing)
 {
-    if (!isPresent(file))
+    bool const isMissing = !isPresent(file);
+    if (isMissing && !createMissing)
+        refuse(file, Code::access, "it does not exist", "name a store that exists");
+    if (isMissing)
         writeNewFile(file, emptyStore(), "create the store"); // a file that another process made first is the store
     SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, 0, vfsShim());
     sqlite3_busy_handler(database.getHandle(), retryWhileBusy,

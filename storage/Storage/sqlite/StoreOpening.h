@@ -17,8 +17,9 @@ namespace Storage {
 /// for SQLite, or where the process has no current directory.
 std::filesystem::path absolutePath(std::filesystem::path const& file, char const* attempt);
 
-/// Opens the store in the absolute path `file`, and creates a missing one. Throws `StorageError` and SQLite's errors.
-SQLite::Database openStore(std::filesystem::path const& file, int busyTimeoutMilliseconds, int synchronous);
+/// Opens the store in the absolute path `file`, and creates a missing one if it may. Throws `StorageError` and SQLite's
+/// errors.
+SQLite::Database openStore(std::filesystem::path const& file, int busyTimeoutMilliseconds, int synchronous, bool createMissing = true);
 
 /// Throws a `StorageError` about `file`, or SQLite's error, where the open database is not an undamaged store.
 void checkStore(std::filesystem::path const& file, SQLite::Database& database);

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "OwnChanges.h"
+
+#include <climits>
+#include <cstdlib>
+#include <iterator>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+namespace Storage {
+
+namespace {
+
+// The name without links, so that two ways to a file lead to one object.
+std::string realName(fs::path const& file)
+{
+    char real[PATH_MAX];
+    if (::realpath(file.c_str(), real))
+        return real;
+    std::error_code error;
+    fs::path const name = fs::weakly_canonical(file, error);
+    return error ? file.native() : name.native();
+}
+
+bool isSameRow(SqliteStorage::Row const& one, SqliteStorage::Row const& other)
+{
+    return one.changed == other.changed && one.kind == other.kind && one.value == other.value;
+}
+
+} // namespace
+
+std::shared_ptr<OwnChanges> OwnChanges::of(fs::path const& file)
+{
+    static std::mutex turns;
+    static std::map<std::string, std::weak_ptr<OwnChanges>> all;
+    std::string const name = realName(file);
+    std::lock_guard<std::mutex> const turn(turns);
+    for (auto entry = all.begin(); entry != all.end();)
+        entry = entry->second.expired() ? all.erase(entry) : std::next(entry);
+    if (std::shared_ptr<OwnChanges> known = all[name].lock())
+        return known;
+    auto const made = std::make_shared<OwnChanges>();
+    all[name] = made;
+    return made;
+}
+
+void OwnChanges::removeWatcher()
+{
+    if (--m_watchers == 0)
+        m_last.clear();
+}
+
+void OwnChanges::keepMade()
+{
+    for (auto& [key, row] : m_made)
+        m_last[key] = {++m_count, std::move(row)};
+    m_made.clear();
+}
+
+void OwnChanges::noteReplacement(std::vector<Row> const& rows)
+{
+    if (m_watchers == 0)
+        return;
+    m_last.clear();
+    m_replacement = ++m_count;
+    for (Row const& row : rows)
+        m_last[row.key] = {m_count, row};
+}
+
+bool OwnChanges::hasMade(std::string const& key, std::optional<Row> const& after, long long seen) const
+{
+    auto const last = m_last.find(key);
+    if (last == m_last.end())
+        return !after && m_replacement > seen;
+    std::optional<Row> const& row = last->second.row;
+    return last->second.number > seen && (row && after ? isSameRow(*row, *after) : !row && !after);
+}
+
+} // namespace Storage
