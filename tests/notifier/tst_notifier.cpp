@@ -5,8 +5,7 @@
 #include <Notifier/Notifier.h>
 #include <Storage/SqliteStorage.h>
 
-#include <TestKit/TemporaryHome.h>
-
+#include <storage/support/MemoryFolder.h>
 #include <storage/support/OtherProcess.h>
 #include <support/RefusedHints.h>
 
@@ -16,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <fstream>
 #include <functional>
 #include <optional>
 #include <thread>
@@ -43,7 +43,7 @@ std::size_t threads() { return static_cast<std::size_t>(std::distance(fs::direct
 
 class Telling : public testing::Test {
 protected:
-    fs::path inHome(char const* relative) const { return m_home.path() / relative; }
+    fs::path inFolder(char const* relative) const { return m_folder.path() / relative; }
 
     // Whether this process holds the store's file, or a watch on its folder.
     bool isLookedAt() const
@@ -83,9 +83,9 @@ protected:
 
     Told taken() { return std::exchange(m_told, {}); }
 
-    TestKit::TemporaryHome m_home;
-    fs::path const m_file = inHome("store.sqlite");
-    fs::path const m_commonFile = inHome("common.sqlite");
+    MemoryFolder m_folder;
+    fs::path const m_file = inFolder("store.sqlite");
+    fs::path const m_commonFile = inFolder("common.sqlite");
     OtherProcess m_other{m_file};
     int m_argc = 0;
     QCoreApplication m_application{m_argc, nullptr};
@@ -169,8 +169,8 @@ TEST_F(Telling, StoreThatAppearsIsReplacedOrGoes)
     EXPECT_FALSE(fs::exists(m_file));
     m_other.set("title", "new");
     toldUntil("others': product title");
-    SqliteStorage(inHome("replacement")).setString("title", "other");
-    fs::rename(inHome("replacement"), m_file);
+    SqliteStorage(inFolder("replacement")).setString("title", "other");
+    fs::rename(inFolder("replacement"), m_file);
     toldUntil("others': product title");
     fs::remove(m_file);
     EXPECT_EQ(toldUntil("others': product title"), (Told{"title", "others': product title"}));
@@ -200,7 +200,8 @@ TEST_F(Telling, ErrorOnceAndWhatFollowsIt)
     m_other.set("title", "old");
     m_notifier->watch(QStringLiteral("title"));
     listen();
-    fs::rename(m_home.write("garbage", "not a store"), m_file);
+    std::ofstream(inFolder("garbage")) << "not a store";
+    fs::rename(inFolder("garbage"), m_file);
     std::string const message = "product failed: " + m_file.string() +
                                 ": cannot open the store: file is not a database; the file was left as it is: move it away and restore it "
                                 "from a backup";
@@ -277,9 +278,11 @@ TEST_F(Telling, RestsWhenTheLastReceiverIsGone)
         QObject first;
         QObject::connect(&*m_notifier, &Notifier::Notifier::changed, &first, [] {});
         QObject::connect(&*m_notifier, &Notifier::Notifier::rowChanged, second.get(), [] {});
-        EXPECT_TRUE(comes([this] { return isLookedAt(); }));
+        bool isWatching = false;
+        QObject::connect(&*m_notifier, &Notifier::Notifier::watching, &first, [&] { isWatching = true; });
+        EXPECT_TRUE(comes([&] { return isWatching; }));
+        EXPECT_TRUE(isLookedAt());
     }
-    m_other.set("title", "told to the second receiver");
     bool isTold = false;
     auto const connection = QObject::connect(&*m_notifier, &Notifier::Notifier::rowChanged, &m_receiver, [&] { isTold = true; });
     m_other.set("title", "told");
@@ -302,7 +305,7 @@ TEST_F(Telling, MayEndTheNotifierInEachSignal)
     int ended = 0;
     int later = 0;
     for (int signal = 0; signal < 4; ++signal) {
-        auto* const notifier = new Notifier::Notifier({{QStringLiteral("product"), m_file}, {QStringLiteral("folder"), inHome(".")}});
+        auto* const notifier = new Notifier::Notifier({{QStringLiteral("product"), m_file}, {QStringLiteral("folder"), inFolder(".")}});
         auto const end = [&, notifier] {
             delete notifier;
             ++ended;

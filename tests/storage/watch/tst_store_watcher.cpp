@@ -3,10 +3,12 @@
 // What a watcher finds of the changes to a store and to its file, and whose changes they are.
 #include <Storage/Backup.h>
 #include <Storage/StoreWatcher.h>
+#include <storage/support/MemoryFolder.h>
 #include <storage/support/OtherProcess.h>
 #include <storage/support/StoreFolder.h>
 
 #include <atomic>
+#include <map>
 #include <thread>
 
 namespace {
@@ -399,43 +401,45 @@ TEST_F(Watched, RestoredStoreIsOurs)
     EXPECT_EQ(lookForMakers(), Lines{"others': a 1 -> 5"});
 }
 
-// A look finds each change of this process with its note, however they fall together.
-TEST_F(Watched, ChangesOfSeveralThreadsAreOurs)
+// Sets and removes `key` many times, then sets it for good.
+void changeOften(SqliteStorage& store, std::string const& key)
 {
-    constexpr int changes = 300;
-    SqliteStorage shared(m_file);
-    look();
-    std::atomic<int> running{3};
-    auto const writes = [&](SqliteStorage& store, std::string const& key) {
-        for (int number = 1; number <= changes; ++number) {
-            store.setInt(key, number);
-            if (number % 3 == 0 && number < changes)
-                store.remove(key);
-        }
-        --running;
-    };
-    std::thread first([&] { writes(shared, "a"); });
-    std::thread second([&] { writes(shared, "b"); });
-    std::thread third([&] {
-        SqliteStorage own(m_file);
-        writes(own, "c");
-    });
-    Lines found;
+    for (int number = 1; number <= 1000; ++number) {
+        store.setInt(key, number);
+        if (number % 3 == 0)
+            store.remove(key);
+    }
+}
+
+// A look finds each change of this process with its note, however they fall together.
+TEST(WatchedInMemory, ChangesOfSeveralThreadsAndAProcessAreTheirs)
+{
+    MemoryFolder const folder;
+    std::filesystem::path const file = folder.path() / "store.sqlite";
+    OtherProcess other(file);
+    SqliteStorage shared(file);
+    StoreWatcher watcher(file);
+    std::atomic<int> running{4};
+    auto const started = [&](auto const& work) { return std::thread([&running, work] { work(), --running; }); };
+    std::thread threads[] = {started([&] { changeOften(shared, "a"); }), started([&] { changeOften(shared, "b"); }), started([&] {
+                                 SqliteStorage own(file);
+                                 changeOften(own, "c");
+                             }),
+                             started([&] { other.count("others", 1000); })};
     Lines wrong;
-    bool isLast = false;
-    do {
+    std::map<std::string, int> found;
+    for (bool isLast = false; !isLast;) {
         isLast = running == 0;
-        for (std::string const& one : lookForMakers()) {
-            found.push_back(one);
-            if (one.compare(0, 6, "ours: ") != 0)
-                wrong.push_back(one);
+        for (auto const& difference : watcher.look().differences) {
+            ++found[difference.key];
+            if (difference.byThisProcess == (difference.key == "others"))
+                wrong.push_back(line(difference));
         }
-    } while (!isLast);
-    first.join();
-    second.join();
-    third.join();
+    }
+    for (std::thread& thread : threads)
+        thread.join();
     EXPECT_EQ(wrong, Lines{});
-    EXPECT_GE(found.size(), 3u);
+    EXPECT_EQ(found.size(), 4u);
 }
 
 } // namespace
