@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
 // A host: all that the guide's blocks use, and the block.
+#include <Notifier/Notifier.h>
 #include <Settings/Settings.h>
 #include <Storage/Backup.h>
 #include <Storage/SqliteStorage.h>
 #include <TestKit/MemoryStorage.h>
 
+#include <QCoreApplication>
 #include <QSettings>
 
 #include <cstdio>
