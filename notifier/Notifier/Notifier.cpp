@@ -22,7 +22,7 @@ std::vector<std::filesystem::path> filesOf(std::vector<Notifier::Store> const& s
 {
     std::vector<std::filesystem::path> files;
     for (Notifier::Store const& store : stores)
-        files.push_back(store.file);
+        files.push_back(std::filesystem::absolute(store.file));
     return files;
 }
 

@@ -35,7 +35,8 @@ public:
         std::filesystem::path file; ///< As `Storage::SqliteStorage` takes it.
     };
 
-    /// Tells of changes to `stores`. No keys are chosen yet.
+    /// Tells of changes to `stores`; a relative file is resolved here. No keys are chosen yet. Throws `std::system_error`
+    /// where the process has no descriptor left, or no current directory for a relative file.
     explicit Notifier(std::vector<Store> stores, QObject* parent = nullptr);
     ~Notifier() override;
 

@@ -232,6 +232,18 @@ TEST_F(Telling, EachOfTwoNotifiers)
     EXPECT_EQ(told, (Told{"a", "b ours", "ours: product a"}));
 }
 
+TEST_F(Telling, RelativeFileStaysWithItsFolder)
+{
+    fs::path const before = fs::current_path();
+    fs::current_path(m_folder.path());
+    m_notifier.emplace(std::vector<Notifier::Notifier::Store>{{QStringLiteral("relative"), "store.sqlite"}});
+    fs::current_path(before);
+    m_notifier->watch(QStringLiteral("title"));
+    listen();
+    m_other.set("title", "new");
+    EXPECT_EQ(toldUntil("others': relative title"), (Told{"title", "others': relative title"}));
+}
+
 // --- Threads ---
 
 TEST_F(Telling, ComesInTheThreadThatTheNotifierLivesIn)

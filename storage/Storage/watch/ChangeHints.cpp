@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ChangeHints.h"
 
+#include "RealName.h"
+
 #include <algorithm>
 #include <cstdint>
-#include <system_error>
 #include <utility>
 
 #include <poll.h>
@@ -59,8 +60,7 @@ void ChangeHints::followFolders()
     std::set<int> const earlier = std::exchange(m_folders, {});
     m_names.clear();
     for (fs::path const& file : m_files) {
-        std::error_code error;
-        fs::path const real = fs::weakly_canonical(file, error);
+        fs::path const real = realName(file);
         m_names.push_back(real.filename().string());
         if (int const folder = ::inotify_add_watch(m_inotify, real.parent_path().c_str(), changes); folder >= 0)
             m_folders.insert(folder);

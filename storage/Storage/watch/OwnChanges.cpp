@@ -1,27 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "OwnChanges.h"
 
-#include <climits>
-#include <cstdlib>
+#include "RealName.h"
+
 #include <iterator>
-#include <system_error>
 
 namespace fs = std::filesystem;
 
 namespace Storage {
 
 namespace {
-
-// The name without links, so that two ways to a file lead to one object.
-std::string realName(fs::path const& file)
-{
-    char real[PATH_MAX];
-    if (::realpath(file.c_str(), real))
-        return real;
-    std::error_code error;
-    fs::path const name = fs::weakly_canonical(file, error);
-    return error ? file.native() : name.native();
-}
 
 bool isSameRow(SqliteStorage::Row const& one, SqliteStorage::Row const& other)
 {
@@ -34,7 +22,7 @@ std::shared_ptr<OwnChanges> OwnChanges::of(fs::path const& file)
 {
     static std::mutex turns;
     static std::map<std::string, std::weak_ptr<OwnChanges>> all;
-    std::string const name = realName(file);
+    std::string const name = realName(file).native(); // two ways to a file lead to one object
     std::lock_guard<std::mutex> const turn(turns);
     for (auto entry = all.begin(); entry != all.end();)
         entry = entry->second.expired() ? all.erase(entry) : std::next(entry);

@@ -3,6 +3,7 @@
 // What a watcher finds of the changes to a store and to its file, and whose changes they are.
 #include <Storage/Backup.h>
 #include <Storage/StoreWatcher.h>
+#include <Storage/watch/OwnChanges.h>
 #include <storage/support/MemoryFolder.h>
 #include <storage/support/OtherProcess.h>
 #include <storage/support/StoreFolder.h>
@@ -117,6 +118,18 @@ TEST_F(Watched, MissingStoreIsNotCreated)
     EXPECT_FALSE(std::filesystem::exists(m_file));
     SqliteStorage(m_file).setString("exportPath", "/a");
     EXPECT_EQ(look(), Lines{"exportPath (unset) -> /a"});
+}
+
+// The watcher relies on it where the file goes at the moment in which it is opened.
+TEST_F(Watched, MissingStoreIsAnErrorWhereItMayNotBeCreated)
+{
+    SqliteStorage::Options options;
+    options.createMissing = false;
+    EXPECT_EQ(refusal([&] { SqliteStorage(m_file, options); }),
+              m_file.string() + ": cannot open the store: it does not exist; name a store that exists");
+    EXPECT_FALSE(std::filesystem::exists(m_file));
+    SqliteStorage(m_file).setInt("a", 1);
+    EXPECT_EQ(SqliteStorage(m_file, options).getInt("a", 0), 1);
 }
 
 TEST_F(Watched, StoreInAMissingFolderIsMissing)
@@ -252,6 +265,21 @@ TEST_F(Watched, StoreThatStaysLockedIsAnError)
     EXPECT_FALSE(watcher.look().error);
     program.execute("COMMIT");
     EXPECT_EQ(watcher.look().differences.size(), 1u);
+}
+
+TEST_F(Watched, StoreThatThisProgramIsWritingIsLookedAtLater)
+{
+    SqliteStorage(m_file).setString("exportPath", "/films");
+    StoreWatcher impatient(m_file, std::chrono::milliseconds(0));
+    {
+        std::shared_ptr<Storage::OwnChanges> const own = Storage::OwnChanges::of(m_file);
+        Storage::OwnChanges::Turn const turn = own->turn();
+        EXPECT_EQ(look(), Lines{});
+        std::optional<Storage::StorageError> const error = impatient.look().error;
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->reason(), "this program is writing");
+    }
+    EXPECT_EQ(look(), Lines{"exportPath (unset) -> /films"});
 }
 
 // --- Whose change it was ---
