@@ -2,10 +2,14 @@
 #include <Storage/Kind.h>
 #include <Storage/SqliteStorage.h>
 
+#include "sqlite/Prepared.h"
+#include "sqlite/RowCache.h"
 #include "sqlite/SqliteErrors.h"
 #include "sqlite/StoreContent.h"
+#include "sqlite/StoreFile.h"
 #include "sqlite/StoreOpening.h"
 #include "watch/OwnChanges.h"
+#include <Storage/FileSystem.h>
 
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Exception.h>
@@ -63,24 +67,10 @@ void bindValue(SQLite::Statement& statement, int index, std::vector<unsigned cha
     statement.bindNoCopy(index, bytes, checkedSize(value.size()));
 }
 
-// Resets a statement at the end of its scope, as a running statement holds a lock on the file.
-class Use {
-public:
-    explicit Use(SQLite::Statement& statement) : m_statement(statement) {}
-    ~Use() { m_statement.tryReset(); }
-    Use(Use const&) = delete;
-    Use& operator=(Use const&) = delete;
-
-    SQLite::Statement& operator*() { return m_statement; }
-    SQLite::Statement* operator->() { return &m_statement; }
-
-private:
-    SQLite::Statement& m_statement;
-};
-
 } // namespace
 
-// The open file with its statements. Each public member function is one call of the store, under a mutex.
+// The open file with its statements. Each public member function is one call of the store, under a mutex; reads of
+// what the rows in memory hold need none.
 class SqliteStorage::Connection {
     template <typename Work>
     auto attempt(std::string const& what, Work const& work)
@@ -126,6 +116,16 @@ class SqliteStorage::Connection {
         return schema->getColumn(0).getInt();
     }
 
+    // The row that SQLite reads, within the transaction where there is one.
+    std::shared_ptr<Row const> findNow(std::string const& key)
+    {
+        Use find(m_find);
+        bindText(*find, 1, key);
+        if (!find->executeStep())
+            return nullptr;
+        return std::make_shared<Row const>(decodedRow(key, find->getColumn(0), find->getColumn(1), find->getColumn(2)));
+    }
+
     template <typename T>
     void setNow(std::string const& key, T const& value)
     {
@@ -163,32 +163,36 @@ class SqliteStorage::Connection {
     std::chrono::steady_clock::duration m_taken{}; // the time that changes took since the last pause
     std::chrono::steady_clock::time_point m_pauseEnd;
     SQLite::Database m_database;
-    SQLite::Statement m_schema;
-    SQLite::Statement m_find;
-    SQLite::Statement m_set;
-    SQLite::Statement m_remove;
-    std::shared_ptr<OwnChanges> const m_own;
+    StoreFile const m_storeFile{m_database};
+    RowCache m_cache;
+    Prepared m_all{m_database, allRows};
+    Prepared m_schema{m_database, "PRAGMA user_version"};
+    Prepared m_find{m_database, "SELECT kind, value, changed FROM settings WHERE key = ?1"};
+    Prepared m_set{m_database, setStatement};
+    Prepared m_remove{m_database, "DELETE FROM settings WHERE key = ?1"};
+    std::shared_ptr<OwnChanges> const m_own = OwnChanges::of(m_file);
 
 public:
     Connection(std::filesystem::path const& path, Options const& options)
         : m_file(path),
-          m_database(
-              openStore(m_file, busyMilliseconds(options.busyTimeout), static_cast<int>(options.synchronous), options.createMissing)),
-          m_schema(m_database, "PRAGMA user_version"),
-          m_find(m_database, "SELECT kind, value, changed FROM settings WHERE key = ?1"),
-          m_set(m_database, setStatement),
-          m_remove(m_database, "DELETE FROM settings WHERE key = ?1"),
-          m_own(OwnChanges::of(m_file))
-    {}
-
-    std::optional<Row> find(std::string const& key)
+          m_database(openFile(m_file, busyMilliseconds(options.busyTimeout), options.createMissing)),
+          m_cache(m_storeFile, localityOf(m_file) == Locality::local)
     {
-        return attempt("read \"" + key + '"', [&]() -> std::optional<Row> {
-            Use find(m_find);
-            bindText(*find, 1, key);
-            if (!find->executeStep())
-                return std::nullopt;
-            return decodedRow(key, find->getColumn(0), find->getColumn(1), find->getColumn(2));
+        SQLite::Transaction look(m_database); // the file is locked once for the whole look
+        checkStore(m_file, m_database, m_all, m_set);
+        m_cache.load(m_all);
+        look.commit();
+        setJournal(m_database, static_cast<int>(options.synchronous));
+    }
+
+    // nullptr where the key is absent.
+    std::shared_ptr<Row const> find(std::string const& key)
+    {
+        if (std::optional<RowCache::Answer> known = m_cache.find(key))
+            return std::move(known->row);
+        return attempt("read \"" + key + '"', [&] {
+            std::optional<RowCache::Answer> known = m_cache.findAfterChange(key, m_all);
+            return known ? std::move(known->row) : findNow(key);
         });
     }
 
@@ -252,10 +256,10 @@ namespace {
 
 // Returns the default where the key is absent or holds another kind.
 template <typename T>
-T valueOr(std::optional<SqliteStorage::Row> row, T const& defaultValue)
+T valueOr(std::shared_ptr<SqliteStorage::Row const> const& row, T const& defaultValue)
 {
-    T* const value = row ? std::get_if<T>(&row->value) : nullptr;
-    return value ? std::move(*value) : defaultValue;
+    T const* const value = row ? std::get_if<T>(&row->value) : nullptr;
+    return value ? *value : defaultValue;
 }
 
 } // namespace
@@ -268,7 +272,7 @@ void SqliteStorage::setString(std::string const& key, std::string const& value) 
 
 void SqliteStorage::setBytes(std::string const& key, std::vector<unsigned char> const& value) { m_connection->set(key, value); }
 
-bool SqliteStorage::contains(std::string const& key) const { return m_connection->find(key).has_value(); }
+bool SqliteStorage::contains(std::string const& key) const { return m_connection->find(key) != nullptr; }
 
 void SqliteStorage::remove(std::string const& key) { m_connection->remove(key); }
 
@@ -286,7 +290,11 @@ std::vector<unsigned char> SqliteStorage::getBytes(std::string const& key, std::
     return valueOr(m_connection->find(key), defaultValue);
 }
 
-std::optional<SqliteStorage::Row> SqliteStorage::find(std::string const& key) const { return m_connection->find(key); }
+std::optional<SqliteStorage::Row> SqliteStorage::find(std::string const& key) const
+{
+    std::shared_ptr<Row const> const row = m_connection->find(key);
+    return row ? std::optional<Row>(*row) : std::nullopt;
+}
 
 std::vector<SqliteStorage::Row> SqliteStorage::rows() const { return m_connection->rows(); }
 

@@ -19,9 +19,11 @@ namespace Storage {
 ///
 /// Durability: a set or a removal is one transaction, on disk when the call returns. After a crash each key holds its
 ///   old or its new value.
-/// Threads: any thread may call at any time; calls on one object take turns.
-/// Processes: several may hold the file open. A read sees what another process committed before it; a writer waits for
-///   the others, for as long as `Options::busyTimeout`.
+/// Threads: any thread may call at any time; calls on one object take turns, but for reads of an unchanged file.
+/// Processes: several may hold the file open. A read sees what another process committed before it. A writer, and a read
+///   that has something new to see, wait for the others for as long as `Options::busyTimeout`.
+/// Memory: the rows of a file up to 256 KiB are kept in memory, on a local disk, and a read of an unchanged file is one
+///   system call.
 /// Kinds: a read for another kind than the stored one returns its default and changes nothing; `find` returns the kind.
 /// Errors: every function throws `StorageError` (and `std::bad_alloc`), never an exception of SQLite's. An existing file
 ///   is never replaced and never emptied: only a missing file is created. The object stays usable.

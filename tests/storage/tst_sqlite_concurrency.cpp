@@ -179,8 +179,9 @@ TEST_F(Concurrency, NobodyIsTurnedAwayBeforeTheTimeout)
     SqliteStorage::Options options;
     options.busyTimeout = 300ms;
     SqliteStorage store(path(), options);
+    store.setInt("key", 1);
     OtherProgram other(path());
-    other.execute("BEGIN EXCLUSIVE");
+    other.execute("BEGIN EXCLUSIVE; UPDATE settings SET value = 2; COMMIT; BEGIN EXCLUSIVE");
     auto const expectWait = [](char const* what, auto const& work) {
         auto const start = Clock::now();
         EXPECT_THROW(work(), StorageError) << what;

@@ -62,6 +62,8 @@ SqliteStorage::Row decodedRow(std::string key, SQLite::Column const& kind, SQLit
 char const* const setStatement = "INSERT INTO settings (key, kind, value, changed) VALUES (?1, ?2, ?3, ?4) ON CONFLICT (key) DO UPDATE "
                                  "SET kind = excluded.kind, value = excluded.value, changed = excluded.changed";
 
+char const* const allRows = "SELECT NULL, NULL, NULL, NULL UNION ALL SELECT key, kind, value, changed FROM settings";
+
 std::vector<SqliteStorage::Row> storedRows(SQLite::Database& database)
 {
     SQLite::Statement all(database, "SELECT key, kind, value, changed FROM settings ORDER BY key");

@@ -16,6 +16,10 @@ namespace Storage {
 /// The statement that stores a row: key, kind, value and time.
 extern char const* const setStatement;
 
+/// The statement that lists all rows in no order: key, kind, value and time. A row of NULLs is the first, also where there
+/// is no other, so that SQLite holds its lock when it was stepped to.
+extern char const* const allRows;
+
 /// The offset in SQLite's header of two bytes: the formats for writers and for readers.
 inline constexpr int formatsAt = 18;
 

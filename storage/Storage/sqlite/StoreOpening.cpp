@@ -3,17 +3,19 @@
 
 #include "SqliteErrors.h"
 #include "StoreContent.h"
+#include "StoreFile.h"
 #include "VfsShim.h"
 #include <Storage/AtomicFile.h>
 
-#include <SQLiteCpp/Statement.h>
-
 #include <sqlite3.h>
 
+#include <cerrno>
 #include <chrono>
 #include <cstdint>
 #include <system_error>
 #include <thread>
+
+#include <sys/stat.h>
 
 namespace fs = std::filesystem;
 
@@ -88,33 +90,18 @@ void checkMissing(fs::path const& file)
 // file here would drop the locks that another store object of this process holds on it.
 bool isPresent(fs::path const& file)
 {
-    std::error_code error;
-    fs::file_status const target = fs::status(file, error);
-    if (target.type() == fs::file_type::not_found) {
+    struct stat status = {};
+    if (::stat(file.c_str(), &status) != 0) {
+        if (errno != ENOENT && errno != ENOTDIR)
+            throwSystemError(file, "open the store", errno);
         checkMissing(file);
         return false;
     }
-    if (error)
-        throwSystemError(file, "open the store", error.value());
-    if (!fs::is_regular_file(target))
+    if (!S_ISREG(status.st_mode))
         refuse(file, Code::foreign, "it is not a regular file", "move it away, or name another file");
-    if (fs::file_size(file, error) == 0 && !error)
+    if (status.st_size == 0)
         refuse(file, Code::damaged, "the file is empty, which a store never is", restoreBackup);
     return true;
-}
-
-// Bytes 18 and 19 of SQLite's header, the formats for writers and readers, are 2 in a file of the write-ahead-log mode.
-// They are read through SQLite's own handle before any statement, as the first statement would make the log's files.
-bool usesWriteAheadLog(SQLite::Database& database)
-{
-    sqlite3_file* file = nullptr;
-    std::string header(formatsAt + 2, '\0');
-    sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
-    int const code = file && file->pMethods ? file->pMethods->xRead(file, header.data(), formatsAt + 2, 0) : SQLITE_CANTOPEN;
-    if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ)
-        throw SQLite::Exception(sqlite3_errstr(code), code);
-    bool const isSqlite = header.compare(0, 15, "SQLite format 3") == 0;
-    return isSqlite && (header[formatsAt] == 2 || header[formatsAt + 1] == 2);
 }
 
 std::string newerSchema(int schema)
@@ -126,28 +113,35 @@ std::string newerSchema(int schema)
 constexpr char const* updateProgram = "update this program; the file was left as it is";
 
 // A newer version may have changed the layout too.
-void checkLayout(fs::path const& file, SQLite::Database& database, int schema)
+void checkLayout(fs::path const& file, int schema, Prepared& all, Prepared& set)
 {
     try {
-        SQLite::Statement(database, "SELECT key, kind, value, changed FROM settings");
+        all.statement();
     } catch (SQLite::Exception const& error) {
         if (schema > SqliteStorage::writtenSchema)
             refuse(file, Code::newer, newerSchema(schema) + ", in a layout that this version cannot read", updateProgram);
         throw;
     }
     if (schema <= SqliteStorage::writtenSchema)
-        SQLite::Statement(database, setStatement);
+        set.statement();
 }
 
 } // namespace
 
-void checkStore(fs::path const& file, SQLite::Database& database)
+void checkStore(fs::path const& file, SQLite::Database& database, Prepared& all, Prepared& set)
 {
     if (database.execAndGet("PRAGMA application_id").getInt() != applicationId)
         refuse(file, Code::foreign, "it is an SQLite file of another program", "move it away, or name another file");
     if (std::vector<std::string> const damage = damageOf(database); !damage.empty())
         refuse(file, Code::damaged, "the file is damaged (" + damage.front() + ")", restoreBackup);
-    checkLayout(file, database, database.execAndGet("PRAGMA user_version").getInt());
+    checkLayout(file, database.execAndGet("PRAGMA user_version").getInt(), all, set);
+}
+
+void checkStore(fs::path const& file, SQLite::Database& database)
+{
+    Prepared all(database, allRows);
+    Prepared set(database, setStatement);
+    checkStore(file, database, all, set);
 }
 
 fs::path absolutePath(fs::path const& file, char const* attempt)
@@ -164,7 +158,7 @@ fs::path absolutePath(fs::path const& file, char const* attempt)
     return absolute;
 }
 
-SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, int synchronous, bool createMissing)
+SQLite::Database openFile(fs::path const& file, int busyTimeoutMilliseconds, bool createMissing)
 {
     bool const isMissing = !isPresent(file);
     if (isMissing && !createMissing)
@@ -174,13 +168,24 @@ SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, in
     SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, 0, vfsShim());
     sqlite3_busy_handler(database.getHandle(), retryWhileBusy,
                          reinterpret_cast<void*>(static_cast<std::intptr_t>(busyTimeoutMilliseconds)));
-    if (usesWriteAheadLog(database))
+    if (StoreFile(database).header().usesWriteAheadLog) // before the first statement, which would make the log's files
         refuse(file, Code::foreign, "it was switched to write-ahead logging, which can damage it",
                "switch it back with: sqlite3 FILE 'PRAGMA journal_mode=DELETE'");
-    checkStore(file, database);
-    // TRUNCATE rather than DELETE: with synchronous=FULL it syncs the emptied journal, so that a crash after the call
-    // cannot bring the journal back and undo the change; a deleted one could come back with its folder entry.
+    return database;
+}
+
+// TRUNCATE rather than DELETE: with synchronous=FULL it syncs the emptied journal, so that a crash after the call cannot
+// bring the journal back and undo the change; a deleted one could come back with its folder entry.
+void setJournal(SQLite::Database& database, int synchronous)
+{
     database.exec("PRAGMA journal_mode = TRUNCATE; PRAGMA synchronous = " + std::to_string(synchronous));
+}
+
+SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, int synchronous)
+{
+    SQLite::Database database = openFile(file, busyTimeoutMilliseconds);
+    checkStore(file, database);
+    setJournal(database, synchronous);
     return database;
 }
 

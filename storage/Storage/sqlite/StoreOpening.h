@@ -3,6 +3,8 @@
 // Creates, checks and opens the file of a `SqliteStorage`. Internal.
 #pragma once
 
+#include "Prepared.h"
+
 #include <Storage/SqliteStorage.h>
 
 #include <SQLiteCpp/Database.h>
@@ -17,12 +19,18 @@ namespace Storage {
 /// for SQLite, or where the process has no current directory.
 std::filesystem::path absolutePath(std::filesystem::path const& file, char const* attempt);
 
-/// Opens the store in the absolute path `file`, and creates a missing one if it may. Throws `StorageError` and SQLite's
-/// errors.
-SQLite::Database openStore(std::filesystem::path const& file, int busyTimeoutMilliseconds, int synchronous, bool createMissing = true);
+/// Opens the store in the absolute path `file`, and creates a missing one. Throws `StorageError` and SQLite's errors.
+SQLite::Database openStore(std::filesystem::path const& file, int busyTimeoutMilliseconds, int synchronous);
+
+/// The steps of `openStore`. First the file, of which only the header is read; then `checkStore`; and at last, outside of
+/// a transaction, how changes are journalled.
+SQLite::Database openFile(std::filesystem::path const& file, int busyTimeoutMilliseconds, bool createMissing = true);
+void setJournal(SQLite::Database& database, int synchronous);
 
 /// Throws a `StorageError` about `file`, or SQLite's error, where the open database is not an undamaged store.
 void checkStore(std::filesystem::path const& file, SQLite::Database& database);
+/// As above, with the statements `allRows` and `setStatement` of the caller's, which are prepared by it.
+void checkStore(std::filesystem::path const& file, SQLite::Database& database, Prepared& all, Prepared& set);
 
 /// The error of `attempt`, a change of the open store whose file has the schema `schema`; nullopt where changes are allowed.
 std::optional<StorageError> obstacleToChanges(std::filesystem::path const& file, std::string const& attempt,

@@ -11,6 +11,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/types.h>
+#include <sys/vfs.h>
 #include <unistd.h>
 
 namespace FaultySystem {
@@ -186,6 +187,7 @@ VISIBLE int lstat(char const* path, struct stat* status) noexcept { return passe
 VISIBLE int stat64(char const* path, struct stat64* status) noexcept { return passed("stat64", path, status); }
 VISIBLE int lstat64(char const* path, struct stat64* status) noexcept { return passed("lstat64", path, status); }
 VISIBLE int fstat64(int file, struct stat64* status) noexcept { return passed("fstat64", file, status); }
+VISIBLE int statfs(char const* path, struct statfs* status) noexcept { return passed("statfs", path, status); }
 VISIBLE int access(char const* path, int mode) noexcept { return passed("access", path, mode); }
 VISIBLE int faccessat(int folder, char const* path, int mode, int flags) noexcept { return passed("faccessat", folder, path, mode, flags); }
 VISIBLE int mkdir(char const* path, mode_t mode) noexcept { return passed("mkdir", path, mode); }

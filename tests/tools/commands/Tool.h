@@ -47,6 +47,28 @@ protected:
         return ended.err;
     }
 
+    // What the help of a verb lists under a heading: the first word of each line.
+    std::vector<std::string> helpLists(std::string const& heading, std::vector<std::string> verb = {})
+    {
+        verb.emplace_back("--help");
+        std::vector<std::string> result;
+        bool isInside = false;
+        for (std::string const& line : lines(said(verb))) {
+            if (line.empty() || line[0] != ' ')
+                isInside = line == heading + ":";
+            else if (isInside && line[2] != ' ')
+                result.push_back(line.substr(2, line.find(' ', 2) - 2));
+        }
+        return result;
+    }
+
+    std::vector<std::string> verbs()
+    {
+        std::vector<std::string> const listed = helpLists("Subcommands");
+        EXPECT_FALSE(listed.empty());
+        return listed;
+    }
+
     std::string inHome(char const* relative) const { return (m_home.path() / relative).string(); }
     std::string productFile() const { return inHome(".local/share/Lumora/Lumora Video Editor/product-settings.sqlite"); }
     std::string commonFile() const { return inHome(".local/share/Lumora/common-settings.sqlite"); }

@@ -7,6 +7,9 @@
 
 #include <support/Named.h>
 
+#include <cstring>
+#include <utility>
+
 namespace {
 
 using Words = std::vector<std::string>;
@@ -15,7 +18,7 @@ struct Wrong {
     char const* meaning;
     Words words; // ~ stands for the home folder
     int status;
-    std::string told;
+    std::string told; // {verbs} stands for those that the help lists
 };
 
 class Advice : public Tool, public testing::WithParamInterface<Wrong> {
@@ -30,26 +33,38 @@ protected:
         m_home.write("there", "");
     }
 
-    std::string withHome(std::string text) const
+    std::string filled(std::string text) const
     {
-        for (std::size_t at = 0; (at = text.find('~', at)) != std::string::npos;)
-            text.replace(at, 1, m_home.path().string());
+        for (auto const& [sign, meaning] : {std::pair("~", m_home.path().string()), std::pair("{verbs}", m_verbs)})
+            for (std::size_t at = 0; (at = text.find(sign, at)) != std::string::npos;)
+                text.replace(at, std::strlen(sign), meaning);
         return text;
     }
+
+    // As a sentence has them.
+    std::string verbsOfTheHelp()
+    {
+        std::vector<std::string> const listed = verbs();
+        std::string text = listed.at(0);
+        for (std::size_t index = 1; index < listed.size(); ++index)
+            text += (index + 1 < listed.size() ? ", " : " and ") + listed[index];
+        return text;
+    }
+
+    std::string const m_verbs = verbsOfTheHelp();
 };
 
 TEST_P(Advice, TellsWhatIsWrongAndWhatToDo)
 {
     Words words;
     for (std::string const& word : GetParam().words)
-        words.push_back(withHome(word));
-    EXPECT_EQ(refused(words, GetParam().status), withHome("editor-settings: " + GetParam().told + '\n'));
+        words.push_back(filled(word));
+    EXPECT_EQ(refused(words, GetParam().status), filled("editor-settings: " + GetParam().told + '\n'));
     EXPECT_EQ(said({"list", "--set", "--plain"}), "npsSendCount\tint\tproduct\tset\t7\n") << "no is said, and something changed";
 }
 
 std::string const forMore = "Run with --help for more information.";
-std::string const verbs = "The verbs are list, get, set, unset, explain, paths, next-name, project, favorites, indication, tutorials, "
-                          "colors, target-history, backup, restore, monitor, doctor, export, import, diff, completion and manual.\n";
+std::string const theVerbs = "The verbs are {verbs}.\n";
 std::string const kinds = "What follows next-name is one of audio, freeze and stabilized.\n";
 std::string const nameAProduct = "\nName a product file with '--product FILE', or in EDITOR_SETTINGS_PRODUCT.";
 std::string const lookAtTheStores =
@@ -64,20 +79,22 @@ INSTANTIATE_TEST_SUITE_P(
         Wrong{"MistypedVerb",
               {"lst"},
               2,
-              notExpected + "lst\nDid you mean list? 'editor-settings list --help' shows how it is used.\n" + verbs + forMore},
+              notExpected + "lst\nDid you mean list? 'editor-settings list --help' shows how it is used.\n" + theVerbs + forMore},
         Wrong{"VerbInAnotherCase",
               {"Doctor"},
               2,
-              notExpected + "Doctor\nDid you mean doctor? 'editor-settings doctor --help' shows how it is used.\n" + verbs + forMore},
+              notExpected + "Doctor\nDid you mean doctor? 'editor-settings doctor --help' shows how it is used.\n" + theVerbs + forMore},
         Wrong{"PartOfAVerb",
               {"tut"},
               2,
-              notExpected + "tut\nDid you mean tutorials? 'editor-settings tutorials --help' shows how it is used.\n" + verbs + forMore},
+              notExpected + "tut\nDid you mean tutorials? 'editor-settings tutorials --help' shows how it is used.\n" + theVerbs + forMore},
         Wrong{"VerbBetweenTwo",
               {"jet"},
               2,
-              notExpected + "jet\nDid you mean get or set? 'editor-settings get --help' shows how it is used.\n" + verbs + forMore},
-        Wrong{"VerbLikeNone", {"forget"}, 2, notExpected + "forget\n" + verbs + forMore},
+              notExpected + "jet\nDid you mean get or set? 'editor-settings get --help' shows how it is used.\n" + theVerbs + forMore},
+        Wrong{"VerbLikeNone", {"forget"}, 2, notExpected + "forget\n" + theVerbs + forMore},
+        Wrong{"NoVerb", {}, 2, "A verb is required\n" + theVerbs + forMore},
+        Wrong{"OptionLikeNoneBeforeAVerb", {"--loud"}, 2, notExpected + "--loud\n" + theVerbs + forMore},
         Wrong{"MistypedKindOfName",
               {"next-name", "frieze", "x"},
               2,

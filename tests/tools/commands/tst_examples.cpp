@@ -19,18 +19,13 @@ struct Example {
 class Examples : private LastingFolder, public Tool {
 protected:
     // The verbs, and what follows those that are no verbs by themselves.
-    std::vector<std::string> verbs(std::string const& above = {})
+    std::vector<std::string> allVerbs()
     {
         std::vector<std::string> result;
-        bool isInside = false;
-        for (std::string const& line : help(above)) {
-            if (line.empty() || line[0] != ' ') {
-                isInside = line == "Subcommands:";
-            } else if (isInside && line[2] != ' ') {
-                result.push_back((above.empty() ? "" : above + ' ') + line.substr(2, line.find(' ', 2) - 2));
-                for (std::string const& below : above.empty() ? verbs(result.back()) : std::vector<std::string>())
-                    result.push_back(below);
-            }
+        for (std::string const& verb : verbs()) {
+            result.push_back(verb);
+            for (std::string const& below : helpLists("Subcommands", {verb}))
+                result.push_back(verb + ' ' + below);
         }
         return result;
     }
@@ -93,8 +88,8 @@ protected:
 
 TEST_F(Examples, EachVerbHasSomeThatUseIt)
 {
-    std::vector<std::string> const all = verbs();
-    ASSERT_EQ(all.size(), 25u);
+    std::vector<std::string> const all = allVerbs();
+    EXPECT_EQ(std::count(all.begin(), all.end(), "next-name audio"), 1);
     for (std::string const& verb : all) {
         EXPECT_FALSE(examples(verb).empty()) << verb;
         for (Example const& example : examples(verb)) {
@@ -106,7 +101,7 @@ TEST_F(Examples, EachVerbHasSomeThatUseIt)
 
 TEST_F(Examples, EachEndsAsItIsTold)
 {
-    for (std::string const& verb : verbs())
+    for (std::string const& verb : allVerbs())
         for (Example const& example : examples(verb)) {
             Ended const ended = runIn(prepared(verb), example.command);
             EXPECT_EQ(ended.status, statedStatus(example)) << example.command << '\n' << ended.out << ended.err;
@@ -223,7 +218,7 @@ TEST_F(Examples, ManualTellsTheSame)
     std::string page = said({"manual"});
     for (auto const& [troff, typed] : {std::pair<char const*, char const*>{"\\\\-", "-"}, {"\\\\\\(aq", "'"}, {"\\\\\\(ti", "~"}})
         page = std::regex_replace(page, std::regex(troff), typed);
-    for (std::string const& verb : verbs())
+    for (std::string const& verb : allVerbs())
         for (Example const& example : examples(verb))
             EXPECT_NE(page.find(".TP\n\\fB" + example.command + "\\fR\n" + example.effect + '\n'), std::string::npos) << example.command;
 }

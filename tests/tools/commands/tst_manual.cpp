@@ -3,15 +3,10 @@
 // The manual page, which is made from the verbs themselves, has every verb and option of the help.
 #include "Tool.h"
 
-#include <algorithm>
 #include <fstream>
 #include <regex>
-#include <set>
-#include <sstream>
 
 namespace {
-
-using Words = std::set<std::string>;
 
 std::string fileContent(std::string const& name)
 {
@@ -22,32 +17,14 @@ std::string fileContent(std::string const& name)
 
 class Manual : public Tool {
 protected:
-    // What the help lists under a heading: the first word of each line.
-    Words helpLists(std::string const& heading, std::vector<std::string> const& verb = {})
-    {
-        std::vector<std::string> command = verb;
-        command.emplace_back("--help");
-        Words result;
-        bool isInside = false;
-        for (std::string const& line : lines(said(command))) {
-            if (line.empty() || line[0] != ' ')
-                isInside = line == heading + ":";
-            else if (isInside && line[2] != ' ')
-                result.insert(line.substr(2, line.find_first_of(" ", 2) - 2));
-        }
-        return result;
-    }
-
     // The long options that a verb takes itself.
-    Words longOptions(std::vector<std::string> const& verb = {})
+    std::vector<std::string> longOptions(std::vector<std::string> const& verb = {})
     {
-        Words result;
-        for (std::string const& option : helpLists("Options", verb))
-            result.insert(option.substr(option.find("--")));
+        std::vector<std::string> result = helpLists("Options", verb);
+        for (std::string& option : result)
+            option.erase(0, option.find("--"));
         return result;
     }
-
-    Words verbs() { return helpLists("Subcommands"); }
 };
 
 // --- The manual page ---
@@ -55,7 +32,6 @@ protected:
 TEST_F(Manual, PageTellsEveryVerbAndOptionOfTheHelp)
 {
     std::string const page = std::regex_replace(said({"manual"}), std::regex("\\\\-"), "-");
-    ASSERT_EQ(verbs().size(), 22u);
     for (std::string const& verb : verbs()) {
         std::size_t const begin = page.find(".SS \"\\fB" + verb + "\\fR");
         ASSERT_NE(begin, std::string::npos) << verb;

@@ -4,8 +4,7 @@
 // leaves as it is, and how the two differ.
 #include "Tool.h"
 
-#include <Storage/SqliteStorage.h>
-
+#include <support/Documents.h>
 #include <support/Named.h>
 #include <support/OtherProgram.h>
 
@@ -19,36 +18,11 @@
 namespace {
 
 using Storage::SqliteStorage;
-using Bytes = std::vector<unsigned char>;
-using Values = std::map<std::string, SqliteStorage::Value>;
 
 std::string fileContent(std::string const& name)
 {
     std::ifstream file(name, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
-}
-
-Values valuesOf(std::string const& file)
-{
-    Values values;
-    if (std::filesystem::exists(file))
-        for (SqliteStorage::Row const& row : SqliteStorage(file).rows())
-            values[row.key] = row.value;
-    return values;
-}
-
-void put(std::string const& file, Values const& values)
-{
-    std::vector<SqliteStorage::Change> changes;
-    for (auto const& [key, value] : values)
-        changes.push_back({key, value});
-    SqliteStorage(file).apply(changes);
-}
-
-// A document of version 1 with these entries, written as people would.
-std::string document(std::string const& product, std::string const& common = "")
-{
-    return R"({"format": "editor-settings export", "version": 1, "stores": {"product": {)" + product + R"(}, "common": {)" + common + "}}}";
 }
 
 class Exchange : public Tool {
@@ -373,12 +347,6 @@ protected:
     }
 };
 
-struct Malformed {
-    char const* meaning;
-    std::string content;
-    std::string reason;
-};
-
 class MalformedDocument : public RefusedImport, public testing::WithParamInterface<Malformed> {};
 
 TEST_P(MalformedDocument, SaysWhereItIsWrongAndChangesNothing)
@@ -387,42 +355,11 @@ TEST_P(MalformedDocument, SaysWhereItIsWrongAndChangesNothing)
     EXPECT_EQ(reason({in}), "editor-settings: '" + in + "': " + GetParam().reason + "; nothing was changed\n");
 }
 
-std::string const correct = "; correct it there, or export the file again";
-std::string const nul = " a NUL stands there, which no text holds; save the file as UTF-8, or export it again";
-std::string const makeOne = "give a file that 'editor-settings export' made";
-std::string const writeTheKeySo =
-    " is not how a key is written: a backslash is doubled, and only a byte that is not UTF-8 stands as \\xHH, "
-    "in small letters; write it so";
-
-// A document whose first entry is good, so that it is seen that even that is not stored.
-std::string after(std::string const& entries) { return document(R"("lastTarget": {"kind": "string", "value": "x"}, )" + entries); }
-
-std::string repeated(std::string const& text, int times)
-{
-    std::string result;
-    for (int time = 0; time < times; ++time)
-        result += text;
-    return result;
-}
+INSTANTIATE_TEST_SUITE_P(Everywhere, MalformedDocument, testing::ValuesIn(malformedEverywhere()), byMeaning);
 
 INSTANTIATE_TEST_SUITE_P(
     Table, MalformedDocument,
     testing::Values(
-        Malformed{"Truncated", document("").substr(0, 89),
-                  "line 1, column 90: syntax error while parsing object - unexpected end of input; expected '}'" + correct},
-        Malformed{"Array", "[1]", "the document is an array; give an object, between { and }"},
-        Malformed{"NoFields", "{}", "format is missing, so this is no export of settings; " + makeOne},
-        Malformed{"NestedDeeply",
-                  after(R"("npsSendCount": {"kind": "int", "value": )" + repeated("{\"a\":", 500000) + "1" + repeated("}", 500000) + "}"),
-                  "stores.product.npsSendCount.value.a.a.a.a is nested too deeply; " + makeOne},
-        Malformed{"LongValueIsCut",
-                  after(R"("mainWindowState": {"kind": "bytes", "value": ")" + std::string(98, 'A') + "\xC3\xBC" +
-                        std::string(100000, 'A') + "\"}"),
-                  "stores.product.mainWindowState.value is \"" + std::string(98, 'A') + "\xE2\x80\xA6; give bytes in base64"},
-        Malformed{"KeyTwice", after(R"("lastTarget": {"kind": "string", "value": "y"})"),
-                  "stores.product.lastTarget stands there twice; keep one of the two"},
-        Malformed{"NulInAKey", after(R"("Indication/a\u0000b": {"kind": "bytes", "value": ""})"),
-                  "stores.product.Indication/a\\x00b holds a NUL, which no key can; remove it"},
         Malformed{"LoneBackslashInAKey", after(R"("Indication/\\n": {"kind": "bytes", "value": ""})"),
                   "stores.product.Indication/\\\\n" + writeTheKeySo},
         Malformed{"MistypedKey", after(R"("exprtPath": {"kind": "string", "value": "x"})"),
@@ -431,11 +368,7 @@ INSTANTIATE_TEST_SUITE_P(
         Malformed{
             "LongKeyIsCut", after("\"" + std::string(1000, 'q') + R"(": {"kind": "int", "value": 1})"),
             "stores.product." + std::string(99, 'q') +
-                "\xE2\x80\xA6 is no preference of the editor; correct or remove it, or give --with-unknown to take such keys as they are"},
-        Malformed{"OtherStore", document("", R"("exportPath": {"kind": "string", "value": "x"})"),
-                  "stores.common.exportPath is kept in the other store; move it to stores.product"},
-        Malformed{"OtherKind", after(R"("npsSendCount": {"kind": "string", "value": "1"})"),
-                  "stores.product.npsSendCount.kind is \"string\", which the editor would not read; give a value of kind \"int\""}),
+                "\xE2\x80\xA6 is no preference of the editor; correct or remove it, or give --with-unknown to take such keys as they are"}),
     byMeaning);
 
 TEST_F(RefusedImport, FileThatIsNoneIsNamed)

@@ -30,18 +30,6 @@ namespace {
 
 constexpr int wrongUsage = 2;
 
-std::vector<Command> allCommands()
-{
-    std::vector<Command> all = preferenceCommands();
-    auto const add = [&](std::vector<Command> const& more) { all.insert(all.end(), more.begin(), more.end()); };
-    add({pathsCommand(), nextNameCommand(), projectCommand()});
-    add(namedValueCommands());
-    add(backupCommands());
-    add({monitorCommand(), doctorCommand()});
-    add(transferCommands());
-    return all;
-}
-
 // --- From commands to the parser ---
 
 CLI::Option* added(CLI::App& app, Option const& option)

@@ -175,4 +175,4 @@ Command restoreCommand()
 
 } // namespace
 
-std::vector<Command> backupCommands() { return {backupCommand(), restoreCommand()}; }
+std::vector<Command> commandsOfBackups() { return {backupCommand(), restoreCommand()}; }

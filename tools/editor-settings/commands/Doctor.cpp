@@ -212,7 +212,7 @@ bool examineAll(fs::path const& productFile, std::optional<fs::path> const& stor
 
 } // namespace
 
-Command doctorCommand()
+std::vector<Command> commandsOfDoctor()
 {
     auto const format = std::make_shared<FormatChoice>();
     Command command;
@@ -226,5 +226,5 @@ Command doctorCommand()
     command.run = [format](Invocation const& invocation) {
         return examineAll(invocation.productFile, invocation.storeFolder, *format) ? 0 : 1;
     };
-    return command;
+    return {command};
 }

@@ -103,7 +103,7 @@ void monitorStores(Host::Application const& application, Format format)
 
 } // namespace
 
-Command monitorCommand()
+std::vector<Command> commandsOfMonitor()
 {
     auto const format = std::make_shared<FormatChoice>();
     Command command;
@@ -116,5 +116,5 @@ Command monitorCommand()
         monitorStores(*invocation.application, *format);
         return 0;
     };
-    return command;
+    return {command};
 }

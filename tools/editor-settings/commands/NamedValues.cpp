@@ -101,7 +101,7 @@ Command targetHistoryCommand()
 
 } // namespace
 
-std::vector<Command> namedValueCommands()
+std::vector<Command> commandsOfNamedValues()
 {
     return {favoritesCommand(), indicationCommand(), tutorialsCommand(), colorsCommand(), targetHistoryCommand()};
 }

@@ -197,7 +197,7 @@ Command nextNameOf(std::shared_ptr<NextNameWords> const& words, NewFile file, ch
 
 } // namespace
 
-Command nextNameCommand()
+std::vector<Command> commandsOfNextName()
 {
     auto const words = std::make_shared<NextNameWords>();
     Option const source = Option("SOURCE", &words->options.source, "The file that it is made of; only its name counts")
@@ -223,5 +223,5 @@ Command nextNameCommand()
         {"editor-settings next-name audio", "The file that the next recording goes into."},
         {"editor-settings next-name --reserve freeze holiday.mov", "Makes an empty file of the next name, and prints that."}};
     command.verbs = {audio, freeze, stabilized};
-    return command;
+    return {command};
 }

@@ -218,7 +218,7 @@ std::vector<Option> pathsOptions(PathsWords& words)
 
 } // namespace
 
-Command pathsCommand()
+std::vector<Command> commandsOfPaths()
 {
     auto const words = std::make_shared<PathsWords>();
     Command command;
@@ -239,5 +239,5 @@ Command pathsCommand()
         showPaths(*invocation.application, words->options, words->format);
         return 0;
     };
-    return command;
+    return {command};
 }

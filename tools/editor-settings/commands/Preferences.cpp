@@ -292,30 +292,6 @@ void explainPreference(Host::Application const& application, std::string const& 
         printTable(tableOf(found, file, computedBy), {}, format);
 }
 
-void showProject(Format format)
-{
-    QStringList const extensions = Settings::supportedProjectFileExtensions();
-    QString const sample = Settings::sampleProjectPath();
-    if (format == Format::json) {
-        printJson({{"defaultName", Settings::projectNameDefault().toStdString()},
-                   {"extensions", toJson(extensions)},
-                   {"extensionForSaving", Settings::projectFileExtension().toStdString()},
-                   {"saveFilter", Settings::projectFileSaveFilter().toStdString()},
-                   {"openFilter", Settings::projectFileOpenFilter().toStdString()},
-                   {"sampleProject", sample.isNull() ? ordered_json() : ordered_json(sample.toStdString())}});
-        return;
-    }
-    printTable({{"default name", onOneLine(Settings::projectNameDefault())},
-                {"extensions", inColumn(extensions, format)},
-                {"extension for saving", onOneLine(Settings::projectFileExtension())},
-                {"save filter", onOneLine(Settings::projectFileSaveFilter())},
-                {"open filter", onOneLine(Settings::projectFileOpenFilter())},
-                {"sample project", onOneLine(sample)}},
-               {}, format);
-    if (sample.isNull() && format == Format::people)
-        printError(absl::StrCat("there is no sample project below ", stockSampleProjectsPath().toStdString()));
-}
-
 // --- The verbs ---
 
 constexpr char const* keyHelp = "The preference";
@@ -459,20 +435,4 @@ Command explainCommand()
 
 } // namespace
 
-std::vector<Command> preferenceCommands() { return {listCommand(), getCommand(), setCommand(), unsetCommand(), explainCommand()}; }
-
-Command projectCommand()
-{
-    auto const format = std::make_shared<FormatChoice>();
-    Command command;
-    command.name = "project";
-    command.summary = "Default name, extensions and filters of projects, and the sample project";
-    command.options = withFormat(*format, jsonHelp);
-    command.examples = {{"editor-settings project", "What a new project is called, and which files the editor opens."}};
-    command.stores = always(StoreUse::read);
-    command.run = [format](Invocation const&) {
-        showProject(*format);
-        return 0;
-    };
-    return command;
-}
+std::vector<Command> commandsOfPreferences() { return {listCommand(), getCommand(), setCommand(), unsetCommand(), explainCommand()}; }

@@ -4,12 +4,11 @@
 #include "commands/Output.h"
 #include "terminal/Escaping.h"
 #include "terminal/Table.h"
-#include <Inspection/PreferenceState.h>
+#include <Inspection/Locations.h>
 #include <Inspection/ValueFormat.h>
 
 #include <Host/ProductFile.h>
-
-#include <absl/strings/str_cat.h>
+#include <Storage/EmptyStorage.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -21,6 +20,7 @@ using Catalogue::Family;
 using Catalogue::Location;
 using Catalogue::Preference;
 using Inspection::cppTypeName;
+using Inspection::LocationState;
 using Inspection::typeName;
 
 namespace {
@@ -29,7 +29,7 @@ namespace {
 std::string const nobodysHome = "/dev/null/home";
 std::string const noResources = "/dev/null/resources";
 
-// Binds the library to a product without stores, in the environment of a user who has set nothing.
+// Binds the library to a product with empty stores, in the environment of a user who has set nothing.
 class BoundOnAnyMachine {
 public:
     explicit BoundOnAnyMachine(std::filesystem::path const& productFile) : m_product(std::make_shared<Host::ProductFile>(productFile))
@@ -37,11 +37,12 @@ public:
         ::setenv("HOME", nobodysHome.c_str(), 1);
         for (char const* variable : {"XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"})
             ::unsetenv(variable);
-        Settings::init({m_product, {}, {}, Lumora::ioPath(noResources)});
+        Settings::init({m_product, m_nothing, m_nothing, Lumora::ioPath(noResources)});
     }
 
 private:
     std::shared_ptr<IProductInfo> m_product;
+    std::shared_ptr<ISettingsStorage> m_nothing = std::make_shared<Storage::EmptyStorage>();
 };
 
 // --- Markdown ---
@@ -109,15 +110,6 @@ Line lineOf(Family const& family)
             family.purpose};
 }
 
-template <typename T>
-std::vector<Line> linesOf(std::vector<T> const& rows)
-{
-    std::vector<Line> lines;
-    for (T const& row : rows)
-        lines.push_back(lineOf(row));
-    return lines;
-}
-
 char const* const preferencesBegin = R"(# Preferences
 
 <!-- Printed by 'editor-settings list --format markdown'; scripts/docs rewrites it. -->
@@ -177,32 +169,20 @@ std::string decidedBy(Location const& location)
     return joined(deciding, ", ");
 }
 
-Line lineOf(Location const& location, std::string const& argument)
+Line lineOf(LocationState const& state)
 {
-    std::string const label = argument.empty() ? location.name : absl::StrCat(location.name, "(", argument, ")");
-    return {code(label), inPage(location.path(argument)), Catalogue::useName(location.use), decidedBy(location), location.purpose};
+    Preference const* const preference = state.preference;
+    return {code(state.label()), inPage(state.path), Catalogue::useName(state.use),
+            preference ? "itself, else as " + code(state.location->name) : decidedBy(*state.location),
+            preference ? preference->purpose : state.location->purpose};
 }
 
-// A folder preference shows its default, since the binding has no store that it could be read from.
-Line lineOfFolder(Preference const& row)
-{
-    Location const& fallback = Catalogue::locationOf(row.computedDefault);
-    return {code(row.name), inPage(fallback.path()), Catalogue::useName(Catalogue::Use::written), "itself, else as " + code(fallback.name),
-            row.purpose};
-}
-
-std::vector<Line> linesOfLocations()
+template <typename T>
+std::vector<Line> linesOf(std::vector<T> const& rows)
 {
     std::vector<Line> lines;
-    for (Preference const& row : Catalogue::preferences())
-        if (row.computedDefault)
-            lines.push_back(lineOfFolder(row));
-    for (Location const& location : Catalogue::locations()) {
-        if (location.arguments.empty())
-            lines.push_back(lineOf(location, {}));
-        for (std::string const& argument : location.arguments)
-            lines.push_back(lineOf(location, argument));
-    }
+    for (T const& row : rows)
+        lines.push_back(lineOf(row));
     return lines;
 }
 
@@ -222,7 +202,7 @@ void printLocationsPage(std::filesystem::path const& productFile)
 {
     BoundOnAnyMachine const binding(productFile);
     std::cout << locationsBegin;
-    printMarkdown({"location", "path", "use", "decided by", "what it is for"}, linesOfLocations());
+    printMarkdown({"location", "path", "use", "decided by", "what it is for"}, linesOf(Inspection::locationStates()));
 }
 
 Option pageOption(std::string& page, std::vector<std::string> const& others)

@@ -337,4 +337,4 @@ Command diffCommand()
 
 } // namespace
 
-std::vector<Command> transferCommands() { return {exportCommand(), importCommand(), diffCommand()}; }
+std::vector<Command> commandsOfTransfer() { return {exportCommand(), importCommand(), diffCommand()}; }
