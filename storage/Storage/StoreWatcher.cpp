@@ -129,7 +129,7 @@ private:
     {
         std::vector<Difference> result;
         for (RowDifference& difference : rowDifferences(m_rows, rows)) {
-            bool const isOwn = m_opened && m_own->hasMade(difference.key, difference.after, m_seen);
+            bool const isOwn = m_own->hasMade(difference.key, difference.after, m_seen);
             result.push_back({std::move(difference), isOwn});
         }
         m_rows = std::move(rows);

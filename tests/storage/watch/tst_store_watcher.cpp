@@ -370,7 +370,8 @@ TEST_F(Watched, ChangeThatFailedIsNotOurs)
     store.setInt("b", 2);
     EXPECT_THROW(store.apply({{"a", {}}, {"b", 3}, {"c", std::string(1000000001, 'x')}}), Storage::StorageError);
     m_other.remove("a");
-    EXPECT_EQ(lookForMakers(), (Lines{"others': a 1 -> (unset)", "ours: b 1 -> 2"}));
+    store.setInt("d", 1);
+    EXPECT_EQ(lookForMakers(), (Lines{"others': a 1 -> (unset)", "ours: b 1 -> 2", "ours: d (unset) -> 1"}));
 }
 
 TEST_F(Watched, StoreThatThisProcessMakesIsOurs)
