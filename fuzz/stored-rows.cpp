@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <optional>
 #include <stdexcept>
 
 using Fuzz::expect;
@@ -149,6 +150,20 @@ void checkRows(SqliteStorage const& store, OtherProgram& other)
     expect(index == rows.size(), "no row is made up");
 }
 
+// That a row that is removed can be written back, also of a kind that cannot be read.
+void checkWritingBack(SqliteStorage& store, std::string const& key)
+{
+    std::optional<SqliteStorage::Row> const row = store.find(key);
+    if (!row)
+        return;
+    store.apply({{key, {}, SqliteStorage::Expected{row}}});
+    store.apply({SqliteStorage::Change::restoring(*row, SqliteStorage::Expected{})});
+    std::optional<SqliteStorage::Row> restored = store.find(key);
+    expect(restored.has_value(), "a row that is written back");
+    restored->changed = row->changed;
+    expect(restored == row, "a row that is written back as it was");
+}
+
 // That a set replaces whatever is there, and a removal takes it away.
 void checkChanges(SqliteStorage& store, std::string const& key)
 {
@@ -175,6 +190,7 @@ int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size)
     }
     other.execute("COMMIT");
     checkRows(store, other);
+    checkWritingBack(store, first);
     checkChanges(store, first);
     return 0;
 }

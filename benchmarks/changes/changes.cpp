@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -110,7 +111,8 @@ void measureRest(benchmark::State& state)
 
 void addOnce(char const* row, void (*run)(benchmark::State&), int iterations)
 {
-    Bench::addRun(row, "library", run)->UseManualTime()->Repetitions(1)->Iterations(Bench::isShort() ? 1 : iterations);
+    std::string const name = row + std::string("/library");
+    benchmark::RegisterBenchmark(name.c_str(), run)->UseManualTime()->Repetitions(1)->Iterations(Bench::isShort() ? 1 : iterations);
 }
 
 Bench::Registration const registration([] {

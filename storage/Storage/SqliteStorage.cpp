@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <Storage/Batch.h>
+#include <Storage/Conflict.h>
 #include <Storage/Kind.h>
 #include <Storage/SqliteStorage.h>
 
@@ -24,7 +26,6 @@
 #include <limits>
 #include <mutex>
 #include <thread>
-#include <type_traits>
 #include <utility>
 
 namespace Storage {
@@ -59,12 +60,19 @@ void bindText(SQLite::Statement& statement, int index, std::string const& text)
 
 void bindValue(SQLite::Statement& statement, int index, bool value) { statement.bind(index, value ? 1 : 0); }
 void bindValue(SQLite::Statement& statement, int index, int value) { statement.bind(index, value); }
+void bindValue(SQLite::Statement& statement, int index, std::int64_t value) { statement.bind(index, value); }
+void bindValue(SQLite::Statement& statement, int index, double value) { statement.bind(index, value); }
 void bindValue(SQLite::Statement& statement, int index, std::string const& value) { bindText(statement, index, value); }
 void bindValue(SQLite::Statement& statement, int index, std::vector<unsigned char> const& value)
 {
     // A null pointer would be stored as NULL instead of an empty blob.
     void const* const bytes = value.empty() ? static_cast<void const*>("") : value.data();
     statement.bindNoCopy(index, bytes, checkedSize(value.size()));
+}
+
+std::optional<SqliteStorage::Row> copyOf(std::shared_ptr<SqliteStorage::Row const> const& row)
+{
+    return row ? std::optional<SqliteStorage::Row>(*row) : std::nullopt;
 }
 
 } // namespace
@@ -126,36 +134,47 @@ class SqliteStorage::Connection {
         return std::make_shared<Row const>(decodedRow(key, find->getColumn(0), find->getColumn(1), find->getColumn(2)));
     }
 
+    // Notes the row as it is read, as SQLite may store a value in another type.
+    void noteNow(std::string const& key)
+    {
+        if (m_own->isWatched())
+            m_own->note(key, copyOf(findNow(key)));
+    }
+
     template <typename T>
-    void setNow(std::string const& key, T const& value)
+    void putNow(std::string const& key, std::string const& kind, T const& value)
     {
         Use set(m_set);
         bindText(*set, 1, key);
-        set->bindNoCopy(2, storedWord(kindOfType<T>()));
+        bindText(*set, 2, kind);
         bindValue(*set, 3, value);
-        std::int64_t const changed = millisecondsSinceEpoch();
-        set->bind(4, changed);
+        set->bind(4, static_cast<std::int64_t>(millisecondsSinceEpoch()));
         set->exec();
-        m_own->noteSet(key, storedWord(kindOfType<T>()), value, std::chrono::milliseconds(changed));
+        noteNow(key);
     }
 
-    void removeNow(std::string const& key)
+    void putNow(std::string const& key, std::string const&, std::monostate)
     {
         Use remove(m_remove);
         bindText(*remove, 1, key);
         if (remove->exec() > 0)
-            m_own->noteRemoval(key);
+            noteNow(key);
     }
 
     void makeNow(Change const& change)
     {
-        auto const make = [&](auto const& value) {
-            if constexpr (std::is_same_v<decltype(value), std::monostate const&>)
-                removeNow(change.key);
-            else
-                setNow(change.key, value);
-        };
-        std::visit(make, change.value);
+        if (std::holds_alternative<std::monostate>(change.payload))
+            std::visit([&](auto const& value) { putNow(change.key, kindWord(change.value), value); }, change.value);
+        else
+            std::visit([&](auto const& value) { putNow(change.key, change.kind, value); }, change.payload);
+    }
+
+    void checkExpected(std::string const& what, Change const& change)
+    {
+        if (!change.expected)
+            return;
+        if (std::optional<Row> const stored = copyOf(findNow(change.key)); !(stored == change.expected->row))
+            throw Conflict(m_file.u8string(), what, change.key, change.expected->row, stored);
     }
 
     std::filesystem::path const m_file;
@@ -204,17 +223,20 @@ public:
     template <typename T>
     void set(std::string const& key, T const& value)
     {
-        change("set \"" + key + '"', [&] { setNow(key, value); });
+        change("set \"" + key + '"', [&] { putNow(key, storedWord(kindOfType<T>()), value); });
     }
 
     void remove(std::string const& key)
     {
-        change("remove \"" + key + '"', [&] { removeNow(key); });
+        change("remove \"" + key + '"', [&] { putNow(key, {}, std::monostate()); });
     }
 
     void apply(std::vector<Change> const& changes)
     {
-        change("make " + std::to_string(changes.size()) + (changes.size() == 1 ? " change" : " changes together"), [&] {
+        std::string const what = "make " + std::to_string(changes.size()) + (changes.size() == 1 ? " change" : " changes together");
+        change(what, [&] {
+            for (Change const& change : changes)
+                checkExpected(what, change);
             for (Change const& change : changes)
                 makeNow(change);
         });
@@ -264,39 +286,62 @@ T valueOr(std::shared_ptr<SqliteStorage::Row const> const& row, T const& default
 
 } // namespace
 
-void SqliteStorage::setBool(std::string const& key, bool value) { m_connection->set(key, value); }
+// Looks in the batch of this thread first.
+std::shared_ptr<SqliteStorage::Row const> SqliteStorage::current(std::string const& key) const
+{
+    Batch const* const batch = Batch::openOn(*this);
+    std::shared_ptr<Row const> const* const collected = batch ? batch->find(key) : nullptr;
+    return collected ? *collected : m_connection->find(key);
+}
 
-void SqliteStorage::setInt(std::string const& key, int value) { m_connection->set(key, value); }
+template <typename T>
+void SqliteStorage::set(std::string const& key, T const& value)
+{
+    if (Batch* const batch = Batch::openOn(*this))
+        batch->put(key, value);
+    else
+        m_connection->set(key, value);
+}
 
-void SqliteStorage::setString(std::string const& key, std::string const& value) { m_connection->set(key, value); }
+void SqliteStorage::setBool(std::string const& key, bool value) { set(key, value); }
 
-void SqliteStorage::setBytes(std::string const& key, std::vector<unsigned char> const& value) { m_connection->set(key, value); }
+void SqliteStorage::setInt(std::string const& key, int value) { set(key, value); }
 
-bool SqliteStorage::contains(std::string const& key) const { return m_connection->find(key) != nullptr; }
+void SqliteStorage::setString(std::string const& key, std::string const& value) { set(key, value); }
 
-void SqliteStorage::remove(std::string const& key) { m_connection->remove(key); }
+void SqliteStorage::setBytes(std::string const& key, std::vector<unsigned char> const& value) { set(key, value); }
 
-bool SqliteStorage::getBool(std::string const& key, bool defaultValue) const { return valueOr(m_connection->find(key), defaultValue); }
+bool SqliteStorage::contains(std::string const& key) const { return current(key) != nullptr; }
 
-int SqliteStorage::getInt(std::string const& key, int defaultValue) const { return valueOr(m_connection->find(key), defaultValue); }
+void SqliteStorage::remove(std::string const& key)
+{
+    if (Batch* const batch = Batch::openOn(*this))
+        batch->put(key, {});
+    else
+        m_connection->remove(key);
+}
+
+bool SqliteStorage::getBool(std::string const& key, bool defaultValue) const { return valueOr(current(key), defaultValue); }
+
+int SqliteStorage::getInt(std::string const& key, int defaultValue) const { return valueOr(current(key), defaultValue); }
 
 std::string SqliteStorage::getString(std::string const& key, std::string const& defaultValue) const
 {
-    return valueOr(m_connection->find(key), defaultValue);
+    return valueOr(current(key), defaultValue);
 }
 
 std::vector<unsigned char> SqliteStorage::getBytes(std::string const& key, std::vector<unsigned char> const& defaultValue) const
 {
-    return valueOr(m_connection->find(key), defaultValue);
+    return valueOr(current(key), defaultValue);
 }
 
-std::optional<SqliteStorage::Row> SqliteStorage::find(std::string const& key) const
+std::optional<SqliteStorage::Row> SqliteStorage::find(std::string const& key) const { return copyOf(current(key)); }
+
+std::vector<SqliteStorage::Row> SqliteStorage::rows() const
 {
-    std::shared_ptr<Row const> const row = m_connection->find(key);
-    return row ? std::optional<Row>(*row) : std::nullopt;
+    Batch const* const batch = Batch::openOn(*this);
+    return batch ? batch->laidOver(m_connection->rows()) : m_connection->rows();
 }
-
-std::vector<SqliteStorage::Row> SqliteStorage::rows() const { return m_connection->rows(); }
 
 void SqliteStorage::apply(std::vector<Change> const& changes) { m_connection->apply(changes); }
 

@@ -5,6 +5,7 @@
 #include <Storage/StorageError.h>
 
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -18,7 +19,7 @@ namespace Storage {
 /// A durable store: one SQLite file, one row for each key.
 ///
 /// Durability: a set or a removal is one transaction, on disk when the call returns. After a crash each key holds its
-///   old or its new value.
+///   old or its new value. `apply` and `Batch` make several changes in one transaction.
 /// Threads: any thread may call at any time; calls on one object take turns, but for reads of an unchanged file.
 /// Processes: several may hold the file open. A read sees what another process committed before it. A writer, and a read
 ///   that has something new to see, wait for the others for as long as `Options::busyTimeout`.
@@ -48,18 +49,34 @@ public:
     /// A stored value; `std::monostate` where this version cannot read the kind, or the value as that kind.
     using Value = std::variant<std::monostate, bool, int, std::string, std::vector<unsigned char>>;
 
+    /// A stored value in a type of SQLite's; `std::monostate` for none.
+    using Payload = std::variant<std::monostate, std::int64_t, double, std::string, std::vector<unsigned char>>;
+
     /// A key with its value.
     struct Row {
         std::string key;  ///< Of any bytes; UTF-8 by convention.
         std::string kind; ///< The stored word of a `Storage::Kind`; another word where a later version stored it.
         Value value;      ///< Of that kind.
         std::chrono::system_clock::time_point changed; ///< When the value was last set, to the millisecond.
+        Payload payload{}; ///< The stored value where `value` is `std::monostate`, so that it can be written back; else none.
+    };
+
+    /// The state in which a change expects its key.
+    struct Expected {
+        std::optional<Row> row; ///< As `find` or `rows` returned it; nullopt where the key should be absent.
     };
 
     /// One of the changes that `apply` makes together.
     struct Change {
-        std::string key; ///< What is changed.
-        Value value;     ///< `std::monostate` removes the key.
+        std::string key;                    ///< What is changed.
+        Value value{};                      ///< `std::monostate` removes the key, unless `payload` has a value for it.
+        std::optional<Expected> expected{}; ///< What must be stored before; nullopt where anything may be.
+        std::string kind{};                 ///< The kind of `payload`. Any word.
+        Payload payload{};                  ///< Stored instead of `value`, under `kind`.
+
+        /// Writes `row` back, value and kind byte for byte, also where this version cannot read them. It becomes a row that
+        /// was changed now.
+        static Change restoring(Row const& row, std::optional<Expected> expected = {});
     };
 
     /// The properties of the file itself.
@@ -101,7 +118,9 @@ public:
     /// All rows as of one moment, sorted by the bytes of their keys.
     std::vector<Row> rows() const;
 
-    /// Makes all of `changes`, in their order, or none of them where one cannot be made: one transaction.
+    /// Makes all of `changes`, in their order, or none of them where one cannot be made: one transaction. Throws `Conflict`
+    /// where a key differs from what its change expects. Every expectation, also of a second change of a key, is about the
+    /// store as it is before the first change; rows are compared by `==`.
     void apply(std::vector<Change> const& changes);
     /// The bytes of the store as of one moment, which make another store when they are written to a file.
     std::string snapshot() const;
@@ -122,7 +141,15 @@ public:
 
 private:
     class Connection;
+
+    std::shared_ptr<Row const> current(std::string const& key) const;
+    template <typename T>
+    void set(std::string const& key, T const& value);
+
     std::unique_ptr<Connection> m_connection;
 };
+
+/// Whether two rows agree in key, kind, value and time, and their payloads byte for byte.
+bool operator==(SqliteStorage::Row const& one, SqliteStorage::Row const& other);
 
 } // namespace Storage

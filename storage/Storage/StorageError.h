@@ -22,6 +22,7 @@ public:
         access,   ///< The file is missing, was moved, or this user has no right to it.
         io,       ///< The system failed to read or to write, or lacks memory or descriptors.
         tooLarge, ///< A key, a value or a path is longer than a store can take.
+        conflict, ///< Another row than the expected one is stored; thrown as a `Storage::Conflict`.
     };
 
     /// `what` becomes "`file`: cannot `attempt`: `reason`; `remedy`".

@@ -58,6 +58,8 @@ std::string nameOf(Code code)
         return "io";
     case Code::tooLarge:
         return "tooLarge";
+    case Code::conflict:
+        return "conflict";
     }
     return "no code";
 }
@@ -264,7 +266,13 @@ INSTANTIATE_TEST_SUITE_P(
                     SqliteStorage opened(store(folder));
                     return codeOf([&] { opened.setString("key", std::string(1000000001, 'x')); });
                 },
-                "tooLarge"}),
+                "tooLarge"},
+        Failure{"OtherRowThanTheExpectedOne",
+                [](fs::path const& folder) {
+                    SqliteStorage opened(store(folder));
+                    return codeOf([&] { opened.apply({{"key", 2, SqliteStorage::Expected{}}}); });
+                },
+                "conflict"}),
     byMeaning);
 
 INSTANTIATE_TEST_SUITE_P(

@@ -28,7 +28,7 @@ public:
     };
 
     /// Files beyond this many bytes are read row by row.
-    static constexpr std::int64_t largestFile = 256 * 1024;
+    static constexpr std::int64_t largestFile = std::int64_t{256} * 1024;
 
     /// `isAllowed` says whether what another process writes shows at once in the file system.
     RowCache(StoreFile const& file, bool isAllowed) : m_file(file), m_isAllowed(isAllowed) {}

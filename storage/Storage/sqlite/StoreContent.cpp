@@ -12,10 +12,12 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstring>
 #include <limits>
 #include <memory>
 #include <optional>
 #include <sstream>
+#include <type_traits>
 #include <utility>
 
 namespace Storage {
@@ -23,16 +25,21 @@ namespace Storage {
 namespace {
 
 using Value = SqliteStorage::Value;
+using Payload = SqliteStorage::Payload;
+
+std::vector<unsigned char> bytesOf(SQLite::Column const& stored)
+{
+    auto const* bytes = static_cast<unsigned char const*>(stored.getBlob());
+    return {bytes, bytes + stored.getBytes()};
+}
 
 // Returns no value where its SQL type does not fit its kind.
 Value decoded(std::optional<Kind> kind, SQLite::Column const& stored)
 {
     if (kind == Kind::text && stored.isText())
         return stored.getString();
-    if (kind == Kind::bytes && stored.isBlob()) {
-        auto const* bytes = static_cast<unsigned char const*>(stored.getBlob());
-        return std::vector<unsigned char>(bytes, bytes + stored.getBytes());
-    }
+    if (kind == Kind::bytes && stored.isBlob())
+        return bytesOf(stored);
     if (!stored.isInteger())
         return {};
     long long const number = stored.getInt64();
@@ -41,6 +48,30 @@ Value decoded(std::optional<Kind> kind, SQLite::Column const& stored)
     if (kind == Kind::integer && number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max())
         return static_cast<int>(number);
     return {};
+}
+
+Payload payloadOf(SQLite::Column const& stored)
+{
+    switch (stored.getType()) {
+    case SQLITE_INTEGER:
+        return std::int64_t{stored.getInt64()};
+    case SQLITE_FLOAT:
+        return stored.getDouble();
+    case SQLITE_TEXT:
+        return stored.getString();
+    case SQLITE_BLOB:
+        return bytesOf(stored);
+    default:
+        return {};
+    }
+}
+
+// Tells the zeros of a real number apart, which `==` does not.
+bool isSame(Payload const& one, Payload const& other)
+{
+    double const* const number = std::get_if<double>(&one);
+    double const* const otherNumber = std::get_if<double>(&other);
+    return number && otherNumber ? std::memcmp(number, otherNumber, sizeof *number) == 0 : one == other;
 }
 
 // Clamps a time beyond the clock's range, which another program may have stored.
@@ -56,7 +87,33 @@ std::chrono::system_clock::time_point decodedTime(long long sinceEpoch)
 
 SqliteStorage::Row decodedRow(std::string key, SQLite::Column const& kind, SQLite::Column const& value, SQLite::Column const& changed)
 {
-    return {std::move(key), kind.getString(), decoded(kindFromWord(kind.getString()), value), decodedTime(changed.getInt64())};
+    SqliteStorage::Row row{std::move(key), kind.getString(), decoded(kindFromWord(kind.getString()), value),
+                           decodedTime(changed.getInt64())};
+    if (std::holds_alternative<std::monostate>(row.value))
+        row.payload = payloadOf(value);
+    return row;
+}
+
+char const* kindWord(Value const& value)
+{
+    auto const word = [](auto const& held) {
+        if constexpr (std::is_same_v<decltype(held), std::monostate const&>)
+            return "";
+        else
+            return storedWord(kindOfType<std::decay_t<decltype(held)>>());
+    };
+    return std::visit(word, value);
+}
+
+bool operator==(SqliteStorage::Row const& one, SqliteStorage::Row const& other)
+{
+    return one.key == other.key && one.kind == other.kind && one.value == other.value && one.changed == other.changed &&
+           isSame(one.payload, other.payload);
+}
+
+SqliteStorage::Change SqliteStorage::Change::restoring(Row const& row, std::optional<Expected> expected)
+{
+    return {row.key, row.value, std::move(expected), row.kind, row.payload};
 }
 
 char const* const setStatement = "INSERT INTO settings (key, kind, value, changed) VALUES (?1, ?2, ?3, ?4) ON CONFLICT (key) DO UPDATE "

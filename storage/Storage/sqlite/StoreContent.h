@@ -32,6 +32,9 @@ std::vector<SqliteStorage::Row> storedRows(SQLite::Database& database);
 /// Decodes the columns of a row.
 SqliteStorage::Row decodedRow(std::string key, SQLite::Column const& kind, SQLite::Column const& value, SQLite::Column const& changed);
 
+/// The stored word for the kind of `value`; empty for `std::monostate`.
+char const* kindWord(SqliteStorage::Value const& value);
+
 /// The bytes of an open store's file as of one moment, with a header that asks for no write-ahead log.
 std::string snapshotOf(SQLite::Database& database);
 

@@ -9,15 +9,6 @@ namespace fs = std::filesystem;
 
 namespace Storage {
 
-namespace {
-
-bool isSameRow(SqliteStorage::Row const& one, SqliteStorage::Row const& other)
-{
-    return one.changed == other.changed && one.kind == other.kind && one.value == other.value;
-}
-
-} // namespace
-
 std::shared_ptr<OwnChanges> OwnChanges::of(fs::path const& file)
 {
     static std::mutex turns;
@@ -48,7 +39,7 @@ void OwnChanges::keepMade()
 
 void OwnChanges::noteReplacement(std::vector<Row> const& rows)
 {
-    if (m_watchers == 0)
+    if (!isWatched())
         return;
     m_last.clear();
     m_replacement = ++m_count;
@@ -62,7 +53,7 @@ bool OwnChanges::hasMade(std::string const& key, std::optional<Row> const& after
     if (last == m_last.end())
         return !after && m_replacement > seen;
     std::optional<Row> const& row = last->second.row;
-    return last->second.number > seen && (row && after ? isSameRow(*row, *after) : !row && !after);
+    return last->second.number > seen && row == after;
 }
 
 } // namespace Storage

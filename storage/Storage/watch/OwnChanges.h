@@ -12,7 +12,6 @@
 #include <mutex>
 #include <optional>
 #include <string>
-#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -50,17 +49,10 @@ public:
 
     // The rest is for who has the turn.
 
-    template <typename T>
-    void noteSet(std::string const& key, char const* kind, T const& value, std::chrono::milliseconds changed)
-    {
-        if (m_watchers > 0)
-            m_made.emplace_back(key, Row{key, kind, value, std::chrono::system_clock::time_point(changed)});
-    }
-    void noteRemoval(std::string const& key)
-    {
-        if (m_watchers > 0)
-            m_made.emplace_back(key, std::nullopt);
-    }
+    /// Whether there is a watcher, so that changes are to be noted.
+    bool isWatched() const { return m_watchers > 0; }
+    /// Notes that the transaction leaves `key` with `row`.
+    void note(std::string const& key, std::optional<Row> row) { m_made.emplace_back(key, std::move(row)); }
     /// Notes that the store holds `rows` now and nothing else.
     void noteReplacement(std::vector<Row> const& rows);
 

@@ -4,15 +4,21 @@
 #include <Notifier/Notifier.h>
 #include <Settings/Settings.h>
 #include <Storage/Backup.h>
+#include <Storage/Batch.h>
+#include <Storage/Conflict.h>
 #include <Storage/SqliteStorage.h>
 #include <TestKit/MemoryStorage.h>
 
 #include <QCoreApplication>
 #include <QSettings>
+#include <QThreadPool>
+#include <QTimer>
 
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 
 struct Product : IProductInfo {
     std::string vendorName() const override { return "Lumora"; }

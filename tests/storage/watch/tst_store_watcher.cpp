@@ -296,6 +296,8 @@ TEST_F(Watched, ChangesOfAllObjectsOfThisProcessAreOurs)
     first.remove("d");
     second.setBytes("c", {5});
     EXPECT_EQ(lookForMakers(), (Lines{"ours: c 3 -> (unreadable)", "ours: d 4 -> (unset)"}));
+    first.apply({{"e", {}, {}, "later", 1.5}});
+    EXPECT_EQ(lookForMakers(), Lines{"ours: e (unset) -> (unreadable)"});
 }
 
 TEST_F(Watched, ChangesOfAnotherProcessAreNotOurs)
