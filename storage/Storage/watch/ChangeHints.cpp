@@ -96,7 +96,7 @@ bool ChangeHints::wait(milliseconds atMost, int other)
         if (hasHint())
             break;
     }
-    bool const isOther = isReadable(other, 5);
+    bool const isOther = isReadable(other, 2);
     hasHint();
     return isOther;
 }

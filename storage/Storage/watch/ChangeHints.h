@@ -21,7 +21,7 @@ public:
     ChangeHints(ChangeHints const&) = delete;
     ChangeHints& operator=(ChangeHints const&) = delete;
 
-    /// Waits for a hint, at most for `atMost`, and after a hint for 5 ms more, as one change gives several. Returns at once,
+    /// Waits for a hint, at most for `atMost`, and after a hint for 2 ms more, as one change gives several. Returns at once,
     /// with true, when the descriptor `other` is readable.
     bool wait(std::chrono::milliseconds atMost, int other);
 
