@@ -27,27 +27,29 @@ private:
 
 } // namespace
 
-Application::Store::Store(fs::path const& path, StorePolicy policy) : bound(std::make_shared<NoStore>())
+Application::Store::Store(fs::path const& path, StorePolicy policy, Storage::SqliteStorage::Options options)
+    : bound(std::make_shared<NoStore>())
 {
     std::error_code noAnswer;
     file = fs::absolute(path, noAnswer);
     if (noAnswer)
         file = path; // there is no current directory, which the store's error names
-    bool const isMissing = fs::symlink_status(file, noAnswer).type() == fs::file_type::not_found;
-    if (isMissing && policy != StorePolicy::create)
-        return;
+    options.createIfMissing = policy == StorePolicy::create;
     try {
-        opened = std::make_shared<Storage::SqliteStorage>(file);
+        opened = std::make_shared<Storage::SqliteStorage>(file, options);
         bound = opened;
     } catch (Storage::StorageError const& unusable) {
+        if (unusable.code() == Storage::StorageError::Code::missing)
+            return;
         if (policy != StorePolicy::leaveOutUnusable)
             throw;
         error = unusable;
     }
 }
 
-Application::Application(fs::path const& productFile, std::optional<fs::path> const& storeFolder, StorePolicy policy)
-    : m_productInfo(std::make_shared<ProductFile>(productFile))
+Application::Application(fs::path const& productFile, std::optional<fs::path> const& storeFolder, StorePolicy policy,
+                         Storage::SqliteStorage::Options const& storeOptions)
+    : m_productInfo(std::make_shared<ProductFile>(productFile)), m_storeOptions(storeOptions)
 {
     SettingsContext context;
     context.productInfo = m_productInfo;
@@ -57,8 +59,8 @@ Application::Application(fs::path const& productFile, std::optional<fs::path> co
     fs::path const productFolder = storeFolder.value_or(fs::u8path(productDataPath().toStdString()));
     fs::path const commonFolder = storeFolder.value_or(productFolder.parent_path());
 
-    m_common = Store(commonFolder / "common-settings.sqlite", policy);
-    m_product = Store(productFolder / "product-settings.sqlite", policy);
+    m_common = Store(commonFolder / "common-settings.sqlite", policy, storeOptions);
+    m_product = Store(productFolder / "product-settings.sqlite", policy, storeOptions);
     context.commonStorage = m_common.bound;
     context.productStorage = m_product.bound;
     Settings::init(context);

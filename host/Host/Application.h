@@ -26,12 +26,15 @@ enum class StorePolicy {
 class Application {
 public:
     /// Binds the library. Throws `ProductFileError` and `Storage::StorageError`; the library is then not to be used.
+    /// `policy` decides about missing stores in place of `storeOptions`.
     explicit Application(std::filesystem::path const& productFile, std::optional<std::filesystem::path> const& storeFolder = std::nullopt,
-                         StorePolicy policy = StorePolicy::create);
+                         StorePolicy policy = StorePolicy::create, Storage::SqliteStorage::Options const& storeOptions = {});
     Application(Application const&) = delete;
     Application& operator=(Application const&) = delete;
 
     ProductFile const& productFile() const { return *m_productInfo; }
+    /// The options that the stores were opened with.
+    Storage::SqliteStorage::Options const& storeOptions() const { return m_storeOptions; }
     /// The store, or null where it was left out.
     Storage::SqliteStorage* commonStorage() const { return m_common.opened.get(); }
     Storage::SqliteStorage* productStorage() const { return m_product.opened.get(); }
@@ -45,7 +48,7 @@ public:
 private:
     struct Store {
         Store() = default;
-        Store(std::filesystem::path const& path, StorePolicy policy);
+        Store(std::filesystem::path const& path, StorePolicy policy, Storage::SqliteStorage::Options options);
 
         std::filesystem::path file;
         std::optional<Storage::StorageError> error;
@@ -54,6 +57,7 @@ private:
     };
 
     std::shared_ptr<ProductFile> m_productInfo;
+    Storage::SqliteStorage::Options m_storeOptions;
     Store m_common;
     Store m_product;
 };

@@ -199,7 +199,9 @@ Imported imported(Host::Application const& application, std::vector<Difference> 
     try {
         for (Target& target : targets)
             if (!target.store)
-                target.store = created.emplace_back(std::make_unique<SqliteStorage>(storageFile(application, target.name))).get();
+                target.store =
+                    created.emplace_back(std::make_unique<SqliteStorage>(storageFile(application, target.name), application.storeOptions()))
+                        .get();
     } catch (Storage::StorageError const& error) {
         return {error, {}};
     }

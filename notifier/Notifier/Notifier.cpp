@@ -18,11 +18,11 @@ std::vector<QString> namesOf(std::vector<Notifier::Store> const& stores)
     return names;
 }
 
-std::vector<std::filesystem::path> filesOf(std::vector<Notifier::Store> const& stores)
+std::vector<StoreFile> filesOf(std::vector<Notifier::Store> const& stores)
 {
-    std::vector<std::filesystem::path> files;
+    std::vector<StoreFile> files;
     for (Notifier::Store const& store : stores)
-        files.push_back(std::filesystem::absolute(store.file));
+        files.push_back({std::filesystem::absolute(store.file), store.options});
     return files;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <Storage/SqliteStorage.h>
+
 #include <QObject>
 #include <QString>
 
@@ -31,8 +33,9 @@ class Notifier : public QObject {
 public:
     /// A store, whose file need not exist; it is never created.
     struct Store {
-        QString name;               ///< Of the host's choice, for `rowChanged` and `failed`.
-        std::filesystem::path file; ///< As `Storage::SqliteStorage` takes it.
+        QString name;                              ///< Of the host's choice, for `rowChanged` and `failed`.
+        std::filesystem::path file;                ///< As `Storage::SqliteStorage` takes it.
+        Storage::SqliteStorage::Options options{}; ///< As the host opens it, for `Storage::StoreWatcher`.
     };
 
     /// Tells of changes to `stores`; a relative file is resolved here. No keys are chosen yet. Throws `std::system_error`

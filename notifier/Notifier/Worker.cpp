@@ -28,6 +28,14 @@ bool isChosen(Selection const& selection, std::string const& key)
     return selection.keys.count(key) > 0 || std::any_of(selection.prefixes.begin(), selection.prefixes.end(), begins);
 }
 
+std::vector<std::filesystem::path> pathsOf(std::vector<StoreFile> const& files)
+{
+    std::vector<std::filesystem::path> paths;
+    for (StoreFile const& file : files)
+        paths.push_back(file.path);
+    return paths;
+}
+
 int madeEvent()
 {
     int const descriptor = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
@@ -40,14 +48,18 @@ int madeEvent()
 
 // The hints are asked for before the first look, so that none is missed.
 struct Worker::Watch {
-    explicit Watch(std::vector<std::filesystem::path> const& files) : hints(files), watchers(files.begin(), files.end()) {}
+    explicit Watch(std::vector<StoreFile> const& files) : hints(pathsOf(files))
+    {
+        for (StoreFile const& file : files)
+            watchers.emplace_back(file.path, file.options);
+    }
 
     Storage::ChangeHints hints;
     std::vector<Storage::StoreWatcher> watchers;
     bool isFirst = true;
 };
 
-Worker::Worker(std::vector<std::filesystem::path> files, std::function<void()> haveNews, std::function<void()> check)
+Worker::Worker(std::vector<StoreFile> files, std::function<void()> haveNews, std::function<void()> check)
     : m_files(std::move(files)), m_haveNews(std::move(haveNews)), m_check(std::move(check)), m_wake(madeEvent())
 {}
 

@@ -3,6 +3,8 @@
 // The thread that looks at the stores of a Notifier. Internal.
 #pragma once
 
+#include <Storage/SqliteStorage.h>
+
 #include <cstddef>
 #include <filesystem>
 #include <functional>
@@ -15,6 +17,12 @@
 #include <vector>
 
 namespace Notifier {
+
+/// A store, and how it is opened.
+struct StoreFile {
+    std::filesystem::path path;
+    Storage::SqliteStorage::Options options;
+};
 
 /// The keys that are chosen.
 struct Selection {
@@ -34,7 +42,7 @@ struct News {
 class Worker {
 public:
     /// In the worker's thread, `haveNews` is called when there is something to take, and `check` after `requestCheck`.
-    Worker(std::vector<std::filesystem::path> files, std::function<void()> haveNews, std::function<void()> check);
+    Worker(std::vector<StoreFile> files, std::function<void()> haveNews, std::function<void()> check);
     ~Worker();
     Worker(Worker const&) = delete;
     Worker& operator=(Worker const&) = delete;
@@ -60,7 +68,7 @@ private:
     template <typename Add>
     void tell(Add const& add);
 
-    std::vector<std::filesystem::path> const m_files;
+    std::vector<StoreFile> const m_files;
     std::function<void()> const m_haveNews;
     std::function<void()> const m_check;
     int const m_wake; // an eventfd, readable when the thread must not wait

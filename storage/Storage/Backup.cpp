@@ -5,7 +5,9 @@
 #include "sqlite/SqliteErrors.h"
 #include "sqlite/StoreContent.h"
 #include "sqlite/StoreOpening.h"
+#include "sqlite/VfsShim.h"
 #include "watch/OwnChanges.h"
+#include "watch/RealName.h"
 
 #include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/Column.h>
@@ -32,15 +34,15 @@ using Code = StorageError::Code;
 
 constexpr int applicationId = 0x4C754542; // "LuEB"
 constexpr int formatVersion = 1;
-constexpr int busyMilliseconds = 5000;
 
 constexpr char const* keepReplaced = "keep the replaced file";
+constexpr char const* readTheBackup = "read the backup";
 constexpr char const* restoreTheStore = "restore the store";
 constexpr char const* nameAnother = "name another backup; this one was left as it is";
 
 [[noreturn]] void refuse(fs::path const& file, Code code, std::string const& reason, char const* remedy = nameAnother)
 {
-    throw StorageError(code, file.u8string(), "read the backup", reason, remedy);
+    throw StorageError(code, file.u8string(), readTheBackup, reason, remedy);
 }
 
 long long secondsSinceEpoch()
@@ -59,7 +61,7 @@ SQLite::Database opened(fs::path const& file)
         refuse(file, codeForSystem(error.value()), error.message());
     if (status.type() != fs::file_type::regular)
         refuse(file, Code::foreign, "it is not a regular file");
-    SQLite::Database database(file.string(), SQLite::OPEN_READONLY);
+    SQLite::Database database(file.string(), SQLite::OPEN_READONLY, 0, vfsShim());
     if (database.execAndGet("PRAGMA application_id").getInt() != applicationId)
         refuse(file, Code::foreign, "it is an SQLite file, but no backup");
     if (int const version = database.execAndGet("PRAGMA user_version").getInt(); version > formatVersion)
@@ -69,6 +71,7 @@ SQLite::Database opened(fs::path const& file)
                "update this program; the file was left as it is");
     if (std::vector<std::string> const damage = damageOf(database); !damage.empty())
         refuse(file, Code::damaged, "it is damaged (" + damage.front() + ")");
+    checkNoLog(file, readTheBackup, database);
     return database;
 }
 
@@ -88,7 +91,7 @@ public:
     SQLite::Database& database() { return m_database; }
 
     // Makes `target` equal to the copy. Returns the name of the kept original; nullopt where `target` was missing.
-    std::optional<fs::path> replace(fs::path const& target);
+    std::optional<fs::path> replace(fs::path const& target, SqliteStorage::Options const& options);
 
 private:
     std::string m_content; // must outlive the database that reads it
@@ -98,8 +101,8 @@ private:
 std::unique_ptr<Backup::Copy> Backup::checkedCopy(fs::path const& backup, std::string const& name, std::string content)
 {
     auto const unusable = [&](Code code, std::string const& reason) {
-        return StorageError(code, backup.u8string(), "read the backup",
-                            "its copy of the " + name + " store cannot be used (" + reason + ')', nameAnother);
+        return StorageError(code, backup.u8string(), readTheBackup, "its copy of the " + name + " store cannot be used (" + reason + ')',
+                            nameAnother);
     };
     try {
         auto copy = std::make_unique<Copy>(std::move(content));
@@ -143,7 +146,7 @@ void Backup::write(fs::path const& file, std::map<std::string, SqliteStorage con
                            "name a new file, or move that one away");
 }
 
-Backup::Backup(fs::path const& file) : m_file(absolutePath(file, "read the backup"))
+Backup::Backup(fs::path const& file) : m_file(absolutePath(file, readTheBackup))
 {
     try {
         SQLite::Database database = opened(m_file);
@@ -156,9 +159,10 @@ Backup::Backup(fs::path const& file) : m_file(absolutePath(file, "read the backu
             m_copies[name] = checkedCopy(m_file, name, copies.getColumn(1).getString());
         }
     } catch (SQLite::Exception const& error) {
-        if (error.getErrorCode() == SQLITE_CANTOPEN)
-            throw storageError(m_file, "read the backup", error);
-        refuse(m_file, codeFor(error), error.what());
+        StorageError const unusable = storageError(m_file, readTheBackup, error);
+        if ((error.getErrorCode() & 0xff) == SQLITE_CANTOPEN)
+            throw StorageError(unusable);
+        refuse(m_file, unusable.code(), unusable.reason());
     }
 }
 
@@ -176,7 +180,7 @@ std::vector<std::string> Backup::names() const
 
 std::vector<SqliteStorage::Row> Backup::rows(std::string const& name) const
 {
-    return withStorageErrors(m_file, "read the backup", [&] { return storedRows(m_copies.at(name)->database()); });
+    return withStorageErrors(m_file, readTheBackup, [&] { return storedRows(m_copies.at(name)->database()); });
 }
 
 namespace {
@@ -248,10 +252,10 @@ Kept keptAside(fs::path const& file)
 }
 
 // Opens the store for replacing its values; returns nullopt where the file itself has to be replaced.
-std::optional<SQLite::Database> openedForReplacing(fs::path const& file)
+std::optional<SQLite::Database> openedForReplacing(fs::path const& file, SqliteStorage::Options const& options)
 {
     try {
-        SQLite::Database database = openStore(file, busyMilliseconds, static_cast<int>(SqliteStorage::Synchronous::full));
+        SQLite::Database database = openStore(file, options);
         std::optional<StorageError> const obstacle = obstacleToChanges(file, restoreTheStore, database, 0);
         if (!obstacle) // locks the file until it is closed, so that the kept copy equals the replaced store
             database.exec("BEGIN IMMEDIATE; PRAGMA locking_mode = EXCLUSIVE; COMMIT");
@@ -263,8 +267,8 @@ std::optional<SQLite::Database> openedForReplacing(fs::path const& file)
     } catch (StorageError const&) {
         return std::nullopt;
     } catch (SQLite::Exception const& error) {
-        int const code = error.getErrorCode() & 0xff;
-        if (code == SQLITE_CORRUPT || code == SQLITE_NOTADB || code == SQLITE_ERROR)
+        Code const code = codeFor(error);
+        if (code == Code::damaged || code == Code::foreign)
             return std::nullopt;
         throw;
     }
@@ -272,14 +276,15 @@ std::optional<SQLite::Database> openedForReplacing(fs::path const& file)
 
 } // namespace
 
-std::optional<fs::path> Backup::restore(std::string const& name, fs::path const& file) const
+std::optional<fs::path> Backup::restore(std::string const& name, fs::path const& file, SqliteStorage::Options const& options) const
 {
     Copy& copy = *m_copies.at(name);
     fs::path const target = absolutePath(file, restoreTheStore);
+    checkFileSystem(target, restoreTheStore, options);
     return withStorageErrors(target, restoreTheStore, [&] {
         for (;;) {
             try {
-                return copy.replace(target);
+                return copy.replace(target, options);
             } catch (SQLite::Exception const& error) {
                 // Retries where another restore has replaced the file that this one had opened.
                 if (error.getExtendedErrorCode() != SQLITE_READONLY_DBMOVED && error.getErrorCode() != SQLITE_READONLY_DBMOVED)
@@ -289,13 +294,13 @@ std::optional<fs::path> Backup::restore(std::string const& name, fs::path const&
     });
 }
 
-std::optional<fs::path> Backup::Copy::replace(fs::path const& target)
+std::optional<fs::path> Backup::Copy::replace(fs::path const& target, SqliteStorage::Options const& options)
 {
     std::error_code error;
     fs::file_type const present = fs::symlink_status(target, error).type();
     if (present == fs::file_type::none)
         throwSystemError(target, restoreTheStore, error.value());
-    std::shared_ptr<OwnChanges> const own = OwnChanges::of(target);
+    std::shared_ptr<OwnChanges> const own = OwnChanges::of(realName(target));
     std::vector<SqliteStorage::Row> const rows = storedRows(m_database);
     if (present == fs::file_type::not_found) {
         setCompanionsAside(target, keptName(target)); // a journal may lie there without its store
@@ -305,7 +310,7 @@ std::optional<fs::path> Backup::Copy::replace(fs::path const& target)
             return std::nullopt;
         }
     }
-    if (std::optional<SQLite::Database> store = openedForReplacing(target)) {
+    if (std::optional<SQLite::Database> store = openedForReplacing(target, options)) {
         fs::path const kept = keptCopy(target, snapshotOf(*store));
         OwnChanges::Turn const turn = own->turn();
         SQLite::Backup all(*store, m_database);

@@ -33,13 +33,14 @@ public:
     /// The rows of the copy called `name`, which must be one of `names`, sorted by the bytes of their keys.
     std::vector<SqliteStorage::Row> rows(std::string const& name) const;
 
-    /// Makes the store in `file` equal to the copy called `name`. The original stays beside it; returns its new name, or
-    /// nullopt where `file` was missing.
+    /// Makes the store in `file` equal to the copy called `name`, and creates a missing one. The original stays beside it;
+    /// returns its new name, or nullopt where `file` was missing.
     ///
     /// A usable store is changed in one transaction, so that programs that have it open read the restored values from
     /// then on, and a crash leaves it either unchanged or restored; nobody else changes it between the copy of the original
     /// and the change. Anything else, such as a damaged store or a dangling link, is replaced atomically by a new file.
-    std::optional<std::filesystem::path> restore(std::string const& name, std::filesystem::path const& file) const;
+    std::optional<std::filesystem::path> restore(std::string const& name, std::filesystem::path const& file,
+                                                 SqliteStorage::Options const& options = {}) const;
 
 private:
     class Copy;

@@ -2,6 +2,7 @@
 #include <Storage/FileSystem.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <iterator>
 
 #include <linux/magic.h>
@@ -26,10 +27,15 @@ Locality localityOfType(std::uint32_t magic)
     return std::find(std::begin(network), std::end(network), magic) == std::end(network) ? Locality::local : Locality::network;
 }
 
-Locality localityOf(std::filesystem::path const& path)
+Locality localityOf(std::filesystem::path path)
 {
     struct statfs status = {};
-    return ::statfs(path.c_str(), &status) == 0 ? localityOfType(static_cast<std::uint32_t>(status.f_type)) : Locality::unknown;
+    while (::statfs(path.c_str(), &status) != 0) {
+        if (errno != ENOENT || !path.has_relative_path())
+            return Locality::unknown;
+        path = path.parent_path();
+    }
+    return localityOfType(static_cast<std::uint32_t>(status.f_type));
 }
 
 } // namespace Storage

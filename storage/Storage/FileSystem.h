@@ -15,8 +15,8 @@ enum class Locality {
     unknown, ///< The system does not tell, as for FUSE, where a program decides what a lock does.
 };
 
-/// The locality of the file system that holds the existing file or folder `path`; links are followed.
-Locality localityOf(std::filesystem::path const& path);
+/// The locality of the file system that holds `path`, or the nearest existing folder above it; links are followed.
+Locality localityOf(std::filesystem::path path);
 
 /// The locality of a file system of the type `magic`, in the system's numbers.
 Locality localityOfType(std::uint32_t magic);

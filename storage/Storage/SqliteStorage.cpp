@@ -23,7 +23,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
-#include <limits>
 #include <mutex>
 #include <thread>
 #include <utility>
@@ -31,12 +30,6 @@
 namespace Storage {
 
 namespace {
-
-// Clamped to SQLite's `int`, some 24 days.
-int busyMilliseconds(std::chrono::milliseconds duration)
-{
-    return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(duration.count(), 0, std::numeric_limits<int>::max()));
-}
 
 long long millisecondsSinceEpoch()
 {
@@ -189,13 +182,11 @@ class SqliteStorage::Connection {
     Prepared m_find{m_database, "SELECT kind, value, changed FROM settings WHERE key = ?1"};
     Prepared m_set{m_database, setStatement};
     Prepared m_remove{m_database, "DELETE FROM settings WHERE key = ?1"};
-    std::shared_ptr<OwnChanges> const m_own = OwnChanges::of(m_file);
+    std::shared_ptr<OwnChanges> const m_own = OwnChanges::of(sqlite3_db_filename(m_database.getHandle(), "main")); // without links
 
 public:
     Connection(std::filesystem::path const& path, Options const& options)
-        : m_file(path),
-          m_database(openFile(m_file, busyMilliseconds(options.busyTimeout), options.createMissing)),
-          m_cache(m_storeFile, localityOf(m_file) == Locality::local)
+        : m_file(path), m_database(openFile(m_file, options)), m_cache(m_storeFile, localityOf(m_file) == Locality::local)
     {
         SQLite::Transaction look(m_database); // the file is locked once for the whole look
         checkStore(m_file, m_database, m_all, m_set);

@@ -42,8 +42,11 @@ public:
         std::chrono::milliseconds busyTimeout{5000};
         /// How often a change waits for the disk.
         Synchronous synchronous = Synchronous::full;
-        /// Whether a missing file is created; else it is an error.
-        bool createMissing = true;
+        /// Whether a missing store is created; otherwise it is an error, and nothing is created.
+        bool createIfMissing = true;
+        /// Whether the store may lie on a network file system. Locks do not hold there between machines: two programs on two
+        /// machines, also one that only reads, can damage the store. For a host that makes sure that one machine uses it.
+        bool allowNetworkFileSystem = false;
     };
 
     /// A stored value; `std::monostate` where this version cannot read the kind, or the value as that kind.

@@ -19,10 +19,12 @@ public:
         foreign,  ///< Something other than a store, or a backup, has the file's name.
         newer,    ///< A newer version wrote the file.
         readOnly, ///< The file or its file system may be read, but not changed.
-        access,   ///< The file is missing, was moved, or this user has no right to it.
+        access,   ///< The file, or what belongs to it, is missing or was moved, or this user has no right to it.
         io,       ///< The system failed to read or to write, or lacks memory or descriptors.
         tooLarge, ///< A key, a value or a path is longer than a store can take.
         conflict, ///< Another row than the expected one is stored; thrown as a `Storage::Conflict`.
+        missing,  ///< The store does not exist, and the caller did not ask to create it.
+        network,  ///< The file lies on a network file system, where locks do not hold.
     };
 
     /// `what` becomes "`file`: cannot `attempt`: `reason`; `remedy`".

@@ -2,8 +2,10 @@
 #include <Storage/StoreWatcher.h>
 
 #include "watch/OwnChanges.h"
+#include "watch/RealName.h"
 
-#include <cerrno>
+#include <algorithm>
+#include <chrono>
 #include <map>
 #include <system_error>
 #include <utility>
@@ -63,7 +65,13 @@ std::vector<RowDifference> rowDifferences(Rows const& before, Rows const& after)
 
 class StoreWatcher::Watch {
 public:
-    Watch(fs::path const& file, std::chrono::milliseconds patience) : m_file(madeAbsolute(file)), m_patience(patience) { follow(); }
+    Watch(fs::path const& file, SqliteStorage::Options const& options)
+        : m_file(madeAbsolute(file)), m_options(options), m_patience(options.busyTimeout)
+    {
+        m_options.busyTimeout = std::min(m_options.busyTimeout, longestWait);
+        m_options.createIfMissing = false;
+        follow();
+    }
     ~Watch() { unfollow(); }
     Watch(Watch const&) = delete;
     Watch& operator=(Watch const&) = delete;
@@ -71,11 +79,10 @@ public:
     Look look()
     {
         try {
-            std::vector<Difference> differences = changes();
-            m_error.clear();
-            m_busySince.reset();
-            return {std::move(differences), std::nullopt};
+            return succeeded(changes());
         } catch (StorageError const& error) {
+            if (error.code() == StorageError::Code::missing)
+                return succeeded(gone());
             return {{}, toBeTold(error)};
         }
     }
@@ -83,12 +90,18 @@ public:
 private:
     using Identity = std::pair<dev_t, ino_t>; // another one for the file that replaced another
 
+    Look succeeded(std::vector<Difference> differences)
+    {
+        m_error.clear();
+        m_busySince.reset();
+        return {std::move(differences), std::nullopt};
+    }
+
     std::vector<Difference> changes()
     {
         struct stat status = {};
-        if (::stat(m_file.c_str(), &status) != 0 && (errno == ENOENT || errno == ENOTDIR))
-            return gone();
-        if (!m_opened || m_identity != Identity(status.st_dev, status.st_ino))
+        bool const exists = ::stat(m_file.c_str(), &status) == 0;
+        if (!m_opened || !exists || m_identity != Identity(status.st_dev, status.st_ino))
             open({status.st_dev, status.st_ino});
         OwnChanges::Turn const turn = m_own->turnWithin(longestWait);
         if (!turn)
@@ -109,10 +122,7 @@ private:
         m_opened.reset();
         m_version.reset();
         follow();
-        SqliteStorage::Options options;
-        options.busyTimeout = longestWait;
-        options.createMissing = false;
-        m_opened = std::make_unique<SqliteStorage>(m_file, options);
+        m_opened = std::make_unique<SqliteStorage>(m_file, m_options);
         m_identity = identity;
     }
 
@@ -151,7 +161,7 @@ private:
     // Notes which changes this process makes from now on. Links may lead elsewhere than before.
     void follow()
     {
-        std::shared_ptr<OwnChanges> const own = OwnChanges::of(m_file);
+        std::shared_ptr<OwnChanges> const own = OwnChanges::of(realName(m_file));
         if (own == m_own)
             return;
         unfollow();
@@ -170,6 +180,7 @@ private:
     }
 
     fs::path const m_file;
+    SqliteStorage::Options m_options;
     std::chrono::milliseconds const m_patience;
     std::shared_ptr<OwnChanges> m_own;
     long long m_seen = 0; // changes of this process before the last look that succeeded
@@ -181,7 +192,7 @@ private:
     std::optional<Clock::time_point> m_busySince;
 };
 
-StoreWatcher::StoreWatcher(fs::path const& file, std::chrono::milliseconds patience) : m_watch(std::make_unique<Watch>(file, patience)) {}
+StoreWatcher::StoreWatcher(fs::path const& file, SqliteStorage::Options const& options) : m_watch(std::make_unique<Watch>(file, options)) {}
 StoreWatcher::~StoreWatcher() = default;
 StoreWatcher::StoreWatcher(StoreWatcher&& other) noexcept = default;
 StoreWatcher& StoreWatcher::operator=(StoreWatcher&& other) noexcept = default;

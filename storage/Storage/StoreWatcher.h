@@ -3,7 +3,6 @@
 
 #include <Storage/SqliteStorage.h>
 
-#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -36,8 +35,9 @@ std::vector<RowDifference> rowDifferences(std::vector<SqliteStorage::Row> const&
 /// Threads: one at a time; best one that may wait, as each look reads the disk.
 class StoreWatcher {
 public:
-    /// Watches `file`, which need not exist. A store that others keep locked for longer than `patience` is an error.
-    explicit StoreWatcher(std::filesystem::path const& file, std::chrono::milliseconds patience = std::chrono::seconds(5));
+    /// Watches `file`, which need not exist, as a host that opens it with `options`. A store that others keep locked for
+    /// longer than `busyTimeout` is an error; `createIfMissing` does not count.
+    explicit StoreWatcher(std::filesystem::path const& file, SqliteStorage::Options const& options = {});
     ~StoreWatcher();
     StoreWatcher(StoreWatcher&& other) noexcept;
     StoreWatcher& operator=(StoreWatcher&& other) noexcept;

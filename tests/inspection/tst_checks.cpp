@@ -240,6 +240,17 @@ TEST_F(Checks, JournalOfAnUnfinishedChangeIsFound)
     EXPECT_EQ(found(Store::product), Lines());
 }
 
+TEST_F(Checks, JournalOfALinkedStoreLiesBesideTheTargetOfTheLink)
+{
+    fs::rename(product(), inHome("target.sqlite"));
+    fs::create_symlink(inHome("target.sqlite"), product());
+    OtherProgram editor(product());
+    editor.execute("BEGIN IMMEDIATE; UPDATE settings SET changed = 1");
+    Lines const lines = found(Store::product);
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_EQ(lines[0].substr(0, 53), "warning|journal-left|product||~/target.sqlite-journal");
+}
+
 TEST_F(Checks, JournalWithoutItsStoreIsFound)
 {
     fs::remove(common());

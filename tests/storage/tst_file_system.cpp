@@ -2,7 +2,6 @@
 //
 // Whether the locks of a file system hold between machines.
 #include <Storage/FileSystem.h>
-#include <TestKit/TemporaryHome.h>
 
 #include <support/Named.h>
 
@@ -42,10 +41,15 @@ INSTANTIATE_TEST_SUITE_P(Table, LocalityOfAType,
 
 TEST(LocalityOfAPath, IsLocalForAFileOfTheSystemItself) { EXPECT_EQ(Storage::localityOf("/proc/self/status"), Locality::local); }
 
-TEST(LocalityOfAPath, IsUnknownForAMissingPath)
+TEST(LocalityOfAPath, OfAMissingFileIsThatOfTheNearestFolder)
 {
-    TestKit::TemporaryHome const home;
-    EXPECT_EQ(Storage::localityOf(home.path() / "missing"), Locality::unknown);
+    EXPECT_EQ(Storage::localityOf("/proc/self/missing/below"), Locality::local);
+}
+
+TEST(LocalityOfAPath, IsUnknownWhereTheSystemDoesNotTell)
+{
+    EXPECT_EQ(Storage::localityOf("/proc/self/status/below"), Locality::unknown);
+    EXPECT_EQ(Storage::localityOf(""), Locality::unknown);
 }
 
 } // namespace

@@ -253,12 +253,6 @@ INSTANTIATE_TEST_SUITE_P(
                                  UnusableFile::sql(file, "PRAGMA encoding = 'UTF-16'; CREATE TABLE settings (key TEXT PRIMARY KEY, kind TEXT, value, changed)");
                              },
                              "it is an SQLite file of another program", "move it away, or name another file"},
-                    Unusable{"FolderInPlaceOfItsJournal",
-                             [](std::filesystem::path const& file) {
-                                 UnusableFile::store(file);
-                                 std::filesystem::create_directory(file.string() + "-journal");
-                             },
-                             "disk I/O error", "check the disk and its space, and try again"},
                     Unusable{"Folder", [](std::filesystem::path const& file) { std::filesystem::create_directory(file); },
                              "it is not a regular file", "move it away, or name another file"},
                     Unusable{"Fifo", [](std::filesystem::path const& file) { ::mkfifo(file.c_str(), 0600); }, "it is not a regular file",

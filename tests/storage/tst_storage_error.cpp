@@ -60,6 +60,10 @@ std::string nameOf(Code code)
         return "tooLarge";
     case Code::conflict:
         return "conflict";
+    case Code::missing:
+        return "missing";
+    case Code::network:
+        return "network";
     }
     return "no code";
 }

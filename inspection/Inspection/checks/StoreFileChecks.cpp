@@ -22,7 +22,13 @@ namespace Inspection {
 
 namespace {
 
-std::string journalOf(ExaminedStore const& store) { return store.file.u8string() + "-journal"; }
+// SQLite keeps the journal of a linked store beside the link's target.
+std::string journalOf(ExaminedStore const& store)
+{
+    std::error_code error;
+    bool const isLink = fs::is_symlink(fs::symlink_status(store.file, error));
+    return (isLink ? fs::canonical(store.file, error) : store.file).u8string() + "-journal";
+}
 
 // Every store keeps an empty journal beside it, so an absent one counts as empty.
 std::uintmax_t sizeOfJournal(ExaminedStore const& store)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "SqliteErrors.h"
 
-#include <sqlite3.h>
+#include "VfsShim.h"
 
 #include <cerrno>
 #include <system_error>
@@ -26,6 +26,13 @@ Meaning meaningOf(int extendedCode)
 {
     if (extendedCode == SQLITE_READONLY_DBMOVED)
         return {Code::access, "the file was moved or removed while it was open: start the program again"};
+    if (extendedCode == refusedJournal)
+        return {Code::foreign, "move the journal away"};
+    if (extendedCode == refusedSuperJournal)
+        return {Code::foreign,
+                "let the program that made that change undo it, or move the journal away and restore the store from a backup"};
+    if (extendedCode == refusedLog)
+        return {Code::foreign, "switch it back with: sqlite3 FILE 'PRAGMA journal_mode=DELETE'"};
     switch (extendedCode & 0xff) {
     case SQLITE_BUSY:
         return {Code::busy, "another process is writing: try again, or close the other process"};
@@ -68,6 +75,27 @@ Meaning meaningOfSystem(int error)
     }
 }
 
+// SQLite keeps the journal of a linked file beside the link's target.
+std::string journalOf(fs::path const& file)
+{
+    std::error_code error;
+    bool const isLink = fs::is_symlink(fs::symlink_status(file, error));
+    return (isLink ? fs::canonical(file, error) : file).u8string() + "-journal";
+}
+
+std::string reasonOf(fs::path const& file, int extendedCode, char const* reasonOfSqlite)
+{
+    if (extendedCode == refusedJournal)
+        return "its journal " + journalOf(file) + " is not a regular file";
+    if (extendedCode == refusedSuperJournal)
+        return "its journal " + journalOf(file) + " is a part of an interrupted change of several files";
+    if (extendedCode == refusedLog)
+        return "it was switched to write-ahead logging, which can damage it";
+    if (extendedCode == SQLITE_READONLY_ROLLBACK)
+        return "its journal " + journalOf(file) + " holds an interrupted change, which can only be undone where the file may be written";
+    return reasonOfSqlite;
+}
+
 // SQLiteCpp gives an error of its own a negative extended code.
 int extendedCode(SQLite::Exception const& error)
 {
@@ -89,7 +117,7 @@ StorageError::Code codeFor(SQLite::Exception const& error) { return meaningOf(ex
 StorageError storageError(fs::path const& file, std::string const& attempt, SQLite::Exception const& error)
 {
     Meaning const meaning = meaningOf(extendedCode(error));
-    return {meaning.code, file.u8string(), attempt, error.what(), meaning.remedy};
+    return {meaning.code, file.u8string(), attempt, reasonOf(file, extendedCode(error), error.what()), meaning.remedy};
 }
 
 } // namespace Storage

@@ -35,7 +35,7 @@ SqliteStorage::Row decodedRow(std::string key, SQLite::Column const& kind, SQLit
 /// The stored word for the kind of `value`; empty for `std::monostate`.
 char const* kindWord(SqliteStorage::Value const& value);
 
-/// The bytes of an open store's file as of one moment, with a header that asks for no write-ahead log.
+/// The bytes of an open store's file as of one moment.
 std::string snapshotOf(SQLite::Database& database);
 
 } // namespace Storage

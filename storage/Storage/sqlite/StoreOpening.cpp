@@ -6,12 +6,15 @@
 #include "StoreFile.h"
 #include "VfsShim.h"
 #include <Storage/AtomicFile.h>
+#include <Storage/FileSystem.h>
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdint>
+#include <limits>
 #include <system_error>
 #include <thread>
 
@@ -36,6 +39,8 @@ constexpr char const* makeTables = "BEGIN;"
                                    " changed INTEGER NOT NULL);" // milliseconds since 1970-01-01 00:00 UTC
                                    "COMMIT;";
 
+constexpr char const* openTheStore = "open the store";
+
 constexpr std::size_t longestPath = 504; // SQLite's limit, beyond which it only reports that it cannot open the file
 
 // The content of a store without values.
@@ -45,6 +50,12 @@ std::string emptyStore()
     database.exec("PRAGMA application_id = " + std::to_string(applicationId) +
                   "; PRAGMA user_version = " + std::to_string(SqliteStorage::writtenSchema) + ";" + makeTables);
     return snapshotOf(database);
+}
+
+// Clamped to SQLite's `int`, some 24 days.
+int busyMilliseconds(std::chrono::milliseconds duration)
+{
+    return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(duration.count(), 0, std::numeric_limits<int>::max()));
 }
 
 // A busy handler that retries every millisecond. SQLite's own backs off so far that it misses every moment in which
@@ -64,37 +75,50 @@ int retryWhileBusy(void* timeout, int earlier)
 
 [[noreturn]] void refuse(fs::path const& file, Code code, std::string const& reason, char const* remedy)
 {
-    throw StorageError(code, file.u8string(), "open the store", reason, remedy);
+    throw StorageError(code, file.u8string(), openTheStore, reason, remedy);
 }
 
-bool hasJournal(fs::path const& file)
+// Whether a companion of a store is more than an empty file. A link counts for itself.
+bool isInTheWay(fs::path const& companion, fs::path const& file, char const* attempt)
 {
-    std::error_code error;
-    std::uintmax_t const size = fs::file_size(file.string() + "-journal", error);
-    return !error && size > 0;
+    struct stat status = {};
+    if (::lstat(companion.c_str(), &status) == 0)
+        return !S_ISREG(status.st_mode) || status.st_size > 0;
+    if (errno != ENOENT && errno != ENOTDIR)
+        throwSystemError(file, attempt, errno);
+    return false;
 }
 
 // Throws where a new store must not be created under the name.
-void checkMissing(fs::path const& file)
+void checkMissing(fs::path const& file, SqliteStorage::Options const& options)
 {
     std::error_code error;
     if (fs::is_symlink(fs::symlink_status(file, error)))
         refuse(file, Code::foreign, "it is a symbolic link to a file that does not exist",
                "remove the link, or restore the file that it names");
-    if (hasJournal(file) && !fs::exists(file, error)) // checked again, as another process may just have made the store
+    if (!options.createIfMissing)
+        refuse(file, Code::missing, "it does not exist", "name the file of a store");
+    fs::path const log = file.string() + "-wal";
+    bool const hasJournal = isInTheWay(file.string() + "-journal", file, openTheStore);
+    if (fs::exists(file, error)) // checked again, as another process may just have made the store
+        return;
+    if (hasJournal)
         refuse(file, Code::access, "it is gone, but its journal is there and would be played back into a new one",
                "bring the store back beside its journal, or move the journal away");
+    if (isInTheWay(log, file, openTheStore))
+        refuse(file, Code::access, "it is gone, but a write-ahead log, " + log.u8string() + ", is there and would be played into a new one",
+               "bring the store back beside its log, or move the log away");
 }
 
 // Returns whether the file exists, and throws where it cannot be a store. It asks for names and sizes only: closing the
 // file here would drop the locks that another store object of this process holds on it.
-bool isPresent(fs::path const& file)
+bool isPresent(fs::path const& file, SqliteStorage::Options const& options)
 {
     struct stat status = {};
     if (::stat(file.c_str(), &status) != 0) {
         if (errno != ENOENT && errno != ENOTDIR)
-            throwSystemError(file, "open the store", errno);
-        checkMissing(file);
+            throwSystemError(file, openTheStore, errno);
+        checkMissing(file, options);
         return false;
     }
     if (!S_ISREG(status.st_mode))
@@ -158,19 +182,35 @@ fs::path absolutePath(fs::path const& file, char const* attempt)
     return absolute;
 }
 
-SQLite::Database openFile(fs::path const& file, int busyTimeoutMilliseconds, bool createMissing)
+void checkFileSystem(fs::path const& file, char const* attempt, SqliteStorage::Options const& options)
 {
-    bool const isMissing = !isPresent(file);
-    if (isMissing && !createMissing)
-        refuse(file, Code::access, "it does not exist", "name a store that exists");
-    if (isMissing)
+    if (!options.allowNetworkFileSystem && localityOf(file) == Locality::network)
+        throw StorageError(Code::network, file.u8string(), attempt,
+                           "it lies on a network file system, where locks do not hold between machines, so that two programs can damage it",
+                           "keep it on a local disk");
+}
+
+void checkNoLog(fs::path const& file, char const* attempt, SQLite::Database const& database)
+{
+    std::string const log = sqlite3_filename_wal(sqlite3_db_filename(database.getHandle(), "main"));
+    if (isInTheWay(log, file, attempt))
+        throw StorageError(Code::foreign, file.u8string(), attempt,
+                           "a write-ahead log, " + log + ", lies beside it, which other programs would play into it",
+                           "move the log away: it is not a part of this file");
+}
+
+SQLite::Database openFile(fs::path const& file, SqliteStorage::Options const& options)
+{
+    bool const exists = isPresent(file, options);
+    checkFileSystem(file, openTheStore, options);
+    if (!exists)
         writeNewFile(file, emptyStore(), "create the store"); // a file that another process made first is the store
     SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, 0, vfsShim());
     sqlite3_busy_handler(database.getHandle(), retryWhileBusy,
-                         reinterpret_cast<void*>(static_cast<std::intptr_t>(busyTimeoutMilliseconds)));
-    if (StoreFile(database).header().usesWriteAheadLog) // before the first statement, which would make the log's files
-        refuse(file, Code::foreign, "it was switched to write-ahead logging, which can damage it",
-               "switch it back with: sqlite3 FILE 'PRAGMA journal_mode=DELETE'");
+                         reinterpret_cast<void*>(static_cast<std::intptr_t>(busyMilliseconds(options.busyTimeout))));
+    if (StoreFile(database).header().usesWriteAheadLog)
+        throw SQLite::Exception(sqlite3_errstr(refusedLog), refusedLog);
+    checkNoLog(file, openTheStore, database); // beside a switched store it would be the store's own
     return database;
 }
 
@@ -181,11 +221,11 @@ void setJournal(SQLite::Database& database, int synchronous)
     database.exec("PRAGMA journal_mode = TRUNCATE; PRAGMA synchronous = " + std::to_string(synchronous));
 }
 
-SQLite::Database openStore(fs::path const& file, int busyTimeoutMilliseconds, int synchronous)
+SQLite::Database openStore(fs::path const& file, SqliteStorage::Options const& options)
 {
-    SQLite::Database database = openFile(file, busyTimeoutMilliseconds);
+    SQLite::Database database = openFile(file, options);
     checkStore(file, database);
-    setJournal(database, synchronous);
+    setJournal(database, static_cast<int>(options.synchronous));
     return database;
 }
 

@@ -19,12 +19,20 @@ namespace Storage {
 /// for SQLite, or where the process has no current directory.
 std::filesystem::path absolutePath(std::filesystem::path const& file, char const* attempt);
 
-/// Opens the store in the absolute path `file`, and creates a missing one. Throws `StorageError` and SQLite's errors.
-SQLite::Database openStore(std::filesystem::path const& file, int busyTimeoutMilliseconds, int synchronous);
+/// Throws a `StorageError` of `attempt` where `file`, which may be missing, lies on a network file system and `options` do
+/// not allow that.
+void checkFileSystem(std::filesystem::path const& file, char const* attempt, SqliteStorage::Options const& options);
+
+/// Throws a `StorageError` of `attempt` where a write-ahead log lies beside `file`, which `database` has open.
+void checkNoLog(std::filesystem::path const& file, char const* attempt, SQLite::Database const& database);
+
+/// Opens the store in the absolute path `file`, and creates a missing one unless `options` forbid it. Throws `StorageError`
+/// and SQLite's errors.
+SQLite::Database openStore(std::filesystem::path const& file, SqliteStorage::Options const& options);
 
 /// The steps of `openStore`. First the file, of which only the header is read; then `checkStore`; and at last, outside of
 /// a transaction, how changes are journalled.
-SQLite::Database openFile(std::filesystem::path const& file, int busyTimeoutMilliseconds, bool createMissing = true);
+SQLite::Database openFile(std::filesystem::path const& file, SqliteStorage::Options const& options);
 void setJournal(SQLite::Database& database, int synchronous);
 
 /// Throws a `StorageError` about `file`, or SQLite's error, where the open database is not an undamaged store.

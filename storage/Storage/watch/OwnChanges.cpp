@@ -1,26 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "OwnChanges.h"
 
-#include "RealName.h"
-
 #include <iterator>
 
 namespace fs = std::filesystem;
 
 namespace Storage {
 
-std::shared_ptr<OwnChanges> OwnChanges::of(fs::path const& file)
+std::shared_ptr<OwnChanges> OwnChanges::of(fs::path const& realName)
 {
     static std::mutex turns;
     static std::map<std::string, std::weak_ptr<OwnChanges>> all;
-    std::string const name = realName(file).native(); // two ways to a file lead to one object
     std::lock_guard<std::mutex> const turn(turns);
     for (auto entry = all.begin(); entry != all.end();)
         entry = entry->second.expired() ? all.erase(entry) : std::next(entry);
-    if (std::shared_ptr<OwnChanges> known = all[name].lock())
+    if (std::shared_ptr<OwnChanges> known = all[realName.native()].lock())
         return known;
     auto const made = std::make_shared<OwnChanges>();
-    all[name] = made;
+    all[realName.native()] = made;
     return made;
 }
 

@@ -28,8 +28,8 @@ public:
     using Row = SqliteStorage::Row;
     using Turn = std::unique_lock<std::timed_mutex>;
 
-    /// The object for `file`, which all stores and watchers of that file share. Any thread may call.
-    static std::shared_ptr<OwnChanges> of(std::filesystem::path const& file);
+    /// The object for the file of that real name, which all stores and watchers of the file share. Any thread may call.
+    static std::shared_ptr<OwnChanges> of(std::filesystem::path const& realName);
 
     /// The turn, once it is free.
     Turn turn() { return Turn(m_turns); }

@@ -120,16 +120,13 @@ TEST_F(Watched, MissingStoreIsNotCreated)
     EXPECT_EQ(look(), Lines{"exportPath (unset) -> /a"});
 }
 
-// The watcher relies on it where the file goes at the moment in which it is opened.
-TEST_F(Watched, MissingStoreIsAnErrorWhereItMayNotBeCreated)
+TEST_F(Watched, StoreBehindALinkThatLeadsNowhereIsAnError)
 {
-    SqliteStorage::Options options;
-    options.createMissing = false;
-    EXPECT_EQ(refusal([&] { SqliteStorage(m_file, options); }),
-              m_file.string() + ": cannot open the store: it does not exist; name a store that exists");
-    EXPECT_FALSE(std::filesystem::exists(m_file));
-    SqliteStorage(m_file).setInt("a", 1);
-    EXPECT_EQ(SqliteStorage(m_file, options).getInt("a", 0), 1);
+    std::filesystem::create_symlink("nowhere", m_file);
+    std::optional<Storage::StorageError> const error = m_watcher.look().error;
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->reason(), "it is a symbolic link to a file that does not exist");
+    EXPECT_FALSE(std::filesystem::exists(path("folder/nowhere")));
 }
 
 TEST_F(Watched, StoreInAMissingFolderIsMissing)
@@ -256,7 +253,7 @@ TEST_F(Watched, LockedStoreIsLookedAtLater)
 TEST_F(Watched, StoreThatStaysLockedIsAnError)
 {
     SqliteStorage(m_file).setString("exportPath", "/films");
-    StoreWatcher watcher(m_file, std::chrono::milliseconds(0));
+    StoreWatcher watcher(m_file, {std::chrono::milliseconds(0)});
     OtherProgram program(m_file);
     program.execute("BEGIN EXCLUSIVE");
     std::optional<Storage::StorageError> const error = watcher.look().error;
@@ -270,9 +267,9 @@ TEST_F(Watched, StoreThatStaysLockedIsAnError)
 TEST_F(Watched, StoreThatThisProgramIsWritingIsLookedAtLater)
 {
     SqliteStorage(m_file).setString("exportPath", "/films");
-    StoreWatcher impatient(m_file, std::chrono::milliseconds(0));
+    StoreWatcher impatient(m_file, {std::chrono::milliseconds(0)});
     {
-        std::shared_ptr<Storage::OwnChanges> const own = Storage::OwnChanges::of(m_file);
+        std::shared_ptr<Storage::OwnChanges> const own = Storage::OwnChanges::of(std::filesystem::canonical(m_file));
         Storage::OwnChanges::Turn const turn = own->turn();
         EXPECT_EQ(look(), Lines{});
         std::optional<Storage::StorageError> const error = impatient.look().error;

@@ -85,7 +85,7 @@ TEST_F(Completion, OffersTheLocations)
 
 TEST_F(Completion, OffersTheOptions)
 {
-    Words const everywhere = {"--help", "--version", "--color", "--no-pager", "--product", "--home"};
+    Words const everywhere = {"--help", "--version", "--color", "--no-pager", "--product", "--home", "--allow-network"};
     EXPECT_EQ(offered({"--"}), everywhere);
     Words list = {"--plain", "--json", "--set", "--unset", "--store", "--format"};
     list.insert(everywhere.begin(), everywhere.end());

@@ -182,6 +182,8 @@ private:
             if (!hasOpened || !command.namesFile)
                 std::cerr << "Run 'editor-settings doctor' with the same options to see what is wrong; 'editor-settings restore FILE' "
                              "brings a backup back.\n";
+            if (error.code() == Storage::StorageError::Code::network)
+                std::cerr << "Where no other machine uses the stores, '--allow-network' allows it.\n";
         } catch (std::exception const& error) {
             printError(error.what());
         }
@@ -199,6 +201,7 @@ private:
         Invocation invocation;
         if (!m_global.home.empty())
             invocation.storeFolder = m_global.home;
+        invocation.options.allowNetworkFileSystem = m_global.allowsNetwork;
         StoreUse const use = command.stores();
         if (command.needsProduct)
             invocation.productFile =
@@ -208,7 +211,7 @@ private:
         checkHome(use, m_global.home.empty() && isEmpty("XDG_DATA_HOME"));
         std::optional<ProgressLine> opening(1);
         opening->next("opening the stores");
-        Host::Application const application(invocation.productFile, invocation.storeFolder, policyFor(use));
+        Host::Application const application(invocation.productFile, invocation.storeFolder, policyFor(use), invocation.options);
         opening.reset();
         hasOpened = true;
         if (!changesStores(use))
@@ -273,7 +276,8 @@ std::vector<Option> GlobalOptions::options()
                 .of("DIR")
                 .refusingEmpty(emptyName)
                 .completedBy(Candidates::folders)
-                .fromEnvironment("EDITOR_SETTINGS_HOME")};
+                .fromEnvironment("EDITOR_SETTINGS_HOME"),
+            Option("--allow-network", &allowsNetwork, "Use stores on a network file system too, where two machines can damage them")};
 }
 
 int runCommandLine(int argc, char** argv)

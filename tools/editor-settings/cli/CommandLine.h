@@ -14,6 +14,7 @@ struct GlobalOptions {
     bool withoutPager = false;
     std::string productFile;
     std::string home;
+    bool allowsNetwork = false;
 
     /// The options that set these. The object must outlive the parsing.
     std::vector<Option> options();

@@ -119,7 +119,7 @@ void restoreStores(Host::Application const& application, std::string const& file
             progress->aside(error->what());
         Restored restored = {store, Inspection::rowDifferences(rowsNow(application, store), backup.rows(name(store))), std::nullopt};
         if (!isDryRun)
-            restored.kept = backup.restore(name(store), storageFile(application, store));
+            restored.kept = backup.restore(name(store), storageFile(application, store), application.storeOptions());
         if (format == Format::people)
             progress->aside(summary(backup, restored, isDryRun));
         all.push_back(std::move(restored));

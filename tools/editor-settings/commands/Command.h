@@ -114,6 +114,7 @@ enum class StoreUse {
 struct Invocation {
     std::filesystem::path productFile;
     std::optional<std::filesystem::path> storeFolder;
+    Storage::SqliteStorage::Options options;
     Host::Application const* application = nullptr; ///< Null where the verb opens no store.
 };
 

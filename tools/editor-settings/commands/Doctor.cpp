@@ -48,13 +48,14 @@ void examineStores(Host::Application const& application, Report& report, Progres
     }
 }
 
-Report reportOn(fs::path const& productFile, std::optional<fs::path> const& storeFolder)
+Report reportOn(Invocation const& invocation)
 {
-    Report report = {productFile.u8string(), {}, {}};
+    Report report = {invocation.productFile.u8string(), {}, {}};
     ProgressLine progress(4);
     progress.next("opening the stores");
     try {
-        Host::Application const application(productFile, storeFolder, Host::StorePolicy::leaveOutUnusable);
+        Host::Application const application(invocation.productFile, invocation.storeFolder, Host::StorePolicy::leaveOutUnusable,
+                                            invocation.options);
         report.add(checkHome());
         examineStores(application, report, progress);
         progress.next("looking at the folders that the editor writes to");
@@ -198,9 +199,9 @@ void printAsJson(Report const& report)
 
 // Prints the findings about the home folder, the product file, both stores and the folders that the editor writes to.
 // Changes nothing, except that SQLite undoes an interrupted change. Returns whether there are only notes.
-bool examineAll(fs::path const& productFile, std::optional<fs::path> const& storeFolder, Format format)
+bool examineAll(Invocation const& invocation, Format format)
 {
-    Report const report = reportOn(productFile, storeFolder);
+    Report const report = reportOn(invocation);
     if (format == Format::json)
         printAsJson(report);
     else if (format == Format::plain)
@@ -223,8 +224,6 @@ std::vector<Command> commandsOfDoctor()
                         {"editor-settings doctor --json > report.json", "The same, for somebody who helps."}};
     command.stores = always(StoreUse::none);
     command.isLong = true;
-    command.run = [format](Invocation const& invocation) {
-        return examineAll(invocation.productFile, invocation.storeFolder, *format) ? 0 : 1;
-    };
+    command.run = [format](Invocation const& invocation) { return examineAll(invocation, *format) ? 0 : 1; };
     return {command};
 }

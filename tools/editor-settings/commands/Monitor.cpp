@@ -89,7 +89,8 @@ void monitorStores(Host::Application const& application, Format format)
     std::filesystem::path const productFile = storageFile(application, Store::product);
     std::filesystem::path const commonFile = storageFile(application, Store::common);
     Storage::ChangeHints hints({productFile, commonFile});
-    WatchedStore watched[] = {{Store::product, StoreWatcher(productFile)}, {Store::common, StoreWatcher(commonFile)}};
+    WatchedStore watched[] = {{Store::product, StoreWatcher(productFile, application.storeOptions())},
+                              {Store::common, StoreWatcher(commonFile, application.storeOptions())}};
     for (WatchedStore& store : watched)
         if (auto const error = store.watcher.look().error)
             printError(error->what());
