@@ -2,6 +2,8 @@
 #include <Storage/Backup.h>
 
 #include "AtomicFile.h"
+#include "sqlite/ForkGuard.h"
+#include "sqlite/Hardening.h"
 #include "sqlite/SqliteErrors.h"
 #include "sqlite/StoreContent.h"
 #include "sqlite/StoreOpening.h"
@@ -35,6 +37,9 @@ using Code = StorageError::Code;
 constexpr int applicationId = 0x4C754542; // "LuEB"
 constexpr int formatVersion = 1;
 
+constexpr char const* aboutTable = "CREATE TABLE about (made INTEGER NOT NULL)"; // seconds since 1970-01-01 00:00 UTC
+constexpr char const* copiesTable = "CREATE TABLE copies (name TEXT NOT NULL PRIMARY KEY, content BLOB NOT NULL)";
+
 constexpr char const* keepReplaced = "keep the replaced file";
 constexpr char const* readTheBackup = "read the backup";
 constexpr char const* restoreTheStore = "restore the store";
@@ -51,6 +56,13 @@ long long secondsSinceEpoch()
     return duration_cast<seconds>(system_clock::now().time_since_epoch()).count();
 }
 
+std::vector<SchemaObject> schemaOfABackup()
+{
+    return {{"table", "about", "about", aboutTable},
+            {"table", "copies", "copies", copiesTable},
+            {"index", "sqlite_autoindex_copies_1", "copies", ""}};
+}
+
 SQLite::Database opened(fs::path const& file)
 {
     std::error_code error;
@@ -62,6 +74,8 @@ SQLite::Database opened(fs::path const& file)
     if (status.type() != fs::file_type::regular)
         refuse(file, Code::foreign, "it is not a regular file");
     SQLite::Database database(file.string(), SQLite::OPEN_READONLY, 0, vfsShim());
+    harden(database, Views::refused);
+    WorkLimit const limit(database);
     if (database.execAndGet("PRAGMA application_id").getInt() != applicationId)
         refuse(file, Code::foreign, "it is an SQLite file, but no backup");
     if (int const version = database.execAndGet("PRAGMA user_version").getInt(); version > formatVersion)
@@ -69,8 +83,10 @@ SQLite::Database opened(fs::path const& file)
                "it was written by a newer version (format " + std::to_string(version) + ", this version reads " +
                    std::to_string(formatVersion) + ")",
                "update this program; the file was left as it is");
-    if (std::vector<std::string> const damage = damageOf(database); !damage.empty())
-        refuse(file, Code::damaged, "it is damaged (" + damage.front() + ")");
+    if (std::optional<std::string> const strange = strangeObject(database, schemaOfABackup(), "a backup"))
+        refuse(file, Code::foreign, *strange);
+    if (std::vector<std::string> const damage = damageOf(database, 1); !damage.empty())
+        refuse(file, Code::damaged, "it is damaged (" + forSentence(damage.front(), 300) + ")");
     checkNoLog(file, readTheBackup, database);
     return database;
 }
@@ -86,6 +102,7 @@ public:
         auto const size = static_cast<sqlite3_int64>(m_content.size());
         if (sqlite3_deserialize(m_database.getHandle(), "main", bytes, size, size, SQLITE_DESERIALIZE_READONLY) != SQLITE_OK)
             throw SQLite::Exception(m_database.getHandle());
+        harden(m_database, Views::refused);
     }
 
     SQLite::Database& database() { return m_database; }
@@ -101,37 +118,35 @@ private:
 std::unique_ptr<Backup::Copy> Backup::checkedCopy(fs::path const& backup, std::string const& name, std::string content)
 {
     auto const unusable = [&](Code code, std::string const& reason) {
-        return StorageError(code, backup.u8string(), readTheBackup, "its copy of the " + name + " store cannot be used (" + reason + ')',
-                            nameAnother);
+        return StorageError(code, backup.u8string(), readTheBackup,
+                            "its copy of the " + forSentence(name, 40) + " store cannot be used (" + reason + ')', nameAnother);
     };
     try {
         auto copy = std::make_unique<Copy>(std::move(content));
-        checkStore(backup, copy->database());
         int const schema = copy->database().execAndGet("PRAGMA user_version").getInt();
-        if (schema > SqliteStorage::writtenSchema)
+        if (schema > SqliteStorage::writtenSchema) // of which nothing more is read
             throw *obstacleToChanges(backup, restoreTheStore, copy->database(), schema);
+        checkStore(backup, copy->database());
         return copy;
     } catch (StorageError const& error) {
         throw unusable(error.code(), error.reason());
     } catch (SQLite::Exception const& error) {
-        throw unusable(codeFor(error), error.what());
+        throw unusable(codeFor(error), reasonOf(backup, error));
     }
 }
 
 void Backup::write(fs::path const& file, std::map<std::string, SqliteStorage const*> const& stores)
 {
     fs::path const target = absolutePath(file, "write the backup");
+    ForkGuard const guard(target, "write the backup");
     std::map<std::string, std::string> snapshots;
     for (auto const& [name, store] : stores)
         snapshots[name] = store->snapshot();
     std::string const content = withStorageErrors(target, "write the backup", [&] {
         SQLite::Database database(":memory:", SQLite::OPEN_READWRITE);
         database.exec("PRAGMA application_id = " + std::to_string(applicationId) +
-                      "; PRAGMA user_version = " + std::to_string(formatVersion) +
-                      "; CREATE TABLE about (made INTEGER NOT NULL);" // seconds since 1970-01-01 00:00 UTC
-                      "CREATE TABLE copies (name TEXT NOT NULL PRIMARY KEY, content BLOB NOT NULL);"
-                      "INSERT INTO about VALUES (" +
-                      std::to_string(secondsSinceEpoch()) + ")");
+                      "; PRAGMA user_version = " + std::to_string(formatVersion) + ";" + aboutTable + ";" + copiesTable +
+                      "; INSERT INTO about VALUES (" + std::to_string(secondsSinceEpoch()) + ")");
         SQLite::Statement insert(database, "INSERT INTO copies VALUES (?1, ?2)");
         for (auto const& [name, snapshot] : snapshots) {
             insert.bind(1, name);
@@ -148,6 +163,7 @@ void Backup::write(fs::path const& file, std::map<std::string, SqliteStorage con
 
 Backup::Backup(fs::path const& file) : m_file(absolutePath(file, readTheBackup))
 {
+    ForkGuard const guard(m_file, readTheBackup);
     try {
         SQLite::Database database = opened(m_file);
         long long const latest = std::chrono::duration_cast<std::chrono::seconds>(std::chrono::system_clock::duration::max()).count();
@@ -180,6 +196,7 @@ std::vector<std::string> Backup::names() const
 
 std::vector<SqliteStorage::Row> Backup::rows(std::string const& name) const
 {
+    ForkGuard const guard(m_file, readTheBackup);
     return withStorageErrors(m_file, readTheBackup, [&] { return storedRows(m_copies.at(name)->database()); });
 }
 
@@ -280,6 +297,7 @@ std::optional<fs::path> Backup::restore(std::string const& name, fs::path const&
 {
     Copy& copy = *m_copies.at(name);
     fs::path const target = absolutePath(file, restoreTheStore);
+    ForkGuard const guard(target, restoreTheStore);
     checkFileSystem(target, restoreTheStore, options);
     return withStorageErrors(target, restoreTheStore, [&] {
         for (;;) {
@@ -319,6 +337,8 @@ std::optional<fs::path> Backup::Copy::replace(fs::path const& target, SqliteStor
         own->noteReplacement(rows);
         return kept;
     }
+    // A program in the midst of a change would otherwise journal it beside the new file, into which it would be played back.
+    std::optional<SQLite::Database> const lock = lockForReplacing(target, options);
     Kept kept;
     OwnChanges::Turn const turn = own->turn();
     replaceFile(target, m_content, restoreTheStore, [&] {

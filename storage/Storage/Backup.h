@@ -15,7 +15,7 @@ namespace Storage {
 
 /// Complete copies of stores in one file, with all rows and tables of later versions.
 ///
-/// Threads: one at a time. Errors: every function throws `StorageError` (and `std::bad_alloc`).
+/// Threads: one at a time. Forks: as for `SqliteStorage`. Errors: every function throws `StorageError` (and `std::bad_alloc`).
 class Backup {
 public:
     /// Writes a copy of each of `stores`, by name, to the new file `file`, with mode 0600; each as of one moment, also
@@ -38,7 +38,8 @@ public:
     ///
     /// A usable store is changed in one transaction, so that programs that have it open read the restored values from
     /// then on, and a crash leaves it either unchanged or restored; nobody else changes it between the copy of the original
-    /// and the change. Anything else, such as a damaged store or a dangling link, is replaced atomically by a new file.
+    /// and the change. Anything else, such as a damaged store or a dangling link, is replaced atomically by a new file,
+    /// while no program that has it open can change it. Either waits five seconds for others, and is `busy` then.
     std::optional<std::filesystem::path> restore(std::string const& name, std::filesystem::path const& file,
                                                  SqliteStorage::Options const& options = {}) const;
 

@@ -4,6 +4,8 @@
 #include <Storage/Kind.h>
 #include <Storage/SqliteStorage.h>
 
+#include "sqlite/ForkGuard.h"
+#include "sqlite/Hardening.h"
 #include "sqlite/Prepared.h"
 #include "sqlite/RowCache.h"
 #include "sqlite/SqliteErrors.h"
@@ -76,8 +78,29 @@ class SqliteStorage::Connection {
     template <typename Work>
     auto attempt(std::string const& what, Work const& work)
     {
+        ForkGuard::check(m_file, what); // first, as another thread may have held the mutex when the process was forked
         std::lock_guard<std::mutex> const turn(m_turns);
         return withStorageErrors(m_file, what, work);
+    }
+
+    // A forged or newer file may make a read last for ever, or fail on its layout.
+    template <typename Work>
+    auto readNow(std::string const& what, Work const& work)
+    {
+        WorkLimit const limit(m_database);
+        try {
+            return work();
+        } catch (SQLite::Exception const& error) {
+            if (std::optional<StorageError> const newer = newerStoreError(m_file, what, schemaVersion(), error))
+                throw StorageError(*newer);
+            throw;
+        }
+    }
+
+    template <typename Work>
+    auto read(std::string const& what, Work const& work)
+    {
+        return attempt(what, [&] { return readNow(what, work); });
     }
 
     // One transaction. The schema is checked inside it, as a newer version may have migrated the file since it was opened.
@@ -171,6 +194,7 @@ class SqliteStorage::Connection {
     }
 
     std::filesystem::path const m_file;
+    ForkGuard const m_guard{m_file, "open the store"};
     std::mutex m_turns;
     std::chrono::steady_clock::duration m_taken{}; // the time that changes took since the last pause
     std::chrono::steady_clock::time_point m_pauseEnd;
@@ -189,8 +213,8 @@ public:
         : m_file(path), m_database(openFile(m_file, options)), m_cache(m_storeFile, localityOf(m_file) == Locality::local)
     {
         SQLite::Transaction look(m_database); // the file is locked once for the whole look
-        checkStore(m_file, m_database, m_all, m_set);
-        m_cache.load(m_all);
+        checkStore(m_file, m_database, m_all);
+        readNow("open the store", [&] { m_cache.load(m_all); });
         look.commit();
         setJournal(m_database, static_cast<int>(options.synchronous));
     }
@@ -198,9 +222,10 @@ public:
     // nullptr where the key is absent.
     std::shared_ptr<Row const> find(std::string const& key)
     {
-        if (std::optional<RowCache::Answer> known = m_cache.find(key))
-            return std::move(known->row);
-        return attempt("read \"" + key + '"', [&] {
+        if (!ForkGuard::isUnfit())
+            if (std::optional<RowCache::Answer> known = m_cache.find(key))
+                return std::move(known->row);
+        return read("read \"" + key + '"', [&] {
             std::optional<RowCache::Answer> known = m_cache.findAfterChange(key, m_all);
             return known ? std::move(known->row) : findNow(key);
         });
@@ -208,7 +233,7 @@ public:
 
     std::vector<Row> rows()
     {
-        return attempt("list the stored values", [&] { return storedRows(m_database); });
+        return read("list the stored values", [&] { return storedRows(m_database); });
     }
 
     template <typename T>
@@ -252,7 +277,7 @@ public:
 
     Report examine()
     {
-        return attempt("examine the store", [&]() -> Report {
+        return read("examine the store", [&]() -> Report {
             return {sqliteVersion(), m_database.execAndGet("PRAGMA journal_mode").getString(), schemaVersion(), damageOf(m_database)};
         });
     }
@@ -263,7 +288,11 @@ SqliteStorage::SqliteStorage(std::filesystem::path const& file, Options const& o
     : m_connection(withStorageErrors(file, "open the store",
                                      [&] { return std::make_unique<Connection>(absolutePath(file, "open the store"), options); }))
 {}
-SqliteStorage::~SqliteStorage() = default;
+SqliteStorage::~SqliteStorage()
+{
+    if (ForkGuard::isUnfit()) // closing would roll back what the parent has begun
+        static_cast<void>(m_connection.release());
+}
 
 namespace {
 

@@ -23,6 +23,9 @@ namespace Storage {
 /// Threads: any thread may call at any time; calls on one object take turns, but for reads of an unchanged file.
 /// Processes: several may hold the file open. A read sees what another process committed before it. A writer, and a read
 ///   that has something new to see, wait for the others for as long as `Options::busyTimeout`.
+/// Forks: a process that was forked while a store was open can use no store, unless it calls exec: there every call of an
+///   inherited object, and every opening, throws, and the destructor leaves file and parent alone (its memory leaks). A
+///   process that is forked while none is open may open stores.
 /// Memory: the rows of a file up to 256 KiB are kept in memory, on a local disk, and a read of an unchanged file is one
 ///   system call.
 /// Kinds: a read for another kind than the stored one returns its default and changes nothing; `find` returns the kind.

@@ -25,6 +25,7 @@ public:
         conflict, ///< Another row than the expected one is stored; thrown as a `Storage::Conflict`.
         missing,  ///< The store does not exist, and the caller did not ask to create it.
         network,  ///< The file lies on a network file system, where locks do not hold.
+        forked,   ///< This process was forked, without exec, from one that had a store open.
     };
 
     /// `what` becomes "`file`: cannot `attempt`: `reason`; `remedy`".

@@ -183,8 +183,8 @@ TEST_F(DocumentTransfer, ImportWithoutDifferencesCreatesNoStore)
 }
 
 char const* const bothStores = R"("npsSendCount": {"kind": "int", "value": 2})";
-char const* const refuseChanges =
-    "CREATE TRIGGER refuse BEFORE INSERT ON settings WHEN NEW.key >= 'n' BEGIN SELECT RAISE(ABORT, 'no'); END";
+// Another program is in the midst of a change: the store can be read, and takes no changes.
+char const* const refuseChanges = "BEGIN IMMEDIATE";
 
 TEST_F(DocumentTransfer, StoreThatTakesNoChangesKeepsTheOtherUnchanged)
 {
@@ -203,7 +203,8 @@ TEST_F(DocumentTransfer, FailureOfTheFirstStoreLeavesTheSecondUnchanged)
 {
     put(productFile(), {{"npsSendCount", 1}, {"exportPath", std::string("/kept")}});
     put(commonFile(), {{"autoUpdate", false}});
-    OtherProgram(productFile()).execute(refuseChanges);
+    OtherProgram other(productFile());
+    other.execute(refuseChanges);
     Inspection::Imported const result =
         importInto("stores", document(R"("exportPath": {"kind": "string", "value": "x"}, "npsSendCount": {"kind": "int", "value": 2})",
                                       R"("autoUpdate": {"kind": "bool", "value": true})"));
@@ -219,7 +220,8 @@ TEST_F(DocumentTransfer, FailureOfTheSecondStoreLeavesTheFirstImported)
 {
     put(productFile(), {{"npsSendCount", 1}});
     put(commonFile(), {{"sendStatistics", false}});
-    OtherProgram(commonFile()).execute(refuseChanges);
+    OtherProgram other(commonFile());
+    other.execute(refuseChanges);
     Inspection::Imported const result = importInto("stores", document(bothStores, R"("sendStatistics": {"kind": "bool", "value": true})"));
     ASSERT_EQ(result.outcomes.size(), 2u);
     EXPECT_EQ(result.outcomes[0], std::make_pair(Store::product, Outcome::imported));

@@ -166,15 +166,16 @@ TEST_F(Backups, StoreThatWasSwitchedToALogWhileItWasOpenIsNotCopied)
 
 TEST_F(Backups, EachStoreIsAsOfOneMomentWhileOthersWrite)
 {
-    SqliteStorage store(path());
     std::string const filler(20000, 'x');
-    store.apply({{"left", 0}, {"middle", filler}, {"right", 0}});
-    Child writer([&] {
+    LaterChild writer(*this, [&] {
         SqliteStorage other(path());
         for (int number = 1; number <= 10; ++number)
             other.apply({{"left", number}, {"middle", filler + std::to_string(number)}, {"right", number}});
         return std::string("done");
     });
+    SqliteStorage store(path());
+    store.apply({{"left", 0}, {"middle", filler}, {"right", 0}});
+    writer.begin();
     SqliteStorage::Value seen;
     for (int copies = 0; seen != SqliteStorage::Value(10); ++copies) {
         std::filesystem::path const file = path("copies") / std::to_string(copies);
@@ -253,8 +254,8 @@ INSTANTIATE_TEST_SUITE_P(
         Unusable{
             "CopyThatTakesNoValues",
             [](auto const& file) { changeCopy(file, "ALTER TABLE settings RENAME TO other; CREATE VIEW settings AS SELECT * FROM other"); },
-            std::string(": cannot read the backup: its copy of the product store cannot be used (cannot modify settings because it is "
-                        "a view)") +
+            std::string(": cannot read the backup: its copy of the product store cannot be used (it holds the table \"other\", which "
+                        "a store never does)") +
                 another},
         Unusable{"Empty", [](auto const& file) { std::filesystem::resize_file(file, 0); },
                  std::string(": cannot read the backup: it is an SQLite file, but no backup") + another},
@@ -468,14 +469,15 @@ TEST_F(Backups, ChangeOfAnotherProcessDuringARestoreIsKeptOrComesAfterIt)
 {
     constexpr int writes = 60;
     backUp("value");
-    SqliteStorage const store(path());
-    Child writer([&] {
+    LaterChild writer(*this, [&] {
         SqliteStorage other(path());
         for (int number = 0; number < writes; ++number)
             other.setInt("written " + std::to_string(number), number);
         overwrite(path("ended"), "");
         return std::string("done");
     });
+    SqliteStorage const store(path());
+    writer.begin();
     Backup const backup(path("copy.backup"));
     std::set<std::string> found;
     for (bool isLast = false, hasEnded = false; !isLast; hasEnded = std::filesystem::exists(path("ended"))) {

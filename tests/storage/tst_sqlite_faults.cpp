@@ -141,7 +141,7 @@ INSTANTIATE_TEST_SUITE_P(
                                  UnusableFile::sql(file, "PRAGMA user_version = 2; ALTER TABLE settings RENAME COLUMN value TO content");
                              },
                              "it was written by a newer version (schema 2, this version writes 1), in a layout that this version "
-                             "cannot read",
+                             "cannot read (no such column: value)",
                              "update this program; the file was left as it is"},
                     Unusable{"MissingTable",
                              [](std::filesystem::path const& file) {
@@ -234,17 +234,17 @@ INSTANTIATE_TEST_SUITE_P(
                              [](std::filesystem::path const& file) {
                                  UnusableFile::changedBySql(file, "DROP TABLE settings; CREATE TABLE settings (name, value)");
                              },
-                             "no such column: key", restore},
+                             "its table \"settings\" is not defined as that of a store", restore},
                     Unusable{"TableWithoutItsKey",
                              [](std::filesystem::path const& file) {
                                  UnusableFile::changedBySql(file, "DROP TABLE settings; CREATE TABLE settings (key, kind, value, changed)");
                              },
-                             "ON CONFLICT clause does not match any PRIMARY KEY or UNIQUE constraint", restore},
+                             "its table \"settings\" is not defined as that of a store", restore},
                     Unusable{"ViewInPlaceOfTheTable",
                              [](std::filesystem::path const& file) {
                                  UnusableFile::changedBySql(file, "ALTER TABLE settings RENAME TO other; CREATE VIEW settings AS SELECT * FROM other");
                              },
-                             "cannot modify settings because it is a view", restore},
+                             "it holds the table \"other\", which a store never does", restore},
                     Unusable{"WrongApplicationId",
                              [](std::filesystem::path const& file) { UnusableFile::changedBySql(file, "PRAGMA application_id = 1"); },
                              "it is an SQLite file of another program", "move it away, or name another file"},

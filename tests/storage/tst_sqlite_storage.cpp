@@ -247,10 +247,12 @@ TEST_F(SqliteStore, ValueIsOnDiskWhenSetReturnsAndTheProcessIsKilled)
 
 TEST_F(SqliteStore, AnotherProcessesWriteShowsAtTheNextRead)
 {
+    LaterChild writer(*this, [&] { return SqliteStorage(path()).setInt("key", 2), std::string("done"); });
     SqliteStorage store(path());
     store.setInt("key", 1);
     EXPECT_EQ(store.getInt("key", 0), 1);
-    EXPECT_EQ(inChild([&] { return SqliteStorage(path()).setInt("key", 2), std::string("done"); }), "done");
+    writer.begin();
+    EXPECT_EQ(writer.answer(), "done");
     EXPECT_EQ(store.getInt("key", 0), 2);
 }
 

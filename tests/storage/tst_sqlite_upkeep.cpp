@@ -53,27 +53,30 @@ TEST_F(SqliteUpkeep, OneChangeThatFailsUndoesThemAll)
 {
     SqliteStorage store(path());
     store.setString("text", "old");
-    OtherProgram(path()).execute("CREATE TRIGGER no BEFORE INSERT ON settings WHEN new.key = 'last' BEGIN SELECT RAISE(ABORT, 'no'); END");
+    OtherProgram(path()).execute("CREATE UNIQUE INDEX no ON settings (kind)");
     EXPECT_EQ(refusal([&] {
-                  store.apply({{"text", std::string("new")}, {"other", 1}, {"last", true}});
+                  store.apply({{"text", std::string("new")}, {"other", 1}, {"last", 2}});
               }),
-              path().string() + ": cannot make 3 changes together: no; check the disk and its space, and try again");
+              path().string() +
+                  ": cannot make 3 changes together: UNIQUE constraint failed: settings.kind; check the disk and its space, and try again");
     EXPECT_EQ(store.getString("text", "lost"), "old");
     EXPECT_EQ(keys(store), Keys{"text"});
+    OtherProgram(path()).execute("DROP INDEX no");
     store.setString("text", "works again");
     EXPECT_EQ(SqliteStorage(path()).getString("text", "lost"), "works again");
 }
 
 TEST_F(SqliteUpkeep, ChangesTogetherAreOneForOtherProcesses)
 {
-    SqliteStorage store(path());
-    store.apply({{"left", 0}, {"right", 0}});
-    Child writer([&] {
+    LaterChild writer(*this, [&] {
         SqliteStorage other(path());
         for (int number = 1; number <= 10; ++number)
             other.apply({{"left", number}, {"right", number}});
         return std::string("done");
     });
+    SqliteStorage store(path());
+    store.apply({{"left", 0}, {"right", 0}});
+    writer.begin();
     int seen = 0;
     while (seen < 10) {
         std::vector<SqliteStorage::Row> const rows = store.rows();
@@ -99,15 +102,16 @@ TEST_F(SqliteUpkeep, SnapshotIsAStoreOfItsOwn)
 
 TEST_F(SqliteUpkeep, SnapshotIsOfOneMomentWhileOthersWrite)
 {
-    SqliteStorage store(path());
     std::string const filler(20000, 'x');
-    store.apply({{"left", 0}, {"middle", filler}, {"right", 0}});
-    Child writer([&] {
+    LaterChild writer(*this, [&] {
         SqliteStorage other(path());
         for (int number = 1; number <= 10; ++number)
             other.apply({{"left", number}, {"middle", filler + std::to_string(number)}, {"right", number}});
         return std::string("done");
     });
+    SqliteStorage store(path());
+    store.apply({{"left", 0}, {"middle", filler}, {"right", 0}});
+    writer.begin();
     for (int seen = 0; seen < 10;) {
         overwrite(path("copy.sqlite"), store.snapshot());
         SqliteStorage const copy(path("copy.sqlite"));
@@ -119,6 +123,7 @@ TEST_F(SqliteUpkeep, SnapshotIsOfOneMomentWhileOthersWrite)
 
 TEST_F(SqliteUpkeep, ChangesOfOthersAreNoticedAndItsOwnAreNot)
 {
+    LaterChild writer(*this, [&] { return SqliteStorage(path()).setInt("key", 2), std::string("done"); });
     SqliteStorage store(path());
     SqliteStorage other(path());
     long long const before = store.changesOfOthers();
@@ -128,7 +133,8 @@ TEST_F(SqliteUpkeep, ChangesOfOthersAreNoticedAndItsOwnAreNot)
     long long const after = store.changesOfOthers();
     EXPECT_NE(after, before);
     EXPECT_EQ(store.changesOfOthers(), after);
-    EXPECT_EQ(inChild([&] { return SqliteStorage(path()).setInt("key", 2), std::string("done"); }), "done");
+    writer.begin();
+    EXPECT_EQ(writer.answer(), "done");
     EXPECT_NE(store.changesOfOthers(), after);
 }
 

@@ -64,6 +64,8 @@ std::string nameOf(Code code)
         return "missing";
     case Code::network:
         return "network";
+    case Code::forked:
+        return "forked";
     }
     return "no code";
 }

@@ -4,6 +4,7 @@
 #include "VfsShim.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -46,6 +47,8 @@ Meaning meaningOf(int extendedCode)
         return {Code::readOnly, checkAccess};
     case SQLITE_CANTOPEN:
         return {Code::access, checkAccess};
+    case SQLITE_INTERRUPT:
+        return {Code::foreign, nameAnotherFile};
     case SQLITE_TOOBIG:
         return {Code::tooLarge, "keep the value in a file of its own and store the file's name"};
     default:
@@ -83,19 +86,6 @@ std::string journalOf(fs::path const& file)
     return (isLink ? fs::canonical(file, error) : file).u8string() + "-journal";
 }
 
-std::string reasonOf(fs::path const& file, int extendedCode, char const* reasonOfSqlite)
-{
-    if (extendedCode == refusedJournal)
-        return "its journal " + journalOf(file) + " is not a regular file";
-    if (extendedCode == refusedSuperJournal)
-        return "its journal " + journalOf(file) + " is a part of an interrupted change of several files";
-    if (extendedCode == refusedLog)
-        return "it was switched to write-ahead logging, which can damage it";
-    if (extendedCode == SQLITE_READONLY_ROLLBACK)
-        return "its journal " + journalOf(file) + " holds an interrupted change, which can only be undone where the file may be written";
-    return reasonOfSqlite;
-}
-
 // SQLiteCpp gives an error of its own a negative extended code.
 int extendedCode(SQLite::Exception const& error)
 {
@@ -103,6 +93,18 @@ int extendedCode(SQLite::Exception const& error)
 }
 
 } // namespace
+
+std::string forSentence(std::string const& text, std::size_t most)
+{
+    std::string result;
+    for (char const character : text.substr(0, most)) {
+        char escaped[5] = {character};
+        if (character < ' ' || character > '~')
+            std::snprintf(escaped, sizeof escaped, "\\x%02x", static_cast<unsigned>(static_cast<unsigned char>(character)));
+        result += escaped;
+    }
+    return text.size() > most ? result + "..." : result;
+}
 
 void throwSystemError(fs::path const& file, char const* attempt, int error)
 {
@@ -114,10 +116,26 @@ StorageError::Code codeForSystem(int error) { return meaningOfSystem(error).code
 
 StorageError::Code codeFor(SQLite::Exception const& error) { return meaningOf(extendedCode(error)).code; }
 
+std::string reasonOf(fs::path const& file, SQLite::Exception const& error)
+{
+    int const code = extendedCode(error);
+    if (code == refusedJournal)
+        return "its journal " + journalOf(file) + " is not a regular file";
+    if (code == refusedSuperJournal)
+        return "its journal " + journalOf(file) + " is a part of an interrupted change of several files";
+    if (code == refusedLog)
+        return "it was switched to write-ahead logging, which can damage it";
+    if (code == SQLITE_READONLY_ROLLBACK)
+        return "its journal " + journalOf(file) + " holds an interrupted change, which can only be undone where the file may be written";
+    if (code == SQLITE_INTERRUPT)
+        return "reading it takes longer than reading a store of its size can";
+    return forSentence(error.what(), 300);
+}
+
 StorageError storageError(fs::path const& file, std::string const& attempt, SQLite::Exception const& error)
 {
     Meaning const meaning = meaningOf(extendedCode(error));
-    return {meaning.code, file.u8string(), attempt, reasonOf(file, extendedCode(error), error.what()), meaning.remedy};
+    return {meaning.code, file.u8string(), attempt, reasonOf(file, error), meaning.remedy};
 }
 
 } // namespace Storage

@@ -126,14 +126,15 @@ std::vector<SqliteStorage::Row> storedRows(SQLite::Database& database)
     SQLite::Statement all(database, "SELECT key, kind, value, changed FROM settings ORDER BY key");
     std::vector<SqliteStorage::Row> result;
     while (all.executeStep())
-        result.push_back(decodedRow(all.getColumn(0).getString(), all.getColumn(1), all.getColumn(2), all.getColumn(3)));
+        if (all.getColumn(0).isText()) // no read finds a key of another type, which only another program can have stored
+            result.push_back(decodedRow(all.getColumn(0).getString(), all.getColumn(1), all.getColumn(2), all.getColumn(3)));
     return result;
 }
 
-std::vector<std::string> damageOf(SQLite::Database& database)
+std::vector<std::string> damageOf(SQLite::Database& database, int most)
 {
     sqlite3_db_release_memory(database.getHandle()); // cached pages would hide damage in the file
-    SQLite::Statement check(database, "PRAGMA integrity_check");
+    SQLite::Statement check(database, "PRAGMA integrity_check(" + std::to_string(most) + ")");
     std::vector<std::string> damage;
     try {
         while (check.executeStep()) {

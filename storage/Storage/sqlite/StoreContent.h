@@ -23,8 +23,9 @@ extern char const* const allRows;
 /// The offset in SQLite's header of two bytes: the formats for writers and for readers.
 inline constexpr int formatsAt = 18;
 
-/// The findings of SQLite's integrity check; empty where the file is undamaged.
-std::vector<std::string> damageOf(SQLite::Database& database);
+/// The first `most` findings of SQLite's integrity check; empty where the file is undamaged. One finding about the trees of
+/// pages ends the check before it walks them row by row, which may take for ever in a forged file.
+std::vector<std::string> damageOf(SQLite::Database& database, int most = 100);
 
 /// All rows of an open store, sorted by the bytes of their keys.
 std::vector<SqliteStorage::Row> storedRows(SQLite::Database& database);

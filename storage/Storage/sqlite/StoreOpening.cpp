@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "StoreOpening.h"
 
+#include "Hardening.h"
 #include "SqliteErrors.h"
 #include "StoreContent.h"
 #include "StoreFile.h"
@@ -17,6 +18,7 @@
 #include <limits>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 #include <sys/stat.h>
 
@@ -30,14 +32,11 @@ using Code = StorageError::Code;
 
 constexpr int applicationId = 0x4C754553; // "LuES", in the file's header, tells a store from other SQLite files
 
-// Kinds and values have no constraint, so that rows of a later version survive in a file that this one made.
-constexpr char const* makeTables = "BEGIN;"
-                                   "CREATE TABLE settings ("
-                                   " key TEXT NOT NULL PRIMARY KEY,"
-                                   " kind TEXT NOT NULL," // a stored word of Kind
-                                   " value NOT NULL,"
-                                   " changed INTEGER NOT NULL);" // milliseconds since 1970-01-01 00:00 UTC
-                                   "COMMIT;";
+// Kinds and values have no constraint, so that rows of a later version survive in a file that this one made. `kind` is a
+// stored word of Kind, `changed` counts milliseconds since 1970-01-01 00:00 UTC. Every store has this text: a change of a
+// letter makes strangers of them all.
+constexpr char const* settingsTable =
+    "CREATE TABLE settings ( key TEXT NOT NULL PRIMARY KEY, kind TEXT NOT NULL, value NOT NULL, changed INTEGER NOT NULL)";
 
 constexpr char const* openTheStore = "open the store";
 
@@ -48,7 +47,7 @@ std::string emptyStore()
 {
     SQLite::Database database(":memory:", SQLite::OPEN_READWRITE);
     database.exec("PRAGMA application_id = " + std::to_string(applicationId) +
-                  "; PRAGMA user_version = " + std::to_string(SqliteStorage::writtenSchema) + ";" + makeTables);
+                  "; PRAGMA user_version = " + std::to_string(SqliteStorage::writtenSchema) + ";" + settingsTable);
     return snapshotOf(database);
 }
 
@@ -122,10 +121,43 @@ bool isPresent(fs::path const& file, SqliteStorage::Options const& options)
         return false;
     }
     if (!S_ISREG(status.st_mode))
-        refuse(file, Code::foreign, "it is not a regular file", "move it away, or name another file");
+        refuse(file, Code::foreign, "it is not a regular file", nameAnotherFile);
     if (status.st_size == 0)
         refuse(file, Code::damaged, "the file is empty, which a store never is", restoreBackup);
     return true;
+}
+
+sqlite3_file* fileOf(SQLite::Database const& database)
+{
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    return file;
+}
+
+// The lock by which a writer excludes other writers. Returns SQLite's code.
+int lockReserved(sqlite3_file* file)
+{
+    int code = file->pMethods->xLock(file, SQLITE_LOCK_SHARED);
+    if (code == SQLITE_OK)
+        code = file->pMethods->xLock(file, SQLITE_LOCK_RESERVED);
+    if (code != SQLITE_OK)
+        file->pMethods->xUnlock(file, SQLITE_LOCK_NONE); // the writer that holds it waits for readers to leave
+    return code;
+}
+
+// The lock of a writer that commits: nobody else reads or writes the file.
+void lockExclusive(sqlite3_file* file, int busyTimeoutMilliseconds)
+{
+    bool isReserved = false;
+    for (int waits = 0;;) {
+        int const code = isReserved ? file->pMethods->xLock(file, SQLITE_LOCK_EXCLUSIVE) : lockReserved(file);
+        if (code == SQLITE_OK && std::exchange(isReserved, true))
+            return;
+        if (code == SQLITE_BUSY && retryWhileBusy(reinterpret_cast<void*>(static_cast<std::intptr_t>(busyTimeoutMilliseconds)), waits++))
+            continue;
+        if (code != SQLITE_OK)
+            throw SQLite::Exception(sqlite3_errstr(code), code);
+    }
 }
 
 std::string newerSchema(int schema)
@@ -136,36 +168,47 @@ std::string newerSchema(int schema)
 
 constexpr char const* updateProgram = "update this program; the file was left as it is";
 
-// A newer version may have changed the layout too.
-void checkLayout(fs::path const& file, int schema, Prepared& all, Prepared& set)
+// Throws where the file is not exactly what this version makes. Whatever else its schema holds may answer or undo a change.
+void checkSchema(fs::path const& file, SQLite::Database& database)
 {
-    try {
-        all.statement();
-    } catch (SQLite::Exception const& error) {
-        if (schema > SqliteStorage::writtenSchema)
-            refuse(file, Code::newer, newerSchema(schema) + ", in a layout that this version cannot read", updateProgram);
-        throw;
-    }
+    std::vector<SchemaObject> const objects = {{"table", "settings", "settings", settingsTable},
+                                               {"index", "sqlite_autoindex_settings_1", "settings", ""}};
+    if (std::optional<std::string> const strange = strangeObject(database, objects, "a store"))
+        refuse(file, Code::foreign, *strange, restoreBackup);
+    if (std::string const encoding = database.execAndGet("PRAGMA encoding").getString(); encoding != "UTF-8")
+        refuse(file, Code::foreign, "its texts are in " + encoding + ", which those of a store never are", restoreBackup);
+}
+
+void checkContent(fs::path const& file, SQLite::Database& database, int schema, Prepared& all)
+{
+    WorkLimit const limit(database);
     if (schema <= SqliteStorage::writtenSchema)
-        set.statement();
+        checkSchema(file, database);
+    if (std::vector<std::string> const damage = damageOf(database, 1); !damage.empty())
+        refuse(file, Code::damaged, "the file is damaged (" + forSentence(damage.front(), 300) + ")", restoreBackup);
+    all.statement();
 }
 
 } // namespace
 
-void checkStore(fs::path const& file, SQLite::Database& database, Prepared& all, Prepared& set)
+void checkStore(fs::path const& file, SQLite::Database& database, Prepared& all)
 {
     if (database.execAndGet("PRAGMA application_id").getInt() != applicationId)
-        refuse(file, Code::foreign, "it is an SQLite file of another program", "move it away, or name another file");
-    if (std::vector<std::string> const damage = damageOf(database); !damage.empty())
-        refuse(file, Code::damaged, "the file is damaged (" + damage.front() + ")", restoreBackup);
-    checkLayout(file, database.execAndGet("PRAGMA user_version").getInt(), all, set);
+        refuse(file, Code::foreign, "it is an SQLite file of another program", nameAnotherFile);
+    int const schema = database.execAndGet("PRAGMA user_version").getInt();
+    try {
+        checkContent(file, database, schema, all);
+    } catch (SQLite::Exception const& error) {
+        if (std::optional<StorageError> const newer = newerStoreError(file, "open the store", schema, error))
+            throw StorageError(*newer);
+        throw;
+    }
 }
 
 void checkStore(fs::path const& file, SQLite::Database& database)
 {
     Prepared all(database, allRows);
-    Prepared set(database, setStatement);
-    checkStore(file, database, all, set);
+    checkStore(file, database, all);
 }
 
 fs::path absolutePath(fs::path const& file, char const* attempt)
@@ -206,6 +249,7 @@ SQLite::Database openFile(fs::path const& file, SqliteStorage::Options const& op
     if (!exists)
         writeNewFile(file, emptyStore(), "create the store"); // a file that another process made first is the store
     SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, 0, vfsShim());
+    harden(database, Views::read);
     sqlite3_busy_handler(database.getHandle(), retryWhileBusy,
                          reinterpret_cast<void*>(static_cast<std::intptr_t>(busyMilliseconds(options.busyTimeout))));
     if (StoreFile(database).header().usesWriteAheadLog)
@@ -227,6 +271,37 @@ SQLite::Database openStore(fs::path const& file, SqliteStorage::Options const& o
     checkStore(file, database);
     setJournal(database, static_cast<int>(options.synchronous));
     return database;
+}
+
+std::optional<SQLite::Database> lockForReplacing(fs::path const& file, SqliteStorage::Options const& options)
+{
+    std::error_code ignored;
+    if (!fs::is_regular_file(file, ignored))
+        return std::nullopt;
+    try {
+        SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
+        if (sqlite3_db_readonly(database.getHandle(), "main") == 1 || StoreFile(database).header().usesWriteAheadLog)
+            return std::nullopt;
+        lockExclusive(fileOf(database), busyMilliseconds(options.busyTimeout));
+        int hasMoved = 0;
+        sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
+        if (hasMoved)
+            throw SQLite::Exception(sqlite3_errstr(SQLITE_READONLY), SQLITE_READONLY_DBMOVED);
+        return database;
+    } catch (SQLite::Exception const& error) {
+        if (error.getErrorCode() == SQLITE_BUSY || error.getErrorCode() == SQLITE_READONLY_DBMOVED)
+            throw;
+        return std::nullopt;
+    }
+}
+
+std::optional<StorageError> newerStoreError(fs::path const& file, std::string const& attempt, int schema, SQLite::Exception const& error)
+{
+    Code const code = codeFor(error);
+    if (schema <= SqliteStorage::writtenSchema || (code != Code::damaged && error.getErrorCode() != SQLITE_INTERRUPT))
+        return std::nullopt;
+    return StorageError(Code::newer, file.u8string(), attempt,
+                        newerSchema(schema) + ", in a layout that this version cannot read (" + reasonOf(file, error) + ")", updateProgram);
 }
 
 std::optional<StorageError> obstacleToChanges(fs::path const& file, std::string const& attempt, SQLite::Database const& database,

@@ -35,10 +35,23 @@ SQLite::Database openStore(std::filesystem::path const& file, SqliteStorage::Opt
 SQLite::Database openFile(std::filesystem::path const& file, SqliteStorage::Options const& options);
 void setJournal(SQLite::Database& database, int synchronous);
 
-/// Throws a `StorageError` about `file`, or SQLite's error, where the open database is not an undamaged store.
+/// Throws a `StorageError` about `file`, or SQLite's error, where the open database, which was hardened, is not an undamaged
+/// store: of this version's schema exactly, or a newer one that can be read.
 void checkStore(std::filesystem::path const& file, SQLite::Database& database);
-/// As above, with the statements `allRows` and `setStatement` of the caller's, which are prepared by it.
-void checkStore(std::filesystem::path const& file, SQLite::Database& database, Prepared& all, Prepared& set);
+/// As above, with the statement `allRows` of the caller's, which is prepared by it.
+void checkStore(std::filesystem::path const& file, SQLite::Database& database, Prepared& all);
+
+/// Locks the regular file `file`, of any content, against every reader and writer until the result is destroyed; no statement
+/// may be run on it. The locks are SQLite's own: closing a descriptor of ours would drop those of other stores in this
+/// process, and past the shim, which would empty the file's journal. Returns nullopt where the file cannot be opened for writing or locked,
+/// and for a write-ahead log, whose programs hold a lock as long as they run and follow it under another name. Throws SQLITE_BUSY after the
+/// timeout, and SQLITE_READONLY_DBMOVED where another file has got the name meanwhile.
+std::optional<SQLite::Database> lockForReplacing(std::filesystem::path const& file, SqliteStorage::Options const& options);
+
+/// The error of `attempt`, in which SQLite failed with `error` on the content of a file of a newer schema `schema`; nullopt
+/// where the schema is not newer, or the error not about the content.
+std::optional<StorageError> newerStoreError(std::filesystem::path const& file, std::string const& attempt, int schema,
+                                            SQLite::Exception const& error);
 
 /// The error of `attempt`, a change of the open store whose file has the schema `schema`; nullopt where changes are allowed.
 std::optional<StorageError> obstacleToChanges(std::filesystem::path const& file, std::string const& attempt,

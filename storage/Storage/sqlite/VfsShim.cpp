@@ -22,8 +22,17 @@ struct Companions {
     char const* log = nullptr;
 };
 
-// Those of the store that this thread locked last: SQLite locks a store before it asks for a file beside it.
+// The store that this thread locked last, and its companions: SQLite locks a store before it asks for a file beside it.
+thread_local sqlite3_file* store = nullptr;
 thread_local Companions companions;
+
+// Whether the store lost its name. A journal beside the name belongs to another file then, whose writer may be alive.
+bool hasMoved()
+{
+    int answer = 0;
+    sqliteMethods->xFileControl(store, SQLITE_FCNTL_HAS_MOVED, &answer);
+    return answer != 0;
+}
 
 // Where the shim keeps the companions of a store: behind SQLite's file object, in the same memory.
 void* behind(sqlite3_file* file) { return reinterpret_cast<char*>(file) + sqliteVfs->szOsFile; }
@@ -37,6 +46,8 @@ int emptied(char const* journal)
         return errno == ENOENT ? SQLITE_OK : SQLITE_IOERR_ACCESS;
     if (status.st_size == 0)
         return SQLITE_OK;
+    if (hasMoved())
+        return SQLITE_READONLY_DBMOVED;
     int const descriptor = ::open(journal, O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
     bool const isEmpty = descriptor >= 0 && ::ftruncate(descriptor, 0) == 0;
     if (descriptor >= 0)
@@ -46,6 +57,7 @@ int emptied(char const* journal)
 
 int shimLock(sqlite3_file* file, int level)
 {
+    store = file;
     companions = *static_cast<Companions*>(behind(file));
     int held = SQLITE_LOCK_NONE;
     sqliteMethods->xFileControl(file, SQLITE_FCNTL_LOCKSTATE, &held);
@@ -114,8 +126,10 @@ int shimAccess(sqlite3_vfs*, char const* name, int question, int* answer)
         return refusedSuperJournal;
     if (!exists)
         return SQLITE_IOERR_ACCESS;
+    if (!S_ISREG(status.st_mode))
+        return refusedJournal;
     *answer = status.st_size > 0; // an empty journal has nothing to undo
-    return S_ISREG(status.st_mode) ? SQLITE_OK : refusedJournal;
+    return *answer && hasMoved() ? SQLITE_READONLY_DBMOVED : SQLITE_OK;
 }
 
 sqlite3_vfs shimVfs()

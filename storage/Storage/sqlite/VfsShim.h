@@ -13,6 +13,7 @@ namespace Storage {
 /// - `shimAccess` reports an error where SQLite would call a journal absent that it cannot look for. SQLite would read
 ///   what the journal undoes, or put a new journal in its place. It refuses a journal that is not a regular file, and one
 ///   that names an existing super-journal; and it calls every write-ahead log absent.
+///   It refuses the journal of another file that got the store's name, and `shimLock` leaves that one alone.
 /// - `shimLock` releases a lock whose release failed before it asks for the next one. SQLite would believe that it had
 ///   just taken the lock, and roll back the journal of a killed process as its own. With the lock of a writer it empties
 ///   the journal, which SQLite would write over.

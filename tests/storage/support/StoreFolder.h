@@ -5,14 +5,17 @@
 #include <TestKit/TemporaryHome.h>
 
 #include <support/OtherProgram.h>
+#include <support/Process.h>
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <thread>
 
 #include <sys/stat.h>
 
@@ -64,6 +67,24 @@ public:
     }
 
 protected:
+    /// Starts a child process at once, which does `work` after `begin`. A store that is opened in between is not inherited.
+    class LaterChild {
+    public:
+        LaterChild(StoreFolder const& folder, std::function<std::string()> const& work)
+            : m_sign(folder.path("begin")), m_child([this, work] {
+                  while (!std::filesystem::exists(m_sign))
+                      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+                  return work();
+              })
+        {}
+        void begin() const { overwrite(m_sign, ""); }
+        std::string answer() { return m_child.answer(); }
+
+    private:
+        std::filesystem::path const m_sign;
+        Child m_child;
+    };
+
     std::filesystem::path path(char const* name = "store.sqlite") const { return m_home.path() / name; }
 
     TestKit::TemporaryHome m_home;

@@ -217,12 +217,15 @@ TEST_F(Watched, ErrorOfAReadLastsWhileTheFileChanges)
 {
     SqliteStorage(m_file).setString("exportPath", "/films");
     look();
+    std::string const table = OtherProgram(m_file).ask("SELECT sql FROM sqlite_master WHERE name = 'settings'");
     OtherProgram(m_file).execute("ALTER TABLE settings RENAME TO elsewhere");
     EXPECT_TRUE(m_watcher.look().error);
     m_watcher.look();
     OtherProgram(m_file).execute("CREATE TABLE other (name TEXT)");
     EXPECT_FALSE(m_watcher.look().error);
-    OtherProgram(m_file).execute("ALTER TABLE elsewhere RENAME TO settings; UPDATE settings SET value = '/next'");
+    OtherProgram(m_file).execute((table + "; INSERT INTO settings SELECT * FROM elsewhere; DROP TABLE elsewhere; DROP TABLE other;"
+                                          "UPDATE settings SET value = '/next'")
+                                     .c_str());
     EXPECT_EQ(look(), Lines{"exportPath /films -> /next"});
 }
 

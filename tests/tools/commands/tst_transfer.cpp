@@ -437,24 +437,25 @@ TEST_F(RefusedImport, StoreThatCannotBeMadeKeepsTheOtherFromBeingChanged)
 
 // --- One transaction for each store ---
 
-char const* const refuseChanges =
-    "CREATE TRIGGER refuse BEFORE INSERT ON settings WHEN NEW.key >= 'n' BEGIN SELECT RAISE(ABORT, 'no'); END";
+// Another program is in the midst of a change: the store can be read, and takes no changes.
+char const* const refuseChanges = "BEGIN IMMEDIATE";
 
 TEST_F(Exchange, SecondStoreThatFailsIsToldWithTheFirst)
 {
     put(productFile(), {{"npsSendCount", 1}});
     put(commonFile(), {{"autoUpdate", false}});
-    OtherProgram(commonFile()).execute(refuseChanges);
+    OtherProgram other(commonFile());
+    other.execute(refuseChanges);
     std::string const in =
         file(document(R"("npsSendCount": {"kind": "int", "value": 2})",
                       R"("autoUpdate": {"kind": "bool", "value": true}, "sendStatistics": {"kind": "bool", "value": true})"));
-    EXPECT_EQ(refused({"import", in}),
-              "editor-settings: " + commonFile() +
-                  ": cannot make 2 changes together: no; check the disk and its space, and try again; the product store holds the imported "
-                  "values, the common store is as it was; then import the file again\n");
+    EXPECT_EQ(refused({"import", in}), "editor-settings: " + commonFile() +
+                                           ": cannot make 2 changes together: database is locked; another process is writing: try again, "
+                                           "or close the other process; the product store holds the imported "
+                                           "values, the common store is as it was; then import the file again\n");
     EXPECT_EQ(valuesOf(productFile()), (Values{{"npsSendCount", 2}}));
     EXPECT_EQ(valuesOf(commonFile()), (Values{{"autoUpdate", false}}));
-    OtherProgram(commonFile()).execute("DROP TRIGGER refuse");
+    other.execute("ROLLBACK");
     EXPECT_EQ(imported({in}), "editor-settings: 2 changed, 1 already as in the file\n");
 }
 
