@@ -268,6 +268,19 @@ Kept keptAside(fs::path const& file)
     }
 }
 
+// Returns the name of the kept original.
+fs::path replacedByNewFile(fs::path const& target, std::string const& content)
+{
+    Kept kept;
+    replaceFile(target, content, restoreTheStore, [&] {
+        kept = keptAside(target);
+        makePrivate(kept.name);
+        setCompanionsAside(target, kept.name);
+        return kept.isMoved;
+    });
+    return kept.name;
+}
+
 // Opens the store for replacing its values; returns nullopt where the file itself has to be replaced.
 std::optional<SQLite::Database> openedForReplacing(fs::path const& file, SqliteStorage::Options const& options)
 {
@@ -339,16 +352,10 @@ std::optional<fs::path> Backup::Copy::replace(fs::path const& target, SqliteStor
     }
     // A program in the midst of a change would otherwise journal it beside the new file, into which it would be played back.
     std::optional<SQLite::Database> const lock = lockForReplacing(target, options);
-    Kept kept;
     OwnChanges::Turn const turn = own->turn();
-    replaceFile(target, m_content, restoreTheStore, [&] {
-        kept = keptAside(target);
-        makePrivate(kept.name);
-        setCompanionsAside(target, kept.name);
-        return kept.isMoved;
-    });
+    fs::path const kept = replacedByNewFile(target, m_content);
     own->noteReplacement(rows);
-    return kept.name;
+    return kept;
 }
 
 } // namespace Storage
