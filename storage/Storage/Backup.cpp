@@ -281,6 +281,16 @@ fs::path replacedByNewFile(fs::path const& target, std::string const& content)
     return kept.name;
 }
 
+// Whether anything has the name, also a link that leads nowhere.
+bool isThere(fs::path const& target)
+{
+    std::error_code error;
+    fs::file_type const type = fs::symlink_status(target, error).type();
+    if (type == fs::file_type::none)
+        throwSystemError(target, restoreTheStore, error.value());
+    return type != fs::file_type::not_found;
+}
+
 // Opens the store for replacing its values; returns nullopt where the file itself has to be replaced.
 std::optional<SQLite::Database> openedForReplacing(fs::path const& file, SqliteStorage::Options const& options)
 {
@@ -327,13 +337,10 @@ std::optional<fs::path> Backup::restore(std::string const& name, fs::path const&
 
 std::optional<fs::path> Backup::Copy::replace(fs::path const& target, SqliteStorage::Options const& options)
 {
-    std::error_code error;
-    fs::file_type const present = fs::symlink_status(target, error).type();
-    if (present == fs::file_type::none)
-        throwSystemError(target, restoreTheStore, error.value());
+    bool const isPresent = isThere(target);
     std::shared_ptr<OwnChanges> const own = OwnChanges::of(realName(target));
     std::vector<SqliteStorage::Row> const rows = storedRows(m_database);
-    if (present == fs::file_type::not_found) {
+    if (!isPresent) {
         setCompanionsAside(target, keptName(target)); // a journal may lie there without its store
         OwnChanges::Turn const turn = own->turn();
         if (writeNewFile(target, m_content, restoreTheStore)) {
