@@ -28,6 +28,7 @@ using Inspection::Comparison;
 using Inspection::Difference;
 using Inspection::Document;
 using Inspection::DocumentError;
+using Inspection::changeName;
 using Inspection::RowDifference;
 using Storage::SqliteStorage;
 
