@@ -24,11 +24,11 @@
 
 using Catalogue::Store;
 using Inspection::Change;
+using Inspection::changeName;
 using Inspection::Comparison;
 using Inspection::Difference;
 using Inspection::Document;
 using Inspection::DocumentError;
-using Inspection::changeName;
 using Inspection::RowDifference;
 using Storage::SqliteStorage;
 
