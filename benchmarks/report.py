@@ -221,6 +221,8 @@ looks for the file of the organisation and for those of the system. A durable wr
 within a run, so the library's lead over the peers varies from run to run."""),
     "load": ("Load", """The floor is an empty library that links the same libraries. The goal covers the start of a process, in which an
 editor loads it; in a process that has Qt already, the library's own part shows alone."""),
+    "changes": ("Changes", """From the return of another process's call to the slot that is told, as a median, with two stores
+watched; and the processor's time that watching them takes in a second in which nothing changes."""),
 }
 
 
@@ -282,6 +284,7 @@ def counts(rounds, counter):
 
 
 counted = {
+    "changes": {"95th percentile in ms": "95th percentile, in milliseconds:"},
     "typed-access": {"allocations": "Allocations, without those that the store itself makes; the floor's are those of the conversions:"},
     "locations": {"allocations": "Allocations:"},
     "names": {"more bytes": "Bytes allocated at a time for a million entries, beyond those for none:",

@@ -8,8 +8,6 @@
 
 #include <QDateTime>
 
-#include <map>
-
 using nlohmann::ordered_json;
 using Storage::SqliteStorage;
 
@@ -34,14 +32,6 @@ QDateTime timeIn(Qt::TimeSpec zone, std::chrono::system_clock::time_point time)
 {
     auto const milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(time.time_since_epoch()).count();
     return QDateTime::fromMSecsSinceEpoch(milliseconds, zone);
-}
-
-bool isSame(std::optional<SqliteStorage::Row> const& before, std::optional<SqliteStorage::Row> const& after)
-{
-    if (!before || !after)
-        return false;
-    bool const isReadable = !std::holds_alternative<std::monostate>(after->value);
-    return before->kind == after->kind && before->value == after->value && (isReadable || before->changed == after->changed);
 }
 
 } // namespace
@@ -85,22 +75,5 @@ std::string inLocalTime(std::chrono::system_clock::time_point time)
 }
 
 std::string inUtc(std::chrono::system_clock::time_point time) { return timeIn(Qt::UTC, time).toString(Qt::ISODateWithMs).toStdString(); }
-
-std::vector<RowDifference> rowDifferences(std::vector<SqliteStorage::Row> const& before, std::vector<SqliteStorage::Row> const& after)
-{
-    std::map<std::string, RowDifference> byKey;
-    for (SqliteStorage::Row const& row : before)
-        byKey[row.key].before = row;
-    for (SqliteStorage::Row const& row : after)
-        byKey[row.key].after = row;
-    std::vector<RowDifference> changes;
-    for (auto& [key, change] : byKey) {
-        if (isSame(change.before, change.after))
-            continue;
-        change.key = key;
-        changes.push_back(std::move(change));
-    }
-    return changes;
-}
 
 } // namespace Inspection

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// Rows of a store of any kind, and the differences between two of its states.
+// Rows of a store of any kind, and the differences between two of its states, as text and as JSON.
 #pragma once
 
-#include <Storage/SqliteStorage.h>
+#include <Storage/StoreWatcher.h>
 
 #include <nlohmann/json.hpp>
 
@@ -27,24 +27,11 @@ std::string inLocalTime(std::chrono::system_clock::time_point time);
 /// The time as "2026-11-20T16:40:53.344Z".
 std::string inUtc(std::chrono::system_clock::time_point time);
 
-/// What happened to a key.
-enum class Change { added, removed, changed };
+using Storage::RowDifference;
+using Storage::rowDifferences;
+using Change = RowDifference::Change;
 
 /// The machine word: "added", "removed" or "changed".
 char const* changeName(Change change);
-
-/// One key that differs between two states of a store; at least one of the rows is set.
-struct RowDifference {
-    std::string key;
-    std::optional<Storage::SqliteStorage::Row> before; ///< nullopt for an absent key.
-    std::optional<Storage::SqliteStorage::Row> after;  ///< nullopt for an absent key.
-
-    Change change() const { return !before ? Change::added : !after ? Change::removed : Change::changed; }
-};
-
-/// The differences from `before` to `after`, sorted by key. A rewritten equal value is no difference; an unreadable one is,
-/// as its content cannot be compared.
-std::vector<RowDifference> rowDifferences(std::vector<Storage::SqliteStorage::Row> const& before,
-                                          std::vector<Storage::SqliteStorage::Row> const& after);
 
 } // namespace Inspection

@@ -8,6 +8,8 @@
 #include "sqlite/StoreContent.h"
 #include "sqlite/StoreOpening.h"
 #include "sqlite/VfsShim.h"
+#include "watch/OwnChanges.h"
+#include "watch/RealName.h"
 
 #include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/Column.h>
@@ -266,6 +268,29 @@ Kept keptAside(fs::path const& file)
     }
 }
 
+// Returns the name of the kept original.
+fs::path replacedByNewFile(fs::path const& target, std::string const& content)
+{
+    Kept kept;
+    replaceFile(target, content, restoreTheStore, [&] {
+        kept = keptAside(target);
+        makePrivate(kept.name);
+        setCompanionsAside(target, kept.name);
+        return kept.isMoved;
+    });
+    return kept.name;
+}
+
+// Whether anything has the name, also a link that leads nowhere.
+bool isThere(fs::path const& target)
+{
+    std::error_code error;
+    fs::file_type const type = fs::symlink_status(target, error).type();
+    if (type == fs::file_type::none)
+        throwSystemError(target, restoreTheStore, error.value());
+    return type != fs::file_type::not_found;
+}
+
 // Opens the store for replacing its values; returns nullopt where the file itself has to be replaced.
 std::optional<SQLite::Database> openedForReplacing(fs::path const& file, SqliteStorage::Options const& options)
 {
@@ -312,32 +337,32 @@ std::optional<fs::path> Backup::restore(std::string const& name, fs::path const&
 
 std::optional<fs::path> Backup::Copy::replace(fs::path const& target, SqliteStorage::Options const& options)
 {
-    std::error_code error;
-    fs::file_type const present = fs::symlink_status(target, error).type();
-    if (present == fs::file_type::none)
-        throwSystemError(target, restoreTheStore, error.value());
-    if (present == fs::file_type::not_found) {
+    bool const isPresent = isThere(target);
+    std::shared_ptr<OwnChanges> const own = OwnChanges::of(realName(target));
+    std::vector<SqliteStorage::Row> const rows = storedRows(m_database);
+    if (!isPresent) {
         setCompanionsAside(target, keptName(target)); // a journal may lie there without its store
-        if (writeNewFile(target, m_content, restoreTheStore))
+        OwnChanges::Turn const turn = own->turn();
+        if (writeNewFile(target, m_content, restoreTheStore)) {
+            own->noteReplacement(rows);
             return std::nullopt;
+        }
     }
     if (std::optional<SQLite::Database> store = openedForReplacing(target, options)) {
         fs::path const kept = keptCopy(target, snapshotOf(*store));
+        OwnChanges::Turn const turn = own->turn();
         SQLite::Backup all(*store, m_database);
         if (int const code = all.executeStep(); code != SQLITE_DONE)
             throw SQLite::Exception(sqlite3_errstr(code), code);
+        own->noteReplacement(rows);
         return kept;
     }
     // A program in the midst of a change would otherwise journal it beside the new file, into which it would be played back.
     std::optional<SQLite::Database> const lock = lockForReplacing(target, options);
-    Kept kept;
-    replaceFile(target, m_content, restoreTheStore, [&] {
-        kept = keptAside(target);
-        makePrivate(kept.name);
-        setCompanionsAside(target, kept.name);
-        return kept.isMoved;
-    });
-    return kept.name;
+    OwnChanges::Turn const turn = own->turn();
+    fs::path const kept = replacedByNewFile(target, m_content);
+    own->noteReplacement(rows);
+    return kept;
 }
 
 } // namespace Storage

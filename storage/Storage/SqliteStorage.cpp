@@ -12,6 +12,7 @@
 #include "sqlite/StoreContent.h"
 #include "sqlite/StoreFile.h"
 #include "sqlite/StoreOpening.h"
+#include "watch/OwnChanges.h"
 #include <Storage/FileSystem.h>
 
 #include <SQLiteCpp/Column.h>
@@ -109,8 +110,10 @@ class SqliteStorage::Connection {
         SQLite::Transaction transaction(m_database, SQLite::TransactionBehavior::IMMEDIATE);
         if (std::optional<StorageError> const obstacle = obstacleToChanges(m_file, what, m_database, schemaVersion()))
             throw StorageError(*obstacle);
+        OwnChanges::Transaction own(*m_own);
         work();
         transaction.commit();
+        own.keep();
     }
 
     // Pauses now and then, as processes that wait for the file would starve while this one goes on changing it. It does
@@ -147,6 +150,13 @@ class SqliteStorage::Connection {
         return std::make_shared<Row const>(decodedRow(key, find->getColumn(0), find->getColumn(1), find->getColumn(2)));
     }
 
+    // Notes the row as it is read, as SQLite may store a value in another type.
+    void noteNow(std::string const& key)
+    {
+        if (m_own->isWatched())
+            m_own->note(key, copyOf(findNow(key)));
+    }
+
     template <typename T>
     void putNow(std::string const& key, std::string const& kind, T const& value)
     {
@@ -156,13 +166,15 @@ class SqliteStorage::Connection {
         bindValue(*set, 3, value);
         set->bind(4, static_cast<std::int64_t>(millisecondsSinceEpoch()));
         set->exec();
+        noteNow(key);
     }
 
     void putNow(std::string const& key, std::string const&, std::monostate)
     {
         Use remove(m_remove);
         bindText(*remove, 1, key);
-        remove->exec();
+        if (remove->exec() > 0)
+            noteNow(key);
     }
 
     void makeNow(Change const& change)
@@ -194,6 +206,7 @@ class SqliteStorage::Connection {
     Prepared m_find{m_database, "SELECT kind, value, changed FROM settings WHERE key = ?1"};
     Prepared m_set{m_database, setStatement};
     Prepared m_remove{m_database, "DELETE FROM settings WHERE key = ?1"};
+    std::shared_ptr<OwnChanges> const m_own = OwnChanges::of(sqlite3_db_filename(m_database.getHandle(), "main")); // without links
 
 public:
     Connection(std::filesystem::path const& path, Options const& options)

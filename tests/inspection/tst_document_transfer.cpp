@@ -12,6 +12,7 @@
 
 namespace {
 
+using Inspection::changeName;
 using Inspection::compared;
 using Inspection::Comparison;
 using Inspection::exported;

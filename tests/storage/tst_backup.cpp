@@ -158,7 +158,9 @@ TEST_F(Backups, StoreThatWasSwitchedToALogWhileItWasOpenIsNotCopied)
 {
     SqliteStorage store(path());
     OtherProgram(path()).execute("PRAGMA journal_mode = WAL");
-    EXPECT_EQ(refusal([&] { Backup::write(path("copy.backup"), {{"product", &store}}); }),
+    EXPECT_EQ(refusal([&] {
+                  Backup::write(path("copy.backup"), {{"product", &store}});
+              }),
               path().string() + ": cannot copy the store: it was switched to write-ahead logging, which can damage it; switch it back "
                                 "with: sqlite3 FILE 'PRAGMA journal_mode=DELETE'");
     EXPECT_FALSE(std::filesystem::exists(path("copy.backup")));
@@ -520,8 +522,7 @@ TEST_F(Backups, WhatCannotBeReplacedForWantOfRoomStaysInItsPlace)
     overwrite(path(), "not a store");
     Names const before = entries();
     EXPECT_EQ(restoredWithFilesUpTo(4096),
-              path().string() +
-                  ": cannot restore the store: File too large; make the file and its folder readable and writable for this user");
+              path().string() + ": cannot restore the store: File too large; free some space on the disk and try again");
     EXPECT_EQ(content(path()), "not a store");
     EXPECT_EQ(entries(), before);
 }

@@ -74,8 +74,11 @@ void RowCache::load(Prepared& all)
     replaceMoment(moment);
 }
 
-// In a write-ahead log commits leave the mark alone.
-bool RowCache::keepsRows(StoreHeader const& header) const { return !header.usesWriteAheadLog && m_file.size() <= largestFile; }
+// In a write-ahead log commits leave the mark alone. A newer version may compare keys in another way than by their bytes.
+bool RowCache::keepsRows(StoreHeader const& header) const
+{
+    return !header.usesWriteAheadLog && header.schema <= SqliteStorage::writtenSchema && m_file.size() <= largestFile;
+}
 
 void RowCache::replaceMoment(SharedMoment moment)
 {

@@ -15,7 +15,8 @@ namespace Storage {
 namespace {
 
 constexpr std::size_t markAt = 24;
-constexpr std::size_t headerSize = markAt + ChangeMark().size();
+constexpr std::size_t schemaAt = 60; // PRAGMA user_version, four bytes, the highest first
+constexpr std::size_t headerSize = schemaAt + 4;
 
 void require(int code)
 {
@@ -56,6 +57,8 @@ StoreHeader StoreFile::header() const
         return {};
     StoreHeader header;
     std::copy_n(bytes.begin() + markAt, header.mark.size(), header.mark.begin());
+    for (std::size_t at = schemaAt; at < headerSize; ++at)
+        header.schema = header.schema << 8 | bytes[at];
     header.usesWriteAheadLog = bytes[formatsAt] == 2 || bytes[formatsAt + 1] == 2;
     return header;
 }

@@ -21,6 +21,7 @@ using ChangeMark = std::array<unsigned char, 16>;
 /// What SQLite's header says of the file.
 struct StoreHeader {
     ChangeMark mark = {};
+    std::uint32_t schema = 0;
     bool usesWriteAheadLog = false;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // A host: all that the guide's blocks use, and the block.
+#include <Notifier/Notifier.h>
 #include <Settings/Settings.h>
 #include <Storage/Backup.h>
 #include <Storage/Batch.h>

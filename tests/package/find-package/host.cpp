@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <Notifier/Notifier.h>
 #include <Settings/Settings.h>
 #include <Settings/Version.h>
 #include <Storage/SqliteStorage.h>
@@ -16,6 +17,19 @@ struct Product : IProductInfo {
     std::string projectFileExtensions() const override { return "lumora"; }
 };
 
+// Sets a preference once its store is watched, and ends when it is told of that.
+void follow(Storage::SqliteStorage& store)
+{
+    Notifier::Notifier notifier({{QStringLiteral("product"), store.file()}});
+    notifier.watch(QStringLiteral("npsSendCount"));
+    QObject::connect(&notifier, &Notifier::Notifier::watching, [&] { store.setInt("npsSendCount", 3); });
+    QObject::connect(&notifier, &Notifier::Notifier::changed, [](QString const& key) {
+        std::puts(key.toUtf8().constData());
+        QCoreApplication::quit();
+    });
+    QCoreApplication::exec();
+}
+
 int main(int argc, char** argv)
 {
     QCoreApplication const application(argc, argv);
@@ -30,4 +44,5 @@ int main(int argc, char** argv)
     if (french.load(QStringLiteral("editor-settings_fr"), QStringLiteral(TRANSLATIONS)))
         QCoreApplication::installTranslator(&french);
     std::puts(Settings::projectNameDefault().toUtf8().constData());
+    follow(*own);
 }

@@ -170,6 +170,19 @@ TEST_F(ForeignFile, KeyThatIsABlobIsNotFound)
     EXPECT_EQ(OtherProgram(path()).ask("SELECT count(*) FROM settings"), "2");
 }
 
+TEST_F(ForeignFile, KeysOfANewerVersionAreComparedAsItsTableDefines)
+{
+    OtherProgram(path()).execute(
+        "BEGIN; CREATE TABLE copy (key TEXT NOT NULL PRIMARY KEY COLLATE NOCASE, kind TEXT NOT NULL, value NOT NULL, changed INTEGER);"
+        "INSERT INTO copy SELECT * FROM settings; DROP TABLE settings; ALTER TABLE copy RENAME TO settings; PRAGMA user_version = 2;"
+        "COMMIT");
+    SqliteStorage const opened(path());
+    for (int read = 0; read < 3; ++read) {
+        EXPECT_EQ(m_store->getInt("NUMBER", absent), 1) << "in read " << read;
+        EXPECT_EQ(opened.getInt("NUMBER", absent), 1) << "in read " << read;
+    }
+}
+
 TEST_F(ForeignFile, KeysOfAnyBytesAreFound)
 {
     std::string const keys[] = {"", std::string("a\0b", 3), "a", "\xff\xfe", "b", "ab", "\xc3\xa4"};

@@ -3,12 +3,20 @@
 #include "terminal/Escaping.h"
 #include <Inspection/PreferenceState.h>
 #include <Inspection/RowDifference.h>
-#include <Inspection/StoreWatcher.h>
 #include <Inspection/ValueFormat.h>
+#include <Storage/StoreWatcher.h>
+#include <Storage/watch/ChangeHints.h>
 
+#include <cerrno>
+#include <chrono>
 #include <csignal>
+#include <filesystem>
 #include <iostream>
 #include <memory>
+#include <system_error>
+
+#include <sys/signalfd.h>
+#include <unistd.h>
 
 using Catalogue::Store;
 using Inspection::jsonText;
@@ -16,17 +24,19 @@ using Inspection::storageFile;
 using Inspection::storedJson;
 using Inspection::storedText;
 using nlohmann::ordered_json;
+using Storage::StoreWatcher;
 
 namespace {
 
-constexpr timespec pauseBetweenLooks = {0, 25000000};
+// Between two looks where no hint comes.
+constexpr std::chrono::milliseconds longestPause{25};
 
 struct WatchedStore {
     Store store;
-    Inspection::StoreWatcher watcher;
+    StoreWatcher watcher;
 };
 
-void print(std::string const& store, Inspection::RowDifference const& difference, Format format)
+void print(std::string const& store, Storage::RowDifference const& difference, Format format)
 {
     auto const& [key, before, after] = difference;
     std::string const time = Inspection::inUtc(after ? after->changed : std::chrono::system_clock::now());
@@ -43,38 +53,49 @@ void print(std::string const& store, Inspection::RowDifference const& difference
 
 void look(WatchedStore& store, Format format)
 {
-    Inspection::StoreWatcher::Look const look = store.watcher.look();
+    StoreWatcher::Look const look = store.watcher.look();
     if (look.error)
         printError(look.error->what());
-    for (Inspection::RowDifference const& difference : look.differences)
+    for (StoreWatcher::Difference const& difference : look.differences)
         print(name(store.store), difference, format);
 }
 
-// The signals that end the program are taken between two looks, so that a line is never cut.
-sigset_t heldBackSignals()
-{
-    sigset_t ends;
-    sigemptyset(&ends);
-    sigaddset(&ends, SIGINT);
-    sigaddset(&ends, SIGTERM);
-    ::sigprocmask(SIG_BLOCK, &ends, nullptr);
-    return ends;
-}
+// The signals that end the program, as a descriptor: they are taken between two looks, so that a line is never cut.
+class EndSignals {
+public:
+    EndSignals()
+    {
+        sigset_t ends;
+        sigemptyset(&ends);
+        sigaddset(&ends, SIGINT);
+        sigaddset(&ends, SIGTERM);
+        ::sigprocmask(SIG_BLOCK, &ends, nullptr);
+        descriptor = ::signalfd(-1, &ends, SFD_CLOEXEC);
+        if (descriptor < 0)
+            throw std::system_error(errno, std::generic_category(), "cannot wait for signals");
+    }
+    ~EndSignals() { ::close(descriptor); }
+    EndSignals(EndSignals const&) = delete;
+    EndSignals& operator=(EndSignals const&) = delete;
+
+    int descriptor = -1;
+};
 
 // Prints each change that another process makes to a store, until SIGINT or SIGTERM. Waits for a missing store. Prints an
 // error with a store once on standard error, and keeps watching it.
 void monitorStores(Host::Application const& application, Format format)
 {
-    sigset_t const ends = heldBackSignals();
-    auto const watcherOf = [&](Store store) {
-        return Inspection::StoreWatcher(storageFile(application, store), application.storeOptions());
-    };
-    WatchedStore watched[] = {{Store::product, watcherOf(Store::product)}, {Store::common, watcherOf(Store::common)}};
+    EndSignals const ends;
+    std::filesystem::path const productFile = storageFile(application, Store::product);
+    std::filesystem::path const commonFile = storageFile(application, Store::common);
+    Storage::ChangeHints hints({productFile, commonFile});
+    WatchedStore watched[] = {{Store::product, StoreWatcher(productFile, application.storeOptions())},
+                              {Store::common, StoreWatcher(commonFile, application.storeOptions())}};
     for (WatchedStore& store : watched)
         if (auto const error = store.watcher.look().error)
             printError(error->what());
     printError("watching both stores; Ctrl+C ends it");
-    while (std::cout && ::sigtimedwait(&ends, nullptr, &pauseBetweenLooks) < 0)
+    while (std::cout && !hints.wait(longestPause, ends.descriptor))
         for (WatchedStore& store : watched) {
             look(store, format);
             std::cout.flush();

@@ -8,9 +8,9 @@ namespace {
 using Storage::SqliteStorage;
 namespace fs = std::filesystem;
 
-class ReplacedStore : public StoreFolder {
+class StoreThatLostItsName : public StoreFolder {
 protected:
-    ReplacedStore()
+    StoreThatLostItsName()
     {
         m_replaced.setString("key", "replaced");
         SqliteStorage(path("new.sqlite")).setString("key", "new");
@@ -40,19 +40,19 @@ protected:
     std::string m_journal;
 };
 
-TEST_F(ReplacedStore, ListsNothingByTheNewStoresJournal)
+TEST_F(StoreThatLostItsName, ListsNothingByTheNewStoresJournal)
 {
     EXPECT_EQ(refusal([&] { m_replaced.rows(); }), refused("list the stored values"));
     expectAnUntouchedJournal();
 }
 
-TEST_F(ReplacedStore, ChangesNothingByTheNewStoresJournal)
+TEST_F(StoreThatLostItsName, ChangesNothingByTheNewStoresJournal)
 {
     EXPECT_EQ(refusal([&] { m_replaced.setString("key", "late"); }), refused("set \"key\""));
     expectAnUntouchedJournal();
 }
 
-TEST_F(ReplacedStore, ReadsItsLastValuesOnceTheNewStoreIsAtRest)
+TEST_F(StoreThatLostItsName, ReadsItsLastValuesOnceTheNewStoreIsAtRest)
 {
     m_writer->execute("COMMIT");
     EXPECT_EQ(m_replaced.rows().at(0).value, SqliteStorage::Value("replaced"));
