@@ -532,7 +532,7 @@ TEST_F(Backups, StoreThatCannotTakeAllTheValuesKeepsItsOwn)
     backUp(std::string(200000, 'x'));
     SqliteStorage(path()).setString("text", "before");
     EXPECT_EQ(restoredWithFilesUpTo(65536),
-              path().string() + ": cannot restore the store: disk I/O error; check the disk and its space, and try again");
+              path().string() + ": cannot restore the store: File too large; free some space on the disk and try again");
     EXPECT_EQ(SqliteStorage(path()).getString("text", ""), "before");
 }
 
