@@ -541,7 +541,7 @@ TEST_F(SqliteFaults, FileSizeLimitIsNamedAndTheEarlierValueKept)
         }
         return what + '|' + store.getString("key", "lost");
     });
-    EXPECT_EQ(answer, path().string() + ": cannot set \"key\": disk I/O error; check the disk and its space, and try again|value");
+    EXPECT_EQ(answer, path().string() + ": cannot set \"key\": File too large; free some space on the disk and try again|value");
     EXPECT_EQ(SqliteStorage(path()).getString("key", "lost"), "value");
 }
 
