@@ -44,17 +44,21 @@ Family family(char const* name, char const* purpose, Store store, DataClass data
 
 Usable const anyFolder = {true};
 
-// The name without parameters and ABI tag.
-template <typename Function>
-std::string functionName(Function* function)
+// The name without parameters and ABI tag; empty for a null pointer, which neither function knows.
+std::string nameAt(void const* function)
 {
     Dl_info info = {};
-    if (!function || !::dladdr(reinterpret_cast<void*>(function), &info) || !info.dli_sname)
-        return {};
+    ::dladdr(function, &info);
     char* const demangled = abi::__cxa_demangle(info.dli_sname, nullptr, nullptr, nullptr);
     std::string const name = demangled ? demangled : "";
     std::free(demangled);
     return name.substr(0, name.find_first_of("[("));
+}
+
+template <typename Function>
+std::string functionName(Function* function)
+{
+    return nameAt(reinterpret_cast<void*>(function));
 }
 
 } // namespace

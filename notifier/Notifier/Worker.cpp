@@ -160,8 +160,7 @@ void Worker::look(Watch& watch)
         tell([](News& news) { news.isWatching = true; });
 }
 
-template <typename Add>
-void Worker::tell(Add const& add)
+void Worker::tell(std::function<void(News&)> const& add)
 {
     std::unique_lock<std::mutex> turn(m_turns);
     add(m_news);

@@ -65,8 +65,7 @@ private:
     void run();
     Task nextTask();
     void look(Watch& watch);
-    template <typename Add>
-    void tell(Add const& add);
+    void tell(std::function<void(News&)> const& add);
 
     std::vector<StoreFile> const m_files;
     std::function<void()> const m_haveNews;
