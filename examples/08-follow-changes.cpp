@@ -35,7 +35,7 @@ constexpr int rowCountInAll = sizeof rows / sizeof *rows;
 // One row for each preference; a view shows it as it is.
 class PreferencesModel : public QAbstractListModel {
 public:
-    explicit PreferencesModel(std::vector<Notifier::Notifier::Store> stores) : m_notifier(std::move(stores))
+    explicit PreferencesModel(std::vector<Notifier::Notifier::Store> const& stores) : m_notifier(stores)
     {
         connect(&m_notifier, &Notifier::Notifier::watching, this, [this] { load(0, rowCountInAll - 1); });
         connect(&m_notifier, &Notifier::Notifier::changed, this, [this](QString const& key) { loadKey(key); });

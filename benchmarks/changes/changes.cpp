@@ -37,8 +37,8 @@ public:
             Storage::SqliteStorage(file).apply(changes);
         }
         m_changer.start(QStringLiteral(CHANGER), {QString::fromStdString(m_product)});
-        QObject::connect(&m_notifier, &Notifier::Notifier::watching, [this] { m_isWatching = true; });
-        QObject::connect(&m_notifier, &Notifier::Notifier::changed, [this] { m_told = Clock::now(); });
+        QObject::connect(&m_notifier, &Notifier::Notifier::watching, &m_notifier, [this] { m_isWatching = true; });
+        QObject::connect(&m_notifier, &Notifier::Notifier::changed, &m_notifier, [this] { m_told = Clock::now(); });
         m_notifier.watchPrefix(QString());
         while (!m_isWatching)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);

@@ -179,7 +179,8 @@ std::string jsonText(ordered_json const& value, int indent)
     std::string const text = value.dump(indent, ' ', false, ordered_json::error_handler_t::replace);
     // The dump escapes ASCII's control characters but DEL.
     QString result;
-    for (QChar const character : QString::fromStdString(text))
+    QString const characters = QString::fromStdString(text);
+    for (QChar const character : characters)
         result +=
             isObeyed(character.unicode()) ? QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QLatin1Char('0')) : QString(character);
     return result.toStdString();

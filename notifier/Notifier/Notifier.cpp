@@ -28,7 +28,7 @@ std::vector<StoreFile> filesOf(std::vector<Notifier::Store> const& stores)
 
 } // namespace
 
-Notifier::Notifier(std::vector<Store> stores, QObject* parent) : QObject(parent), m_names(namesOf(stores))
+Notifier::Notifier(std::vector<Store> const& stores, QObject* parent) : QObject(parent), m_names(namesOf(stores))
 {
     auto const inThread = [this](void (Notifier::*work)()) {
         return [this, work] {

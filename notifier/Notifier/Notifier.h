@@ -40,7 +40,7 @@ public:
 
     /// Tells of changes to `stores`; a relative file is resolved here. No keys are chosen yet. Throws `std::system_error`
     /// where the process has no descriptor left, or no current directory for a relative file.
-    explicit Notifier(std::vector<Store> stores, QObject* parent = nullptr);
+    explicit Notifier(std::vector<Store> const& stores, QObject* parent = nullptr);
     ~Notifier() override;
 
     /// Chooses the key `key`, in all stores.
@@ -60,11 +60,9 @@ Q_SIGNALS:
     /// the store is watched on, and its values stay known as they were.
     void failed(QString const& store, QString const& message);
 
-protected:
+private:
     void connectNotify(QMetaMethod const& signal) override;
     void disconnectNotify(QMetaMethod const& signal) override;
-
-private:
     void deliver();
     void checkReceivers();
     bool hasReceivers() const;

@@ -39,7 +39,9 @@ public:
     /// longer than `busyTimeout` is an error; `createIfMissing` does not count.
     explicit StoreWatcher(std::filesystem::path const& file, SqliteStorage::Options const& options = {});
     ~StoreWatcher();
+    /// Takes over what `other` watches, which may then only be assigned to or destroyed.
     StoreWatcher(StoreWatcher&& other) noexcept;
+    /// As above.
     StoreWatcher& operator=(StoreWatcher&& other) noexcept;
 
     /// A difference, and whose change it is.

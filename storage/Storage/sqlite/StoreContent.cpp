@@ -12,7 +12,7 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstring>
+#include <cmath>
 #include <limits>
 #include <memory>
 #include <optional>
@@ -66,12 +66,12 @@ Payload payloadOf(SQLite::Column const& stored)
     }
 }
 
-// Tells the zeros of a real number apart, which `==` does not.
+// Tells the zeros of a real number apart, which `==` does not. SQLite stores no NaN.
 bool isSame(Payload const& one, Payload const& other)
 {
     double const* const number = std::get_if<double>(&one);
     double const* const otherNumber = std::get_if<double>(&other);
-    return number && otherNumber ? std::memcmp(number, otherNumber, sizeof *number) == 0 : one == other;
+    return one == other && (!number || std::signbit(*number) == std::signbit(*otherNumber));
 }
 
 // Clamps a time beyond the clock's range, which another program may have stored.

@@ -17,7 +17,6 @@
 #include <memory>
 #include <utility>
 
-namespace fs = std::filesystem;
 using namespace Inspection;
 using Catalogue::Store;
 using nlohmann::ordered_json;
