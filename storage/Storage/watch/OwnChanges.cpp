@@ -2,6 +2,7 @@
 #include "OwnChanges.h"
 
 #include <iterator>
+#include <thread>
 
 namespace fs = std::filesystem;
 
@@ -19,6 +20,18 @@ std::shared_ptr<OwnChanges> OwnChanges::of(fs::path const& realName)
     auto const made = std::make_shared<OwnChanges>();
     all[realName.native()] = made;
     return made;
+}
+
+// The thread sanitizer does not know how std::timed_mutex waits, so the turn is asked for again and again.
+OwnChanges::Turn OwnChanges::turnWithin(std::chrono::milliseconds time)
+{
+    auto const end = std::chrono::steady_clock::now() + time;
+    Turn turn(m_turns, std::try_to_lock);
+    while (!turn && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        static_cast<void>(turn.try_lock());
+    }
+    return turn;
 }
 
 void OwnChanges::removeWatcher()

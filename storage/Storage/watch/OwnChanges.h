@@ -26,7 +26,7 @@ namespace Storage {
 class OwnChanges {
 public:
     using Row = SqliteStorage::Row;
-    using Turn = std::unique_lock<std::timed_mutex>;
+    using Turn = std::unique_lock<std::mutex>;
 
     /// The object for the file of that real name, which all stores and watchers of the file share. Any thread may call.
     static std::shared_ptr<OwnChanges> of(std::filesystem::path const& realName);
@@ -34,7 +34,7 @@ public:
     /// The turn, once it is free.
     Turn turn() { return Turn(m_turns); }
     /// The turn, or none where it is not free in time.
-    Turn turnWithin(std::chrono::milliseconds time) { return Turn(m_turns, time); }
+    Turn turnWithin(std::chrono::milliseconds time);
 
     /// The turn of a change. Its notes count where `keep` is called.
     class Transaction {
@@ -72,7 +72,7 @@ private:
 
     void keepMade();
 
-    std::timed_mutex m_turns;
+    std::mutex m_turns;
     int m_watchers = 0;
     std::vector<std::pair<std::string, std::optional<Row>>> m_made; // by the transaction that has the turn
     std::map<std::string, Made> m_last;
