@@ -221,7 +221,7 @@ looks for the file of the organisation and for those of the system. A durable wr
 within a run, so the library's lead over the peers varies from run to run."""),
     "load": ("Load", """The floor is an empty library that links the same libraries. The goal covers the start of a process, in which an
 editor loads it; in a process that has Qt already, the library's own part shows alone."""),
-    "changes": ("Changes", """From the return of another process's call to the slot that is told, as a median, with two stores
+    "changes": ("Changes", """From the return of another process's call to the slot that is called, as a median, with two stores
 watched; and the processor's time that watching them takes in a second in which nothing changes."""),
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// How soon the change of another process is told, from the return of its call to the slot, with inotify and without; and the
+// How soon the change of another process is reported, from the return of its call to the slot, with inotify and without; and the
 // processor's time that watching takes while nothing changes. Two stores of sixty settings on the disk, all keys chosen.
 #include <support/Bench.h>
 #include <support/RefusedHints.h>

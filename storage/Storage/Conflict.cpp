@@ -11,7 +11,7 @@ Conflict::Conflict(std::string const& file, std::string const& attempt, std::str
                         : expected ? "changed"
                                    : "set") +
                        " in the meantime",
-                   "read it again and decide anew"),
+                   "read it again and decide again"),
       m_key(key),
       m_row(stored)
 {}

@@ -49,7 +49,7 @@ public:
         /// Whether this process stored or removed the row that `after` tells, with any of its `SqliteStorage` objects or by
         /// a `Backup`. A file that was moved or removed, or replaced in another way, counts as another process's change.
         ///
-        /// Rows are told apart by kind, value and millisecond, and removals not at all: where another process repeats a
+        /// Rows are compared by kind, value and millisecond, and removals not at all: where another process repeats a
         /// change of this one in the same millisecond, or sets and removes again what this one has removed, between two
         /// looks, the change counts as this process's.
         bool byThisProcess = false;

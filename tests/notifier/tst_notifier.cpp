@@ -57,7 +57,7 @@ protected:
         return false;
     }
 
-    // Records what is told, and returns once watching has begun.
+    // Records the signals, and returns once watching has begun.
     void listen()
     {
         using Notifier::Notifier;
@@ -74,7 +74,7 @@ protected:
         EXPECT_EQ(taken(), Told{"watching"});
     }
 
-    // All that is told until `last` is.
+    // All changes until `last`.
     Told toldUntil(std::string const& last)
     {
         EXPECT_TRUE(comes([&] { return !m_told.empty() && m_told.back() == last; })) << last;
@@ -96,7 +96,7 @@ protected:
         std::vector<Notifier::Notifier::Store>{{QStringLiteral("product"), m_file}, {QStringLiteral("common"), m_commonFile}}};
 };
 
-// --- What is told ---
+// --- Which changes are reported ---
 
 TEST_F(Telling, ChangesOfAnotherProcess)
 {
@@ -192,7 +192,7 @@ TEST_F(Telling, LastOfManyQuickChangesIsNeverLost)
             QCoreApplication::processEvents();
     }
     EXPECT_TRUE(comes([&] { return read == -1000; }));
-    EXPECT_LT(m_told.size(), 4000u) << "several are told as one";
+    EXPECT_LT(m_told.size(), 4000u) << "several are reported as one";
 }
 
 TEST_F(Telling, ErrorOnceAndWhatFollowsIt)

@@ -89,7 +89,7 @@ TEST_F(ConditionalChanges, ConflictIsAStorageErrorWithKeyAndRow)
     EXPECT_EQ(error->row()->kind, "string");
     EXPECT_EQ(error->row()->value, SqliteStorage::Value("of somebody else"));
     EXPECT_EQ(std::string(error->what()), path().string() + ": cannot make 2 changes together: \"key\" was changed in the meantime; "
-                                                            "read it again and decide anew");
+                                                            "read it again and decide again");
 }
 
 TEST_F(ConditionalChanges, ConflictHasNoRowWhereTheKeyWasRemoved)

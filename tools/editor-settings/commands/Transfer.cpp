@@ -135,7 +135,7 @@ Columns columnsOf(std::optional<SqliteStorage::Row> const& row, std::string cons
     return {shortened(onOneLine(Inspection::storedText(row, absent)), 120) + (kindsDiffer ? " (" + onOneLine(row->kind) + ')' : "")};
 }
 
-// An import removes nothing, so a difference is told by the side that has the key.
+// An import removes nothing, so a difference is named by the side that has the key.
 char const* differenceName(Change change)
 {
     return change == Change::added ? "only in the file" : change == Change::removed ? "only here" : changeName(change);
