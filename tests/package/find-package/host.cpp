@@ -17,7 +17,7 @@ struct Product : IProductInfo {
     std::string projectFileExtensions() const override { return "lumora"; }
 };
 
-// Sets a preference once its store is watched, and ends when it is told of that.
+// Sets a preference once its store is watched, and ends at the signal of that change.
 void follow(Storage::SqliteStorage& store)
 {
     Notifier::Notifier notifier({{QStringLiteral("product"), store.file()}});

@@ -1,23 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "Register.h"
 
-#include <cerrno>
+#include <storage/support/SharedMemory.h>
+
 #include <new>
-#include <system_error>
 
 #include <sys/mman.h>
-
-namespace {
-
-void* sharedMemory(std::size_t size)
-{
-    void* const memory = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-    if (memory == MAP_FAILED)
-        throw std::system_error(errno, std::generic_category(), "shared memory");
-    return memory;
-}
-
-} // namespace
 
 Register::Register() : m_shared(new (sharedMemory(sizeof(Shared))) Shared) {}
 

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <storage/support/Ledger.h>
+#include <storage/support/SharedMemory.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <map>
 #include <new>
 #include <numeric>
-#include <system_error>
 #include <tuple>
 
 #include <sys/mman.h>
@@ -16,14 +15,6 @@ using Storage::SqliteStorage;
 namespace {
 
 auto fields(SqliteStorage::Row const& row) { return std::tie(row.key, row.kind, row.value, row.changed); }
-
-void* sharedMemory(std::size_t size)
-{
-    void* const memory = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-    if (memory == MAP_FAILED)
-        throw std::system_error(errno, std::generic_category(), "shared memory");
-    return memory;
-}
 
 } // namespace
 

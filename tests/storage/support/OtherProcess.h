@@ -16,7 +16,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-/// Another process, which changes the store in `file` when it is told to. To be made before this process opens a store or
+/// Another process, which changes the store in `file` on request. To be made before this process opens a store or
 /// starts a thread.
 class OtherProcess {
 public:

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Stores on a network file system, as NetworkFolder.cpp simulates one: the tool uses them only where it is told to.
+// Stores on a network file system, as NetworkFolder.cpp simulates one: the tool uses them only on request.
 #include "Tool.h"
 
 #include <Storage/SqliteStorage.h>

@@ -132,7 +132,7 @@ struct Command {
     std::function<int(Invocation const&)> run;
     /// The verbs below this one, one of which must follow it.
     std::vector<Command> verbs = {};
-    /// What is wrong with the words together, such as "VALUE is required"; empty where nothing is.
+    /// What is wrong with the words together, such as "VALUE is required"; empty if they are right.
     std::function<std::string()> wrongWords = {};
     Group group = Group::keep;
     /// What users of other programs may call it; the error for such a word leads here.
