@@ -2,6 +2,7 @@
 #include <Inspection/checks/StoreFileChecks.h>
 
 #include <Inspection/PathStatus.h>
+#include <Inspection/ValueFormat.h>
 
 #include <absl/strings/str_cat.h>
 
@@ -102,7 +103,7 @@ void checkMode(std::string const& file, ExaminedStore const& store, Findings& fi
         findings.push_back({Severity::warning,
                             Check::fileMode,
                             "other users may read or change it: its mode is " + inOctal(status.st_mode & 07777),
-                            absl::StrCat("chmod 600 '", file, "'"),
+                            "chmod 600 " + shellWord(file),
                             store.store,
                             {},
                             file});

@@ -131,8 +131,8 @@ Terminal::Style styleFor(Change change)
 Columns columnsOf(std::optional<SqliteStorage::Row> const& row, std::string const& absent, bool kindsDiffer, Format format)
 {
     if (format == Format::plain)
-        return {row ? onOneLine(row->kind) : "", onOneLine(Inspection::storedText(row, ""))};
-    return {shortened(onOneLine(Inspection::storedText(row, absent)), 120) + (kindsDiffer ? " (" + onOneLine(row->kind) + ')' : "")};
+        return {row ? onOneLine(row->kind) : "", onOneLine(row, "")};
+    return {shortened(onOneLine(row, absent), 120) + (kindsDiffer ? " (" + onOneLine(row->kind) + ')' : "")};
 }
 
 // An import removes nothing, so a difference is named by the side that has the key.
