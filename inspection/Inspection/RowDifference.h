@@ -30,6 +30,7 @@ std::string inLocalTime(std::chrono::system_clock::time_point time);
 std::string inUtc(std::chrono::system_clock::time_point time);
 
 using Storage::RowDifference;
+using Storage::rowDifference;
 using Storage::rowDifferences;
 using Change = RowDifference::Change;
 
