@@ -31,6 +31,7 @@
 #include <boost/rational.hpp>
 
 #include <string>
+#include <type_traits>
 
 #pragma GCC visibility push(default) // the library exports what this header declares
 
@@ -70,8 +71,9 @@ QByteArray read(std::string const& key, QByteArray const& defaultValue, bool use
 boost::rational<long long> read(std::string const& key, boost::rational<long long> const& defaultValue, bool useCommonStorage);
 /// The stored string split at every "|#|", without empty elements. The default is joined and split likewise.
 QStringList read(std::string const& key, QStringList defaultValue, bool useCommonStorage);
-/// Refuses a text literal.
-bool read(std::string const& key, char const* defaultValue, bool useCommonStorage) = delete;
+/// Refuses a text literal. Takes a `bool` alone as its last argument, as `read(0, buffer, size)` is a call of the system.
+template <typename Bool, typename = std::enable_if_t<std::is_same_v<Bool, bool>>>
+bool read(std::string const& key, char const* defaultValue, Bool useCommonStorage) = delete;
 
 /// Stores `value` unchanged; UTF-8 by convention.
 void write(std::string const& key, std::string const& value, bool useCommonStorage);
@@ -89,8 +91,9 @@ void write(std::string const& key, boost::rational<long long> const& value, bool
 /// Stores the elements joined with "|#|", unescaped. The next read drops empty elements, splits an element that contains
 /// "|#|", and splits an element that ends in "|#" from the next one at the wrong place.
 void write(std::string const& key, QStringList value, bool useCommonStorage);
-/// Refuses a text literal.
-void write(std::string const& key, char const* value, bool useCommonStorage) = delete;
+/// Refuses a text literal. Takes a `bool` alone as its last argument, as `write(0, "text", size)` is a call of the system.
+template <typename Bool, typename = std::enable_if_t<std::is_same_v<Bool, bool>>>
+void write(std::string const& key, char const* value, Bool useCommonStorage) = delete;
 
 // --- Preferences -----------------------------------------------------------------------------------------------------
 //

@@ -13,6 +13,8 @@
 #include <utility>
 #include <vector>
 
+#include <unistd.h>
+
 using Rational = boost::rational<long long>;
 
 // The fourteen overloads, with the lists by value and all else by reference.
@@ -51,6 +53,9 @@ static_assert(picks<QByteArray, QByteArray> && picks<Rational, Rational>);
 static_assert(picks<QStringList, QStringList> && picks<QList<QString>, QStringList>);
 // Nothing says whether these are a bool or an int.
 static_assert(picks<long, Refused> && picks<unsigned, Refused> && picks<double, Refused>);
+// The system's calls of the same names, also with a number that could be a null pointer, and so a key.
+static_assert(std::is_same_v<decltype(::read(0, std::declval<char*>(), std::size_t())), ssize_t>);
+static_assert(std::is_same_v<decltype(::write(0, "text", std::size_t())), ssize_t>);
 // A pointer converts to a bool, which nobody means who writes a text.
 static_assert(picks<char const (&)[5], Refused> && picks<char const*, Refused> && picks<char*, Refused>);
 
