@@ -134,9 +134,9 @@ try {
     std::string const home = position.value("--home");
     Storage::SqliteStorage::Options options;
     options.allowNetworkFileSystem = position.isGiven("--allow-network");
-    Host::Application const application(product.empty() ? Host::installedProductFile() : std::filesystem::path(product),
-                                        home.empty() ? std::nullopt : std::optional<std::filesystem::path>(home),
-                                        Host::StorePolicy::leaveOutUnusable, options);
+    Host::ToolApplication const application(
+        product.empty() ? Host::installedProductFile() : std::filesystem::path(product),
+        {home.empty() ? std::nullopt : std::optional<std::filesystem::path>(home), Host::StorePolicy::leaveOutUnusable, options});
     std::vector<Candidate> result;
     for (Storage::SqliteStorage const* const store : {application.productStorage(), application.commonStorage()})
         for (Storage::SqliteStorage::Row const& row : store ? store->rows() : std::vector<Storage::SqliteStorage::Row>())
