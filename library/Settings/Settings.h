@@ -30,6 +30,7 @@
 
 #include <boost/rational.hpp>
 
+#include <cstddef>
 #include <string>
 #include <type_traits>
 
@@ -51,8 +52,8 @@ void init(SettingsContext const& context);
 // Each function takes any key, also one of the host's own. It uses `commonStorage` if `useCommonStorage` is true, else
 // `productStorage`. The caller's default is read once, before the store is called, and no result shares memory with it.
 //
-// A text literal is no value: it would convert to `bool` before it converts to a string, so it does not compile. Pass a
-// `std::string` or a `QString`.
+// A text literal is no value: it would convert to `bool` before it converts to a string, so it does not compile. A
+// `char const*` still converts. Pass a `std::string` or a `QString`.
 
 /// The stored string unchanged, or `defaultValue`.
 std::string read(std::string const& key, std::string const& defaultValue, bool useCommonStorage);
@@ -72,8 +73,8 @@ boost::rational<long long> read(std::string const& key, boost::rational<long lon
 /// The stored string split at every "|#|", without empty elements. The default is joined and split likewise.
 QStringList read(std::string const& key, QStringList defaultValue, bool useCommonStorage);
 /// Refuses a text literal. Takes a `bool` alone as its last argument, as `read(0, buffer, size)` is a call of the system.
-template <typename Bool, typename = std::enable_if_t<std::is_same_v<Bool, bool>>>
-bool read(std::string const& key, char const* defaultValue, Bool useCommonStorage) = delete;
+template <std::size_t size, typename Bool, typename = std::enable_if_t<std::is_same_v<Bool, bool>>>
+bool read(std::string const& key, char const (&defaultValue)[size], Bool useCommonStorage) = delete;
 
 /// Stores `value` unchanged; UTF-8 by convention.
 void write(std::string const& key, std::string const& value, bool useCommonStorage);
@@ -92,8 +93,8 @@ void write(std::string const& key, boost::rational<long long> const& value, bool
 /// "|#|", and splits an element that ends in "|#" from the next one at the wrong place.
 void write(std::string const& key, QStringList value, bool useCommonStorage);
 /// Refuses a text literal. Takes a `bool` alone as its last argument, as `write(0, "text", size)` is a call of the system.
-template <typename Bool, typename = std::enable_if_t<std::is_same_v<Bool, bool>>>
-void write(std::string const& key, char const* value, Bool useCommonStorage) = delete;
+template <std::size_t size, typename Bool, typename = std::enable_if_t<std::is_same_v<Bool, bool>>>
+void write(std::string const& key, char const (&value)[size], Bool useCommonStorage) = delete;
 
 // --- Preferences -----------------------------------------------------------------------------------------------------
 //

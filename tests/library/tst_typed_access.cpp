@@ -56,8 +56,9 @@ static_assert(picks<long, Refused> && picks<unsigned, Refused> && picks<double, 
 // The system's calls of the same names, also with a number that could be a null pointer, and so a key.
 static_assert(std::is_same_v<decltype(::read(0, std::declval<char*>(), std::size_t())), ssize_t>);
 static_assert(std::is_same_v<decltype(::write(0, "text", std::size_t())), ssize_t>);
-// A pointer converts to a bool, which nobody means who writes a text.
-static_assert(picks<char const (&)[5], Refused> && picks<char const*, Refused> && picks<char*, Refused>);
+// A literal would convert to a bool, which nobody means who writes a text. A pointer does.
+static_assert(picks<char const (&)[5], Refused> && picks<char (&)[5], Refused>);
+static_assert(picks<char const*, bool> && picks<char*, bool>);
 
 namespace {
 
@@ -455,6 +456,15 @@ TEST_F(TypedAccess, FailingFirstHalfAsksForNoSecond)
     TestKit::ScopedBinding const binding({{}, {}, failing, {}});
     EXPECT_THROW(read(key, Rational(3, 4), product), TestKit::StorageFailure);
     EXPECT_EQ(calls(), Calls{});
+}
+
+// --- Traps for callers ---
+
+TEST_F(TypedAccess, PointerToTextPicksTheBoolOverload)
+{
+    char const* const text = "text";
+    write(key, text, product);
+    EXPECT_EQ(calls(), (Calls{"product.setBool(\"key\", true)"}));
 }
 
 } // namespace
