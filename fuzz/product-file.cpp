@@ -35,6 +35,8 @@ void checkTaken(Host::ProductFile const& product, std::filesystem::path const& f
     checkFolderName("sharedDataFolderName", product.sharedDataFolderName());
     checkExtensions(product.projectFileExtensions());
     expect(product.file() == file, "the file is as it was named");
+    for (Host::OwnKey const& own : product.ownKeys().all())
+        expect(oracle::isUtf8(own.key) && !own.key.empty() && product.ownKeys().find(own.key), "a declared key is found");
     std::string const root = product.resourcesRoot().string();
     expect(oracle::isUtf8(root) && root.find('\0') == std::string::npos && product.resourcesRoot().is_absolute(), "the root is absolute");
 }
@@ -46,7 +48,7 @@ void checkRefused(std::string const& text, std::filesystem::path const& file)
         Fuzz::finding("a text that names the file, in UTF-8", {text});
     // What is wrong, then what to do; on one line, as users report texts.
     bool const saysWhatToDo = text.find("; ") != std::string::npos || text.find(", which takes ") != std::string::npos ||
-                              text.compare(begin.size(), 13, "is not JSON: ") == 0;
+                              text.find(" is not JSON: ") != std::string::npos;
     if (!saysWhatToDo || text.size() == begin.size())
         Fuzz::finding("a text that says what to do", {text});
     for (char const byte : text)

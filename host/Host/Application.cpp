@@ -67,7 +67,7 @@ Application::Application(std::shared_ptr<IProductInfo> product, fs::path const& 
 {}
 
 Application::Application(std::shared_ptr<IProductInfo> product, fs::path const& resourcesRoot, Options const& options)
-    : m_productInfo(std::move(product)), m_storeOptions(options.store)
+    : m_productInfo(std::move(product)), m_storeOptions(options.store), m_ownKeys(options.ownKeys)
 {
     SettingsContext context;
     context.productInfo = m_productInfo;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <Host/OwnKeys.h>
 #include <Settings/IProductInfo.h>
 #include <Storage/SqliteStorage.h>
 
@@ -40,6 +41,8 @@ public:
         StorePolicy policy = StorePolicy::create;
         /// How both stores are opened.
         Storage::SqliteStorage::Options store{};
+        /// The keys that the host reads and writes itself.
+        OwnKeys ownKeys{};
     };
 
     /// Opens both stores and binds the library to them and to `product`, which must not be null. Creates what is missing. Refuses to
@@ -52,6 +55,8 @@ public:
     Application(Application const&) = delete;
     Application& operator=(Application const&) = delete;
 
+    /// The keys that the host declared.
+    OwnKeys const& ownKeys() const { return m_ownKeys; }
     /// The options that the stores were opened with.
     Storage::SqliteStorage::Options const& storeOptions() const { return m_storeOptions; }
     /// The store of the preferences that the vendor's products share; null where it was left out.
@@ -80,6 +85,7 @@ private:
 
     std::shared_ptr<IProductInfo> m_productInfo;
     Storage::SqliteStorage::Options m_storeOptions;
+    OwnKeys m_ownKeys;
     Store m_common;
     Store m_product;
 };

@@ -1,162 +1,130 @@
 // SPDX-License-Identifier: MIT
-#include <Host/FileContent.h>
+#include <Host/ProductFields.h>
 #include <Host/ProductFile.h>
 
-#include <QString>
+#include <QByteArray>
+#include <QStringList>
 
-#include <nlohmann/json.hpp>
-
-#include <algorithm>
-#include <cstdint>
-#include <limits>
 #include <system_error>
 
 namespace fs = std::filesystem;
-using nlohmann::json;
 
 namespace Host {
 
 namespace {
 
-char const* const fieldNames[] = {"vendorName",  "productName",           "sharedDataFolderName",
-                                  "productKind", "projectFileExtensions", "resourcesRoot"};
+std::vector<std::string> const productNames = {
+    "vendorName", "productName", "sharedDataFolderName", "productKind", "projectFileExtensions", "resourcesRoot", "ownKeys"};
 
-// The object in the file; its errors name the file and the field.
-class Fields {
-public:
-    explicit Fields(fs::path const& file) : m_file(file), m_object(parsed())
-    {
-        if (!m_object.is_object())
-            refuse("is not a JSON object; write the fields between { and }");
-        for (auto const& field : m_object.items())
-            if (std::find(std::begin(fieldNames), std::end(fieldNames), field.key()) == std::end(fieldNames))
-                refuse("has a field " + inJson(field.key()) + " that means nothing; the fields are " + allNames());
+std::string extensions(Fields const& fields)
+{
+    constexpr char const name[] = "projectFileExtensions";
+    std::string const accepted = "an array of texts, none empty, without \".\" and \",\"";
+    std::string joined;
+    for (std::string const& extension : fields.texts(name, accepted)) {
+        if (extension.empty() || extension.find_first_of(".,") != std::string::npos)
+            fields.refuse(name, accepted);
+        joined += (joined.empty() ? "" : ",") + extension;
     }
+    return joined;
+}
 
-    std::string text(char const* name) const
-    {
-        json const& value = field(name);
-        if (!value.is_string())
-            refuseField(name, "a text");
-        return value.get<std::string>();
+// --- Own keys ---
+
+std::vector<std::string> const ownKeyNames = {"key", "prefix", "kind", "store", "class", "purpose", "default", "accepts", "range"};
+
+// The words for the kinds: those that a store keeps, then those that the library makes of them.
+enum Kind { boolean, integer, text, bytes, list, rational, folder };
+std::vector<std::string> const kinds = {"bool", "int", "string", "bytes", "list", "rational", "folder"};
+
+OwnKey::Value emptyValue(Kind kind)
+{
+    std::vector<OwnKey::Value> const empty = {false, 0, std::string(), QByteArray(), QStringList(), OwnKey::Rational(), std::string()};
+    return empty.at(kind);
+}
+
+QStringList listIn(std::vector<std::string> const& elements)
+{
+    QStringList result;
+    for (std::string const& element : elements)
+        result.append(QString::fromStdString(element));
+    return result;
+}
+
+OwnKey::Value defaultIn(Fields const& fields, Kind kind)
+{
+    constexpr char const name[] = "default";
+    switch (kind) {
+    case boolean:
+        return fields.boolean(name);
+    case integer:
+        return fields.number(name);
+    case list:
+        return listIn(fields.texts(name, "an array of texts"));
+    case rational:
+        if (std::optional<OwnKey::Rational> const value = rationalIn(fields.text(name)))
+            return *value;
+        fields.refuse(name, "a fraction such as \"30000/1001\"");
+    case bytes:
+        fields.refuse(name, "nothing for bytes, as a read ignores their default: leave it out");
+    case folder:
+        return fields.path(name);
+    case text:
+        break;
     }
+    return fields.text(name);
+}
 
-    std::string path(char const* name) const
-    {
-        std::string const value = text(name);
-        if (value.find('\0') != std::string::npos)
-            refuseField(name, "a path");
-        return value;
+OwnKey ownKeyIn(Fields const& fields)
+{
+    OwnKey result;
+    result.isPrefix = fields.has("prefix");
+    if (result.isPrefix == fields.has("key"))
+        fields.refuse("declares a key with both a \"key\" and a \"prefix\", or with neither; give one of the two");
+    result.key = fields.text(result.isPrefix ? "prefix" : "key");
+    auto const kind = static_cast<Kind>(fields.oneOf("kind", kinds));
+    result.isFolder = kind == folder;
+    result.defaultValue = fields.has("default") ? defaultIn(fields, kind) : emptyValue(kind);
+    result.isCommon = fields.oneOf("store", {"product", "common"}) == 1;
+    result.dataClass = static_cast<OwnKey::Class>(fields.oneOf("class", {"roaming", "local", "personal", "transient"}));
+    result.purpose = fields.text("purpose");
+    if (fields.has("accepts"))
+        result.accepts = fields.texts("accepts", "an array of texts");
+    if (fields.has("range"))
+        result.range = fields.range("range");
+    result.where = fields.where();
+    return result;
+}
+
+OwnKeys ownKeysIn(ProductText const& text)
+{
+    std::vector<OwnKey> declared;
+    for (std::size_t number = 0; number < text.at({"ownKeys"}).size(); ++number)
+        declared.push_back(ownKeyIn(Fields(text, {"ownKeys", std::to_string(number)}, ownKeyNames)));
+    try {
+        return OwnKeys(std::move(declared));
+    } catch (OwnKeyError const& error) {
+        throw ProductFileError(error.what());
     }
-
-    std::string folderName(char const* name) const
-    {
-        std::string const value = text(name);
-        if (value.empty() || value == "." || value == ".." || value.find_first_of(std::string("/\0", 2)) != std::string::npos)
-            refuseField(name, "the name of a folder: not empty, not \".\" or \"..\", without \"/\"");
-        return value;
-    }
-
-    int number(char const* name) const
-    {
-        json const& value = field(name);
-        bool const fits =
-            value.is_number_integer() && !(value.is_number_unsigned() && value.get<std::uint64_t>() > std::numeric_limits<int>::max()) &&
-            value.get<std::int64_t>() >= std::numeric_limits<int>::min() && value.get<std::int64_t>() <= std::numeric_limits<int>::max();
-        if (!fits)
-            refuseField(name, "a whole number from -2147483648 to 2147483647");
-        return value.get<int>();
-    }
-
-    std::string extensions(char const* name) const
-    {
-        std::string joined;
-        json const& value = field(name);
-        if (!value.is_array())
-            refuseExtensions(name);
-        for (json const& extension : value) {
-            if (!extension.is_string())
-                refuseExtensions(name);
-            std::string const text = extension.get<std::string>();
-            if (text.empty() || text.find_first_of(".,") != std::string::npos)
-                refuseExtensions(name);
-            joined += (joined.empty() ? "" : ",") + text;
-        }
-        return joined;
-    }
-
-private:
-    json parsed() const
-    {
-        // Each level of nesting takes its part of the stack, also when a value is printed in an error.
-        auto const isFlat = [this](int depth, json::parse_event_t, json const&) {
-            if (depth > 3)
-                refuse("is nested too deeply; it takes one object of texts, a number and an array of texts");
-            return true;
-        };
-        try {
-            std::string const content = fileContent(m_file);
-            if (content.find('\0') != std::string::npos) // the parser would take it as the end
-                refuse("is not JSON: it holds a NUL");
-            return json::parse(content, isFlat);
-        } catch (std::system_error const& error) {
-            refuse("cannot be read (" + error.code().message() + "); check its name and rights, or name another product file");
-        } catch (json::exception const& error) {
-            // The parser's text begins with a code in brackets.
-            std::string const what = error.what();
-            refuse("is not JSON: " + what.substr(what.find("] ") + 2));
-        }
-    }
-
-    json const& field(char const* name) const
-    {
-        auto const found = m_object.find(name);
-        if (found == m_object.end())
-            refuse("has no field \"" + std::string(name) + "\"; the fields are " + allNames());
-        return *found;
-    }
-
-    static std::string allNames()
-    {
-        std::string names;
-        for (char const* name : fieldNames)
-            names += (names.empty() ? "" : ", ") + std::string(name);
-        return names;
-    }
-
-    static std::string inJson(json const& value) { return value.dump(-1, ' ', false, json::error_handler_t::replace); }
-
-    // The content and the name of the file need not be UTF-8.
-    [[noreturn]] void refuse(std::string const& what) const
-    {
-        throw ProductFileError(QString::fromStdString("product file " + m_file.u8string() + ' ' + what).toStdString());
-    }
-
-    [[noreturn]] void refuseField(char const* name, std::string const& accepted) const
-    {
-        refuse("has the value " + inJson(field(name)) + " in field \"" + name + "\", which takes " + accepted);
-    }
-
-    [[noreturn]] void refuseExtensions(char const* name) const
-    {
-        refuseField(name, "an array of texts, none empty, without \".\" and \",\"");
-    }
-
-    fs::path m_file;
-    json m_object;
-};
+}
 
 } // namespace
 
 ProductFile::ProductFile(fs::path const& file) : m_file(file)
 {
-    Fields const fields(file);
+    ProductText const text(file);
+    Fields const fields(text, {}, productNames);
     m_vendorName = fields.folderName("vendorName");
     m_productName = fields.folderName("productName");
     m_sharedDataFolderName = fields.folderName("sharedDataFolderName");
     m_productKind = fields.number("productKind");
-    m_projectFileExtensions = fields.extensions("projectFileExtensions");
+    m_projectFileExtensions = extensions(fields);
     m_resourcesRoot = fs::absolute(file).parent_path() / fs::u8path(fields.path("resourcesRoot"));
+    if (fields.has("ownKeys")) {
+        if (!text.at({"ownKeys"}).is_array())
+            fields.refuse("ownKeys", "an array of declared keys");
+        m_ownKeys = ownKeysIn(text);
+    }
 }
 
 fs::path installedProductFile()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <Host/OwnKeys.h>
 #include <Settings/IProductInfo.h>
 
 #include <filesystem>
@@ -15,13 +16,27 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Product information from a JSON file in UTF-8: one object with exactly these fields.
+/// Product information from a JSON file in UTF-8: one object with these fields, each once.
 ///
 ///   vendorName, productName, sharedDataFolderName   texts that are folder names
 ///   productKind             a whole number
 ///   projectFileExtensions   an array of texts without dot or comma, the one for saving first
 ///   resourcesRoot           a path, relative to the folder of the product file
+///   ownKeys                 an array of the host's own keys; may be left out
 ///
+/// Each own key is an object:
+///
+///   key, or prefix          a text: one key, or what the keys begin with
+///   kind                    "bool", "int", "string", "bytes", "list", "rational" or "folder"
+///   store                   "product" or "common"
+///   class                   "roaming", "local", "personal" or "transient"
+///   purpose                 a text on one line: what it is for
+///   default                 what a read returns where nothing is stored: true or false, a number, a text, an array of texts,
+///                           a fraction as "30000/1001"; without it the kind's empty value
+///   accepts                 for a string or a list, the only words that the host can use, as an array; may be left out
+///   range                   for an int, the least and the greatest that the host can use, as an array; may be left out
+///
+/// The file is a regular file, or a link to one, of at most 1 MiB; whatever else stands in its place is refused without waiting.
 /// The file is read once; any thread may ask.
 class ProductFile final : public IProductInfo {
 public:
@@ -38,6 +53,8 @@ public:
     std::filesystem::path const& file() const { return m_file; }
     /// The root of the product's resources, as an absolute path.
     std::filesystem::path const& resourcesRoot() const { return m_resourcesRoot; }
+    /// The keys that the file declares. Whether the library has one of them is not checked here.
+    OwnKeys const& ownKeys() const { return m_ownKeys; }
 
 private:
     std::filesystem::path m_file;
@@ -47,6 +64,7 @@ private:
     int m_productKind = 0;
     std::string m_projectFileExtensions;
     std::filesystem::path m_resourcesRoot;
+    OwnKeys m_ownKeys;
 };
 
 /// The product file that is installed with the program: "share/editor-settings/product.json" beside the "bin" folder

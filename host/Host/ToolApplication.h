@@ -9,7 +9,7 @@ namespace Host {
 /// An application whose product information is a file, so that one tool serves every product.
 class ToolApplication final : public Application {
 public:
-    /// Throws `ProductFileError`, and what `Application` throws.
+    /// The file declares the own keys, in place of `options.ownKeys`. Throws `ProductFileError`, and what `Application` throws.
     explicit ToolApplication(std::filesystem::path const& productFile, Options const& options = {})
         : ToolApplication(std::make_shared<ProductFile>(productFile), options)
     {}
@@ -18,7 +18,9 @@ public:
 
 private:
     ToolApplication(std::shared_ptr<ProductFile> const& productFile, Options const& options)
-        : Application(productFile, productFile->resourcesRoot(), options), m_productFile(productFile)
+        : Application(productFile, productFile->resourcesRoot(),
+                      {options.storeFolder, options.policy, options.store, productFile->ownKeys()}),
+          m_productFile(productFile)
     {}
 
     std::shared_ptr<ProductFile const> m_productFile;

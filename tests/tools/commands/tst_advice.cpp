@@ -221,26 +221,27 @@ INSTANTIATE_TEST_SUITE_P(
               "'~/in.json': format is missing, so this is no export of settings; give a file that 'editor-settings export' made"}),
     byMeaning);
 
-INSTANTIATE_TEST_SUITE_P(Products, Advice,
-                         testing::Values(Wrong{"MissingProductFile",
-                                               {"--product", "/no/such.json", "list"},
-                                               1,
-                                               "product file /no/such.json cannot be read (No such file or directory); check its name and "
-                                               "rights, or name another product file" +
-                                                   nameAProduct},
-                                         Wrong{"ProductFileThatLacksAField",
-                                               {"--product", "~/product.json", "list"},
-                                               1,
-                                               "product file ~/product.json has no field \"productName\"; the fields are vendorName, "
-                                               "productName, sharedDataFolderName, productKind, projectFileExtensions, resourcesRoot" +
-                                                   nameAProduct},
-                                         Wrong{"ProductFileThatIsNoJson",
-                                               {"--product", "~/there", "list"},
-                                               1,
-                                               "product file ~/there is not JSON: parse error at line 1, column 1: syntax error while "
-                                               "parsing value - unexpected end of input; expected '[', '{', or a literal" +
-                                                   nameAProduct}),
-                         byMeaning);
+INSTANTIATE_TEST_SUITE_P(
+    Products, Advice,
+    testing::Values(Wrong{"MissingProductFile",
+                          {"--product", "/no/such.json", "list"},
+                          1,
+                          "product file /no/such.json cannot be read (No such file or directory); check its name and "
+                          "rights, or name another product file" +
+                              nameAProduct},
+                    Wrong{"ProductFileThatLacksAField",
+                          {"--product", "~/product.json", "list"},
+                          1,
+                          "product file ~/product.json has no field \"productName\"; the fields are vendorName, "
+                          "productName, sharedDataFolderName, productKind, projectFileExtensions, resourcesRoot, ownKeys" +
+                              nameAProduct},
+                    Wrong{"ProductFileThatIsNoJson",
+                          {"--product", "~/there", "list"},
+                          1,
+                          "product file ~/there is not JSON: parse error at line 1, column 1: syntax error while "
+                          "parsing value - unexpected end of input; expected '[', '{', or a literal" +
+                              nameAProduct}),
+    byMeaning);
 
 TEST_F(Advice, WordWithoutWildcardsLeadsToAPattern)
 {
