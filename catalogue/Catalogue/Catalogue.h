@@ -32,8 +32,8 @@ enum class DataClass {
 /// The word for a class: "roaming", "local", "personal" or "transient".
 char const* dataClassName(DataClass dataClass);
 
-/// The value of a preference, in the type that the library's functions take.
-using Value = std::variant<bool, int, std::string, QString, QByteArray, QStringList>;
+/// A value in the type that the library's functions take. No preference is a rational, but a host's own key may be one.
+using Value = std::variant<bool, int, std::string, QString, QByteArray, QStringList, boost::rational<long long>>;
 
 /// The getter and the setter of a preference with values of type `T`.
 template <typename T>

@@ -574,6 +574,8 @@ void checkKeys(Document const& document, bool withUnknown)
         if (Storage::storedWord(known->kind) != entry.kind)
             throw DocumentError(below(placeOf(entry), "kind"), absl::StrCat("is \"", entry.kind, "\", which the editor would not read"),
                                 absl::StrCat("give a value of kind \"", Storage::storedWord(known->kind), "\""));
+        if (known->part == Host::OwnKeys::Part::denominator && entry.value == Storage::SqliteStorage::Value(0))
+            throw DocumentError(below(placeOf(entry), "value"), "is 0, which no rational has below its line", "give another number");
     }
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <Inspection/Locations.h>
 
+#include <Inspection/DeclaredKeys.h>
+
 #include <algorithm>
 
 using Catalogue::Location;
@@ -76,6 +78,15 @@ std::vector<WrittenFolder> foldersToWrite()
     for (LocationState const& state : locationStates())
         if (state.use == Use::written && !state.isExample())
             folders.push_back({state.label(), state.path, writtenFolderStatus(state.path), state.preference != nullptr});
+    for (Host::OwnKey const& own : ownKeys().all()) {
+        if (!own.isFolder || own.isPrefix)
+            continue;
+        QString const path = ::read(own.key, QString::fromStdString(std::get<std::string>(own.defaultValue)), own.isCommon);
+        if (!path.isEmpty())
+            folders.push_back({own.key, path, writtenFolderStatus(path), true});
+    }
+    std::stable_sort(folders.begin(), folders.end(),
+                     [](WrittenFolder const& left, WrittenFolder const& right) { return left.label < right.label; });
     return folders;
 }
 

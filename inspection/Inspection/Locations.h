@@ -42,7 +42,7 @@ std::vector<LocationState> locationStates();
 /// The names of all locations, sorted; needs no binding.
 std::vector<std::string> locationNames();
 
-/// A folder that the editor writes to.
+/// A folder that the editor writes to: of a location, a preference or a declared key.
 struct WrittenFolder {
     std::string label;
     QString path;
@@ -50,7 +50,7 @@ struct WrittenFolder {
     bool isPreference; ///< Else no preference moves it.
 };
 
-/// All of them, sorted by name.
+/// All of them, sorted by name. The library must be bound.
 std::vector<WrittenFolder> foldersToWrite();
 
 } // namespace Inspection

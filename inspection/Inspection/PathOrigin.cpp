@@ -255,7 +255,7 @@ std::vector<Decision> decisions(Host::ToolApplication const& application, Locati
         decision.value = location.path.toStdString();
         return {decision};
     }
-    decision.lookup = found.stored ? Lookup::otherKind : Lookup::unset;
+    decision.lookup = found.stored.empty() ? Lookup::unset : Lookup::otherKind;
     decision.fallback = location.location->name;
     std::vector<Decision> result = decisions(application, *location.location);
     result.insert(result.begin(), decision);

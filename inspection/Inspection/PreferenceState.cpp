@@ -1,20 +1,30 @@
 // SPDX-License-Identifier: MIT
 #include <Inspection/PreferenceState.h>
 
+#include <Inspection/DeclaredKeys.h>
 #include <Inspection/PathStatus.h>
 #include <Inspection/ValueFormat.h>
 
 #include <absl/strings/match.h>
+#include <absl/strings/str_cat.h>
 #include <absl/strings/str_join.h>
 #include <absl/strings/str_replace.h>
 
+#include <Lumora/Util/ByteConversion.h>
+#include <Storage/Batch.h>
+
 #include <algorithm>
 #include <array>
+#include <set>
 
 using Catalogue::Family;
 using Catalogue::Preference;
 using Catalogue::Store;
+using Catalogue::Usable;
 using Catalogue::Value;
+using Host::OwnKey;
+using Host::OwnKeys;
+using StoredRow = Storage::SqliteStorage::Row;
 
 namespace Inspection {
 
@@ -67,21 +77,131 @@ struct WriterOf {
 PreferenceState withStoredRow(Host::Application const& application, PreferenceState state)
 {
     if (state.observation.isStored)
-        state.stored = storage(application, *state.observation.store)->find(state.key);
+        if (std::optional<StoredRow> row = storage(application, *state.observation.store)->find(state.key))
+            state.stored.push_back(*std::move(row));
     return state;
 }
 
 PreferenceState stateOf(Host::Application const& application, Preference const& row)
 {
-    return withStoredRow(application, {row.name, row.store, row.dataClass, Catalogue::inspect(row), std::nullopt,
-                                       [&row](Value const& value) { row.write(value); }, row.computedDefault});
+    return withStoredRow(application, {row.name,
+                                       row.store,
+                                       row.dataClass,
+                                       Catalogue::inspect(row),
+                                       {},
+                                       [&row](Value const& value) { row.write(value); },
+                                       row.computedDefault});
 }
 
 PreferenceState stateOf(Host::Application const& application, std::string const& key, Member const& member)
 {
     Family const& family = *member.family;
-    return withStoredRow(application, {key, family.store, family.dataClass, Catalogue::inspect(family, member.name), std::nullopt,
+    return withStoredRow(application, {key,
+                                       family.store,
+                                       family.dataClass,
+                                       Catalogue::inspect(family, member.name),
+                                       {},
                                        std::visit(WriterOf{member.name}, family.accessors)});
+}
+
+// --- Own keys ---
+
+constexpr Catalogue::DataClass classes[] = {Catalogue::DataClass::roaming, Catalogue::DataClass::local, Catalogue::DataClass::personal,
+                                            Catalogue::DataClass::transient};
+
+Catalogue::DataClass dataClassOf(OwnKey const& declared) { return classes[static_cast<std::size_t>(declared.dataClass)]; }
+
+Store storeOf(OwnKey const& declared) { return declared.isCommon ? Store::common : Store::product; }
+
+Value defaultOf(OwnKey const& declared)
+{
+    if (declared.isFolder)
+        return QString::fromStdString(std::get<std::string>(declared.defaultValue));
+    return std::visit([](auto const& value) -> Value { return value; }, declared.defaultValue);
+}
+
+Usable usableOf(OwnKey const& declared) { return {declared.isFolder, declared.accepts}; }
+
+// The keys of its rows: a rational has two.
+std::vector<std::string> storedKeys(OwnKeys::Match const& match)
+{
+    bool const isRational = std::holds_alternative<OwnKey::Rational>(match.declaration->defaultValue);
+    return isRational ? std::vector<std::string>{match.key + "_N", match.key + "_D"} : std::vector<std::string>{match.key};
+}
+
+// A rational is stored whole or not at all.
+std::function<void(Value const&)> writerOf(std::string const& key, bool isCommon, Storage::SqliteStorage* opened)
+{
+    return [=](Value const& value) {
+        std::optional<Storage::Batch> together;
+        if (opened)
+            together.emplace(*opened);
+        std::visit([&](auto const& typed) { ::write(key, typed, isCommon); }, value);
+        if (together)
+            together->commit();
+    };
+}
+
+PreferenceState stateOf(Host::Application const& application, OwnKeys::Match const& match)
+{
+    OwnKey const& declared = *match.declaration;
+    Value const defaultValue = defaultOf(declared);
+    Store const store = storeOf(declared);
+    Storage::SqliteStorage* const opened = storage(application, store);
+    PreferenceState state = {match.key,
+                             store,
+                             dataClassOf(declared),
+                             {defaultValue, defaultValue, store, match.key, false},
+                             {},
+                             writerOf(match.key, declared.isCommon, opened)};
+    for (std::string const& key : opened ? storedKeys(match) : std::vector<std::string>())
+        if (std::optional<StoredRow> row = opened->find(key))
+            state.stored.push_back(*std::move(row));
+    state.observation.isStored = !state.stored.empty();
+    try {
+        auto const read = [&](auto const& typed) -> Value { return ::read(match.key, typed, declared.isCommon); };
+        state.observation.value = std::visit(read, defaultValue);
+    } catch (boost::bad_rational const&) {
+        state.readFails = true;
+    }
+    return state;
+}
+
+std::string whyUnusable(OwnKey const& declared, Value const& value)
+{
+    auto const isRefused = [&](std::string const& word) {
+        return std::find(declared.accepts.begin(), declared.accepts.end(), word) == declared.accepts.end();
+    };
+    std::vector<std::string> words;
+    if (auto const* const list = std::get_if<QStringList>(&value))
+        for (QString const& element : *list)
+            words.push_back(element.toStdString());
+    else
+        words.push_back(text(value));
+    if (!declared.accepts.empty() && std::any_of(words.begin(), words.end(), isRefused))
+        return "the product does not accept it";
+    auto const* const number = std::get_if<int>(&value);
+    if (number && declared.range && (*number < declared.range->first || *number > declared.range->second))
+        return "it is outside the range that the product accepts";
+    return {};
+}
+
+// --- Undeclared keys ---
+
+struct ShownValue {
+    Value operator()(std::monostate) const { return std::string(); }
+    Value operator()(std::vector<unsigned char> const& bytes) const { return Lumora::Util::VectorByteToQByteArray(bytes); }
+    template <typename T>
+    Value operator()(T const& value) const
+    {
+        return value;
+    }
+};
+
+PreferenceState undeclared(StoredRow const& row, Store store)
+{
+    Value const value = std::visit(ShownValue(), row.value);
+    return {row.key, store, std::nullopt, {value, value, store, row.key, true}, {row}, {}};
 }
 
 struct EmptyValue {
@@ -104,31 +224,53 @@ KnownKey known(Row const& row)
     return {row.store, row.dataClass, storedKind(empty), std::holds_alternative<QStringList>(empty)};
 }
 
-std::string accepted(Catalogue::Usable const& usable, Value const& like)
+std::string accepted(Usable const& usable, Value const& like)
 {
     if (usable.isFolder)
         return "the absolute path of a folder";
     return usable.words.empty() ? acceptedForm(like) : absl::StrJoin(usable.words, " or ");
 }
 
+std::string accepted(OwnKey const& declared, Value const& like)
+{
+    if (declared.range)
+        return absl::StrCat("a whole number from ", declared.range->first, " to ", declared.range->second);
+    return accepted(usableOf(declared), like);
+}
+
+std::string whyUnusableFolder(QString const& folder, bool isWritten)
+{
+    if (folder.startsWith(QLatin1Char('~')))
+        return "only a shell replaces ~, and only outside quotes";
+    PathStatus const status = isWritten ? writtenFolderStatus(folder) : readPathStatus(folder);
+    bool const isRelative = status.reason == PathReason::relative;
+    return isRelative || (isWritten && !status.isUsable) ? remark(status) : std::string();
+}
+
 } // namespace
 
 char const* stateName(State state)
 {
-    static constexpr std::array words = {"unset", "set", "set to default", "other kind", "unreadable"};
+    static constexpr std::array words = {"unset", "set", "set to default", "other kind", "unreadable", "undeclared"};
     return words.at(static_cast<std::size_t>(state));
 }
 
 State PreferenceState::state() const
 {
-    if (!stored)
+    auto const isUnreadable = [](StoredRow const& row) { return std::holds_alternative<std::monostate>(row.value); };
+    auto const isOfOtherKind = [&](StoredRow const& row) { return row.kind != Storage::storedWord(storedKind(observation.value)); };
+    if (stored.empty())
         return State::unset;
-    if (stored->kind != Storage::storedWord(storedKind(observation.value)))
+    if (!isUndeclared() && std::any_of(stored.begin(), stored.end(), isOfOtherKind))
         return State::otherKind;
-    if (std::holds_alternative<std::monostate>(stored->value))
+    if (readFails || std::any_of(stored.begin(), stored.end(), isUnreadable))
         return State::unreadable;
+    if (isUndeclared())
+        return State::undeclared;
     return observation.value == observation.defaultValue ? State::setToDefault : State::set;
 }
+
+std::string PreferenceState::typeName() const { return isUndeclared() ? stored.front().kind : Inspection::typeName(observation.value); }
 
 std::string PreferenceState::storeName() const { return observation.store ? Catalogue::name(*observation.store) : "memory"; }
 
@@ -138,21 +280,49 @@ std::optional<PreferenceState> preferenceState(Host::Application const& applicat
         return stateOf(application, *row);
     if (std::optional<Member> const member = memberOfAFamily(key))
         return stateOf(application, key, *member);
+    if (std::optional<OwnKeys::Match> const match = ownKeys().find(key))
+        return match->part == OwnKeys::Part::whole ? std::optional(stateOf(application, *match)) : std::nullopt;
+    for (Store const store : {Store::product, Store::common})
+        if (Storage::SqliteStorage const* const opened = storage(application, store))
+            if (std::optional<StoredRow> const row = opened->find(key))
+                return undeclared(*row, store);
     return std::nullopt;
 }
+
+namespace {
+
+// What the row belongs to; nullopt for a row of a preference, or in a store in which it is not looked for.
+std::optional<PreferenceState> stateBehind(Host::Application const& application, StoredRow const& row, Store store)
+{
+    if (Catalogue::findPreference(row.key))
+        return std::nullopt;
+    if (std::optional<Member> const member = memberOfAFamily(row.key))
+        return member->family->store == store ? std::optional(stateOf(application, row.key, *member)) : std::nullopt;
+    if (std::optional<OwnKeys::Match> const match = ownKeys().find(row.key))
+        return storeOf(*match->declaration) == store ? std::optional(stateOf(application, *match)) : std::nullopt;
+    return undeclared(row, store);
+}
+
+} // namespace
 
 std::vector<PreferenceState> preferenceStates(Host::Application const& application)
 {
     std::vector<PreferenceState> states;
     for (Preference const& row : Catalogue::preferences())
         states.push_back(stateOf(application, row));
-    std::vector<Storage::SqliteStorage::Row> rows;
-    if (application.productStorage())
-        rows = application.productStorage()->rows();
-    for (Storage::SqliteStorage::Row const& stored : rows)
-        if (std::optional<Member> const member = memberOfAFamily(stored.key))
-            states.push_back(stateOf(application, stored.key, *member));
-    std::sort(states.begin(), states.end(), [](PreferenceState const& left, PreferenceState const& right) { return left.key < right.key; });
+    std::set<std::string> own; // a rational stands in two rows
+    for (OwnKey const& declared : ownKeys().all())
+        if (!declared.isPrefix && own.insert(declared.key).second)
+            states.push_back(stateOf(application, {&declared, declared.key, OwnKeys::Part::whole}));
+    for (Store const store : {Store::product, Store::common}) {
+        Storage::SqliteStorage const* const opened = storage(application, store);
+        for (StoredRow const& row : opened ? opened->rows() : std::vector<StoredRow>())
+            if (std::optional<PreferenceState> state = stateBehind(application, row, store);
+                state && (state->isUndeclared() || !ownKeys().find(state->key) || own.insert(state->key).second))
+                states.push_back(*std::move(state));
+    }
+    std::stable_sort(states.begin(), states.end(),
+                     [](PreferenceState const& left, PreferenceState const& right) { return left.key < right.key; });
     return states;
 }
 
@@ -162,7 +332,23 @@ std::optional<KnownKey> knownKey(std::string const& key)
         return known(*row);
     if (std::optional<Member> const member = memberOfAFamily(key))
         return known(*member->family);
+    if (std::optional<OwnKeys::Match> const match = ownKeys().find(key)) {
+        Value const like = defaultOf(*match->declaration);
+        return KnownKey{storeOf(*match->declaration), dataClassOf(*match->declaration), storedKind(like),
+                        std::holds_alternative<QStringList>(like), match->part};
+    }
     return std::nullopt;
+}
+
+std::vector<std::string> keyNames()
+{
+    std::vector<std::string> names;
+    for (Preference const& row : Catalogue::preferences())
+        names.emplace_back(row.name);
+    for (OwnKey const& declared : ownKeys().all())
+        if (!declared.isPrefix)
+            names.push_back(declared.key);
+    return names;
 }
 
 Description describe(PreferenceState const& preference)
@@ -170,17 +356,29 @@ Description describe(PreferenceState const& preference)
     Value const& like = preference.observation.value;
     if (Preference const* const row = Catalogue::findPreference(preference.key))
         return {row->purpose, accepted(row->usable, like), row->getterName(), row->setterName()};
+    if (preference.isUndeclared())
+        return {"", "nothing: it is not declared", "", ""};
+    if (std::optional<OwnKeys::Match> const match = ownKeys().find(preference.key))
+        return {match->declaration->purpose, accepted(*match->declaration, like), "read", "write"};
     Family const& family = *memberOfAFamily(preference.key).value().family;
     return {purposeOf(preference.key), preference.write ? acceptedForm(like) : "nothing: the editor alone writes it", family.getterName(),
             family.setterName()};
+}
+
+OwnKeyFacts factsOf(OwnKey const& declared)
+{
+    Value const defaultValue = defaultOf(declared);
+    return {storeOf(declared), dataClassOf(declared), defaultValue, accepted(declared, defaultValue)};
 }
 
 std::string purposeOf(std::string const& key)
 {
     if (Preference const* const row = Catalogue::findPreference(key))
         return row->purpose;
-    std::optional<Member> const member = memberOfAFamily(key);
-    return member ? absl::StrReplaceAll(member->family->purpose, {{"`name`", '"' + member->name.toStdString() + '"'}}) : "";
+    if (std::optional<Member> const member = memberOfAFamily(key))
+        return absl::StrReplaceAll(member->family->purpose, {{"`name`", '"' + member->name.toStdString() + '"'}});
+    std::optional<OwnKeys::Match> const match = ownKeys().find(key);
+    return match ? match->declaration->purpose : "";
 }
 
 std::string whyUnusable(std::string const& key, Value const& value)
@@ -189,15 +387,15 @@ std::string whyUnusable(std::string const& key, Value const& value)
     std::vector<std::string> const words = row ? row->usable.words : std::vector<std::string>();
     if (!words.empty() && std::find(words.begin(), words.end(), text(value)) == words.end())
         return "the library has no such name";
-    if (!row || !row->usable.isFolder)
+    if (row)
+        return row->usable.isFolder ? whyUnusableFolder(std::get<QString>(value), row->computedDefault) : std::string();
+    std::optional<OwnKeys::Match> const match = memberOfAFamily(key) ? std::nullopt : ownKeys().find(key);
+    if (!match)
         return {};
+    if (!match->declaration->isFolder)
+        return whyUnusable(*match->declaration, value);
     auto const& folder = std::get<QString>(value);
-    if (folder.startsWith(QLatin1Char('~')))
-        return "only a shell replaces ~, and only outside quotes";
-    bool const isWritten = row->computedDefault;
-    PathStatus const status = isWritten ? writtenFolderStatus(folder) : readPathStatus(folder);
-    bool const isRelative = status.reason == PathReason::relative;
-    return isRelative || (isWritten && !status.isUsable) ? remark(status) : std::string();
+    return folder.isEmpty() ? std::string() : whyUnusableFolder(folder, true);
 }
 
 std::string classOf(std::string const& key)

@@ -5,7 +5,7 @@
 #include <absl/strings/str_cat.h>
 #include <absl/strings/str_replace.h>
 
-#include <Host/FileContent.h>
+#include <Host/OwnKeys.h>
 #include <Storage/Kind.h>
 #include <algorithm>
 #include <array>
@@ -36,7 +36,8 @@ constexpr std::array<TypeNames, std::variant_size_v<Value>> types = {
      {"text", "std::string", Storage::Kind::text, anyText},
      {"text", "QString", Storage::Kind::text, anyText},
      {"bytes", "QByteArray", Storage::Kind::bytes, "bytes in base64, with its padding"},
-     {"list", "QStringList", Storage::Kind::text, "elements of text, none empty or with the separator of stored lists"}}};
+     {"list", "QStringList", Storage::Kind::text, "elements of text, none empty or with the separator of stored lists"},
+     {"rational", "boost::rational<long long>", Storage::Kind::integer, "a fraction such as 30000/1001, or a whole number"}}};
 
 TypeNames const& type(Value const& value) { return types[value.index()]; }
 
@@ -49,6 +50,7 @@ constexpr std::array accepted = {
     "an empty element is lost when the list is read back; leave it out",
     "the element holds the separator of stored lists and would come back in pieces",
     "together with the element before it, it makes up the separator of stored lists and would come back differently",
+    "give a fraction such as 30000/1001, or a whole number; in lowest terms each half has at most 32 bits, and the lower one is not 0",
     "give one value",
 };
 
@@ -107,6 +109,14 @@ QStringList parsedList(std::vector<std::string> const& words)
     return list;
 }
 
+Value parsedRational(std::string const& word)
+{
+    std::optional<Host::OwnKey::Rational> const value = Host::rationalIn(word);
+    if (!value || !Host::isStorable(*value))
+        throw ValueError(Refusal::notRational, word);
+    return *value;
+}
+
 struct Parser {
     std::vector<std::string> const& words;
 
@@ -116,6 +126,7 @@ struct Parser {
     Value operator()(QString const&) const { return parsedText(onlyWord()); }
     Value operator()(QByteArray const&) const { return parsedBytes(onlyWord()); }
     Value operator()(QStringList const&) const { return parsedList(words); }
+    Value operator()(Host::OwnKey::Rational const&) const { return parsedRational(onlyWord()); }
 
     std::string const& onlyWord() const
     {
@@ -139,6 +150,7 @@ struct AsText {
     std::string operator()(QString const& value) const { return value.toStdString(); }
     std::string operator()(QByteArray const& value) const { return toBase64(value.toStdString()); }
     std::string operator()(QStringList const& value) const { return value.join(QLatin1Char('\n')).toStdString(); }
+    std::string operator()(Host::OwnKey::Rational const& value) const { return absl::StrCat(value.numerator(), "/", value.denominator()); }
 };
 
 struct AsJson {

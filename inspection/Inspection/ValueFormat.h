@@ -24,6 +24,7 @@ enum class Refusal {
     emptyElement,            ///< A list loses it when it is read.
     separatorInElement,      ///< A list splits it when it is read.
     separatorAcrossElements, ///< The end of one element and the begin of the next make up the separator.
+    notRational,             ///< Also one that does not fit a store, which keeps 32 bits of each half.
     wordCount,               ///< No word, or several, for a value that is no list.
 };
 
@@ -36,13 +37,13 @@ public:
     std::string word; ///< The refused word, byte for byte; empty for `Refusal::wordCount`.
 };
 
-/// The type of a value: "bool", "int", "text", "bytes" or "list".
+/// The type of a value: "bool", "int", "text", "bytes", "list" or "rational".
 std::string typeName(Catalogue::Value const& value);
 /// What a word for a value of the type of `like` may be: "true or false (or yes, no, on, off, 1, 0)" and the like.
 std::string acceptedForm(Catalogue::Value const& like);
 /// The type in the library's interface, such as "QString".
 std::string cppTypeName(Catalogue::Value const& value);
-/// The kind that the stores keep such a value as.
+/// The kind that the stores keep such a value as, of a rational each half.
 Storage::Kind storedKind(Catalogue::Value const& value);
 
 /// The value of the type of `like` in `words`: bytes in base64 with its padding, an element of a list in each word. Throws `ValueError`.

@@ -12,7 +12,7 @@ using Catalogue::Preference;
 using Catalogue::Store;
 using Catalogue::Value;
 
-// A row's accessors and a value have their alternatives in the same order.
+// A row's accessors and a value have their alternatives in the same order; no preference is a rational, the last of a value's.
 template <std::size_t... Index>
 constexpr bool alternativesMatch(std::index_sequence<Index...>)
 {
@@ -20,7 +20,7 @@ constexpr bool alternativesMatch(std::index_sequence<Index...>)
                            Catalogue::Accessors<std::variant_alternative_t<Index, Value>>> &&
             ...);
 }
-static_assert(std::variant_size_v<Value> == 6 && std::variant_size_v<decltype(Preference::accessors)> == 6);
+static_assert(std::variant_size_v<Value> == 7 && std::variant_size_v<decltype(Preference::accessors)> == 6);
 static_assert(alternativesMatch(std::make_index_sequence<6>()));
 
 namespace {

@@ -430,17 +430,17 @@ INSTANTIATE_TEST_SUITE_P(
     Table, HeldValue,
     testing::Values(
         Held{"UnknownKey", [](SqliteStorage& product, SqliteStorage&) { product.setBytes("ownKey", {1}); },
-             "warning|unknown-key|product|ownKey||the library knows no such key; it is kept",
-             "nothing to do where a later version or another program stored it"},
+             "note|unknown-key|product|ownKey||the library knows no such key; it is kept",
+             "nothing to do where a later version or another program stored it; a product file declares a host's own keys"},
         Held{"UnknownKeyOfTheCommonStore", [](SqliteStorage&, SqliteStorage& common) { common.setString("favorites_x", "y"); },
-             "warning|unknown-key|common|favorites_x||the library knows no such key; it is kept",
-             "nothing to do where a later version or another program stored it"},
+             "note|unknown-key|common|favorites_x||the library knows no such key; it is kept",
+             "nothing to do where a later version or another program stored it; a product file declares a host's own keys"},
         Held{"TextThatEndsLikeAHalf", [](SqliteStorage& product, SqliteStorage&) { product.setString("own_N", "1"); },
-             "warning|unknown-key|product|own_N||the library knows no such key; it is kept",
-             "nothing to do where a later version or another program stored it"},
+             "note|unknown-key|product|own_N||the library knows no such key; it is kept",
+             "nothing to do where a later version or another program stored it; a product file declares a host's own keys"},
         Held{"KeyThatIsOnlyTheEnding", [](SqliteStorage& product, SqliteStorage&) { product.setInt("_N", 1); },
-             "warning|unknown-key|product|_N||the library knows no such key; it is kept",
-             "nothing to do where a later version or another program stored it"},
+             "note|unknown-key|product|_N||the library knows no such key; it is kept",
+             "nothing to do where a later version or another program stored it; a product file declares a host's own keys"},
         Held{"KeyOfTheOtherStore", [](SqliteStorage& product, SqliteStorage&) { product.setBool("autoUpdate", true); },
              "warning|misplaced-key|product|autoUpdate||it belongs in the common store and is not read here",
              "'editor-settings explain autoUpdate' shows what is read; what lies here is kept"},
@@ -488,10 +488,10 @@ INSTANTIATE_TEST_SUITE_P(
              "warning|number-edge|product|npsValueToSend||it holds -2147483648, at the edge of its range: counting on would leave it",
              "'editor-settings unset npsValueToSend' removes it, so that the default holds"},
         Held{"RationalWithoutDenominator", [](SqliteStorage& product, SqliteStorage&) { product.setInt("rate_N", 25); },
-             "warning|rational-half|product|rate||the rational has no rate_D, so a read mixes it with a default",
+             "note|rational-half|product|rate||the rational has no rate_D, so a read mixes it with a default",
              "have the program that owns it store it again"},
         Held{"RationalWithoutNumerator", [](SqliteStorage&, SqliteStorage& common) { common.setInt("rate_D", 0); },
-             "warning|rational-half|common|rate||the rational has no rate_N, so a read mixes it with a default",
+             "note|rational-half|common|rate||the rational has no rate_N, so a read mixes it with a default",
              "have the program that owns it store it again"},
         Held{"RationalWithZeroDenominator",
              [](SqliteStorage& product, SqliteStorage&) {
@@ -505,22 +505,22 @@ INSTANTIATE_TEST_SUITE_P(
                  product.setInt("rate_N", 25);
                  product.setString("rate_D", "1");
              },
-             "warning|rational-kind|product|rate||the rational's rate_D is no int, so a read mixes it with a default",
+             "note|rational-kind|product|rate||the rational's rate_D is no int, so a read mixes it with a default",
              "have the program that owns it store it again"},
         Held{"RationalWithANumeratorOfAnotherKind",
              [](SqliteStorage& product, SqliteStorage&) {
                  product.setBool("rate_N", true);
                  product.setInt("rate_D", 1);
              },
-             "warning|rational-kind|product|rate||the rational's rate_N is no int, so a read mixes it with a default",
+             "note|rational-kind|product|rate||the rational's rate_N is no int, so a read mixes it with a default",
              "have the program that owns it store it again"},
         Held{"SoundRational",
              [](SqliteStorage& product, SqliteStorage&) {
                  product.setInt("rate_N", 0);
                  product.setInt("rate_D", -7);
              },
-             "warning|unknown-key|product|rate||the library knows no such rational; it is kept",
-             "nothing to do where a later version or another program stored it"}),
+             "note|unknown-key|product|rate||the library knows no such rational; it is kept",
+             "nothing to do where a later version or another program stored it; a product file declares a host's own keys"}),
     byMeaning);
 
 // --- Folders ---

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <Inspection/checks/StoredValueChecks.h>
 
+#include <Inspection/DeclaredKeys.h>
 #include <Inspection/PreferenceState.h>
 #include <Inspection/ValueFormat.h>
 
@@ -24,14 +25,18 @@ Finding aboutKey(ExaminedStore const& store, Severity severity, Check check, std
     return {severity, check, what, remedy, store.store, key, {}};
 }
 
-char const unknownRemedy[] = "nothing to do where a later version or another program stored it";
+char const unknownRemedy[] = "nothing to do where a later version or another program stored it; a product file declares a host's own keys";
+
+using Part = Host::OwnKeys::Part;
 
 // --- Keys ---
+
+bool isOneByOne(std::string const& key) { return Catalogue::findPreference(key) || ownKeys().find(key); }
 
 bool isKnown(ExaminedStore const& store, std::string const& key)
 {
     std::optional<KnownKey> const known = knownKey(key);
-    return known ? known->store == store.store || Catalogue::findPreference(key) : store.store == Store::product && isReserved(key);
+    return known ? known->store == store.store || isOneByOne(key) : store.store == Store::product && isReserved(key);
 }
 
 // A store keeps a rational as two ints, under its key with "_N" and "_D" behind it.
@@ -57,48 +62,55 @@ Rationals rationalsIn(ExaminedStore const& store)
 {
     Rationals rationals;
     for (StoredRow const& row : store.rows) {
-        if (!isNamedLikeAHalf(row.key) || isKnown(store, row.key))
+        std::optional<KnownKey> const known = knownKey(row.key);
+        bool const isDeclared = known && known->part != Part::whole && known->store == store.store;
+        if (!isDeclared && (!isNamedLikeAHalf(row.key) || isKnown(store, row.key)))
             continue;
         Halves& halves = rationals[keyOfRational(row.key)];
         (row.key.back() == 'N' ? halves.numerator : halves.denominator) = &row;
     }
     for (auto entry = rationals.begin(); entry != rationals.end();)
-        entry = isRational(entry->second) ? std::next(entry) : rationals.erase(entry);
+        entry = ownKeys().find(entry->first) || isRational(entry->second) ? std::next(entry) : rationals.erase(entry);
     return rationals;
 }
 
 void checkKey(ExaminedStore const& store, Rationals const& rationals, std::string const& key, Findings& findings)
 {
-    Catalogue::Preference const* const preference = Catalogue::findPreference(key);
+    std::optional<KnownKey> const known = knownKey(key);
     bool const isHalf = isNamedLikeAHalf(key) && rationals.count(keyOfRational(key)) != 0;
-    if (preference && preference->store != store.store)
+    if (known && known->store != store.store && isOneByOne(key))
         findings.push_back(aboutKey(store, Severity::warning, Check::misplacedKey, key,
-                                    absl::StrCat("it belongs in the ", name(preference->store), " store and is not read here"),
-                                    absl::StrCat("'editor-settings explain ", key, "' shows what is read; what lies here is kept")));
+                                    absl::StrCat("it belongs in the ", name(known->store), " store and is not read here"),
+                                    absl::StrCat("'editor-settings explain ", known->part == Part::whole ? key : keyOfRational(key),
+                                                 "' shows what is read; what lies here is kept")));
     else if (!isKnown(store, key) && !isHalf)
         findings.push_back(
-            aboutKey(store, Severity::warning, Check::unknownKey, key, "the library knows no such key; it is kept", unknownRemedy));
+            aboutKey(store, Severity::note, Check::unknownKey, key, "the library knows no such key; it is kept", unknownRemedy));
 }
 
 // --- Rationals ---
 
-Finding aboutRational(ExaminedStore const& store, std::string const& key, Halves const& halves)
+std::optional<Finding> aboutRational(ExaminedStore const& store, std::string const& key, Halves const& halves)
 {
     auto const& [numerator, denominator] = halves;
     auto const isInt = [](StoredRow const* row) { return std::holds_alternative<int>(row->value); };
     auto const found = [&](Severity severity, Check check, std::string const& what) {
         return aboutKey(store, severity, check, key, what, "have the program that owns it store it again");
     };
+    // Nobody says that undeclared keys with such ends are a rational at all.
+    Severity const severity = ownKeys().find(key) ? Severity::warning : Severity::note;
     if (!numerator || !denominator)
-        return found(Severity::warning, Check::rationalHalf,
+        return found(severity, Check::rationalHalf,
                      absl::StrCat("the rational has no ", key, numerator ? "_D" : "_N", ", so a read mixes it with a default"));
     if (!isInt(numerator) || !isInt(denominator))
-        return found(Severity::warning, Check::rationalKind,
+        return found(severity, Check::rationalKind,
                      absl::StrCat("the rational's ", (isInt(numerator) ? denominator : numerator)->key,
                                   " is no int, so a read mixes it with a default"));
     if (std::get<int>(denominator->value) == 0)
         return found(Severity::error, Check::rationalZero, "the rational's denominator is 0, so every read of it fails");
-    return aboutKey(store, Severity::warning, Check::unknownRational, key, "the library knows no such rational; it is kept", unknownRemedy);
+    if (ownKeys().find(key))
+        return std::nullopt;
+    return aboutKey(store, Severity::note, Check::unknownRational, key, "the library knows no such rational; it is kept", unknownRemedy);
 }
 
 // --- Values ---
@@ -107,19 +119,19 @@ bool isTextThatIsNotUtf8(PreferenceState const& preference)
 {
     if (!std::holds_alternative<QString>(preference.observation.value))
         return false;
-    std::string const& stored = std::get<std::string>(preference.stored->value);
+    std::string const& stored = std::get<std::string>(preference.stored.front().value);
     return QString::fromStdString(stored).toStdString() != stored;
 }
 
 bool isListThatChanges(PreferenceState const& preference)
 {
     auto const* const list = std::get_if<QStringList>(&preference.observation.value);
-    return list && Catalogue::storedText(*list) != std::get<std::string>(preference.stored->value);
+    return list && Catalogue::storedText(*list) != std::get<std::string>(preference.stored.front().value);
 }
 
 bool isAtTheEdge(PreferenceState const& preference)
 {
-    auto const* const number = std::get_if<int>(&preference.stored->value);
+    auto const* const number = std::get_if<int>(&preference.stored.front().value);
     return number && (*number == std::numeric_limits<int>::max() || *number == std::numeric_limits<int>::min());
 }
 
@@ -132,7 +144,7 @@ void checkValue(PreferenceState const& preference, ExaminedStore const& store, F
     auto const add = [&](Check check, std::string const& what, std::string const& remedy) {
         findings.push_back(aboutKey(store, Severity::warning, check, key, what, remedy));
     };
-    std::string const holds = absl::StrCat("it holds a value of kind ", preference.stored->kind);
+    std::string const holds = absl::StrCat("it holds a value of kind ", preference.stored.front().kind);
     State const state = preference.state();
     if (state == State::otherKind)
         add(Check::otherKind,
@@ -149,14 +161,15 @@ void checkValue(PreferenceState const& preference, ExaminedStore const& store, F
             storeAgain);
     else if (isAtTheEdge(preference))
         add(Check::numberEdge,
-            absl::StrCat("it holds ", std::get<int>(preference.stored->value), ", at the edge of its range: counting on would leave it"),
+            absl::StrCat("it holds ", std::get<int>(preference.stored.front().value),
+                         ", at the edge of its range: counting on would leave it"),
             unset);
 }
 
 bool isReadFrom(ExaminedStore const& store, std::string const& key)
 {
     std::optional<KnownKey> const known = knownKey(key);
-    return known && known->store == store.store;
+    return known && known->store == store.store && known->part == Part::whole;
 }
 
 } // namespace
@@ -168,13 +181,14 @@ Findings checkStoredValues(Host::Application const& application, ExaminedStore c
     for (StoredRow const& row : store.rows)
         checkKey(store, rationals, row.key, findings);
     for (auto const& [key, halves] : rationals)
-        findings.push_back(aboutRational(store, key, halves));
+        if (std::optional<Finding> const finding = aboutRational(store, key, halves))
+            findings.push_back(*finding);
     for (StoredRow const& row : store.rows) {
         if (!isReadFrom(store, row.key))
             continue;
         PreferenceState const preference = preferenceState(application, row.key).value();
         // Another process may have removed the row meanwhile, and some products keep a preference in memory.
-        if (preference.stored)
+        if (!preference.stored.empty())
             checkValue(preference, store, findings);
     }
     return findings;

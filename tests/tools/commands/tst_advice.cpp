@@ -136,7 +136,11 @@ INSTANTIATE_TEST_SUITE_P(
                           {"get", "exprtPath"},
                           1,
                           "there is no preference 'exprtPath'; did you mean exportPath? 'editor-settings list' shows all"},
-                    Wrong{"KeyLikeNone", {"set", "nothing", "x"}, 1, "there is no preference 'nothing'; 'editor-settings list' shows all"},
+                    Wrong{"KeyLikeNone",
+                          {"set", "nothing", "x"},
+                          1,
+                          "there is no preference 'nothing'; 'editor-settings list' shows all; a key of the host's own is declared in "
+                          "\"ownKeys\" of the product file, see editor-settings-product(5)"},
                     Wrong{"LocationForAKey",
                           {"get", "productDataPath"},
                           1,

@@ -201,8 +201,9 @@ TEST_F(Doctor, NewerStoreIsFound)
 TEST_F(Doctor, UnknownKeyIsFoundWithThePreferenceThatItResembles)
 {
     SqliteStorage(productFile()).setString("exprtPath", "/x");
-    EXPECT_EQ(finding(), about("warning", "unknown-key", "product", "exprtPath", {}, "the library knows no such key; it is kept",
-                               "did you mean exportPath? nothing to do where a later version or another program stored it"));
+    EXPECT_EQ(finding(), about("note", "unknown-key", "product", "exprtPath", {}, "the library knows no such key; it is kept",
+                               "did you mean exportPath? nothing to do where a later version or another program stored it; a product file "
+                               "declares a host's own keys"));
     EXPECT_NE(tool({"doctor"}).out.find("\n\tdid you mean exportPath? nothing to do where a later version"), std::string::npos);
     EXPECT_NE(tool({"doctor", "--plain"}).out.find("\tdid you mean exportPath? nothing to do where a later version"), std::string::npos);
 }
@@ -211,8 +212,9 @@ TEST_F(Doctor, UnknownRationalIsTakenForNoPreference)
 {
     SqliteStorage(productFile()).setInt("exprtPath_N", 25);
     SqliteStorage(productFile()).setInt("exprtPath_D", 1);
-    EXPECT_EQ(finding(), about("warning", "unknown-key", "product", "exprtPath", {}, "the library knows no such rational; it is kept",
-                               "nothing to do where a later version or another program stored it"));
+    EXPECT_EQ(finding(),
+              about("note", "unknown-key", "product", "exprtPath", {}, "the library knows no such rational; it is kept",
+                    "nothing to do where a later version or another program stored it; a product file declares a host's own keys"));
 }
 
 TEST_F(Doctor, ValueOfAnotherKindIsFound)
@@ -227,15 +229,15 @@ TEST_F(Doctor, ControlsOfStoredKeysAreNotSentToATerminal)
 {
     SqliteStorage(productFile()).setInt("a\x1b[31m\n\tb", 1);
     Ended const ended = tool({"doctor"});
-    EXPECT_NE(ended.out.find("warning\ta\\x1b[31m\\n\\tb (product store)\n\tthe library knows no such key; it is kept\n\t"
-                             "nothing to do where a later version or another program stored it\n"),
-              std::string::npos)
-        << ended.out;
-    EXPECT_EQ(lines(ended.out).back(), "1 warning");
     EXPECT_NE(
-        tool({"doctor", "--plain"})
-            .out.find("\nwarning\tunknown-key\ta\\x1b[31m\\n\\tb (product store)\tthe library knows no such key; it is kept\tnothing"),
-        std::string::npos);
+        ended.out.find("note\ta\\x1b[31m\\n\\tb (product store)\n\tthe library knows no such key; it is kept\n\t"
+                       "nothing to do where a later version or another program stored it; a product file declares a host's own keys\n"),
+        std::string::npos)
+        << ended.out;
+    EXPECT_EQ(lines(ended.out).back(), "all is well");
+    EXPECT_NE(tool({"doctor", "--plain"})
+                  .out.find("\nnote\tunknown-key\ta\\x1b[31m\\n\\tb (product store)\tthe library knows no such key; it is kept\tnothing"),
+              std::string::npos);
 }
 
 TEST_F(Doctor, ControlsOfTheReasonAreNotSentToATerminal)
@@ -248,7 +250,8 @@ TEST_F(Doctor, ControlsOfTheReasonAreNotSentToATerminal)
 TEST_F(Doctor, FindingsAreCounted)
 {
     SqliteStorage(productFile()).setInt("a", 1);
-    SqliteStorage(productFile()).setInt("b", 1);
+    SqliteStorage(productFile()).setInt("keepVideoAspect", 1);
+    SqliteStorage(productFile()).setInt("useGuideLines", 1);
     SqliteStorage(productFile()).setInt("c_N", 1);
     SqliteStorage(productFile()).setInt("c_D", 0);
     EXPECT_EQ(lines(tool({"doctor"}).out).back(), "1 error, 2 warnings");

@@ -57,7 +57,8 @@ TEST_F(Families, KeysMadeFromNamesAreListedExplainedAndUnset)
     Storage::SqliteStorage(productFile()).setString("favorites_fonts", "Verdana");
     Storage::SqliteStorage(productFile()).setString("unknown", "kept");
     EXPECT_EQ(said({"list", "--set", "--plain"}),
-              "Indication/x\tbytes\tproduct\tset\tAP8=\nfavorites_fonts\tlist\tproduct\tset\t[\"Verdana\"]\n");
+              "Indication/x\tbytes\tproduct\tset\tAP8=\nfavorites_fonts\tlist\tproduct\tset\t[\"Verdana\"]\n"
+              "unknown\tstring\tproduct\tundeclared\tkept\n");
     std::vector<std::string> const explained = lines(said({"explain", "Indication/x", "--plain"}));
     EXPECT_EQ(explained[0], "key\tIndication/x");
     EXPECT_EQ(explained[1], "purpose\tWhat the editor keeps for the indication called \"x\"");
@@ -67,7 +68,7 @@ TEST_F(Families, KeysMadeFromNamesAreListedExplainedAndUnset)
     EXPECT_EQ(lines(said({"explain", "favorites_fonts"}))[2], "accepts\tnothing: the editor alone writes it");
     said({"unset", "Indication/x"});
     said({"unset", "favorites_fonts"});
-    EXPECT_EQ(said({"list", "--set", "--plain"}), "");
+    EXPECT_EQ(said({"list", "--set", "--plain"}), "unknown\tstring\tproduct\tundeclared\tkept\n");
     EXPECT_EQ(text("unknown"), "kept");
 }
 

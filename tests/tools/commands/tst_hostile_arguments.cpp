@@ -142,6 +142,7 @@ std::string const giveUtf8 = " cannot be '*'; give text in UTF-8 without a byte 
 std::string const giveNumber = " cannot be '*'; give a whole number from -2147483648 to 2147483647";
 std::string const giveBytes = " cannot be '*'; give the bytes in base64, with its padding, or @FILE to read them from a file";
 std::string const noPreference = "there is no preference '*'; 'editor-settings list' shows all";
+std::string const ownKey = "; a key of the host's own is declared in \"ownKeys\" of the product file, see editor-settings-product(5)";
 std::string const noLocation = "there is no location '*'; 'editor-settings paths' shows all";
 std::string const notExpected = "The following argument was not expected: *";
 
@@ -163,7 +164,8 @@ INSTANTIATE_TEST_SUITE_P(
                 "product file /no/* cannot be read (No such file or directory); check its name and rights, or name another product file"},
         Command{"Pattern", {"list", "**"}, ""},
         Command{"Store", {"list", "--store", "*"}, "--store: * not in {product,common}", "--store: * not in {product,common}"},
-        Command{"KeyToGet", {"get", "*"}, noPreference, noPreference}, Command{"KeyToSet", {"set", "*", "x"}, noPreference, noPreference},
+        Command{"KeyToGet", {"get", "*"}, noPreference, noPreference},
+        Command{"KeyToSet", {"set", "*", "x"}, noPreference + ownKey, noPreference + ownKey},
         Command{"KeyToUnset", {"unset", "*"}, noPreference, noPreference},
         Command{"KeyToExplain", {"explain", "*"}, noPreference, noPreference},
         Command{"MemberOfAFamily", {"get", "favorites_*"}, "there is no preference 'favorites_*'; 'editor-settings list' shows all", ""},
@@ -210,8 +212,10 @@ INSTANTIATE_TEST_SUITE_P(
         Command{"SourceToReserveFor",
                 {"next-name", "--reserve", "stabilized", "*", "mp4"},
                 "'*' is not UTF-8 without a byte order mark; give the name in UTF-8"},
-        Command{
-            "Indication", {"set", "Indication/*", "AP8="}, "there is no preference 'Indication/*'; 'editor-settings list' shows all", ""},
+        Command{"Indication",
+                {"set", "Indication/*", "AP8="},
+                "there is no preference 'Indication/*'; 'editor-settings list' shows all" + ownKey,
+                ""},
         Command{"BytesOfAnIndication",
                 {"set", "Indication/x", "*"},
                 "Indication/x holds bytes and" + giveBytes,

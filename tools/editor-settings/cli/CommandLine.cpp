@@ -13,6 +13,7 @@
 #include "terminal/Streams.h"
 #include "terminal/Terminal.h"
 
+#include <Inspection/DeclaredKeys.h>
 #include <Inspection/PreferenceState.h>
 #include <Inspection/checks/FolderChecks.h>
 #include <Settings/Version.h>
@@ -245,6 +246,7 @@ private:
         std::optional<ProgressLine> opening(1);
         opening->next("opening the stores");
         Host::ToolApplication const application(invocation.productFile, {invocation.storeFolder, policyFor(use), invocation.options});
+        Inspection::declareOwnKeys(application.productFile());
         opening.reset();
         hasOpened = true;
         if (!changesStores(use))

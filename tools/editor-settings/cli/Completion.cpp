@@ -5,6 +5,7 @@
 
 #include <Catalogue/Catalogue.h>
 #include <Host/FileContent.h>
+#include <Inspection/DeclaredKeys.h>
 #include <Inspection/Locations.h>
 #include <Inspection/PreferenceState.h>
 
@@ -15,6 +16,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <map>
+#include <set>
 #include <system_error>
 
 namespace {
@@ -109,11 +111,22 @@ private:
     std::map<std::string, std::string> m_values;
 };
 
-std::vector<Candidate> keys()
+std::filesystem::path productFile(Position const& position)
 {
+    std::string const named = position.value("--product");
+    return named.empty() ? Host::installedProductFile() : std::filesystem::path(named);
+}
+
+// The library's alone where the product file cannot be used: there is nobody to tell.
+std::vector<Candidate> keys(Position const& position)
+{
+    try {
+        Inspection::declareOwnKeys(Host::ProductFile(productFile(position)));
+    } catch (Host::ProductFileError const&) {
+    }
     std::vector<Candidate> result;
-    for (Catalogue::Preference const& preference : Catalogue::preferences())
-        result.push_back({preference.name, preference.purpose});
+    for (std::string const& key : Inspection::keyNames())
+        result.push_back({key, onOneLine(Inspection::purposeOf(key))});
     return result;
 }
 
@@ -130,17 +143,22 @@ std::vector<Candidate> locationCandidates()
 // None where the stores cannot be read: there is nobody to tell.
 std::vector<Candidate> storedKeys(Position const& position)
 try {
-    std::string const product = position.value("--product");
     std::string const home = position.value("--home");
     Storage::SqliteStorage::Options options;
     options.allowNetworkFileSystem = position.isGiven("--allow-network");
     Host::ToolApplication const application(
-        product.empty() ? Host::installedProductFile() : std::filesystem::path(product),
+        productFile(position),
         {home.empty() ? std::nullopt : std::optional<std::filesystem::path>(home), Host::StorePolicy::leaveOutUnusable, options});
+    Inspection::declareOwnKeys(application.productFile());
+    std::set<std::string> offered; // a rational stands in two rows
     std::vector<Candidate> result;
     for (Storage::SqliteStorage const* const store : {application.productStorage(), application.commonStorage()})
-        for (Storage::SqliteStorage::Row const& row : store ? store->rows() : std::vector<Storage::SqliteStorage::Row>())
-            result.push_back({row.key, onOneLine(Inspection::purposeOf(row.key))});
+        for (Storage::SqliteStorage::Row const& row : store ? store->rows() : std::vector<Storage::SqliteStorage::Row>()) {
+            std::optional<Host::OwnKeys::Match> const own = Inspection::ownKeys().find(row.key);
+            std::string const& key = own ? own->key : row.key;
+            if (offered.insert(key).second)
+                result.push_back({key, onOneLine(Inspection::purposeOf(key))});
+        }
     return result;
 } catch (std::exception const&) {
     return {};
@@ -155,7 +173,7 @@ std::vector<Candidate> candidatesFor(Option const& option, Position const& posit
     case Candidates::folders:
         return {{":folders", ""}};
     case Candidates::keys:
-        return keys();
+        return keys(position);
     case Candidates::storedKeys:
         return storedKeys(position);
     case Candidates::locations:

@@ -5,6 +5,7 @@
 #include "terminal/ProgressLine.h"
 #include "terminal/Suggestions.h"
 #include "terminal/Terminal.h"
+#include <Inspection/DeclaredKeys.h>
 #include <Inspection/PreferenceState.h>
 #include <Inspection/checks/FolderChecks.h>
 #include <Inspection/checks/StoreFileChecks.h>
@@ -55,6 +56,7 @@ Report reportOn(Invocation const& invocation)
     try {
         Host::ToolApplication const application(invocation.productFile,
                                                 {invocation.storeFolder, Host::StorePolicy::leaveOutUnusable, invocation.options});
+        declareOwnKeys(application.productFile());
         report.add(checkHome());
         examineStores(application, report, progress);
         progress.next("looking at the folders that the editor writes to");
@@ -77,8 +79,7 @@ std::string remedyOf(Finding const& finding)
 {
     std::vector<std::string> names;
     if (finding.check == Check::unknownKey)
-        for (Catalogue::Preference const& row : Catalogue::preferences())
-            names.push_back(row.name);
+        names = keyNames();
     return didYouMean(finding.key, names) + finding.remedy;
 }
 

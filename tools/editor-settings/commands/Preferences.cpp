@@ -5,6 +5,7 @@
 #include "terminal/Escaping.h"
 #include "terminal/Suggestions.h"
 #include "terminal/Table.h"
+#include <Inspection/DeclaredKeys.h>
 #include <Inspection/PreferenceState.h>
 #include <Inspection/RowDifference.h>
 #include <Inspection/ValueFormat.h>
@@ -38,31 +39,40 @@ namespace {
 
 bool isPattern(std::string const& word) { return word.find_first_of("*?[") != std::string::npos; }
 
-// Throws `UserError` for a key that the library never asks for, and that is no getter's name either.
-PreferenceState knownPreference(Host::Application const& application, std::string const& key)
+// Throws `UserError` for half of a declared rational.
+void checkIsWhole(std::string const& key)
+{
+    std::optional<Host::OwnKeys::Match> const match = Inspection::ownKeys().find(key);
+    if (match && match->part != Host::OwnKeys::Part::whole)
+        throw UserError(absl::StrCat(quotedBriefly(key), " is half of the rational ", quotedBriefly(match->key),
+                                     ", which is read and set as a whole; give that key"));
+}
+
+// Throws `UserError` for a key that the library never asks for, that is not declared and not stored, and that is no getter's name
+// either. `adviceOnOwnKeys` ends the sentence about a key that is like no other.
+PreferenceState knownPreference(Host::Application const& application, std::string const& key, std::string const& adviceOnOwnKeys = {})
 {
     if (std::optional<PreferenceState> found = Inspection::preferenceState(application, key))
         return *std::move(found);
     if (Catalogue::Preference const* const row = Catalogue::findPreferenceByGetter(key))
         return Inspection::preferenceState(application, row->name).value();
+    checkIsWhole(key);
     if (Inspection::isReserved(key))
         throw UserError(absl::StrCat(key, " is reserved: the editor neither reads nor writes it, so it cannot be reached"));
     if (Catalogue::findLocation(key))
         throw UserError(absl::StrCat(key, " is a location and no preference; 'editor-settings paths ", key, "' shows it"));
     if (isPattern(key))
         throw UserError(absl::StrCat(quotedBriefly(key), " is a pattern and no preference; 'editor-settings list PATTERN' takes patterns"));
-    std::vector<std::string> names;
-    for (Catalogue::Preference const& row : Catalogue::preferences())
-        names.emplace_back(row.name);
-    throw UserError(
-        absl::StrCat("there is no preference ", quotedBriefly(key), "; ", didYouMean(key, names), "'editor-settings list' shows all"));
+    std::string const likely = didYouMean(key, Inspection::keyNames());
+    throw UserError(absl::StrCat("there is no preference ", quotedBriefly(key), "; ", likely, "'editor-settings list' shows all",
+                                 likely.empty() ? adviceOnOwnKeys : ""));
 }
 
-std::string typeWithLanguage(Value const& value)
+std::string typeWithLanguage(PreferenceState const& preference)
 {
-    std::string const type = typeName(value);
-    std::string const cpp = Inspection::cppTypeName(value);
-    return type == cpp ? type : type + " (" + cpp + ')';
+    std::string const type = preference.typeName();
+    std::string const cpp = Inspection::cppTypeName(preference.observation.value);
+    return type == cpp || preference.isUndeclared() ? type : type + " (" + cpp + ')';
 }
 
 Terminal::Style styleOf(State state)
@@ -83,7 +93,7 @@ bool isListed(PreferenceState const& preference, ListOptions const& options)
 {
     if (!options.pattern.empty() && ::fnmatch(options.pattern.c_str(), preference.key.c_str(), 0) != 0)
         return false;
-    if ((options.onlySet && !preference.stored) || (options.onlyUnset && preference.stored))
+    if ((options.onlySet && preference.stored.empty()) || (options.onlyUnset && !preference.stored.empty()))
         return false;
     return !options.store || *options.store == name(preference.store);
 }
@@ -92,7 +102,12 @@ bool isListed(PreferenceState const& preference, ListOptions const& options)
 
 PreferenceState preferenceToWrite(Host::Application const& application, std::string const& key)
 {
-    PreferenceState found = knownPreference(application, key);
+    PreferenceState found = knownPreference(
+        application, key, "; a key of the host's own is declared in \"ownKeys\" of the product file, see editor-settings-product(5)");
+    if (found.isUndeclared())
+        throw UserError(absl::StrCat(quotedBriefly(key),
+                                     " is not declared, so it cannot be set; declare it in \"ownKeys\" of the product file, see ",
+                                     "editor-settings-product(5), or have the program that stored it set it"));
     if (!found.write)
         throw UserError(absl::StrCat(key, " is written by the editor alone, so it cannot be set; 'editor-settings unset' removes it"));
     return found;
@@ -168,72 +183,122 @@ Value parsedFor(PreferenceState const& preference, std::vector<std::string> cons
 
 // --- Values as they are stored ---
 
+bool isRational(PreferenceState const& found)
+{
+    return std::holds_alternative<Host::OwnKey::Rational>(found.observation.value) && !found.isUndeclared();
+}
+
+// An object; of a rational an array of those of its halves, each with its key.
+ordered_json storedJsonOf(PreferenceState const& found)
+{
+    auto rows = ordered_json::array();
+    for (auto const& row : found.stored) {
+        ordered_json json = isRational(found) ? ordered_json({{"key", row.key}}) : ordered_json::object();
+        json["kind"] = row.kind;
+        json["value"] = Inspection::storedJson(row.value);
+        json["changed"] = Inspection::inUtc(row.changed);
+        rows.push_back(json);
+    }
+    return rows.empty() ? ordered_json() : isRational(found) ? rows : rows.front();
+}
+
+// null for a value that this version cannot read.
+ordered_json valueJsonOf(PreferenceState const& found)
+{
+    return found.isUndeclared() ? Inspection::storedJson(found.stored.front().value) : toJson(found.observation.value);
+}
+
+ordered_json defaultJsonOf(PreferenceState const& found)
+{
+    return found.isUndeclared() ? ordered_json() : toJson(found.observation.defaultValue);
+}
+
+ordered_json orNull(std::string const& text) { return text.empty() ? ordered_json() : ordered_json(text); }
+
+std::string dataClassOf(PreferenceState const& found) { return found.dataClass ? Catalogue::dataClassName(*found.dataClass) : ""; }
+
+// As onOneLine shows it.
+std::string shownValue(PreferenceState const& found)
+{
+    bool const isUnreadable = found.isUndeclared() && found.state() == State::unreadable;
+    return isUnreadable ? "(unreadable)" : onOneLine(found.observation.value);
+}
+
 ordered_json jsonOf(PreferenceState const& found, std::string const& file, std::string const& computedBy)
 {
-    ordered_json stored = nullptr;
-    if (found.stored)
-        stored = {{"kind", found.stored->kind},
-                  {"value", Inspection::storedJson(found.stored->value)},
-                  {"changed", Inspection::inUtc(found.stored->changed)}};
     InspectedValue const& observation = found.observation;
     auto const& [purpose, accepts, getter, setter] = describe(found);
     return {{"key", found.key},
-            {"purpose", purpose},
+            {"purpose", orNull(purpose)},
             {"accepts", accepts},
-            {"getter", getter},
-            {"setter", setter.empty() ? ordered_json() : ordered_json(setter)},
-            {"type", typeName(observation.value)},
-            {"cppType", Inspection::cppTypeName(observation.value)},
-            {"class", Catalogue::dataClassName(found.dataClass)},
+            {"getter", orNull(getter)},
+            {"setter", orNull(setter)},
+            {"type", found.typeName()},
+            {"cppType", found.isUndeclared() ? ordered_json() : ordered_json(Inspection::cppTypeName(observation.value))},
+            {"class", orNull(dataClassOf(found))},
             {"store", found.storeName()},
-            {"file", file.empty() ? ordered_json() : ordered_json(file)},
+            {"file", orNull(file)},
             {"state", Inspection::stateName(found.state())},
-            {"stored", stored},
-            {"default",
-             {{"value", toJson(observation.defaultValue)}, {"computedBy", computedBy.empty() ? ordered_json() : ordered_json(computedBy)}}},
-            {"value", toJson(observation.value)}};
+            {"stored", storedJsonOf(found)},
+            {"default", {{"value", defaultJsonOf(found)}, {"computedBy", orNull(computedBy)}}},
+            {"value", valueJsonOf(found)}};
 }
 
 std::vector<Columns> tableOf(PreferenceState const& found, std::string const& file, std::string const& computedBy, Format format)
 {
     auto const& [purpose, accepts, getter, setter] = describe(found);
-    std::vector<Columns> table = {{"key", onOneLine(found.key)},
-                                  {"purpose", onOneLine(purpose)},
-                                  {"accepts", accepts},
-                                  {"getter", getter},
-                                  {"setter", setter},
-                                  {"type", typeWithLanguage(found.observation.value)},
-                                  {"class", Catalogue::dataClassName(found.dataClass)},
-                                  {"store", found.storeName()}};
+    std::vector<Columns> table = {
+        {"key", onOneLine(found.key)},
+        {"purpose", purpose.empty() ? "unknown: neither the library nor the product file declares it" : onOneLine(purpose)},
+        {"accepts", onOneLine(accepts)},
+        {"getter", getter},
+        {"setter", setter},
+        {"type", typeWithLanguage(found)},
+        {"class", dataClassOf(found)},
+        {"store", found.storeName()}};
     if (!file.empty())
         table.push_back({"file", onOneLine(file)});
     table.push_back({"state", Inspection::stateName(found.state())});
-    if (found.stored) {
-        table.push_back({"stored", onOneLine(found.stored, "")});
-        table.push_back({"stored kind", onOneLine(found.stored->kind)});
-        auto const when = found.stored->changed;
-        table.push_back({"changed", format == Format::plain ? Inspection::inUtc(when) : Inspection::inLocalTime(when)});
+    for (auto const& row : found.stored) {
+        std::string const half = isRational(found) ? onOneLine(row.key) + " = " : "";
+        table.push_back({"stored", half + onOneLine(row, "")});
+        table.push_back({"stored kind", onOneLine(row.kind)});
+        table.push_back({"changed", format == Format::plain ? Inspection::inUtc(row.changed) : Inspection::inLocalTime(row.changed)});
     }
-    table.push_back({"default", onOneLine(found.observation.defaultValue)});
-    table.push_back({"computed by", computedBy.empty() ? "nothing: it is fixed" : computedBy + "()"});
-    table.push_back({"value", onOneLine(found.observation.value)});
+    if (!found.isUndeclared()) {
+        table.push_back({"default", onOneLine(found.observation.defaultValue)});
+        table.push_back({"computed by", computedBy.empty() ? "nothing: it is fixed" : computedBy + "()"});
+    }
+    table.push_back({"value", shownValue(found)});
     return table;
 }
 
 // --- What the verbs do ---
 
+// Throws `UserError` where there is not even a default to read.
+void checkIsRead(PreferenceState const& found)
+{
+    if (found.readFails)
+        throw UserError(absl::StrCat(quoted(found.key),
+                                     " is stored with the denominator 0, so every read of it fails; 'editor-settings unset' ",
+                                     "removes it, so that the default holds"));
+    if (found.isUndeclared() && found.state() == State::unreadable)
+        throw UserError(absl::StrCat(quoted(found.key), " holds a value of kind ", quoted(found.stored.front().kind),
+                                     " that this version cannot read; 'editor-settings unset' removes it"));
+}
+
 void warnOfDefault(PreferenceState const& found)
 {
-    if (found.stored && !found.isRead())
-        printError(absl::StrCat(found.key, " holds a value of kind ", found.stored->kind,
-                                found.state() == State::unreadable ? " that cannot be read" : "",
+    State const state = found.state();
+    if (state == State::otherKind || state == State::unreadable)
+        printError(absl::StrCat(found.key, " holds a value of kind ", found.stored.front().kind,
+                                state == State::unreadable ? " that cannot be read" : "",
                                 ", so the default is read; 'editor-settings explain ", found.key, "' shows both"));
 }
 
 ordered_json shortJsonOf(PreferenceState const& found)
 {
-    Value const& value = found.observation.value;
-    return {{"key", found.key}, {"type", typeName(value)}, {"value", toJson(value)}};
+    return {{"key", found.key}, {"type", found.typeName()}, {"value", valueJsonOf(found)}};
 }
 
 void printOne(PreferenceState const& found, Format format)
@@ -264,6 +329,8 @@ void getPreferences(Host::Application const& application, std::vector<std::strin
     for (std::string const& key : keys)
         all.push_back(knownPreference(application, key));
     for (PreferenceState const& found : all)
+        checkIsRead(found);
+    for (PreferenceState const& found : all)
         warnOfDefault(found);
     all.size() == 1 ? printOne(all.front(), format) : printAll(all, format);
 }
@@ -285,18 +352,17 @@ void listPreferences(Host::Application const& application, ListOptions const& op
     auto array = ordered_json::array();
     std::vector<Columns> table;
     for (PreferenceState const& preference : preferences) {
-        InspectedValue const& observation = preference.observation;
         array.push_back({{"key", preference.key},
-                         {"type", typeName(observation.value)},
+                         {"type", preference.typeName()},
                          {"store", preference.storeName()},
                          {"state", Inspection::stateName(preference.state())},
-                         {"value", toJson(observation.value)},
-                         {"default", toJson(observation.defaultValue)}});
+                         {"value", valueJsonOf(preference)},
+                         {"default", defaultJsonOf(preference)}});
         table.push_back({onOneLine(preference.key),
-                         typeName(observation.value),
+                         onOneLine(preference.typeName()),
                          preference.storeName(),
                          {Inspection::stateName(preference.state()), styleOf(preference.state())},
-                         inColumn(observation.value, format)});
+                         format == Format::people ? shortened(shownValue(preference), 120) : shownValue(preference)});
     }
     format == Format::json ? printJson(array) : printTable(table, {"KEY", "TYPE", "STORE", "STATE", "VALUE"}, format);
 }
@@ -346,10 +412,15 @@ void setPreference(Host::Application const& application, SetWords const& words)
 void unsetPreference(Host::Application const& application, std::string const& key)
 {
     PreferenceState const found = knownPreference(application, key);
-    if (found.observation.isStored)
-        Inspection::storage(application, *found.observation.store)->remove(found.key);
-    else
-        printError(absl::StrCat(found.key, " was not set"));
+    if (found.stored.empty())
+        return printError(absl::StrCat(found.key, " was not set"));
+    Storage::SqliteStorage& store = *Inspection::storage(application, *found.observation.store);
+    if (found.stored.size() == 1)
+        return store.remove(found.stored.front().key);
+    std::vector<Storage::SqliteStorage::Change> both;
+    for (auto const& row : found.stored)
+        both.push_back({row.key});
+    store.apply(both);
 }
 
 void explainPreference(Host::Application const& application, std::string const& key, Format format)
@@ -437,7 +508,7 @@ std::vector<Option> setOptions(SetWords& words)
     return {keyOption(words.key),
             Option("VALUE", &words.values,
                    "A bool as true or false, an int in decimal, text in UTF-8, bytes in base64 or as @FILE, a list as one "
-                   "word for each element"),
+                   "word for each element, a rational as N/D"),
             Option("--empty", &words.isEmpty, "Stores an empty list").excluding({"VALUE"}),
             fileOption("--from-file", words.file,
                        "Stores what the file holds, or standard input where it is -: byte for byte, but for a list one "

@@ -4,7 +4,9 @@
 #include "commands/Output.h"
 #include "terminal/Escaping.h"
 #include "terminal/Table.h"
+#include <Inspection/DeclaredKeys.h>
 #include <Inspection/Locations.h>
+#include <Inspection/PreferenceState.h>
 #include <Inspection/ValueFormat.h>
 
 #include <Host/ProductFile.h>
@@ -38,22 +40,25 @@ public:
         for (char const* variable : {"XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"})
             ::unsetenv(variable);
         Settings::init({m_product, m_nothing, m_nothing, Lumora::ioPath(noResources)});
+        Inspection::declareOwnKeys(*m_product);
     }
 
 private:
-    std::shared_ptr<IProductInfo> m_product;
+    std::shared_ptr<Host::ProductFile> m_product;
     std::shared_ptr<ISettingsStorage> m_nothing = std::make_shared<Storage::EmptyStorage>();
 };
 
 // --- Markdown ---
 
-// `text` as code, with bars escaped, as they would end the cell of a table.
-std::string code(std::string text)
+// `text` with bars escaped, as they would end the cell of a table.
+std::string inCell(std::string text)
 {
     for (std::size_t at = text.find('|'); at != std::string::npos; at = text.find('|', at + 2))
         text.insert(at, 1, '\\');
-    return '`' + text + '`';
+    return text;
 }
+
+std::string code(std::string const& text) { return '`' + inCell(text) + '`'; }
 
 std::string inPage(QString const& path)
 {
@@ -118,6 +123,30 @@ Line lineOf(Family const& family)
             name(family.store), Catalogue::dataClassName(family.dataClass),
             family.purpose,     accessorsInPage(family)};
 }
+
+// --- Own keys ---
+
+Line lineOf(Host::OwnKey const& own)
+{
+    Inspection::OwnKeyFacts const facts = Inspection::factsOf(own);
+    std::string const text = onOneLine(facts.defaultValue);
+    bool const isEmpty = text.empty() || facts.defaultValue == Catalogue::Value(QStringList());
+    return {code(onOneLine(own.key) + (own.isPrefix ? "*" : "")),
+            typeName(facts.defaultValue),
+            name(facts.store),
+            Catalogue::dataClassName(facts.dataClass),
+            isEmpty ? "empty" : code(text),
+            inCell(onOneLine(facts.accepts)),
+            inCell(onOneLine(own.purpose))};
+}
+
+char const* const ownKeysBegin = R"(
+## Own keys
+
+What the product file declares for the host itself, which reads and writes it with `read` and `write`. A `*` stands for what the host
+puts behind a prefix.
+
+)";
 
 char const* const preferencesBegin = R"(# Preferences
 
@@ -206,6 +235,10 @@ void printPreferencesPage(std::filesystem::path const& productFile)
     std::cout << familiesBegin;
     printMarkdown({"key", "type", "store", "class", "what it is for", "getter, setter"}, linesOf(Catalogue::families()));
     std::cout << reservedBegin << code(joined(Catalogue::preferencesWithoutAccessors(), "`, `")) << ".\n";
+    if (Inspection::ownKeys().all().empty())
+        return;
+    std::cout << ownKeysBegin;
+    printMarkdown({"key", "type", "store", "class", "default", "accepts", "what it is for"}, linesOf(Inspection::ownKeys().all()));
 }
 
 void printLocationsPage(std::filesystem::path const& productFile)

@@ -108,10 +108,7 @@ std::string suggestion(DocumentError const& error)
 {
     if (!dynamic_cast<Inspection::UnknownKeyError const*>(&error))
         return {};
-    std::vector<std::string> keys;
-    for (Catalogue::Preference const& row : Catalogue::preferences())
-        keys.emplace_back(row.name);
-    return didYouMean(error.place().back(), keys);
+    return didYouMean(error.place().back(), Inspection::keyNames());
 }
 
 std::string sentence(TransferOptions const& options, DocumentError const& error)
