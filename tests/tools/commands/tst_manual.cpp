@@ -81,7 +81,7 @@ TEST_F(Manual, PageListsStatusesVariablesClassesAndFiles)
     EXPECT_EQ(termsIn(page, "FILES"),
               (Terms{"~/.local/share/VENDOR/PRODUCT/product-settings.sqlite", "~/.local/share/VENDOR/common-settings.sqlite",
                      "STORE-journal", "STORE.before-restore-TIME", "PREFIX/share/editor-settings/product.json"}));
-    EXPECT_NE(page.find("\n.SH \"SEE ALSO\"\nless(1), sqlite3(1), "), std::string::npos);
+    EXPECT_NE(page.find("\n.SH \"SEE ALSO\"\neditor-settings-product(5), less(1), sqlite3(1), "), std::string::npos);
 }
 
 TEST_F(Manual, PageIsCleanTroff)
@@ -91,6 +91,73 @@ TEST_F(Manual, PageIsCleanTroff)
     EXPECT_EQ(groff.status, 0);
     EXPECT_EQ(groff.err, "");
 }
+
+// --- The page of the product file ---
+
+class ProductPage : public Manual {
+protected:
+    std::string const m_file =
+        std::filesystem::path(TOOL).parent_path().parent_path().string() + "/share/man/man5/editor-settings-product.5";
+
+    // The page, with the escapes of hyphens resolved and each heading as that of the other page.
+    std::string text() const
+    {
+        std::string const page = std::regex_replace(fileContent(m_file), std::regex("\\\\-"), "-");
+        return std::regex_replace(page, std::regex("\n\\.TP\n\\.B ([A-Za-z]+)\n"), "\n.TP\n\\fB$1\n");
+    }
+
+    // The terms below a heading without quotes.
+    std::vector<std::string> terms(std::string const& title) const
+    {
+        std::string page = text();
+        std::size_t const at = page.find("\n.SH " + title + "\n");
+        EXPECT_NE(at, std::string::npos) << title;
+        return termsIn(page.replace(at, title.size() + 5, "\n.SH \"" + title + '"'), title);
+    }
+
+    // What the program says that there is, when something else stands there.
+    std::string told(std::string const& text, std::string const& begin)
+    {
+        std::string const error = tool({"--product", m_home.write("product.json", text).string(), "list"}).err;
+        EXPECT_NE(error.find(begin), std::string::npos) << error;
+        return error.substr(error.find(begin) + begin.size(), error.find('\n') - error.find(begin) - begin.size());
+    }
+
+    static std::string joined(std::vector<std::string> const& words)
+    {
+        std::string all;
+        for (std::string const& word : words)
+            all += (all.empty() ? "" : ", ") + word;
+        return all;
+    }
+};
+
+TEST_F(ProductPage, TellsEveryFieldAndEveryKind)
+{
+    std::string const product = R"("vendorName": "V", "productName": "P", "sharedDataFolderName": "S", "productKind": 0,)"
+                                R"("projectFileExtensions": [], "resourcesRoot": "r", "ownKeys": [{"key": "k", )";
+    EXPECT_EQ(joined(terms("FIELDS")), told("{}", "the fields are "));
+    EXPECT_EQ(joined(terms("OWN KEYS")), told("{" + product + "\"other\": 1}]}", "the fields of a declared key are "));
+    EXPECT_EQ(joined(terms("KINDS")), told("{" + product + "\"kind\": \"other\"}]}", "which takes one of "));
+}
+
+TEST_F(ProductPage, ExampleIsTaken)
+{
+    std::string const page = text();
+    std::size_t const begin = page.find("\n.nf\n") + 5;
+    std::string const file = m_home.write("product.json", page.substr(begin, page.find("\n.fi\n") - begin)).string();
+    EXPECT_EQ(said({"--product", file, "list", "cutter*", "--plain"}),
+              "cutter.frameRate\trational\tproduct\tunset\t25/1\ncutter.theme\ttext\tproduct\tunset\tdark\n");
+}
+
+TEST_F(ProductPage, IsCleanTroff)
+{
+    Ended const groff = run({"groff", "-man", "-Tutf8", "-ww", "-z", m_file});
+    EXPECT_EQ(groff.status, 0);
+    EXPECT_EQ(groff.err, "");
+}
+
+// --- Both ---
 
 TEST_F(Manual, NeedsNoProductFileAndNoStore)
 {

@@ -35,13 +35,15 @@ standard error shows its name.)"},
           {"personal", "Discloses who the user is or what the user works on"},
           {"transient", "Last used or counted: the editor makes it again by itself"}}},
         {"Files",
-         "VENDOR and PRODUCT are the names in the product file. With --home both stores lie in that folder.",
+         "VENDOR and PRODUCT are the names in the product file, see editor-settings-product(5). With --home both stores lie in that "
+         "folder.",
          {{"~/.local/share/VENDOR/PRODUCT/product-settings.sqlite", "The store of the product alone"},
           {"~/.local/share/VENDOR/common-settings.sqlite", "The store that the vendor's products share"},
           {"STORE-journal", "SQLite's journal beside a store: empty between two changes, and to be copied or moved with the store"},
           {"STORE.before-restore-TIME", "What restore replaced; restore takes it back"},
           {"PREFIX/share/editor-settings/product.json", "The product file that is installed with the program in PREFIX/bin"}}},
-        {"See also", "less(1), sqlite3(1), the guide and the reference of all preferences and locations in the documentation."},
+        {"See also", "editor-settings-product(5), less(1), sqlite3(1), the guide and the reference of all preferences and locations in the "
+                     "documentation."},
     };
     return all;
 }
