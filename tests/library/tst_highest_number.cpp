@@ -251,6 +251,16 @@ INSTANTIATE_TEST_SUITE_P(Table, Form,
                                          FolderForm{"BelowAFile", u"folder/Clip-5.mp4/.", 0, 1}),
                          byMeaning);
 
+TEST_F(HighestNumber, IsNoneWhereFolderOrFilterHoldsANul)
+{
+    make({"Clip-5.mp4", "Clip-7.d/Clip-3.mp4"});
+    QString const nul = QString(QChar::Null) + text(u"x");
+    EXPECT_EQ(RunningNumber::highest(folder() + nul, {text(u"Clip-*.*"), text(u"Clip-")}), 0);
+    // Qt 5 lists such a folder under its own name, once for each file.
+    EXPECT_EQ(RunningNumber::highest(folder() + text(u"/Clip-7.d") + nul, {text(u"Clip-*.*"), text(u"Clip-")}), 0);
+    EXPECT_EQ(highest({text(u"*") + nul, text(u"Clip-")}), 0);
+}
+
 TEST_F(HighestNumber, OfALayoutWithAPatternTakesOneListing)
 {
     make({"Clip-5.mp4", u8"Clip-7 \u4F11.mp4"});
