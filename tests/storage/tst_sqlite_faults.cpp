@@ -15,8 +15,6 @@
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
-#include <sys/socket.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 namespace {
@@ -62,16 +60,6 @@ public:
     {
         store(file);
         sql(file, statements);
-    }
-
-    static void makeSocket(std::filesystem::path const& file)
-    {
-        sockaddr_un address = {};
-        address.sun_family = AF_UNIX;
-        file.native().copy(address.sun_path, sizeof address.sun_path - 1);
-        int const descriptor = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-        EXPECT_EQ(::bind(descriptor, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-        ::close(descriptor);
     }
 };
 
@@ -156,7 +144,7 @@ INSTANTIATE_TEST_SUITE_P(
                              },
                              "it was switched to write-ahead logging, which can damage it",
                              "switch it back with: sqlite3 FILE 'PRAGMA journal_mode=DELETE'"},
-                    Unusable{"Socket", &UnusableFile::makeSocket, "it is not a regular file", "move it away, or name another file"},
+                    Unusable{"Socket", &StoreFolder::makeSocket, "it is not a regular file", "move it away, or name another file"},
                     Unusable{"DeviceBehindALink", [](std::filesystem::path const& file) { std::filesystem::create_symlink("/dev/null", file); },
                              "it is not a regular file", "move it away, or name another file"},
                     Unusable{"LinkLoop", [](std::filesystem::path const& file) { std::filesystem::create_symlink(file.filename(), file); },

@@ -83,7 +83,6 @@ void harden(SQLite::Database& database, Views views)
     configure(database, SQLITE_DBCONFIG_ENABLE_TRIGGER, false);
     configure(database, SQLITE_DBCONFIG_ENABLE_VIEW, views == Views::read);
     configure(database, SQLITE_DBCONFIG_DEFENSIVE, true);
-    configure(database, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, false);
     sqlite3_limit(database.getHandle(), SQLITE_LIMIT_ATTACHED, 0);
     sqlite3_drop_modules(database.getHandle(), nullptr);
     database.exec("PRAGMA ignore_check_constraints = ON"); // of a newer store: this version makes none

@@ -17,6 +17,7 @@ namespace {
 std::vector<RowCache::Row> rowsFrom(SQLite::Statement& all)
 {
     std::vector<RowCache::Row> rows;
+    rows.reserve(64); // an editor's preferences
     for (; all.hasRow(); all.executeStep())
         if (SQLite::Column const key = all.getColumn(0); key.isText())
             rows.push_back(decodedRow(key.getString(), all.getColumn(1), all.getColumn(2), all.getColumn(3)));
@@ -69,6 +70,7 @@ void RowCache::load(Prepared& all)
     if (!m_isAllowed)
         return replaceMoment(nullptr);
     auto const moment = std::make_shared<Moment>(Moment{header.mark, rowsFrom(*rows), {}});
+    moment->byKey.reserve(moment->rows.size());
     for (Row const& row : moment->rows)
         moment->byKey.emplace(row.key, &row);
     replaceMoment(moment);

@@ -87,8 +87,8 @@ std::chrono::system_clock::time_point decodedTime(long long sinceEpoch)
 
 SqliteStorage::Row decodedRow(std::string key, SQLite::Column const& kind, SQLite::Column const& value, SQLite::Column const& changed)
 {
-    SqliteStorage::Row row{std::move(key), kind.getString(), decoded(kindFromWord(kind.getString()), value),
-                           decodedTime(changed.getInt64())};
+    SqliteStorage::Row row{std::move(key), kind.getString(), {}, decodedTime(changed.getInt64())};
+    row.value = decoded(kindFromWord(row.kind), value);
     if (std::holds_alternative<std::monostate>(row.value))
         row.payload = payloadOf(value);
     return row;

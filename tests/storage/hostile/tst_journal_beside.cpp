@@ -13,8 +13,6 @@
 #include <algorithm>
 
 #include <fcntl.h>
-#include <sys/socket.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 namespace {
@@ -76,16 +74,6 @@ protected:
 };
 
 // --- What is not a regular file ---
-
-void makeSocket(fs::path const& file)
-{
-    sockaddr_un address = {};
-    address.sun_family = AF_UNIX;
-    file.native().copy(address.sun_path, sizeof address.sun_path - 1);
-    int const descriptor = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    EXPECT_EQ(::bind(descriptor, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-    ::close(descriptor);
-}
 
 struct Entry {
     char const* meaning;
@@ -171,7 +159,7 @@ TEST_P(StrangeJournal, IsSetAsideByARestore)
 INSTANTIATE_TEST_SUITE_P(Table, StrangeJournal,
                          testing::Values(Entry{"Fifo", [](fs::path const& file) { ::mkfifo(file.c_str(), 0600); }},
                                          Entry{"Folder", [](fs::path const& file) { fs::create_directory(file); }},
-                                         Entry{"Socket", &makeSocket},
+                                         Entry{"Socket", &StoreFolder::makeSocket},
                                          Entry{"LinkToADevice", [](fs::path const& file) { fs::create_symlink("/dev/null", file); }},
                                          Entry{"LinkToAFile", [](fs::path const& file) { fs::create_symlink("victim", file); }},
                                          Entry{"LinkToNothing", [](fs::path const& file) { fs::create_symlink("nowhere", file); }}),

@@ -6,17 +6,10 @@
 #include <map>
 #include <new>
 #include <numeric>
-#include <tuple>
 
 #include <sys/mman.h>
 
 using Storage::SqliteStorage;
-
-namespace {
-
-auto fields(SqliteStorage::Row const& row) { return std::tie(row.key, row.kind, row.value, row.changed); }
-
-} // namespace
 
 Ledger::Ledger() : m_entries(new (sharedMemory(keys * sizeof(Entry))) Entry[keys]{}) {}
 
@@ -62,7 +55,7 @@ std::string Ledger::wrong(SqliteStorage const& store)
         stored.emplace(row.key, row);
     for (SqliteStorage::Row const& row : m_untouched) {
         auto const found = stored.find(row.key);
-        if (found == stored.end() || fields(found->second) != fields(row))
+        if (found == stored.end() || !(found->second == row))
             return row.key + " was changed";
         stored.erase(found);
     }

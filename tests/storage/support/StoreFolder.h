@@ -17,7 +17,10 @@
 #include <string>
 #include <thread>
 
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 /// A folder for stores, with functions that change their files from outside.
 class StoreFolder : public testing::Test {
@@ -35,6 +38,16 @@ public:
         stream.close();
         if (!stream)
             throw std::runtime_error("cannot write " + file.string());
+    }
+
+    static void makeSocket(std::filesystem::path const& file)
+    {
+        sockaddr_un address = {};
+        address.sun_family = AF_UNIX;
+        file.native().copy(address.sun_path, sizeof address.sun_path - 1);
+        int const descriptor = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        EXPECT_EQ(::bind(descriptor, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+        ::close(descriptor);
     }
 
     /// The text of the error that `work` throws.
