@@ -3,7 +3,8 @@
 // Settings of your own, beside those that the library knows: `read` and `write` take any key.
 //
 // Define name, kind and default of a key together and once. Give your keys a prefix that no later version of the library can
-// take. A string literal converts to `bool` in `write("myhost.title", "text", false)`: pass a `QString` or a `std::string`.
+// take. `write("myhost.title", "text", false)` does not compile, as the literal would convert to `bool`: pass a `QString` or a
+// `std::string`.
 #include "Product.h"
 
 #include <Settings/Settings.h>

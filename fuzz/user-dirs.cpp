@@ -9,7 +9,7 @@
 
 namespace {
 
-void checkReasons(Host::Application const& application, char const* place)
+void checkReasons(Host::ToolApplication const& application, char const* place)
 {
     std::vector<Inspection::Decision> const reasons =
         decisions(application, Inspection::locationState(*Catalogue::findLocation(place), {}));
@@ -19,10 +19,10 @@ void checkReasons(Host::Application const& application, char const* place)
 
 struct Surroundings : Fuzz::BoundLibrary {
     std::filesystem::path const file = home.write(".config/user-dirs.dirs", "");
-    Host::Application const application{
+    Host::ToolApplication const application{
         home.write("product.json", R"({"vendorName": "V", "productName": "P", "sharedDataFolderName": "S", "productKind": 0,)"
                                    R"( "projectFileExtensions": ["x"], "resourcesRoot": "r"})"),
-        home.path() / "stores", Host::StorePolicy::leaveOutMissing};
+        {home.path() / "stores", Host::StorePolicy::leaveOutMissing}};
 };
 
 } // namespace

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <Host/Application.h>
 
+#include <Host/Home.h>
 #include <Settings/Settings.h>
 #include <Storage/EmptyStorage.h>
 
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 namespace fs = std::filesystem;
 
@@ -25,42 +27,57 @@ private:
     [[noreturn]] static void refuse() { throw std::logic_error("the store was left out, so it takes no value"); }
 };
 
+// A store created below a folder that is not the user's would not be found again.
+void checkHome(fs::path const& productFolder)
+{
+    if (!qEnvironmentVariableIsEmpty("XDG_DATA_HOME"))
+        return;
+    if (std::string const trouble = troubleWithHome(); !trouble.empty())
+        throw Storage::StorageError(Storage::StorageError::Code::access, productFolder.string(), "keep the stores", trouble,
+                                    "set HOME to your folder");
+}
+
 } // namespace
 
-Application::Store::Store(fs::path const& path, StorePolicy policy, Storage::SqliteStorage::Options options)
-    : bound(std::make_shared<NoStore>())
+Application::Store::Store(fs::path const& path, Options const& options) : bound(std::make_shared<NoStore>())
 {
     std::error_code noAnswer;
     file = fs::absolute(path, noAnswer);
     if (noAnswer)
         file = path; // there is no current directory, which the store's error names
-    options.createIfMissing = policy == StorePolicy::create;
+    Storage::SqliteStorage::Options storeOptions = options.store;
+    storeOptions.createIfMissing = options.policy == StorePolicy::create;
     try {
-        opened = std::make_shared<Storage::SqliteStorage>(file, options);
+        opened = std::make_shared<Storage::SqliteStorage>(file, storeOptions);
         bound = opened;
     } catch (Storage::StorageError const& unusable) {
         if (unusable.code() == Storage::StorageError::Code::missing)
             return;
-        if (policy != StorePolicy::leaveOutUnusable)
+        if (options.policy != StorePolicy::leaveOutUnusable)
             throw;
         error = unusable;
     }
 }
 
-Application::Application(fs::path const& productFile, std::optional<fs::path> const& storeFolder, StorePolicy policy,
-                         Storage::SqliteStorage::Options const& storeOptions)
-    : m_productInfo(std::make_shared<ProductFile>(productFile)), m_storeOptions(storeOptions)
+Application::Application(std::shared_ptr<IProductInfo> product, fs::path const& resourcesRoot)
+    : Application(std::move(product), resourcesRoot, Options())
+{}
+
+Application::Application(std::shared_ptr<IProductInfo> product, fs::path const& resourcesRoot, Options const& options)
+    : m_productInfo(std::move(product)), m_storeOptions(options.store)
 {
     SettingsContext context;
     context.productInfo = m_productInfo;
-    context.resourcesRoot = Lumora::ioPath(m_productInfo->resourcesRoot().u8string());
+    context.resourcesRoot = Lumora::ioPath(resourcesRoot.u8string());
     // The product information alone decides where the stores lie.
     Settings::init(context);
-    fs::path const productFolder = storeFolder.value_or(fs::u8path(productDataPath().toStdString()));
-    fs::path const commonFolder = storeFolder.value_or(productFolder.parent_path());
+    fs::path const productFolder = options.storeFolder.value_or(fs::u8path(productDataPath().toStdString()));
+    fs::path const commonFolder = options.storeFolder.value_or(productFolder.parent_path());
+    if (options.policy == StorePolicy::create && !options.storeFolder)
+        checkHome(productFolder);
 
-    m_common = Store(commonFolder / "common-settings.sqlite", policy, storeOptions);
-    m_product = Store(productFolder / "product-settings.sqlite", policy, storeOptions);
+    m_common = Store(commonFolder / "common-settings.sqlite", options);
+    m_product = Store(productFolder / "product-settings.sqlite", options);
     context.commonStorage = m_common.bound;
     context.productStorage = m_product.bound;
     Settings::init(context);

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <Host/ProductFile.h>
+#include <Settings/IProductInfo.h>
 #include <Storage/SqliteStorage.h>
 
 #include <filesystem>
 #include <memory>
 #include <optional>
-#include <string>
 
+/// What a program does once to use the settings library.
 namespace Host {
 
 /// What to do about a missing store.
@@ -18,37 +18,60 @@ enum class StorePolicy {
     leaveOutUnusable, ///< The same also for a store that cannot be opened: for programs that diagnose.
 };
 
-/// An application's side of the settings library: while the object lives, the library is bound to its product file and
-/// its two stores. A model for hosts: own the collaborators, bind them once, keep them until the last call.
+/// A host's side of the settings library: while the object lives, the library is bound to its product information and its
+/// two stores.
 ///
-/// The stores lie in "product-settings.sqlite" in the product's data folder and in "common-settings.sqlite" in the
-/// vendor's, or both in one folder where that is given.
+/// The stores lie where the command line looks for them: "product-settings.sqlite" in `productDataPath()` and
+///   "common-settings.sqlite" in the folder above, or both in one folder where that is given.
+/// Lifetime. Create one in each process, before the first call of the library, and keep it until after the last: a call
+///   without it ends the process with a line that names what is missing.
+/// Threads. While it is created and destroyed, no other thread may call the library. In between any thread may call the
+///   library, and any function here.
+/// Errors. The constructor throws `Storage::StorageError`, which a host shows (`what` names file, reason and remedy) before it
+///   ends: without its stores it would lose every change. Later trouble, such as a full disk, throws the same type from the
+///   getter or setter that meets it. Besides, only `std::bad_alloc` and what the product information throws are seen.
 class Application {
 public:
-    /// Binds the library. Throws `ProductFileError` and `Storage::StorageError`; the library is then not to be used.
-    /// `policy` decides about missing stores in place of `storeOptions`.
-    explicit Application(std::filesystem::path const& productFile, std::optional<std::filesystem::path> const& storeFolder = std::nullopt,
-                         StorePolicy policy = StorePolicy::create, Storage::SqliteStorage::Options const& storeOptions = {});
+    /// What a host may choose.
+    struct Options {
+        /// The folder of both stores, in place of the product's and the vendor's. A relative one is resolved once, at the start.
+        std::optional<std::filesystem::path> storeFolder{};
+        /// What is done about missing stores, in place of `store.createIfMissing`.
+        StorePolicy policy = StorePolicy::create;
+        /// How both stores are opened.
+        Storage::SqliteStorage::Options store{};
+    };
+
+    /// Opens both stores and binds the library to them and to `product`, which must not be null. Creates what is missing. Refuses to
+    /// create stores in a home folder that `HOME` does not name as an absolute path, or that is not there. Changes no existing
+    /// file.
+    /// `resourcesRoot` is the folder of shipped content and need not exist; a relative one depends on the current folder at each
+    /// call.
+    Application(std::shared_ptr<IProductInfo> product, std::filesystem::path const& resourcesRoot);
+    /// As above, with options of the caller's choice.
+    Application(std::shared_ptr<IProductInfo> product, std::filesystem::path const& resourcesRoot, Options const& options);
     Application(Application const&) = delete;
     Application& operator=(Application const&) = delete;
 
-    ProductFile const& productFile() const { return *m_productInfo; }
     /// The options that the stores were opened with.
     Storage::SqliteStorage::Options const& storeOptions() const { return m_storeOptions; }
-    /// The store, or null where it was left out.
+    /// The store of the preferences that the vendor's products share; null where it was left out.
     Storage::SqliteStorage* commonStorage() const { return m_common.opened.get(); }
+    /// The store of all other preferences; null where it was left out.
     Storage::SqliteStorage* productStorage() const { return m_product.opened.get(); }
-    /// The absolute path of the store, also of a missing one.
+    /// The absolute path of the common store, also of a missing one.
     std::filesystem::path const& commonStorageFile() const { return m_common.file; }
+    /// The absolute path of the product's store, also of a missing one.
     std::filesystem::path const& productStorageFile() const { return m_product.file; }
-    /// Why an existing store was left out; nullopt where it was opened or is missing.
+    /// Why an existing common store was left out; nullopt where it was opened or is missing.
     std::optional<Storage::StorageError> const& commonStorageError() const { return m_common.error; }
+    /// Why an existing store of the product was left out; nullopt where it was opened or is missing.
     std::optional<Storage::StorageError> const& productStorageError() const { return m_product.error; }
 
 private:
     struct Store {
         Store() = default;
-        Store(std::filesystem::path const& path, StorePolicy policy, Storage::SqliteStorage::Options options);
+        Store(std::filesystem::path const& path, Options const& options);
 
         std::filesystem::path file;
         std::optional<Storage::StorageError> error;
@@ -56,7 +79,7 @@ private:
         std::shared_ptr<ISettingsStorage> bound;
     };
 
-    std::shared_ptr<ProductFile> m_productInfo;
+    std::shared_ptr<IProductInfo> m_productInfo;
     Storage::SqliteStorage::Options m_storeOptions;
     Store m_common;
     Store m_product;

@@ -55,7 +55,7 @@ bool survivesRedaction(SqliteStorage::Row const& row, DataClass dataClass)
 
 } // namespace
 
-Export exported(Host::Application const& application, Selection const& selection, StoreBegins const& begins)
+Export exported(Host::ToolApplication const& application, Selection const& selection, StoreBegins const& begins)
 {
     Export result = {{inUtc(std::chrono::system_clock::now()), application.productFile().productName(), {}}, {}, {}};
     for (Store const store : stores) {

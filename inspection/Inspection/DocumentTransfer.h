@@ -4,7 +4,7 @@
 // and its import.
 #pragma once
 
-#include <Host/Application.h>
+#include <Host/ToolApplication.h>
 #include <Inspection/ExportDocument.h>
 #include <Inspection/RowDifference.h>
 
@@ -42,7 +42,7 @@ struct Export {
 };
 
 /// The selected values of both stores, as of now. Throws `Storage::StorageError`.
-Export exported(Host::Application const& application, Selection const& selection, StoreBegins const& begins = {});
+Export exported(Host::ToolApplication const& application, Selection const& selection, StoreBegins const& begins = {});
 
 /// A key whose row in a store differs from the document.
 struct Difference {

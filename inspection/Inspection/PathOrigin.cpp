@@ -162,7 +162,7 @@ std::vector<Decision> confirmed(Origin const& origin, QString const& folder, cha
     return {{By::platform, function, folder.toStdString()}};
 }
 
-std::vector<Decision> rootDecisions(Host::Application const& application, Root root)
+std::vector<Decision> rootDecisions(Host::ToolApplication const& application, Root root)
 {
     auto const standardPath = [](Origin const& origin, QStandardPaths::StandardLocation location) {
         return confirmed(origin, Lumora::Util::GetStandardPath(location), "Lumora::Util::GetStandardPath");
@@ -187,7 +187,7 @@ std::vector<Decision> rootDecisions(Host::Application const& application, Root r
 }
 
 // The root's decisions, and the fields that the library asks the product for.
-std::vector<Decision> decisions(Host::Application const& application, Catalogue::Location const& location)
+std::vector<Decision> decisions(Host::ToolApplication const& application, Catalogue::Location const& location)
 {
     static std::map<std::string, std::function<std::string(IProductInfo const&)>> const fields = {
         {"vendorName", [](IProductInfo const& product) { return product.vendorName(); }},
@@ -243,7 +243,7 @@ std::string text(Decision const& decision)
     return "nothing else: an absolute path stands for itself";
 }
 
-std::vector<Decision> decisions(Host::Application const& application, LocationState const& location)
+std::vector<Decision> decisions(Host::ToolApplication const& application, LocationState const& location)
 {
     if (location.location->root == Root::resources && location.argument[0] == '/')
         return {{By::argument, location.argument, location.argument}};

@@ -5,7 +5,7 @@
 
 #include <Inspection/Locations.h>
 
-#include <Host/Application.h>
+#include <Host/ToolApplication.h>
 
 #include <optional>
 #include <string>
@@ -54,6 +54,6 @@ std::string place(Decision const& decision);
 std::string text(Decision const& decision);
 
 /// What decides where `location` lies now, what decides most first. Reads the environment, user-dirs.dirs and the store.
-std::vector<Decision> decisions(Host::Application const& application, LocationState const& location);
+std::vector<Decision> decisions(Host::ToolApplication const& application, LocationState const& location);
 
 } // namespace Inspection

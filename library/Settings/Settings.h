@@ -30,7 +30,9 @@
 
 #include <boost/rational.hpp>
 
+#include <cstddef>
 #include <string>
+#include <type_traits>
 
 #pragma GCC visibility push(default) // the library exports what this header declares
 
@@ -50,8 +52,8 @@ void init(SettingsContext const& context);
 // Each function takes any key, also one of the host's own. It uses `commonStorage` if `useCommonStorage` is true, else
 // `productStorage`. The caller's default is read once, before the store is called, and no result shares memory with it.
 //
-// Beware of literals: `write("name", "text", false)` selects the `bool` overload, as a literal converts to `bool` before
-// it converts to a string. Pass a `std::string` or a `QString`.
+// A text literal is no value: it would convert to `bool` before it converts to a string, so it does not compile. A
+// `char const*` still converts. Pass a `std::string` or a `QString`.
 
 /// The stored string unchanged, or `defaultValue`.
 std::string read(std::string const& key, std::string const& defaultValue, bool useCommonStorage);
@@ -70,12 +72,15 @@ QByteArray read(std::string const& key, QByteArray const& defaultValue, bool use
 boost::rational<long long> read(std::string const& key, boost::rational<long long> const& defaultValue, bool useCommonStorage);
 /// The stored string split at every "|#|", without empty elements. The default is joined and split likewise.
 QStringList read(std::string const& key, QStringList defaultValue, bool useCommonStorage);
+/// Refuses a text literal. Takes a `bool` alone as its last argument, as `read(0, buffer, size)` is a call of the system.
+template <std::size_t size, typename Bool, typename = std::enable_if_t<std::is_same_v<Bool, bool>>>
+bool read(std::string const& key, char const (&defaultValue)[size], Bool useCommonStorage) = delete;
 
 /// Stores `value` unchanged; UTF-8 by convention.
 void write(std::string const& key, std::string const& value, bool useCommonStorage);
 /// Stores `value` encoded in UTF-8.
 void write(std::string const& key, QString const& value, bool useCommonStorage);
-/// Stores a boolean. A text literal selects this overload, too.
+/// Stores a boolean.
 void write(std::string const& key, bool const& value, bool useCommonStorage);
 /// Stores an integer.
 void write(std::string const& key, int const& value, bool useCommonStorage);
@@ -87,6 +92,9 @@ void write(std::string const& key, boost::rational<long long> const& value, bool
 /// Stores the elements joined with "|#|", unescaped. The next read drops empty elements, splits an element that contains
 /// "|#|", and splits an element that ends in "|#" from the next one at the wrong place.
 void write(std::string const& key, QStringList value, bool useCommonStorage);
+/// Refuses a text literal. Takes a `bool` alone as its last argument, as `write(0, "text", size)` is a call of the system.
+template <std::size_t size, typename Bool, typename = std::enable_if_t<std::is_same_v<Bool, bool>>>
+void write(std::string const& key, char const (&value)[size], Bool useCommonStorage) = delete;
 
 // --- Preferences -----------------------------------------------------------------------------------------------------
 //

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include <Host/Application.h>
 #include <Host/FileContent.h>
+#include <Host/ToolApplication.h>
 
 #include <support/BoundLibrary.h>
 #include <support/Named.h>
+#include <support/OtherProgram.h>
 #include <support/Process.h>
 
+#include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <system_error>
 
 #include <sys/stat.h>
@@ -16,6 +19,7 @@ namespace {
 using Host::Application;
 using Host::ProductFile;
 using Host::ProductFileError;
+using Host::ToolApplication;
 
 char const complete[] = R"({
   "vendorName": "Maker",
@@ -207,7 +211,7 @@ protected:
 
 TEST_F(Applications, StoresLieWithTheProductAndWithTheVendor)
 {
-    Application const application(m_productFile);
+    ToolApplication const application(m_productFile);
     EXPECT_EQ(application.productStorage()->file(), m_data / "Maker/Pr\xC3\xB6"
                                                              "duct/product-settings.sqlite");
     EXPECT_EQ(application.commonStorage()->file(), m_data / "Maker/common-settings.sqlite");
@@ -217,7 +221,7 @@ TEST_F(Applications, StoresLieWithTheProductAndWithTheVendor)
 
 TEST_F(Applications, StoresLieInOneFolderWhereOneIsNamed)
 {
-    Application const application(m_productFile, m_home.path() / "elsewhere");
+    ToolApplication const application(m_productFile, {m_home.path() / "elsewhere"});
     EXPECT_EQ(application.productStorage()->file(), m_home.path() / "elsewhere/product-settings.sqlite");
     EXPECT_EQ(application.commonStorage()->file(), m_home.path() / "elsewhere/common-settings.sqlite");
     EXPECT_FALSE(std::filesystem::exists(m_data)) << "nothing is made where the stores would else lie";
@@ -227,7 +231,7 @@ TEST_F(Applications, FolderOfTheStoresIsMeantFromTheCurrentFolder)
 {
     std::filesystem::path const earlier = std::filesystem::current_path();
     std::filesystem::current_path(m_home.path());
-    Application const application(m_productFile, "elsewhere", Host::StorePolicy::leaveOutMissing);
+    ToolApplication const application(m_productFile, {"elsewhere", Host::StorePolicy::leaveOutMissing});
     std::filesystem::current_path(earlier);
     EXPECT_EQ(application.commonStorageFile(), m_home.path() / "elsewhere/common-settings.sqlite");
     EXPECT_EQ(application.productStorageFile(), m_home.path() / "elsewhere/product-settings.sqlite");
@@ -239,13 +243,13 @@ TEST_F(Applications, CurrentFolderThatIsGoneIsAnErrorOfTheStore)
     std::filesystem::create_directory(m_home.path() / "gone");
     std::filesystem::current_path(m_home.path() / "gone");
     std::filesystem::remove(m_home.path() / "gone");
-    EXPECT_THROW(Application(m_productFile, "elsewhere"), Storage::StorageError);
+    EXPECT_THROW(ToolApplication(m_productFile, {"elsewhere"}), Storage::StorageError);
     std::filesystem::current_path(earlier);
 }
 
 TEST_F(Applications, MissingStoresAreLeftOutWhereAskedFor)
 {
-    Application const application(m_productFile, m_home.path() / "elsewhere", Host::StorePolicy::leaveOutMissing);
+    ToolApplication const application(m_productFile, {m_home.path() / "elsewhere", Host::StorePolicy::leaveOutMissing});
     EXPECT_FALSE(application.commonStorage());
     EXPECT_FALSE(application.productStorage());
     EXPECT_EQ(application.commonStorageFile(), m_home.path() / "elsewhere/common-settings.sqlite");
@@ -264,11 +268,11 @@ TEST_F(Applications, MissingStoresAreLeftOutWhereAskedFor)
 TEST_F(Applications, StoreThatIsThereIsOpenedAlsoWhereTheOtherIsMissing)
 {
     {
-        Application const application(m_productFile);
+        ToolApplication const application(m_productFile);
         Settings::setNPSSendCount(5);
     }
     std::filesystem::remove(m_data / "Maker/common-settings.sqlite");
-    Application const application(m_productFile, std::nullopt, Host::StorePolicy::leaveOutMissing);
+    ToolApplication const application(m_productFile, {std::nullopt, Host::StorePolicy::leaveOutMissing});
     EXPECT_FALSE(application.commonStorage());
     EXPECT_EQ(Settings::npsSendCount(), 5);
 }
@@ -277,13 +281,13 @@ TEST_F(Applications, DanglingLinkIsNoMissingStore)
 {
     std::filesystem::create_directory(m_home.path() / "elsewhere");
     std::filesystem::create_symlink("nowhere", m_home.path() / "elsewhere/product-settings.sqlite");
-    EXPECT_THROW(Application(m_productFile, m_home.path() / "elsewhere", Host::StorePolicy::leaveOutMissing), Storage::StorageError);
+    EXPECT_THROW(ToolApplication(m_productFile, {m_home.path() / "elsewhere", Host::StorePolicy::leaveOutMissing}), Storage::StorageError);
 }
 
 TEST_F(Applications, UnusableStoreIsLeftOutWithItsReasonWhereAskedFor)
 {
     std::filesystem::path const damaged = m_home.write("elsewhere/product-settings.sqlite", "not a store");
-    Application const application(m_productFile, m_home.path() / "elsewhere", Host::StorePolicy::leaveOutUnusable);
+    ToolApplication const application(m_productFile, {m_home.path() / "elsewhere", Host::StorePolicy::leaveOutUnusable});
     EXPECT_FALSE(application.productStorage());
     ASSERT_TRUE(application.productStorageError());
     EXPECT_EQ(application.productStorageError()->code(), Storage::StorageError::Code::damaged);
@@ -299,7 +303,7 @@ TEST_F(Applications, UnusableStoreIsLeftOutWithItsReasonWhereAskedFor)
 
 TEST_F(Applications, LibraryIsBoundToFileAndStores)
 {
-    Application const application(m_productFile);
+    ToolApplication const application(m_productFile);
     EXPECT_EQ(nonLocalizedProductName(), QString::fromUtf16(u"Pr\u00F6duct"));
     EXPECT_EQ(s_instance.resourcesRoot.utf8string(), (m_home.path() / "share/resources").string());
     Settings::setKeepVideoAspect(false);
@@ -313,26 +317,125 @@ TEST_F(Applications, LibraryIsBoundToFileAndStores)
 TEST_F(Applications, PreferencesSurviveTheApplication)
 {
     {
-        Application const application(m_productFile);
+        ToolApplication const application(m_productFile);
         Settings::setExportPath(QStringLiteral("/films"));
     }
-    Application const application(m_productFile);
+    ToolApplication const application(m_productFile);
     EXPECT_EQ(Settings::exportPath(), QStringLiteral("/films"));
 }
 
 TEST_F(Applications, CallAfterTheApplicationEndsTheProcess)
 {
     {
-        Application const application(m_productFile);
+        ToolApplication const application(m_productFile);
     }
     EXPECT_EXIT(Settings::exportPath(), testing::KilledBySignal(SIGABRT), "productInfo is not bound or has been destroyed");
     EXPECT_EXIT(Settings::autoUpdate(), testing::KilledBySignal(SIGABRT), "commonStorage is not bound or has been destroyed");
 }
 
+TEST_F(Applications, HostBringsItsOwnProductInformation)
+{
+    Application const application(std::make_shared<TestKit::FixedProductInfo>(), "/opt/resources");
+    EXPECT_EQ(application.productStorageFile(), m_data / "Vendor/Product/product-settings.sqlite");
+    EXPECT_EQ(s_instance.resourcesRoot.utf8string(), "/opt/resources");
+    Settings::setKeepVideoAspect(false);
+    EXPECT_FALSE(application.productStorage()->getBool("keepVideoAspect", true));
+}
+
+TEST_F(Applications, ProductInformationLivesAsLongAsTheApplication)
+{
+    auto product = std::make_shared<TestKit::FixedProductInfo>();
+    std::weak_ptr<IProductInfo> const watched = product;
+    {
+        Application const application(std::move(product), {});
+        EXPECT_EQ(nonLocalizedProductName(), QStringLiteral("Product"));
+    }
+    EXPECT_TRUE(watched.expired());
+}
+
+TEST_F(Applications, StoresAreOpenedWithTheOptionsOfTheHost)
+{
+    Host::ToolApplication::Options options;
+    options.store.busyTimeout = std::chrono::milliseconds(1);
+    ToolApplication const application(m_productFile, options);
+    EXPECT_EQ(application.storeOptions().busyTimeout, std::chrono::milliseconds(1));
+    OtherProgram other(application.productStorageFile());
+    other.execute("BEGIN IMMEDIATE");
+    auto const start = std::chrono::steady_clock::now();
+    EXPECT_THROW(Settings::setNPSSendCount(1), Storage::StorageError);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4)) << "by default it waits for five";
+}
+
+class Homes : public Applications {
+protected:
+    Homes() { ::unsetenv("XDG_DATA_HOME"); }
+
+    // What a host shows where it starts with `home`, or "" where it starts.
+    static std::string shownWith(char const* home, Host::StorePolicy policy = Host::StorePolicy::create)
+    {
+        home ? ::setenv("HOME", home, 1) : ::unsetenv("HOME");
+        try {
+            Application const application(std::make_shared<TestKit::FixedProductInfo>(), {}, {{}, policy, {}});
+            return {};
+        } catch (Storage::StorageError const& error) {
+            return error.what();
+        }
+    }
+
+    std::string const m_file = m_home.write("file", "").string();
+    std::string const m_nowhere = (m_home.path() / "nowhere").string();
+};
+
+TEST_F(Homes, AreRefusedWhereNobodyWouldFindTheStoresAgain)
+{
+    EXPECT_EQ(shownWith(nullptr),
+              "//.local/share/Vendor/Product: cannot keep the stores: HOME is not set, so / is taken for the home folder; set HOME to your "
+              "folder");
+    EXPECT_EQ(shownWith(""), shownWith(nullptr));
+    EXPECT_EQ(shownWith("home/u"), "home/u/.local/share/Vendor/Product: cannot keep the stores: HOME is 'home/u', which depends on the "
+                                   "folder that a program is started in; set HOME to your folder");
+    EXPECT_EQ(shownWith(m_file.c_str()), m_file + "/.local/share/Vendor/Product: cannot keep the stores: HOME is '" + m_file +
+                                             "', which is not a folder; set HOME to your folder");
+    EXPECT_EQ(shownWith(m_nowhere.c_str()), m_nowhere + "/.local/share/Vendor/Product: cannot keep the stores: HOME is '" + m_nowhere +
+                                                "', which is not there; set HOME to your folder");
+    EXPECT_FALSE(std::filesystem::exists(m_nowhere));
+}
+
+TEST_F(Homes, AreNotNeededWhereTheStoresLieElsewhere)
+{
+    ::unsetenv("HOME");
+    EXPECT_NO_THROW(Application(std::make_shared<TestKit::FixedProductInfo>(), {}, {m_home.path() / "elsewhere"}));
+    ::setenv("XDG_DATA_HOME", (m_home.path() / "data").c_str(), 1);
+    EXPECT_EQ(shownWith(nullptr), "");
+    EXPECT_TRUE(std::filesystem::exists(m_home.path() / "data/Vendor/Product/product-settings.sqlite"));
+}
+
+TEST_F(Homes, AreNotNeededByAProgramThatOnlyReads)
+{
+    EXPECT_EQ(shownWith(m_nowhere.c_str(), Host::StorePolicy::leaveOutMissing), "");
+    EXPECT_FALSE(std::filesystem::exists(m_nowhere));
+}
+
+TEST_F(Applications, NewerStoreIsReadAndItsErrorComesWithAChange)
+{
+    {
+        ToolApplication const application(m_productFile);
+        Settings::setNPSSendCount(5);
+    }
+    OtherProgram((m_data / "Maker/Pr\xC3\xB6"
+                           "duct/product-settings.sqlite"))
+        .execute("PRAGMA user_version = 2");
+    ToolApplication const application(m_productFile);
+    EXPECT_EQ(Settings::npsSendCount(), 5);
+    ASSERT_TRUE(application.productStorage()->readOnlyError());
+    EXPECT_EQ(application.productStorage()->readOnlyError()->code(), Storage::StorageError::Code::newer);
+    EXPECT_THROW(Settings::setNPSSendCount(6), Storage::StorageError);
+}
+
 TEST_F(Applications, DamagedStoreIsAnErrorAndStaysAsItIs)
 {
     std::filesystem::path const file = m_home.write("elsewhere/product-settings.sqlite", "not a store");
-    EXPECT_THROW(Application(m_productFile, m_home.path() / "elsewhere"), Storage::StorageError);
+    EXPECT_THROW(ToolApplication(m_productFile, {m_home.path() / "elsewhere"}), Storage::StorageError);
     EXPECT_EQ(std::filesystem::file_size(file), 11u);
 }
 

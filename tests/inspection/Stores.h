@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <Host/Application.h>
+#include <Host/ToolApplication.h>
 #include <Inspection/ExportDocument.h>
 #include <TestKit/TemporaryHome.h>
 
@@ -26,9 +26,9 @@ protected:
     std::filesystem::path commonFile() const { return m_home.path() / "stores/common-settings.sqlite"; }
 
     /// Bound to the stores in `folder` below the home folder.
-    Host::Application bound(char const* folder = "stores") const
+    Host::ToolApplication bound(char const* folder = "stores") const
     {
-        return Host::Application(m_productFile, m_home.path() / folder, Host::StorePolicy::leaveOutMissing);
+        return Host::ToolApplication(m_productFile, {m_home.path() / folder, Host::StorePolicy::leaveOutMissing});
     }
 
     TestKit::TemporaryHome m_home;

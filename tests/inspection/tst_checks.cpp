@@ -7,6 +7,7 @@
 
 #include <Inspection/Locations.h>
 
+#include <Host/ToolApplication.h>
 #include <Settings/Settings.h>
 #include <TestKit/TemporaryHome.h>
 
@@ -45,9 +46,9 @@ protected:
     std::string product() const { return inHome("stores/product-settings.sqlite"); }
     std::string common() const { return inHome("stores/common-settings.sqlite"); }
 
-    Host::Application application(std::string const& stores = "stores") const
+    Host::ToolApplication application(std::string const& stores = "stores") const
     {
-        return Host::Application(m_productFile, inHome(stores), Host::StorePolicy::leaveOutUnusable);
+        return Host::ToolApplication(m_productFile, {inHome(stores), Host::StorePolicy::leaveOutUnusable});
     }
 
     // "severity|check|store|key|path|what|remedy" for each finding, with "~" for the home folder.
@@ -68,7 +69,7 @@ protected:
     // The findings about a store, as if it were on a local disk.
     Lines found(Store store, std::string const& stores = "stores") const
     {
-        Host::Application const bound = application(stores);
+        Host::ToolApplication const bound = application(stores);
         ExaminedStore examined = examine(bound, store);
         examined.fileSystem = {"ext4", "/", false, Storage::Locality::local};
         Findings findings = checkStoreFile(examined);
@@ -151,7 +152,7 @@ TEST_F(Checks, DamageThatOnlyAWholeReadShowsMakesAStoreUnusable)
 
 TEST_F(Checks, StoreThatIsDamagedAfterItWasOpenedIsUnusable)
 {
-    Host::Application const bound = application();
+    Host::ToolApplication const bound = application();
     fs::resize_file(product(), 4096);
     std::fstream(product(), std::ios::binary | std::ios::in | std::ios::out) << std::string(4096, 'x');
     ExaminedStore examined = examine(bound, Store::product);
@@ -265,7 +266,7 @@ TEST_F(Checks, JournalWithoutItsStoreIsFound)
 
 TEST_F(Checks, FileSystemIsTheOneOfTheNearestExistingFolder)
 {
-    Host::Application const bound(m_productFile, "/proc/none/below", Host::StorePolicy::leaveOutUnusable);
+    Host::ToolApplication const bound(m_productFile, {"/proc/none/below", Host::StorePolicy::leaveOutUnusable});
     ExaminedStore const examined = examine(bound, Store::product);
     EXPECT_EQ(examined.fileSystem.type, "proc");
     EXPECT_EQ(examined.fileSystem.mountPoint, "/proc");
@@ -344,7 +345,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(Checks, ValuesThatTheLibraryStoresAreSound)
 {
     {
-        Host::Application const bound = application();
+        Host::ToolApplication const bound = application();
         Settings::setIndicationObject(QStringLiteral("x"), QByteArray("\0\xFF", 2));
         Settings::setUserCustomColors({QStringLiteral("a"), QStringLiteral("b")});
         Settings::setAchievedTutorials({});
@@ -495,7 +496,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(Checks, MissingFoldersAreNotedTogether)
 {
-    Host::Application const bound = application();
+    Host::ToolApplication const bound = application();
     EXPECT_EQ(linesOf(checkFolders()),
               (Lines{"note|folders-missing||||not there yet: audioRecordPath, bundleShadowCachePath, deployedPackagesStatisticsPath, "
                      "downloadableResourcesPath, downloaderCachePath, exportPath, fastTrackConfigurationPath, fastTrackContentPath, "
@@ -507,7 +508,7 @@ TEST_F(Checks, MissingFoldersAreNotedTogether)
 
 TEST_F(Checks, ExistingFoldersHaveNoFindings)
 {
-    Host::Application const bound = application();
+    Host::ToolApplication const bound = application();
     for (WrittenFolder const& folder : foldersToWrite())
         fs::create_directories(folder.path.toStdString());
     EXPECT_EQ(linesOf(checkFolders()), Lines());
@@ -525,7 +526,7 @@ TEST_F(Checks, FileInThePlaceOfAFolderIsFound)
 {
     m_home.write("file", "");
     SqliteStorage(product()).setString("snapshotPath", inHome("file"));
-    Host::Application const bound = application();
+    Host::ToolApplication const bound = application();
     EXPECT_EQ(withoutNote(linesOf(checkFolders())),
               (Lines{"error|folder|||~/file|snapshotPath: the editor cannot write there: not a folder|make the folder writable, or set "
                      "the preference to another; 'editor-settings paths --explain' shows what decides it"}));
@@ -541,7 +542,7 @@ TEST_F(Checks, FoldersThatMayNotBeWrittenOrReadAreFound)
     ::chmod(inHome("locked").c_str(), 0500);
     ::chmod(inHome("unread").c_str(), 0300);
     std::string const lines = foundByOrdinaryUser([&] {
-        Host::Application const bound = application();
+        Host::ToolApplication const bound = application();
         return withoutNote(linesOf(checkFolders()));
     });
     ::chmod(inHome("locked").c_str(), 0700);

@@ -33,7 +33,7 @@ protected:
     // Imports the entries into the stores in `folder`.
     Inspection::Imported importInto(char const* folder, std::string const& content) const
     {
-        Host::Application const application = bound(folder);
+        Host::ToolApplication const application = bound(folder);
         return imported(application, compared(application, {}, readDocument(content)).differences);
     }
 };
@@ -48,7 +48,7 @@ TEST_F(DocumentTransfer, RedactionKeepsValuesByTheirClass)
                         {"Indication/x", Bytes{1}},
                         {"unknown", std::string("secret")}});
     put(commonFile(), {{"autoUpdate", false}});
-    Host::Application const application = bound();
+    Host::ToolApplication const application = bound();
     Inspection::Export const result = exported(application, {{}, true});
     Values kept;
     std::vector<std::string> redacted;
@@ -72,7 +72,7 @@ TEST_F(DocumentTransfer, RedactionKeepsValuesByTheirClass)
 TEST_F(DocumentTransfer, LocalValueOfAnotherKindIsRedacted)
 {
     put(commonFile(), {{"autoUpdate", std::string("/home/jane")}});
-    Host::Application const application = bound();
+    Host::ToolApplication const application = bound();
     Inspection::Export const result = exported(application, {{}, true});
     ASSERT_EQ(result.document.entries.size(), 1u);
     EXPECT_TRUE(result.document.entries[0].isRedacted());
@@ -82,7 +82,7 @@ TEST_F(DocumentTransfer, RowsThatNoDocumentHoldsAreListed)
 {
     put(productFile(), {{"npsSendCount", 1}, {"lastTarget", std::string("x")}, {std::string("a\0b", 3), 1}});
     OtherProgram(productFile()).execute("UPDATE settings SET kind = 'later' WHERE key = 'lastTarget'");
-    Host::Application const application = bound();
+    Host::ToolApplication const application = bound();
     Inspection::Export const result = exported(application, {});
     ASSERT_EQ(result.document.entries.size(), 1u);
     EXPECT_EQ(result.document.entries[0].key, "npsSendCount");
@@ -138,7 +138,7 @@ TEST_F(DocumentTransfer, EveryPreferenceSurvivesTheRoundTrip)
 TEST_F(DocumentTransfer, ClassOfTheCatalogueSelectsAndNotThatOfTheDocument)
 {
     put(productFile(), {{"keepVideoAspect", false}, {"npsSendCount", 1}, {"unknown", 1}});
-    Host::Application const application = bound();
+    Host::ToolApplication const application = bound();
     Document const wanted = readDocument(document(R"("exportPath": {"kind": "string", "class": "roaming", "value": "/x"},
                                                      "lastTarget": {"kind": "string", "class": "later", "value": "y"})"));
     EXPECT_EQ(differences(compared(application, {{"roaming"}, false}, wanted)),

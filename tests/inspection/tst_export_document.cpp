@@ -150,7 +150,7 @@ TEST_F(KnownKeysOfADocument, UnknownOnesAreAcceptedOnRequest)
 {
     Document const unknown =
         readDocument(document(R"("unknown": {"kind": "int", "value": 2}, "stabilizedFileFormat": {"kind": "bool", "value": true})"));
-    Host::Application const application = bound();
+    Host::ToolApplication const application = bound();
     EXPECT_NO_THROW(checkKeys(unknown, true));
     EXPECT_THROW(checkKeys(unknown, false), DocumentError);
     EXPECT_THROW(checkKeys(readDocument(document(R"("exprtPath": {"kind": "int", "value": 2})")), false), Inspection::UnknownKeyError);
@@ -160,7 +160,7 @@ class MalformedDocument : public Stores, public testing::WithParamInterface<Malf
 
 TEST_P(MalformedDocument, IsRefusedWithThePlace)
 {
-    Host::Application const application = bound();
+    Host::ToolApplication const application = bound();
     try {
         checkKeys(readDocument(GetParam().content), false);
         ADD_FAILURE() << "it was accepted";

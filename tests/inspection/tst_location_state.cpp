@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <Inspection/Locations.h>
 
-#include <Host/Application.h>
+#include <Host/ToolApplication.h>
 #include <TestKit/TemporaryHome.h>
 
 #include <gtest/gtest.h>
@@ -32,9 +32,9 @@ protected:
     static PathStatus status(LocationState const& state) { return state.status(); }
 
     TestKit::TemporaryHome m_home;
-    Host::Application m_application{m_home.write("product.json",
-                                                 R"({"vendorName": "V", "productName": "P", "sharedDataFolderName": "S", "productKind": 0,)"
-                                                 R"( "projectFileExtensions": ["ext1", "ext2"], "resourcesRoot": "R"})")};
+    Host::ToolApplication m_application{
+        m_home.write("product.json", R"({"vendorName": "V", "productName": "P", "sharedDataFolderName": "S", "productKind": 0,)"
+                                     R"( "projectFileExtensions": ["ext1", "ext2"], "resourcesRoot": "R"})")};
 };
 
 TEST_F(Locations, AreAllListedSorted)

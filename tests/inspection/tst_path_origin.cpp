@@ -41,7 +41,7 @@ protected:
 
     std::vector<Decision> decisionsAbout(char const* name, char const* argument = "") const
     {
-        Host::Application const application(m_productFile);
+        Host::ToolApplication const application(m_productFile);
         Catalogue::Location const* const location = Catalogue::findLocation(name);
         return decisions(application, location ? Inspection::locationState(*location, argument)
                                                : Inspection::locationState(*Catalogue::findPreference(name)));

@@ -4,6 +4,8 @@
 #include <Inspection/PreferenceState.h>
 #include <Inspection/RowDifference.h>
 
+#include <Host/ToolApplication.h>
+
 #include <support/BoundLibrary.h>
 #include <support/Named.h>
 #include <support/OtherProgram.h>
@@ -28,7 +30,7 @@ protected:
     }
     std::filesystem::path folder() const { return m_home.path() / "stores"; }
 
-    Host::Application const m_application{productFile(), folder()};
+    Host::ToolApplication const m_application{productFile(), {folder()}};
     SqliteStorage& m_productRows = *m_application.productStorage();
     SqliteStorage& m_commonRows = *m_application.commonStorage();
 };
@@ -133,7 +135,7 @@ TEST_F(Preferences, FamilyWithoutSetterIsNotWritten)
 
 TEST_F(Preferences, ValueOfAnotherProductLivesInMemory)
 {
-    Host::Application const application(productFile(1), folder());
+    Host::ToolApplication const application(productFile(1), {folder()});
     PreferenceState const found = Inspection::preferenceState(application, "targetHistory").value();
     EXPECT_EQ(found.storeName(), "memory");
     EXPECT_EQ(found.store, Store::product);
@@ -161,7 +163,7 @@ TEST_F(Preferences, AllAreSortedWithTheStoredMembers)
 
 TEST_F(Preferences, AllAreUnsetWithoutStores)
 {
-    Host::Application const application(productFile(), m_home.path() / "none", Host::StorePolicy::leaveOutMissing);
+    Host::ToolApplication const application(productFile(), {m_home.path() / "none", Host::StorePolicy::leaveOutMissing});
     std::vector<PreferenceState> const all = Inspection::preferenceStates(application);
     EXPECT_EQ(all.size(), Catalogue::preferences().size());
     EXPECT_TRUE(std::all_of(all.begin(), all.end(), [](PreferenceState const& each) { return each.state() == State::unset; }));

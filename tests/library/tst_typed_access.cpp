@@ -5,9 +5,15 @@
 #include <support/BoundLibrary.h>
 #include <support/Named.h>
 
+#include <QStringBuilder>
+
 #include <functional>
 #include <limits>
 #include <type_traits>
+#include <utility>
+#include <vector>
+
+#include <unistd.h>
 
 using Rational = boost::rational<long long>;
 
@@ -24,6 +30,35 @@ static_assert(hasOverloads<int>(&read, &write));
 static_assert(hasOverloads<QByteArray>(&read, &write));
 static_assert(hasOverloads<Rational>(&read, &write));
 static_assert(hasOverloads<QStringList, QStringList>(&read, &write));
+
+// What a call with a value of type `Value` returns; `Refused` where there is no such call, for reading or for writing.
+struct Refused {};
+template <typename Value, typename = void>
+struct CallWith {
+    using Result = Refused;
+};
+template <typename Value>
+struct CallWith<Value, std::void_t<decltype(read(std::string(), std::declval<Value>(), false)),
+                                   decltype(write(std::string(), std::declval<Value>(), false))>> {
+    using Result = decltype(read(std::string(), std::declval<Value>(), false));
+};
+template <typename Value, typename Result>
+constexpr bool picks = std::is_same_v<typename CallWith<Value>::Result, Result>;
+
+static_assert(picks<std::string&, std::string> && picks<std::string const, std::string>);
+static_assert(picks<QString&, QString> && picks<QLatin1String, QString> && picks<QStringBuilder<QString, QLatin1Char>, QString>);
+static_assert(picks<bool, bool> && picks<std::vector<bool>::reference, bool> && picks<std::true_type, bool>);
+static_assert(picks<int&, int> && picks<short, int> && picks<char, int> && picks<unsigned char, int> && picks<Qt::Axis, int>);
+static_assert(picks<QByteArray, QByteArray> && picks<Rational, Rational>);
+static_assert(picks<QStringList, QStringList> && picks<QList<QString>, QStringList>);
+// Nothing says whether these are a bool or an int.
+static_assert(picks<long, Refused> && picks<unsigned, Refused> && picks<double, Refused>);
+// The system's calls of the same names, also with a number that could be a null pointer, and so a key.
+static_assert(std::is_same_v<decltype(::read(0, std::declval<char*>(), std::size_t())), ssize_t>);
+static_assert(std::is_same_v<decltype(::write(0, "text", std::size_t())), ssize_t>);
+// A literal would convert to a bool, which nobody means who writes a text. A pointer does.
+static_assert(picks<char const (&)[5], Refused> && picks<char (&)[5], Refused>);
+static_assert(picks<char const*, bool> && picks<char*, bool>);
 
 namespace {
 
@@ -425,9 +460,9 @@ TEST_F(TypedAccess, FailingFirstHalfAsksForNoSecond)
 
 // --- Traps for callers ---
 
-TEST_F(TypedAccess, PointerToTextPicksTheBoolOverloadAsALiteralDoes)
+TEST_F(TypedAccess, PointerToTextPicksTheBoolOverload)
 {
-    char const* const text = "text"; // not the literal itself, of which some compilers warn
+    char const* const text = "text";
     write(key, text, product);
     EXPECT_EQ(calls(), (Calls{"product.setBool(\"key\", true)"}));
 }

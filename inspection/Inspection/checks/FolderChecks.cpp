@@ -1,37 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include <Inspection/checks/FolderChecks.h>
 
+#include <Host/Home.h>
 #include <Inspection/Locations.h>
 
 #include <absl/strings/str_cat.h>
 #include <absl/strings/str_join.h>
 
-#include <QDir>
-#include <QFileInfo>
-
 namespace Inspection {
-
-namespace {
-
-// Empty for a home folder that exists.
-std::string troubleWithHome()
-{
-    std::string const home = qgetenv("HOME").toStdString();
-    if (home.empty())
-        return "HOME is not set, so / is taken for the home folder";
-    if (home[0] != '/')
-        return absl::StrCat("HOME is '", home, "', which depends on the folder that a program is started in");
-    QFileInfo const folder(QDir::homePath());
-    if (folder.isDir())
-        return {};
-    return absl::StrCat("HOME is '", home, folder.exists() ? "', which is not a folder" : "', which is not there");
-}
-
-} // namespace
 
 Findings checkHome()
 {
-    std::string const trouble = troubleWithHome();
+    std::string const trouble = Host::troubleWithHome();
     if (trouble.empty())
         return {};
     return {{Severity::warning, Check::home, trouble, "set HOME to the folder of the user whom the editor runs for"}};

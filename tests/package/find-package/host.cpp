@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <Host/Application.h>
 #include <Notifier/Notifier.h>
 #include <Settings/Settings.h>
 #include <Settings/Version.h>
-#include <Storage/SqliteStorage.h>
 
 #include <QCoreApplication>
 #include <QTranslator>
@@ -32,11 +32,8 @@ void follow(Storage::SqliteStorage& store)
 
 int main(int argc, char** argv)
 {
-    QCoreApplication const application(argc, argv);
-    auto const product = std::make_shared<Product>();
-    auto const common = std::make_shared<Storage::SqliteStorage>("common.sqlite");
-    auto const own = std::make_shared<Storage::SqliteStorage>("product.sqlite");
-    Settings::init({product, common, own, Lumora::ioPath("resources")});
+    QCoreApplication const qt(argc, argv);
+    Host::Application const application(std::make_shared<Product>(), "resources");
 
     std::puts(EDITOR_SETTINGS_VERSION_STRING);
     std::puts(Settings::exportPath().toUtf8().constData());
@@ -44,5 +41,5 @@ int main(int argc, char** argv)
     if (french.load(QStringLiteral("editor-settings_fr"), QStringLiteral(TRANSLATIONS)))
         QCoreApplication::installTranslator(&french);
     std::puts(Settings::projectNameDefault().toUtf8().constData());
-    follow(*own);
+    follow(*application.productStorage());
 }

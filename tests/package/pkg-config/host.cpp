@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <Host/Application.h>
 #include <Settings/Settings.h>
-#include <Storage/SqliteStorage.h>
 
 #include <cstdio>
 
@@ -14,10 +14,8 @@ struct Product : IProductInfo {
 
 int main()
 {
-    auto const product = std::make_shared<Product>();
-    auto const store = std::make_shared<Storage::SqliteStorage>("store.sqlite");
-    Settings::init({product, store, store, Lumora::ioPath("resources")});
+    Host::Application const application(std::make_shared<Product>(), "resources");
     Settings::setLastTarget(QStringLiteral("pkg-config"));
-    std::puts(store->getString("lastTarget", "").c_str());
+    std::puts(application.productStorage()->getString("lastTarget", "").c_str());
     std::puts(Settings::defaultProjectPath().toUtf8().constData());
 }

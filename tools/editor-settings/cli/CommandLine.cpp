@@ -215,7 +215,7 @@ private:
         checkHome(use, m_global.home.empty() && isEmpty("XDG_DATA_HOME"));
         std::optional<ProgressLine> opening(1);
         opening->next("opening the stores");
-        Host::Application const application(invocation.productFile, invocation.storeFolder, policyFor(use), invocation.options);
+        Host::ToolApplication const application(invocation.productFile, {invocation.storeFolder, policyFor(use), invocation.options});
         opening.reset();
         hasOpened = true;
         if (!changesStores(use))

@@ -129,9 +129,9 @@ std::vector<Candidate> storedKeys(Position const& position)
 try {
     std::string const product = position.value("--product");
     std::string const home = position.value("--home");
-    Host::Application const application(product.empty() ? Host::installedProductFile() : std::filesystem::path(product),
-                                        home.empty() ? std::nullopt : std::optional<std::filesystem::path>(home),
-                                        Host::StorePolicy::leaveOutUnusable);
+    Host::ToolApplication const application(
+        product.empty() ? Host::installedProductFile() : std::filesystem::path(product),
+        {home.empty() ? std::nullopt : std::optional<std::filesystem::path>(home), Host::StorePolicy::leaveOutUnusable});
     std::vector<Candidate> result;
     for (Storage::SqliteStorage const* const store : {application.productStorage(), application.commonStorage()})
         for (Storage::SqliteStorage::Row const& row : store ? store->rows() : std::vector<Storage::SqliteStorage::Row>())

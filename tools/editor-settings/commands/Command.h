@@ -5,7 +5,7 @@
 
 #include "terminal/Table.h"
 
-#include <Host/Application.h>
+#include <Host/ToolApplication.h>
 
 #include <filesystem>
 #include <functional>
@@ -118,7 +118,7 @@ struct Invocation {
     std::filesystem::path productFile;
     std::optional<std::filesystem::path> storeFolder;
     Storage::SqliteStorage::Options options;
-    Host::Application const* application = nullptr; ///< Null where the verb opens no store.
+    Host::ToolApplication const* application = nullptr; ///< Null where the verb opens no store.
 };
 
 struct Command {

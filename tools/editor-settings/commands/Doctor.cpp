@@ -53,8 +53,8 @@ Report reportOn(Invocation const& invocation)
     ProgressLine progress(4);
     progress.next("opening the stores");
     try {
-        Host::Application const application(invocation.productFile, invocation.storeFolder, Host::StorePolicy::leaveOutUnusable,
-                                            invocation.options);
+        Host::ToolApplication const application(invocation.productFile,
+                                                {invocation.storeFolder, Host::StorePolicy::leaveOutUnusable, invocation.options});
         report.add(checkHome());
         examineStores(application, report, progress);
         progress.next("looking at the folders that the editor writes to");

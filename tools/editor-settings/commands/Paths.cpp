@@ -124,7 +124,7 @@ ordered_json asJson(Decision const& decision)
             {"text", onOneLine(text(decision))}};
 }
 
-Answer explain(Host::Application const& application, std::vector<LocationState> const& locations)
+Answer explain(Host::ToolApplication const& application, std::vector<LocationState> const& locations)
 {
     Answer answer;
     for (LocationState const& location : locations) {
@@ -174,7 +174,7 @@ Answer check(std::vector<LocationState> const& locations, std::vector<std::strin
 
 // Prints the locations. Throws `UserError` for an unknown one, and after a check where the editor cannot use one that it
 // writes to.
-void showPaths(Host::Application const& application, PathsOptions const& options, Format format)
+void showPaths(Host::ToolApplication const& application, PathsOptions const& options, Format format)
 {
     std::vector<LocationState> const locations = askedLocations(options);
     bool const isOne = !options.name.empty() && !isPattern(options.name);

@@ -60,7 +60,7 @@ void printUncarried(std::vector<Inspection::Uncarried> const& rows, char const* 
 
 // --- export ---
 
-void exportSettings(Host::Application const& application, TransferOptions const& options)
+void exportSettings(Host::ToolApplication const& application, TransferOptions const& options)
 {
     std::optional<ProgressLine> progress(3);
     Inspection::Export const result = Inspection::exported(application, selection(options), steps(*progress, "reading"));
