@@ -10,14 +10,14 @@
 #
 # Tests that this has been done, and that every text is translated.
 #
-# A host loads the .qm files from share/editor-settings/translations, here and in an installation:
+# A host loads the .qm files from share/editor-settings/<major version>/translations, here and in an installation:
 #
 #   translator.load(QLocale(), "editor-settings", "_", folder) && QCoreApplication::installTranslator(&translator)
 #
 # The folder of an installation is EditorSettings_TRANSLATIONS_DIR after find_package, and translationsdir for pkg-config.
 include_guard(GLOBAL)
 
-set(EDITOR_SETTINGS_TRANSLATIONS_FOLDER ${CMAKE_INSTALL_DATADIR}/editor-settings/translations)
+set(EDITOR_SETTINGS_TRANSLATIONS_FOLDER ${CMAKE_INSTALL_DATADIR}/editor-settings/${PROJECT_VERSION_MAJOR}/translations)
 if(EDITOR_SETTINGS_TRANSLATIONS)
     find_package(Qt${QT_MAJOR_VERSION}LinguistTools ${EDITOR_SETTINGS_QT_MINIMUM} QUIET)
     if(NOT Qt${QT_MAJOR_VERSION}LinguistTools_FOUND)

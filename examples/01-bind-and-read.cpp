@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Bind the library once, then ask it: the smallest host there is.
+// Start once, then ask: the smallest host. Its stores lie where the command line finds them.
+#include <Host/Application.h>
 #include <Settings/Settings.h>
-#include <Storage/SqliteStorage.h>
 
 #include <cstdio>
 
@@ -15,12 +15,12 @@ struct Product : IProductInfo {
 };
 
 int main()
-{
-    auto const product = std::make_shared<Product>();
-    auto const common = std::make_shared<Storage::SqliteStorage>("common.sqlite");
-    auto const own = std::make_shared<Storage::SqliteStorage>("product.sqlite");
-    Settings::init({product, common, own, Lumora::ioPath("resources")});
+try {
+    Host::Application const application(std::make_shared<Product>(), "resources");
 
     Settings::setKeepVideoAspect(false);
     std::puts(Settings::exportPath().toUtf8().constData());
+} catch (Storage::StorageError const& error) {
+    std::fprintf(stderr, "%s\n", error.what()); // the file, what is wrong with it, and what to do
+    return 1;
 }

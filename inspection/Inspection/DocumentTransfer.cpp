@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <set>
 
 using Catalogue::DataClass;
 using Catalogue::Store;
@@ -83,42 +82,54 @@ Export exported(Host::ToolApplication const& application, Selection const& selec
 
 namespace {
 
-void compare(Comparison& result, Store store, std::vector<SqliteStorage::Row> rows, std::vector<Entry> const& entries)
+void addUnwanted(Comparison& result, Store store, SqliteStorage::Row& row)
 {
-    std::vector<SqliteStorage::Row> wanted;
-    std::set<std::string> redacted;
-    for (Entry const& entry : entries) {
-        if (entry.isRedacted())
-            redacted.insert(entry.key);
-        else
-            wanted.push_back({entry.key, entry.kind, entry.value, {}});
+    if (isCarried(row))
+        result.differences.push_back({store, *rowDifference(std::move(row), std::nullopt)});
+    else
+        result.uncarried.push_back(uncarried(store, row));
+}
+
+void addWanted(Comparison& result, std::optional<SqliteStorage::Row> stored, Entry entry)
+{
+    if (entry.isRedacted()) {
+        ++result.redacted;
+        return;
     }
-    auto const isRedacted = [&](SqliteStorage::Row const& row) { return redacted.count(row.key) > 0; };
-    rows.erase(std::remove_if(rows.begin(), rows.end(), isRedacted), rows.end());
-    result.redacted += redacted.size();
-    result.same += wanted.size();
-    for (RowDifference const& difference : rowDifferences(rows, wanted)) {
-        if (difference.after)
-            --result.same;
-        if (difference.after || isCarried(*difference.before))
-            result.differences.push_back({store, difference});
-        else
-            result.uncarried.push_back(uncarried(store, *difference.before));
+    SqliteStorage::Row wanted = {std::move(entry.key), std::move(entry.kind), std::move(entry.value), {}};
+    if (std::optional<RowDifference> difference = rowDifference(std::move(stored), std::move(wanted)))
+        result.differences.push_back({entry.store, *std::move(difference)});
+    else
+        ++result.same;
+}
+
+// Rows and entries are sorted alike. Takes the entries of the store, which are the first.
+void compare(Comparison& result, Store store, std::vector<SqliteStorage::Row> rows, std::deque<Entry>& entries, Selection const& selection)
+{
+    auto row = rows.begin();
+    for (; !entries.empty() && entries.front().store == store; entries.pop_front()) {
+        Entry& entry = entries.front();
+        if (!isSelected(selection, entry.key))
+            continue;
+        for (; row != rows.end() && row->key < entry.key; ++row)
+            addUnwanted(result, store, *row);
+        std::optional<SqliteStorage::Row> stored;
+        if (row != rows.end() && row->key == entry.key)
+            stored = std::move(*row++);
+        addWanted(result, std::move(stored), std::move(entry));
     }
+    for (; row != rows.end(); ++row)
+        addUnwanted(result, store, *row);
 }
 
 } // namespace
 
-Comparison compared(Host::Application const& application, Selection const& selection, Document const& document, StoreBegins const& begins)
+Comparison compared(Host::Application const& application, Selection const& selection, Document document, StoreBegins const& begins)
 {
     Comparison result;
     for (Store const store : stores) {
         announce(begins, store);
-        std::vector<Entry> entries;
-        for (Entry const& entry : document.entries)
-            if (entry.store == store && isSelected(selection, entry.key))
-                entries.push_back(entry);
-        compare(result, store, selectedRows(application, store, selection), entries);
+        compare(result, store, selectedRows(application, store, selection), document.entries, selection);
     }
     return result;
 }
@@ -130,19 +141,19 @@ namespace {
 struct Target {
     Store name;
     SqliteStorage* store; // null for a missing one
-    std::vector<SqliteStorage::Change> changes;
+    std::deque<Difference> changes;
 };
 
-std::vector<Target> targetsOf(Host::Application const& application, std::vector<Difference> const& differences)
+std::vector<Target> targetsOf(Host::Application const& application, std::deque<Difference> differences)
 {
     std::vector<Target> targets;
     for (Store const store : stores) {
         Target target = {store, storage(application, store), {}};
-        for (auto const& [where, row] : differences)
-            if (where == store && row.after)
-                target.changes.push_back({row.key, row.after->value});
+        for (; !differences.empty() && differences.front().store == store; differences.pop_front())
+            if (differences.front().row.after)
+                target.changes.push_back(std::move(differences.front()));
         if (!target.changes.empty())
-            targets.push_back(target);
+            targets.push_back(std::move(target));
     }
     return targets;
 }
@@ -159,8 +170,8 @@ std::optional<Storage::StorageError> readOnlyError(std::vector<Target> const& ta
 Outcome outcomeOf(Target const& target)
 {
     try {
-        for (SqliteStorage::Change const& change : target.changes)
-            if (std::optional<SqliteStorage::Row> const row = target.store->find(change.key); !row || row->value != change.value)
+        for (auto const& [store, change] : target.changes)
+            if (std::optional<SqliteStorage::Row> const row = target.store->find(change.key); !row || row->value != change.after->value)
                 return Outcome::unchanged;
         return Outcome::imported;
     } catch (Storage::StorageError const&) {
@@ -178,7 +189,10 @@ Imported applied(std::vector<Target> const& targets, StoreBegins const& begins)
         }
         announce(begins, target.name);
         try {
-            target.store->apply(target.changes);
+            target.store->applyEach(target.changes.size(), [&](std::size_t number) -> SqliteStorage::Change {
+                RowDifference const& row = target.changes[number].row;
+                return {row.key, row.after->value};
+            });
             result.outcomes.emplace_back(target.name, Outcome::imported);
         } catch (Storage::StorageError const& error) {
             result.error = error;
@@ -190,9 +204,9 @@ Imported applied(std::vector<Target> const& targets, StoreBegins const& begins)
 
 } // namespace
 
-Imported imported(Host::Application const& application, std::vector<Difference> const& differences, StoreBegins const& begins)
+Imported imported(Host::Application const& application, std::deque<Difference> differences, StoreBegins const& begins)
 {
-    std::vector<Target> targets = targetsOf(application, differences);
+    std::vector<Target> targets = targetsOf(application, std::move(differences));
     if (std::optional<Storage::StorageError> const error = readOnlyError(targets))
         return {error, {}};
     std::vector<std::unique_ptr<SqliteStorage>> created;

@@ -8,6 +8,7 @@
 #include <Inspection/ExportDocument.h>
 #include <Inspection/RowDifference.h>
 
+#include <deque>
 #include <functional>
 #include <optional>
 #include <string>
@@ -51,15 +52,15 @@ struct Difference {
 };
 
 struct Comparison {
-    std::vector<Difference> differences; ///< By store, sorted by key.
-    std::size_t same = 0;                ///< Entries that a store holds with the same value.
-    std::size_t redacted = 0;            ///< Entries that are not compared.
-    std::vector<Uncarried> uncarried;    ///< Rows that are not compared.
+    std::deque<Difference> differences; ///< By store, sorted by key.
+    std::size_t same = 0;               ///< Entries that a store holds with the same value.
+    std::size_t redacted = 0;           ///< Entries that are not compared.
+    std::vector<Uncarried> uncarried;   ///< Rows that are not compared.
 };
 
-/// Compares the selected values of both stores with `document`. Throws `Storage::StorageError`.
-Comparison compared(Host::Application const& application, Selection const& selection, Document const& document,
-                    StoreBegins const& begins = {});
+/// Compares the selected values of both stores with `document`, which a caller that needs it no longer moves here: its
+/// entries go while the differences come. Throws `Storage::StorageError`.
+Comparison compared(Host::Application const& application, Selection const& selection, Document document, StoreBegins const& begins = {});
 
 /// What a store holds after an import.
 enum class Outcome {
@@ -76,6 +77,6 @@ struct Imported {
 
 /// Stores the document's side of each difference that has one, in one transaction for each store; creates a missing store
 /// only if no other takes no change. Keys that the document lacks keep their values.
-Imported imported(Host::Application const& application, std::vector<Difference> const& differences, StoreBegins const& begins = {});
+Imported imported(Host::Application const& application, std::deque<Difference> differences, StoreBegins const& begins = {});
 
 } // namespace Inspection

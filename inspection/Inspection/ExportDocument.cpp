@@ -150,6 +150,8 @@ std::string written(Document const& document)
 
 namespace {
 
+char const* const standsTwice = "stands there twice";
+char const* const keepOne = "keep one of the two";
 std::string const takeAnExport = "give a file that 'editor-settings export' made";
 
 // An error at the last of the first `count` bytes.
@@ -161,116 +163,6 @@ DocumentError errorAt(std::string const& bytes, std::size_t count, std::string c
     std::size_t const begin = lineEnd == std::string::npos ? 0 : lineEnd + 1;
     auto const line = static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n')) + 1;
     return {line, last - begin + 1, fault, remedy};
-}
-
-// Builds the value of a document from what the parser finds, and so sees what the finished value no longer tells: names
-// that stand twice. Nothing grows with the depth of the document but a counter, as a deep value could not even be
-// destroyed without a deep stack; documents hold no arrays, so one is passed over.
-class Builder final : public nlohmann::json_sax<json> {
-public:
-    explicit Builder(std::string const& bytes) : m_bytes(bytes) {}
-
-    json take() { return std::move(m_root); }
-
-    bool null() override { return add(nullptr); }
-    bool boolean(bool value) override { return add(value); }
-    bool number_integer(number_integer_t value) override { return add(value); }
-    bool number_unsigned(number_unsigned_t value) override { return add(value); }
-    bool number_float(number_float_t value, string_t const& /*text*/) override { return add(value); }
-    bool string(string_t& value) override { return add(std::move(value)); }
-    bool binary(binary_t& /*value*/) override { return true; } // JSON knows none
-
-    bool start_object(std::size_t /*size*/) override
-    {
-        if (m_passedOver == 0 && m_open.size() == deepest)
-            throw DocumentError(m_names, "is nested too deeply", takeAnExport);
-        if (m_passedOver == 0)
-            m_open.push_back(&place(json::object()));
-        else
-            ++m_passedOver;
-        m_names.resize(m_open.size());
-        return true;
-    }
-
-    bool key(string_t& name) override
-    {
-        if (m_passedOver > 0)
-            return true;
-        m_names.back() = name;
-        if (m_open.back()->contains(name))
-            throw DocumentError(m_names, "stands there twice", "keep one of the two");
-        return true;
-    }
-
-    bool end_object() override
-    {
-        if (m_passedOver > 0)
-            return end_array();
-        m_open.pop_back();
-        m_names.pop_back();
-        return true;
-    }
-
-    bool start_array(std::size_t /*size*/) override
-    {
-        if (m_passedOver == 0)
-            place(json::array());
-        ++m_passedOver;
-        return true;
-    }
-
-    bool end_array() override
-    {
-        --m_passedOver;
-        return true;
-    }
-
-    bool parse_error(std::size_t position, std::string const& /*token*/, nlohmann::detail::exception const& error) override
-    {
-        // The parser's text begins with a code in brackets and a place, and ends with what was read last, at any length.
-        std::string what = error.what();
-        std::size_t const begin = what.find(": syntax error ");
-        what = begin == std::string::npos ? "a number is too large" : what.substr(begin + 2);
-        what = what.substr(0, what.find("; last read: "));
-        throw errorAt(m_bytes, position, what, "correct it there, or export the file again");
-    }
-
-private:
-    static constexpr std::size_t deepest = 8; // twice as much as documents have
-
-    bool add(json value)
-    {
-        if (m_passedOver == 0)
-            place(std::move(value));
-        return true;
-    }
-
-    json& place(json value)
-    {
-        json& target = m_open.empty() ? m_root : (*m_open.back())[m_names.back()];
-        target = std::move(value);
-        return target;
-    }
-
-    std::string const& m_bytes;
-    json m_root;
-    std::vector<json*> m_open;        // the objects that are not at their end, outermost first
-    std::vector<std::string> m_names; // in each of them, the name that was read last
-    std::size_t m_passedOver = 0;     // arrays, and what is in them, that are not at their end
-};
-
-json parsed(std::string const& bytes)
-{
-    if (bytes.compare(0, 3, "\xEF\xBB\xBF") == 0)
-        throw errorAt(bytes, 1, "a byte order mark stands before the text", "save the file as UTF-8 without it");
-    if (bytes.compare(0, 16, "SQLite format 3", 16) == 0)
-        throw DocumentError({}, "is a database", "where 'editor-settings backup' made it, 'editor-settings restore' takes it");
-    // The parser would take it for the end, whatever follows.
-    if (std::size_t const nul = bytes.find('\0'); nul != std::string::npos)
-        throw errorAt(bytes, nul + 1, "a NUL stands there, which no text holds", "save the file as UTF-8, or export it again");
-    Builder builder(bytes);
-    json::sax_parse(bytes, &builder);
-    return builder.take();
 }
 
 std::string summary(json const& value)
@@ -462,6 +354,148 @@ Entry entryOf(Store store, std::string const& name, Fields const& fields)
     return entry;
 }
 
+// Builds the value of a document from what the parser finds, and so sees what the finished value no longer tells: names
+// that stand twice. Each entry is taken out of the value at its end, as the value of a large document would take dozens of
+// times its size. Nothing grows with the depth of the document but a counter, as a deep value could not even be destroyed
+// without a deep stack; documents hold no arrays, so one is passed over.
+class Builder final : public nlohmann::json_sax<json> {
+public:
+    explicit Builder(std::string const& bytes) : m_bytes(bytes) {}
+
+    // What remains beside the entries.
+    json takeRest() { return std::move(m_root); }
+    // In the order of the document.
+    std::deque<Entry> takeEntries() { return std::move(m_entries); }
+    // The first fault of an entry.
+    std::optional<DocumentError> const& fault() const { return m_fault; }
+
+    bool null() override { return add(nullptr); }
+    bool boolean(bool value) override { return add(value); }
+    bool number_integer(number_integer_t value) override { return add(value); }
+    bool number_unsigned(number_unsigned_t value) override { return add(value); }
+    bool number_float(number_float_t value, string_t const& /*text*/) override { return add(value); }
+    bool string(string_t& value) override { return add(std::move(value)); }
+    bool binary(binary_t& /*value*/) override { return true; } // JSON knows none
+
+    bool start_object(std::size_t /*size*/) override
+    {
+        if (m_passedOver == 0 && m_open.size() == deepest)
+            throw DocumentError(m_names, "is nested too deeply", takeAnExport);
+        if (m_passedOver == 0)
+            m_open.push_back(&place(json::object()));
+        else
+            ++m_passedOver;
+        m_names.resize(m_open.size());
+        return true;
+    }
+
+    bool key(string_t& name) override
+    {
+        if (m_passedOver > 0)
+            return true;
+        m_names.back() = name;
+        if (m_open.back()->contains(name))
+            throw DocumentError(m_names, standsTwice, keepOne);
+        return true;
+    }
+
+    bool end_object() override
+    {
+        if (m_passedOver > 0)
+            return end_array();
+        std::optional<Store> const store = storeOfEntry();
+        json const* const fields = m_open.back();
+        m_open.pop_back();
+        m_names.pop_back();
+        if (store) {
+            takeEntry(*store, *fields);
+            m_open.back()->erase(m_names.back());
+        }
+        return true;
+    }
+
+    bool start_array(std::size_t /*size*/) override
+    {
+        if (m_passedOver == 0)
+            place(json::array());
+        ++m_passedOver;
+        return true;
+    }
+
+    bool end_array() override
+    {
+        --m_passedOver;
+        return true;
+    }
+
+    bool parse_error(std::size_t position, std::string const& /*token*/, nlohmann::detail::exception const& error) override
+    {
+        // The parser's text begins with a code in brackets and a place, and ends with what was read last, at any length.
+        std::string what = error.what();
+        std::size_t const begin = what.find(": syntax error ");
+        what = begin == std::string::npos ? "a number is too large" : what.substr(begin + 2);
+        what = what.substr(0, what.find("; last read: "));
+        throw errorAt(m_bytes, position, what, "correct it there, or export the file again");
+    }
+
+private:
+    static constexpr std::size_t deepest = 8; // twice as much as documents have
+
+    // The store of the entry that is the innermost open object; nullopt where that is no entry.
+    std::optional<Store> storeOfEntry() const
+    {
+        if (m_open.size() == 4 && m_names[0] == "stores")
+            for (auto const& [store, name] : stores)
+                if (m_names[1] == name)
+                    return store;
+        return std::nullopt;
+    }
+
+    // A fault elsewhere is told first, as that of a document of a later version.
+    void takeEntry(Store store, json const& fields)
+    {
+        try {
+            if (!m_fault)
+                m_entries.push_back(entryOf(store, m_names.back(), Fields(fields, m_names)));
+        } catch (DocumentError const& error) {
+            m_fault = error;
+        }
+    }
+
+    bool add(json value)
+    {
+        if (m_passedOver == 0)
+            place(std::move(value));
+        return true;
+    }
+
+    json& place(json value)
+    {
+        json& target = m_open.empty() ? m_root : (*m_open.back())[m_names.back()];
+        target = std::move(value);
+        return target;
+    }
+
+    std::string const& m_bytes;
+    json m_root;
+    std::deque<Entry> m_entries;
+    std::optional<DocumentError> m_fault;
+    std::vector<json*> m_open;        // the objects that are not at their end, outermost first
+    std::vector<std::string> m_names; // in each of them, the name that was read last
+    std::size_t m_passedOver = 0;     // arrays, and what is in them, that are not at their end
+};
+
+void checkBytes(std::string const& bytes)
+{
+    if (bytes.compare(0, 3, "\xEF\xBB\xBF") == 0)
+        throw errorAt(bytes, 1, "a byte order mark stands before the text", "save the file as UTF-8 without it");
+    if (bytes.compare(0, 16, "SQLite format 3", 16) == 0)
+        throw DocumentError({}, "is a database", "where 'editor-settings backup' made it, 'editor-settings restore' takes it");
+    // The parser would take it for the end, whatever follows.
+    if (std::size_t const nul = bytes.find('\0'); nul != std::string::npos)
+        throw errorAt(bytes, nul + 1, "a NUL stands there, which no text holds", "save the file as UTF-8, or export it again");
+}
+
 void checkHeader(Fields const& document)
 {
     json const* const format = document.find("format");
@@ -481,25 +515,46 @@ void checkHeader(Fields const& document)
 
 } // namespace
 
+namespace {
+
+// What a store holds there beside entries.
+void checkRest(Fields const& document)
+{
+    Fields const all(document.at("stores"), {"stores"});
+    all.checkNames({"product", "common"});
+    for (auto const& [store, name] : stores)
+        if (json const* const rest = all.find(name)) {
+            Fields const keys(*rest, all.place(name));
+            for (auto const& entry : rest->items())
+                refuseValue(keys.place(entry.key()), entry.value(), "an object, between { and }");
+        }
+}
+
+std::deque<Entry> sorted(std::deque<Entry> entries)
+{
+    auto const place = [](Entry const& entry) { return std::tie(entry.store, entry.key); };
+    std::sort(entries.begin(), entries.end(), [&](Entry const& left, Entry const& right) { return place(left) < place(right); });
+    auto const twice = std::adjacent_find(entries.begin(), entries.end(),
+                                          [&](Entry const& left, Entry const& right) { return place(left) == place(right); });
+    if (twice != entries.end())
+        throw DocumentError(placeOf(*twice), standsTwice, keepOne);
+    return entries;
+}
+
+} // namespace
+
 Document readDocument(std::string const& bytes)
 {
-    json const root = parsed(bytes);
-    Fields const fields(root, {});
+    checkBytes(bytes);
+    Builder builder(bytes);
+    json::sax_parse(bytes, &builder);
+    json const rest = builder.takeRest();
+    Fields const fields(rest, {});
     checkHeader(fields);
-    Document document = {fields.optionalText("made"), fields.optionalText("product"), {}};
-    Fields const all(fields.at("stores"), {"stores"});
-    all.checkNames({"product", "common"});
-    for (auto const& [store, name] : stores) {
-        json const* const entries = all.find(name);
-        if (!entries)
-            continue;
-        Fields const keys(*entries, all.place(name));
-        for (auto const& entry : entries->items())
-            document.entries.push_back(entryOf(store, entry.key(), Fields(entry.value(), keys.place(entry.key()))));
-    }
-    std::sort(document.entries.begin(), document.entries.end(),
-              [](Entry const& left, Entry const& right) { return std::tie(left.store, left.key) < std::tie(right.store, right.key); });
-    return document;
+    checkRest(fields);
+    if (builder.fault())
+        throw DocumentError(*builder.fault());
+    return {fields.optionalText("made"), fields.optionalText("product"), sorted(builder.takeEntries())};
 }
 
 void checkKeys(Document const& document, bool withUnknown)

@@ -27,6 +27,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <deque>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -45,9 +46,9 @@ struct Entry {
 };
 
 struct Document {
-    std::string made;           ///< A time in UTC.
-    std::string product;        ///< The name of the product that the stores belong to.
-    std::vector<Entry> entries; ///< Sorted by store and by the bytes of their keys.
+    std::string made;          ///< A time in UTC.
+    std::string product;       ///< The name of the product that the stores belong to.
+    std::deque<Entry> entries; ///< Sorted by store and by the bytes of their keys.
 };
 
 /// The steps to a place in a document, such as "stores", "product", "exportPath", "value"; empty for the whole document.

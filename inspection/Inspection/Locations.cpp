@@ -75,7 +75,7 @@ std::vector<WrittenFolder> foldersToWrite()
     std::vector<WrittenFolder> folders;
     for (LocationState const& state : locationStates())
         if (state.use == Use::written && !state.isExample())
-            folders.push_back({state.label(), state.path, writtenFolderStatus(state.path)});
+            folders.push_back({state.label(), state.path, writtenFolderStatus(state.path), state.preference != nullptr});
     return folders;
 }
 

@@ -47,6 +47,7 @@ struct WrittenFolder {
     std::string label;
     QString path;
     PathStatus check;
+    bool isPreference; ///< Else no preference moves it.
 };
 
 /// All of them, sorted by name.

@@ -148,4 +148,23 @@ std::string remark(PathStatus const& status)
     return absl::StrCat("missing, and ", status.above, isAdjective ? " is " : ": ", reason);
 }
 
+std::string remedy(PathStatus const& status)
+{
+    std::string const folder = status.above.empty() ? "it" : status.above;
+    switch (status.reason) {
+    case PathReason::danglingLink:
+        return "make the folder that the link leads to, or remove the link";
+    case PathReason::unreachable:
+        return "correct the path, or the folders above it";
+    case PathReason::notAFolder:
+        return absl::StrCat("move ", folder, " away, as it is no folder");
+    case PathReason::notWritable:
+        return absl::StrCat("make ", folder, " writable: its rights, or how its disk is mounted, forbid it to this user");
+    case PathReason::notReadable:
+        return "make it readable for this user";
+    default:
+        return {};
+    }
+}
+
 } // namespace Inspection

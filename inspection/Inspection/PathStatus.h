@@ -45,5 +45,7 @@ PathStatus readPathStatus(QString const& path);
 
 /// `status.reason` in words, with paths in raw bytes; empty for `none`.
 std::string remark(PathStatus const& status);
+/// What makes a folder usable where it is, such as "remove the link"; empty where only another path helps.
+std::string remedy(PathStatus const& status);
 
 } // namespace Inspection

@@ -51,16 +51,14 @@ std::string storedText(SqliteStorage::Value const& value)
     return shown.is_string() ? shown.get<std::string>() : shown.dump();
 }
 
-std::string storedText(std::optional<SqliteStorage::Row> const& row, std::string const& absent)
+std::optional<QStringList> storedList(SqliteStorage::Row const& row)
 {
-    if (!row)
-        return absent;
-    std::optional<KnownKey> const known = knownKey(row->key);
-    auto const* const text = std::get_if<std::string>(&row->value);
+    std::optional<KnownKey> const known = knownKey(row.key);
+    auto const* const text = std::get_if<std::string>(&row.value);
     if (!text || !known || !known->isList)
-        return storedText(row->value);
+        return std::nullopt;
     QStringList const list = Catalogue::listIn(*text);
-    return Catalogue::storedText(list) == *text ? jsonText(toJson(list)) : *text;
+    return Catalogue::storedText(list) == *text ? std::optional(list) : std::nullopt;
 }
 
 char const* changeName(Change change)

@@ -5,6 +5,8 @@
 
 #include <Storage/StoreWatcher.h>
 
+#include <QStringList>
+
 #include <nlohmann/json.hpp>
 
 #include <chrono>
@@ -20,14 +22,15 @@ nlohmann::ordered_json storedJson(Storage::SqliteStorage::Value const& value);
 nlohmann::ordered_json storedJson(std::optional<Storage::SqliteStorage::Row> const& row);
 /// The value as text of any bytes: bytes in base64, "(unreadable)" for an unreadable value.
 std::string storedText(Storage::SqliteStorage::Value const& value);
-/// The text of the row's value, of a list as a JSON array unless that would hide a difference; `absent` for nullopt.
-std::string storedText(std::optional<Storage::SqliteStorage::Row> const& row, std::string const& absent);
+/// The list in a row of a known key, unless its elements alone would hide a difference from the stored text; else nullopt.
+std::optional<QStringList> storedList(Storage::SqliteStorage::Row const& row);
 /// The time as "2026-11-20 17:40:53", where the user is.
 std::string inLocalTime(std::chrono::system_clock::time_point time);
 /// The time as "2026-11-20T16:40:53.344Z".
 std::string inUtc(std::chrono::system_clock::time_point time);
 
 using Storage::RowDifference;
+using Storage::rowDifference;
 using Storage::rowDifferences;
 using Change = RowDifference::Change;
 

@@ -3,6 +3,7 @@
 
 #include <absl/strings/ascii.h>
 #include <absl/strings/str_cat.h>
+#include <absl/strings/str_replace.h>
 
 #include <Host/FileContent.h>
 #include <Storage/Kind.h>
@@ -196,6 +197,8 @@ std::optional<std::string> fromBase64(std::string const& text)
         return std::nullopt;
     return bytes.toStdString();
 }
+
+std::string shellWord(std::string const& text) { return absl::StrCat("'", absl::StrReplaceAll(text, {{"'", "'\\''"}}), "'"); }
 
 bool isUtf8(std::string const& text) { return QString::fromStdString(text).toStdString() == text; }
 

@@ -62,6 +62,9 @@ std::string toBase64(std::string const& bytes);
 /// The bytes of `text`; nullopt unless it is canonical base64, with or without padding.
 std::optional<std::string> fromBase64(std::string const& text);
 
+/// `text` as one word of a shell's command, byte for byte.
+std::string shellWord(std::string const& text);
+
 /// Whether `text` survives the round trip through the library's texts: UTF-8 that begins with no byte order mark.
 bool isUtf8(std::string const& text);
 

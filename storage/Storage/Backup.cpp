@@ -40,6 +40,9 @@ constexpr int formatVersion = 1;
 constexpr char const* aboutTable = "CREATE TABLE about (made INTEGER NOT NULL)"; // seconds since 1970-01-01 00:00 UTC
 constexpr char const* copiesTable = "CREATE TABLE copies (name TEXT NOT NULL PRIMARY KEY, content BLOB NOT NULL)";
 
+constexpr char const* keptInfix = ".before-restore-";
+constexpr char const* keptStamp = "%Y%m%dT%H%M%SZ"; // in UTC
+
 constexpr char const* keepReplaced = "keep the replaced file";
 constexpr char const* readTheBackup = "read the backup";
 constexpr char const* restoreTheStore = "restore the store";
@@ -76,7 +79,10 @@ SQLite::Database opened(fs::path const& file)
     SQLite::Database database(file.string(), SQLite::OPEN_READONLY, 0, vfsShim());
     harden(database, Views::refused);
     WorkLimit const limit(database);
-    if (database.execAndGet("PRAGMA application_id").getInt() != applicationId)
+    if (int const application = database.execAndGet("PRAGMA application_id").getInt(); application == storeApplicationId)
+        refuse(file, Code::foreign, "it is a store, but no backup",
+               "a store that restore kept comes back from beside the one that it was kept of, under the name that it got there");
+    else if (application != applicationId)
         refuse(file, Code::foreign, "it is an SQLite file, but no backup");
     if (int const version = database.execAndGet("PRAGMA user_version").getInt(); version > formatVersion)
         refuse(file, Code::newer,
@@ -182,7 +188,37 @@ Backup::Backup(fs::path const& file) : m_file(absolutePath(file, readTheBackup))
     }
 }
 
+Backup::Backup(fs::path const& kept, std::string const& name, std::chrono::system_clock::time_point made,
+               SqliteStorage::Options const& options)
+    : m_file(absolutePath(kept, readTheBackup)), m_made(made)
+{
+    SqliteStorage::Options present = options;
+    present.createIfMissing = false;
+    std::string content;
+    try {
+        content = SqliteStorage(m_file, present).snapshot();
+    } catch (StorageError const& error) {
+        refuse(m_file, error.code(), "it holds no store that can be used (" + error.reason() + ')');
+    }
+    m_copies[name] = checkedCopy(m_file, name, std::move(content));
+}
+
 Backup::~Backup() = default;
+
+// A number follows where several were kept within one second.
+std::optional<std::chrono::system_clock::time_point> Backup::timeOfKeeping(fs::path const& file, fs::path const& store)
+{
+    std::error_code error;
+    std::string const name = file.filename().string();
+    std::string const begin = store.filename().string() + keptInfix;
+    if (name.compare(0, begin.size(), begin) != 0 || !fs::equivalent(fs::absolute(file, error).parent_path(), store.parent_path(), error))
+        return std::nullopt;
+    std::tm utc = {};
+    char const* const end = ::strptime(name.c_str() + begin.size(), keptStamp, &utc);
+    if (!end || (*end != '\0' && (*end != '-' || end[1] == '\0' || end[1 + std::strspn(end + 1, "0123456789")] != '\0')))
+        return std::nullopt;
+    return std::chrono::system_clock::from_time_t(::timegm(&utc));
+}
 
 std::chrono::system_clock::time_point Backup::made() const { return m_made; }
 
@@ -208,8 +244,8 @@ fs::path keptName(fs::path const& file)
     std::time_t const now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
     std::tm utc = {};
     char stamp[32];
-    std::strftime(stamp, sizeof stamp, "%Y%m%dT%H%M%SZ", ::gmtime_r(&now, &utc));
-    std::string const name = file.string() + ".before-restore-" + stamp;
+    std::strftime(stamp, sizeof stamp, keptStamp, ::gmtime_r(&now, &utc));
+    std::string const name = file.string() + keptInfix + stamp;
     std::error_code error;
     for (int number = 1;; ++number) {
         fs::path const kept = number == 1 ? name : name + '-' + std::to_string(number);

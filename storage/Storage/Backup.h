@@ -24,7 +24,16 @@ public:
 
     /// Reads `file`, and checks it and each copy in it completely.
     explicit Backup(std::filesystem::path const& file);
+    /// Reads the file `kept`, a store that `restore` kept at the time `made`, as a backup of it alone under `name`, and checks
+    /// it completely. Never creates it. Of `options` the timeout and the permission for network file systems count.
+    Backup(std::filesystem::path const& kept, std::string const& name, std::chrono::system_clock::time_point made,
+           SqliteStorage::Options const& options = {});
     ~Backup();
+
+    /// The time in the name of `file`, to the second, where `restore` gives that name to what it keeps of the store in `store`;
+    /// nullopt for any other name or folder. The file itself may be anything, as an unusable original is kept as it was.
+    static std::optional<std::chrono::system_clock::time_point> timeOfKeeping(std::filesystem::path const& file,
+                                                                              std::filesystem::path const& store);
 
     /// The time at which it was made, to the second.
     std::chrono::system_clock::time_point made() const;

@@ -247,9 +247,22 @@ public:
         change("remove \"" + key + '"', [&] { putNow(key, {}, std::monostate()); });
     }
 
+    static std::string making(std::size_t count)
+    {
+        return "make " + std::to_string(count) + (count == 1 ? " change" : " changes together");
+    }
+
+    void applyEach(std::size_t count, std::function<Change(std::size_t)> const& next)
+    {
+        change(making(count), [&] {
+            for (std::size_t number = 0; number < count; ++number)
+                makeNow(next(number));
+        });
+    }
+
     void apply(std::vector<Change> const& changes)
     {
-        std::string const what = "make " + std::to_string(changes.size()) + (changes.size() == 1 ? " change" : " changes together");
+        std::string const what = making(changes.size());
         change(what, [&] {
             for (Change const& change : changes)
                 checkExpected(what, change);
@@ -364,6 +377,11 @@ std::vector<SqliteStorage::Row> SqliteStorage::rows() const
 }
 
 void SqliteStorage::apply(std::vector<Change> const& changes) { m_connection->apply(changes); }
+
+void SqliteStorage::applyEach(std::size_t count, std::function<Change(std::size_t)> const& change)
+{
+    m_connection->applyEach(count, change);
+}
 
 std::string SqliteStorage::snapshot() const { return m_connection->snapshot(); }
 

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -128,6 +129,10 @@ public:
     /// where a key differs from what its change expects. Every expectation, also of a second change of a key, is about the
     /// store as it is before the first change; rows are compared by `==`.
     void apply(std::vector<Change> const& changes);
+    /// Makes `count` changes likewise, each of which `change` returns for its number from 0 on: for more of them than should
+    /// be in memory together. None may expect anything. `change` is called within the transaction, so it must not use the
+    /// store; what it throws undoes all.
+    void applyEach(std::size_t count, std::function<Change(std::size_t)> const& change);
     /// The bytes of the store as of one moment, which make another store when they are written to a file.
     std::string snapshot() const;
     /// A number that differs from that of the last call where another process, or another object of this one, has changed

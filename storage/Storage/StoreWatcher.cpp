@@ -46,6 +46,14 @@ StorageError busyError(fs::path const& file)
 
 } // namespace
 
+std::optional<RowDifference> rowDifference(std::optional<SqliteStorage::Row> before, std::optional<SqliteStorage::Row> after)
+{
+    if ((!before && !after) || isSame(before, after))
+        return std::nullopt;
+    std::string const key = (before ? before : after)->key;
+    return RowDifference{key, std::move(before), std::move(after)};
+}
+
 std::vector<RowDifference> rowDifferences(Rows const& before, Rows const& after)
 {
     std::map<std::string, RowDifference> byKey;
@@ -54,12 +62,9 @@ std::vector<RowDifference> rowDifferences(Rows const& before, Rows const& after)
     for (SqliteStorage::Row const& row : after)
         byKey[row.key].after = row;
     std::vector<RowDifference> changes;
-    for (auto& [key, change] : byKey) {
-        if (isSame(change.before, change.after))
-            continue;
-        change.key = key;
-        changes.push_back(std::move(change));
-    }
+    for (auto& [key, change] : byKey)
+        if (std::optional<RowDifference> difference = rowDifference(std::move(change.before), std::move(change.after)))
+            changes.push_back(*std::move(difference));
     return changes;
 }
 

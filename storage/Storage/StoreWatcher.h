@@ -24,8 +24,11 @@ struct RowDifference {
     Change change() const { return !before ? Change::added : !after ? Change::removed : Change::changed; }
 };
 
-/// The differences from `before` to `after`, sorted by key. A rewritten equal value is no difference; an unreadable one is,
-/// as its content cannot be compared.
+/// The difference from `before` to `after`, rows of one key; nullopt where there is none. A rewritten equal value is no
+/// difference; an unreadable one is, as its content cannot be compared.
+std::optional<RowDifference> rowDifference(std::optional<SqliteStorage::Row> before, std::optional<SqliteStorage::Row> after);
+
+/// The differences from `before` to `after`, sorted by key.
 std::vector<RowDifference> rowDifferences(std::vector<SqliteStorage::Row> const& before, std::vector<SqliteStorage::Row> const& after);
 
 /// Finds what changes in the store of one file, whoever changes it, also where the file appears, goes, or is replaced.

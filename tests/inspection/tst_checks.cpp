@@ -51,7 +51,7 @@ protected:
         return Host::ToolApplication(m_productFile, {inHome(stores), Host::StorePolicy::leaveOutUnusable});
     }
 
-    // "severity|check|store|key|path|what|remedy" for each finding, with "~" for the home folder.
+    // "severity|check|store|key|path|what|remedy" and the names for each finding, with "~" for the home folder.
     Lines linesOf(Findings const& findings) const
     {
         Lines lines;
@@ -59,6 +59,8 @@ protected:
             std::string const store = !finding.store ? "" : *finding.store == Store::product ? "product" : "common";
             std::string line = std::string(severityName(finding.severity)) + '|' + checkName(finding.check) + '|' + store + '|' +
                                finding.key + '|' + finding.path + '|' + finding.what + '|' + finding.remedy;
+            for (std::string const& name : finding.names)
+                line += (&name == &finding.names.front() ? '|' : ' ') + name;
             for (std::size_t at = 0; (at = line.find(m_home.path().string(), at)) != std::string::npos;)
                 line.replace(at, m_home.path().string().size(), "~");
             lines.push_back(line);
@@ -185,15 +187,16 @@ TEST_F(Checks, FolderThatMayNotBeWrittenTakesNoChange)
     fs::remove(product() + "-journal");
     ::chmod(inHome("stores").c_str(), 0500);
     EXPECT_EQ(foundByOrdinaryUser([&] { return found(Store::product); }),
-              "error|store-folder|product||~/stores|the folder of the store cannot be used: not writable, so no change can be stored|give "
-              "this user the rights to the folder, or name another with --home\n");
+              "error|store-folder|product||~/stores|the folder of the store cannot be used: not writable, so no change can be stored|make "
+              "it writable: its rights, or how its disk is mounted, forbid it to this user, or name another folder with --home\n");
     std::string const missing = foundByOrdinaryUser([&] { return found(Store::product, "stores/none"); });
     ::chmod(inHome("stores").c_str(), 0700);
     EXPECT_EQ(missing,
               "note|store-missing|product||~/stores/none/product-settings.sqlite|nothing is stored there yet|nothing to do: the store is "
               "made when something is stored\n"
               "error|store-folder|product||~/stores/none|the folder of the store cannot be used: missing, and ~/stores is not writable, so "
-              "no store can be made|give this user the rights to the folder, or name another with --home\n");
+              "no store can be made|make ~/stores writable: its rights, or how its disk is mounted, forbid it to this user, or name "
+              "another folder with --home\n");
 }
 
 TEST_F(Checks, ModesThatLetOthersInAreFound)
@@ -262,6 +265,24 @@ TEST_F(Checks, JournalWithoutItsStoreIsFound)
                      "gone, and no new one is made beside it|bring the store back beside its journal, or move the journal away"}));
 }
 
+// --- What restore has kept ---
+
+TEST_F(Checks, StoresThatRestoreKeptAreCounted)
+{
+    m_home.write("stores/product-settings.sqlite.before-restore-20260102T030405Z", "four");
+    EXPECT_EQ(found(Store::product),
+              (Lines{"note|kept-stores|product||~/stores/product-settings.sqlite|1 copy that restore kept, of 4 bytes together, beside "
+                     "it|'editor-settings restore FILE' brings one back; to remove all: rm "
+                     "'~/stores/product-settings.sqlite'.before-restore-*"}));
+    m_home.write("stores/product-settings.sqlite.before-restore-20260102T030405Z-2", "and six");
+    m_home.write("stores/product-settings.sqlite.before-restore-20260102T030405Z-journal", "not counted");
+    fs::create_directory(inHome("stores/product-settings.sqlite.before-restore-20260102T030405Z-3"));
+    EXPECT_EQ(
+        found(Store::product).front().substr(0, 126),
+        "note|kept-stores|product||~/stores/product-settings.sqlite|3 copies that restore kept, of 11 bytes together, beside it|'editor");
+    EXPECT_EQ(found(Store::common), Lines());
+}
+
 // --- File systems ---
 
 TEST_F(Checks, FileSystemIsTheOneOfTheNearestExistingFolder)
@@ -302,6 +323,16 @@ INSTANTIATE_TEST_SUITE_P(
     Table, StoreOn,
     testing::Values(
         Mounted{"LocalDisk", {"xfs", "/", false, Locality::local}, StoreState::usable, {}},
+        Mounted{"DiskWithRoomForAChange", {"xfs", "/", false, Locality::local, 65536}, StoreState::usable, {}},
+        Mounted{"FullDisk",
+                {"xfs", "/", false, Locality::local, 65535},
+                StoreState::usable,
+                {"error|it lies on xfs, which has 65535 bytes left, too few for a change|free some space there"}},
+        Mounted{"FullReadOnlyDisk",
+                {"iso9660", "/", true, Locality::local, 0},
+                StoreState::usable,
+                {"error|it lies on iso9660, which may only be read, so nothing can be stored|mount it for writing, or name another folder "
+                 "with --home"}},
         Mounted{"Nfs",
                 {"nfs4", "/", false, Locality::network},
                 StoreState::usable,
@@ -498,12 +529,11 @@ TEST_F(Checks, MissingFoldersAreNotedTogether)
 {
     Host::ToolApplication const bound = application();
     EXPECT_EQ(linesOf(checkFolders()),
-              (Lines{"note|folders-missing||||not there yet: audioRecordPath, bundleShadowCachePath, deployedPackagesStatisticsPath, "
-                     "downloadableResourcesPath, downloaderCachePath, exportPath, fastTrackConfigurationPath, fastTrackContentPath, "
-                     "newsCenterContentPath, packInAppCachePath, packageDeploymentPath, productDataPath, projectPath, snapshotPath, "
-                     "stabilizedFilePath, "
-                     "stockPackagesStatisticsPath, unsplashContentPath, userIntrosPath, userOverlaysPath, userUnsplashPath, "
-                     "waveformCachePath, waveformConfigurationPath|nothing to do: the editor makes them when it writes there"}));
+              (Lines{"note|folders-missing||||22 folders are not there yet; the editor makes them||audioRecordPath bundleShadowCachePath "
+                     "deployedPackagesStatisticsPath downloadableResourcesPath downloaderCachePath exportPath fastTrackConfigurationPath "
+                     "fastTrackContentPath newsCenterContentPath packInAppCachePath packageDeploymentPath productDataPath projectPath "
+                     "snapshotPath stabilizedFilePath stockPackagesStatisticsPath unsplashContentPath userIntrosPath userOverlaysPath "
+                     "userUnsplashPath waveformCachePath waveformConfigurationPath"}));
 }
 
 TEST_F(Checks, ExistingFoldersHaveNoFindings)
@@ -512,6 +542,8 @@ TEST_F(Checks, ExistingFoldersHaveNoFindings)
     for (WrittenFolder const& folder : foldersToWrite())
         fs::create_directories(folder.path.toStdString());
     EXPECT_EQ(linesOf(checkFolders()), Lines());
+    SqliteStorage(product()).setString("exportPath", inHome("new"));
+    EXPECT_EQ(linesOf(checkFolders()), Lines{"note|folders-missing||||1 folder is not there yet; the editor makes it||exportPath"});
 }
 
 // The findings about snapshotPath and exportPath, without the note about missing folders.
@@ -528,8 +560,8 @@ TEST_F(Checks, FileInThePlaceOfAFolderIsFound)
     SqliteStorage(product()).setString("snapshotPath", inHome("file"));
     Host::ToolApplication const bound = application();
     EXPECT_EQ(withoutNote(linesOf(checkFolders())),
-              (Lines{"error|folder|||~/file|snapshotPath: the editor cannot write there: not a folder|make the folder writable, or set "
-                     "the preference to another; 'editor-settings paths --explain' shows what decides it"}));
+              (Lines{"error|folder|||~/file|snapshotPath: the editor cannot write there: not a folder|move it away, as it is no folder, or "
+                     "set another: 'editor-settings set snapshotPath FOLDER'"}));
 }
 
 TEST_F(Checks, FoldersThatMayNotBeWrittenOrReadAreFound)
@@ -548,12 +580,63 @@ TEST_F(Checks, FoldersThatMayNotBeWrittenOrReadAreFound)
     ::chmod(inHome("locked").c_str(), 0700);
     ::chmod(inHome("unread").c_str(), 0700);
     EXPECT_EQ(lines,
-              "error|folder|||~/locked/below|exportPath: the editor cannot write there: missing, and ~/locked is not writable|make the "
-              "folder writable, or set the preference to another; 'editor-settings paths --explain' shows what decides it\n"
-              "error|folder|||~/locked|projectPath: the editor cannot write there: not writable|make the folder writable, or set the "
-              "preference to another; 'editor-settings paths --explain' shows what decides it\n"
-              "warning|folder|||~/unread|snapshotPath: not readable, so names are numbered as if it were empty|make it readable, or set "
-              "the preference to another folder\n");
+              "error|folder|||~/locked/below|exportPath: the editor cannot write there: missing, and ~/locked is not writable|make "
+              "~/locked writable: its rights, or how its disk is mounted, forbid it to this user, or set another: 'editor-settings set "
+              "exportPath FOLDER'\n"
+              "error|folder|||~/locked|projectPath: the editor cannot write there: not writable|make it writable: its rights, or how its "
+              "disk is mounted, forbid it to this user, or set another: 'editor-settings set projectPath FOLDER'\n"
+              "warning|folder|||~/unread|snapshotPath: not readable, so names are numbered as if it were empty|make it readable for this "
+              "user, or set another: 'editor-settings set snapshotPath FOLDER'\n");
+}
+
+struct UnusableFolder {
+    char const* meaning;
+    char const* path;
+    char const* line; // from the path on
+};
+
+class FolderOfAPreference : public Checks, public testing::WithParamInterface<UnusableFolder> {};
+
+TEST_P(FolderOfAPreference, HasTheRemedyForItsFault)
+{
+    m_home.write("file", "");
+    fs::create_symlink("nowhere", inHome("dangling"));
+    fs::create_symlink("loop", inHome("loop"));
+    std::string const path = GetParam().path;
+    SqliteStorage(product()).setString("exportPath", path[0] == '~' ? m_home.path().string() + path.substr(1) : path);
+    Host::ToolApplication const bound = application();
+    EXPECT_EQ(withoutNote(linesOf(checkFolders())), Lines{GetParam().line});
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, FolderOfAPreference,
+    testing::Values(
+        UnusableFolder{"Relative", "films",
+                       "error|folder|||films|exportPath: the editor cannot write there: not absolute: it depends on the folder that the "
+                       "editor is started in|set another: 'editor-settings set exportPath FOLDER'"},
+        UnusableFolder{"BelowAFile", "~/file/new",
+                       "error|folder|||~/file/new|exportPath: the editor cannot write there: missing, and ~/file is not a folder|move "
+                       "~/file away, as it is no folder, or set another: 'editor-settings set exportPath FOLDER'"},
+        UnusableFolder{"DanglingLink", "~/dangling",
+                       "error|folder|||~/dangling|exportPath: the editor cannot write there: dangling link to nowhere|make the folder that "
+                       "the link leads to, or remove the link, or set another: 'editor-settings set exportPath FOLDER'"},
+        UnusableFolder{"LoopOfLinks", "~/loop",
+                       "error|folder|||~/loop|exportPath: the editor cannot write there: Too many levels of symbolic links|correct the "
+                       "path, or the folders above it, or set another: 'editor-settings set exportPath FOLDER'"},
+        UnusableFolder{"HomeFolder", "~",
+                       "warning|folder|||~|exportPath: the home folder itself|set another: 'editor-settings set exportPath FOLDER'"}),
+    byMeaning);
+
+TEST_F(Checks, FolderThatNoPreferenceMovesHasARemedyWithoutOne)
+{
+    m_home.write(".local/share/V/SharedData", "");
+    Host::ToolApplication const bound = application();
+    Lines const lines = linesOf(checkFolders());
+    std::string const expected =
+        "error|folder|||~/.local/share/V/SharedData/S/UserImports/|userIntrosPath: the editor cannot write there: missing, and "
+        "~/.local/share/V/SharedData is not a folder|move ~/.local/share/V/SharedData away, as it is no folder; 'editor-settings paths "
+        "--explain' shows what decides it";
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), expected), 1);
 }
 
 // --- The home folder ---

@@ -51,7 +51,7 @@ TEST_P(TextInADocument, SurvivesTheRoundTrip)
         whole.find(std::string("\n      \"lastTarget\": {\"kind\": \"string\", \"class\": \"transient\", ") + GetParam().fields + "}\n"),
         std::string::npos)
         << whole;
-    std::vector<Entry> const entries = readDocument(whole).entries;
+    auto const entries = readDocument(whole).entries;
     ASSERT_EQ(entries.size(), 1u);
     EXPECT_EQ(entries[0].value, SqliteStorage::Value(GetParam().text));
 }
@@ -88,7 +88,7 @@ TEST_P(KeyInADocument, HasANameOfItsOwn)
     EXPECT_NE(whole.find(std::string("\n      ") + GetParam().name + ": {\"kind\": \"int\", \"class\": null, \"value\": 1}\n"),
               std::string::npos)
         << whole;
-    std::vector<Entry> const entries = readDocument(whole).entries;
+    auto const entries = readDocument(whole).entries;
     ASSERT_EQ(entries.size(), 1u);
     EXPECT_EQ(entries[0].key, GetParam().key);
 }
@@ -105,9 +105,9 @@ INSTANTIATE_TEST_SUITE_P(Table, KeyInADocument,
 
 TEST(ExportDocument, EntriesAreSortedByStoreAndByTheBytesOfTheirKeys)
 {
-    std::vector<Entry> const entries = readDocument(document(R"("\\xff": {"kind": "int", "value": 1}, "a": {"kind": "int", "value": 2})",
-                                                             R"("a": {"kind": "int", "value": 3})"))
-                                           .entries;
+    auto const entries = readDocument(document(R"("\\xff": {"kind": "int", "value": 1}, "a": {"kind": "int", "value": 2})",
+                                               R"("a": {"kind": "int", "value": 3})"))
+                             .entries;
     ASSERT_EQ(entries.size(), 3u);
     EXPECT_EQ(entries[0].key, "a");
     EXPECT_EQ(entries[0].value, SqliteStorage::Value(2));

@@ -232,18 +232,17 @@ TEST_F(Preferences, ValueIsUnusableForAReason)
     EXPECT_EQ(Inspection::whyUnusable("Indication/x", QByteArray("~")), "");
 }
 
-TEST_F(Preferences, StoredListIsShownAsItIsRead)
+TEST_F(Preferences, StoredListIsOneWhereItsElementsHideNothing)
 {
-    auto const shown = [&](char const* key, std::string const& stored) {
+    auto const listIn = [&](char const* key, std::string const& stored) {
         m_productRows.setString(key, stored);
-        return Inspection::storedText(m_productRows.find(key), "(unset)");
+        return Inspection::storedList(*m_productRows.find(key));
     };
-    EXPECT_EQ(shown("userCustomColors", "a|#|b c"), R"(["a","b c"])");
-    EXPECT_EQ(shown("favorites_x", ""), "[]");
-    EXPECT_EQ(shown("userCustomColors", "a|#||#|b"), "a|#||#|b") << "it would be read without the empty element";
-    EXPECT_EQ(shown("exportPath", "a|#|b"), "a|#|b");
-    EXPECT_EQ(shown("unknown", "a|#|b"), "a|#|b");
-    EXPECT_EQ(Inspection::storedText(std::nullopt, "(unset)"), "(unset)");
+    EXPECT_EQ(listIn("userCustomColors", "a|#|b \\"), (QStringList{QStringLiteral("a"), QStringLiteral("b \\")}));
+    EXPECT_EQ(listIn("favorites_x", ""), QStringList());
+    EXPECT_EQ(listIn("userCustomColors", "a|#||#|b"), std::nullopt) << "it would be read without the empty element";
+    EXPECT_EQ(listIn("exportPath", "a|#|b"), std::nullopt);
+    EXPECT_EQ(listIn("unknown", "a|#|b"), std::nullopt);
 }
 
 TEST_F(Preferences, ReservedKeysAreThoseWithoutAccessors)

@@ -26,6 +26,7 @@ using Storage::SqliteStorage;
 using Storage::StorageError;
 using Bytes = std::vector<unsigned char>;
 using Names = std::vector<std::string>;
+using Time = std::chrono::system_clock::time_point;
 
 class Backups : public StoreFolder {
 protected:
@@ -267,7 +268,8 @@ INSTANTIATE_TEST_SUITE_P(
                  [](auto const& file) {
                      std::filesystem::copy(file.parent_path() / "made.sqlite", file, std::filesystem::copy_options::overwrite_existing);
                  },
-                 std::string(": cannot read the backup: it is an SQLite file, but no backup") + another},
+                 ": cannot read the backup: it is a store, but no backup; a store that restore kept comes back from beside the one that "
+                 "it was kept of, under the name that it got there"},
         Unusable{"CutOff", [](auto const& file) { std::filesystem::resize_file(file, std::filesystem::file_size(file) - 4096); },
                  std::string(": cannot read the backup: database disk image is malformed") + another},
         Unusable{"OtherTables", [](auto const& file) { execute(file, "DROP TABLE copies"); },
@@ -366,6 +368,41 @@ TEST_F(Backups, UsableStoreGetsTheValuesAndWhatWasThereIsKept)
     EXPECT_EQ(before.getInt("own", 0), 1);
 }
 
+TEST_F(Backups, KeptStoreIsABackupOfItself)
+{
+    backUp("value");
+    SqliteStorage(path()).setString("text", "before");
+    std::filesystem::path const kept = *Backup(path("copy.backup")).restore("product", path());
+    std::optional<Time> const made = Backup::timeOfKeeping(kept, path());
+    ASSERT_TRUE(made);
+    Backup const back(kept, "product", *made);
+    EXPECT_EQ(back.names(), Names{"product"});
+    EXPECT_EQ(back.made(), *made);
+    EXPECT_EQ(back.rows("product").size(), 1u);
+    EXPECT_TRUE(back.restore("product", path()));
+    EXPECT_EQ(SqliteStorage(path()).getString("text", ""), "before");
+    EXPECT_EQ(SqliteStorage(kept).getString("text", ""), "before");
+}
+
+TEST_F(Backups, NameOfAKeptStoreTellsWhatItWasKeptOfAndWhen)
+{
+    std::filesystem::create_directory(path("other"));
+    std::filesystem::create_directory_symlink(".", path("link"));
+    auto const secondsIn = [&](std::filesystem::path const& name) {
+        std::optional<Time> const time = Backup::timeOfKeeping(m_home.path() / name, path());
+        return time ? std::chrono::system_clock::to_time_t(*time) : -1;
+    };
+    for (char const* name : {"store.sqlite.before-restore-20260102T030405Z", "store.sqlite.before-restore-20260102T030405Z-12",
+                             "link/store.sqlite.before-restore-20260102T030405Z"})
+        EXPECT_EQ(secondsIn(name), 1767323045) << name;
+    for (char const* name : {"store.sqlite", "store.sqlite.before-restore-", "store.sqlite.before-restore-20261302T030405Z",
+                             "store.sqlite.before-restore-20260102T030405", "store.sqlite.before-restore-20260102T030405Z-",
+                             "store.sqlite.before-restore-20260102T030405Z-journal", "store.sqlite.before-restore-20260102T030405Z-2-wal",
+                             "other.sqlite.before-restore-20260102T030405Z", "other/store.sqlite.before-restore-20260102T030405Z",
+                             "none/store.sqlite.before-restore-20260102T030405Z"})
+        EXPECT_EQ(secondsIn(name), -1) << name;
+}
+
 TEST_F(Backups, EachRestoreKeepsAFileOfItsOwn)
 {
     backUp("value");
@@ -401,6 +438,10 @@ TEST_P(ReplacedStore, IsKeptAsItWas)
     EXPECT_EQ(mode(*kept), 0600u);
     EXPECT_EQ(SqliteStorage(path()).getString("text", ""), "value");
     EXPECT_EQ(mode(path()), 0600u);
+    std::string const refused = refusal([&] { Backup const back(*kept, "product", Time()); });
+    EXPECT_EQ(refused.find(kept->string() + ": cannot read the backup: "), 0u) << refused;
+    EXPECT_NE(refused.find(" be used ("), std::string::npos) << refused;
+    EXPECT_EQ(content(*kept), before);
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, ReplacedStore,

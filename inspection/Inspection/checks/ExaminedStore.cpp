@@ -28,7 +28,8 @@ FileSystem fileSystemOf(fs::path const& file)
 {
     fs::path const existing = nearestExisting(file);
     QStorageInfo const volume(QFile::decodeName(existing.c_str()));
-    return {volume.fileSystemType().toStdString(), volume.rootPath().toStdString(), volume.isReadOnly(), Storage::localityOf(existing)};
+    return {volume.fileSystemType().toStdString(), volume.rootPath().toStdString(), volume.isReadOnly(), Storage::localityOf(existing),
+            volume.bytesTotal() > 0 ? volume.bytesAvailable() : -1}; // what stores nothing, as /proc, is never full
 }
 
 void examineOpened(Storage::SqliteStorage const& opened, ExaminedStore& result)

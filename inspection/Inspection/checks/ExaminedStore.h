@@ -5,6 +5,7 @@
 #include <Host/Application.h>
 #include <Storage/FileSystem.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -28,6 +29,7 @@ struct FileSystem {
     std::string mountPoint; ///< In UTF-8; empty where it is unknown.
     bool isReadOnly = false;
     Storage::Locality locality = Storage::Locality::unknown;
+    std::int64_t bytesFree = -1; ///< For this user; negative where it is unknown.
 };
 
 /// A store as one look at its file, its rows and its file system found it.

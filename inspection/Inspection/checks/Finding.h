@@ -41,6 +41,7 @@ enum class Check {
     numberEdge,
     folder,
     foldersMissing,
+    keptStores,
 };
 
 /// The result of a check, with sentences in raw bytes: a caller escapes them for its medium.
@@ -48,10 +49,11 @@ struct Finding {
     Severity severity;
     Check check;
     std::string what;
-    std::string remedy; ///< What the user can do.
+    std::string remedy; ///< What the user can do; empty where nothing is to be done.
     std::optional<Catalogue::Store> store = std::nullopt;
-    std::string key = {};  ///< The stored key; empty where the finding is about none.
-    std::string path = {}; ///< The file or folder in UTF-8; empty where the finding is about none.
+    std::string key = {};                ///< The stored key; empty where the finding is about none.
+    std::string path = {};               ///< The file or folder in UTF-8; empty where the finding is about none.
+    std::vector<std::string> names = {}; ///< What the finding counts; empty where it is about one thing.
 };
 
 using Findings = std::vector<Finding>;

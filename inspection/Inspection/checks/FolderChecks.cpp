@@ -5,7 +5,6 @@
 #include <Inspection/Locations.h>
 
 #include <absl/strings/str_cat.h>
-#include <absl/strings/str_join.h>
 
 namespace Inspection {
 
@@ -17,31 +16,45 @@ Findings checkHome()
     return {{Severity::warning, Check::home, trouble, "set HOME to the folder of the user whom the editor runs for"}};
 }
 
+namespace {
+
+std::string remedyFor(WrittenFolder const& folder)
+{
+    std::string const there = remedy(folder.check);
+    if (!folder.isPreference)
+        return absl::StrCat(there, there.empty() ? "" : "; ", "'editor-settings paths --explain' shows what decides it");
+    return absl::StrCat(there, there.empty() ? "set another" : ", or set another", ": 'editor-settings set ", folder.label, " FOLDER'");
+}
+
+} // namespace
+
 Findings checkFolders()
 {
     Findings findings;
     std::vector<std::string> missing;
-    auto const add = [&](Severity severity, WrittenFolder const& folder, char const* effect, char const* remedy) {
-        findings.push_back({severity,
-                            Check::folder,
-                            absl::StrCat(folder.label, effect, remark(folder.check)),
-                            remedy,
-                            std::nullopt,
-                            {},
-                            folder.path.toStdString()});
-    };
     for (WrittenFolder const& folder : foldersToWrite()) {
-        if (!folder.check.isUsable)
-            add(Severity::error, folder, ": the editor cannot write there: ",
-                "make the folder writable, or set the preference to another; 'editor-settings paths --explain' shows what decides it");
-        else if (!folder.check.exists)
+        bool const isUsable = folder.check.isUsable;
+        if (isUsable && !folder.check.exists)
             missing.push_back(folder.label);
         else if (folder.check.reason != PathReason::none)
-            add(Severity::warning, folder, ": ", "make it readable, or set the preference to another folder");
+            findings.push_back({isUsable ? Severity::warning : Severity::error,
+                                Check::folder,
+                                absl::StrCat(folder.label, isUsable ? ": " : ": the editor cannot write there: ", remark(folder.check)),
+                                remedyFor(folder),
+                                std::nullopt,
+                                {},
+                                folder.path.toStdString()});
     }
-    if (!missing.empty())
-        findings.push_back({Severity::note, Check::foldersMissing, "not there yet: " + absl::StrJoin(missing, ", "),
-                            "nothing to do: the editor makes them when it writes there"});
+    if (std::size_t const count = missing.size(); count > 0)
+        findings.push_back({Severity::note,
+                            Check::foldersMissing,
+                            count == 1 ? "1 folder is not there yet; the editor makes it"
+                                       : absl::StrCat(count, " folders are not there yet; the editor makes them"),
+                            {},
+                            std::nullopt,
+                            {},
+                            {},
+                            missing});
     return findings;
 }
 

@@ -2,6 +2,9 @@
 #include <Inspection/checks/StoreFileChecks.h>
 
 #include <Inspection/PathStatus.h>
+#include <Inspection/ValueFormat.h>
+
+#include <Storage/Backup.h>
 
 #include <absl/strings/str_cat.h>
 
@@ -62,7 +65,7 @@ void checkFolderOfStore(ExaminedStore const& store, Findings& findings)
     findings.push_back({Severity::error,
                         Check::storeFolder,
                         absl::StrCat("the folder of the store cannot be used: ", remark(status), effect),
-                        "give this user the rights to the folder, or name another with --home",
+                        remedy(status) + ", or name another folder with --home",
                         store.store,
                         {},
                         folder});
@@ -102,7 +105,7 @@ void checkMode(std::string const& file, ExaminedStore const& store, Findings& fi
         findings.push_back({Severity::warning,
                             Check::fileMode,
                             "other users may read or change it: its mode is " + inOctal(status.st_mode & 07777),
-                            absl::StrCat("chmod 600 '", file, "'"),
+                            "chmod 600 " + shellWord(file),
                             store.store,
                             {},
                             file});
@@ -151,6 +154,9 @@ bool isOneOf(std::array<char const*, size> const& types, std::string const& type
     return std::find(types.begin(), types.end(), type) != types.end();
 }
 
+// A change takes its pages once more in the journal.
+constexpr std::int64_t leastFree = 64 * 1024;
+
 constexpr std::array<char const*, 4> typesWithoutHardLinks = {"vfat", "msdos", "exfat", "fuse.exfat"};
 constexpr std::array<char const*, 2> typesInMemory = {"tmpfs", "ramfs"};
 
@@ -160,9 +166,12 @@ void checkFileSystem(ExaminedStore const& store, Findings& findings)
     std::string const where = "it lies on " + (fileSystem.type.empty() ? "a file system without a name" : fileSystem.type);
     std::string const elsewhere =
         "keep the stores on a local disk: move the data folder there (XDG_DATA_HOME), or name a folder with --home";
-    auto const add = [&](Severity severity, char const* what, std::string const& remedy) {
+    auto const add = [&](Severity severity, std::string const& what, std::string const& remedy) {
         findings.push_back(aboutFile(store, severity, Check::fileSystem, where + what, remedy));
     };
+    if (!fileSystem.isReadOnly && fileSystem.bytesFree >= 0 && fileSystem.bytesFree < leastFree)
+        add(Severity::error, absl::StrCat(", which has ", fileSystem.bytesFree, " bytes left, too few for a change"),
+            "free some space there");
     if (fileSystem.isReadOnly)
         add(Severity::error, ", which may only be read, so nothing can be stored",
             "mount it for writing, or name another folder with --home");
@@ -178,6 +187,28 @@ void checkFileSystem(ExaminedStore const& store, Findings& findings)
             "nothing to do where the disk is local; else " + elsewhere);
 }
 
+// --- What restore has kept ---
+
+void checkKept(ExaminedStore const& store, Findings& findings)
+{
+    std::size_t count = 0;
+    std::uintmax_t bytes = 0;
+    std::error_code error;
+    for (fs::directory_iterator entry(store.file.parent_path(), error), end; !error && entry != end; entry.increment(error))
+        if (Storage::Backup::timeOfKeeping(entry->path(), store.file)) {
+            std::error_code noFile;
+            std::uintmax_t const size = entry->file_size(noFile);
+            bytes += noFile ? 0 : size;
+            ++count;
+        }
+    if (count > 0)
+        findings.push_back(
+            aboutFile(store, Severity::note, Check::keptStores,
+                      absl::StrCat(count, count == 1 ? " copy" : " copies", " that restore kept, of ", bytes, " bytes together, beside it"),
+                      absl::StrCat("'editor-settings restore FILE' brings one back; to remove all: rm ", shellWord(store.file.u8string()),
+                                   ".before-restore-*")));
+}
+
 } // namespace
 
 Findings checkStoreFile(ExaminedStore const& store)
@@ -188,6 +219,7 @@ Findings checkStoreFile(ExaminedStore const& store)
     checkMode(journalOf(store), store, findings);
     checkJournal(store, findings);
     checkFileSystem(store, findings);
+    checkKept(store, findings);
     return findings;
 }
 

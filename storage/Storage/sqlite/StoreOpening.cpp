@@ -30,8 +30,6 @@ namespace {
 
 using Code = StorageError::Code;
 
-constexpr int applicationId = 0x4C754553; // "LuES", in the file's header, tells a store from other SQLite files
-
 // Kinds and values have no constraint, so that rows of a later version survive in a file that this one made. `kind` is a
 // stored word of Kind, `changed` counts milliseconds since 1970-01-01 00:00 UTC. Every store has this text: a change of a
 // letter makes strangers of them all.
@@ -46,7 +44,7 @@ constexpr std::size_t longestPath = 504; // SQLite's limit, beyond which it only
 std::string emptyStore()
 {
     SQLite::Database database(":memory:", SQLite::OPEN_READWRITE);
-    database.exec("PRAGMA application_id = " + std::to_string(applicationId) +
+    database.exec("PRAGMA application_id = " + std::to_string(storeApplicationId) +
                   "; PRAGMA user_version = " + std::to_string(SqliteStorage::writtenSchema) + ";" + settingsTable);
     return snapshotOf(database);
 }
@@ -193,7 +191,7 @@ void checkContent(fs::path const& file, SQLite::Database& database, int schema, 
 
 void checkStore(fs::path const& file, SQLite::Database& database, Prepared& all)
 {
-    if (database.execAndGet("PRAGMA application_id").getInt() != applicationId)
+    if (database.execAndGet("PRAGMA application_id").getInt() != storeApplicationId)
         refuse(file, Code::foreign, "it is an SQLite file of another program", nameAnotherFile);
     int const schema = database.execAndGet("PRAGMA user_version").getInt();
     try {

@@ -15,6 +15,9 @@
 
 namespace Storage {
 
+/// "LuES", in the file's header, tells a store from other SQLite files.
+inline constexpr int storeApplicationId = 0x4C754553;
+
 /// Returns `file` as an absolute path. Throws a `StorageError` of `attempt` where it is empty, holds a NUL or is too long
 /// for SQLite, or where the process has no current directory.
 std::filesystem::path absolutePath(std::filesystem::path const& file, char const* attempt);

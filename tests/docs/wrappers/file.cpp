@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // A host: all that the guide's blocks use, and the block.
+#include <Host/Application.h>
 #include <Notifier/Notifier.h>
 #include <Settings/Settings.h>
 #include <Storage/Backup.h>
@@ -9,7 +10,8 @@
 #include <Storage/SqliteStorage.h>
 #include <TestKit/MemoryStorage.h>
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QCheckBox>
 #include <QSettings>
 #include <QThreadPool>
 #include <QTimer>

@@ -72,6 +72,21 @@ TEST_F(ConditionalChanges, ChangeWithoutExpectationIsMadeOverAnything)
     EXPECT_EQ(m_store.getString("key", ""), "text");
 }
 
+TEST_F(ConditionalChanges, ChangesThatAreAskedForOneByOneAreOneTransaction)
+{
+    m_store.applyEach(3, [](std::size_t number) {
+        return SqliteStorage::Change{"key" + std::to_string(number), static_cast<int>(number)};
+    });
+    EXPECT_EQ(m_store.rows().size(), 3u);
+    EXPECT_EQ(m_store.getInt("key2", 0), 2);
+    std::string const before = content(path());
+    auto const fail = [](std::size_t number) { return number < 2 ? SqliteStorage::Change{"key", 1} : throw std::runtime_error("no more"); };
+    EXPECT_THROW(m_store.applyEach(3, fail), std::runtime_error);
+    EXPECT_EQ(content(path()), before);
+    m_store.setInt("after", 1);
+    EXPECT_FALSE(m_store.contains("key"));
+}
+
 // --- Conflicts ---
 
 TEST_F(ConditionalChanges, ConflictIsAStorageErrorWithKeyAndRow)

@@ -9,6 +9,9 @@
 #include <support/OtherProgram.h>
 
 #include <fstream>
+#include <iterator>
+#include <regex>
+#include <sstream>
 
 #include <sqlite3.h>
 #include <sys/stat.h>
@@ -61,10 +64,10 @@ protected:
     }
 
     static json about(char const* severity, char const* check, json const& store, json const& key, json const& path,
-                      std::string const& what, std::string const& remedy)
+                      std::string const& what, json const& remedy)
     {
-        return {{"severity", severity}, {"check", check}, {"store", store},  {"key", key},
-                {"path", path},         {"what", what},   {"remedy", remedy}};
+        return {{"severity", severity}, {"check", check}, {"store", store},   {"key", key},
+                {"path", path},         {"what", what},   {"remedy", remedy}, {"names", json::array()}};
     }
 
     static std::string content(std::string const& file)
@@ -90,6 +93,9 @@ TEST_F(Doctor, HealthIsToldWithItsFacts)
         EXPECT_NE(store["fileSystem"]["type"], "");
         store.erase("fileSystem");
     }
+    json note = about("note", "folders-missing", {}, {}, {}, "21 folders are not there yet; the editor makes them", {});
+    std::istringstream names(std::regex_replace(missingFolders, std::regex(","), ""));
+    note["names"] = std::vector<std::string>{std::istream_iterator<std::string>(names), {}};
     std::string const product = std::filesystem::path(TOOL).parent_path().parent_path().string() + "/share/editor-settings/product.json";
     EXPECT_EQ(told,
               (json{{"facts",
@@ -98,26 +104,24 @@ TEST_F(Doctor, HealthIsToldWithItsFacts)
                       {"stores",
                        {{{"store", "product"}, {"file", productFile()}, {"state", "usable"}, {"schema", 1}, {"journalMode", "truncate"}},
                         {{"store", "common"}, {"file", commonFile()}, {"state", "usable"}, {"schema", 1}, {"journalMode", "truncate"}}}}}},
-                    {"findings",
-                     {about("note", "folders-missing", {}, {}, {}, "not there yet: " + missingFolders,
-                            "nothing to do: the editor makes them when it writes there")}},
+                    {"findings", json::array({note})},
                     {"isWell", true}}));
 }
 
 TEST_F(Doctor, HealthIsToldForPeople)
 {
     std::vector<std::string> const told = lines(said({"doctor"}));
-    ASSERT_EQ(told.size(), 11u);
+    ASSERT_EQ(told.size(), 10u);
     EXPECT_EQ(told[0].substr(0, 14), "product file\t/");
     EXPECT_EQ(told[1], std::string("SQLite\t") + sqlite3_libversion());
     EXPECT_EQ(told[2], "product store\t" + productFile());
     EXPECT_EQ(told[3].substr(0, told[3].find(", on ")), "\tusable, schema 1, journal mode truncate");
     EXPECT_EQ(told[4], "common store\t" + commonFile());
     EXPECT_EQ(told[6], "");
-    EXPECT_EQ(told[7], "note\tnot there yet: " + missingFolders);
-    EXPECT_EQ(told[8], "\tnothing to do: the editor makes them when it writes there");
-    EXPECT_EQ(told[9], "");
-    EXPECT_EQ(told[10], "all is well");
+    EXPECT_EQ(told[7], "note\t21 folders are not there yet; the editor makes them");
+    EXPECT_EQ(told[8], "");
+    EXPECT_EQ(told[9], "all is well");
+    EXPECT_EQ(lines(said({"doctor", "--verbose"})).at(7), "note\t21 folders are not there yet; the editor makes them: " + missingFolders);
 }
 
 TEST_F(Doctor, HealthIsToldForScripts)
@@ -127,8 +131,9 @@ TEST_F(Doctor, HealthIsToldForScripts)
     EXPECT_EQ(told[1], std::string("fact\tsqlite\t\t") + sqlite3_libversion() + '\t');
     EXPECT_EQ(told[2].substr(0, told[2].find(", on ")),
               "fact\tproduct-store\t" + productFile() + "\tusable, schema 1, journal mode truncate");
-    EXPECT_EQ(told[4],
-              "note\tfolders-missing\t\tnot there yet: " + missingFolders + "\tnothing to do: the editor makes them when it writes there");
+    EXPECT_EQ(told[4], "note\tfolders-missing\t\t21 folders are not there yet; the editor makes them\t");
+    EXPECT_EQ(lines(said({"doctor", "--plain", "--verbose"})).at(4),
+              "note\tfolders-missing\t\t21 folders are not there yet; the editor makes them: " + missingFolders + '\t');
 }
 
 TEST_F(Doctor, LooksAndChangesNothing)
@@ -254,9 +259,8 @@ TEST_F(Doctor, FindingsAreCounted)
 TEST_F(Doctor, FolderThatTheEditorCannotWriteToIsFound)
 {
     tool({"set", "snapshotPath", m_home.write("file", "").string()});
-    EXPECT_EQ(finding(),
-              about("error", "folder", {}, {}, inHome("file"), "snapshotPath: the editor cannot write there: not a folder",
-                    "make the folder writable, or set the preference to another; 'editor-settings paths --explain' shows what decides it"));
+    EXPECT_EQ(finding(), about("error", "folder", {}, {}, inHome("file"), "snapshotPath: the editor cannot write there: not a folder",
+                               "move it away, as it is no folder, or set another: 'editor-settings set snapshotPath FOLDER'"));
 }
 
 TEST_F(Doctor, NothingIsPrintedBetweenTheFactsAndTheVerdictWithoutFindings)

@@ -604,8 +604,8 @@ TEST_F(Tool, ExplainTellsWhatIsStoredAndSinceWhen)
 
 TEST_F(Tool, ListHasOneFaceEverywhere)
 {
-    said({"set", "userCustomColors", "#fff", "a b"});
-    std::string const face = R"(["#fff","a b"])";
+    said({"set", "userCustomColors", "#fff", "a \\ b"});
+    std::string const face = R"(["#fff","a \\ b"])";
     EXPECT_EQ(said({"list", "userCustomColors"}), "KEY\tTYPE\tSTORE\tSTATE\tVALUE\nuserCustomColors\tlist\tproduct\tset\t" + face + '\n');
     EXPECT_EQ(said({"get", "userCustomColors", "--plain"}), face + '\n');
     std::string const explained = said({"explain", "userCustomColors"});
@@ -613,7 +613,10 @@ TEST_F(Tool, ListHasOneFaceEverywhere)
     EXPECT_NE(explained.find("\nvalue\t" + face + '\n'), std::string::npos) << explained;
     said({"export", inHome("settings.json")});
     said({"unset", "userCustomColors"});
-    EXPECT_EQ(tool({"diff", inHome("settings.json"), "--plain"}).out, "added\tproduct\tuserCustomColors\t\t\tstring\t" + face + '\n');
+    for (std::vector<std::string> words : {std::vector<std::string>{"diff"}, {"import", "--dry-run"}}) {
+        words.insert(words.end(), {inHome("settings.json"), "--plain"});
+        EXPECT_EQ(tool(words).out, "added\tproduct\tuserCustomColors\t\t\tstring\t" + face + '\n');
+    }
     Storage::SqliteStorage(productFile()).setString("userCustomColors", "a|#||#|b");
     EXPECT_NE(said({"explain", "userCustomColors"}).find("\nstored\ta|#||#|b\n"), std::string::npos) << "a list that is read as another";
 }

@@ -179,6 +179,37 @@ INSTANTIATE_TEST_SUITE_P(
                     Home{"Missing", {"HOME=/no/such"}, "HOME is '/no/such', which is not there", ""}),
     byMeaning);
 
+// --- The folder of data ---
+
+TEST_F(FirstStart, RelativeDataFolderCountsAsNotSet)
+{
+    std::string const store = inHome(".local/share/Lumora/Lumora Video Editor/product-settings.sqlite");
+    for (char const* folder : {"data", "./data", "~/data"}) {
+        Words const environment = {"-C", m_home.path().string(), std::string("XDG_DATA_HOME=") + folder};
+        std::string const note =
+            std::string("editor-settings: XDG_DATA_HOME is '") + folder + "', which is not absolute, so it counts as not set\n";
+        Ended const set = with(environment, {"set", "npsSendCount", "3"});
+        EXPECT_EQ(set.status, 0);
+        EXPECT_EQ(set.err, note);
+        EXPECT_EQ(Storage::SqliteStorage(store).getInt("npsSendCount", 0), 3);
+        EXPECT_EQ(with(environment, {"get", "npsSendCount"}).out, "3\n");
+        EXPECT_EQ(with(environment, {"paths", "productDataPath", "--plain"}).out, inHome(".local/share/Lumora/Lumora Video Editor") + '\n');
+        Ended const doctor = with(environment, {"doctor"});
+        EXPECT_EQ(doctor.err, note);
+        EXPECT_NE(doctor.out.find("product store\t" + store + '\n'), std::string::npos) << doctor.out;
+        EXPECT_EQ(with(environment, {"complete", "--", "unset", ""}).err, "");
+        fs::remove(store);
+    }
+    EXPECT_FALSE(fs::exists(inHome("data")));
+    EXPECT_FALSE(fs::exists(inHome("~")));
+}
+
+TEST_F(FirstStart, EmptyDataFolderCountsAsNotSetWithoutAWord)
+{
+    EXPECT_EQ(with({"XDG_DATA_HOME="}, {"set", "npsSendCount", "3"}).err, "");
+    EXPECT_TRUE(fs::exists(inHome(".local/share/Lumora/Lumora Video Editor/product-settings.sqlite")));
+}
+
 TEST_F(FirstStart, HomeThatIsNotSetIsFoundByTheDoctor)
 {
     Ended const ended = with({"-u", "HOME"}, {"doctor", "--plain"});

@@ -18,6 +18,11 @@ protected:
     Ended onNetwork(std::vector<std::string> arguments)
     {
         arguments.insert(arguments.end(), {"--home", inHome("stores")});
+        return asOnNetwork(arguments);
+    }
+
+    Ended asOnNetwork(std::vector<std::string> const& arguments)
+    {
         return tool(arguments, {{"TEST_NETWORK_FOLDER", std::filesystem::canonical(inHome("stores"))},
                                 {"LD_PRELOAD", NETWORK_FOLDER},
                                 {"ASAN_OPTIONS", "verify_asan_link_order=0:detect_leaks=0"}});
@@ -50,6 +55,13 @@ TEST_F(NetworkStores, AreReadAndChangedWhereItIsAllowed)
     EXPECT_EQ(onNetwork({"get", "npsSendCount", "--allow-network"}).out, "3\n");
     EXPECT_EQ(onNetwork({"set", "npsSendCount", "4", "--allow-network"}).err, "");
     EXPECT_EQ(onNetwork({"--allow-network", "get", "npsSendCount"}).out, "4\n");
+}
+
+TEST_F(NetworkStores, AreLookedAtForCompletionWhereItIsAllowed)
+{
+    EXPECT_EQ(asOnNetwork({"complete", "--", "--allow-network", "unset", "--home", inHome("stores"), ""}).out,
+              "npsSendCount\tSurvey answers sent\n");
+    EXPECT_EQ(asOnNetwork({"complete", "--", "unset", "--home", inHome("stores"), ""}).out, "");
 }
 
 TEST_F(NetworkStores, AreImportedAndRestoredWhereItIsAllowed)

@@ -163,15 +163,15 @@ TEST_F(Aligned, ListLinesUpOnATerminal)
 
 TEST_F(Aligned, ColumnsLineUpByCodePoints)
 {
-    EXPECT_EQ(onTerminal(m_command).out, "STORE    KEY         NOW  IN THE BACKUP\n"
-                                         "product  exportPath  /\xE6\x97\xA5\xE6\x9C\xAC  /a\n"
-                                         "product  lastTarget  e\xCC\x81x  b\n");
+    EXPECT_EQ(onTerminal(m_command).out, "STORE    KEY         BEFORE  RESTORED\n"
+                                         "product  exportPath  /\xE6\x97\xA5\xE6\x9C\xAC     /a\n"
+                                         "product  lastTarget  e\xCC\x81x     b\n");
     EXPECT_EQ(onTerminal(m_command, {{"LC_ALL", "C"}}).out, onTerminal(m_command, {{"LC_ALL", "C.UTF-8"}}).out);
 }
 
 TEST_F(Aligned, TabsStandBetweenColumnsElsewhere)
 {
-    EXPECT_EQ(run(m_command).out, "STORE\tKEY\tNOW\tIN THE BACKUP\n"
+    EXPECT_EQ(run(m_command).out, "STORE\tKEY\tBEFORE\tRESTORED\n"
                                   "product\texportPath\t/\xE6\x97\xA5\xE6\x9C\xAC\t/a\n"
                                   "product\tlastTarget\te\xCC\x81x\tb\n");
 }

@@ -12,7 +12,10 @@
 #include <regex>
 #include <thread>
 
+#include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -283,6 +286,50 @@ TEST_F(Exchange, UnknownKeysAreTakenWhenAskedFor)
     EXPECT_EQ(imported({in, "--with-unknown"}), "editor-settings: 2 changed, 0 already as in the file\n");
     EXPECT_EQ(valuesOf(productFile()), (Values{{"unknown", 2}, {"stabilizedFileFormat", true}}));
 }
+
+#ifndef __SANITIZE_ADDRESS__ // what the sanitizer keeps itself is many times that
+// The most memory that a command took, in bytes.
+std::size_t peakOf(std::vector<std::string> command)
+{
+    pid_t const child = ::fork();
+    if (child == 0) {
+        ::dup2(::open("/dev/null", O_WRONLY), STDOUT_FILENO);
+        ::dup2(STDOUT_FILENO, STDERR_FILENO);
+        std::vector<char*> arguments;
+        for (std::string& word : command)
+            arguments.push_back(word.data());
+        arguments.push_back(nullptr);
+        ::execv(arguments[0], arguments.data());
+        ::_exit(127);
+    }
+    int status = -1;
+    rusage usage = {};
+    ::wait4(child, &status, 0, &usage);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) <= 1) << status; // diff ends with 1
+    return static_cast<std::size_t>(usage.ru_maxrss) * 1024;
+}
+
+// Many small values are the worst, as the parts of an entry take more than its line does.
+TEST_F(Exchange, ImportTakesEightTimesTheDocumentAtMost)
+{
+    constexpr int count = 200000;
+    std::ofstream stream(inHome("in.json"));
+    stream << R"({"format": "editor-settings export", "version": 1, "stores": {"product": {)";
+    for (int number = 100000; number < 100000 + count; ++number)
+        stream << (number == 100000 ? "" : ",") << "\n      \"key" << number << R"(": {"kind": "int", "class": null, "value": 1})";
+    stream << "}}}";
+    stream.close();
+    std::size_t const size = std::filesystem::file_size(inHome("in.json"));
+    ASSERT_GT(size, 10000000u);
+    std::string const small = m_home.write("small.json", document(R"("key": {"kind": "int", "value": 1})")).string();
+    std::size_t const least = peakOf({TOOL, "import", "--with-unknown", small});
+    ASSERT_LT(least, 100000000u);
+    EXPECT_LE(peakOf({TOOL, "diff", inHome("in.json")}), least + 8 * size);
+    EXPECT_LE(peakOf({TOOL, "import", "--with-unknown", inHome("in.json")}), least + 8 * size);
+    EXPECT_EQ(valuesOf(productFile()).size(), count + 1u);
+    EXPECT_LE(peakOf({TOOL, "import", "--with-unknown", inHome("in.json")}), least + 8 * size) << "nothing differs";
+}
+#endif
 
 TEST_F(Exchange, DryRunTellsAndMakesNothing)
 {

@@ -106,6 +106,17 @@ bool isEmpty(char const* variable)
     return !value || *value == '\0';
 }
 
+// The rules of these variables have programs ignore a relative folder; Qt takes it, so that the stores would lie wherever
+// the program is started. Returns the ignored folder.
+std::string ignoredDataFolder()
+{
+    char const* const folder = std::getenv("XDG_DATA_HOME");
+    std::string const ignored = folder && *folder != '/' ? folder : "";
+    if (folder && *folder != '/')
+        ::unsetenv("XDG_DATA_HOME");
+    return ignored;
+}
+
 // A store created below a folder that only looks like the user's would be lost to the editor.
 void checkHome(StoreUse use, bool storesLieInHome)
 {
@@ -128,7 +139,7 @@ void printReadOnlyStores(Host::Application const& application)
 
 class CommandLine {
 public:
-    CommandLine()
+    explicit CommandLine(std::vector<std::string> const& words)
     {
         m_commands.push_back(completionCommand());
         m_commands.push_back(manualCommand());
@@ -145,27 +156,33 @@ public:
                                 adviceOnUsage(*app, m_global.options(), m_commands));
         });
         addOptions(m_app, m_global.options());
+        m_words = verbFirst(words, m_global.options(), m_commands);
         for (Command const& command : m_commands)
-            addCommand(m_app, command, m_known);
-        m_completing = m_app.add_subcommand("complete")->group(""); // not in the help: it is for shells
-        m_completing->add_option("WORDS", m_typed)->transform(unmarked());
+            if (isTyped(command.name))
+                addCommand(m_app, command, m_known);
+        if (isTyped("complete")) { // not in the help: it is for shells
+            m_completing = m_app.add_subcommand("complete");
+            m_completing->add_option("WORDS", m_typed)->transform(unmarked());
+        }
     }
 
-    int run(int argc, char** argv)
+    int run()
     {
         try {
-            m_app.parse(markedArguments(verbFirst({argv + 1, argv + argc}, m_global.options(), m_commands)));
+            m_app.parse(markedArguments(m_words));
             if (m_app.get_subcommands().empty())
                 throw CLI::RequiredError("A verb");
         } catch (CLI::ParseError const& error) {
             return m_app.exit(error) == 0 ? 0 : wrongUsage;
         }
-        if (*m_completing)
+        if (m_completing && *m_completing)
             return printCandidates(m_global.options(), m_commands, m_typed), 0;
         CLI::App const* parsed = &m_app;
         while (!parsed->get_subcommands().empty())
             parsed = parsed->get_subcommands().front();
         m_errorStatus = m_known.at(parsed)->errorStatus;
+        if (!m_ignoredDataFolder.empty() && m_known.at(parsed)->needsProduct)
+            printError(absl::StrCat("XDG_DATA_HOME is ", quoted(m_ignoredDataFolder), ", which is not absolute, so it counts as not set"));
         return run(*m_known.at(parsed));
     }
 
@@ -173,6 +190,9 @@ public:
     int errorStatus() const { return m_errorStatus; }
 
 private:
+    // A verb that is no word of the command line cannot be meant, and its parser is not built.
+    bool isTyped(std::string const& verb) const { return std::find(m_words.begin(), m_words.end(), verb) != m_words.end(); }
+
     int run(Command const& command)
     {
         bool hasOpened = false;
@@ -277,6 +297,7 @@ private:
 
     CLI::App m_app{"Shows and changes preferences, folders and names of files of Lumora Video Editor.", "editor-settings"};
     GlobalOptions m_global;
+    std::vector<std::string> m_words; // as they are parsed
     std::vector<Command> m_commands = allCommands();
     std::map<CLI::App const*, Command const*> m_known;
     CLI::App* m_completing = nullptr;
@@ -284,6 +305,7 @@ private:
     std::string m_shell;
     std::string m_helpedVerb;
     int m_errorStatus = 1;
+    std::string const m_ignoredDataFolder = ignoredDataFolder();
 };
 
 } // namespace
@@ -308,8 +330,8 @@ std::vector<Option> GlobalOptions::options()
 
 int runCommandLine(int argc, char** argv)
 {
-    CommandLine commandLine;
-    int const status = commandLine.run(argc, argv);
+    CommandLine commandLine({argv + 1, argv + argc});
+    int const status = commandLine.run();
     std::string const trouble = closeStandardOutput();
     if (trouble.empty())
         return status;

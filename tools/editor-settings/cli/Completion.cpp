@@ -73,17 +73,20 @@ public:
         return found != m_values.end() ? found->second : variable ? variable : "";
     }
 
+    /// Whether an option was given.
+    bool isGiven(std::string const& name) const { return m_values.count(name) > 0; }
+
 private:
     void takeOption(std::string const& word)
     {
         std::size_t const equals = word.find('=');
         Option const* const found = option(word.substr(0, equals));
-        if (!found || !found->takesValue())
+        if (!found)
             return;
-        if (equals == std::string::npos)
+        if (found->takesValue() && equals == std::string::npos)
             m_awaiting = found;
         else
-            m_values[found->name] = word.substr(equals + 1);
+            m_values[found->name] = equals == std::string::npos ? "" : word.substr(equals + 1);
     }
 
     void takeWord(std::string const& word)
@@ -129,9 +132,11 @@ std::vector<Candidate> storedKeys(Position const& position)
 try {
     std::string const product = position.value("--product");
     std::string const home = position.value("--home");
+    Storage::SqliteStorage::Options options;
+    options.allowNetworkFileSystem = position.isGiven("--allow-network");
     Host::ToolApplication const application(
         product.empty() ? Host::installedProductFile() : std::filesystem::path(product),
-        {home.empty() ? std::nullopt : std::optional<std::filesystem::path>(home), Host::StorePolicy::leaveOutUnusable});
+        {home.empty() ? std::nullopt : std::optional<std::filesystem::path>(home), Host::StorePolicy::leaveOutUnusable, options});
     std::vector<Candidate> result;
     for (Storage::SqliteStorage const* const store : {application.productStorage(), application.commonStorage()})
         for (Storage::SqliteStorage::Row const& row : store ? store->rows() : std::vector<Storage::SqliteStorage::Row>())

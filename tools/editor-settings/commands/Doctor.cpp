@@ -102,7 +102,8 @@ ordered_json asJson(Finding const& finding)
             {"key", orNull(finding.key)},
             {"path", orNull(finding.path)},
             {"what", finding.what},
-            {"remedy", remedyOf(finding)}};
+            {"remedy", orNull(remedyOf(finding))},
+            {"names", finding.names}};
 }
 
 std::string whereOf(Finding const& finding)
@@ -146,16 +147,22 @@ Terminal::Style styleOfVerdict(Report const& report)
     return report.isWell() ? Terminal::Style::good : styleOf(report.count(Severity::error) > 0 ? Severity::error : Severity::warning);
 }
 
+// What was found, with the names of what it counts where they are wanted.
+std::string whatOf(Finding const& finding, bool isVerbose)
+{
+    return isVerbose && !finding.names.empty() ? absl::StrCat(finding.what, ": ", joined(finding.names, ", ")) : finding.what;
+}
+
 // The place, the finding and the remedy, below one another.
-void appendTo(std::vector<Columns>& table, Finding const& finding)
+void appendTo(std::vector<Columns>& table, Finding const& finding, bool isVerbose)
 {
     Cell severity = {severityName(finding.severity), styleOf(finding.severity)};
-    for (std::string const& line : {whereOf(finding), withoutControls(finding.what), withoutControls(remedyOf(finding))})
+    for (std::string const& line : {whereOf(finding), withoutControls(whatOf(finding, isVerbose)), withoutControls(remedyOf(finding))})
         if (!line.empty())
             table.push_back({std::exchange(severity, Cell("")), line});
 }
 
-void printForPeople(Report const& report)
+void printForPeople(Report const& report, bool isVerbose)
 {
     std::vector<Columns> facts = {{"product file", onOneLine(report.productFile)}, {"SQLite", Storage::SqliteStorage::sqliteVersion()}};
     for (ExaminedStore const& store : report.stores) {
@@ -165,20 +172,20 @@ void printForPeople(Report const& report)
     printTable(facts, {}, Format::people);
     std::vector<Columns> findings;
     for (Finding const& finding : report.findings)
-        appendTo(findings, finding);
+        appendTo(findings, finding, isVerbose);
     std::cout << (findings.empty() ? "" : "\n");
     printTable(findings, {}, Format::people);
     std::cout << '\n' << Terminal::painted(verdictOn(report), styleOfVerdict(report)) << '\n';
 }
 
-void printForScripts(Report const& report)
+void printForScripts(Report const& report, bool isVerbose)
 {
     std::vector<Columns> table = {{"fact", "product-file", onOneLine(report.productFile), "", ""},
                                   {"fact", "sqlite", "", Storage::SqliteStorage::sqliteVersion(), ""}};
     for (ExaminedStore const& store : report.stores)
         table.push_back({"fact", absl::StrCat(name(store.store), "-store"), onOneLine(store.file.u8string()), summaryOf(store), ""});
     for (Finding const& finding : report.findings)
-        table.push_back({severityName(finding.severity), checkName(finding.check), whereOf(finding), onOneLine(finding.what),
+        table.push_back({severityName(finding.severity), checkName(finding.check), whereOf(finding), onOneLine(whatOf(finding, isVerbose)),
                          onOneLine(remedyOf(finding))});
     printTable(table, {}, Format::plain);
 }
@@ -198,15 +205,15 @@ void printAsJson(Report const& report)
 
 // Prints the findings about the home folder, the product file, both stores and the folders that the editor writes to.
 // Changes nothing, except that SQLite undoes an interrupted change. Returns whether there are only notes.
-bool examineAll(Invocation const& invocation, Format format)
+bool examineAll(Invocation const& invocation, Format format, bool isVerbose)
 {
     Report const report = reportOn(invocation);
     if (format == Format::json)
         printAsJson(report);
     else if (format == Format::plain)
-        printForScripts(report);
+        printForScripts(report, isVerbose);
     else
-        printForPeople(report);
+        printForPeople(report, isVerbose);
     return report.isWell();
 }
 
@@ -214,16 +221,20 @@ bool examineAll(Invocation const& invocation, Format format)
 
 std::vector<Command> commandsOfDoctor()
 {
-    auto const format = std::make_shared<FormatChoice>();
+    struct Words {
+        FormatChoice format;
+        bool isVerbose = false;
+    };
+    auto const words = std::make_shared<Words>();
     Command command;
     command.name = "doctor";
     command.group = Group::support;
     command.summary = "What is wrong with stores, values and folders, and what to do";
-    command.options = withFormat(*format, jsonHelp);
+    command.options = withFormat(words->format, jsonHelp, {Option("--verbose", &words->isVerbose, "Names what is else only counted")});
     command.examples = {{"editor-settings doctor", "What is wrong and what to do; exit status 0 where all is well."},
                         {"editor-settings doctor --json > report.json", "The same, for somebody who helps."}};
     command.stores = always(StoreUse::none);
     command.isLong = true;
-    command.run = [format](Invocation const& invocation) { return examineAll(invocation, *format) ? 0 : 1; };
+    command.run = [words](Invocation const& invocation) { return examineAll(invocation, words->format, words->isVerbose) ? 0 : 1; };
     return {command};
 }

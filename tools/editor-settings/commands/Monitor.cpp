@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Commands.h"
+#include "commands/Output.h"
 #include "terminal/Escaping.h"
 #include <Inspection/PreferenceState.h>
 #include <Inspection/RowDifference.h>
@@ -22,7 +23,6 @@ using Catalogue::Store;
 using Inspection::jsonText;
 using Inspection::storageFile;
 using Inspection::storedJson;
-using Inspection::storedText;
 using nlohmann::ordered_json;
 using Storage::StoreWatcher;
 
@@ -39,7 +39,8 @@ struct WatchedStore {
 void print(std::string const& store, Storage::RowDifference const& difference, Format format)
 {
     auto const& [key, before, after] = difference;
-    std::string const time = Inspection::inUtc(after ? after->changed : std::chrono::system_clock::now());
+    auto const when = after ? after->changed : std::chrono::system_clock::now();
+    std::string const time = format == Format::people ? Inspection::inLocalTime(when) : Inspection::inUtc(when);
     if (format == Format::json) {
         ordered_json const line = {
             {"time", time}, {"store", store}, {"key", key}, {"before", storedJson(before)}, {"after", storedJson(after)}};
@@ -47,8 +48,8 @@ void print(std::string const& store, Storage::RowDifference const& difference, F
         return;
     }
     char const* const separator = format == Format::plain ? "\t" : "  ";
-    std::cout << time << separator << store << separator << onOneLine(key) << separator << onOneLine(storedText(before, "(unset)"))
-              << (format == Format::plain ? "\t" : " -> ") << onOneLine(storedText(after, "(unset)")) << '\n';
+    std::cout << time << separator << store << separator << onOneLine(key) << separator << onOneLine(before, "(unset)")
+              << (format == Format::plain ? "\t" : " -> ") << onOneLine(after, "(unset)") << '\n';
 }
 
 void look(WatchedStore& store, Format format)

@@ -209,7 +209,7 @@ std::vector<Columns> tableOf(PreferenceState const& found, std::string const& fi
         table.push_back({"file", onOneLine(file)});
     table.push_back({"state", Inspection::stateName(found.state())});
     if (found.stored) {
-        table.push_back({"stored", onOneLine(Inspection::storedText(found.stored, ""))});
+        table.push_back({"stored", onOneLine(found.stored, "")});
         table.push_back({"stored kind", onOneLine(found.stored->kind)});
         auto const when = found.stored->changed;
         table.push_back({"changed", format == Format::plain ? Inspection::inUtc(when) : Inspection::inLocalTime(when)});

@@ -9,16 +9,20 @@
 #include <Inspection/DocumentTransfer.h>
 #include <Inspection/ExportDocument.h>
 #include <Inspection/PreferenceState.h>
+#include <Inspection/ValueFormat.h>
 
 #include <absl/strings/str_cat.h>
 #include <absl/strings/str_join.h>
+#include <absl/strings/str_replace.h>
 
 #include <Storage/AtomicFile.h>
 
 #include <algorithm>
+#include <deque>
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include <unistd.h>
 
@@ -30,6 +34,7 @@ using Inspection::Difference;
 using Inspection::Document;
 using Inspection::DocumentError;
 using Inspection::RowDifference;
+using nlohmann::ordered_json;
 using Storage::SqliteStorage;
 
 namespace {
@@ -131,8 +136,8 @@ Terminal::Style styleFor(Change change)
 Columns columnsOf(std::optional<SqliteStorage::Row> const& row, std::string const& absent, bool kindsDiffer, Format format)
 {
     if (format == Format::plain)
-        return {row ? onOneLine(row->kind) : "", onOneLine(Inspection::storedText(row, ""))};
-    return {shortened(onOneLine(Inspection::storedText(row, absent)), 120) + (kindsDiffer ? " (" + onOneLine(row->kind) + ')' : "")};
+        return {row ? onOneLine(row->kind) : "", onOneLine(row, "")};
+    return {shortened(onOneLine(row, absent), 120) + (kindsDiffer ? " (" + onOneLine(row->kind) + ')' : "")};
 }
 
 // An import removes nothing, so a difference is named by the side that has the key.
@@ -153,29 +158,48 @@ Columns lineOf(Difference const& difference, Format format, char const* (*nameFo
     return line;
 }
 
-nlohmann::ordered_json jsonOf(std::optional<SqliteStorage::Row> const& row)
+ordered_json jsonOf(std::optional<SqliteStorage::Row> const& row)
 {
     bool const isReadable = row && !std::holds_alternative<std::monostate>(row->value);
     return isReadable ? Inspection::fieldsOf(row->kind, row->value) : Inspection::storedJson(row);
 }
 
-void print(std::vector<Difference> const& differences, Format format, char const* (*nameForPeople)(Change))
+ordered_json jsonOf(Difference const& difference)
 {
-    if (format == Format::json) {
-        auto array = nlohmann::ordered_json::array();
-        for (auto const& [store, row] : differences)
-            array.push_back({{"change", changeName(row.change())},
-                             {"store", name(store)},
-                             {"key", Inspection::nameOf(row.key)},
-                             {"stored", jsonOf(row.before)},
-                             {"file", jsonOf(row.after)}});
-        return printJson(array);
-    }
+    auto const& [store, row] = difference;
+    return {{"change", changeName(row.change())},
+            {"store", name(store)},
+            {"key", Inspection::nameOf(row.key)},
+            {"stored", jsonOf(row.before)},
+            {"file", jsonOf(row.after)}};
+}
+
+// As `printJson` prints an array, which would take many times the size of its text.
+void printAsJson(std::deque<Difference> differences)
+{
+    char const* separator = "";
+    std::cout << '[';
+    for (; !differences.empty(); differences.pop_front())
+        std::cout << std::exchange(separator, ",") << "\n  "
+                  << absl::StrReplaceAll(Inspection::jsonText(jsonOf(differences.front()), 2), {{"\n", "\n  "}});
+    std::cout << (*separator ? "\n]\n" : "]\n");
+}
+
+// Only columns that line up have to be known to the last before the first is printed.
+void print(std::deque<Difference> differences, Format format, char const* (*nameForPeople)(Change))
+{
+    if (format == Format::json)
+        return printAsJson(std::move(differences));
+    Columns heading = {"CHANGE", "STORE", "KEY", "STORED", "FILE"};
     std::vector<Columns> table;
-    for (Difference const& difference : differences)
-        table.push_back(lineOf(difference, format, nameForPeople));
-    if (!table.empty())
-        printTable(table, {"CHANGE", "STORE", "KEY", "STORED", "FILE"}, format);
+    while (!differences.empty()) {
+        table.push_back(lineOf(differences.front(), format, nameForPeople));
+        differences.pop_front();
+        if (differences.empty() || !Terminal::isLookedAt()) {
+            printTable(std::exchange(table, {}), heading, format);
+            heading.clear();
+        }
+    }
 }
 
 // Whether anything differs.
@@ -184,14 +208,16 @@ bool showDifferences(Host::Application const& application, TransferOptions const
     try {
         std::optional<ProgressLine> progress(3);
         progress->next(isTyped(options) ? "" : "reading the file");
-        Document const wanted = document(options);
-        Comparison const comparison = Inspection::compared(application, selection(options), wanted, steps(*progress, "comparing with"));
+        Document wanted = document(options);
+        Comparison comparison =
+            Inspection::compared(application, selection(options), std::move(wanted), steps(*progress, "comparing with"));
         progress.reset(); // the answer may stand on the same terminal
         printUncarried(comparison.uncarried, "not compared");
-        print(comparison.differences, format, differenceName);
+        bool const isDifferent = !comparison.differences.empty();
+        print(std::move(comparison.differences), format, differenceName);
         if (comparison.redacted > 0)
             printError(absl::StrCat(comparison.redacted, " redacted in the file, so not compared"));
-        return !comparison.differences.empty();
+        return isDifferent;
     } catch (DocumentError const& error) {
         throw UserError(sentence(options, error));
     }
@@ -213,10 +239,10 @@ std::string shownOutcome(std::pair<Store, Inspection::Outcome> const& outcome)
     return store + "cannot be read";
 }
 
-void import(Host::Application const& application, std::vector<Difference> const& differences)
+void import(Host::Application const& application, std::deque<Difference> differences)
 {
     ProgressLine progress(2);
-    auto const& [error, outcomes] = Inspection::imported(application, differences, steps(progress, "changing"));
+    auto const& [error, outcomes] = Inspection::imported(application, std::move(differences), steps(progress, "changing"));
     if (!error)
         return;
     if (outcomes.empty())
@@ -225,9 +251,8 @@ void import(Host::Application const& application, std::vector<Difference> const&
     throw UserError(absl::StrCat(error->what(), "; ", absl::StrJoin(outcomes, ", ", append), "; then import the file again"));
 }
 
-void printCounts(Comparison const& comparison, bool isDryRun)
+void printCounts(std::size_t changes, Comparison const& comparison, bool isDryRun)
 {
-    std::size_t const changes = comparison.differences.size();
     std::string const redacted =
         comparison.redacted > 0 ? absl::StrCat(", ", comparison.redacted, " redacted in the file and left alone") : "";
     printError(absl::StrCat(changes, isDryRun ? " would change, " : " changed, ", comparison.same, " already as in the file", redacted));
@@ -248,18 +273,19 @@ void importSettings(Host::Application const& application, TransferOptions const&
 {
     std::optional<ProgressLine> progress(3);
     progress->next(isTyped(options) ? "" : "reading the file");
-    Document const wanted = checkedDocument(options);
-    Comparison comparison = Inspection::compared(application, selection(options), wanted, steps(*progress, "comparing with"));
+    Document wanted = checkedDocument(options);
+    Comparison comparison = Inspection::compared(application, selection(options), std::move(wanted), steps(*progress, "comparing with"));
     progress.reset(); // what follows is printed, or has steps of its own
     printUncarried(comparison.uncarried, "not compared");
     auto const isKept = [](Difference const& difference) { return difference.row.change() == Change::removed; };
     auto& differences = comparison.differences;
     differences.erase(std::remove_if(differences.begin(), differences.end(), isKept), differences.end());
+    std::size_t const changes = differences.size();
     if (options.dryRun)
-        print(differences, format, changeName);
+        print(std::move(differences), format, changeName);
     else
-        import(application, differences);
-    printCounts(comparison, options.dryRun);
+        import(application, std::move(differences));
+    printCounts(changes, comparison, options.dryRun);
 }
 
 // --- The verbs ---

@@ -5,6 +5,7 @@
 
 #include <absl/strings/str_cat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 
@@ -32,6 +33,7 @@ public:
             refuse(shown, errno);
         if (m_isFile && !S_ISREG(status.st_mode))
             refuse(shown, S_ISDIR(status.st_mode) ? "it is a folder" : "it is not a regular file");
+        m_size = S_ISREG(status.st_mode) ? static_cast<std::size_t>(status.st_size) : 0;
     }
     ~Input()
     {
@@ -42,10 +44,13 @@ public:
     Input& operator=(Input const&) = delete;
 
     int descriptor() const { return m_descriptor; }
+    /// Of a regular file; 0 for any other.
+    std::size_t size() const { return m_size; }
 
 private:
     bool m_isFile;
     int m_descriptor;
+    std::size_t m_size = 0;
 };
 
 } // namespace
@@ -55,6 +60,7 @@ std::string inputFile(std::string const& name, std::size_t most)
     std::string const shown = name == "-" ? "standard input" : quoted(name);
     Input const input(name, shown);
     std::string content;
+    content.reserve(std::min(input.size(), most));
     char buffer[1 << 16];
     for (ssize_t count; (count = ::read(input.descriptor(), buffer, sizeof buffer)) != 0;) {
         if (count < 0 && errno == EINTR)
