@@ -30,11 +30,14 @@ private:
 // A store created below a folder that is not the user's would not be found again.
 void checkHome(fs::path const& productFolder)
 {
-    if (!qEnvironmentVariableIsEmpty("XDG_DATA_HOME"))
-        return;
-    if (std::string const trouble = troubleWithHome(); !trouble.empty())
-        throw Storage::StorageError(Storage::StorageError::Code::access, productFolder.string(), "keep the stores", trouble,
-                                    "set HOME to your folder");
+    auto const refuse = [&](std::string const& reason, char const* remedy) {
+        throw Storage::StorageError(Storage::StorageError::Code::access, productFolder.string(), "keep the stores", reason, remedy);
+    };
+    std::string const data = qgetenv("XDG_DATA_HOME").toStdString();
+    if (!data.empty() && data[0] != '/')
+        refuse("XDG_DATA_HOME is '" + data + "', which is not absolute", "unset it, or set it to an absolute path");
+    if (std::string const trouble = troubleWithHome(); data.empty() && !trouble.empty())
+        refuse(trouble, "set HOME to your folder");
 }
 
 } // namespace

@@ -43,10 +43,9 @@ public:
     };
 
     /// Opens both stores and binds the library to them and to `product`, which must not be null. Creates what is missing. Refuses to
-    /// create stores in a home folder that `HOME` does not name as an absolute path, or that is not there. Changes no existing
-    /// file.
-    /// `resourcesRoot` is the folder of shipped content and need not exist; a relative one depends on the current folder at each
-    /// call.
+    /// create stores where `XDG_DATA_HOME`, or without it `HOME`, is no absolute path, or where the home folder is not there. Changes no
+    /// existing file. `resourcesRoot` is the folder of shipped content and need not exist; a relative one depends on the current folder at
+    /// each call.
     Application(std::shared_ptr<IProductInfo> product, std::filesystem::path const& resourcesRoot);
     /// As above, with options of the caller's choice.
     Application(std::shared_ptr<IProductInfo> product, std::filesystem::path const& resourcesRoot, Options const& options);

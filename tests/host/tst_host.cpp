@@ -410,6 +410,14 @@ TEST_F(Homes, AreNotNeededWhereTheStoresLieElsewhere)
     EXPECT_TRUE(std::filesystem::exists(m_home.path() / "data/Vendor/Product/product-settings.sqlite"));
 }
 
+TEST_F(Homes, FolderOfDataIsRefusedWhereTheToolsWouldNotLookThere)
+{
+    ::setenv("XDG_DATA_HOME", "data", 1);
+    EXPECT_EQ(shownWith(m_home.path().c_str()), "data/Vendor/Product: cannot keep the stores: XDG_DATA_HOME is 'data', which is not "
+                                                "absolute; unset it, or set it to an absolute path");
+    EXPECT_FALSE(std::filesystem::exists("data"));
+}
+
 TEST_F(Homes, AreNotNeededByAProgramThatOnlyReads)
 {
     EXPECT_EQ(shownWith(m_nowhere.c_str(), Host::StorePolicy::leaveOutMissing), "");

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 
 using Catalogue::Store;
@@ -28,7 +29,9 @@ protected:
     /// Bound to the stores in `folder` below the home folder.
     Host::ToolApplication bound(char const* folder = "stores") const
     {
-        return Host::ToolApplication(m_productFile, {m_home.path() / folder, Host::StorePolicy::leaveOutMissing});
+        Host::ToolApplication::Options options{m_home.path() / folder, Host::StorePolicy::leaveOutMissing};
+        options.store.busyTimeout = std::chrono::milliseconds(100); // a test that locks a store waits for it to run out
+        return Host::ToolApplication(m_productFile, options);
     }
 
     TestKit::TemporaryHome m_home;

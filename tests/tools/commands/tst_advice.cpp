@@ -100,7 +100,7 @@ INSTANTIATE_TEST_SUITE_P(
         Wrong{"MistypedOptionForAll",
               {"--produkt", "x", "list"},
               2,
-              "The following arguments were not expected: x --produkt\nDid you mean --product?\n" + helpOf("list")},
+              "The following arguments were not expected: --produkt x\nDid you mean --product?\n" + helpOf("list")},
         Wrong{"WordTooMany", {"unset", "exportPath", "x"}, 2, notExpected + "x\n" + helpOf("unset")},
         Wrong{"KeyAndValueInOneWord",
               {"set", "npsSendCount=8"},

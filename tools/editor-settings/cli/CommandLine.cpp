@@ -137,6 +137,15 @@ void printReadOnlyStores(Host::Application const& application)
                 printError(absl::StrCat("only for reading: ", error->what()));
 }
 
+// CLI11 lists what it did not expect from the last word to the first.
+std::string sentence(CLI::App const& app, CLI::Error const& error)
+{
+    std::vector<std::string> const unexpected = app.remaining(true);
+    if (error.get_exit_code() != static_cast<int>(CLI::ExitCodes::ExtrasError) || unexpected.size() < 2)
+        return error.what();
+    return absl::StrCat("The following arguments were not expected: ", joined(unexpected, " "));
+}
+
 class CommandLine {
 public:
     explicit CommandLine(std::vector<std::string> const& words)
@@ -152,7 +161,7 @@ public:
         });
         m_app.require_subcommand(0, 1);
         m_app.failure_message([this](CLI::App const* app, CLI::Error const& error) {
-            return absl::StrCat("editor-settings: ", shortened(withoutControls(unmarked(error.what())), 500), "\n",
+            return absl::StrCat("editor-settings: ", shortened(withoutControls(unmarked(sentence(*app, error))), 500), "\n",
                                 adviceOnUsage(*app, m_global.options(), m_commands));
         });
         addOptions(m_app, m_global.options());
