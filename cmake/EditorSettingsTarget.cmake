@@ -1,15 +1,16 @@
 # SPDX-License-Identifier: MIT
 #
-# editor_settings_target(<target> [EXPORT_NAME <name>] [VERSIONED]
+# editor_settings_target(<target> [EXPORT_NAME <name>] [VERSIONED] [FOR_EVERY_QT]
 #                        [HEADERS ROOT <folder> FILES <header>...])
 #
 # Gives a target this project's language level, visibility and warnings. HEADERS names its public headers, relative to
 # the current folder, and the include root that they are found below; VERSIONED gives a shared library its version.
-# With EXPORT_NAME the target is installed, in the export set <target>Targets, and found by that name.
+# With EXPORT_NAME the target is installed, in the export set <target>Targets, and found by that name. Its file is named
+# after the Qt that it is built with, but for a library FOR_EVERY_QT, which is the same for all.
 include_guard(GLOBAL)
 
 function(editor_settings_target target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "VERSIONED" "EXPORT_NAME" "HEADERS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "VERSIONED;FOR_EVERY_QT" "EXPORT_NAME" "HEADERS")
     cmake_parse_arguments(headers "" "ROOT" "FILES" ${arg_HEADERS})
 
     set_target_properties(${target} PROPERTIES
@@ -38,12 +39,15 @@ function(editor_settings_target target)
     endif()
     if(arg_EXPORT_NAME)
         set_target_properties(${target} PROPERTIES EXPORT_NAME ${arg_EXPORT_NAME})
+        if(NOT arg_FOR_EVERY_QT)
+            set_target_properties(${target} PROPERTIES OUTPUT_NAME ${target}${EDITOR_SETTINGS_QT_SUFFIX})
+        endif()
         if(EDITOR_SETTINGS_INSTALL)
             set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN")
             install(TARGETS ${target} EXPORT ${target}Targets
                 LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
                 ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
-                FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/EditorSettings)
+                FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/EditorSettings${EDITOR_SETTINGS_QT_SUFFIX})
         endif()
     endif()
 endfunction()

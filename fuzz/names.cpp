@@ -9,7 +9,6 @@
 #include <support/NaiveNames.h>
 
 #include <QFile>
-#include <QVector>
 
 #include <algorithm>
 
@@ -24,12 +23,12 @@ namespace {
 // Characters that the oracle does not know are none of its business, so another one stands for them.
 std::string known(std::string const& text)
 {
-    QVector<uint> characters = QString::fromStdString('.' + text).toUcs4().mid(1); // a mark at the begin is kept
+    std::u32string characters = QString::fromStdString('.' + text).toStdU32String().substr(1); // a mark at the begin is kept
     if (std::all_of(characters.begin(), characters.end(), &oracle::isKnown))
         return text;
     std::replace_if(
-        characters.begin(), characters.end(), [](uint character) { return !oracle::isKnown(character); }, 0x1F3ACU);
-    return QString::fromUcs4(characters.data(), characters.size()).toStdString();
+        characters.begin(), characters.end(), [](char32_t character) { return !oracle::isKnown(character); }, U'\U0001F3AC');
+    return QString::fromStdU32String(characters).toStdString();
 }
 
 // Sources and formats are patterns to Qt. Repetitions of repetitions take it time and memory without end, and many
@@ -77,7 +76,7 @@ private:
 // The name with TIME in the place of the time, which must look like one; `expected` tells where it stands.
 QString withoutTime(QString const& path, QString const& expected)
 {
-    int const at = expected.indexOf(QLatin1String("-TIME.")) + 1;
+    auto const at = expected.indexOf(QLatin1String("-TIME.")) + 1;
     QString const pattern = QStringLiteral("0000.00.00-00.00.00");
     QString const time = path.mid(at, pattern.size());
     Fuzz::expect(time.size() == pattern.size(), "a recording has no time: " + path.toStdString());

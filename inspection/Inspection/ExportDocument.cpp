@@ -40,9 +40,9 @@ char const* storeName(Store store) { return store == Store::product ? "product" 
 // The first letters of a text that may be long.
 std::string shortened(std::string const& text)
 {
-    constexpr int most = 100;
-    QVector<uint> const letters = QString::fromStdString(text).toUcs4();
-    return letters.size() <= most ? text : QString::fromUcs4(letters.constData(), most - 1).toStdString() + "\xE2\x80\xA6";
+    constexpr std::size_t most = 100;
+    std::u32string const letters = QString::fromStdString(text).toStdU32String();
+    return letters.size() <= most ? text : QString::fromStdU32String(letters.substr(0, most - 1)).toStdString() + "\xE2\x80\xA6";
 }
 
 // The bytes of the code point at `at`; 0 for none in UTF-8. A byte order mark is one only at the beginning of a text.

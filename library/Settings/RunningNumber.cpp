@@ -153,7 +153,7 @@ private:
 QByteArray kernelPath(QString const& folder)
 {
     bool const readsUtf8 = QFile::encodeName(QStringLiteral("\u00E9\u20AC")) == "\xC3\xA9\xE2\x82\xAC";
-    bool const isPath = !folder.contains(QChar::Null) && !folder.section(QLatin1Char('/'), 0, 0).contains(QLatin1Char(':'));
+    bool const isPath = !folder.section(QLatin1Char('/'), 0, 0).contains(QLatin1Char(':'));
     return readsUtf8 && isPath ? QFile::encodeName(folder) : QByteArray();
 }
 
@@ -161,6 +161,9 @@ QByteArray kernelPath(QString const& folder)
 
 int RunningNumber::highest(QString const& folder, Layout const& layout)
 {
+    // No name has a NUL, and a path that is cut there is another folder's.
+    if (folder.contains(QChar::Null) || layout.filter.contains(QChar::Null))
+        return 0;
     if (QByteArray const path = kernelPath(folder); !path.isEmpty())
         return Pass(path, layout).highest();
     int highest = 0;
@@ -171,3 +174,5 @@ int RunningNumber::highest(QString const& folder, Layout const& layout)
     }
     return highest;
 }
+
+QString RunningNumber::escaped(QString const& text) { return QRegExp::escape(text); }

@@ -22,4 +22,7 @@ struct Layout {
 /// that cannot be read is empty. The folder is listed once.
 int highest(QString const& folder, Layout const& layout);
 
+/// A pattern for the text as it stands, as QRegExp::escape makes it.
+QString escaped(QString const& text);
+
 } // namespace RunningNumber

@@ -15,10 +15,11 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QLocale>
 #include <QObject>
-#include <QRegExp>
 #include <QStringBuilder>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -110,7 +111,10 @@ boost::rational<long long> read(std::string const& key, boost::rational<long lon
 
 QStringList read(std::string const& key, QStringList defaultValue, bool useCommonStorage)
 {
-    return read(key, defaultValue.join(listSeparator), useCommonStorage).split(listSeparator, Qt::SkipEmptyParts);
+    QString const joined = read(key, defaultValue.join(listSeparator), useCommonStorage);
+    // A list of one shares its text, which splitting may copy.
+    bool const isOne = !joined.isEmpty() && !joined.contains(listSeparator);
+    return isOne ? QStringList(joined) : joined.split(listSeparator, Qt::SkipEmptyParts);
 }
 
 void write(std::string const& key, std::string const& value, bool useCommonStorage) { storage(useCommonStorage)->setString(key, value); }
@@ -628,8 +632,13 @@ QString Settings::stockBackgroundsPath() { return QLatin1String("/Backgrounds/")
 
 namespace {
 
-// Seven characters: the backslash escapes the slash, so neither it nor the asterisk is replaced.
-QString sanitized(QString fileName) { return fileName.replace(QRegExp(QLatin1String("[\\/:?\"<>|]")), QLatin1String("_")); }
+// Seven characters. Hosts rely on the backslash and the asterisk, which stay.
+QString sanitized(QString fileName)
+{
+    auto const isReplaced = [](QChar character) { return QLatin1String("/:?\"<>|").contains(character); };
+    std::replace_if(fileName.begin(), fileName.end(), isReplaced, QLatin1Char('_'));
+    return fileName;
+}
 
 QString productFolder(QLatin1String folder)
 {
@@ -688,8 +697,8 @@ namespace {
 // After the largest number comes the smallest.
 int following(int number) { return static_cast<int>(static_cast<unsigned>(number) + 1); }
 
-// Whether a QRegExp of this text matches the text and nothing else.
-bool isLiteral(QString const& text) { return QRegExp::escape(text) == text; }
+// Whether a pattern of this text matches the text and nothing else.
+bool isLiteral(QString const& text) { return RunningNumber::escaped(text) == text; }
 
 QString joined(QString const& folder, QString const& name) { return QStringList{folder, name}.join(QDir::separator()); }
 
@@ -700,7 +709,8 @@ QString Settings::generateAudioRecordFilePath()
     RunningNumber::Layout const names{QLatin1String("Rec-*-*-*.*"), QLatin1String("Rec-"), QLatin1String("-")};
     int const highest = RunningNumber::highest(audioRecordPath(), names);
     QString const number = QString::number(following(highest));
-    QString const timestamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyy.MM.dd-HH.mm.ss"));
+    // In the digits of the system's locale, for which QDateTime::toString takes those of C with Qt 6.
+    QString const timestamp = QLocale::system().toString(QDateTime::currentDateTime(), QStringLiteral("yyyy.MM.dd-HH.mm.ss"));
     QString const extension = QString::fromStdString(audioRecordFormat()).toLower();
     // The folder is asked for again: a host may have changed it meanwhile, and the recording belongs into the new one.
     return joined(audioRecordPath(), QStringLiteral("Rec-%1-%2.%3").arg(number, timestamp, extension));
@@ -714,7 +724,7 @@ QString Settings::generateFreezedFilePath(QString sourceFilePath)
     RunningNumber::Layout names{QLatin1String("*.") + format, stem + QLatin1String(" ("), QLatin1String(").") + format, stem};
     // One pass for each argument, so a placeholder that the stem brings in is filled as well.
     if (stem.contains(QLatin1Char('%')) || !isLiteral(format))
-        names.pattern = QStringLiteral("%1 \\((\\d+)\\)\\.%2").arg(QRegExp::escape(stem)).arg(format); // clazy:exclude=qstring-arg
+        names.pattern = QStringLiteral("%1 \\((\\d+)\\)\\.%2").arg(RunningNumber::escaped(stem)).arg(format); // clazy:exclude=qstring-arg
     qlonglong const number = following(RunningNumber::highest(folder, names));
     return joined(folder, QStringLiteral("%1 (%2).%3").arg(stem).arg(number).arg(format));
 }

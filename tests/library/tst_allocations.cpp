@@ -113,6 +113,7 @@ void decodeList(std::string const& utf8)
 {
     QStringList const list = QString::fromStdString(utf8).split(QStringLiteral("|#|"), Qt::SkipEmptyParts);
 }
+void decodeOne(std::string const& utf8) { QStringList const list(QString::fromStdString(utf8)); }
 void makeRationalKeys(Values const& values)
 {
     std::string const numerator = values.longKey + "_N";
@@ -151,6 +152,8 @@ Row const table[] = {
      [](Values const& v) { encodeList(v.list), decodeList(defaultList); }},
     {"ListReadPresent", storedList, [](Values const& v) { read(v.present, v.noElements, product); },
      [](Values const& v) { encodeList(v.noElements), decodeList(storedList); }},
+    {"ListReadPresentOneElement", storedText, [](Values const& v) { read(v.present, v.noElements, product); },
+     [](Values const&) { decodeOne(storedText); }},
     {"ListWritten", noText, [](Values const& v) { write(v.absent, v.list, product); }, [](Values const& v) { encodeList(v.list); }},
 };
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <support/Process.h>
 
+#include <QtGlobal>
+
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -23,6 +25,13 @@ std::set<std::string> exportedNames()
     return names;
 }
 
+// Qt 5 has a class QStringList, and Qt 6 the name for a list of texts.
+std::string inThisQt(std::string const& name)
+{
+    static std::regex const list("QStringList");
+    return QT_VERSION < QT_VERSION_CHECK(6, 0, 0) ? name : std::regex_replace(name, list, "QList<QString>");
+}
+
 // The names that the package promises of the library: `name@Base` or `(c++)"name@Base"`, indented below its file name.
 std::set<std::string> promisedNames()
 {
@@ -35,7 +44,7 @@ std::set<std::string> promisedNames()
         if (line.find_first_of(" *") != 0)
             inLibrary = line.rfind("libEditorSettings.so.1 ", 0) == 0;
         else if (inLibrary && std::regex_match(line, match, symbol))
-            names.insert(match[1]);
+            names.insert(inThisQt(match[1]));
     }
     return names;
 }

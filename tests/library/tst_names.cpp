@@ -7,8 +7,8 @@
 #include <support/Process.h>
 
 #include <QDateTime>
+#include <QFile>
 #include <QLocale>
-#include <QTextCodec>
 
 #include <algorithm>
 #include <clocale>
@@ -45,7 +45,7 @@ char const* const locale = std::setlocale(LC_ALL, "C.UTF-8");
 TEST(Names, FileNamesAreReadAsUtf8)
 {
     ASSERT_STREQ(locale, "C.UTF-8");
-    ASSERT_EQ(QTextCodec::codecForLocale()->name(), "UTF-8");
+    ASSERT_EQ(QFile::encodeName(QStringLiteral("\u00E9\u20AC")), u8"\u00E9\u20AC");
 }
 
 QString utf8(std::string const& text) { return QString::fromUtf8(text.data(), static_cast<int>(text.size())); }
@@ -1229,11 +1229,18 @@ TEST_F(Folder, NothingIsPrintedAndNothingThrown)
 TEST_F(Folder, OpenSetIsReportedByQt)
 {
     put(Files{"a-1.png", "b (2).png"});
-    std::set<std::string> const complaint = {"QRegularExpressionPrivate::doMatch(): called on an invalid QRegularExpression object"};
-    auto const distinct = [](std::vector<std::string> const& all) { return std::set<std::string>(all.begin(), all.end()); };
-    EXPECT_EQ(distinct(messagesOfQt([] { Settings::generateStabilizedFilePath(QStringLiteral("[ab.mov"), QString()); })), complaint);
+    // Qt 6 adds the pattern.
+    std::string const complaint = "QRegularExpressionPrivate::doMatch(): called on an invalid QRegularExpression object";
+    auto const beginnings = [&](std::vector<std::string> const& all) {
+        std::set<std::string> result;
+        for (std::string const& message : all)
+            result.insert(message.substr(0, complaint.size()));
+        return result;
+    };
+    std::set<std::string> const expected = {complaint};
+    EXPECT_EQ(beginnings(messagesOfQt([] { Settings::generateStabilizedFilePath(QStringLiteral("[ab.mov"), QString()); })), expected);
     keep("freezedFileFormat", "[");
-    EXPECT_EQ(distinct(messagesOfQt([] { Settings::generateFreezedFilePath(QString()); })), complaint);
+    EXPECT_EQ(beginnings(messagesOfQt([] { Settings::generateFreezedFilePath(QString()); })), expected);
 }
 
 } // namespace

@@ -166,10 +166,10 @@ int numberBetween(QString const& before, QString const& after, QString const& na
     for (int start = 0; start <= name.size(); ++start) {
         if (name.mid(start, before.size()) != before)
             continue;
-        int end = start + before.size();
+        int const first = start + static_cast<int>(before.size());
+        int end = first;
         while (end < name.size() && isDigit(name[end]))
             ++end;
-        int const first = start + before.size();
         if (end > first && name.mid(end, after.size()) == after)
             return valueOf(name.mid(first, end - first));
     }
@@ -256,26 +256,26 @@ QString fileName(QString const& path) { return path.mid(path.lastIndexOf(QLatin1
 
 QString upToLastDot(QString const& name)
 {
-    int const dot = name.lastIndexOf(QLatin1Char('.'));
+    auto const dot = name.lastIndexOf(QLatin1Char('.'));
     return dot < 0 ? name : name.left(dot);
 }
 
 QString upToFirstDot(QString const& name)
 {
-    int const dot = name.indexOf(QLatin1Char('.'));
+    auto const dot = name.indexOf(QLatin1Char('.'));
     return dot < 0 ? name : name.left(dot);
 }
 
 QString lowerCase(QString const& text)
 {
-    QVector<uint> result;
+    std::u32string result;
     for (uint const character : text.toUcs4()) {
         if (character == 0x130)
-            result << 'i' << 0x307;
+            result += U"i\u0307";
         else
-            result << (character == 0x17F ? character : folded(character)); // a small letter with another one's fold
+            result += character == 0x17F ? character : folded(character); // a small letter with another one's fold
     }
-    return QString::fromUcs4(result.data(), result.size());
+    return QString::fromStdU32String(result);
 }
 
 } // namespace
