@@ -83,10 +83,10 @@ Terminal::Style styleOf(State state)
 }
 
 struct ListOptions {
-    std::string pattern;              // Of keys, with the wildcards of a shell; empty for all.
-    bool onlySet = false;             // Only what is stored.
-    bool onlyUnset = false;           // Only what is not stored.
-    std::optional<std::string> store; // Only "product" or "common".
+    std::string pattern;    // Of keys, with the wildcards of a shell; empty for all.
+    bool onlySet = false;   // Only what is stored.
+    bool onlyUnset = false; // Only what is not stored.
+    std::string store;      // Only "product" or "common"; empty for both.
 };
 
 bool isListed(PreferenceState const& preference, ListOptions const& options)
@@ -95,7 +95,7 @@ bool isListed(PreferenceState const& preference, ListOptions const& options)
         return false;
     if ((options.onlySet && preference.stored.empty()) || (options.onlyUnset && !preference.stored.empty()))
         return false;
-    return !options.store || *options.store == name(preference.store);
+    return options.store.empty() || options.store == name(preference.store);
 }
 
 // --- Values to set ---
@@ -446,7 +446,6 @@ Command listCommand()
 {
     struct Words {
         ListOptions options;
-        std::string store;
         std::string page;
         FormatChoice format;
     };
@@ -460,7 +459,7 @@ Command listCommand()
                    {Option("PATTERN", &words->options.pattern, "Only keys that match, such as '*Path'").completedBy(Candidates::keys),
                     Option("--set", &words->options.onlySet, "Only what is stored"),
                     Option("--unset", &words->options.onlyUnset, "Only what is not stored").excluding({"--set"}),
-                    Option("--store", &words->store, "Only one store").of("STORE").oneOf({"product", "common"}),
+                    Option("--store", &words->options.store, "Only one store").of("STORE").oneOf({"product", "common"}),
                     pageOption(words->page, {"PATTERN", "--set", "--unset", "--store", "--plain", "--json"})});
     command.examples = {{"editor-settings list '*Path'", "Every preference whose key ends in Path."},
                         {"editor-settings list --set --plain", "What is stored, one preference a line, for a script."}};
@@ -469,8 +468,6 @@ Command listCommand()
     command.run = [words](Invocation const& invocation) {
         if (!words->page.empty())
             return printPreferencesPage(invocation.productFile), 0;
-        if (!words->store.empty())
-            words->options.store = words->store;
         listPreferences(*invocation.application, words->options, words->format);
         return 0;
     };
