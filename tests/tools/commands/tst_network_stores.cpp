@@ -24,7 +24,7 @@ protected:
     Ended asOnNetwork(std::vector<std::string> const& arguments)
     {
         return tool(arguments, {{"TEST_NETWORK_FOLDER", std::filesystem::canonical(inHome("stores"))},
-                                {"LD_PRELOAD", NETWORK_FOLDER},
+                                {"LD_PRELOAD", INTERPOSED},
                                 {"ASAN_OPTIONS", "verify_asan_link_order=0:detect_leaks=0"}});
     }
 
