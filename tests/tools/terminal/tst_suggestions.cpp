@@ -29,6 +29,13 @@ TEST(Suggestions, TolerateOneEditAndOneMoreForFourCharacters)
     EXPECT_EQ(suggestions("abcd", {"abxy"}), Names{"abxy"});
 }
 
+TEST(Suggestions, CountTwoLettersThatChangedPlacesOnce)
+{
+    EXPECT_EQ(suggestions("gte", {"get", "set"}), Names{"get"});
+    EXPECT_EQ(suggestions("exoprtPtah", {"exportPath"}), Names{"exportPath"});
+    EXPECT_EQ(suggestions("teg", {"get"}), Names{});
+}
+
 TEST(Suggestions, AreThreeAtMost) { EXPECT_EQ(suggestions("a1", {"a5", "a4", "a3", "a2"}), (Names{"a2", "a3", "a4"})); }
 
 TEST(Suggestions, LeaveOutNamesThatAreFarShorter) { EXPECT_EQ(suggestions(std::string(100000, 'a'), {"aaa"}), Names{}); }

@@ -8,24 +8,25 @@
 #include <absl/strings/str_cat.h>
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 namespace {
 
-// The Levenshtein distance.
+// The Levenshtein distance, in which two letters that changed places count once.
 std::size_t distance(std::string const& from, std::string const& to)
 {
-    std::vector<std::size_t> row(to.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t(0));
-    for (std::size_t line = 1; line <= from.size(); ++line) {
-        std::size_t diagonal = std::exchange(row[0], line);
-        for (std::size_t column = 1; column <= to.size(); ++column) {
-            std::size_t const replaced = diagonal + (from[line - 1] != to[column - 1]);
-            diagonal = std::exchange(row[column], std::min({replaced, row[column] + 1, row[column - 1] + 1}));
+    std::vector<std::vector<std::size_t>> edits(from.size() + 1, std::vector<std::size_t>(to.size() + 1));
+    for (std::size_t left = 0; left <= from.size(); ++left)
+        for (std::size_t right = 0; right <= to.size(); ++right) {
+            std::size_t& least = edits[left][right] = left + right;
+            if (left == 0 || right == 0)
+                continue;
+            bool const isOther = from[left - 1] != to[right - 1];
+            least = std::min({edits[left - 1][right - 1] + isOther, edits[left - 1][right] + 1, edits[left][right - 1] + 1});
+            if (left > 1 && right > 1 && from[left - 1] == to[right - 2] && from[left - 2] == to[right - 1])
+                least = std::min(least, edits[left - 2][right - 2] + 1);
         }
-    }
-    return row.back();
+    return edits.back().back();
 }
 
 } // namespace
