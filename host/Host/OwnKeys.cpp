@@ -164,19 +164,19 @@ std::optional<OwnKeys::Match> OwnKeys::find(std::string const& key) const
 
 std::optional<OwnKey::Rational> rationalIn(std::string const& text)
 {
+    // The least number has no opposite, which lowest terms may need, so it stands for no number.
+    constexpr long long none = std::numeric_limits<long long>::min();
     auto const number = [](std::string const& digits) {
-        std::optional<long long> value(0);
-        auto const [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), *value);
-        return error == std::errc() && end == digits.data() + digits.size() ? value : std::nullopt;
+        long long value = none;
+        auto const [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+        return error == std::errc() && end == digits.data() + digits.size() ? value : none;
     };
     std::size_t const bar = text.find('/');
-    std::optional<long long> const numerator = number(text.substr(0, bar));
-    std::optional<long long> const denominator = bar == std::string::npos ? 1 : number(text.substr(bar + 1));
-    // The least number has no opposite, which lowest terms may need.
-    constexpr long long least = std::numeric_limits<long long>::min();
-    if (!numerator || !denominator || *denominator == 0 || *numerator == least || *denominator == least)
+    long long const numerator = number(text.substr(0, bar));
+    long long const denominator = bar == std::string::npos ? 1 : number(text.substr(bar + 1));
+    if (numerator == none || denominator == none || denominator == 0)
         return std::nullopt;
-    return OwnKey::Rational(*numerator, *denominator);
+    return OwnKey::Rational(numerator, denominator);
 }
 
 bool isStorable(OwnKey::Rational const& value)
