@@ -17,8 +17,9 @@ constexpr std::size_t mostDeclarations = 1000;
 // In quotes, on one line, of modest length.
 std::string shown(std::string const& text)
 {
+    QString const beginning = QString::fromStdString(text).left(100);
     QString line;
-    for (QChar const character : QString::fromStdString(text).left(100))
+    for (QChar const character : beginning)
         line += character.unicode() < 0x20 ? QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QLatin1Char('0')) : QString(character);
     return '"' + line.toStdString() + '"';
 }

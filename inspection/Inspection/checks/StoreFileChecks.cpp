@@ -155,7 +155,7 @@ bool isOneOf(std::array<char const*, size> const& types, std::string const& type
 }
 
 // A change takes its pages once more in the journal.
-constexpr std::int64_t leastFree = 64 * 1024;
+constexpr std::int64_t leastFree = std::int64_t{64} * 1024;
 
 constexpr std::array<char const*, 4> typesWithoutHardLinks = {"vfat", "msdos", "exfat", "fuse.exfat"};
 constexpr std::array<char const*, 2> typesInMemory = {"tmpfs", "ramfs"};
