@@ -53,7 +53,7 @@ bool isAccepted(OwnKey const& declared, std::string const& word)
     return declared.accepts.empty() || std::find(declared.accepts.begin(), declared.accepts.end(), word) != declared.accepts.end();
 }
 
-// What is wrong with the default; empty where nothing is.
+// What is wrong with the default; empty for a good one.
 struct TroubleWithDefault {
     OwnKey const& declared;
 

@@ -31,7 +31,7 @@ public:
 ///   store                   "product" or "common"
 ///   class                   "roaming", "local", "personal" or "transient"
 ///   purpose                 a text on one line: what it is for
-///   default                 what a read returns where nothing is stored: true or false, a number, a text, an array of texts,
+///   default                 what a read returns for an absent key: true or false, a number, a text, an array of texts,
 ///                           a fraction as "30000/1001"; without it the kind's empty value
 ///   accepts                 for a string or a list, the only words that the host can use, as an array; may be left out
 ///   range                   for an int, the least and the greatest that the host can use, as an array; may be left out

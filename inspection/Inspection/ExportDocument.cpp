@@ -451,7 +451,7 @@ private:
         return std::nullopt;
     }
 
-    // A fault elsewhere is told first, as that of a document of a later version.
+    // Faults of the whole document come first: another version may allow such an entry.
     void takeEntry(Store store, json const& fields)
     {
         try {

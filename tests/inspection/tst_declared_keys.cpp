@@ -181,7 +181,7 @@ TEST_F(DeclaredKeys, EachSettingIsListedOnce)
     m_product.setString("word.b", "y");
     m_product.setInt("other", 1);
     m_common.setInt("other", 2);
-    m_common.setBool("flag", false); // where nothing reads it
+    m_common.setBool("flag", false); // no read asks there
     std::vector<std::string> shown;
     for (PreferenceState const& each : Inspection::preferenceStates(m_application))
         if (!Catalogue::findPreference(each.key))

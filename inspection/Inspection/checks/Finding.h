@@ -49,7 +49,7 @@ struct Finding {
     Severity severity;
     Check check;
     std::string what;
-    std::string remedy; ///< What the user can do; empty where nothing is to be done.
+    std::string remedy; ///< What the user can do; may be empty.
     std::optional<Catalogue::Store> store = std::nullopt;
     std::string key = {};                ///< The stored key; empty where the finding is about none.
     std::string path = {};               ///< The file or folder in UTF-8; empty where the finding is about none.
