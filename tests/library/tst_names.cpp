@@ -11,6 +11,7 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <chrono>
 #include <clocale>
 #include <csignal>
 #include <ctime>
@@ -774,7 +775,8 @@ TEST_F(Folder, RecordingBearsTheTimeOfTheZone)
          {std::pair("EAST-13:45", 13 * 3600 + 45 * 60), std::pair("WEST+11:30", -11 * 3600 - 30 * 60), std::pair("UTC0", 0)}) {
         ::setenv("TZ", name, 1);
         auto const localNow = [shift = seconds] {
-            std::time_t const now = std::time(nullptr) + shift;
+            // std::time may be some milliseconds behind this clock, which Qt asks.
+            std::time_t const now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now()) + shift;
             char text[32];
             std::strftime(text, sizeof text, "%Y.%m.%d-%H.%M.%S", std::gmtime(&now));
             return std::string(text);

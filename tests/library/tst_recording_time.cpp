@@ -4,6 +4,7 @@
 // where the C library has no such locale.
 #include <support/BoundLibrary.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <ctime>
 #include <map>
@@ -27,6 +28,9 @@ QString written(std::time_t time, QString const& digits)
     return result;
 }
 
+// std::time may be some milliseconds behind this clock, which Qt asks.
+std::time_t now() { return std::chrono::system_clock::to_time_t(std::chrono::system_clock::now()); }
+
 TEST_F(BoundLibrary, RecordingBearsTheTimeInTheDigitsOfTheLocaleAndItsNumberInAscii)
 {
     char const* const locale = std::getenv("LC_ALL");
@@ -34,9 +38,9 @@ TEST_F(BoundLibrary, RecordingBearsTheTimeInTheDigitsOfTheLocaleAndItsNumberInAs
     m_productValues->setString("audioRecordPath", (m_home.path() / "folder").string());
     m_home.write("folder/Rec-6-a-b.wav", "content");
 
-    std::time_t const before = std::time(nullptr);
+    std::time_t const before = now();
     QString const path = Settings::generateAudioRecordFilePath();
-    std::time_t const after = std::time(nullptr);
+    std::time_t const after = now();
     QStringList expected;
     for (std::time_t time = before; time <= after; ++time)
         expected.append(inHome("folder/Rec-7-") + written(time, digitsOf.at(locale)) + QStringLiteral(".wav"));
