@@ -2,8 +2,6 @@
 --
 -- The first schema of a shared store: roles, tables, and the functions that are the only way to them.
 --
--- Run in one transaction by a superuser, or by a role with CREATEROLE that owns the database.
---
 -- The user's layer holds the values of one login, the studio's those of all. A change takes the lock of the layer's row and
 -- keeps it to the commit. So the revisions of a layer are in the order of the commits, and a reader that asks for what is
 -- above the last revision that it saw misses nothing. Numbers from a sequence are not: they are given out before the commit.
@@ -20,29 +18,19 @@
 --   ST006  the server does not know the user or the client, who must say hello first
 --   ST007  the studio has no value for the key, so there is nothing to lock
 --   ST008  this server is a standby, which takes no changes
---   ST009  the schema cannot be made: something stands in its way, or a right is missing
 
 -- --- Roles, and the rights to the database ---
 
 DO $$
 DECLARE
-    wanted name;
-    existing pg_catalog.pg_roles;
+    role name;
 BEGIN
-    IF NOT pg_has_role(current_user, (SELECT datdba FROM pg_database WHERE datname = current_database()), 'USAGE') THEN
-        RAISE EXCEPTION USING ERRCODE = 'ST009', MESSAGE = 'this role does not own the database',
-            HINT = 'migrate as the owner of the database or as a superuser';
-    END IF;
-    FOREACH wanted IN ARRAY ARRAY['settings_owner', 'settings_user', 'settings_admin', 'settings_watch'] LOOP
-        SELECT * INTO existing FROM pg_roles WHERE rolname = wanted;
-        IF NOT FOUND THEN
-            EXECUTE format('CREATE ROLE %I NOLOGIN', wanted);
-        ELSIF existing.rolcanlogin OR existing.rolsuper OR existing.rolbypassrls OR existing.rolcreaterole THEN
-            RAISE EXCEPTION USING ERRCODE = 'ST009', MESSAGE = format('the role %I exists and may do more than a group may', wanted),
-                HINT = format('rename it, or ALTER ROLE %I NOLOGIN NOSUPERUSER NOBYPASSRLS NOCREATEROLE', wanted);
+    FOREACH role IN ARRAY ARRAY['settings_owner', 'settings_user', 'settings_admin', 'settings_watch'] LOOP
+        IF to_regrole(role::text) IS NULL THEN
+            EXECUTE format('CREATE ROLE %I NOLOGIN', role);
         END IF;
     END LOOP;
-    IF NOT pg_has_role(current_user, 'settings_owner', 'MEMBER') THEN
+    IF NOT pg_has_role(current_user, 'settings_owner', 'USAGE') THEN
         EXECUTE format('GRANT settings_owner TO %I', current_user);
     END IF;
     EXECUTE format('REVOKE ALL ON DATABASE %I FROM PUBLIC', current_database());
@@ -207,7 +195,7 @@ DECLARE
 BEGIN
     SELECT * INTO result FROM settings.layer AS l
         WHERE l.kind = CASE WHEN studio THEN 'studio' ELSE 'user' END AND l.name = CASE WHEN studio THEN '' ELSE session_user::text END
-        FOR UPDATE;
+        FOR NO KEY UPDATE; -- a hello may add a client meanwhile
     IF NOT FOUND THEN
         RAISE EXCEPTION USING ERRCODE = 'ST006', MESSAGE = 'the server does not know this user or this client', HINT = 'call hello_v1 first';
     END IF;
@@ -312,10 +300,10 @@ EXCEPTION WHEN lock_not_available THEN
     RETURN false;
 END $$;
 
--- How many tables, indexes, functions and rules of row security the schema holds: what stays the same after a whole restore.
+-- How many tables, functions and rules of row security the schema holds: what stays the same after a whole restore.
 CREATE FUNCTION settings.objects() RETURNS bigint
 LANGUAGE sql STABLE SET search_path = pg_catalog, pg_temp AS $$
-    SELECT (SELECT count(*) FROM pg_class WHERE relnamespace = 'settings'::regnamespace AND relkind IN ('r', 'i', 'S', 'v'))
+    SELECT (SELECT count(*) FROM pg_class WHERE relnamespace = 'settings'::regnamespace AND relkind IN ('r', 'S', 'v'))
          + (SELECT count(*) FROM pg_proc WHERE pronamespace = 'settings'::regnamespace)
          + (SELECT count(*) FROM pg_policies WHERE schemaname = 'settings')
 $$;
@@ -369,7 +357,7 @@ BEGIN
     RETURN QUERY
         SELECT l.kind = 'studio', l.revision, v.store, v.key, v.kind, v.value, v.locked, v.revision, v.changed_at, v.changed_by
         FROM settings.layer AS l
-        CROSS JOIN LATERAL (SELECT coalesce(CASE l.kind WHEN 'studio' THEN studio_since ELSE user_since END, 0) AS since) AS asked
+        CROSS JOIN LATERAL (SELECT CASE l.kind WHEN 'studio' THEN studio_since ELSE user_since END AS since) AS asked
         LEFT JOIN settings.value AS v ON v.layer = l.id AND v.revision > asked.since AND (asked.since > 0 OR v.kind IS NOT NULL)
         WHERE l.kind = 'studio' OR (l.kind = 'user' AND l.name = session_user::text)
         ORDER BY v.revision;
