@@ -68,7 +68,7 @@ TEST_F(ClusterTest, ServerEndsWithItsTest)
     std::getline(std::ifstream(note), folder);
     ASSERT_NE(folder, "");
     auto const end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    while (PQping(("host=" + folder).c_str()) == PQPING_OK && std::chrono::steady_clock::now() < end)
+    while (PQping(("host=" + folder).c_str()) != PQPING_NO_RESPONSE && std::chrono::steady_clock::now() < end)
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     EXPECT_EQ(PQping(("host=" + folder).c_str()), PQPING_NO_RESPONSE);
     // Its last words are written below the folder.

@@ -159,6 +159,16 @@ std::vector<pid_t> familyOf(pid_t process)
     return family;
 }
 
+void putInFront(std::vector<std::string> const& lines, fs::path const& file)
+{
+    std::ifstream stream(file);
+    std::string const earlier{std::istreambuf_iterator<char>(stream), {}};
+    std::ofstream all(file);
+    for (std::string const& line : lines)
+        all << line << '\n';
+    all << earlier;
+}
+
 void copyForServer(fs::path const& from, fs::path const& to)
 {
     fs::copy_file(from, to);
@@ -181,6 +191,8 @@ Cluster::Cluster() : Cluster(Options{}) {}
 Cluster::Cluster(Options options) : m_options(std::move(options)), m_folder(freshFolder())
 {
     quietly({"cp", "-a", "--reflink=auto", templateCluster(), m_folder / "data"});
+    if (!m_options.access.empty())
+        putInFront(m_options.access, m_folder / "data/pg_hba.conf");
     if (!m_options.certificate.empty()) {
         copyForServer(m_options.certificate, m_folder / "data/server.crt");
         copyForServer(m_options.key, m_folder / "data/server.key");

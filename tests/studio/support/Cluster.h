@@ -17,6 +17,7 @@ public:
     struct Options {
         std::vector<std::string> settings; ///< Each "name=value", as in postgresql.conf.
         bool tcp = false;                  ///< Whether it listens at `port()` of 127.0.0.1, too.
+        std::vector<std::string> access;   ///< Lines of pg_hba.conf that stand before the usual ones.
         std::filesystem::path certificate; ///< With `key`, what the server offers TLS with; none where empty.
         std::filesystem::path key;
     };
