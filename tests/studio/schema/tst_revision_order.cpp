@@ -24,7 +24,7 @@ protected:
             change.client = client;
             change.op = op;
             change.key = std::to_string(client) + '/' + std::to_string(op);
-            std::string const pause = op % 4 == 0 ? "SELECT pg_sleep(0.0005); " : "";
+            std::string const pause = op % 16 == 0 ? "SELECT pg_sleep(0.001); " : "";
             failures += alice.ask("BEGIN; " + statement(change) + "; " + pause + "COMMIT").code != "";
         }
     }

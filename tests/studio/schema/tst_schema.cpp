@@ -5,7 +5,10 @@
 
 #include <Studio/Schema.h>
 
+#include <TestKit/TemporaryHome.h>
+
 #include <studio/support/ServerTest.h>
+#include <support/Process.h>
 
 #include <chrono>
 #include <future>
@@ -47,9 +50,10 @@ protected:
 
     // What a fresh connection of the role finds or does.
     template <typename Function>
-    auto with(std::string const& role, std::vector<std::string> const& steps, Function const& function) const
+    auto with(std::string const& role, std::vector<std::string> const& steps, Function const& function,
+              std::string const& database = "studio") const
     {
-        Studio::Connection connection({m_server->connection(role, "studio"), 30s, 60s, 60s});
+        Studio::Connection connection({m_server->connection(role, database), 30s, 60s, 60s});
         connection.connect();
         return function(Schema(connection, steps));
     }
@@ -189,6 +193,33 @@ TEST_F(SchemaMigration, OwnerOfTheDatabaseNeedsNotBeASuperuser)
     EXPECT_EQ(migrated("dba", twoSteps()), "older 1");
     EXPECT_EQ(ask("SELECT has_database_privilege('public', 'studio', 'TEMP') OR has_schema_privilege('public', 'public', 'CREATE')"), "f");
     EXPECT_EQ(ask("SELECT string_agg(nspowner::regrole::text, ' ') FROM pg_namespace WHERE nspname = 'settings'"), "settings_owner");
+}
+
+TEST_F(SchemaMigration, RestoredDumpIsWholeAndHasAnotherEpoch)
+{
+    EXPECT_EQ(migrated(), "missing 0");
+    ask("CREATE ROLE alice LOGIN IN ROLE settings_user");
+    m_server->ask("CREATE DATABASE restored");
+    std::string const hello = "SELECT epoch, last_op FROM settings.hello_v1('00000000-0000-0000-0000-000000000001', 0)";
+    Login const alice(m_server->connection("alice", "studio"));
+    Answer const before = alice.ask(hello);
+    EXPECT_EQ(alice
+                  .ask("SELECT outcome FROM settings.put_v1('00000000-0000-0000-0000-000000000001', 1, false, 's', 'k', 'bytes', "
+                       "'\\x00ff', false, 0, 0)")
+                  .text(),
+              "stored");
+    TestKit::TemporaryHome const home;
+    std::string const dump = (home.path() / "dump").string();
+    EXPECT_EQ(run({"pg_dump", "-Fc", "-f", dump, m_server->connection("postgres", "studio")}).err, "");
+    EXPECT_EQ(run({"pg_restore", "--exit-on-error", "-d", m_server->connection("postgres", "restored"), dump}).err, "");
+    EXPECT_EQ(with(
+                  "postgres", Studio::schemaSteps(), [](Schema schema) { return text(schema.examine()); }, "restored"),
+              "current 1");
+    Login const again(m_server->connection("alice", "restored"));
+    Answer const after = again.ask(hello);
+    EXPECT_EQ(after.rows.at(0).at(1), "1") << "an operation that comes again is known";
+    EXPECT_NE(after.rows.at(0).at(0), before.rows.at(0).at(0));
+    EXPECT_EQ(again.ask("SELECT layer_revision, value FROM settings.changes_v1(0, 0) WHERE NOT studio").text(), "1|\\x00ff");
 }
 
 TEST_F(SchemaMigration, WhatIsInTheWayIsNamed)
