@@ -17,7 +17,7 @@ struct Words {
     char const* remedy;
 };
 
-constexpr std::array<Words, 13> vocabulary = {{
+constexpr std::array<Words, 15> vocabulary = {{
     {Reason::malformed, "the connection string cannot be read",
      "write it as key=value pairs or as a URI, and look whether its service exists"},
     {Reason::unreachable, "the server cannot be reached", "check its name, its port and the network, and whether it runs"},
@@ -32,6 +32,8 @@ constexpr std::array<Words, 13> vocabulary = {{
     {Reason::readOnly, "the server takes no changes", "name the primary server, too, and say target_session_attrs=read-write"},
     {Reason::denied, "the account has no right to do this", "ask the administrator of the studio's settings"},
     {Reason::outdated, "the database is not set up for this version", "let the administrator run: editor-settings studio migrate"},
+    {Reason::locked, "the studio has locked this setting", "ask the administrator of the studio's settings to unlock it"},
+    {Reason::tooLarge, "a key has at most 4096 bytes, a value 16 MiB", "keep the value in a file of its own and store the file's name"},
     {Reason::rejected, "the server refuses the statement", "look for the code in the server's log"},
     {Reason::interrupted, "the program ends", "start it again"},
 }};
@@ -65,21 +67,12 @@ std::string ServerError::remedy() const { return wordsOf(m_reason).remedy; }
 Reason reasonOf(std::string const& sqlState)
 {
     // A whole code stands before its class, which its first two characters name.
-    static constexpr std::array<std::pair<std::string_view, Reason>, 15> meanings = {{
-        {"53300", Reason::busy},
-        {"55P03", Reason::busy},
-        {"40001", Reason::busy},
-        {"40P01", Reason::busy},
-        {"53", Reason::full},
-        {"25006", Reason::readOnly},
-        {"42501", Reason::denied},
-        {"42883", Reason::outdated},
-        {"42P01", Reason::outdated},
-        {"3F000", Reason::outdated},
-        {"3D000", Reason::unreachable},
-        {"57014", Reason::timedOut},
-        {"57P", Reason::unreachable},
-        {"28", Reason::login},
+    static constexpr std::array<std::pair<std::string_view, Reason>, 21> meanings = {{
+        {"53300", Reason::busy},     {"55P03", Reason::busy},     {"40001", Reason::busy},        {"40P01", Reason::busy},
+        {"53", Reason::full},        {"25006", Reason::readOnly}, {"42501", Reason::denied},      {"42883", Reason::outdated},
+        {"42P01", Reason::outdated}, {"3F000", Reason::outdated}, {"3D000", Reason::unreachable}, {"57014", Reason::timedOut},
+        {"ST001", Reason::tooLarge}, {"ST002", Reason::tooLarge}, {"ST003", Reason::locked},      {"ST004", Reason::denied},
+        {"ST006", Reason::lost},     {"ST008", Reason::readOnly}, {"57P", Reason::unreachable},   {"28", Reason::login},
         {"08", Reason::lost},
     }};
     for (auto const& [code, reason] : meanings)

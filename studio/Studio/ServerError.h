@@ -24,6 +24,8 @@ public:
         readOnly,    ///< The server is a standby, or is set to read only.
         denied,      ///< The account has no right to what was asked.
         outdated,    ///< The database has no such function: nobody has set it up, or another version did.
+        locked,      ///< The studio has locked the key.
+        tooLarge,    ///< The key, the value or the store's name is too long.
         rejected,    ///< The server refuses the statement for another reason, which its SQLSTATE names.
         interrupted, ///< This program gave the attempt up.
     };

@@ -127,7 +127,9 @@ bool Proxy::pass(Way way, int from, int to)
     char buffer[65536];
     long count = std::min<long>(m_limit[at] - m_passed[at], sizeof buffer);
     if (count <= 0) {
-        if (m_then == Then::cut)
+        if (m_then == Then::cutOnce)
+            open();
+        if (m_then == Then::cut || m_then == Then::cutOnce)
             return false;
         // Both ways share this thread, so that they stall together.
         if (!rest(m_then == Then::trickle ? 1000 : tick) || m_then == Then::stall)

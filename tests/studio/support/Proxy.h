@@ -14,6 +14,7 @@ public:
     /// What happens once the bytes are through that a way lets pass.
     enum class Then {
         cut,     ///< Both sides see their connection end.
+        cutOnce, ///< The same, and everything passes on the next connection.
         stall,   ///< Nothing more is said, and nobody is told.
         trickle, ///< One byte a second.
     };
