@@ -13,19 +13,21 @@ class StorageError : public std::runtime_error {
 public:
     /// What a program may decide by. The reason and the remedy are for people and may change.
     enum class Code {
-        busy,     ///< Another process holds the store for longer than this one waits.
-        full,     ///< The disk or the user's quota is full.
-        damaged,  ///< The file is, or was, a store and cannot be read as one.
-        foreign,  ///< Something other than a store, or a backup, has the file's name.
-        newer,    ///< A newer version wrote the file.
-        readOnly, ///< The file or its file system may be read, but not changed.
-        access,   ///< The file, or what belongs to it, is missing or was moved, or this user has no right to it.
-        io,       ///< The system failed to read or to write, or lacks memory or descriptors.
-        tooLarge, ///< A key, a value or a path is longer than a store can take.
-        conflict, ///< Another row than the expected one is stored; thrown as a `Storage::Conflict`.
-        missing,  ///< The store does not exist, and the caller did not ask to create it.
-        network,  ///< The file lies on a network file system, where locks do not hold.
-        forked,   ///< This process was forked, without exec, from one that had a store open.
+        busy,        ///< Another process holds the store for longer than this one waits.
+        full,        ///< The disk or the user's quota is full.
+        damaged,     ///< The file is, or was, a store and cannot be read as one.
+        foreign,     ///< Something other than a store, or a backup, has the file's name.
+        newer,       ///< A newer version wrote the file.
+        readOnly,    ///< The file or its file system may be read, but not changed.
+        access,      ///< The file, or what belongs to it, is missing or was moved, or this user has no right to it.
+        io,          ///< The system failed to read or to write, or lacks memory or descriptors.
+        tooLarge,    ///< A key, a value or a path is longer than a store can take.
+        conflict,    ///< Another row than the expected one is stored; thrown as a `Storage::Conflict`.
+        missing,     ///< The store does not exist, and the caller did not ask to create it.
+        network,     ///< The file lies on a network file system, where locks do not hold.
+        forked,      ///< This process was forked, without exec, from one that had a store open.
+        locked,      ///< The studio has locked the key against changes.
+        unreachable, ///< The server of a shared store does not answer in time, or cannot be reached.
     };
 
     /// `what` becomes "`file`: cannot `attempt`: `reason`; `remedy`".

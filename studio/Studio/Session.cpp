@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include <Studio/Session.h>
+
+#include <Studio/SessionCore.h>
+#include <Studio/SessionStore.h>
+
+#include <utility>
+
+namespace Studio {
+
+Session::Session(Options options) : m_core(std::make_shared<SessionCore>(options)), m_thread([core = m_core] { core->run(); })
+{
+    synchronise(options.firstWait);
+}
+
+Session::~Session()
+{
+    m_core->end();
+    m_thread.join();
+}
+
+std::shared_ptr<ISettingsStorage> Session::store(std::string const& name, std::shared_ptr<ISettingsStorage> const& local)
+{
+    return std::make_shared<SessionStore>(m_core, name, local);
+}
+
+bool Session::synchronise(std::chrono::milliseconds deadline)
+try {
+    m_core->synchronise(SessionCore::Clock::now() + deadline);
+    return true;
+} catch (ServerError const&) {
+    return false;
+}
+
+Status Session::status() const { return m_core->status(); }
+
+std::optional<Lock> Session::lockOf(std::string const& store, std::string const& key) const
+{
+    std::shared_ptr<Setting const> const setting = m_core->find(store, key).studio;
+    if (!setting || !setting->locked)
+        return std::nullopt;
+    return Lock{setting->changedBy, setting->changed};
+}
+
+} // namespace Studio

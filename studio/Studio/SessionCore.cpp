@@ -1,0 +1,277 @@
+// SPDX-License-Identifier: MIT
+#include <Studio/SessionCore.h>
+
+#include <random>
+
+#include <signal.h>
+
+namespace Studio {
+
+using Reason = ServerError::Reason;
+using Layer = Snapshot::Layer;
+
+namespace {
+
+// A name that no other program has, in the form of a UUID.
+std::string freshName()
+{
+    std::random_device device;
+    std::string name;
+    for (int const part : {8, 4, 4, 4, 12}) {
+        name += name.empty() ? "" : "-";
+        for (int digit = 0; digit < part; ++digit)
+            name += "0123456789abcdef"[device() % 16];
+    }
+    return name;
+}
+
+// The server counts microseconds from the beginning of 2000.
+std::chrono::system_clock::time_point timeOf(std::int64_t microseconds)
+{
+    constexpr std::chrono::seconds beginning{946684800};
+    return std::chrono::system_clock::time_point(beginning + std::chrono::microseconds(microseconds));
+}
+
+std::shared_ptr<Setting const> settingIn(Rows const& rows, int row)
+{
+    if (rows.isNull(row, 4))
+        return nullptr;
+    return std::make_shared<Setting const>(Setting{valueOf(rows.bytes(row, 4), rows.bytes(row, 5)), rows.integer(row, 6) != 0,
+                                                   std::string(rows.bytes(row, 7)), timeOf(rows.integer(row, 8))});
+}
+
+Connection::Options connectionOptions(Session::Options const& options)
+{
+    Connection::Options result{options.connection};
+    result.connectWait = options.connectWait;
+    result.statementWait = options.statementWait;
+    return result;
+}
+
+bool isLoss(Reason reason) { return reason == Reason::lost || reason == Reason::unreachable; }
+
+} // namespace
+
+SessionCore::SessionCore(Session::Options const& options)
+    : m_options(options), m_connection(connectionOptions(options)), m_client(freshName())
+{}
+
+void SessionCore::demand(Clock::time_point deadline, std::function<void()> work)
+{
+    auto const request = std::make_shared<Request>(Request{deadline, std::move(work), {}});
+    std::future<std::optional<Failure>> done = request->done.get_future();
+    {
+        std::lock_guard const lock(m_mutex);
+        if (m_ends)
+            throw ServerError(Reason::interrupted, m_host);
+        m_requests.push_back(request);
+    }
+    m_changed.notify_one();
+    if (done.wait_until(deadline) == std::future_status::timeout)
+        throw ServerError(Reason::timedOut, host());
+    if (std::optional<Failure> const failure = done.get())
+        throw failure->error();
+}
+
+void SessionCore::change(std::string const& store, std::string const& key, std::optional<Value> const& value)
+{
+    auto const deadline = Clock::now() + m_options.changeWait;
+    auto const setting = value ? std::make_shared<Setting const>(Setting{*value, false, {}, {}}) : nullptr;
+    demand(deadline, [this, deadline, change = Snapshot::Change{Layer::user, store, key, setting}] { put(change, deadline); });
+}
+
+void SessionCore::synchronise(Clock::time_point deadline)
+{
+    demand(deadline, [this, deadline] { exchange(deadline, [this] { fetch(); }); });
+}
+
+Status SessionCore::status() const
+{
+    std::lock_guard const lock(m_mutex);
+    return {m_isConnected, m_problem ? std::optional(m_problem->error()) : std::nullopt, m_asOf};
+}
+
+std::string SessionCore::host() const
+{
+    std::lock_guard const lock(m_mutex);
+    return m_host;
+}
+
+void SessionCore::end()
+{
+    {
+        std::lock_guard const lock(m_mutex);
+        m_ends = true;
+    }
+    m_connection.interrupt();
+    m_changed.notify_one();
+}
+
+// Null once the session ends, and what is left has failed.
+std::shared_ptr<SessionCore::Request> SessionCore::next()
+{
+    std::unique_lock lock(m_mutex);
+    m_changed.wait(lock, [this] { return m_ends || !m_requests.empty(); });
+    while (!m_requests.empty()) {
+        std::shared_ptr<Request> const request = m_requests.front();
+        m_requests.pop_front();
+        if (!m_ends)
+            return request;
+        request->done.set_value(Failure{Reason::interrupted, m_connection.host(), ""});
+    }
+    return nullptr;
+}
+
+void SessionCore::run()
+{
+    // The program's signals are for its own threads; those that libpq connects in inherit this.
+    sigset_t all;
+    ::sigfillset(&all);
+    ::pthread_sigmask(SIG_SETMASK, &all, nullptr);
+    while (std::shared_ptr<Request> const request = next())
+        perform(*request);
+    m_connection.close();
+}
+
+void SessionCore::perform(Request& request)
+try {
+    // Whoever asked has been told that nothing was done.
+    if (Clock::now() >= request.deadline)
+        throw ServerError(Reason::timedOut, m_connection.host());
+    request.work();
+    note(std::nullopt);
+    request.done.set_value(std::nullopt);
+} catch (ServerError const& error) {
+    Failure const failure{error.reason(), error.host(), error.sqlState()};
+    note(failure);
+    request.done.set_value(failure);
+} catch (...) {
+    request.done.set_exception(std::current_exception());
+}
+
+void SessionCore::note(std::optional<Failure> const& problem)
+{
+    std::lock_guard const lock(m_mutex);
+    m_isConnected = m_connection.isOpen();
+    m_problem = problem;
+    m_host = m_connection.host();
+}
+
+void SessionCore::connect()
+{
+    if (m_connection.isOpen())
+        return;
+    if (Clock::now() < m_nextTry)
+        throw ServerError(m_refusal);
+    try {
+        m_connection.connect();
+        greet();
+        fetch();
+    } catch (ServerError const& error) {
+        m_connection.close();
+        m_refusal = error;
+        m_nextTry = Clock::now() +
+                    m_backoff.failed(error.reason() == Reason::login ? Backoff::Failure::refusedLogin : Backoff::Failure::unreachable);
+        throw;
+    }
+    m_backoff.connected();
+}
+
+// Another epoch is another history, in which the same revisions may stand for other changes.
+void SessionCore::greet()
+{
+    Rows const rows = m_connection.execute("SELECT epoch FROM settings.hello_v1($1, 0)", {Parameter::literal(m_client)});
+    std::string const epoch(rows.bytes(0, 0));
+    if (epoch != m_epoch)
+        m_userRevision = m_studioRevision = 0;
+    m_epoch = epoch;
+}
+
+void SessionCore::fetch()
+{
+    for (bool isKnown = false; !isKnown;)
+        isKnown = takeOver(m_connection.execute(
+            "SELECT studio, layer_revision, store, key, kind, value, locked, changed_by, changed_at FROM settings.changes_v1($1, $2)",
+            {Parameter::literal(std::to_string(m_userRevision)), Parameter::literal(std::to_string(m_studioRevision))}));
+    std::lock_guard const lock(m_mutex);
+    m_asOf = std::chrono::system_clock::now();
+}
+
+// False where the server's history turns out to be another one, which has to be read from its beginning.
+bool SessionCore::takeOver(Rows const& rows)
+{
+    std::vector<Snapshot::Change> changes;
+    bool hasUser = false;
+    std::int64_t revisions[] = {m_userRevision, m_studioRevision};
+    for (int row = 0; row < rows.count(); ++row) {
+        Layer const layer = rows.integer(row, 0) != 0 ? Layer::studio : Layer::user;
+        std::int64_t& revision = revisions[static_cast<std::size_t>(layer)];
+        if (rows.integer(row, 1) < revision) {
+            m_userRevision = m_studioRevision = 0;
+            return false;
+        }
+        revision = rows.integer(row, 1);
+        if (!rows.isNull(row, 3))
+            changes.push_back({layer, std::string(rows.bytes(row, 2)), std::string(rows.bytes(row, 3)), settingIn(rows, row)});
+        hasUser = hasUser || layer == Layer::user;
+    }
+    // Somebody had the server forget the user: only a new greeting helps.
+    if (!hasUser)
+        throw ServerError(Reason::lost, m_connection.host());
+    std::vector<Layer> anew;
+    if (m_userRevision == 0)
+        anew.push_back(Layer::user);
+    if (m_studioRevision == 0)
+        anew.push_back(Layer::studio);
+    m_snapshot.apply(changes, anew);
+    m_userRevision = revisions[0];
+    m_studioRevision = revisions[1];
+    return true;
+}
+
+// Does `work` with a connection, and with a new one once more where it breaks: an idle one may be long dead.
+void SessionCore::exchange(Clock::time_point deadline, std::function<void()> const& work)
+{
+    connect();
+    try {
+        work();
+    } catch (ServerError const& error) {
+        if (!isLoss(error.reason()) || Clock::now() >= deadline)
+            throw;
+        m_connection.close();
+        connect();
+        work();
+    }
+}
+
+// Where the connection breaks, nobody knows whether the server has the change. It is sent again under the same number, by which
+// the server knows whether it has it.
+void SessionCore::put(Snapshot::Change const& change, Clock::time_point deadline)
+try {
+    std::int64_t const operation = ++m_operation;
+    bool isStored = false;
+    exchange(deadline, [&] { isStored = send(change, operation); });
+    if (isStored)
+        m_snapshot.apply({change});
+    else
+        fetch();
+} catch (ServerError const& error) {
+    if (error.reason() == Reason::locked)
+        fetch();
+    throw;
+}
+
+// Whether the value is what the server has now, rather than a later one.
+bool SessionCore::send(Snapshot::Change const& change, std::int64_t operation)
+{
+    StoredValue const stored = change.setting ? storedValue(change.setting->value) : StoredValue();
+    bool const isRemoval = !change.setting;
+    Rows const rows = m_connection.execute(
+        "SELECT outcome FROM settings.put_v1($1, $2, false, $3, $4, $5, $6, false, 0, $7)",
+        {Parameter::literal(m_client), Parameter::literal(std::to_string(operation)), Parameter::raw(change.store),
+         Parameter::raw(change.key), isRemoval ? Parameter::null() : Parameter::raw(std::string(stored.kind)),
+         isRemoval ? Parameter::null() : Parameter::raw(stored.bytes), Parameter::literal(std::to_string(m_userRevision))});
+    return rows.bytes(0, 0) == "stored";
+}
+
+} // namespace Studio

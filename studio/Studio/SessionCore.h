@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <Studio/Backoff.h>
+#include <Studio/Connection.h>
+#include <Studio/Session.h>
+#include <Studio/Snapshot.h>
+
+#include <condition_variable>
+#include <deque>
+#include <future>
+#include <mutex>
+
+namespace Studio {
+
+/// What the stores of a session and its thread share. Calls for any thread come first; what they ask of the server is done by
+/// the thread that runs `run`, one after the other.
+class SessionCore {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    explicit SessionCore(Session::Options const& options);
+
+    /// Does what is asked for, until `end`.
+    void run();
+    /// Makes `run` return soon. What waits, and what is asked for later, fails with the reason `interrupted`.
+    void end();
+
+    /// Whether a key is kept on the server.
+    bool roams(std::string const& key) const { return m_options.roams && m_options.roams(key); }
+    /// Sets a key of the user's layer, or removes it where there is no value. Throws `ServerError`.
+    void change(std::string const& store, std::string const& key, std::optional<Value> const& value);
+    /// Takes over what is new at the server. Throws `ServerError`.
+    void synchronise(Clock::time_point deadline);
+
+    Snapshot::Found find(std::string const& store, std::string const& key) const { return m_snapshot.find(store, key); }
+    Status status() const;
+    /// The server, as far as it is known.
+    std::string host() const;
+
+private:
+    // An error's parts, as threads hand them to each other.
+    struct Failure {
+        ServerError::Reason reason;
+        std::string host;
+        std::string sqlState;
+        ServerError error() const { return {reason, host, sqlState}; }
+    };
+
+    struct Request {
+        Clock::time_point deadline;
+        std::function<void()> work;
+        std::promise<std::optional<Failure>> done;
+    };
+
+    void demand(Clock::time_point deadline, std::function<void()> work);
+    std::shared_ptr<Request> next();
+    void perform(Request& request);
+
+    void exchange(Clock::time_point deadline, std::function<void()> const& work);
+    void connect();
+    void greet();
+    void fetch();
+    bool takeOver(Rows const& rows);
+    void put(Snapshot::Change const& change, Clock::time_point deadline);
+    bool send(Snapshot::Change const& change, std::int64_t operation);
+    void note(std::optional<Failure> const& problem);
+
+    Session::Options const m_options;
+    Snapshot m_snapshot;
+
+    mutable std::mutex m_mutex; // for these
+    std::condition_variable m_changed;
+    std::deque<std::shared_ptr<Request>> m_requests;
+    bool m_ends = false;
+    std::optional<Failure> m_problem;
+    std::optional<std::chrono::system_clock::time_point> m_asOf;
+    bool m_isConnected = false;
+    std::string m_host = "the studio's server";
+
+    // For the thread of `run` alone, but for an interruption.
+    Connection m_connection;
+    Backoff m_backoff;
+    Clock::time_point m_nextTry;
+    ServerError m_refusal{ServerError::Reason::unreachable, "the studio's server"}; // why the last try failed
+    std::string const m_client;
+    std::string m_epoch;
+    std::int64_t m_operation = 0;
+    std::int64_t m_userRevision = 0;
+    std::int64_t m_studioRevision = 0;
+};
+
+} // namespace Studio

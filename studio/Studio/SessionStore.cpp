@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include <Studio/SessionStore.h>
+
+#include <utility>
+
+namespace Studio {
+
+using Code = Storage::StorageError::Code;
+using Reason = ServerError::Reason;
+
+namespace {
+
+constexpr char const* toChange = "change a setting";
+constexpr std::size_t longestKey = 4096;
+constexpr std::size_t longestValue = 16 << 20;
+
+Code codeOf(Reason reason)
+{
+    switch (reason) {
+    case Reason::locked:
+        return Code::locked;
+    case Reason::tooLarge:
+        return Code::tooLarge;
+    case Reason::full:
+        return Code::full;
+    case Reason::readOnly:
+        return Code::readOnly;
+    case Reason::busy:
+        return Code::busy;
+    case Reason::malformed:
+    case Reason::insecure:
+    case Reason::login:
+    case Reason::denied:
+    case Reason::outdated:
+        return Code::access;
+    case Reason::rejected:
+        return Code::io;
+    case Reason::unreachable:
+    case Reason::timedOut:
+    case Reason::lost:
+    case Reason::interrupted:
+        break;
+    }
+    return Code::unreachable;
+}
+
+} // namespace
+
+Storage::StorageError storageError(ServerError const& error, std::string const& attempt)
+{
+    return {codeOf(error.reason()), error.host(), attempt, error.explanation(), error.remedy()};
+}
+
+SessionStore::SessionStore(std::shared_ptr<SessionCore> core, std::string name, std::shared_ptr<ISettingsStorage> local)
+    : m_core(std::move(core)), m_name(std::move(name)), m_local(std::move(local))
+{}
+
+void SessionStore::demandUnlocked(std::string const& key) const
+{
+    std::shared_ptr<Setting const> const studio = m_core->find(m_name, key).studio;
+    if (studio && studio->locked)
+        throw storageError(ServerError(Reason::locked, m_core->host()), toChange);
+}
+
+void SessionStore::change(std::string const& key, std::optional<Value> const& value)
+try {
+    if (key.size() > longestKey || (value && storedValue(*value).bytes.size() > longestValue))
+        throw ServerError(Reason::tooLarge, m_core->host());
+    m_core->change(m_name, key, value);
+} catch (ServerError const& error) {
+    throw storageError(error, toChange);
+}
+
+void SessionStore::setBool(std::string const& key, bool value)
+{
+    demandUnlocked(key);
+    m_core->roams(key) ? change(key, value) : m_local->setBool(key, value);
+}
+
+void SessionStore::setInt(std::string const& key, int value)
+{
+    demandUnlocked(key);
+    m_core->roams(key) ? change(key, value) : m_local->setInt(key, value);
+}
+
+void SessionStore::setString(std::string const& key, std::string const& value)
+{
+    demandUnlocked(key);
+    m_core->roams(key) ? change(key, value) : m_local->setString(key, value);
+}
+
+void SessionStore::setBytes(std::string const& key, std::vector<unsigned char> const& value)
+{
+    demandUnlocked(key);
+    m_core->roams(key) ? change(key, value) : m_local->setBytes(key, value);
+}
+
+void SessionStore::remove(std::string const& key)
+{
+    demandUnlocked(key);
+    m_core->roams(key) ? change(key, std::nullopt) : m_local->remove(key);
+}
+
+bool SessionStore::contains(std::string const& key) const { return shared(key) || (!m_core->roams(key) && m_local->contains(key)); }
+
+// What the server has for the key; null where the local store decides, or nobody has a value.
+std::shared_ptr<Setting const> SessionStore::shared(std::string const& key) const
+{
+    auto const [user, studio] = m_core->find(m_name, key);
+    if (studio && studio->locked)
+        return studio;
+    if (m_core->roams(key))
+        return user ? user : studio;
+    return m_local->contains(key) ? nullptr : studio;
+}
+
+template <typename T, typename Read>
+T SessionStore::get(std::string const& key, T const& defaultValue, Read const& readLocal) const
+{
+    if (std::shared_ptr<Setting const> const setting = shared(key)) {
+        T const* const value = std::get_if<T>(&setting->value);
+        return value ? *value : defaultValue;
+    }
+    return m_core->roams(key) ? defaultValue : readLocal();
+}
+
+bool SessionStore::getBool(std::string const& key, bool defaultValue) const
+{
+    return get(key, defaultValue, [&] { return m_local->getBool(key, defaultValue); });
+}
+
+int SessionStore::getInt(std::string const& key, int defaultValue) const
+{
+    return get(key, defaultValue, [&] { return m_local->getInt(key, defaultValue); });
+}
+
+std::string SessionStore::getString(std::string const& key, std::string const& defaultValue) const
+{
+    return get(key, defaultValue, [&] { return m_local->getString(key, defaultValue); });
+}
+
+std::vector<unsigned char> SessionStore::getBytes(std::string const& key, std::vector<unsigned char> const& defaultValue) const
+{
+    return get(key, defaultValue, [&] { return m_local->getBytes(key, defaultValue); });
+}
+
+} // namespace Studio

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <shared_mutex>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace Studio {
+
+/// A value of a shared store; `std::monostate` where this version cannot read the kind, or the bytes as that kind.
+using Value = std::variant<std::monostate, bool, int, std::string, std::vector<unsigned char>>;
+
+/// What the server keeps of a value: the stored word of its kind, and its bytes, which are text but for the kind "bytes".
+struct StoredValue {
+    std::string_view kind;
+    std::string bytes;
+};
+
+/// `value`, which is not `std::monostate`, as the server keeps it.
+StoredValue storedValue(Value const& value);
+/// What the server keeps, as a value. The server looks into no value, so any bytes may be there.
+Value valueOf(std::string_view kind, std::string_view bytes);
+
+/// A key's value with what the server knows of it.
+struct Setting {
+    Value value;
+    bool locked = false;                           ///< Whether users may not change the key; in the studio's layer only.
+    std::string changedBy;                         ///< The login that changed it last, or that locked it.
+    std::chrono::system_clock::time_point changed; ///< When that was, by the server's clock.
+};
+
+/// What a session knows of the server's settings: the user's own, and those that the studio gives to all. Any thread may call.
+class Snapshot {
+public:
+    enum class Layer : std::size_t { user, studio };
+
+    /// What both layers have for a key; null where a layer has nothing.
+    struct Found {
+        std::shared_ptr<Setting const> user;
+        std::shared_ptr<Setting const> studio;
+    };
+
+    /// A key's new setting; null where it was removed.
+    struct Change {
+        Layer layer;
+        std::string store;
+        std::string key;
+        std::shared_ptr<Setting const> setting;
+    };
+
+    /// Takes over all of `changes` at once, after it has forgotten the layers in `anew`.
+    void apply(std::vector<Change> const& changes, std::vector<Layer> const& anew = {});
+    Found find(std::string const& store, std::string const& key) const;
+
+private:
+    using Keys = std::map<std::string, std::shared_ptr<Setting const>>;
+    using Stores = std::map<std::string, Keys>;
+
+    static std::shared_ptr<Setting const> findIn(Stores const& stores, std::string const& store, std::string const& key);
+
+    mutable std::shared_mutex m_mutex;
+    Stores m_layers[2];
+};
+
+} // namespace Studio

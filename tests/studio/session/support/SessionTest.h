@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <Storage/StorageError.h>
+#include <Studio/Session.h>
+#include <TestKit/MemoryStorage.h>
+
+#include <studio/schema/support/SchemaTest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+/// A program of one user: a session, its store "common", and the local store behind that. Every key roams but those that begin
+/// with "local".
+struct Program {
+    explicit Program(std::string const& connection, std::chrono::milliseconds wait = std::chrono::seconds(60))
+        : session({connection, [](std::string const& key) { return key.compare(0, 5, "local") != 0; }, wait, wait, wait, wait})
+    {}
+
+    std::shared_ptr<TestKit::MemoryStorage> local = std::make_shared<TestKit::MemoryStorage>();
+    Studio::Session session;
+    std::shared_ptr<ISettingsStorage> store = session.store("common", local);
+};
+
+/// A test with programs of the users of a studio.
+class SessionTest : public SchemaTest {
+protected:
+    using Code = Storage::StorageError::Code;
+
+    std::string connectionOf(std::string const& role) const { return m_server->connection(role, "studio"); }
+
+    /// The error that `work` throws. Another end fails the test.
+    static Storage::StorageError errorOf(std::function<void()> const& work)
+    {
+        try {
+            work();
+        } catch (Storage::StorageError const& error) {
+            return error;
+        }
+        ADD_FAILURE() << "nothing was thrown";
+        return {Code::io, "", "", "", ""};
+    }
+
+    /// Has the studio's administrator set a value of the studio's layer.
+    void give(std::string const& key, std::string const& kind, std::string const& value, bool locked = false)
+    {
+        Put put;
+        put.op = ++m_operation;
+        put.studio = true;
+        put.key = key;
+        put.kind = kind;
+        put.value = value;
+        put.locked = locked;
+        std::string const answer = SchemaTest::put(user("ada"), put);
+        EXPECT_EQ(answer.substr(0, 7), "stored|") << answer;
+    }
+
+    /// What the server has of a key of the common store in alice's layer, such as "int 7"; empty where it has nothing.
+    std::string atServer(std::string const& key) const
+    {
+        return ask("SELECT v.kind || ' ' || encode(v.value, 'escape') FROM settings.value v JOIN settings.layer l ON l.id = v.layer "
+                   "WHERE l.name = 'alice' AND v.store = 'common' AND v.kind IS NOT NULL AND v.key = '" +
+                   key + "'::bytea");
+    }
+
+private:
+    long long m_operation = 0;
+};

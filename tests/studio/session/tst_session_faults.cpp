@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+#include "support/SessionTest.h"
+
+#include <studio/support/ConnectionTest.h>
+#include <studio/support/Proxy.h>
+
+#include <future>
+#include <thread>
+
+using namespace std::chrono_literals;
+using Then = Proxy::Then;
+using Way = Proxy::Way;
+
+/// Programs whose network or server fails.
+class SessionFaults : public SessionTest {
+protected:
+    void startServer() override
+    {
+        SessionTest::startServer();
+        m_proxy.emplace(m_server->ask("SHOW unix_socket_directories") + "/.s.PGSQL.5432");
+    }
+
+    std::string throughProxy() const
+    {
+        return "host=127.0.0.1 sslmode=disable user=alice dbname=studio port=" + std::to_string(m_proxy->port());
+    }
+
+    /// Synchronises until it succeeds; false where that takes longer than a minute.
+    static bool recovers(Program& program)
+    {
+        auto const end = std::chrono::steady_clock::now() + 60s;
+        while (std::chrono::steady_clock::now() < end) {
+            if (program.session.synchronise(60s))
+                return true;
+            std::this_thread::sleep_for(5ms);
+        }
+        return false;
+    }
+
+    std::optional<Proxy> m_proxy;
+};
+
+TEST_F(SessionFaults, ProgramWorksWithoutItsServer)
+{
+    m_server->stop();
+    Program alice(connectionOf("alice"));
+    Studio::Status const status = alice.session.status();
+    EXPECT_FALSE(status.connected);
+    EXPECT_FALSE(status.asOf);
+    ASSERT_TRUE(status.problem);
+    EXPECT_EQ(status.problem->reason(), Reason::unreachable);
+    EXPECT_EQ(alice.store->getInt("number", 42), 42);
+    alice.store->setInt("local number", 7);
+    EXPECT_EQ(alice.store->getInt("local number", 0), 7);
+    Storage::StorageError const error = SessionTest::errorOf([&] { alice.store->setString("secret key", "secret value"); });
+    EXPECT_EQ(error.code(), Code::unreachable);
+    EXPECT_EQ(error.attempt(), "change a setting");
+    EXPECT_EQ(std::string(error.what()).find("secret"), std::string::npos) << error.what();
+
+    m_server->start();
+    ASSERT_TRUE(recovers(alice));
+    alice.store->setInt("number", 7);
+    EXPECT_EQ(atServer("number"), "int 7");
+    EXPECT_TRUE(alice.session.status().connected);
+    EXPECT_FALSE(alice.session.status().problem);
+}
+
+TEST_F(SessionFaults, ServerThatWasAwayBetweenTwoChangesIsNotNoticed)
+{
+    Program alice(connectionOf("alice"));
+    alice.store->setInt("number", 1);
+    m_server->kill();
+    EXPECT_EQ(alice.store->getInt("number", 0), 1);
+    m_server->start();
+    alice.store->setInt("number", 2);
+    EXPECT_EQ(atServer("number"), "int 2");
+    m_server->stop();
+    m_server->start();
+    EXPECT_TRUE(alice.session.synchronise(60s));
+}
+
+TEST_F(SessionFaults, ChangeWhoseConnectionIsCutAnywhereIsDoneOnce)
+{
+    Program alice(throughProxy());
+    int sets = 0;
+    for (Way const way : {Way::toServer, Way::toClient}) {
+        m_proxy->open();
+        alice.store->setInt("number", ++sets);
+        long const bytes = m_proxy->passed(way);
+        ASSERT_GT(bytes, 20);
+        for (long count = 0; count < bytes; ++count) {
+            m_proxy->limit(way, count, Then::cutOnce);
+            ASSERT_NO_THROW(alice.store->setInt("number", ++sets)) << count << " of " << bytes;
+            ASSERT_EQ(atServer("number"), "int " + std::to_string(sets));
+            ASSERT_EQ(alice.store->getInt("number", 0), sets);
+        }
+    }
+    EXPECT_EQ(ask("SELECT revision FROM settings.layer WHERE name = 'alice'"), std::to_string(sets));
+}
+
+TEST_F(SessionFaults, ChangeThatIsNotAnsweredEndsInTime)
+{
+    Program alice(throughProxy(), 400ms);
+    ASSERT_TRUE(alice.session.status().connected);
+    m_proxy->limit(Way::toServer, 0, Then::stall);
+    auto const time = timeOf([&] { EXPECT_EQ(SessionTest::errorOf([&] { alice.store->setInt("number", 1); }).code(), Code::unreachable); });
+    EXPECT_LE(time.count(), (400ms + slack).count());
+    EXPECT_FALSE(alice.store->contains("number"));
+    EXPECT_LE(timeOf([&] { EXPECT_FALSE(alice.session.synchronise(200ms)); }).count(), (200ms + slack).count());
+}
+
+TEST_F(SessionFaults, FirstWaitEndsInTime)
+{
+    BlackHole const hole;
+    std::string const connection = "host=127.0.0.1 sslmode=disable user=alice port=" + std::to_string(hole.port());
+    EXPECT_LE(timeOf([&] { Program(connection, 300ms); }).count(), (300ms + slack).count());
+}
+
+TEST_F(SessionFaults, SessionEndsAtOnceInEveryState)
+{
+    BlackHole const hole;
+    std::string const nowhere = "host=127.0.0.1 sslmode=disable user=alice port=" + std::to_string(hole.port());
+    std::optional<Studio::Session> connecting(std::in_place, Studio::Session::Options{nowhere, {}, 10ms, 60s, 60s, 60s});
+    EXPECT_LE(timeOf([&] { connecting.reset(); }).count(), slack.count());
+
+    std::optional<Program> idle(std::in_place, connectionOf("alice"));
+    EXPECT_LE(timeOf([&] { idle.reset(); }).count(), slack.count());
+
+    std::optional<Program> changing(std::in_place, throughProxy());
+    std::shared_ptr<ISettingsStorage> const store = changing->store;
+    m_proxy->limit(Way::toServer, 10, Then::stall);
+    auto first = std::async(std::launch::async, [&] { return SessionTest::errorOf([&] { store->setInt("first", 1); }).code(); });
+    auto second = std::async(std::launch::async, [&] { return SessionTest::errorOf([&] { store->setInt("second", 1); }).code(); });
+    while (m_proxy->passed(Way::toServer) < 10)
+        std::this_thread::sleep_for(1ms);
+    EXPECT_LE(timeOf([&] { changing.reset(); }).count(), slack.count());
+    EXPECT_EQ(first.get(), Code::unreachable);
+    EXPECT_EQ(second.get(), Code::unreachable);
+}
+
+TEST_F(SessionFaults, StoreThatOutlivesItsSessionCanBeRead)
+{
+    std::optional<Program> alice(std::in_place, connectionOf("alice"));
+    std::shared_ptr<ISettingsStorage> const store = alice->store;
+    store->setInt("number", 7);
+    alice.reset();
+    EXPECT_EQ(store->getInt("number", 0), 7);
+    EXPECT_EQ(SessionTest::errorOf([&] { store->setInt("number", 8); }).code(), Code::unreachable);
+}
+
+TEST_F(SessionFaults, ServerThatTakesNoChangesIsTold)
+{
+    Program alice(connectionOf("alice"));
+    alice.store->setInt("number", 1);
+    ask("ALTER ROLE alice SET default_transaction_read_only = on");
+    Program other(connectionOf("alice"));
+    EXPECT_EQ(SessionTest::errorOf([&] { other.store->setInt("number", 2); }).code(), Code::readOnly);
+    EXPECT_EQ(atServer("number"), "int 1");
+}
