@@ -310,11 +310,10 @@ rows_by_qt = {
 
 
 def side_by_side(row, rounds, others):
-    """The row's cells: of each Qt the time and its ratio to the floor, and the ratio of both in rounds that follow each other."""
+    """The row's cells: the ratio to the floor with each Qt, and the ratio of both in rounds that follow each other."""
     name = f"{row}/library"
     yield row
     for of in (rounds, others):
-        yield shown_time(median(of, lambda one: one[name]))
         yield significant(median(of, lambda one: one[name] / one[floor_of(name)]))
     yield significant(statistics.median(other[name] / one[name] for one, other in zip(rounds, others)))
 
@@ -323,10 +322,10 @@ def by_qt(results, others):
     yield """
 ## Qt 5 and Qt 6
 
-The rows in which Qt has a part, measured with both by turns. The ratio to the floor is within one run, and the floor has the
-same Qt. The last column is what the change of Qt costs: the quotient of rounds that follow each other.
+The library's times in rows in which Qt has a part, divided by its floor's with the same Qt, in one run; and with Qt 6 divided by
+those with Qt 5, in runs that follow each other.
 """
-    yield from table(["", "Qt 5", "to its floor", "Qt 6", "to its floor", "Qt 6 to Qt 5"],
+    yield from table(["", "Qt 5 to its floor", "Qt 6 to its floor", "Qt 6 to Qt 5"],
                      (side_by_side(row, results[program], others[program]) for program, rows in rows_by_qt.items() for row in rows))
 
 
