@@ -1,28 +1,83 @@
 // SPDX-License-Identifier: MIT
 //
 // What it takes to load the library: the start of a process that is linked to it, and dlopen in a process that has Qt
-// already. The floor is an empty library that asks for the same libraries.
+// already. The floor is an empty library that asks for the same libraries. And what the command line takes to read one
+// value: its floor is an empty program that is linked to the same libraries.
 #include <support/Bench.h>
 
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <set>
+#include <string>
 #include <vector>
 
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <link.h>
 #include <spawn.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
 
-void startAndWait(std::string program)
+double seconds(timeval const& time) { return static_cast<double>(time.tv_sec) + 1e-6 * static_cast<double>(time.tv_usec); }
+
+// Runs the program with its standard output in a file. Returns the processor time that it took, in seconds.
+double cpuTimeOf(std::vector<std::string> words, std::string const& output = "/dev/null")
 {
-    char* const arguments[] = {program.data(), nullptr};
+    std::vector<char*> arguments;
+    for (std::string& word : words)
+        arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    ::posix_spawn_file_actions_init(&actions);
+    ::posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
     pid_t pid = 0;
+    Bench::require(::posix_spawn(&pid, words[0].c_str(), &actions, nullptr, arguments.data(), environ) == 0, "cannot start " + words[0]);
+    ::posix_spawn_file_actions_destroy(&actions);
     int status = -1;
-    Bench::require(::posix_spawn(&pid, program.c_str(), nullptr, nullptr, arguments, environ) == 0, "cannot start " + program);
-    ::waitpid(pid, &status, 0);
-    Bench::require(status == 0, program + " failed");
+    rusage used = {};
+    ::wait4(pid, &status, 0, &used);
+    Bench::require(status == 0, words[0] + " failed");
+    return seconds(used.ru_utime) + seconds(used.ru_stime);
+}
+
+void startAndWait(std::string const& program) { cpuTimeOf({program}); }
+
+// A folder with both stores, as a user has them.
+class Stores {
+public:
+    Stores()
+    {
+        std::string name = (std::filesystem::temp_directory_path() / "bench-load-XXXXXX").string();
+        Bench::require(::mkdtemp(name.data()) != nullptr, "cannot make a folder");
+        m_folder = name;
+        cpuTimeOf({TOOL, "--home", name, "set", "autoDownloadUpdates", "true"});
+        cpuTimeOf({TOOL, "--home", name, "set", "audioRecordPath", "/"});
+    }
+    ~Stores() { std::filesystem::remove_all(m_folder); }
+    Stores(Stores const&) = delete;
+    Stores& operator=(Stores const&) = delete;
+
+    std::filesystem::path const& folder() const { return m_folder; }
+
+private:
+    std::filesystem::path m_folder;
+};
+
+// The names of the libraries that the loader maps for the program.
+std::set<std::string> librariesOf(std::string const& program, std::filesystem::path const& output)
+{
+    ::setenv("LD_TRACE_LOADED_OBJECTS", "1", 1);
+    cpuTimeOf({program}, output.string());
+    ::unsetenv("LD_TRACE_LOADED_OBJECTS");
+    std::set<std::string> result;
+    std::ifstream file(output);
+    for (std::string name, rest; file >> name && std::getline(file, rest);)
+        result.insert(name);
+    return result;
 }
 
 class Loaded {
@@ -64,12 +119,30 @@ bool isLoaded(char const* file)
     return handle;
 }
 
+// The time is what `work` returns, in seconds.
+template <typename Work>
+void addTimed(std::string const& row, std::string const& side, Work work)
+{
+    auto const run = [work](benchmark::State& state) {
+        for ([[maybe_unused]] auto const once : state)
+            state.SetIterationTime(work());
+    };
+    benchmark::RegisterBenchmark((row + '/' + side).c_str(), run)->UseManualTime();
+}
+
 Bench::Registration const registration([] {
     Bench::require(Loaded(LIBRARY).needed() == Loaded(EMPTY_LIBRARY).needed(), "the empty library asks for other libraries");
     Bench::require(!isLoaded(LIBRARY) && !isLoaded(EMPTY_LIBRARY), "a library stays loaded");
     std::string const start = "start of a process";
     Bench::addRun(start, "library", [](benchmark::State& state) { Bench::repeat(state, [] { startAndWait(START); }); });
     Bench::addRun(start, "floor", [](benchmark::State& state) { Bench::repeat(state, [] { startAndWait(EMPTY_START); }); });
+    static Stores const stores;
+    std::set<std::string> const libraries = librariesOf(TOOL, stores.folder() / "libraries");
+    Bench::require(!libraries.empty() && libraries == librariesOf(EMPTY_TOOL, stores.folder() / "libraries"),
+                   "the empty program has other libraries");
+    std::string const get = "processor time of get";
+    addTimed(get, "tool", [] { return cpuTimeOf({TOOL, "--home", stores.folder().string(), "get", "autoDownloadUpdates"}); });
+    addTimed(get, "floor", [] { return cpuTimeOf({EMPTY_TOOL}); });
     std::string const load = "loading into a process with Qt";
     Bench::addRun(load, "library", [](benchmark::State& state) { Bench::repeat(state, [] { Loaded const once(LIBRARY); }); });
     Bench::addRun(load, "floor", [](benchmark::State& state) { Bench::repeat(state, [] { Loaded const once(EMPTY_LIBRARY); }); });

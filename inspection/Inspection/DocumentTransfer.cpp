@@ -69,7 +69,7 @@ Export exported(Host::ToolApplication const& application, Selection const& selec
             } else {
                 bool const isRedacted = selection.redact && !survivesRedaction(row, known->dataClass);
                 result.document.entries.push_back(
-                    {store, row.key, row.kind, classOf(row.key), isRedacted ? SqliteStorage::Value() : row.value});
+                    {store, *Storage::kindFromWord(row.kind), row.key, isRedacted ? SqliteStorage::Value() : row.value});
             }
         }
         if (unknown > 0)
@@ -82,56 +82,69 @@ Export exported(Host::ToolApplication const& application, Selection const& selec
 
 namespace {
 
-void addUnwanted(Comparison& result, Store store, SqliteStorage::Row& row)
-{
-    if (isCarried(row))
-        result.differences.push_back({store, *rowDifference(std::move(row), std::nullopt)});
-    else
-        result.uncarried.push_back(uncarried(store, row));
-}
+class Comparing {
+public:
+    Comparing(Selection const& selection, TakeDifference const& take) : m_selection(selection), m_take(take) {}
 
-void addWanted(Comparison& result, std::optional<SqliteStorage::Row> stored, Entry entry)
-{
-    if (entry.isRedacted()) {
-        ++result.redacted;
-        return;
+    // Rows and entries are sorted alike. Takes the entries of the store, which are the first.
+    void compare(Store store, std::vector<SqliteStorage::Row> rows, std::deque<Entry>& entries)
+    {
+        auto row = rows.begin();
+        for (; !entries.empty() && entries.front().store == store; entries.pop_front()) {
+            Entry& entry = entries.front();
+            if (!isSelected(m_selection, entry.key))
+                continue;
+            for (; row != rows.end() && row->key < entry.key; ++row)
+                addUnwanted(store, *row);
+            std::optional<SqliteStorage::Row> stored;
+            if (row != rows.end() && row->key == entry.key)
+                stored = std::move(*row++);
+            addWanted(std::move(stored), std::move(entry));
+        }
+        for (; row != rows.end(); ++row)
+            addUnwanted(store, *row);
     }
-    SqliteStorage::Row wanted = {std::move(entry.key), std::move(entry.kind), std::move(entry.value), {}};
-    if (std::optional<RowDifference> difference = rowDifference(std::move(stored), std::move(wanted)))
-        result.differences.push_back({entry.store, *std::move(difference)});
-    else
-        ++result.same;
-}
 
-// Rows and entries are sorted alike. Takes the entries of the store, which are the first.
-void compare(Comparison& result, Store store, std::vector<SqliteStorage::Row> rows, std::deque<Entry>& entries, Selection const& selection)
-{
-    auto row = rows.begin();
-    for (; !entries.empty() && entries.front().store == store; entries.pop_front()) {
-        Entry& entry = entries.front();
-        if (!isSelected(selection, entry.key))
-            continue;
-        for (; row != rows.end() && row->key < entry.key; ++row)
-            addUnwanted(result, store, *row);
-        std::optional<SqliteStorage::Row> stored;
-        if (row != rows.end() && row->key == entry.key)
-            stored = std::move(*row++);
-        addWanted(result, std::move(stored), std::move(entry));
+    Comparison takeResult() { return std::move(m_result); }
+
+private:
+    void addUnwanted(Store store, SqliteStorage::Row& row)
+    {
+        if (isCarried(row))
+            m_take({store, *rowDifference(std::move(row), std::nullopt)});
+        else
+            m_result.uncarried.push_back(uncarried(store, row));
     }
-    for (; row != rows.end(); ++row)
-        addUnwanted(result, store, *row);
-}
+
+    void addWanted(std::optional<SqliteStorage::Row> stored, Entry entry)
+    {
+        if (entry.isRedacted()) {
+            ++m_result.redacted;
+            return;
+        }
+        SqliteStorage::Row wanted = {std::move(entry.key), Storage::storedWord(entry.kind), std::move(entry.value), {}};
+        if (std::optional<RowDifference> difference = rowDifference(std::move(stored), std::move(wanted)))
+            m_take({entry.store, *std::move(difference)});
+        else
+            ++m_result.same;
+    }
+
+    Selection const& m_selection;
+    TakeDifference const& m_take;
+    Comparison m_result;
+};
 
 } // namespace
 
-Comparison compared(Host::Application const& application, Selection const& selection, Document document, StoreBegins const& begins)
+Comparison compared(Host::Application const& application, Selection const& selection, Document document, TakeDifference const& take,
+                    StoreBegins const& begins)
 {
-    Comparison result;
+    Comparing comparing(selection, take);
     for (Store const store : stores) {
         announce(begins, store);
-        compare(result, store, selectedRows(application, store, selection), document.entries, selection);
+        comparing.compare(store, selectedRows(application, store, selection), document.entries);
     }
-    return result;
+    return comparing.takeResult();
 }
 
 // --- Importing ---
@@ -141,18 +154,17 @@ namespace {
 struct Target {
     Store name;
     SqliteStorage* store; // null for a missing one
-    std::deque<Difference> changes;
+    std::deque<NewValue> values;
 };
 
-std::vector<Target> targetsOf(Host::Application const& application, std::deque<Difference> differences)
+std::vector<Target> targetsOf(Host::Application const& application, std::deque<NewValue> values)
 {
     std::vector<Target> targets;
     for (Store const store : stores) {
         Target target = {store, storage(application, store), {}};
-        for (; !differences.empty() && differences.front().store == store; differences.pop_front())
-            if (differences.front().row.after)
-                target.changes.push_back(std::move(differences.front()));
-        if (!target.changes.empty())
+        for (; !values.empty() && values.front().store == store; values.pop_front())
+            target.values.push_back(std::move(values.front()));
+        if (!target.values.empty())
             targets.push_back(std::move(target));
     }
     return targets;
@@ -170,8 +182,8 @@ std::optional<Storage::StorageError> readOnlyError(std::vector<Target> const& ta
 Outcome outcomeOf(Target const& target)
 {
     try {
-        for (auto const& [store, change] : target.changes)
-            if (std::optional<SqliteStorage::Row> const row = target.store->find(change.key); !row || row->value != change.after->value)
+        for (NewValue const& wanted : target.values)
+            if (std::optional<SqliteStorage::Row> const row = target.store->find(wanted.key); !row || row->value != wanted.value)
                 return Outcome::unchanged;
         return Outcome::imported;
     } catch (Storage::StorageError const&) {
@@ -189,9 +201,8 @@ Imported applied(std::vector<Target> const& targets, StoreBegins const& begins)
         }
         announce(begins, target.name);
         try {
-            target.store->applyEach(target.changes.size(), [&](std::size_t number) -> SqliteStorage::Change {
-                RowDifference const& row = target.changes[number].row;
-                return {row.key, row.after->value};
+            target.store->applyEach(target.values.size(), [&](std::size_t number) -> SqliteStorage::Change {
+                return {target.values[number].key, target.values[number].value};
             });
             result.outcomes.emplace_back(target.name, Outcome::imported);
         } catch (Storage::StorageError const& error) {
@@ -204,9 +215,9 @@ Imported applied(std::vector<Target> const& targets, StoreBegins const& begins)
 
 } // namespace
 
-Imported imported(Host::Application const& application, std::deque<Difference> differences, StoreBegins const& begins)
+Imported imported(Host::Application const& application, std::deque<NewValue> values, StoreBegins const& begins)
 {
-    std::vector<Target> targets = targetsOf(application, std::move(differences));
+    std::vector<Target> targets = targetsOf(application, std::move(values));
     if (std::optional<Storage::StorageError> const error = readOnlyError(targets))
         return {error, {}};
     std::vector<std::unique_ptr<SqliteStorage>> created;

@@ -52,15 +52,25 @@ struct Difference {
 };
 
 struct Comparison {
-    std::deque<Difference> differences; ///< By store, sorted by key.
-    std::size_t same = 0;               ///< Entries that a store holds with the same value.
-    std::size_t redacted = 0;           ///< Entries that are not compared.
-    std::vector<Uncarried> uncarried;   ///< Rows that are not compared.
+    std::size_t same = 0;             ///< Entries that a store holds with the same value.
+    std::size_t redacted = 0;         ///< Entries that are not compared.
+    std::vector<Uncarried> uncarried; ///< Rows that are not compared.
 };
+
+/// Takes the differences, by store and sorted by key. One takes many times the memory of its entry.
+using TakeDifference = std::function<void(Difference)>;
 
 /// Compares the selected values of both stores with `document`, which a caller that needs it no longer moves here: its
 /// entries go while the differences come. Throws `Storage::StorageError`.
-Comparison compared(Host::Application const& application, Selection const& selection, Document document, StoreBegins const& begins = {});
+Comparison compared(Host::Application const& application, Selection const& selection, Document document, TakeDifference const& take,
+                    StoreBegins const& begins = {});
+
+/// A value that an import stores.
+struct NewValue {
+    Catalogue::Store store;
+    std::string key;
+    Storage::SqliteStorage::Value value;
+};
 
 /// What a store holds after an import.
 enum class Outcome {
@@ -71,12 +81,12 @@ enum class Outcome {
 
 struct Imported {
     std::optional<Storage::StorageError> error; ///< Why the import failed; nullopt for a success.
-    /// For each store with a difference; empty where an obstacle was found before any store was changed.
+    /// For each store with a new value; empty where an obstacle was found before any store was changed.
     std::vector<std::pair<Catalogue::Store, Outcome>> outcomes;
 };
 
-/// Stores the document's side of each difference that has one, in one transaction for each store; creates a missing store
-/// only if no other takes no change. Keys that the document lacks keep their values.
-Imported imported(Host::Application const& application, std::deque<Difference> differences, StoreBegins const& begins = {});
+/// Stores the values, which are sorted by store, in one transaction for each store; creates a missing store only if no
+/// other takes no change.
+Imported imported(Host::Application const& application, std::deque<NewValue> values, StoreBegins const& begins = {});
 
 } // namespace Inspection

@@ -113,7 +113,9 @@ struct FieldsOfValue {
 
 std::string lineOf(Entry const& entry)
 {
-    ordered_json fields = {{"kind", entry.kind}, {"class", entry.dataClass.empty() ? ordered_json() : ordered_json(entry.dataClass)}};
+    std::string const dataClass = classOf(entry.key);
+    ordered_json fields = {{"kind", Storage::storedWord(entry.kind)},
+                           {"class", dataClass.empty() ? ordered_json() : ordered_json(dataClass)}};
     std::visit(FieldsOfValue{fields}, entry.value);
     std::string text;
     for (auto const& field : fields.items())
@@ -307,48 +309,48 @@ std::string stringOf(Fields const& fields)
     return bytesOf(text, fields.place("value"));
 }
 
-[[noreturn]] void refuseKind(std::string const& kind, Fields const& fields)
+Kind kindOf(Fields const& fields)
 {
-    refuseValue(fields.place("kind"), kind, "bool, int, string or bytes");
+    std::string const word = fields.text("kind");
+    std::optional<Kind> const kind = Storage::kindFromWord(word);
+    if (!kind)
+        refuseValue(fields.place("kind"), word, "bool, int, string or bytes");
+    return *kind;
 }
 
-Storage::SqliteStorage::Value valueOf(std::string const& kind, Fields const& fields)
+Storage::SqliteStorage::Value valueOf(Kind kind, Fields const& fields)
 {
     Place const place = fields.place("value");
-    if (kind != Storage::storedWord(Kind::text) && fields.find("encoding"))
+    if (kind != Kind::text && fields.find("encoding"))
         throw DocumentError(fields.place("encoding"), "is for the kind string only", "remove it");
-    std::optional<Kind> const known = Storage::kindFromWord(kind);
-    if (!known)
-        refuseKind(kind, fields);
-    if (known == Kind::boolean)
+    if (kind == Kind::boolean)
         return boolOf(fields.at("value"), place);
-    if (known == Kind::integer)
+    if (kind == Kind::integer)
         return intOf(fields.at("value"), place);
-    if (known == Kind::text)
+    if (kind == Kind::text)
         return stringOf(fields);
     std::string const bytes = bytesOf(fields.text("value"), place);
     return std::vector<unsigned char>(bytes.begin(), bytes.end());
 }
 
-void checkRedacted(std::string const& kind, Fields const& fields)
+void checkRedacted(Fields const& fields)
 {
     for (char const* name : {"value", "encoding"})
         if (fields.find(name))
             throw DocumentError(fields.place(name), "stands beside \"redacted\"", "keep one of the two");
     if (fields.at("redacted") != true)
         refuseValue(fields.place("redacted"), fields.at("redacted"), "true, or a value in its place");
-    if (!Storage::kindFromWord(kind))
-        refuseKind(kind, fields);
 }
 
 Entry entryOf(Store store, std::string const& name, Fields const& fields)
 {
     fields.checkNames({"kind", "class", "encoding", "value", "redacted"});
-    Entry entry = {store, keyOf(name, fields.place()), fields.text("kind"), {}, {}};
+    std::string key = keyOf(name, fields.place());
+    Entry entry = {store, kindOf(fields), std::move(key), {}};
     if (json const* const dataClass = fields.find("class"); dataClass && !dataClass->is_null())
-        entry.dataClass = fields.text("class");
+        fields.text("class"); // for readers only
     if (fields.find("redacted"))
-        checkRedacted(entry.kind, fields);
+        checkRedacted(fields);
     else
         entry.value = valueOf(entry.kind, fields);
     return entry;
@@ -571,8 +573,9 @@ void checkKeys(Document const& document, bool withUnknown)
         if (known->store != entry.store)
             throw DocumentError(placeOf(entry), "is kept in the other store",
                                 absl::StrCat("move it to stores.", Catalogue::name(known->store)));
-        if (Storage::storedWord(known->kind) != entry.kind)
-            throw DocumentError(below(placeOf(entry), "kind"), absl::StrCat("is \"", entry.kind, "\", which the editor would not read"),
+        if (known->kind != entry.kind)
+            throw DocumentError(below(placeOf(entry), "kind"),
+                                absl::StrCat("is \"", Storage::storedWord(entry.kind), "\", which the editor would not read"),
                                 absl::StrCat("give a value of kind \"", Storage::storedWord(known->kind), "\""));
         if (known->part == Host::OwnKeys::Part::denominator && entry.value == Storage::SqliteStorage::Value(0))
             throw DocumentError(below(placeOf(entry), "value"), "is 0, which no rational has below its line", "give another number");

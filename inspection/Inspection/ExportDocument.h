@@ -23,6 +23,7 @@
 #pragma once
 
 #include <Catalogue/Catalogue.h>
+#include <Storage/Kind.h>
 #include <Storage/SqliteStorage.h>
 
 #include <nlohmann/json.hpp>
@@ -37,9 +38,8 @@ namespace Inspection {
 /// A stored value in a document.
 struct Entry {
     Catalogue::Store store = Catalogue::Store::product;
+    Storage::Kind kind = Storage::Kind::boolean;
     std::string key;                     ///< The key's own bytes.
-    std::string kind;                    ///< "bool", "int", "string" or "bytes".
-    std::string dataClass;               ///< The word for its class; empty for an unknown key.
     Storage::SqliteStorage::Value value; ///< Of that kind; `std::monostate` for a redacted value.
 
     bool isRedacted() const { return std::holds_alternative<std::monostate>(value); }

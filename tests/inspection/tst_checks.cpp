@@ -487,6 +487,11 @@ INSTANTIATE_TEST_SUITE_P(
         Held{"SmallestNumber", [](SqliteStorage& product, SqliteStorage&) { product.setInt("npsValueToSend", INT_MIN); },
              "warning|number-edge|product|npsValueToSend||it holds -2147483648, at the edge of its range: counting on would leave it",
              "'editor-settings unset npsValueToSend' removes it, so that the default holds"},
+        Held{"NameThatTheLibraryLacks", [](SqliteStorage& product, SqliteStorage&) { product.setString("freezedFileFormat", "later"); },
+             "warning|unusable-value|product|freezedFileFormat||the editor cannot use the stored value: the library has no such name",
+             "'editor-settings explain freezedFileFormat' shows what it accepts; 'editor-settings unset freezedFileFormat' removes it, so "
+             "that the default "
+             "holds"},
         Held{"RationalWithoutDenominator", [](SqliteStorage& product, SqliteStorage&) { product.setInt("rate_N", 25); },
              "note|rational-half|product|rate||the rational has no rate_D, so a read mixes it with a default",
              "have the program that owns it store it again"},

@@ -12,6 +12,9 @@
 #include <support/Named.h>
 #include <support/OtherProgram.h>
 
+#include <array>
+#include <fstream>
+
 namespace {
 
 using Catalogue::DataClass;
@@ -163,6 +166,22 @@ TEST_F(DeclaredKeys, RationalIsWrittenWhole)
     EXPECT_EQ(m_product.getInt("rate_D", 0), 1001);
 }
 
+// The file counts its transactions in the bytes from 24 to 27 of its header.
+TEST_F(DeclaredKeys, HalvesOfARationalAreWrittenInOneTransaction)
+{
+    hold(m_product, 1, 2);
+    auto const transactions = [&] {
+        std::ifstream file(m_product.file(), std::ios::binary);
+        std::array<unsigned char, 28> header = {};
+        EXPECT_TRUE(file.read(reinterpret_cast<char*>(header.data()), header.size()));
+        return header[26] * 256 + header[27];
+    };
+    int const before = transactions();
+    EXPECT_GT(before, 0);
+    state("rate").write(Value(OwnKey::Rational(30000, 1001)));
+    EXPECT_EQ(transactions(), before + 1);
+}
+
 TEST_F(DeclaredKeys, HalfIsKnownAsAStoredIntAndNotByItself)
 {
     hold(m_product, 1, 2);
@@ -274,6 +293,38 @@ TEST_F(DeclaredChecks, ValuesAreCheckedAsTheLibrarys)
                   "elements or a part of the separator"}));
     EXPECT_EQ(found(Store::common),
               (std::vector<std::string>{"warning misplaced-key rate_D it belongs in the product store and is not read here"}));
+}
+
+TEST_F(DeclaredChecks, ValueThatTheProductDoesNotAcceptIsFound)
+{
+    OwnKey word = declared("quality", std::string("draft"));
+    word.accepts = {"draft", "final"};
+    OwnKey list = declared("meters", QStringList());
+    list.accepts = {"peak", "loudness"};
+    OwnKey number = declared("gain", 0);
+    number.range = std::pair(-60, 12);
+    OwnKey folder = declared("proxies.", std::string(), true);
+    folder.isFolder = true;
+    OwnKey single = declared("renders", std::string());
+    single.isFolder = true;
+    Inspection::declareOwnKeys(OwnKeys({word, list, number, folder, single}));
+    m_product.setString("quality", "final");
+    m_product.setString("meters", "peak|#|loudness");
+    m_product.setInt("gain", 12);
+    m_product.setString("proxies.a", "");
+    EXPECT_EQ(found(Store::product), std::vector<std::string>());
+    m_product.setString("quality", "Final");
+    m_product.setString("meters", "peak|#|vu");
+    m_product.setInt("gain", 13);
+    m_product.setString("proxies.a", "relative");
+    m_product.setString("renders", "relative"); // the checks of folders tell of it
+    EXPECT_EQ(found(Store::product),
+              (std::vector<std::string>{
+                  "warning unusable-value gain the editor cannot use the stored value: it is outside the range that the product accepts",
+                  "warning unusable-value meters the editor cannot use the stored value: the product does not accept it",
+                  "warning unusable-value proxies.a the editor cannot use the stored value: not absolute: it depends on the folder that "
+                  "the editor is started in",
+                  "warning unusable-value quality the editor cannot use the stored value: the product does not accept it"}));
 }
 
 TEST_F(DeclaredKeys, FolderIsAmongThoseToWriteUnlessItIsEmpty)

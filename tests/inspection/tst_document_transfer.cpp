@@ -13,28 +13,38 @@
 namespace {
 
 using Inspection::changeName;
-using Inspection::compared;
 using Inspection::Comparison;
 using Inspection::exported;
 using Inspection::imported;
+using Inspection::NewValue;
 using Inspection::Outcome;
 
 class DocumentTransfer : public Stores {
 protected:
-    // The differences of a document from the stores, one line each.
-    std::vector<std::string> differences(Comparison const& comparison) const
+    struct Compared : Comparison {
+        std::vector<std::string> differences; // one line each
+        std::deque<NewValue> values;          // of the document
+    };
+
+    Compared compared(Host::ToolApplication const& application, Inspection::Selection const& selection, Document document) const
     {
-        std::vector<std::string> lines;
-        for (auto const& [store, row] : comparison.differences)
-            lines.push_back(std::string(changeName(row.change())) + (store == Store::product ? " product " : " common ") + row.key);
-        return lines;
+        Compared result;
+        auto const take = [&](Inspection::Difference difference) {
+            auto const& [store, row] = difference;
+            result.differences.push_back(std::string(changeName(row.change())) + (store == Store::product ? " product " : " common ") +
+                                         row.key);
+            if (row.after)
+                result.values.push_back({store, row.key, row.after->value});
+        };
+        static_cast<Comparison&>(result) = Inspection::compared(application, selection, std::move(document), take);
+        return result;
     }
 
     // Imports the entries into the stores in `folder`.
     Inspection::Imported importInto(char const* folder, std::string const& content) const
     {
         Host::ToolApplication const application = bound(folder);
-        return imported(application, compared(application, {}, readDocument(content)).differences);
+        return imported(application, compared(application, {}, readDocument(content)).values);
     }
 };
 
@@ -86,7 +96,7 @@ TEST_F(DocumentTransfer, RowsThatNoDocumentHoldsAreListed)
     Inspection::Export const result = exported(application, {});
     ASSERT_EQ(result.document.entries.size(), 1u);
     EXPECT_EQ(result.document.entries[0].key, "npsSendCount");
-    Comparison const comparison = compared(application, {}, result.document);
+    Compared const comparison = compared(application, {}, result.document);
     EXPECT_TRUE(comparison.differences.empty());
     for (auto const* rows : {&result.uncarried, &comparison.uncarried}) {
         ASSERT_EQ(rows->size(), 2u);
@@ -129,7 +139,7 @@ TEST_F(DocumentTransfer, EveryPreferenceSurvivesTheRoundTrip)
         EXPECT_FALSE(importInto(other.c_str(), whole).error);
         EXPECT_EQ(valuesOf(m_home.path() / other / "product-settings.sqlite"), product);
         EXPECT_EQ(valuesOf(m_home.path() / other / "common-settings.sqlite"), common);
-        Comparison const again = compared(bound(other.c_str()), {}, readDocument(whole));
+        Compared const again = compared(bound(other.c_str()), {}, readDocument(whole));
         EXPECT_TRUE(again.differences.empty());
         EXPECT_EQ(again.same, 57u);
     }
@@ -141,10 +151,9 @@ TEST_F(DocumentTransfer, ClassOfTheCatalogueSelectsAndNotThatOfTheDocument)
     Host::ToolApplication const application = bound();
     Document const wanted = readDocument(document(R"("exportPath": {"kind": "string", "class": "roaming", "value": "/x"},
                                                      "lastTarget": {"kind": "string", "class": "later", "value": "y"})"));
-    EXPECT_EQ(differences(compared(application, {{"roaming"}, false}, wanted)),
-              std::vector<std::string>{"removed product keepVideoAspect"});
-    EXPECT_EQ(differences(compared(application, {{"local"}, false}, wanted)), std::vector<std::string>{"added product exportPath"});
-    EXPECT_EQ(differences(compared(application, {{"transient", "roaming"}, false}, wanted)),
+    EXPECT_EQ(compared(application, {{"roaming"}, false}, wanted).differences, std::vector<std::string>{"removed product keepVideoAspect"});
+    EXPECT_EQ(compared(application, {{"local"}, false}, wanted).differences, std::vector<std::string>{"added product exportPath"});
+    EXPECT_EQ(compared(application, {{"transient", "roaming"}, false}, wanted).differences,
               (std::vector<std::string>{"removed product keepVideoAspect", "added product lastTarget", "removed product npsSendCount"}));
     EXPECT_EQ(exported(application, {{"transient"}, false}).document.entries.size(), 1u);
 }
@@ -152,10 +161,10 @@ TEST_F(DocumentTransfer, ClassOfTheCatalogueSelectsAndNotThatOfTheDocument)
 TEST_F(DocumentTransfer, ComparisonCountsWhatIsSameAndWhatIsRedacted)
 {
     put(productFile(), {{"npsSendCount", 1}, {"lastTarget", std::string("same")}, {"snapshotPath", std::string("/x")}});
-    Comparison const comparison = compared(bound(), {}, readDocument(document(R"("npsSendCount": {"kind": "string", "value": "1"},
+    Compared const comparison = compared(bound(), {}, readDocument(document(R"("npsSendCount": {"kind": "string", "value": "1"},
             "lastTarget": {"kind": "string", "value": "same"}, "snapshotPath": {"kind": "string", "redacted": true},
             "projectPath": {"kind": "string", "redacted": true}, "theirs": {"kind": "int", "value": 1})")));
-    EXPECT_EQ(differences(comparison), (std::vector<std::string>{"changed product npsSendCount", "added product theirs"}));
+    EXPECT_EQ(comparison.differences, (std::vector<std::string>{"changed product npsSendCount", "added product theirs"}));
     EXPECT_EQ(comparison.same, 1u);
     EXPECT_EQ(comparison.redacted, 2u);
 }

@@ -7,6 +7,8 @@
 
 namespace {
 
+using Storage::Kind;
+
 struct HostileText {
     char const* meaning;
     std::string text;
@@ -19,10 +21,10 @@ TEST(ExportDocument, HasALineForEachEntry)
 {
     Document const document = {"NOW",
                                "Lumora Video Editor",
-                               {{Store::product, "exportPath", "string", "local", std::string("/films")},
-                                {Store::product, "npsEmailToSend", "string", "personal", {}},
-                                {Store::product, "unknown", "bytes", "", Bytes{0, 255}},
-                                {Store::common, "autoUpdate", "bool", "local", false}}};
+                               {{Store::product, Kind::text, "exportPath", std::string("/films")},
+                                {Store::product, Kind::text, "npsEmailToSend", {}},
+                                {Store::product, Kind::bytes, "unknown", Bytes{0, 255}},
+                                {Store::common, Kind::boolean, "autoUpdate", false}}};
     EXPECT_EQ(written(document), R"({
   "format": "editor-settings export",
   "version": 1,
@@ -46,7 +48,7 @@ class TextInADocument : public testing::TestWithParam<HostileText> {};
 
 TEST_P(TextInADocument, SurvivesTheRoundTrip)
 {
-    std::string const whole = written(documentOf({Store::product, "lastTarget", "string", "transient", GetParam().text}));
+    std::string const whole = written(documentOf({Store::product, Kind::text, "lastTarget", GetParam().text}));
     EXPECT_NE(
         whole.find(std::string("\n      \"lastTarget\": {\"kind\": \"string\", \"class\": \"transient\", ") + GetParam().fields + "}\n"),
         std::string::npos)
@@ -84,7 +86,7 @@ class KeyInADocument : public testing::TestWithParam<NamedKey> {};
 
 TEST_P(KeyInADocument, HasANameOfItsOwn)
 {
-    std::string const whole = written(documentOf({Store::product, GetParam().key, "int", "", 1}));
+    std::string const whole = written(documentOf({Store::product, Kind::integer, GetParam().key, 1}));
     EXPECT_NE(whole.find(std::string("\n      ") + GetParam().name + ": {\"kind\": \"int\", \"class\": null, \"value\": 1}\n"),
               std::string::npos)
         << whole;

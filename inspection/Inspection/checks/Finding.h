@@ -39,6 +39,7 @@ enum class Check {
     notUtf8,
     listChanges,
     numberEdge,
+    unusableValue,
     folder,
     foldersMissing,
     keptStores,

@@ -2,6 +2,7 @@
 #include <Inspection/checks/StoredValueChecks.h>
 
 #include <Inspection/DeclaredKeys.h>
+#include <Inspection/Locations.h>
 #include <Inspection/PreferenceState.h>
 #include <Inspection/ValueFormat.h>
 
@@ -135,6 +136,17 @@ bool isAtTheEdge(PreferenceState const& preference)
     return number && (*number == std::numeric_limits<int>::max() || *number == std::numeric_limits<int>::min());
 }
 
+// The checks of folders tell of those that are written to, stored or not.
+std::string untoldReason(PreferenceState const& preference)
+{
+    std::string const reason = whyUnusable(preference.key, preference.observation.value);
+    if (reason.empty())
+        return {};
+    std::vector<WrittenFolder> const folders = foldersToWrite();
+    auto const isIt = [&](WrittenFolder const& folder) { return folder.isPreference && folder.label == preference.key; };
+    return std::any_of(folders.begin(), folders.end(), isIt) ? std::string() : reason;
+}
+
 void checkValue(PreferenceState const& preference, ExaminedStore const& store, Findings& findings)
 {
     std::string const& key = preference.key;
@@ -164,6 +176,9 @@ void checkValue(PreferenceState const& preference, ExaminedStore const& store, F
             absl::StrCat("it holds ", std::get<int>(preference.stored.front().value),
                          ", at the edge of its range: counting on would leave it"),
             unset);
+    else if (std::string const reason = untoldReason(preference); !reason.empty())
+        add(Check::unusableValue, "the editor cannot use the stored value: " + reason,
+            absl::StrCat("'editor-settings explain ", key, "' shows what it accepts; ", unset));
 }
 
 bool isReadFrom(ExaminedStore const& store, std::string const& key)

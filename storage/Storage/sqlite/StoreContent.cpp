@@ -123,11 +123,14 @@ char const* const allRows = "SELECT key, kind, value, changed FROM settings";
 
 std::vector<SqliteStorage::Row> storedRows(SQLite::Database& database)
 {
-    SQLite::Statement all(database, "SELECT key, kind, value, changed FROM settings ORDER BY key");
+    // No read finds a key of another type, which only another program can have stored. The condition also has SQLite step
+    // through the rows when it counts them, so that the limit on its work holds in a forged file.
+    std::string const rows = " FROM settings WHERE typeof(key) = 'text'";
     std::vector<SqliteStorage::Row> result;
+    result.reserve(database.execAndGet("SELECT count(*)" + rows).getUInt()); // growing would take up to twice the memory
+    SQLite::Statement all(database, "SELECT key, kind, value, changed" + rows + " ORDER BY key");
     while (all.executeStep())
-        if (all.getColumn(0).isText()) // no read finds a key of another type, which only another program can have stored
-            result.push_back(decodedRow(all.getColumn(0).getString(), all.getColumn(1), all.getColumn(2), all.getColumn(3)));
+        result.push_back(decodedRow(all.getColumn(0).getString(), all.getColumn(1), all.getColumn(2), all.getColumn(3)));
     return result;
 }
 

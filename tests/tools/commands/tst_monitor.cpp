@@ -157,6 +157,20 @@ TEST_F(Monitor, TellsAListAsItIsTold)
     EXPECT_EQ(statusAfter(SIGTERM), 0);
 }
 
+TEST_F(Monitor, TellsADeclaredListAsItIsTold)
+{
+    std::string const file = m_home
+                                 .write("product.json", R"({"vendorName": "V", "productName": "P", "sharedDataFolderName": "S",
+        "productKind": 0, "projectFileExtensions": [], "resourcesRoot": "share", "ownKeys": [{"key": "my.tracks", "kind": "list",
+        "store": "product", "class": "local", "purpose": "The tracks"}]})")
+                                 .string();
+    start({"--plain", "--product", file});
+    awaitReady();
+    said({"--product", file, "set", "my.tracks", "a", "b"});
+    EXPECT_EQ(awaited("out", "\n").substr(24), "\tproduct\tmy.tracks\t(unset)\t[\"a\",\"b\"]\n");
+    EXPECT_EQ(statusAfter(SIGTERM), 0);
+}
+
 TEST_F(Monitor, EndsWhereNobodyCanReadIt)
 {
     SqliteStorage(productFile()).setString("exportPath", "/films");

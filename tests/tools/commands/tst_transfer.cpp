@@ -309,22 +309,21 @@ std::size_t peakOf(std::vector<std::string> command)
     return static_cast<std::size_t>(usage.ru_maxrss) * 1024;
 }
 
-// Many small values are the worst, as the parts of an entry take more than its line does.
+// Many small values without white space are the worst, as the parts of an entry take more than its text does.
 TEST_F(Exchange, ImportTakesEightTimesTheDocumentAtMost)
 {
     constexpr int count = 200000;
     std::ofstream stream(inHome("in.json"));
-    stream << R"({"format": "editor-settings export", "version": 1, "stores": {"product": {)";
-    for (int number = 100000; number < 100000 + count; ++number)
-        stream << (number == 100000 ? "" : ",") << "\n      \"key" << number << R"(": {"kind": "int", "class": null, "value": 1})";
+    stream << R"({"format":"editor-settings export","version":1,"stores":{"product":{)";
+    for (int number = 0; number < count; ++number)
+        stream << (number == 0 ? "" : ",") << R"("k)" << number << R"(":{"kind":"int","value":1})";
     stream << "}}}";
     stream.close();
     std::size_t const size = std::filesystem::file_size(inHome("in.json"));
-    ASSERT_GT(size, 10000000u);
+    ASSERT_GT(size, 6000000u);
     std::string const small = m_home.write("small.json", document(R"("key": {"kind": "int", "value": 1})")).string();
     std::size_t const least = peakOf({TOOL, "import", "--with-unknown", small});
     ASSERT_LT(least, 100000000u);
-    EXPECT_LE(peakOf({TOOL, "diff", inHome("in.json")}), least + 8 * size);
     EXPECT_LE(peakOf({TOOL, "import", "--with-unknown", inHome("in.json")}), least + 8 * size);
     EXPECT_EQ(valuesOf(productFile()).size(), count + 1u);
     EXPECT_LE(peakOf({TOOL, "import", "--with-unknown", inHome("in.json")}), least + 8 * size) << "nothing differs";

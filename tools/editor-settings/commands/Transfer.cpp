@@ -33,6 +33,7 @@ using Inspection::Comparison;
 using Inspection::Difference;
 using Inspection::Document;
 using Inspection::DocumentError;
+using Inspection::NewValue;
 using Inspection::RowDifference;
 using nlohmann::ordered_json;
 using Storage::SqliteStorage;
@@ -206,12 +207,14 @@ bool showDifferences(Host::Application const& application, TransferOptions const
         std::optional<ProgressLine> progress(3);
         progress->next(isTyped(options) ? "" : "reading the file");
         Document wanted = document(options);
-        Comparison comparison =
-            Inspection::compared(application, selection(options), std::move(wanted), steps(*progress, "comparing with"));
+        std::deque<Difference> differences;
+        auto const take = [&](Difference difference) { differences.push_back(std::move(difference)); };
+        Comparison const comparison =
+            Inspection::compared(application, selection(options), std::move(wanted), take, steps(*progress, "comparing with"));
         progress.reset(); // the answer may stand on the same terminal
         printUncarried(comparison.uncarried, "not compared");
-        bool const isDifferent = !comparison.differences.empty();
-        print(std::move(comparison.differences), format, differenceName);
+        bool const isDifferent = !differences.empty();
+        print(std::move(differences), format, differenceName);
         if (comparison.redacted > 0)
             printError(absl::StrCat(comparison.redacted, " redacted in the file, so not compared"));
         return isDifferent;
@@ -236,10 +239,10 @@ std::string shownOutcome(std::pair<Store, Inspection::Outcome> const& outcome)
     return store + "cannot be read";
 }
 
-void import(Host::Application const& application, std::deque<Difference> differences)
+void import(Host::Application const& application, std::deque<NewValue> values)
 {
     ProgressLine progress(2);
-    auto const& [error, outcomes] = Inspection::imported(application, std::move(differences), steps(progress, "changing"));
+    auto const& [error, outcomes] = Inspection::imported(application, std::move(values), steps(progress, "changing"));
     if (!error)
         return;
     if (outcomes.empty())
@@ -271,17 +274,24 @@ void importSettings(Host::Application const& application, TransferOptions const&
     std::optional<ProgressLine> progress(3);
     progress->next(isTyped(options) ? "" : "reading the file");
     Document wanted = checkedDocument(options);
-    Comparison comparison = Inspection::compared(application, selection(options), std::move(wanted), steps(*progress, "comparing with"));
+    std::deque<Difference> shown;
+    std::deque<NewValue> values;
+    auto const take = [&](Difference difference) {
+        std::optional<SqliteStorage::Row>& after = difference.row.after;
+        if (after && options.dryRun)
+            shown.push_back(std::move(difference));
+        else if (after)
+            values.push_back({difference.store, std::move(after->key), std::move(after->value)});
+    };
+    Comparison const comparison =
+        Inspection::compared(application, selection(options), std::move(wanted), take, steps(*progress, "comparing with"));
     progress.reset(); // what follows is printed, or has steps of its own
     printUncarried(comparison.uncarried, "not compared");
-    auto const isKept = [](Difference const& difference) { return difference.row.change() == Change::removed; };
-    auto& differences = comparison.differences;
-    differences.erase(std::remove_if(differences.begin(), differences.end(), isKept), differences.end());
-    std::size_t const changes = differences.size();
+    std::size_t const changes = shown.size() + values.size();
     if (options.dryRun)
-        print(std::move(differences), format, changeName);
+        print(std::move(shown), format, changeName);
     else
-        import(application, std::move(differences));
+        import(application, std::move(values));
     printCounts(changes, comparison, options.dryRun);
 }
 
