@@ -14,7 +14,7 @@ namespace Host {
 namespace {
 
 std::vector<std::string> const productNames = {
-    "vendorName", "productName", "sharedDataFolderName", "productKind", "projectFileExtensions", "resourcesRoot", "ownKeys"};
+    "vendorName", "productName", "sharedDataFolderName", "productKind", "projectFileExtensions", "resourcesRoot", "studio", "ownKeys"};
 
 std::string extensions(Fields const& fields)
 {
@@ -27,6 +27,28 @@ std::string extensions(Fields const& fields)
         joined += (joined.empty() ? "" : ",") + extension;
     }
     return joined;
+}
+
+// Whether a connection has a password among its pairs, or before the host of its URI.
+bool holdsPassword(std::string const& connection)
+{
+    if (connection.find("password") != std::string::npos)
+        return true;
+    std::size_t const scheme = connection.find("://");
+    if (scheme == std::string::npos)
+        return false;
+    std::size_t const begin = scheme + 3;
+    std::string const authority = connection.substr(begin, connection.find_first_of("/?", begin) - begin);
+    return authority.substr(0, authority.find('@') + 1).find(':') != std::string::npos; // without '@' the sum is 0
+}
+
+// Everybody may read the file. The error does not show the password again.
+std::string studioIn(Fields const& fields)
+{
+    std::string const connection = fields.text("studio");
+    if (holdsPassword(connection))
+        fields.refuse("has a password in field \"studio\"; keep it in ~/.pgpass of each user");
+    return connection;
 }
 
 // --- Own keys ---
@@ -120,6 +142,8 @@ ProductFile::ProductFile(fs::path const& file) : m_file(file)
     m_productKind = fields.number("productKind");
     m_projectFileExtensions = extensions(fields);
     m_resourcesRoot = fs::absolute(file).parent_path() / fs::u8path(fields.path("resourcesRoot"));
+    if (fields.has("studio"))
+        m_studio = studioIn(fields);
     if (fields.has("ownKeys")) {
         if (!text.at({"ownKeys"}).is_array())
             fields.refuse("ownKeys", "an array of declared keys");

@@ -22,6 +22,8 @@ public:
 ///   productKind             a whole number
 ///   projectFileExtensions   an array of texts without dot or comma, the one for saving first
 ///   resourcesRoot           a path, relative to the folder of the product file
+///   studio                  a text: the connection to the server with the studio's settings, as libpq takes it, without a
+///                           password; may be left out
 ///   ownKeys                 an array of the host's own keys; may be left out
 ///
 /// Each own key is an object:
@@ -53,6 +55,8 @@ public:
     std::filesystem::path const& file() const { return m_file; }
     /// The root of the product's resources, as an absolute path.
     std::filesystem::path const& resourcesRoot() const { return m_resourcesRoot; }
+    /// The connection to the studio's server; empty where there is none.
+    std::string const& studio() const { return m_studio; }
     /// The keys that the file declares. Whether the library has one of them is not checked here.
     OwnKeys const& ownKeys() const { return m_ownKeys; }
 
@@ -64,6 +68,7 @@ private:
     int m_productKind = 0;
     std::string m_projectFileExtensions;
     std::filesystem::path m_resourcesRoot;
+    std::string m_studio;
     OwnKeys m_ownKeys;
 };
 

@@ -107,6 +107,37 @@ TEST_F(ProductFiles, FileWhoseNameIsNoTextIsNamedAsNearlyAsTextCan)
     }
 }
 
+std::string withStudio(std::string const& connection)
+{
+    std::string const last = "\"share/resources\"";
+    std::string text = complete;
+    return text.replace(text.find(last), last.size(), last + ",\n  \"studio\": \"" + connection + '"');
+}
+
+TEST_F(ProductFiles, ConnectionToTheStudioMayBeNamed)
+{
+    for (char const* const connection :
+         {"", "service=studio", "host=db.example dbname=studio passfile=/etc/pass",
+          "postgresql://alice@db.example:5432/studio?sslmode=verify-full", "postgresql://db.example:5432/a@b"})
+        EXPECT_EQ(ProductFile(m_home.write("product.json", withStudio(connection))).studio(), connection);
+    EXPECT_EQ(ProductFile(m_home.write("product.json", complete)).studio(), "");
+}
+
+TEST_F(ProductFiles, PasswordInTheConnectionToTheStudioIsRefusedAndNotShown)
+{
+    for (char const* const connection :
+         {"host=db password=hunter2", "postgresql://alice:hunter2@db/studio", "postgresql://db/studio?password=hunter2"}) {
+        std::filesystem::path const file = m_home.write("product.json", withStudio(connection));
+        try {
+            ProductFile const product(file);
+            ADD_FAILURE() << connection << " was read";
+        } catch (ProductFileError const& error) {
+            EXPECT_EQ(std::string(error.what()),
+                      "product file " + file.string() + " has a password in field \"studio\"; keep it in ~/.pgpass of each user");
+        }
+    }
+}
+
 struct Wrong {
     char const* meaning;
     std::string from;
@@ -131,7 +162,7 @@ TEST_P(WrongProductFile, IsRefusedWithWhatIsAccepted)
 }
 
 std::string const allFields =
-    "the fields are vendorName, productName, sharedDataFolderName, productKind, projectFileExtensions, resourcesRoot, ownKeys";
+    "the fields are vendorName, productName, sharedDataFolderName, productKind, projectFileExtensions, resourcesRoot, studio, ownKeys";
 std::string const folderName = "which takes the name of a folder: not empty, not \".\" or \"..\", without \"/\"";
 std::string const wholeNumber = "which takes a whole number from -2147483648 to 2147483647";
 std::string const extensions = "which takes an array of texts, none empty, without \".\" and \",\"";

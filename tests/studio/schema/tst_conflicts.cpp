@@ -147,17 +147,19 @@ TEST_F(Conflict, RowOfTheFutureCountsAsChangedJustNow)
     EXPECT_EQ(stored(), "B");
 }
 
-// The writer that waits longer for the layer commits later. A time from before its wait would make its change the older one.
-TEST_F(Conflict, TimeIsTakenBehindTheLock)
+// A time from before the wait for the layer would make the last change the oldest one.
+TEST_F(Conflict, TimesAreInTheOrderOfTheRevisions)
 {
     Login const other = user("alice", 2);
-    EXPECT_EQ(m_alice->ask("BEGIN; " + statement({1, 1, false, "common", "unrelated"})).text(), "stored|1");
+    EXPECT_EQ(m_alice->ask("BEGIN; " + statement({1, 1, false, "common", "first"})).text(), "stored|1");
     other.send(statement({2, 1, false, "common", "key", "string", "waited", false, 0, 0}));
     ASSERT_TRUE(comes("SELECT count(*) FROM pg_stat_activity WHERE wait_event_type = 'Lock'", "1"));
-    EXPECT_EQ(set(1, 2, "was first", 0, 0), "stored|2");
+    EXPECT_EQ(set(1, 2, "was before", 0, 0), "stored|2");
+    EXPECT_EQ(put(*m_alice, {1, 3, false, "common", "third"}), "stored|3");
     EXPECT_EQ(m_alice->ask("COMMIT").code, "");
-    EXPECT_EQ(other.answer().text(), "stored|3");
-    EXPECT_EQ(stored(), "waited");
+    EXPECT_EQ(other.answer().text(), "stored|4");
+    EXPECT_EQ(stored(), "waited") << "of two online writers the last one wins";
+    EXPECT_EQ(ask("SELECT string_agg(revision::text, ' ' ORDER BY changed_at) FROM settings.value"), "1 3 4");
 }
 
 TEST_F(Conflict, LoserIsToldWithItsOrigin)

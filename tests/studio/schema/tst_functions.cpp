@@ -57,6 +57,13 @@ TEST_F(Hello, LockOfAStrangerIsNotWaitedForLong)
     EXPECT_EQ(put(alice, {}), "stored|1") << "a writer does not wait for it at all";
 }
 
+TEST_F(Hello, OpenChangeOfAnotherClientIsNotWaitedFor)
+{
+    Login const writer = user("alice", 2);
+    EXPECT_EQ(writer.ask("BEGIN; " + statement({2, 1})).text(), "stored|1");
+    EXPECT_EQ(login("alice").ask(numbers, {clientId(1), "0"}).text(), "1|1|2|0|f");
+}
+
 TEST_F(Hello, ClientHasAName) { EXPECT_EQ(login("alice").ask("SELECT settings.hello_v1(NULL, 0)").code, "ST005"); }
 
 TEST_F(Hello, EpochStaysOverARestart)

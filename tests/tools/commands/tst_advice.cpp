@@ -53,8 +53,9 @@ TEST_P(Advice, TellsWhatIsWrongAndWhatToDo)
 
 std::string const forMore = "Run 'editor-settings --help' for more information.";
 std::string helpOf(std::string const& verb) { return "Run 'editor-settings " + verb + " --help' for more information."; }
-std::string const theVerbs = "The verbs are list, get, set, unset, explain, paths, next-name, project, backup, restore, monitor, doctor, "
-                             "export, import, diff, completion, manual and help.\n";
+std::string const theVerbs =
+    "The verbs are list, get, set, unset, explain, paths, next-name, project, backup, restore, monitor, doctor, studio, "
+    "export, import, diff, completion, manual and help.\n";
 std::string const kinds = "What follows next-name is one of audio, freeze and stabilized.\n";
 std::string const nameAProduct = "\nName a product file with '--product FILE', or in EDITOR_SETTINGS_PRODUCT.";
 std::string const lookAtTheStores =
@@ -237,7 +238,7 @@ INSTANTIATE_TEST_SUITE_P(
                           {"--product", "~/product.json", "list"},
                           1,
                           "product file ~/product.json has no field \"productName\"; the fields are vendorName, "
-                          "productName, sharedDataFolderName, productKind, projectFileExtensions, resourcesRoot, ownKeys" +
+                          "productName, sharedDataFolderName, productKind, projectFileExtensions, resourcesRoot, studio, ownKeys" +
                               nameAProduct},
                     Wrong{"ProductFileThatIsNoJson",
                           {"--product", "~/there", "list"},

@@ -279,7 +279,7 @@ TEST_F(Tool, HelpListsTheVerbsInTheirOrder)
 {
     EXPECT_EQ(verbs(),
               (std::vector<std::string>{"list", "get", "explain", "paths", "project", "set", "unset", "next-name", "backup", "restore",
-                                        "export", "import", "diff", "monitor", "doctor", "completion", "manual", "help"}));
+                                        "export", "import", "diff", "monitor", "doctor", "studio", "completion", "manual", "help"}));
 }
 
 TEST_F(Tool, HelpOpensNoStore)
@@ -307,7 +307,7 @@ TEST_F(Tool, HelpFitsAScreen)
         for (std::string const& below : helpLists("Verbs", {verb}))
             helps.push_back({verb, below, "--help"});
     }
-    ASSERT_EQ(helps.size(), 22u);
+    ASSERT_EQ(helps.size(), 24u);
     for (std::vector<std::string> const& help : helps) {
         std::vector<std::string> const shown = lines(said(help));
         EXPECT_LE(shown.size(), 40u) << help.front();

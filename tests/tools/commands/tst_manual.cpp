@@ -40,7 +40,7 @@ TEST_F(Manual, PageTellsEveryVerbAndOptionOfTheHelp)
             EXPECT_EQ(section.find("\\fB" + option + "\\fR") == std::string::npos, option.find("--help") == 0)
                 << verb << " has no " << option << ", or repeats --help";
     }
-    EXPECT_NE(page.find("\n.SH NAME\neditor-settings - shows and changes preferences, folders and names of files of Lumora Video Editor\n"),
+    EXPECT_NE(page.find("\n.SH NAME\neditor-settings - shows and changes preferences, folders and file names of Lumora Video Editor\n"),
               std::string::npos);
     EXPECT_NE(page.find("\nStores a value.\n.TP\n\\fIKEY\\fR\nThe preference\n.TP\n\\fIVALUE\\fR\nA bool as true or false"),
               std::string::npos);

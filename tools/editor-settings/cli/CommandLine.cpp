@@ -306,7 +306,7 @@ private:
         return command;
     }
 
-    CLI::App m_app{"Shows and changes preferences, folders and names of files of Lumora Video Editor.", "editor-settings"};
+    CLI::App m_app{"Shows and changes preferences, folders and file names of Lumora Video Editor.", "editor-settings"};
     GlobalOptions m_global;
     std::vector<std::string> m_words; // as they are parsed
     std::vector<Command> m_commands = allCommands();
