@@ -220,11 +220,13 @@ TEST_F(Session, UserWhomTheServerForgotBeginsAnew)
 {
     Program alice(connectionOf("alice"));
     alice.store->setInt("number", 7);
+    ASSERT_TRUE(alice.session.synchronise(60s));
     EXPECT_EQ(login("ada").ask("SELECT settings.forget_user_v1('alice')").text(), "t");
     ASSERT_TRUE(alice.session.synchronise(60s));
     EXPECT_FALSE(alice.store->contains("number"));
     alice.store->setInt("number", 8);
     EXPECT_EQ(atServer("number"), "int 8");
+    ASSERT_TRUE(alice.session.synchronise(60s));
     EXPECT_EQ(login("ada").ask("SELECT settings.forget_user_v1('alice')").text(), "t");
     alice.store->setInt("other", 9);
     EXPECT_EQ(atServer("other"), "int 9");
@@ -237,10 +239,25 @@ TEST_F(Session, ServerWhoseHistoryWentBackIsReadFromItsBeginning)
     alice.store->setInt("kept", 1);
     alice.store->setInt("gone", 2);
     alice.store->setInt("gone too", 3);
+    ASSERT_TRUE(alice.session.synchronise(60s));
     // As a server that lost its last commits.
     ask("DELETE FROM settings.value WHERE revision > 1; UPDATE settings.layer SET revision = 1 WHERE name = 'alice'");
     ASSERT_TRUE(alice.session.synchronise(60s));
     EXPECT_EQ(alice.store->getInt("kept", 0), 1);
     EXPECT_FALSE(alice.store->contains("gone"));
     EXPECT_FALSE(alice.store->contains("gone too"));
+}
+
+TEST_F(Session, OtherHistoryOfTheSameLengthIsReadFromItsBeginning)
+{
+    Program alice(connectionOf("alice"));
+    alice.store->setInt("gone", 1);
+    ASSERT_TRUE(alice.session.synchronise(60s));
+    EXPECT_EQ(login("ada").ask("SELECT settings.forget_user_v1('alice')").text(), "t");
+    Program(connectionOf("alice")).store->setInt("new", 2);
+    m_server->stop();
+    m_server->start();
+    ASSERT_TRUE(alice.session.synchronise(60s));
+    EXPECT_FALSE(alice.store->contains("gone"));
+    EXPECT_EQ(alice.store->getInt("new", 0), 2);
 }
