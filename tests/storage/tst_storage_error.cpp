@@ -66,6 +66,10 @@ std::string nameOf(Code code)
         return "network";
     case Code::forked:
         return "forked";
+    case Code::locked:
+        return "locked";
+    case Code::unreachable:
+        return "unreachable";
     }
     return "no code";
 }
