@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The folders below the user's movies, music and caches, and the preferences that fall back on them. The floor is the one
-// call of GetStandardPath that each of them makes.
+// The folders below the user's movies, music, caches and data, and the preferences that fall back on them. The floor is the
+// one question for a standard path that each of them asks.
 #include <support/Bench.h>
 #include <support/BoundLibrary.h>
 
@@ -35,6 +35,8 @@ struct Surroundings {
 
 using Shared = std::shared_ptr<Surroundings>;
 
+QString effectsPath() { return Settings::userEffectsPath("Sepia"); }
+
 struct Row {
     char const* name;
     QString (*folder)();
@@ -56,6 +58,7 @@ Row const table[] = {
     {"downloadableResourcesPath", &Settings::downloadableResourcesPath, QStandardPaths::MoviesLocation},
     {"exportPath", &Settings::exportPath, QStandardPaths::MoviesLocation},
     {"newsCenterContentPath", &Settings::newsCenterContentPath, QStandardPaths::CacheLocation},
+    {"userEffectsPath", &effectsPath, QStandardPaths::GenericDataLocation},
 };
 
 void addRow(Shared const& all, Row const& row)

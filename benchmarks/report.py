@@ -8,7 +8,7 @@ report.py check RESULTS                    names the goals that are missed and e
                                            them too
 report.py document RESULTS FACTS           prints the document
 
-RESULTS holds PROGRAM.ROUND.json, as Google Benchmark writes them. A figure is the median of the rounds; what is compared
+RESULTS holds PROGRAM.ROUND.json, as Google Benchmark writes them, and RESULTS/qt6 those of the build with Qt 6. A figure is the median of the rounds; what is compared
 is compared within each round first. In goals.tsv {a,b} stands for each in turn, * for the row on the left, "A over B" for
 a quotient, "#counter" for a count in place of the time.
 """
@@ -202,9 +202,9 @@ programs = {
 floor locks the weak reference, calls the store, and converts the value with the functions of Qt and the platform library, in
 a function of the program; "written out" is the same code without the call of that function. QSettings in memory
 keeps a list split and copies a reference to it, which is faster than any conversion."""),
-    "locations": ("Locations", """The folders below the user's movies, music and caches, and the preferences that fall
-back on them. The floor is the call of GetStandardPath that each makes once. For movies and music it reads user-dirs.dirs;
-the cache comes from the environment alone, so that the cost of joining the text shows."""),
+    "locations": ("Locations", """The folders below the user's movies, music, caches and data, and the preferences that fall
+back on them. The floor is the one question for a standard path that each asks. For movies and music it reads user-dirs.dirs;
+caches and data come from the environment alone, so that the cost of joining the text shows."""),
     "names": ("Names", """Numbers are entries of the folder; all count but in "mixed", where one in a hundred of 10,000 does.
 In "pattern" the source's name is a pattern, and in the rows that name a script it is written in that; "decomposed" has
 accents as characters of their own. The floor is a pass of readdir over the folder that counts regular files; the
@@ -301,6 +301,34 @@ def section(program, rounds):
         yield from counts(rounds, counter)
 
 
+# In which Qt has a part that another Qt may change.
+rows_by_qt = {
+    "typed-access": ["read QString", "read absent QString", "read QByteArray", "read QStringList", "write QString", "write QByteArray",
+                     "write QStringList"],
+    "locations": ["defaultProjectPath", "defaultNewsCenterContentPath", "newsCenterContentPath", "userEffectsPath"],
+}
+
+
+def side_by_side(row, rounds, others):
+    """The row's cells: the ratio to the floor with each Qt, and the ratio of both in rounds that follow each other."""
+    name = f"{row}/library"
+    yield row
+    for of in (rounds, others):
+        yield significant(median(of, lambda one: one[name] / one[floor_of(name)]))
+    yield significant(statistics.median(other[name] / one[name] for one, other in zip(rounds, others)))
+
+
+def by_qt(results, others):
+    yield """
+## Qt 5 and Qt 6
+
+The library's times in rows in which Qt has a part, divided by its floor's with the same Qt, in one run; and with Qt 6 divided by
+those with Qt 5, in runs that follow each other.
+"""
+    yield from table(["", "Qt 5 to its floor", "Qt 6 to its floor", "Qt 6 to Qt 5"],
+                     (side_by_side(row, results[program], others[program]) for program, rows in rows_by_qt.items() for row in rows))
+
+
 verdicts = {"met": "yes", "missed": "**no**", "out of reach": "**no**, out of reach"}
 
 
@@ -310,7 +338,7 @@ def goal_table(results):
                        one.shown, one.row, verdicts[one.verdict]] for one in outcomes(results)), "---")
 
 
-def document(results, facts):
+def document(results, others, facts):
     rounds = ", ".join(f"{program} {len(results[program])}" for program in programs)
     yield f"""# How fast it is
 
@@ -336,6 +364,7 @@ granted: the kernel, or SQLite in the store's journal mode, already takes too lo
     yield from goal_table(results)
     for program in programs:
         yield from section(program, results[program])
+    yield from by_qt(results, others)
 
 
 def is_long(name):
@@ -366,7 +395,7 @@ def main(command, path, *more):
     if command == "check":
         return check(results)
     facts = pathlib.Path(more[0]).read_text().strip()
-    print("\n".join(document(results, facts)))
+    print("\n".join(document(results, read_results(pathlib.Path(path) / "qt6"), facts)))
     return 0
 
 

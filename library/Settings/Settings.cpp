@@ -22,6 +22,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 
 QString const Configuration::productDataFolder = QLatin1String("Lumora Video Editor");
 
@@ -499,19 +500,17 @@ QString vendorName() { return QString::fromStdString(productInfo()->vendorName()
 
 QString sharedDataFolderName() { return QString::fromStdString(productInfo()->sharedDataFolderName()); }
 
-// One statement for each question: compilers differ in the order in which they evaluate the operands of "+".
+// One question at most beside "%": compilers differ in the order in which they evaluate its operands.
 QString vendorDataPath()
 {
-    QString path = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QDir::separator();
-    path += vendorName();
-    return path;
+    QString const root = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return root % QDir::separator() % vendorName();
 }
 
 QString sharedDataPath()
 {
-    QString path = vendorDataPath() + QLatin1String("/SharedData/");
-    path += sharedDataFolderName();
-    return path;
+    QString const path = vendorDataPath();
+    return path % QLatin1String("/SharedData/") % sharedDataFolderName();
 }
 
 } // namespace
@@ -525,9 +524,8 @@ QString makeDefaultPath(QStandardPaths::StandardLocation location, QString folde
 
 QString productDataPath()
 {
-    QString path = vendorDataPath() + QDir::separator();
-    path += nonLocalizedProductName();
-    return path;
+    QString const path = vendorDataPath();
+    return path % QDir::separator() % nonLocalizedProductName();
 }
 
 QString nonLocalizedProductName() { return QString::fromStdString(productInfo()->productName()); }
@@ -549,7 +547,7 @@ QString Settings::defaultNewsCenterContentPath() { return makeDefaultPath(QStand
 QString Settings::defaultBundleShadowCachePath() { return makeDefaultPath(QStandardPaths::CacheLocation, bundleShadowCacheDirectory); }
 QString Settings::defaultDownloaderCachePath() { return makeDefaultPath(QStandardPaths::CacheLocation, downloaderCacheDirectory); }
 QString Settings::defaultPackInAppCachePath() { return makeDefaultPath(QStandardPaths::CacheLocation, packInAppCacheDirectory); }
-QString Settings::defaultWaveformCachePath() { return sharedDataPath() + QLatin1String("/Waveforms/") + waveformCacheDirectory; }
+QString Settings::defaultWaveformCachePath() { return sharedDataPath() % QLatin1String("/Waveforms/") % waveformCacheDirectory; }
 
 // --- Stock content and resources -------------------------------------------------------------------------------------
 //
@@ -577,7 +575,7 @@ namespace {
 // Decoded up to the first NUL, as Qt searches a folder whose path contains one without end.
 QString resourcesRoot() { return QString::fromUtf8(s_instance.resourcesRoot.utf8string().c_str()); }
 
-QString stockPath(QLatin1String folder) { return resourcesRoot() + QLatin1String("/resources/samples/stock/") + folder; }
+QString stockPath(QLatin1String folder) { return resourcesRoot() % QLatin1String("/resources/samples/stock/") % folder; }
 
 } // namespace
 
@@ -635,50 +633,51 @@ namespace {
 // Seven characters. Hosts rely on the backslash and the asterisk, which stay.
 QString sanitized(QString fileName)
 {
-    auto const isReplaced = [](QChar character) { return QLatin1String("/:?\"<>|").contains(character); };
+    auto const isReplaced = [](QChar character) {
+        return std::u16string_view(u"/:?\"<>|").find(character.unicode()) != std::u16string_view::npos;
+    };
     std::replace_if(fileName.begin(), fileName.end(), isReplaced, QLatin1Char('_'));
     return fileName;
 }
 
 QString productFolder(QLatin1String folder)
 {
-    return QDir::toNativeSeparators(QDir::cleanPath(productDataPath() + QDir::separator() + folder));
+    return QDir::toNativeSeparators(QDir::cleanPath(productDataPath() % QDir::separator() % folder));
 }
 
 } // namespace
 
 // Hosts rely on the name, intros, and on the folder, imports.
-QString Settings::userIntrosPath() { return sharedDataPath() + QLatin1String("/UserImports/"); }
-QString Settings::userOverlaysPath() { return sharedDataPath() + QLatin1String("/UserOverlays/"); }
+QString Settings::userIntrosPath() { return sharedDataPath() % QLatin1String("/UserImports/"); }
+QString Settings::userOverlaysPath() { return sharedDataPath() % QLatin1String("/UserOverlays/"); }
 QString Settings::userEffectsPath(std::string const& name)
 {
-    QString path = sharedDataPath() + QLatin1String("/UserEffects/");
-    path += sanitized(QString::fromStdString(name)); // the product information may have changed the name
-    return path + QDir::separator();
+    QString const folder = sharedDataPath(); // the product information may change the name
+    return folder % QLatin1String("/UserEffects/") % sanitized(QString::fromStdString(name)) % QDir::separator();
 }
 QString Settings::userUnsplashPath() { return productFolder(QLatin1String("Unsplash/SavedCollection")); }
 QString Settings::unsplashContentPath() { return productFolder(QLatin1String("Unsplash/Content")); }
 
 // All editors of the vendor share these three, so the folder is "VideoEditor" for each product.
-QString Settings::packageDeploymentPath() { return vendorDataPath() + QLatin1String("/SharedData/VideoEditor/Packages/"); }
-QString Settings::fastTrackConfigurationPath() { return vendorDataPath() + QLatin1String("/SharedData/VideoEditor/FastTrack/"); }
+QString Settings::packageDeploymentPath() { return vendorDataPath() % QLatin1String("/SharedData/VideoEditor/Packages/"); }
+QString Settings::fastTrackConfigurationPath() { return vendorDataPath() % QLatin1String("/SharedData/VideoEditor/FastTrack/"); }
 QString Settings::waveformConfigurationPath()
 {
-    return vendorDataPath() + QLatin1String("/SharedData/VideoEditor/Waveforms/Configuration/");
+    return vendorDataPath() % QLatin1String("/SharedData/VideoEditor/Waveforms/Configuration/");
 }
 
-QString Settings::stockPackagesStatisticsPath() { return productDataPath() + QLatin1String("/StockPackagesStats/"); }
+QString Settings::stockPackagesStatisticsPath() { return productDataPath() % QLatin1String("/StockPackagesStats/"); }
 // The statistics of deployed packages lie beside the packages.
 QString Settings::deployedPackagesStatisticsPath() { return packageDeploymentPath(); }
 
 QString Settings::notificationFile(Notifications kind)
 {
-    QString const folder = resourcesRoot() + QLatin1String("/resources/samples/notifications/");
+    QString const folder = resourcesRoot() % QLatin1String("/resources/samples/notifications/");
     switch (kind) {
     case FinishNotification:
-        return folder + QLatin1String("finish.wav");
+        return folder % QLatin1String("finish.wav");
     case ErrorNotification:
-        return folder + QLatin1String("error.wav");
+        return folder % QLatin1String("error.wav");
     }
     return folder; // a sound that this version does not know
 }

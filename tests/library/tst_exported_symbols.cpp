@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <support/Process.h>
 
-#include <QtGlobal>
-
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -25,26 +23,19 @@ std::set<std::string> exportedNames()
     return names;
 }
 
-// Qt 5 has a class QStringList, and Qt 6 the name for a list of texts.
-std::string inThisQt(std::string const& name)
-{
-    static std::regex const list("QStringList");
-    return QT_VERSION < QT_VERSION_CHECK(6, 0, 0) ? name : std::regex_replace(name, list, "QList<QString>");
-}
-
-// The names that the package promises of the library: `name@Base` or `(c++)"name@Base"`, indented below its file name.
+// The names that the package promises of the library, each as `(c++)"name@Base"`. Those with types that Qt 5 and Qt 6 name
+// differently stand in the list of the package for this Qt.
 std::set<std::string> promisedNames()
 {
-    std::ifstream file(SYMBOLS_FILE);
     std::regex const symbol("^ (?:\\(c\\+\\+\\)\")?(.+)@Base\"? .*");
     std::set<std::string> names;
-    bool inLibrary = false;
-    std::smatch match;
-    for (std::string line; std::getline(file, line);) {
-        if (line.find_first_of(" *") != 0)
-            inLibrary = line.rfind("libEditorSettings.so.1 ", 0) == 0;
-        else if (inLibrary && std::regex_match(line, match, symbol))
-            names.insert(inThisQt(match[1]));
+    for (char const* name : {SYMBOLS_OF_EVERY_QT, SYMBOLS_OF_THIS_QT}) {
+        std::ifstream file(name);
+        EXPECT_TRUE(file) << name;
+        std::smatch match;
+        for (std::string line; std::getline(file, line);)
+            if (std::regex_match(line, match, symbol))
+                names.insert(match[1]);
     }
     return names;
 }

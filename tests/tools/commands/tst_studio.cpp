@@ -103,6 +103,19 @@ TEST_F(StudioVerb, SchemaThatIsNotItsOwnIsLeftAlone)
               "is stored yet, DROP SCHEMA settings CASCADE and migrate again\n");
 }
 
+// The program loads what talks to a server from beside itself, when it is needed.
+TEST_F(Tool, StudioVerbOfAProgramAloneSaysWhatIsMissing)
+{
+    std::filesystem::create_directory(m_home.path() / "bin");
+    std::filesystem::copy_file(TOOL, m_home.path() / "bin/alone");
+    Ended const ended = run({inHome("bin/alone"), "studio", "migrate", "host=/nowhere"});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.err.rfind("editor-settings: cannot load what talks to the server: ", 0), 0u) << ended.err;
+    EXPECT_NE(ended.err.find("; install editor-settings with its libraries, or build it where libpq-dev is installed\n"), std::string::npos)
+        << ended.err;
+    EXPECT_EQ(run({inHome("bin/alone"), "studio", "migrate", "--help"}).status, 0);
+}
+
 TEST_F(StudioVerb, NoPasswordIsShown)
 {
     std::vector<std::vector<std::string>> const calls = {{"host=/nowhere password=hunter2"},

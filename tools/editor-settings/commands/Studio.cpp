@@ -5,8 +5,13 @@
 
 #include <Host/ProductFile.h>
 
+#include <absl/strings/str_cat.h>
+
 #include <cstdlib>
+#include <iostream>
 #include <memory>
+
+#include <dlfcn.h>
 
 namespace {
 
@@ -20,6 +25,28 @@ std::string connectionFor(std::vector<std::string> const& typed, std::filesystem
         throw UserError("no server is named; give a connection such as 'host=db.example dbname=studio', name one in the product file as "
                         "\"studio\", or set PGSERVICE");
     return connection;
+}
+
+// The loader looks for the module where it lies beside this program, in a build folder as in an installation.
+decltype(migrateStudio)* migration()
+{
+    void* const module = ::dlopen("$ORIGIN/../" STUDIO_MODULE, RTLD_NOW | RTLD_LOCAL);
+    void* const function = module ? ::dlsym(module, "migrateStudio") : nullptr;
+    if (!function)
+        throw UserError(absl::StrCat("cannot load what talks to the server: ", ::dlerror(),
+                                     "; install editor-settings with its libraries, or build it where libpq-dev is installed"));
+    return reinterpret_cast<decltype(migrateStudio)*>(function);
+}
+
+int migrate(std::string const& connection, bool isDryRun)
+{
+    Migration result;
+    migration()(result, connection, isDryRun);
+    for (std::string const& reason : result.reasons)
+        printError(absl::StrCat(result.server, ": ", reason));
+    if (result.reasons.empty())
+        std::cout << onOneLine(result.server) << ": " << result.answer << '\n';
+    return result.reasons.empty() ? 0 : 1;
 }
 
 Command migrateCommand()
@@ -41,7 +68,7 @@ Command migrateCommand()
          "As the database's owner, once and after updates; exit status 1 likewise."}};
     command.stores = always(StoreUse::none);
     command.run = [words](Invocation const& invocation) {
-        return migrateStudio(connectionFor(words->connection, invocation.productFile), words->isDryRun) ? 0 : 1;
+        return migrate(connectionFor(words->connection, invocation.productFile), words->isDryRun);
     };
     return command;
 }

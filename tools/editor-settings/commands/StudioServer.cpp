@@ -7,8 +7,6 @@
 
 #include <absl/strings/str_cat.h>
 
-#include <iostream>
-
 using Studio::Schema;
 
 namespace {
@@ -59,23 +57,19 @@ std::string answer(Schema::Report const& report, int newest, bool isDryRun)
 
 } // namespace
 
-bool migrateStudio(std::string const& connection, bool isDryRun)
+__attribute__((visibility("default"))) void migrateStudio(Migration& result, std::string const& connection, bool isDryRun)
 {
     using namespace std::chrono_literals;
     Studio::Connection server({connection, 10s, 10min, 1min});
     server.connect();
     Schema schema(server);
     Schema::Report const report = isDryRun ? schema.examine() : schema.migrate();
+    result.server = server.host();
     std::string const reason = refusal(report, schema.newest());
-    if (!reason.empty()) {
-        printError(absl::StrCat(server.host(), ": ", reason));
-        return false;
-    }
-    if (report.state != State::current && !report.obstacles.empty()) {
+    if (!reason.empty())
+        result.reasons.push_back(reason);
+    else if (report.state != State::current)
         for (Schema::Obstacle const& obstacle : report.obstacles)
-            printError(absl::StrCat(server.host(), ": ", sentence(obstacle)));
-        return false;
-    }
-    std::cout << onOneLine(server.host()) << ": " << answer(report, schema.newest(), isDryRun) << '\n';
-    return true;
+            result.reasons.push_back(sentence(obstacle));
+    result.answer = answer(report, schema.newest(), isDryRun);
 }

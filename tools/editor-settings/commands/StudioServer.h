@@ -1,10 +1,18 @@
 // SPDX-License-Identifier: MIT
 //
-// What the verb `studio` does with the server. A build without libpq has the same verbs, help and manual, and says why it cannot.
+// What the verb `studio` does with the server. It stands in a module of its own, which that verb loads: libpq brings some twenty
+// libraries with it, and every other verb would take twice the time with them.
 #pragma once
 
 #include <string>
+#include <vector>
 
-/// Makes or updates the schema behind `connection`, and prints what was done; with `isDryRun` what would be. False, with the reasons
-/// on standard error, where something is in the way. Throws `Studio::ServerError`, and `UserError` in a build without libpq.
-bool migrateStudio(std::string const& connection, bool isDryRun);
+/// What became of a migration.
+struct Migration {
+    std::string server;               ///< Where it was, as "db.example:5432".
+    std::string answer;               ///< What was done, or would be.
+    std::vector<std::string> reasons; ///< Why nothing was done; empty where something was.
+};
+
+/// Makes or updates the schema behind `connection`; with `isDryRun` only tells what would be done. Throws `Studio::ServerError`.
+extern "C" void migrateStudio(Migration& result, std::string const& connection, bool isDryRun);
