@@ -14,6 +14,7 @@ namespace {
 
 constexpr milliseconds shortest{250};
 
+// Accounts are often locked after some failed logins within minutes.
 constexpr milliseconds longest(Backoff::Failure failure)
 {
     return failure == Backoff::Failure::refusedLogin ? std::chrono::minutes(5) : std::chrono::seconds(30);
@@ -39,6 +40,7 @@ milliseconds Backoff::failed(Failure failure)
     Clock::time_point const connected = std::exchange(m_connected, Clock::time_point::max());
     if (connected != Clock::time_point::max() && m_source.now() - connected >= goodService)
         m_next = shortest;
+    // After a refused login the next wait may be longer than an unreachable server has.
     milliseconds const limit = std::min(m_next, longest(failure));
     m_next = std::min(2 * limit, longest(failure));
     return milliseconds(static_cast<milliseconds::rep>(m_source.random() * static_cast<double>(limit.count())));

@@ -66,8 +66,8 @@ std::int64_t Rows::integer(int row, int column) const
     std::string_view const digits = bytes(row, column);
     check(digits.size() == 1 || digits.size() == 2 || digits.size() == 4 || digits.size() == 8);
     // Most significant byte first; the first one has the sign.
-    auto number = static_cast<std::uint64_t>(static_cast<signed char>(digits.front()));
-    for (char const digit : digits.substr(1))
+    std::uint64_t number = digits.front() & 0x80 ? ~std::uint64_t{0} : 0;
+    for (char const digit : digits)
         number = number << 8 | static_cast<unsigned char>(digit);
     return static_cast<std::int64_t>(number);
 }

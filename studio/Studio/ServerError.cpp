@@ -17,6 +17,7 @@ struct Words {
     char const* remedy;
 };
 
+// One row for each reason.
 constexpr std::array<Words, 15> vocabulary = {{
     {Reason::malformed, "the connection string cannot be read",
      "write it as key=value pairs or as a URI, and look whether its service exists"},
@@ -66,7 +67,7 @@ std::string ServerError::remedy() const { return wordsOf(m_reason).remedy; }
 
 Reason reasonOf(std::string const& sqlState)
 {
-    // A whole code stands before its class, which its first two characters name.
+    // The codes with ST are the schema's own. A whole code stands before its class, which its first two characters name.
     static constexpr std::array<std::pair<std::string_view, Reason>, 21> meanings = {{
         {"53300", Reason::busy},     {"55P03", Reason::busy},     {"40001", Reason::busy},        {"40P01", Reason::busy},
         {"53", Reason::full},        {"25006", Reason::readOnly}, {"42501", Reason::denied},      {"42883", Reason::outdated},

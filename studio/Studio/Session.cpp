@@ -8,8 +8,9 @@
 
 namespace Studio {
 
-Session::Session(Options options) : m_core(std::make_shared<SessionCore>(options)), m_thread([core = m_core] { core->run(); })
+Session::Session(Options const& options) : m_core(std::make_shared<SessionCore>(options)), m_thread([core = m_core] { core->run(); })
 {
+    // Whether it succeeds or not: `status` tells.
     synchronise(options.firstWait);
 }
 

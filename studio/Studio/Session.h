@@ -69,7 +69,7 @@ public:
 
     /// Connects, and reads what the server has. Where it does not answer in time, the session works without it until a later
     /// call reaches it; `status` says why.
-    explicit Session(Options options);
+    explicit Session(Options const& options);
     /// Ends within a second, whatever the server does. Stores that outlive the session can be read, and refuse changes.
     ~Session();
     Session(Session const&) = delete;

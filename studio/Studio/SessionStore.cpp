@@ -35,6 +35,7 @@ Code codeOf(Reason reason)
         return Code::access;
     case Reason::rejected:
         return Code::io;
+    // An ending program, too: the change may be tried again.
     case Reason::unreachable:
     case Reason::timedOut:
     case Reason::lost:
@@ -55,6 +56,7 @@ SessionStore::SessionStore(std::shared_ptr<SessionCore> core, std::string name, 
     : m_core(std::move(core)), m_name(std::move(name)), m_local(std::move(local))
 {}
 
+// Asked for keys that stay on the workstation, too: the server sees no change of theirs that it could refuse.
 void SessionStore::demandUnlocked(std::string const& key) const
 {
     std::shared_ptr<Setting const> const studio = m_core->find(m_name, key).studio;
@@ -101,6 +103,7 @@ void SessionStore::remove(std::string const& key)
     m_core->roams(key) ? change(key, std::nullopt) : m_local->remove(key);
 }
 
+// A value of the studio's counts, as a read gives it.
 bool SessionStore::contains(std::string const& key) const { return shared(key) || (!m_core->roams(key) && m_local->contains(key)); }
 
 // What the server has for the key; null where the local store decides, or nobody has a value.
@@ -118,6 +121,7 @@ template <typename T, typename Read>
 T SessionStore::get(std::string const& key, T const& defaultValue, Read const& readLocal) const
 {
     if (std::shared_ptr<Setting const> const setting = shared(key)) {
+        // Of another kind, or unreadable: the user's value covers the studio's all the same.
         T const* const value = std::get_if<T>(&setting->value);
         return value ? *value : defaultValue;
     }
