@@ -7,15 +7,21 @@
 #include <fstream>
 #include <string>
 
-/// Whether the long form is asked for.
-inline bool thorough()
+/// EDITOR_SETTINGS_THOROUGH: 0 for the everyday form of tests, 1 for the long one, 2 for the one that takes many minutes.
+inline int thoroughness()
 {
     char const* const asked = std::getenv("EDITOR_SETTINGS_THOROUGH");
-    return asked && std::string(asked) == "1";
+    return asked ? std::atoi(asked) : 0;
 }
+
+/// Whether the long form is asked for.
+inline bool thorough() { return thoroughness() > 0; }
 
 /// How often a test does something: `shortCount` in the everyday form, `longCount` in the long one.
 inline int times(int shortCount, int longCount) { return thorough() ? longCount : shortCount; }
+
+/// As above, with `soakCount` in the longest form.
+inline int times(int shortCount, int longCount, int soakCount) { return thoroughness() > 1 ? soakCount : times(shortCount, longCount); }
 
 /// Adds "what<TAB>done<TAB>lost" to the file that EDITOR_SETTINGS_RELIABILITY names. Where none is named, does nothing.
 inline void tally(std::string const& what, long long done, long long lost)

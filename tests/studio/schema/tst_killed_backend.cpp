@@ -73,7 +73,7 @@ protected:
 
 TEST_P(KilledBackend, LosesNothingDoublesNothingAndLeavesNoHole)
 {
-    int const kills = times(1, 25);
+    int const kills = times(1, 4, 25);
     long long op = 1; // the next one
     for (int kill = 0; kill < kills;)
         kill += killInAPut(op);

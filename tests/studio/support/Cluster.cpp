@@ -278,8 +278,10 @@ void Cluster::stop() { awaitEnd(SIGQUIT); }
 void Cluster::kill()
 {
     std::vector<pid_t> const family = familyOf(m_process);
-    for (pid_t const process : family)
-        ::kill(process, SIGKILL);
+    // One that sees the first one die would still tell its client.
+    for (int const number : {SIGSTOP, SIGKILL})
+        for (pid_t const process : family)
+            ::kill(process, number);
     ::waitpid(m_process, nullptr, 0);
     // The next start refuses to share the data with one that is left.
     for (pid_t const process : family)
