@@ -72,10 +72,10 @@ void quietly(std::vector<std::string> const& command)
         throw std::runtime_error(command.front() + " failed: " + ended.out + ended.err);
 }
 
-// Short, as the path of a socket has at most 107 bytes.
+// Not below TMPDIR: the path of a socket has at most 107 bytes, and the server's user must reach it.
 fs::path freshFolder()
 {
-    std::string folder = (fs::temp_directory_path() / "es.XXXXXX").string();
+    std::string folder = "/tmp/es.XXXXXX";
     if (!::mkdtemp(folder.data()))
         throw std::system_error(errno, std::generic_category(), folder);
     giveToServer(folder);
