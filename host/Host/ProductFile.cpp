@@ -151,13 +151,15 @@ ProductFile::ProductFile(fs::path const& file) : m_file(file)
     }
 }
 
-fs::path installedProductFile()
+fs::path installationPrefix()
 {
     std::error_code error;
     fs::path const program = fs::read_symlink("/proc/self/exe", error);
     if (error)
         throw ProductFileError("the program cannot tell where it is installed, as it cannot read /proc/self/exe: " + error.message());
-    return program.parent_path().parent_path() / PRODUCT_FILE_BELOW_PREFIX;
+    return program.parent_path().parent_path();
 }
+
+fs::path installedProductFile() { return installationPrefix() / PRODUCT_FILE_BELOW_PREFIX; }
 
 } // namespace Host

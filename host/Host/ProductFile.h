@@ -72,9 +72,12 @@ private:
     OwnKeys m_ownKeys;
 };
 
-/// The product file that is installed with the program: "share/editor-settings/product.json" beside the "bin" folder
-/// of the running program, in an installation as in the build tree. Throws `ProductFileError` where /proc/self/exe cannot be
-/// read.
+/// The folder with the folder "bin" of the running program, in an installation as in the build tree. Throws `ProductFileError`
+/// where /proc/self/exe cannot be read.
+std::filesystem::path installationPrefix();
+
+/// The product file that is installed with the program: "share/editor-settings/product.json" in `installationPrefix()`. Throws as
+/// that does.
 std::filesystem::path installedProductFile();
 
 } // namespace Host

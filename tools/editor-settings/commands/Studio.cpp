@@ -27,10 +27,9 @@ std::string connectionFor(std::vector<std::string> const& typed, std::filesystem
     return connection;
 }
 
-// The loader looks for the module where it lies beside this program, in a build folder as in an installation.
 decltype(migrateStudio)* migration()
 {
-    void* const module = ::dlopen("$ORIGIN/../" STUDIO_MODULE, RTLD_NOW | RTLD_LOCAL);
+    void* const module = ::dlopen((Host::installationPrefix() / STUDIO_MODULE).c_str(), RTLD_NOW | RTLD_LOCAL);
     void* const function = module ? ::dlsym(module, "migrateStudio") : nullptr;
     if (!function)
         throw UserError(absl::StrCat("cannot load what talks to the server: ", ::dlerror(),
