@@ -20,7 +20,7 @@ protected:
         m_server.emplace(options);
     }
 
-    Connection::Options local() const { return {m_server->connection()}; }
+    Connection::Options local() const { return patient(m_server->connection()); }
 
     TestKit::TemporaryHome m_home;
 };
@@ -167,7 +167,7 @@ TEST_F(ConnectionTest, StringThatCannotBeReadIsToldWithoutItsContent)
         {"a service that is not there", "service=hunter2"},
     };
     for (auto const& row : table) {
-        Connection connection({row.connection});
+        Connection connection(patient(row.connection));
         Studio::ServerError const error = errorOf([&] { connection.connect(); });
         EXPECT_EQ(error.reason(), Reason::malformed) << row.meaning;
         EXPECT_EQ(std::string(error.what()).find("hunter2"), std::string::npos) << row.meaning << ": " << error.what();
@@ -178,7 +178,7 @@ TEST_F(ConnectionTest, ServerThatIsNotThereIsNamed)
 {
     int const port = m_server->port();
     m_server->stop();
-    Connection overTcp({m_server->tcpConnection("alice") + " password=hunter2"});
+    Connection overTcp(patient(m_server->tcpConnection("alice") + " password=hunter2"));
     Studio::ServerError const error = errorOf([&] { overTcp.connect(); });
     EXPECT_EQ(error.reason(), Reason::unreachable);
     EXPECT_EQ(error.host(), "127.0.0.1:" + std::to_string(port));
@@ -186,7 +186,7 @@ TEST_F(ConnectionTest, ServerThatIsNotThereIsNamed)
                                 ": the server cannot be reached; check its name, its port and the network, and whether it runs");
     Connection overSocket(local());
     EXPECT_EQ(errorOf([&] { overSocket.connect(); }).reason(), Reason::unreachable);
-    Connection named({"host=no-such-host.invalid"});
+    Connection named(patient("host=no-such-host.invalid"));
     EXPECT_EQ(errorOf([&] { named.connect(); }).reason(), Reason::unreachable);
 }
 
@@ -207,13 +207,13 @@ TEST_F(ConnectionTest, RefusedLoginsAreToldApart)
         {m_server->tcpConnection("alice") + " sslmode=disable", Reason::login, ""},
     };
     for (auto const& row : table) {
-        Connection connection({row.connection});
+        Connection connection(patient(row.connection));
         Studio::ServerError const error = errorOf([&] { connection.connect(); });
         EXPECT_EQ(error.reason(), row.reason) << row.connection;
         EXPECT_EQ(error.sqlState(), row.sqlState) << row.connection;
         EXPECT_EQ(std::string(error.what()).find("wrong"), std::string::npos) << error.what();
     }
-    Connection connection({m_server->tcpConnection("alice") + plain + "right"});
+    Connection connection(patient(m_server->tcpConnection("alice") + plain + "right"));
     connection.connect();
     EXPECT_EQ(connection.execute("SELECT session_user::text").bytes(0, 0), "alice");
 }
@@ -221,9 +221,9 @@ TEST_F(ConnectionTest, RefusedLoginsAreToldApart)
 TEST_F(ConnectionTest, TooManyConnectionsAreABusyServer)
 {
     m_server->ask("CREATE ROLE alice LOGIN CONNECTION LIMIT 1");
-    Connection first({m_server->connection("alice")});
+    Connection first(patient(m_server->connection("alice")));
     first.connect();
-    Connection second({m_server->connection("alice")});
+    Connection second(patient(m_server->connection("alice")));
     Studio::ServerError const error = errorOf([&] { second.connect(); });
     EXPECT_EQ(error.reason(), Reason::busy);
     EXPECT_EQ(error.sqlState(), "53300");
@@ -236,11 +236,11 @@ TEST_F(ConnectionTest, ServiceAndPasswordFilesCountAsForEveryProgram)
     std::ofstream(m_home.path() / ".pg_service.conf") << "[studio]\nhost=127.0.0.1\nport=" << port << "\nuser=alice\ndbname=postgres\n";
     std::ofstream(m_home.path() / ".pgpass") << "127.0.0.1:" << port << ":postgres:alice:right\n";
     fs::permissions(m_home.path() / ".pgpass", fs::perms::owner_read | fs::perms::owner_write);
-    Connection byString({"service=studio sslmode=disable"});
+    Connection byString(patient("service=studio sslmode=disable"));
     byString.connect();
     EXPECT_EQ(byString.execute("SELECT session_user::text").bytes(0, 0), "alice");
     ::setenv("PGSERVICE", "studio", 1);
-    Connection byEnvironment({"sslmode=disable"});
+    Connection byEnvironment(patient("sslmode=disable"));
     byEnvironment.connect();
     EXPECT_EQ(byEnvironment.host(), "127.0.0.1:" + port);
     ::unsetenv("PGSERVICE");
@@ -254,10 +254,10 @@ TEST_F(ConnectionTest, OnlyTheStringItselfGivesUpTls)
     ::setenv("PGCHANNELBINDING", "disable", 1);
     std::string const string = m_server->tcpConnection("alice") + " password=right";
     for (char const* const more : {"", " service=weak", " sslmode=require", " sslmode=verify-ca", " channel_binding=disable"}) {
-        Connection connection({string + more});
+        Connection connection(patient(string + more));
         EXPECT_EQ(errorOf([&] { connection.connect(); }).reason(), Reason::insecure) << more;
     }
-    Connection connection({string + " sslmode=disable"});
+    Connection connection(patient(string + " sslmode=disable"));
     connection.connect();
     EXPECT_TRUE(connection.isOpen());
     ::unsetenv("PGSSLMODE");

@@ -59,7 +59,7 @@ protected:
 
 TEST_F(ConnectionTls, ServerWithTheStudiosCertificateIsTrusted)
 {
-    Connection connection({as("alice", "db.example", studio())});
+    Connection connection(patient(as("alice", "db.example", studio())));
     connection.connect();
     EXPECT_EQ(connection.execute("SELECT ssl FROM pg_stat_ssl WHERE pid = pg_backend_pid()").integer(0, 0), 1);
     EXPECT_EQ(connection.host(), "db.example:" + std::to_string(m_server->port()));
@@ -77,25 +77,25 @@ TEST_F(ConnectionTls, ServerThatCannotProveItsNameIsRefused)
         {"a file that is not there", as("alice", "db.example", "sslrootcert=" + file("none.crt"))},
     };
     for (auto const& row : table) {
-        Connection connection({row.connection});
+        Connection connection(patient(row.connection));
         EXPECT_EQ(errorOf([&] { connection.connect(); }).reason(), Reason::insecure) << row.meaning;
     }
 }
 
 TEST_F(ConnectionTls, ServerThatDoesNotKnowThePasswordIsRefused)
 {
-    Connection bound({as("guest", "db.example", studio())});
+    Connection bound(patient(as("guest", "db.example", studio())));
     Studio::ServerError const error = errorOf([&] { bound.connect(); });
     EXPECT_EQ(error.reason(), Reason::login);
     EXPECT_EQ(error.sqlState(), "");
-    Connection unbound({as("guest", "db.example", studio() + " channel_binding=prefer")});
+    Connection unbound(patient(as("guest", "db.example", studio() + " channel_binding=prefer")));
     unbound.connect();
     EXPECT_TRUE(unbound.isOpen());
 }
 
 TEST_F(ConnectionTls, StringMayAskForLess)
 {
-    Connection connection({as("alice", "other.example", "sslmode=require")});
+    Connection connection(patient(as("alice", "other.example", "sslmode=require")));
     connection.connect();
     EXPECT_EQ(connection.execute("SELECT ssl FROM pg_stat_ssl WHERE pid = pg_backend_pid()").integer(0, 0), 1);
 }

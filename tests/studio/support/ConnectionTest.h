@@ -8,6 +8,7 @@
 #include <chrono>
 #include <functional>
 #include <string>
+#include <utility>
 
 using Studio::Connection;
 using Studio::Parameter;
@@ -15,6 +16,12 @@ using Reason = Studio::ServerError::Reason;
 
 /// How long a call may take beyond its bound on a machine that has other things to do.
 inline constexpr std::chrono::milliseconds slack{1000};
+
+/// For what is no test of time: waits that are enough for a loaded machine, and under valgrind.
+inline Connection::Options patient(std::string connection)
+{
+    return {std::move(connection), std::chrono::minutes(1), std::chrono::minutes(1)};
+}
 
 /// The error that `work` throws. Another end fails the test.
 inline Studio::ServerError errorOf(std::function<void()> const& work)
