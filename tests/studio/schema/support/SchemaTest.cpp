@@ -21,8 +21,10 @@ std::string bytes(std::string const& text)
 {
     static char const digits[] = "0123456789abcdef";
     std::string result = "'\\x";
-    for (unsigned char const character : text)
-        result += {digits[character / 16], digits[character % 16]};
+    for (char const character : text) {
+        auto const byte = static_cast<unsigned char>(character);
+        result += {digits[byte / 16], digits[byte % 16]};
+    }
     return result + "'::bytea";
 }
 
