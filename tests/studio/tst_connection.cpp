@@ -117,10 +117,10 @@ TEST_F(ConnectionTest, LockOfAnotherSessionIsWaitedForWithinItsBound)
 TEST_F(ConnectionTest, ServerEndsAStatementThatItsClientGaveUp)
 {
     Connection::Options options = local();
-    options.statementWait = 300ms;
+    options.statementWait = 2s;
     Connection connection(options);
     connection.connect();
-    expectFailure(Reason::timedOut, 300ms, [&] { connection.execute("SELECT pg_sleep(300)"); });
+    expectFailure(Reason::timedOut, 2s, [&] { connection.execute("SELECT pg_sleep(300)"); });
     auto const end = std::chrono::steady_clock::now() + 60s;
     std::string const running = "SELECT count(*) FROM pg_stat_activity WHERE state = 'active' AND query = 'SELECT pg_sleep(300)'";
     while (m_server->ask(running) != "0" && std::chrono::steady_clock::now() < end)

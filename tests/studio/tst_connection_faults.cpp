@@ -96,20 +96,20 @@ TEST_F(ConnectionFaults, StatementThatIsCutAnywhereIsALostConnection)
 
 TEST_F(ConnectionFaults, StalledAnswerIsGivenUpAndClosedWithoutAWait)
 {
-    Connection connection(throughProxy(30s, 300ms));
+    Connection connection(throughProxy(30s, 2s));
     connection.connect();
     m_proxy->limit(Way::toClient, 20, Then::stall);
-    expectFailure(Reason::timedOut, 300ms, [&] { connection.execute("SELECT 1"); });
+    expectFailure(Reason::timedOut, 2s, [&] { connection.execute("SELECT 1"); });
     EXPECT_FALSE(connection.isOpen());
 }
 
 TEST_F(ConnectionFaults, StatementThatTheServerDoesNotTakeIsGivenUp)
 {
-    Connection connection(throughProxy(30s, 300ms));
+    Connection connection(throughProxy(30s, 2s));
     connection.connect();
     m_proxy->limit(Way::toServer, 1000, Then::stall);
     std::string const large(16 << 20, 'x');
-    expectFailure(Reason::timedOut, 300ms, [&] { connection.execute("SELECT $1::bytea", {Parameter::raw(large)}); });
+    expectFailure(Reason::timedOut, 2s, [&] { connection.execute("SELECT $1::bytea", {Parameter::raw(large)}); });
     EXPECT_FALSE(connection.isOpen());
 }
 
