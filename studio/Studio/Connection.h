@@ -95,7 +95,7 @@ public:
     Connection(Connection const&) = delete;
     Connection& operator=(Connection const&) = delete;
 
-    /// Connects, anew where there is a connection.
+    /// Connects, or connects again where there is a connection.
     void connect();
     /// Whether the last call left a connection.
     bool isOpen() const noexcept { return m_link != nullptr; }

@@ -8,7 +8,7 @@ struct pg_result;
 
 namespace Studio {
 
-/// Gives back to libpq what it has allocated.
+/// Frees what libpq has allocated.
 struct LibpqRelease {
     void operator()(pg_conn* connection) const noexcept;
     void operator()(pg_result* result) const noexcept;

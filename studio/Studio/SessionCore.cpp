@@ -218,12 +218,12 @@ bool SessionCore::takeOver(Rows const& rows)
     // Somebody had the server forget the user: only a new greeting helps.
     if (!hasUser)
         throw ServerError(Reason::lost, m_connection.host());
-    std::vector<Layer> anew;
+    std::vector<Layer> forgotten;
     if (m_userRevision == 0)
-        anew.push_back(Layer::user);
+        forgotten.push_back(Layer::user);
     if (m_studioRevision == 0)
-        anew.push_back(Layer::studio);
-    m_snapshot.apply(changes, anew);
+        forgotten.push_back(Layer::studio);
+    m_snapshot.apply(changes, forgotten);
     m_userRevision = revisions[0];
     m_studioRevision = revisions[1];
     return true;

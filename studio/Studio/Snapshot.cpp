@@ -61,10 +61,10 @@ Value valueOf(std::string_view kind, std::string_view bytes)
     return {};
 }
 
-void Snapshot::apply(std::vector<Change> const& changes, std::vector<Layer> const& anew)
+void Snapshot::apply(std::vector<Change> const& changes, std::vector<Layer> const& forgotten)
 {
     std::unique_lock const lock(m_mutex);
-    for (Layer const layer : anew)
+    for (Layer const layer : forgotten)
         m_layers[static_cast<std::size_t>(layer)].clear();
     for (Change const& change : changes) {
         Keys& keys = m_layers[static_cast<std::size_t>(change.layer)][change.store];

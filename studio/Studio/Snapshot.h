@@ -56,8 +56,8 @@ public:
         std::shared_ptr<Setting const> setting;
     };
 
-    /// Takes over all of `changes` at once, after it has forgotten the layers in `anew`.
-    void apply(std::vector<Change> const& changes, std::vector<Layer> const& anew = {});
+    /// Takes over all of `changes` at once, in place of what it has of the layers in `forgotten`.
+    void apply(std::vector<Change> const& changes, std::vector<Layer> const& forgotten = {});
     Found find(std::string const& store, std::string const& key) const;
 
 private:
