@@ -33,7 +33,7 @@ constexpr char const* stateQuery = R"(
             AND EXISTS (SELECT FROM pg_proc WHERE pronamespace = n.oid AND proname = 'objects' AND pronargs = 0)
     FROM (VALUES ('settings')) AS wanted (name) LEFT JOIN pg_namespace AS n ON n.nspname = wanted.name)";
 
-// Whether the newest row counts as many objects as there are; no row where the last step was not made to its end.
+// Whether the newest row counts as many objects as there are; no row where the last step is incomplete.
 constexpr char const* versionQuery =
     "SELECT version, objects = settings.objects() FROM settings.schema_version ORDER BY version DESC LIMIT 1";
 

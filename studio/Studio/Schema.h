@@ -22,7 +22,7 @@ public:
         current, ///< The newest that this program knows.
         newer,   ///< One that a later version made.
         foreign, ///< Something else that has the schema's name.
-        damaged, ///< One that was not made to its end, or in which something was added or removed by hand.
+        damaged, ///< One that is incomplete, or in which something was added or removed by hand.
         hidden,  ///< One whose version this login may not read: an obstacle tells why.
     };
 

@@ -47,7 +47,7 @@ struct Lock {
 /// Keys and values: of any bytes; keys up to 4096 bytes, values up to 16 MiB.
 /// Threads: any thread may call. One thread of the session's talks to the server; calls that need it take turns.
 /// Errors: `Storage::StorageError`, whose text holds no key, no value and no password. `locked` is the code for a key that
-///   the studio locked, `tooLarge` for what is longer than above, `unreachable` for a server that does not answer.
+///   the studio locked, `tooLarge` for a longer key or value, `unreachable` for a server that does not answer.
 class Session {
 public:
     /// What a host may choose.

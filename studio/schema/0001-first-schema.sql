@@ -226,7 +226,7 @@ BEGIN
     END IF;
 END $$;
 
--- Gives a locked layer its next revision and returns it. Listeners are told at the commit. Each session that listens to a user's
+-- Gives a locked layer its next revision and returns it. Listeners are notified at the commit. Each session that listens to a user's
 -- layer holds the advisory lock shared, so who gets it alone has nobody to tell; a newcomer waits for it to the commit, and then
 -- reads the change. The payload is only a hint to look, as any login may send one. A notification takes a lock of the whole
 -- cluster, which is why it is not sent for nobody.
@@ -473,6 +473,6 @@ GRANT EXECUTE ON FUNCTION settings.hello_v1, settings.changes_v1, settings.put_v
 GRANT EXECUTE ON FUNCTION settings.lock_v1, settings.forget_user_v1 TO settings_admin;
 GRANT EXECUTE ON FUNCTION settings.revisions_v1 TO settings_watch;
 
--- The last statement, so that a schema without a version was not made to its end.
+-- The last statement, so that a schema without a version is incomplete.
 INSERT INTO settings.schema_version (version, objects) VALUES (1, settings.objects());
 RESET ROLE;

@@ -52,7 +52,7 @@ TEST_F(BackoffTest, WaitIsARandomPart)
     EXPECT_EQ(m_backoff.failed(Failure::unreachable), 250ms);
 }
 
-TEST_F(BackoffTest, MinuteOfGoodServiceBeginsAnew)
+TEST_F(BackoffTest, MinuteOfGoodServiceResetsIt)
 {
     waits(Failure::unreachable, 5);
     m_backoff.connected();

@@ -128,7 +128,7 @@ TEST_F(ConnectionTest, ServerEndsAStatementThatItsClientGaveUp)
     EXPECT_EQ(m_server->ask(running), "0");
 }
 
-TEST_F(ConnectionTest, ConnectionThatTheServerEndedIsMadeAnew)
+TEST_F(ConnectionTest, ConnectionThatTheServerEndedIsMadeAgain)
 {
     Connection connection(local());
     connection.connect();

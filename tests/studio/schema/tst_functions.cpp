@@ -176,7 +176,8 @@ TEST_F(PutTest, SameOperationAgainHasNoEffect)
     EXPECT_EQ(put(alice, {1, 2, false, "common", "key", "string", "second", false, 0, 1}), "repeated|2");
     EXPECT_EQ(changes(alice), "f|2|common|key|string|second|f|2\nt|0|null|null|null|null|null|null");
     EXPECT_EQ(ask("SELECT count(*) FROM settings.superseded"), "0");
-    EXPECT_EQ(put(alice, {2, 1, false, "common", "key", "string", "third", false, 0, 2}), "ST006") << "a client that said no hello";
+    EXPECT_EQ(put(alice, {2, 1, false, "common", "key", "string", "third", false, 0, 2}), "ST006")
+        << "a client that has not called hello_v1";
     EXPECT_EQ(user("alice", 2).ask("SELECT 1").text(), "1");
     EXPECT_EQ(put(alice, {2, 1, false, "common", "key", "string", "third", false, 0, 2}), "stored|3") << "each client counts for itself";
 }
@@ -332,7 +333,7 @@ TEST_F(ForgetUser, EverythingOfTheUserGoesAndNothingElse)
               "3113"); // the layers of bob, ada and the studio, and three clients
     EXPECT_EQ(put(alice, {1, 2}), "ST006");
     EXPECT_EQ(changes(alice), "t|0|null|null|null|null|null|null");
-    EXPECT_NE(alice.ask(hello()).rows.at(0).at(1), before) << "a client that knows revision 1 has to look anew";
+    EXPECT_NE(alice.ask(hello()).rows.at(0).at(1), before) << "a client that knows revision 1 has to ask again with 0";
     EXPECT_EQ(put(alice, {1, 1}), "stored|1");
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Who is told of a change, and that nobody is told where nobody listens.
+// Which sessions are notified of a change, and that none is sent where nobody listens.
 #include "support/SchemaTest.h"
 
 class Notification : public SchemaTest {

@@ -216,7 +216,7 @@ TEST_F(Session, DatabaseThatNobodySetUpIsToldSo)
     EXPECT_EQ(nobody.session.status().problem->remedy(), "let the administrator run: editor-settings studio migrate");
 }
 
-TEST_F(Session, UserWhomTheServerForgotBeginsAnew)
+TEST_F(Session, UserWhomTheServerForgotStartsEmpty)
 {
     Program alice(connectionOf("alice"));
     alice.store->setInt("number", 7);

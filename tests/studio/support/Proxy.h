@@ -15,7 +15,7 @@ public:
     enum class Then {
         cut,     ///< Both sides see their connection end.
         cutOnce, ///< The same, and everything passes on the next connection.
-        stall,   ///< Nothing more is said, and nobody is told.
+        stall,   ///< Sends nothing more, and leaves both sockets open.
         trickle, ///< One byte a second.
     };
 

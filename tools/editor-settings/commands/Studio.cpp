@@ -58,7 +58,7 @@ Command migrateCommand()
     Command command;
     command.name = "migrate";
     command.summary = "Makes the tables, functions and roles of a database, or updates them";
-    // All words are one connection, so that none with a password is told to be superfluous.
+    // All words are one connection, so that no error about a superfluous word shows a password.
     command.options = {Option("CONNECTION", &words->connection, "Pairs such as host=db dbname=studio, or a URI; default: the product's"),
                        Option("--dry-run", &words->isDryRun, "Tells what would be done, and changes nothing")};
     command.examples = {
