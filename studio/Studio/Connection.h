@@ -60,6 +60,8 @@ public:
     std::string_view bytes(int row, int column) const;
     /// An integer of 2, 4 or 8 bytes, or a boolean as 0 or 1.
     std::int64_t integer(int row, int column) const;
+    /// A timestamp with time zone, by the server's clock.
+    std::chrono::system_clock::time_point time(int row, int column) const;
 
 private:
     void check(bool holds) const;

@@ -34,6 +34,7 @@ public:
     void synchronise(Clock::time_point deadline);
 
     Snapshot::Found find(std::string const& store, std::string const& key) const { return m_snapshot.find(store, key); }
+    std::set<std::string> keys(std::string const& store) const { return m_snapshot.keys(store); }
     Status status() const;
     /// The server, as far as it is known.
     std::string host() const;
