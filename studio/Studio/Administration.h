@@ -24,6 +24,14 @@ public:
         bool isAdministrator = false; ///< Whether it may change the studio's values.
     };
 
+    /// How the server does.
+    struct Health {
+        bool isPooled;                                  ///< Whether a pooler stands between.
+        std::chrono::system_clock::duration difference; ///< How far its clock is ahead of this workstation's.
+        double queueUsage;                              ///< How full the queue of notifications is, from 0 to 1.
+        bool hasSynchronousStandby;                     ///< Whether a change waits until a standby has it.
+    };
+
     /// A value that lost a conflict.
     struct Superseded {
         std::string store;
@@ -41,6 +49,7 @@ public:
     explicit Administration(Connection& connection) : m_connection(connection) {}
 
     Account account();
+    Health health();
     /// The values of the login that lost a conflict in the last 90 days, the latest last.
     std::vector<Superseded> superseded();
     /// Sets a value for the whole studio. Without a value it is removed, and its lock with it.

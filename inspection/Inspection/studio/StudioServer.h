@@ -19,8 +19,11 @@ namespace Inspection {
 /// What is known of the server without asking it again.
 struct StudioStatus {
     bool isConnected = false;
-    std::optional<Storage::StorageError> problem;              ///< Why the server was not reached; nullopt where it was.
+    bool isListening = false;                     ///< Whether the server notifies of changes; else it is asked for them now and then.
+    std::optional<Storage::StorageError> problem; ///< Why the server was not reached; nullopt where it was.
     std::optional<std::chrono::system_clock::time_point> asOf; ///< When its values were read; nullopt where they never were.
+    /// When the server was last found to have lost changes that had been read.
+    std::optional<std::chrono::system_clock::time_point> historyChanged;
 };
 
 /// The login, as the server knows it.
@@ -29,6 +32,18 @@ struct StudioAccount {
     std::string user;
     int schema = 0; ///< The version of the server's tables and functions.
     bool isAdministrator = false;
+};
+
+/// How well the server can be used from here.
+struct StudioHealth {
+    StudioAccount account;
+    int knownSchema = 0;                          ///< The newest that this program knows.
+    bool isEncrypted = false;                     ///< Whether the connection is by TLS.
+    bool isLocal = false;                         ///< Whether it stays on this machine.
+    bool isPooled = false;                        ///< Whether another program stands between, which hands no notifications on.
+    std::chrono::milliseconds clockDifference{0}; ///< How far the server's clock is ahead of this workstation's.
+    double queueUsage = 0;                        ///< How full the queue of notifications is, from 0 to 1.
+    bool hasSynchronousStandby = false;           ///< Whether a change waits until a standby has it.
 };
 
 /// A value of the user's that lost a conflict.
@@ -52,6 +67,9 @@ public:
     virtual std::shared_ptr<Storage::LayeredStorage> store(std::string const& name, std::shared_ptr<ISettingsStorage> const& local) = 0;
     virtual StudioStatus status() const = 0;
     virtual StudioAccount account() = 0;
+    virtual StudioHealth health() = 0;
+    /// Has `listener` called by another thread for each key of a store that somebody else changed at the server.
+    virtual void onChange(std::function<void(std::string const& store, std::string const& key)> listener) = 0;
     /// Gives all users a value; without one the studio's value is removed, and its lock with it. With `locks` it is locked at once;
     /// else a lock stays as it is.
     virtual void set(std::string const& store, std::string const& key, std::optional<Storage::SqliteStorage::Value> const& value,

@@ -100,6 +100,19 @@ TEST_F(AdministrationTest, AccountIsTheLoginsOwn)
     EXPECT_EQ(reasonOf([&] { desk("mallory")->does.account(); }), Reason::denied);
 }
 
+TEST_F(AdministrationTest, HealthIsThatOfTheServer)
+{
+    auto const [isPooled, difference, queueUsage, hasSynchronousStandby] = desk("alice")->does.health();
+    EXPECT_FALSE(isPooled);
+    EXPECT_LT(std::chrono::abs(difference), 30s) << "the server is on this machine";
+    EXPECT_EQ(queueUsage, 0);
+    EXPECT_FALSE(hasSynchronousStandby);
+    m_server->ask("ALTER SYSTEM SET synchronous_standby_names = 'second'");
+    EXPECT_EQ(ask("SELECT pg_reload_conf()"), "t");
+    ASSERT_TRUE(comes("SHOW synchronous_standby_names", "second"));
+    EXPECT_TRUE(desk("alice")->does.health().hasSynchronousStandby);
+}
+
 TEST_F(AdministrationTest, ForgottenUserHasNothing)
 {
     desk("alice")->does.account();

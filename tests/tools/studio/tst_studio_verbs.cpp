@@ -104,6 +104,7 @@ TEST_F(StudioVerbs, StatusTellsServerUserAndWhatRoams)
     EXPECT_EQ(status["user"], "ada");
     EXPECT_EQ(status["isAdministrator"], true);
     EXPECT_EQ(status["schema"], 1);
+    EXPECT_EQ(status["historyChanged"], nullptr);
     EXPECT_EQ(status["isConnected"], true);
     EXPECT_EQ(status["problem"], nullptr);
     EXPECT_NE(status["asOf"], nullptr);
@@ -114,7 +115,7 @@ TEST_F(StudioVerbs, StatusTellsServerUserAndWhatRoams)
         EXPECT_EQ(std::count(roaming.begin(), roaming.end(), key), 1) << key;
     EXPECT_EQ(std::count(roaming.begin(), roaming.end(), "exportPath"), 0);
     std::string const table = said(as("alice", {"studio", "status", "--plain"}));
-    EXPECT_NE(table.find("\nuser\talice\nadministrator\tno\nschema\t1\nas of\t20"), std::string::npos) << table;
+    EXPECT_NE(table.find("\nuser\talice\nadministrator\tno\nschema\t1\nchanges\tpolling\nas of\t20"), std::string::npos) << table;
     EXPECT_NE(table.find("\nroams\tkeepVideoAspect\n"), std::string::npos) << table;
 }
 

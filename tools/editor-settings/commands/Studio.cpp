@@ -88,6 +88,9 @@ Command migrateCommand()
 
 ordered_json orNull(std::string const& text) { return text.empty() ? ordered_json() : ordered_json(text); }
 
+// How changes of others arrive.
+char const* hearingOf(StudioStatus const& status) { return status.isListening ? "listening" : "polling"; }
+
 void printAsJson(StudioStatus const& status, StudioAccount const& account)
 {
     auto problem = ordered_json();
@@ -98,6 +101,8 @@ void printAsJson(StudioStatus const& status, StudioAccount const& account)
                {"isAdministrator", account.isAdministrator},
                {"schema", account.schema == 0 ? ordered_json() : ordered_json(account.schema)},
                {"isConnected", status.isConnected},
+               {"changes", !status.isConnected ? ordered_json() : ordered_json(hearingOf(status))},
+               {"historyChanged", status.historyChanged ? ordered_json(inUtc(*status.historyChanged)) : ordered_json()},
                {"asOf", status.asOf ? ordered_json(inUtc(*status.asOf)) : ordered_json()},
                {"problem", problem},
                {"roams", Inspection::roamingKeys()}});
@@ -110,7 +115,8 @@ void printAsTable(StudioStatus const& status, StudioAccount const& account, Form
         table = {{"server", onOneLine(account.server)},
                  {"user", onOneLine(account.user)},
                  {"administrator", account.isAdministrator ? "yes" : "no"},
-                 {"schema", std::to_string(account.schema)}};
+                 {"schema", std::to_string(account.schema)},
+                 {"changes", hearingOf(status)}};
     if (status.asOf)
         table.push_back({"as of", format == Format::plain ? inUtc(*status.asOf) : inLocalTime(*status.asOf)});
     for (std::string const& key : Inspection::roamingKeys())

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <Inspection/studio/StudioServer.h>
 #include <Studio/Administration.h>
+#include <Studio/SchemaSteps.h>
 #include <Studio/SessionStore.h>
 
 #include <type_traits>
@@ -8,6 +9,7 @@
 namespace {
 
 using Inspection::StudioAccount;
+using Inspection::StudioHealth;
 using Inspection::StudioStatus;
 using Inspection::SupersededValue;
 using Locking = Studio::Administration::Locking;
@@ -30,6 +32,7 @@ public:
         throw Studio::storageError(error, attempt);
     }
 
+    Studio::Connection const& connection() const { return m_connection; }
     std::string const& host() const { return m_connection.host(); }
 
 private:
@@ -63,6 +66,11 @@ public:
         return m_desk.ask(isLocked ? "lock a setting" : "unlock a setting",
                           [&](Studio::Administration& studio) { return studio.lock(store, key, isLocked); });
     }
+    StudioHealth health() override;
+    void onChange(std::function<void(std::string const&, std::string const&)> listener) override
+    {
+        m_session.onChange(std::move(listener));
+    }
     std::vector<SupersededValue> superseded() override;
     bool forget(std::string const& user) override
     {
@@ -82,6 +90,23 @@ StudioStatus Server::status() const
     if (known.problem)
         result.problem = Studio::storageError(*known.problem, "read the studio's settings");
     result.asOf = known.asOf;
+    result.isListening = known.connected && known.hearing == Studio::Status::Hearing::listening;
+    result.historyChanged = known.historyChanged;
+    return result;
+}
+
+StudioHealth Server::health()
+{
+    StudioHealth result;
+    result.account = account();
+    result.knownSchema = static_cast<int>(Studio::schemaSteps().size());
+    auto const found = m_desk.ask("ask for the server's health", [](Studio::Administration& studio) { return studio.health(); });
+    result.isEncrypted = m_desk.connection().isEncrypted();
+    result.isLocal = m_desk.host().find('/') != std::string::npos;
+    result.isPooled = found.isPooled;
+    result.clockDifference = std::chrono::duration_cast<std::chrono::milliseconds>(found.difference);
+    result.queueUsage = found.queueUsage;
+    result.hasSynchronousStandby = found.hasSynchronousStandby;
     return result;
 }
 
