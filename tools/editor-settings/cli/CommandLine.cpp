@@ -290,6 +290,7 @@ private:
         if (!changesStores(use))
             printReadOnlyStores(application);
         invocation.application = &application;
+        invocation.studio = studio.get();
         return command.run(invocation);
     }
 

@@ -6,6 +6,7 @@
 #include "terminal/Table.h"
 
 #include <Host/ToolApplication.h>
+#include <Inspection/studio/StudioServer.h>
 
 #include <filesystem>
 #include <functional>
@@ -126,6 +127,7 @@ struct Invocation {
     std::optional<std::filesystem::path> storeFolder;
     Storage::SqliteStorage::Options options;
     Host::ToolApplication const* application = nullptr; ///< Null where the verb opens no store.
+    Inspection::StudioServer* studio = nullptr;         ///< Null where the product shares nothing, or it cannot be loaded.
 };
 
 struct Command {
