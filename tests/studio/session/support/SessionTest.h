@@ -16,14 +16,25 @@
 inline Studio::Session::Options quiet(std::string const& connection, std::chrono::milliseconds wait = std::chrono::seconds(60))
 {
     return {
-        connection, [](std::string const& key) { return key.compare(0, 5, "local") != 0; }, wait, wait, wait, wait, std::chrono::hours(24)};
+        connection, [](std::string const& key) { return key.compare(0, 5, "local") != 0; }, wait, wait, wait, wait, std::chrono::hours(24),
+        false};
 }
 
-/// As above, but the session polls all the time.
+/// As above, but the session polls fifty times a second.
 inline Studio::Session::Options polling(std::string const& connection)
 {
     Studio::Session::Options options = quiet(connection);
     options.pollWait = std::chrono::milliseconds(20);
+    return options;
+}
+
+/// As above, but the server notifies the session, which polls hardly ever.
+inline Studio::Session::Options listening(std::string const& connection)
+{
+    Studio::Session::Options options = quiet(connection);
+    options.listen = true;
+    options.heartbeatWait = std::chrono::hours(24);
+    options.studioWait = std::chrono::milliseconds(0);
     return options;
 }
 
