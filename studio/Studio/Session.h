@@ -80,7 +80,8 @@ public:
         std::chrono::milliseconds changeWait{10000};
         /// The longest that a connection may take, from the lookup of the name to the end of the login.
         std::chrono::milliseconds connectWait{3000};
-        /// The longest that the server may take for one statement.
+        /// The longest that the server may take for one statement. From 3 s on: a login that holds a lock of this user's, as any login
+        /// can, keeps the session waiting for 2 s when it connects.
         std::chrono::milliseconds statementWait{5000};
         /// How long after one look at the server the next one follows where it does not notify, a fifth more or less at random.
         /// Positive.
@@ -114,8 +115,9 @@ public:
     /// connection broke may be told, too. An empty function ends that.
     ///
     /// Threads: the session's thread calls, one key after the other, and does nothing else meanwhile: `listener` should return
-    ///   soon. It may call the session and its stores, and this function; it must not destroy the session. Any thread may set it
-    ///   at any time; once this returns, the listener before is neither running nor called again, unless this was called by it.
+    ///   soon. It may call the session and its stores, and this function; it must not destroy the session, nor wait for a thread
+    ///   that calls it. Any thread may set it at any time; once this returns, the listener before is neither running nor called
+    ///   again, unless this was called by it.
     /// Errors: an exception of `listener` ends the program.
     void onChange(std::function<void(std::string const& store, std::string const& key)> listener);
     /// What is known of the server, without asking it.

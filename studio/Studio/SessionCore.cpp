@@ -51,9 +51,12 @@ Connection::Options connectionOptions(Session::Options const& options)
     return result;
 }
 
-// The epoch is looked at after the changes: it may be newer than they are, but never older.
-constexpr char const* news = "SELECT studio, layer_revision, store, key, kind, value, locked, changed_by, changed_at, "
-                             "CASE WHEN $3 THEN (SELECT epoch FROM settings.hello_v1($4, 0)) END FROM settings.changes_v1($1, $2)";
+// The epoch is looked at after the changes: it may be newer than they are, but never older. It doubles what the statement costs.
+std::string news(bool hasEpoch)
+{
+    return "SELECT studio, layer_revision, store, key, kind, value, locked, changed_by, changed_at"s +
+           (hasEpoch ? ", (SELECT epoch FROM settings.hello_v1($3, 0))" : "") + " FROM settings.changes_v1($1, $2)";
+}
 
 constexpr char const* studioChannel = "settings_studio";
 
@@ -330,10 +333,17 @@ void SessionCore::fetch(bool checksEpoch)
 {
     Clock::time_point const begin = Clock::now();
     m_hinted = Clock::time_point::max();
-    for (bool isKnown = false; !isKnown;)
-        isKnown = takeOver(m_connection.execute(news, {Parameter::literal(std::to_string(m_userRevision)),
-                                                       Parameter::literal(std::to_string(m_studioRevision)),
-                                                       Parameter::literal(checksEpoch ? "true" : "false"), Parameter::literal(m_client)}));
+    for (bool isKnown = false; !isKnown;) {
+        std::vector<Parameter> parameters{Parameter::literal(std::to_string(m_userRevision)),
+                                          Parameter::literal(std::to_string(m_studioRevision))};
+        if (checksEpoch)
+            parameters.push_back(Parameter::literal(m_client));
+        Rows const rows = m_connection.execute(news(checksEpoch), parameters);
+        // Only a new greeting helps.
+        if (checksEpoch && rows.bytes(0, 9) != m_epoch)
+            throw ServerError(Reason::lost, m_connection.host());
+        isKnown = takeOver(rows);
+    }
     m_fetched = begin;
     std::lock_guard const lock(m_mutex);
     m_status.asOf = std::chrono::system_clock::now();
@@ -358,8 +368,7 @@ bool SessionCore::takeOver(Rows const& rows)
         hasUser = hasUser || layer == Layer::user;
     }
     // Somebody had the server forget the user: only a new greeting helps.
-    bool const isOtherEpoch = rows.count() > 0 && !rows.isNull(0, 9) && rows.bytes(0, 9) != m_epoch;
-    if (!hasUser || isOtherEpoch)
+    if (!hasUser)
         throw ServerError(Reason::lost, m_connection.host());
     std::vector<Layer> forgotten;
     if (m_userRevision == 0)

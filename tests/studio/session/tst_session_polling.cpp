@@ -44,6 +44,9 @@ TEST_F(SessionPolling, ChangeOfAnotherProgramIsSeen)
     give("number", "int", "1");
     EXPECT_TRUE(reads(alice, "number", 1));
     EXPECT_EQ(alice.session.status().hearing, Studio::Status::Hearing::polling);
+    auto const known = alice.session.status().asOf;
+    ASSERT_TRUE(known);
+    EXPECT_TRUE(comesTrue([&] { return alice.session.status().asOf > known; }));
 }
 
 TEST_F(SessionPolling, QuietLineCostsOneStatementAPoll)
