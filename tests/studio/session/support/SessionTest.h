@@ -95,6 +95,16 @@ protected:
         EXPECT_EQ(answer.substr(0, 7), "stored|") << answer;
     }
 
+    /// Forgets alice and makes her again with the setting "new" of 2, in one moment for those who look. Her layer has another number
+    /// then, and more revisions than after a few changes.
+    void makeAliceAgain() const
+    {
+        std::string statements = hello(1, false) + ';';
+        for (int op = 1; op <= 5; ++op)
+            statements += statement({1, op, false, "common", "new", "int", "2"}) + ';';
+        ask("BEGIN; DELETE FROM settings.layer WHERE name = 'alice'; SET LOCAL SESSION AUTHORIZATION alice; " + statements + "COMMIT");
+    }
+
     /// What the server has of a key of the common store in alice's layer, such as "int 7"; empty where it has nothing.
     std::string atServer(std::string const& key) const
     {
