@@ -162,7 +162,7 @@ TEST_F(Tool, LimitOfFileSizesIsToldAsAFullDisk)
               "editor-settings: " + commonFile() + ": cannot create the store: File too large; free some space on the disk and try again");
 }
 
-#ifndef __SANITIZE_ADDRESS__ // the sanitizer needs a descriptor itself
+#ifndef UNDER_ADDRESS_SANITIZER // the sanitizer needs a descriptor itself
 TEST_F(Tool, LackOfDescriptorsIsTold)
 {
     said({"set", "npsSendCount", "1"});
