@@ -57,6 +57,16 @@ TEST_F(SessionLayers, OldLocalValueOfARoamingKeyCountsForNothing)
     EXPECT_FALSE(alice.store->contains("number"));
 }
 
+TEST_F(SessionLayers, ValueAtTheServerOfAKeyThatDoesNotRoamCountsForNothing)
+{
+    Put put;
+    put.key = "local number";
+    EXPECT_EQ(SchemaTest::put(user("alice"), put), "stored|1");
+    Program alice(connectionOf("alice"));
+    EXPECT_EQ(told(alice, "local number"), "");
+    EXPECT_FALSE(alice.store->contains("local number"));
+}
+
 TEST_F(SessionLayers, TimeIsTheServersAndKindIsKeptOfWhatCannotBeRead)
 {
     give("number", "int", "one");

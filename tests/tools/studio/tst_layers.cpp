@@ -70,6 +70,16 @@ TEST_F(Layers, LocalValueCoversTheStudios)
     EXPECT_EQ(taken("alice", "exportPath"), "studio \"/mnt/exports\"");
 }
 
+TEST_F(Layers, PathsAndNewNamesAreThoseOfTheStudiosFolder)
+{
+    said(as("ada", {"studio", "set", "exportPath", "/mnt/exports"}));
+    std::string const shown = said(as("alice", {"paths", "exportPath", "--explain"}));
+    EXPECT_NE(shown.find("/mnt/exports"), std::string::npos) << shown;
+    EXPECT_NE(shown.find("exportPath is stored in the studio's settings"), std::string::npos) << shown;
+    said(as("ada", {"studio", "lock", "audioRecordPath", "/mnt/sounds"}));
+    EXPECT_EQ(said(as("alice", {"next-name", "audio"})).rfind("/mnt/sounds/", 0), 0u);
+}
+
 TEST_F(Layers, RoamingValueGoesToTheServerAndToOtherWorkstations)
 {
     said(as("alice", {"set", "userCustomColors", "red", "navy"}));
