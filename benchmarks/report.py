@@ -242,7 +242,7 @@ def significant(number):
     return f"{number:.2f}" if number < 10 else f"{number:.1f}" if number < 100 else f"{number:,.0f}"
 
 
-sides_in_order = ["library", "floor", "written out", "composition", "QSettings", "QSettings by name", "KConfig", "SQLite", "one by one", "KFileUtils", "probing", "QDirIterator", "SQLite store", "changes", "without NOTIFY", "NOTIFY always"]
+sides_in_order = ["library", "tool", "floor", "written out", "composition", "QSettings", "QSettings by name", "KConfig", "SQLite", "one by one", "KFileUtils", "probing", "QDirIterator", "SQLite store", "changes", "without NOTIFY", "NOTIFY always"]
 types_in_order = ["bool", "int", "std::string", "QString", "absent QString", "QByteArray", "QStringList", "rational"]
 
 

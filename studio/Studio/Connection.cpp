@@ -78,9 +78,20 @@ std::int64_t Rows::integer(int row, int column) const
     return static_cast<std::int64_t>(number);
 }
 
+// The server counts microseconds from the beginning of 2000.
+std::chrono::system_clock::time_point Rows::time(int row, int column) const
+{
+    constexpr std::chrono::seconds beginning{946684800};
+    return std::chrono::system_clock::time_point(beginning + std::chrono::microseconds(integer(row, column)));
+}
+
 Connection::Connection(Options options) : m_options(std::move(options)) {}
 
 Connection::~Connection() = default;
+
+bool Connection::isEncrypted() const noexcept { return PQsslInUse(m_link.get()) != 0; }
+
+int Connection::backend() const noexcept { return PQbackendPID(m_link.get()); }
 
 void Connection::fail(Reason reason, std::string const& sqlState) const { throw ServerError(reason, m_host, sqlState); }
 

@@ -61,6 +61,8 @@ public:
     std::string_view bytes(int row, int column) const;
     /// An integer of 2, 4 or 8 bytes, or a boolean as 0 or 1.
     std::int64_t integer(int row, int column) const;
+    /// A timestamp with time zone, by the server's clock.
+    std::chrono::system_clock::time_point time(int row, int column) const;
 
 private:
     void check(bool holds) const;
@@ -100,6 +102,10 @@ public:
     void connect();
     /// Whether the last call left a connection.
     bool isOpen() const noexcept { return m_link != nullptr; }
+    /// Whether the connection is by TLS.
+    bool isEncrypted() const noexcept;
+    /// The process that serves the connection, as the login was told: a pooler's number is that of no process.
+    int backend() const noexcept;
     /// Closes the connection without a wait. A statement that runs is left to the server, which ends it in time.
     void close() noexcept { m_link.reset(); }
     /// Has the server execute one statement, with the parameters $1, $2 and so on.

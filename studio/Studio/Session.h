@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <Settings/ISettingsStorage.h>
+#include <Storage/LayeredStorage.h>
 #include <Studio/ServerError.h>
 
 #include <chrono>
@@ -94,7 +94,7 @@ public:
 
     /// The store `name`, such as "common": up to 255 bytes of UTF-8, not empty. `local`, which must not be null, keeps the keys
     /// that do not roam.
-    std::shared_ptr<ISettingsStorage> store(std::string const& name, std::shared_ptr<ISettingsStorage> const& local);
+    std::shared_ptr<Storage::LayeredStorage> store(std::string const& name, std::shared_ptr<ISettingsStorage> const& local);
 
     /// Afterwards reads show every change that the server had acknowledged, to anybody, before the call. False where that could
     /// not be reached in time.

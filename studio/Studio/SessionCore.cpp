@@ -26,19 +26,12 @@ std::string freshName()
     return name;
 }
 
-// The server counts microseconds from the beginning of 2000.
-std::chrono::system_clock::time_point timeOf(std::int64_t microseconds)
-{
-    constexpr std::chrono::seconds beginning{946684800};
-    return std::chrono::system_clock::time_point(beginning + std::chrono::microseconds(microseconds));
-}
-
 std::shared_ptr<Setting const> settingIn(Rows const& rows, int row)
 {
     if (rows.isNull(row, 4))
         return nullptr;
     return std::make_shared<Setting const>(Setting{valueOf(rows.bytes(row, 4), rows.bytes(row, 5)), rows.integer(row, 6) != 0,
-                                                   std::string(rows.bytes(row, 7)), timeOf(rows.integer(row, 8))});
+                                                   std::string(rows.bytes(row, 7)), rows.time(row, 8), std::string(rows.bytes(row, 4))});
 }
 
 Connection::Options connectionOptions(Session::Options const& options)
@@ -86,7 +79,7 @@ void SessionCore::demand(Clock::time_point deadline, std::function<void()> work)
 void SessionCore::change(std::string const& store, std::string const& key, std::optional<Value> const& value)
 {
     auto const deadline = Clock::now() + m_options.changeWait;
-    auto const setting = value ? std::make_shared<Setting const>(Setting{*value, false, {}, {}}) : nullptr;
+    auto const setting = value ? std::make_shared<Setting const>(Setting{*value, false, {}, {}, {}}) : nullptr;
     demand(deadline, [this, deadline, change = Snapshot::Change{Layer::user, store, key, setting}] { put(change, deadline); });
 }
 

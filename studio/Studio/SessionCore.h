@@ -41,6 +41,7 @@ public:
     void onChange(Listener::Function function) { m_listener.set(std::move(function)); }
 
     Snapshot::Found find(std::string const& store, std::string const& key) const { return m_snapshot.find(store, key); }
+    std::set<std::string> keys(std::string const& store) const { return m_snapshot.keys(store); }
     Status status() const;
     /// The server, as far as it is known.
     std::string host() const;

@@ -48,7 +48,8 @@ struct Program {
 
     std::shared_ptr<TestKit::MemoryStorage> local = std::make_shared<TestKit::MemoryStorage>();
     Studio::Session session;
-    std::shared_ptr<ISettingsStorage> store = session.store("common", local);
+    std::shared_ptr<Storage::LayeredStorage> layers = session.store("common", local);
+    std::shared_ptr<ISettingsStorage> store = layers;
 };
 
 /// A test with programs of the users of a studio.
