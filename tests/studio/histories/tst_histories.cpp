@@ -11,7 +11,7 @@ class Histories : public HistoryTest, public testing::WithParamInterface<unsigne
 
 TEST_P(Histories, AreThoseOfOneStore)
 {
-    int const histories = times(1, 15, 500);
+    int const histories = times(1, 12, 400);
     int flawed = 0;
     for (int number = 0; number < histories; ++number) {
         // The first history of the first round has the seed that is given.
@@ -23,4 +23,4 @@ TEST_P(Histories, AreThoseOfOneStore)
     tally("Random histories of a shared store", histories, flawed);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rounds, Histories, testing::Range(0u, 20u));
+INSTANTIATE_TEST_SUITE_P(Rounds, Histories, testing::Range(0u, 25u));
