@@ -55,6 +55,9 @@ constexpr char const* studioChannel = "settings_studio";
 
 bool isLoss(Reason reason) { return reason == Reason::lost || reason == Reason::unreachable; }
 
+// A role that was dropped and made again has its rights on new connections only.
+bool mayHelpToConnect(Reason reason) { return isLoss(reason) || reason == Reason::denied; }
+
 } // namespace
 
 SessionCore::SessionCore(Session::Options const& options)
@@ -383,7 +386,7 @@ void SessionCore::exchange(Clock::time_point deadline, std::function<void()> con
     try {
         work();
     } catch (ServerError const& error) {
-        if (!isLoss(error.reason()) || Clock::now() >= deadline)
+        if (!mayHelpToConnect(error.reason()) || Clock::now() >= deadline)
             throw;
         m_connection.close();
         connect();
