@@ -25,13 +25,11 @@ Administration::Account Administration::account()
 Administration::Health Administration::health()
 {
     auto const before = std::chrono::system_clock::now();
-    Rows const rows =
-        m_connection.execute("SELECT pg_backend_pid(), clock_timestamp(), (pg_notification_queue_usage() * 1000000)::integer, "
-                             "current_setting('synchronous_standby_names') <> ''");
+    Rows const rows = m_connection.execute("SELECT clock_timestamp(), (pg_notification_queue_usage() * 1000000)::integer, "
+                                           "current_setting('synchronous_standby_names') <> ''");
     // The server read its clock somewhere between.
     auto const middle = before + (std::chrono::system_clock::now() - before) / 2;
-    return {rows.integer(0, 0) != m_connection.backend(), rows.time(0, 1) - middle, static_cast<double>(rows.integer(0, 2)) / 1e6,
-            rows.integer(0, 3) != 0};
+    return {rows.time(0, 0) - middle, static_cast<double>(rows.integer(0, 1)) / 1e6, rows.integer(0, 2) != 0};
 }
 
 std::vector<Administration::Superseded> Administration::superseded()

@@ -26,7 +26,6 @@ public:
 
     /// How the server does.
     struct Health {
-        bool isPooled;                                  ///< Whether a pooler stands between.
         std::chrono::system_clock::duration difference; ///< How far its clock is ahead of this workstation's.
         double queueUsage;                              ///< How full the queue of notifications is, from 0 to 1.
         bool hasSynchronousStandby;                     ///< Whether a change waits until a standby has it.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/StudioTool.h"
 
+#include <studio/support/Pooler.h>
+
 class StudioDoctor : public SharedStudio {
 protected:
     // The findings about the studio, each as "severity check".
@@ -46,6 +48,15 @@ TEST_F(StudioDoctor, ProductWithoutAStudioHasNoSuchFindings)
 {
     m_products["nobody"] = product("", "nobody.json");
     EXPECT_EQ(findings(examined("nobody")), std::vector<std::string>());
+}
+
+TEST_F(StudioDoctor, PoolerIsNoted)
+{
+    if (!std::filesystem::exists(Pooler::program))
+        GTEST_SKIP() << "there is no pooler here: install Debian's pgbouncer";
+    Pooler const pooler(*m_server);
+    m_products["pooled"] = product(pooler.connection("alice"), "pooled.json");
+    EXPECT_EQ(findings(examined("pooled")), (std::vector<std::string>{"note studio-pooler", "note studio-standby"}));
 }
 
 TEST_F(StudioDoctor, NewerSchemaIsNoted)

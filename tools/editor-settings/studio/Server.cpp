@@ -103,7 +103,7 @@ StudioHealth Server::health()
     auto const found = m_desk.ask("ask for the server's health", [](Studio::Administration& studio) { return studio.health(); });
     result.isEncrypted = m_desk.connection().isEncrypted();
     result.isLocal = m_desk.host().find('/') != std::string::npos;
-    result.isPooled = found.isPooled;
+    result.isPooled = m_session.status().pooled;
     result.clockDifference = std::chrono::duration_cast<std::chrono::milliseconds>(found.difference);
     result.queueUsage = found.queueUsage;
     result.hasSynchronousStandby = found.hasSynchronousStandby;
