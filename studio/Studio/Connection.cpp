@@ -91,8 +91,6 @@ Connection::~Connection() = default;
 
 bool Connection::isEncrypted() const noexcept { return PQsslInUse(m_link.get()) != 0; }
 
-int Connection::backend() const noexcept { return PQbackendPID(m_link.get()); }
-
 void Connection::fail(Reason reason, std::string const& sqlState) const { throw ServerError(reason, m_host, sqlState); }
 
 void Connection::await(int descriptor, short events, Clock::time_point deadline) const

@@ -110,8 +110,6 @@ public:
     bool isOpen() const noexcept { return m_link != nullptr; }
     /// Whether the connection is by TLS.
     bool isEncrypted() const noexcept;
-    /// The process that serves the connection, as the login was told: a pooler's number is that of no process.
-    int backend() const noexcept;
     /// Closes the connection without a wait. A statement that runs is left to the server, which ends it in time.
     void close() noexcept { m_link.reset(); }
     /// Has the server execute one statement, with the parameters $1, $2 and so on.
