@@ -51,6 +51,7 @@ TEST_F(AdministrationTest, ValueIsSetWithItsKindAndItsLock)
     EXPECT_EQ(studiosValue(), "int 1 f ada") << "the lock went with the value";
     Put other;
     other.studio = true;
+    other.base = 5;
     EXPECT_EQ(put(user("ada"), other), "stored|6");
     ada->does.set("common", "key", 2, Locking::keep);
     EXPECT_EQ(ask("SELECT count(*) FROM settings.superseded"), "0") << "an administrator decides whatever was there";

@@ -115,7 +115,7 @@ TEST_F(StudioVerbs, StatusTellsServerUserAndWhatRoams)
         EXPECT_EQ(std::count(roaming.begin(), roaming.end(), key), 1) << key;
     EXPECT_EQ(std::count(roaming.begin(), roaming.end(), "exportPath"), 0);
     std::string const table = said(as("alice", {"studio", "status", "--plain"}));
-    EXPECT_NE(table.find("\nuser\talice\nadministrator\tno\nschema\t1\nchanges\tpolling\nas of\t20"), std::string::npos) << table;
+    EXPECT_NE(table.find("\nuser\talice\nadministrator\tno\nschema\t1\nchanges\tlistening\nas of\t20"), std::string::npos) << table;
     EXPECT_NE(table.find("\nroams\tkeepVideoAspect\n"), std::string::npos) << table;
 }
 

@@ -241,7 +241,7 @@ std::vector<Command> commandsOfDoctor()
     Command command;
     command.name = "doctor";
     command.group = Group::support;
-    command.summary = "What is wrong with stores, values, folders and the studio, and what to do";
+    command.summary = "What is wrong with stores, values and folders, and what to do";
     command.options = withFormat(words->format, jsonHelp, {Option("--verbose", &words->isVerbose, "Names what is else only counted")});
     command.examples = {{"editor-settings doctor", "What is wrong and what to do; exit status 0 where all is well."},
                         {"editor-settings doctor --json > report.json", "The same, for somebody who helps."}};
