@@ -167,6 +167,16 @@ void Connection::rest(Signal const& wake, Clock::time_point until)
     }
 }
 
+std::vector<Notification> Connection::notifications()
+{
+    std::vector<Notification> result;
+    while (std::unique_ptr<PGnotify, void (*)(void*)> const next{m_link ? PQnotifies(m_link.get()) : nullptr, PQfreemem})
+        result.push_back({next->relname, next->be_pid});
+    return result;
+}
+
+int Connection::backend() const noexcept { return PQbackendPID(m_link.get()); }
+
 Answer Connection::answerTo(std::string const& statement, std::vector<Parameter> const& parameters)
 {
     if (!m_link)

@@ -71,6 +71,12 @@ private:
     std::string m_host;
 };
 
+/// What a statement NOTIFY of any login sent to those who listen.
+struct Notification {
+    std::string channel;
+    int backend; ///< The server's process of the sender.
+};
+
 /// A connection to a PostgreSQL server of which no call takes longer than its bound, whatever the server, the network or the
 /// resolver of names do.
 ///
@@ -113,6 +119,10 @@ public:
     /// Waits, without asking the server anything, until `wake` is raised, the server sends something, or it is `until`. Without
     /// a connection too. The reason `lost` where the server ended the connection.
     void rest(Signal const& wake, std::chrono::steady_clock::time_point until);
+    /// What was notified since the last call, as far as it has arrived.
+    std::vector<Notification> notifications();
+    /// The server's process behind the connection, as it was named when the connection was made: a pooler names one of its own.
+    int backend() const noexcept;
     /// Makes the running call, and every later one, fail at once with the reason `interrupted`, but for `rest`. Any thread may call.
     void interrupt() const noexcept { m_interrupt.raise(); }
     /// The server that it was connected to last, such as "db.example:5432".

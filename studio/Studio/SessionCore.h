@@ -72,8 +72,10 @@ private:
     void planNextTry(ServerError const& error);
     Clock::time_point nextLook() const;
     Clock::time_point nextPoll();
+    std::chrono::milliseconds atMost(std::chrono::milliseconds wait);
 
-    void poll();
+    void hear();
+    void look();
     void exchange(Clock::time_point deadline, std::function<void()> const& work);
     void connect();
     void greet();
@@ -104,7 +106,10 @@ private:
     std::minstd_rand m_random;
     Clock::time_point m_nextTry;                                                    // to connect, where there is no connection
     ServerError m_refusal{ServerError::Reason::unreachable, "the studio's server"}; // why the last try failed
+    bool m_isListening = false;
     Clock::time_point m_nextPoll;
+    Clock::time_point m_hinted = Clock::time_point::max();  // when to look because of a notification
+    Clock::time_point m_hintsFrom;                          // no hint makes it look before
     Clock::time_point m_fetched = Clock::time_point::min(); // when the last fetch that succeeded began
     std::set<Snapshot::Place> m_news;                       // what the listener has not been called for
     std::string const m_client;

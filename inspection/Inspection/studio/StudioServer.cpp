@@ -14,7 +14,7 @@ namespace Inspection {
 
 std::unique_ptr<StudioServer> openStudioServer(std::string const& connection)
 {
-    roams(""); // the first look at families binds the library, which a read that asks must not do
+    roams(""); // the first look at families binds the library, and the server's thread may ask
     auto* const open = reinterpret_cast<decltype(openStudio)*>(studioFunction("openStudio"));
     return std::unique_ptr<StudioServer>(open(connection, roams));
 }

@@ -117,6 +117,30 @@ TEST_F(SessionFaults, SessionEndsAtOnceInEveryState)
     EXPECT_LE(answers.count(), slack.count());
 }
 
+TEST_F(SessionFaults, SessionThatNobodyAsksEndsAtOnceInEveryState)
+{
+    std::optional<Program> resting(std::in_place, listening(connectionOf("alice")));
+    EXPECT_EQ(resting->session.status().hearing, Studio::Status::Hearing::listening);
+    EXPECT_LE(timeOf([&] { resting.reset(); }).count(), slack.count());
+
+    std::optional<Program> looking(std::in_place, polling(throughProxy()));
+    m_proxy->limit(Way::toServer, 10, Then::stall);
+    ASSERT_TRUE(comesTrue([&] { return m_proxy->passed(Way::toServer) == 10; }));
+    EXPECT_LE(timeOf([&] { looking.reset(); }).count(), slack.count());
+
+    std::optional<Program> telling(std::in_place, polling(connectionOf("alice")));
+    std::atomic<bool> isTelling = false;
+    telling->session.onChange([&](std::string const&, std::string const&) { isTelling = true; });
+    Program(connectionOf("alice")).store->setInt("number", 7);
+    ASSERT_TRUE(comesTrue([&] { return isTelling.load(); }));
+    EXPECT_LE(timeOf([&] { telling.reset(); }).count(), slack.count());
+
+    std::optional<Program> waiting(std::in_place, polling(connectionOf("alice")));
+    m_server->stop();
+    ASSERT_TRUE(comesTrue([&] { return !waiting->session.status().connected; }));
+    EXPECT_LE(timeOf([&] { waiting.reset(); }).count(), slack.count());
+}
+
 TEST_F(SessionFaults, StoreThatOutlivesItsSessionCanBeRead)
 {
     std::optional<Program> alice(std::in_place, connectionOf("alice"));
