@@ -173,6 +173,8 @@ std::vector<Notification> Connection::notifications()
     return result;
 }
 
+int Connection::backend() const noexcept { return PQbackendPID(m_link.get()); }
+
 Answer Connection::answerTo(std::string const& statement, std::vector<Parameter> const& parameters)
 {
     if (!m_link)
