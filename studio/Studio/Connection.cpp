@@ -91,8 +91,6 @@ Connection::~Connection() = default;
 
 bool Connection::isEncrypted() const noexcept { return PQsslInUse(m_link.get()) != 0; }
 
-int Connection::backend() const noexcept { return PQbackendPID(m_link.get()); }
-
 void Connection::fail(Reason reason, std::string const& sqlState) const { throw ServerError(reason, m_host, sqlState); }
 
 void Connection::await(int descriptor, short events, Clock::time_point deadline) const
@@ -174,6 +172,8 @@ std::vector<Notification> Connection::notifications()
         result.push_back({next->relname, next->be_pid});
     return result;
 }
+
+int Connection::backend() const noexcept { return PQbackendPID(m_link.get()); }
 
 Answer Connection::answerTo(std::string const& statement, std::vector<Parameter> const& parameters)
 {

@@ -345,6 +345,17 @@ void SessionCore::fetch(bool checksEpoch)
     m_status.asOf = std::chrono::system_clock::now();
 }
 
+// Those that were asked for from the beginning.
+std::vector<Layer> SessionCore::layersWithoutRevision() const
+{
+    std::vector<Layer> layers;
+    if (m_userRevision == 0)
+        layers.push_back(Layer::user);
+    if (m_studioRevision == 0)
+        layers.push_back(Layer::studio);
+    return layers;
+}
+
 // False where the server's history turns out to be another one, which has to be read from its beginning.
 bool SessionCore::takeOver(Rows const& rows)
 {
@@ -366,12 +377,7 @@ bool SessionCore::takeOver(Rows const& rows)
     // Somebody had the server forget the user: only a new greeting helps.
     if (!hasUser)
         throw ServerError(Reason::lost, m_connection.host());
-    std::vector<Layer> forgotten;
-    if (m_userRevision == 0)
-        forgotten.push_back(Layer::user);
-    if (m_studioRevision == 0)
-        forgotten.push_back(Layer::studio);
-    std::set<Snapshot::Place> changed = m_snapshot.apply(changes, forgotten);
+    std::set<Snapshot::Place> changed = m_snapshot.apply(changes, layersWithoutRevision());
     if (m_listener.isSet())
         m_news.merge(changed);
     m_userRevision = revisions[0];

@@ -83,6 +83,7 @@ private:
     void catchUp(Clock::time_point moment, bool checksEpoch = false);
     void fetch(bool checksEpoch = false);
     bool takeOver(Rows const& rows);
+    std::vector<Snapshot::Layer> layersWithoutRevision() const;
     void put(Snapshot::Change const& change, Clock::time_point deadline);
     bool send(Snapshot::Change const& change, std::int64_t operation);
     void note(std::optional<Failure> const& problem);

@@ -143,7 +143,7 @@ Cluster::Cluster(Options options) : m_options(std::move(options)), m_folder(fres
     quietly(
         {"cp", "-a", "--reflink=auto", m_options.primary ? m_options.primary->m_folder / "data" : templateCluster(), m_folder / "data"});
     if (m_options.primary) {
-        std::ofstream(m_folder / "data/standby.signal");
+        std::ofstream const signal(m_folder / "data/standby.signal");
         giveToServer(m_folder / "data/standby.signal");
     }
     if (!m_options.access.empty())
