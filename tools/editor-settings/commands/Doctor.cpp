@@ -62,13 +62,7 @@ Report reportOn(Invocation const& invocation)
         progress.next("looking at the folders that the editor writes to");
         report.add(checkFolders());
     } catch (Host::ProductFileError const& error) {
-        report.findings = {{Severity::error,
-                            Check::productFile,
-                            error.what(),
-                            "nothing else can be checked without it: correct it, or name another with --product",
-                            std::nullopt,
-                            {},
-                            report.productFile}};
+        report.findings = {aboutProductFile(error.what(), report.productFile)};
     }
     return report;
 }
