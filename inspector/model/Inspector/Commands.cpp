@@ -65,7 +65,7 @@ std::string printed(std::string const& text)
             format += "\\000";
         else
             format += character == '%' ? "%%" : character == '\\' ? "\\\\" : std::string(1, character);
-    return absl::StrCat("printf ", Inspection::shellWord(format), " | ");
+    return absl::StrCat("printf -- ", Inspection::shellWord(format), " | ");
 }
 
 } // namespace

@@ -173,7 +173,8 @@ void OpenedStores::note(Storage::StoreWatcher::Difference const& difference, Sto
 {
     std::optional<Host::OwnKeys::Match> const own = Inspection::ownKeys().find(difference.key);
     m_changed.insert(settingId(own ? own->key : difference.key, store));
-    m_journal.push_front(line(changeOf({store, difference}, difference.byThisProcess, m_changes++)));
+    m_journal.push_front(
+        line(changeOf({store, static_cast<Storage::RowDifference const&>(difference)}, difference.byThisProcess, m_changes++)));
     if (m_journal.size() > longestJournal)
         m_journal.pop_back();
 }
@@ -295,9 +296,9 @@ std::shared_ptr<Snapshot const> OpenedStores::look()
         return m_snapshot;
     for (Side const& side : m_sides)
         m_isDirty = isChanged(side) || m_isDirty;
-    if (!m_isDirty && !m_isExamined)
+    if (!m_isDirty && !m_isExamined) {
         examine();
-    else if (m_isDirty && !readSettings()) {
+    } else if (m_isDirty && !readSettings()) {
         open(); // leaves out what cannot be read
         if (m_application)
             readSettings();
@@ -433,7 +434,7 @@ void OpenedStores::createWhereMissing(Side& side, std::optional<Row> const& expe
     Inspection::Findings const home = Inspection::checkHome();
     if (!home.empty() && !m_place.storeFolder && qEnvironmentVariableIsEmpty("XDG_DATA_HOME"))
         throw StorageError(homeError(side.view.file, home.front()));
-    SqliteStorage(std::filesystem::u8path(side.view.file), options(true));
+    SqliteStorage const created(std::filesystem::u8path(side.view.file), options(true));
     open();
     if (!m_application)
         throw Host::ProductFileError(m_productError);

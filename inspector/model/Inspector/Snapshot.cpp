@@ -74,10 +74,8 @@ void addTexts(Setting& setting, Inspection::PreferenceState const& state, Marks 
                                 changedAt(setting.rows),
                                 shown(onOneLine(setting.about.purpose))};
     setting.spoken = spokenLine({setting.cells[Setting::keyColumn], value, setting.cells[Setting::stateColumn]});
-    QStringList searched = {setting.cells[Setting::keyColumn], setting.cells[Setting::purposeColumn]};
-    if (!setting.isHidden)
-        searched << value;
-    setting.searchText = Search::textOf(searched, marksOf(setting, marks));
+    setting.searchText =
+        Search::textOf({setting.cells[Setting::keyColumn], value, setting.cells[Setting::purposeColumn]}, marksOf(setting, marks));
 }
 
 } // namespace

@@ -40,7 +40,7 @@ TEST(Commands, QuoteEachTypeOfValue)
     EXPECT_EQ(set(QStringList{QStringLiteral("a b"), QStringLiteral("c")}), QStringLiteral("editor-settings set key 'a b' c"));
     EXPECT_EQ(set(QStringList()), QStringLiteral("editor-settings set --empty -- key"));
     EXPECT_EQ(set(boost::rational<long long>(30000, 1001)), QStringLiteral("editor-settings set key 30000/1001"));
-    EXPECT_EQ(set(std::string("a\0%\\'", 5)), QStringLiteral("printf 'a\\000%%\\\\'\\''' | editor-settings set --from-file - -- key"));
+    EXPECT_EQ(set(std::string("a\0%\\'", 5)), QStringLiteral("printf -- 'a\\000%%\\\\'\\''' | editor-settings set --from-file - -- key"));
 }
 
 TEST(Commands, HideAPersonalValue)
