@@ -59,7 +59,7 @@ QVariant ItemsModel::headerData(int section, Qt::Orientation orientation, int ro
 }
 
 // Both lists are sorted, so one way through both finds each run of lines that are gone, new or changed.
-void ItemsModel::showItems(Items items)
+void ItemsModel::showItems(Items const& items)
 {
     auto next = items.cbegin();
     for (std::ptrdiff_t row = 0; row < std::ptrdiff_t(m_items.size()) || next != items.cend();) {

@@ -43,7 +43,7 @@ public:
 private:
     using Items = Lines<Item>;
 
-    void showItems(Items items);
+    void showItems(Items const& items);
     std::ptrdiff_t removeRun(std::ptrdiff_t row, Items const& items, Items::const_iterator next);
     std::ptrdiff_t insertRun(std::ptrdiff_t row, Items const& items, Items::const_iterator next);
     std::ptrdiff_t changeRun(std::ptrdiff_t row, Items const& items, Items::const_iterator next);
