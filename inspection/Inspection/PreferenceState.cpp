@@ -138,6 +138,11 @@ std::vector<std::string> storedKeys(OwnKeys::Match const& match)
     return isRational ? std::vector<std::string>{match.key + "_N", match.key + "_D"} : std::vector<std::string>{match.key};
 }
 
+void writeOwn(std::string const& key, bool isCommon, Value const& value)
+{
+    std::visit([&](auto const& typed) { ::write(key, typed, isCommon); }, value);
+}
+
 // A rational is stored whole or not at all.
 std::function<void(Value const&)> writerOf(std::string const& key, bool isCommon, Storage::SqliteStorage* opened)
 {
@@ -145,7 +150,7 @@ std::function<void(Value const&)> writerOf(std::string const& key, bool isCommon
         std::optional<Storage::Batch> together;
         if (opened)
             together.emplace(*opened);
-        std::visit([&](auto const& typed) { ::write(key, typed, isCommon); }, value);
+        writeOwn(key, isCommon, value);
         if (together)
             together->commit();
     };
@@ -333,6 +338,17 @@ std::vector<PreferenceState> preferenceStates(Host::Application const& applicati
     std::stable_sort(states.begin(), states.end(),
                      [](PreferenceState const& left, PreferenceState const& right) { return left.key < right.key; });
     return states;
+}
+
+std::vector<Storage::SqliteStorage::Change> changesTo(Host::Application const& application, PreferenceState const& preference,
+                                                      Value const& value)
+{
+    Storage::Batch collected(*storage(application, *preference.observation.store));
+    if (ownKeys().find(preference.key))
+        writeOwn(preference.key, preference.store == Store::common, value); // its `write` has a batch already
+    else
+        preference.write(value);
+    return collected.changes();
 }
 
 std::optional<KnownKey> knownKey(std::string const& key)

@@ -64,6 +64,11 @@ std::optional<PreferenceState> preferenceState(Host::Application const& applicat
 /// All preferences and declared keys, and whatever else is stored, sorted by key.
 std::vector<PreferenceState> preferenceStates(Host::Application const& application);
 
+/// The changes with which `value`, of the type of the preference, is stored: of a rational both halves. Makes none of them. The
+/// preference must have `write`, and a store that is opened.
+std::vector<Storage::SqliteStorage::Change> changesTo(Host::Application const& application, PreferenceState const& preference,
+                                                      Catalogue::Value const& value);
+
 /// A key that the library asks for, or that is declared, without a look at the stores.
 struct KnownKey {
     Catalogue::Store store;

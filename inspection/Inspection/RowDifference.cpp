@@ -61,6 +61,14 @@ std::optional<QStringList> storedList(SqliteStorage::Row const& row)
     return Catalogue::storedText(list) == *text ? std::optional(list) : std::nullopt;
 }
 
+std::string onOneLine(std::optional<SqliteStorage::Row> const& row, std::string const& absent)
+{
+    if (!row)
+        return absent;
+    std::optional<QStringList> const list = storedList(*row);
+    return list ? onOneLine(Catalogue::Value(*list)) : onOneLine(storedText(row->value));
+}
+
 char const* changeName(Change change)
 {
     constexpr char const* names[] = {"added", "removed", "changed"};

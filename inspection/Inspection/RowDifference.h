@@ -22,6 +22,8 @@ nlohmann::ordered_json storedJson(Storage::SqliteStorage::Value const& value);
 nlohmann::ordered_json storedJson(std::optional<Storage::SqliteStorage::Row> const& row);
 /// The value as text of any bytes: bytes in base64, "(unreadable)" for an unreadable value.
 std::string storedText(Storage::SqliteStorage::Value const& value);
+/// The stored value on one line, as `onOneLine` of a value shows it; `absent` for nullopt.
+std::string onOneLine(std::optional<Storage::SqliteStorage::Row> const& row, std::string const& absent);
 /// The list in a row of a known key, unless its elements alone would hide a difference from the stored text; else nullopt.
 std::optional<QStringList> storedList(Storage::SqliteStorage::Row const& row);
 /// The time as "2026-11-20 17:40:53", where the user is.

@@ -199,6 +199,12 @@ std::string jsonText(ordered_json const& value, int indent)
     return result.toStdString();
 }
 
+std::string onOneLine(Value const& value)
+{
+    // As JSON the elements of a list are distinct, whatever they hold.
+    return std::holds_alternative<QStringList>(value) ? jsonText(toJson(value)) : onOneLine(text(value));
+}
+
 std::string toBase64(std::string const& bytes) { return QByteArray::fromStdString(bytes).toBase64().toStdString(); }
 
 std::optional<std::string> fromBase64(std::string const& text)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <Catalogue/Catalogue.h>
+#include <Inspection/OneLine.h>
 #include <Storage/Kind.h>
 
 #include <nlohmann/json.hpp>
@@ -53,6 +54,9 @@ Catalogue::Value parsed(Catalogue::Value const& like, std::vector<std::string> c
 std::string text(Catalogue::Value const& value);
 /// The value as JSON: bytes as a base64 text, lists as arrays.
 nlohmann::ordered_json toJson(Catalogue::Value const& value);
+
+/// The value on one line: a list as a JSON array, any other value as its escaped text.
+std::string onOneLine(Catalogue::Value const& value);
 
 /// `value` as JSON text without raw control characters and marks of writing direction. Bytes that are not UTF-8 become replacement
 /// characters.

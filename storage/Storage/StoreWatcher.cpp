@@ -88,7 +88,7 @@ public:
         } catch (StorageError const& error) {
             if (error.code() == StorageError::Code::missing)
                 return succeeded(gone());
-            return {{}, toBeTold(error)};
+            return {{}, toBeTold(error), false};
         }
     }
 
@@ -99,7 +99,7 @@ private:
     {
         m_error.clear();
         m_busySince.reset();
-        return {std::move(differences), std::nullopt};
+        return {std::move(differences), std::nullopt, true};
     }
 
     std::vector<Difference> changes()

@@ -62,6 +62,7 @@ public:
     struct Look {
         std::vector<Difference> differences; ///< Since the last look that succeeded, sorted by key.
         std::optional<StorageError> error;   ///< Only in the first look of a run of looks that fail with the same text.
+        bool isRead = false;                 ///< Whether the look succeeded; false also while others keep the store locked.
     };
 
     /// Compares the store with the last look that succeeded; the first one finds all rows of an existing store as added.

@@ -6,6 +6,7 @@
 #include <Inspection/DeclaredKeys.h>
 #include <Inspection/Locations.h>
 #include <Inspection/PreferenceState.h>
+#include <Inspection/RowDifference.h>
 #include <Inspection/ValueFormat.h>
 #include <Inspection/checks/StoredValueChecks.h>
 
@@ -180,6 +181,20 @@ TEST_F(DeclaredKeys, HalvesOfARationalAreWrittenInOneTransaction)
     EXPECT_GT(before, 0);
     state("rate").write(Value(OwnKey::Rational(30000, 1001)));
     EXPECT_EQ(transactions(), before + 1);
+}
+
+TEST_F(DeclaredKeys, ChangesToAValueAreCollectedAndNotMade)
+{
+    auto const changes = [&](char const* key, Value const& value) {
+        std::vector<std::string> collected;
+        for (SqliteStorage::Change const& change : Inspection::changesTo(m_application, state(key), value))
+            collected.push_back(change.key + ' ' + Inspection::storedText(change.value));
+        return collected;
+    };
+    EXPECT_EQ(changes("rate", Value(OwnKey::Rational(60000, 2002))), (std::vector<std::string>{"rate_D 1001", "rate_N 30000"}));
+    EXPECT_EQ(changes("flag", Value(false)), std::vector<std::string>{"flag false"});
+    EXPECT_EQ(changes("exportPath", Value(QStringLiteral("/films"))), std::vector<std::string>{"exportPath /films"});
+    EXPECT_TRUE(m_product.rows().empty());
 }
 
 TEST_F(DeclaredKeys, HalfIsKnownAsAStoredIntAndNotByItself)

@@ -6,6 +6,17 @@
 
 namespace Inspection {
 
+Finding aboutProductFile(std::string const& error, std::string const& file)
+{
+    return {Severity::error,
+            Check::productFile,
+            error,
+            "nothing else can be checked without it: correct it, or name another with --product",
+            std::nullopt,
+            {},
+            file};
+}
+
 char const* severityName(Severity severity)
 {
     constexpr std::array<char const*, 3> names = {"note", "warning", "error"};

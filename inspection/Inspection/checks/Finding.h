@@ -66,6 +66,9 @@ struct Finding {
 
 using Findings = std::vector<Finding>;
 
+/// The only finding where the product file cannot be used, for the reason that `error` tells.
+Finding aboutProductFile(std::string const& error, std::string const& file);
+
 /// The word for scripts: "note", "warning" or "error".
 char const* severityName(Severity severity);
 

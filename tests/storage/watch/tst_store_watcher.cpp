@@ -74,6 +74,26 @@ protected:
     StoreWatcher m_watcher{m_file};
 };
 
+// --- Whether the store was read ---
+
+TEST_F(Watched, LookThatFailsWithoutAWordIsNotTakenForASuccess)
+{
+    EXPECT_TRUE(m_watcher.look().isRead) << "missing";
+    SqliteStorage(m_file).setString("exportPath", "/films");
+    OtherProgram program(m_file);
+    program.execute("BEGIN EXCLUSIVE");
+    StoreWatcher::Look const locked = m_watcher.look();
+    EXPECT_FALSE(locked.error);
+    EXPECT_FALSE(locked.isRead);
+    program.execute("ROLLBACK");
+    EXPECT_TRUE(m_watcher.look().isRead);
+    putGarbage();
+    EXPECT_TRUE(m_watcher.look().error);
+    StoreWatcher::Look const garbage = m_watcher.look();
+    EXPECT_FALSE(garbage.error) << "known already";
+    EXPECT_FALSE(garbage.isRead);
+}
+
 // --- What has changed ---
 
 TEST_F(Watched, ChangesAreFoundOnce)

@@ -73,13 +73,7 @@ Report reportOn(Invocation const& invocation)
         if (!application.productFile().studio().empty())
             report.add(checkStudio(application.productFile().studio()));
     } catch (Host::ProductFileError const& error) {
-        report.findings = {{Severity::error,
-                            Check::productFile,
-                            error.what(),
-                            "nothing else can be checked without it: correct it, or name another with --product",
-                            std::nullopt,
-                            {},
-                            report.productFile}};
+        report.findings = {aboutProductFile(error.what(), report.productFile)};
     }
     return report;
 }

@@ -3,9 +3,14 @@
 // Escapes for messages and columns.
 #pragma once
 
+#include <Inspection/OneLine.h>
+
 #include <stdexcept>
 #include <string>
 #include <vector>
+
+using Inspection::onOneLine;
+using Inspection::withoutControls;
 
 /// An error whose text is for the user. Unless it is caught, the exit status is 1.
 class UserError : public std::runtime_error {
@@ -13,11 +18,6 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// `text` escaped to one line of UTF-8: `\\`, `\t`, `\n`, `\r`, and `\xHH` for each byte of another control character, of a
-/// mark of writing direction or line separator, and each byte that is not UTF-8. The escapes are unambiguous.
-std::string onOneLine(std::string const& text);
-/// `text` escaped for a terminal: as `onOneLine`, but backslashes and the characters in `kept` are unchanged.
-std::string withoutControls(std::string const& text, std::string const& kept = {});
 /// `onOneLine(text)` in single quotes, for messages.
 std::string quoted(std::string const& text);
 /// As `quoted`, shortened to 200 code points: for an argument that the user just typed.

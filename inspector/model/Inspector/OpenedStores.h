@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+//
+// The library and both stores, as the desk's thread uses them. Internal.
+#pragma once
+
+#include <Inspector/Commits.h>
+#include <Inspector/Place.h>
+
+#include <Host/ToolApplication.h>
+#include <Storage/StoreWatcher.h>
+
+#include <array>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include <sys/stat.h>
+
+namespace Inspector {
+
+/// Everything here waits for other processes for some tenths of a second at most. One thread.
+class OpenedStores {
+public:
+    explicit OpenedStores(Place place);
+    ~OpenedStores();
+
+    /// Looks at the stores, and at the folders where nothing has changed since they were looked at. The snapshot is the same
+    /// object as before where nothing differs.
+    std::shared_ptr<Snapshot const> look();
+    /// Opens everything again, so that what was in the way is asked for again.
+    void openAgain();
+    /// Stores it. Throws `Storage::StorageError` with the code busy where nothing was stored and another try may succeed.
+    Answer store(Commit const& commit);
+    /// The files of both stores; none where the product file cannot be read.
+    std::vector<std::filesystem::path> files() const;
+
+private:
+    using Row = Storage::SqliteStorage::Row;
+
+    struct FileIdentity {
+        dev_t device;
+        ino_t inode;
+        timespec changed;
+
+        bool isSameFile(FileIdentity const& other) const { return device == other.device && inode == other.inode; }
+        bool isUntouched(FileIdentity const& other) const
+        {
+            return isSameFile(other) && changed.tv_sec == other.changed.tv_sec && changed.tv_nsec == other.changed.tv_nsec;
+        }
+    };
+
+    struct Side {
+        Catalogue::Store store;
+        std::optional<FileIdentity> identity{}; // of the file that was opened
+        std::optional<Storage::StoreWatcher> watcher{};
+        bool isReadable = false;  // whether the watcher's last look succeeded
+        bool hasBaseline = false; // whether one of its looks has
+        long long version = 0;    // of the last read
+        StoreView view{};
+    };
+
+    struct Planned {
+        Catalogue::Store store;
+        Storage::SqliteStorage::Change change;
+    };
+
+    static std::optional<FileIdentity> identityOf(StoreView const& view);
+    Side& side(Catalogue::Store store) { return m_sides[store == Catalogue::Store::product ? 0 : 1]; }
+    Side const& side(Catalogue::Store store) const { return m_sides[store == Catalogue::Store::product ? 0 : 1]; }
+    Storage::SqliteStorage* opened(Side const& side) const { return Inspection::storage(*m_application, side.store); }
+    Storage::SqliteStorage::Options options(bool createsMissing) const;
+
+    void open();
+    void openSide(Side& side);
+    static bool isOutdated(Side const& side);
+    bool watch(Side& side);
+    bool isChanged(Side const& side) const;
+    void note(Storage::StoreWatcher::Difference const& difference, Catalogue::Store store);
+    bool readSettings();
+    Lines<Setting> settings() const;
+    void examine();
+
+    std::optional<std::string> refusal(std::vector<Edit> const& edits) const;
+    std::vector<Planned> plan(std::vector<Edit> const& edits);
+    static std::vector<Planned> plan(Step const& step);
+    void createWhereMissing(Side& side, std::optional<Row> const& expected);
+    Answer applied(std::vector<Planned> const& planned, bool mayRewrite);
+    Step apply(Catalogue::Store store, std::vector<Storage::SqliteStorage::Change> changes, bool mayRewrite);
+
+    Place const m_place;
+    std::unique_ptr<Host::ToolApplication> m_application;
+    std::array<Side, 2> m_sides{{{Catalogue::Store::product}, {Catalogue::Store::common}}};
+    std::string m_productError; // why there is no application
+    std::shared_ptr<Snapshot const> m_snapshot = std::make_shared<Snapshot>();
+    bool m_isDirty = true;            // the settings are to be read
+    bool m_isExamined = false;        // locations and findings are of those settings
+    std::set<std::string> m_changed;  // ids of settings
+    std::set<std::string> m_troubled; // keys of settings
+    std::deque<std::shared_ptr<Change const>> m_journal;
+    std::size_t m_changes = 0; // also those that are no longer in the journal
+};
+
+} // namespace Inspector

@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: MIT
+#include <Inspector/Snapshot.h>
+
+#include <Inspector/Search.h>
+
+#include <Inspection/ValueFormat.h>
+
+#include <absl/strings/str_cat.h>
+
+#include <algorithm>
+#include <chrono>
+#include <limits>
+
+using Inspection::onOneLine;
+using Inspection::State;
+
+namespace Inspector {
+
+namespace {
+
+QString shown(std::string const& text) { return QString::fromStdString(text); }
+
+QString spokenLine(QStringList const& parts) { return parts.join(QStringLiteral(", ")); }
+
+// --- Settings ---
+
+QString stateWord(std::optional<State> state) { return shown(state ? Inspection::stateName(*state) : "cannot be read"); }
+
+QString shownValueOf(Inspection::PreferenceState const& state)
+{
+    bool const isUnreadable = state.isUndeclared() && state.state() == State::unreadable;
+    return shown(isUnreadable ? "(unreadable)" : onOneLine(state.observation.value));
+}
+
+QString changedAt(std::vector<Storage::SqliteStorage::Row> const& rows)
+{
+    auto const isEarlier = [](auto const& left, auto const& right) { return left.changed < right.changed; };
+    auto const last = std::max_element(rows.begin(), rows.end(), isEarlier);
+    return last == rows.end() ? QString() : shown(Inspection::inLocalTime(last->changed));
+}
+
+QStringList marksOf(Setting const& setting, Marks const& marks)
+{
+    static constexpr char const* stateMarks[] = {"", "", "@default", "@other-kind", "@unreadable", "@undeclared"};
+    QStringList result = {QLatin1Char('@') + setting.cells[Setting::storeColumn], QLatin1Char('@') + setting.cells[Setting::classColumn]};
+    if (setting.state)
+        result << shown(setting.rows.empty() ? "@unset" : "@set") << shown(stateMarks[static_cast<std::size_t>(*setting.state)]);
+    if (marks.isChanged)
+        result << QStringLiteral("@changed");
+    if (marks.hasTrouble)
+        result << QStringLiteral("@trouble");
+    return result;
+}
+
+bool isPersonal(std::string const& key) { return Inspection::classOf(key) == Catalogue::dataClassName(Catalogue::DataClass::personal); }
+
+} // namespace
+
+std::string settingId(std::string const& key, Catalogue::Store store) { return absl::StrCat(key, std::string(1, '\0'), name(store)); }
+
+QString Setting::spokenWithValue() const { return spokenLine({cells[keyColumn], shownValue, cells[stateColumn]}); }
+
+namespace {
+
+void addTexts(Setting& setting, Inspection::PreferenceState const& state, Marks const& marks)
+{
+    QString const value = setting.isHidden ? shown(hiddenText) : setting.shownValue;
+    setting.cells = QStringList{shown(onOneLine(state.key)),
+                                value,
+                                stateWord(setting.state),
+                                shown(state.storeName()),
+                                shown(state.dataClass ? Catalogue::dataClassName(*state.dataClass) : ""),
+                                shown(state.isUndeclared() ? "" : onOneLine(setting.defaultValue)),
+                                changedAt(setting.rows),
+                                shown(onOneLine(setting.about.purpose))};
+    setting.spoken = spokenLine({setting.cells[Setting::keyColumn], value, setting.cells[Setting::stateColumn]});
+    setting.searchText =
+        Search::textOf({setting.cells[Setting::keyColumn], value, setting.cells[Setting::purposeColumn]}, marksOf(setting, marks));
+}
+
+} // namespace
+
+Setting settingOf(Inspection::PreferenceState const& state, bool isRead, Marks const& marks)
+{
+    Setting setting;
+    setting.key = state.key;
+    setting.store = state.observation.store.value_or(state.store);
+    setting.id = settingId(setting.key, setting.store);
+    setting.value = state.observation.value;
+    setting.defaultValue = state.observation.defaultValue;
+    setting.about = Inspection::describe(state);
+    setting.computedBy = state.computedDefault ? Catalogue::locationOf(state.computedDefault).name : "";
+    if (isRead) {
+        setting.state = state.state();
+        setting.rows = state.stored;
+        setting.shownValue = shownValueOf(state);
+        setting.isHidden = state.dataClass == Catalogue::DataClass::personal && !state.stored.empty();
+        setting.isSettable = state.write && state.observation.store;
+    }
+    addTexts(setting, state, marks);
+    return setting;
+}
+
+// --- Locations, findings, changes ---
+
+namespace {
+
+// A line without more than its cells, which are all spoken and searched.
+void complete(Item& item)
+{
+    QStringList spoken = item.cells;
+    spoken.removeAll({});
+    item.spoken = spokenLine(spoken);
+    item.searchText = Search::textOf(item.cells, {});
+}
+
+// A check of a folder names its setting, if it is one, before a colon.
+std::string keyOf(Inspection::Finding const& found)
+{
+    std::string const label = found.check == Inspection::Check::folder ? found.what.substr(0, found.what.find(':')) : "";
+    return Inspection::knownKey(label) ? label : found.key;
+}
+
+// Of these the texts hold the value, or a part of it.
+bool showsValue(Inspection::Check check)
+{
+    return check == Inspection::Check::folder || check == Inspection::Check::numberEdge || check == Inspection::Check::unusableValue;
+}
+
+std::string whereOf(Inspection::Finding const& found, std::string const& key)
+{
+    if (key.empty() || !found.store)
+        return onOneLine(key.empty() ? found.path : key);
+    return absl::StrCat(onOneLine(key), " (", name(*found.store), " store)");
+}
+
+} // namespace
+
+Location locationOf(Inspection::LocationState const& state, std::vector<Inspection::Decision> const& decisions)
+{
+    Inspection::PathStatus const status = state.status();
+    Location location;
+    location.id = state.label();
+    location.cells = QStringList{shown(onOneLine(location.id)), shown(onOneLine(state.path.toStdString())),
+                                 shown(Catalogue::useName(state.use)), shown(onOneLine(remark(status)))};
+    location.isUsable = status.isUsable;
+    for (Inspection::Decision const& decision : decisions)
+        location.decidedBy.push_back(text(decision));
+    complete(location);
+    return location;
+}
+
+Finding findingOf(Inspection::Finding const& found)
+{
+    Finding finding;
+    finding.found = found;
+    finding.key = keyOf(found);
+    finding.id = absl::StrCat(9 - static_cast<int>(found.severity), absl::Dec(static_cast<int>(found.check), absl::kZeroPad3),
+                              found.store ? name(*found.store) : "", " ", finding.key, " ", found.path, " ", found.what);
+    std::string what = found.what;
+    std::string remedy = found.remedy;
+    if (isPersonal(finding.key) && showsValue(found.check)) {
+        finding.id = absl::StrCat(finding.id.substr(0, 4), finding.key);
+        what = hiddenText;
+        remedy.clear();
+    }
+    finding.cells = QStringList{shown(severityName(found.severity)), shown(whereOf(found, finding.key)),
+                                shown(Inspection::withoutControls(what)), shown(Inspection::withoutControls(remedy))};
+    complete(finding);
+    return finding;
+}
+
+Change changeOf(Inspection::Difference const& row, bool byThisWindow, std::size_t number)
+{
+    auto const& [key, before, after] = row.row;
+    bool const isHidden = isPersonal(key);
+    auto const value = [&](std::optional<Storage::SqliteStorage::Row> const& stored) {
+        return shown(isHidden && stored ? hiddenText : onOneLine(stored, "(unset)"));
+    };
+    auto const time = after ? after->changed : std::chrono::system_clock::now();
+    Change change;
+    change.row = row;
+    change.byThisWindow = byThisWindow;
+    change.id = absl::StrCat(absl::Dec(std::numeric_limits<std::size_t>::max() - number, absl::kZeroPad20));
+    change.cells = QStringList{shown(Inspection::inLocalTime(time)),
+                               shown(byThisWindow ? "this window" : "somebody else"),
+                               shown(name(row.store)),
+                               shown(onOneLine(key)),
+                               value(before),
+                               value(after)};
+    complete(change);
+    return change;
+}
+
+} // namespace Inspector
