@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <Studio/SessionCore.h>
 
-#include <random>
+#include <Studio/ClientName.h>
 
 #include <signal.h>
 
@@ -11,19 +11,6 @@ using Reason = ServerError::Reason;
 using Layer = Snapshot::Layer;
 
 namespace {
-
-// A name that no other program has, in the form of a UUID.
-std::string freshName()
-{
-    std::random_device device;
-    std::string name;
-    for (int const part : {8, 4, 4, 4, 12}) {
-        name += name.empty() ? "" : "-";
-        for (int digit = 0; digit < part; ++digit)
-            name += "0123456789abcdef"[device() % 16];
-    }
-    return name;
-}
 
 // The server counts microseconds from the beginning of 2000.
 std::chrono::system_clock::time_point timeOf(std::int64_t microseconds)
@@ -53,7 +40,7 @@ bool isLoss(Reason reason) { return reason == Reason::lost || reason == Reason::
 } // namespace
 
 SessionCore::SessionCore(Session::Options const& options)
-    : m_options(options), m_connection(connectionOptions(options)), m_client(freshName())
+    : m_options(options), m_connection(connectionOptions(options)), m_client(newClientName())
 {}
 
 void SessionCore::demand(Clock::time_point deadline, std::function<void()> work)
@@ -269,7 +256,7 @@ bool SessionCore::send(Snapshot::Change const& change, std::int64_t operation)
     Rows const rows = m_connection.execute(
         "SELECT outcome FROM settings.put_v1($1, $2, false, $3, $4, $5, $6, false, 0, $7)",
         {Parameter::literal(m_client), Parameter::literal(std::to_string(operation)), Parameter::raw(change.store),
-         Parameter::raw(change.key), isRemoval ? Parameter::null() : Parameter::raw(std::string(stored.kind)),
+         Parameter::raw(change.key), isRemoval ? Parameter::null() : Parameter::raw(stored.kind),
          isRemoval ? Parameter::null() : Parameter::raw(stored.bytes), Parameter::literal(std::to_string(m_userRevision))});
     return rows.bytes(0, 0) == "stored";
 }

@@ -20,7 +20,7 @@ using Value = std::variant<std::monostate, bool, int, std::string, std::vector<u
 
 /// What the server keeps of a value: the stored word of its kind, and its bytes, which are text but for the kind "bytes".
 struct StoredValue {
-    std::string_view kind;
+    std::string kind;
     std::string bytes;
 };
 
