@@ -40,6 +40,12 @@ Signal::~Signal() { ::close(m_descriptor); }
 
 void Signal::raise() const noexcept { ::eventfd_write(m_descriptor, 1); }
 
+void Signal::lower() const noexcept
+{
+    eventfd_t count = 0;
+    ::eventfd_read(m_descriptor, &count);
+}
+
 void Rows::check(bool holds) const
 {
     if (!holds)
@@ -138,6 +144,16 @@ Rows Connection::execute(std::string const& statement, std::vector<Parameter> co
     if (PQstatus(m_link.get()) == CONNECTION_BAD)
         close();
     fail(code ? reasonOf(code) : Reason::lost, code ? code : "");
+}
+
+void Connection::rest(Signal const& wake, Clock::time_point until)
+{
+    int const happened = awaitEvents(m_link ? PQsocket(m_link.get()) : -1, POLLIN, wake.descriptor(), until);
+    bool const hasSent = (happened & 0xFFFF) != 0;
+    if (hasSent && !PQconsumeInput(m_link.get())) {
+        close();
+        fail(Reason::lost);
+    }
 }
 
 Answer Connection::answerTo(std::string const& statement, std::vector<Parameter> const& parameters)

@@ -15,7 +15,7 @@
 
 namespace Studio {
 
-/// A counter of the kernel's that threads can wait for together with sockets: readable once it is raised, and for ever.
+/// A counter of the kernel's that threads can wait for together with sockets: readable from when it is raised until it is lowered.
 class Signal {
 public:
     /// Throws `std::system_error` where the process has too many descriptors.
@@ -26,6 +26,7 @@ public:
 
     /// Any thread may call.
     void raise() const noexcept;
+    void lower() const noexcept;
     int descriptor() const noexcept { return m_descriptor; }
 
 private:
@@ -103,7 +104,10 @@ public:
     void close() noexcept { m_link.reset(); }
     /// Has the server execute one statement, with the parameters $1, $2 and so on.
     Rows execute(std::string const& statement, std::vector<Parameter> const& parameters = {});
-    /// Makes the running call, and every later one, fail at once with the reason `interrupted`. Any thread may call.
+    /// Waits, without asking the server anything, until `wake` is raised, the server sends something, or it is `until`. Without
+    /// a connection too. The reason `lost` where the server ended the connection.
+    void rest(Signal const& wake, std::chrono::steady_clock::time_point until);
+    /// Makes the running call, and every later one, fail at once with the reason `interrupted`, but for `rest`. Any thread may call.
     void interrupt() const noexcept { m_interrupt.raise(); }
     /// The server that it was connected to last, such as "db.example:5432".
     std::string const& host() const noexcept { return m_host; }

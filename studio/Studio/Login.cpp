@@ -177,6 +177,9 @@ void giveTime(Link const& link, std::string const& connection)
         ::setsockopt(PQsocket(link.get()), IPPROTO_TCP, TCP_USER_TIMEOUT, &connectedTimeout, sizeof connectedTimeout);
 }
 
+// Beyond it, an int has no room for the milliseconds; it is waited for again.
+constexpr long long longestPoll = 1 << 30;
+
 } // namespace
 
 int awaitEvents(int socket, short events, int interrupt, Clock::time_point deadline)
@@ -184,7 +187,7 @@ int awaitEvents(int socket, short events, int interrupt, Clock::time_point deadl
     pollfd descriptors[] = {{socket, events, 0}, {interrupt, POLLIN, 0}};
     for (;;) {
         auto const left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
-        int const count = ::poll(descriptors, 2, static_cast<int>(std::max<long long>(left, 0)));
+        int const count = ::poll(descriptors, 2, static_cast<int>(std::clamp<long long>(left, 0, longestPoll)));
         if (count > 0)
             return descriptors[0].revents | (descriptors[1].revents ? POLLIN << 16 : 0);
         if (count == 0 && Clock::now() >= deadline)

@@ -8,10 +8,22 @@
 
 namespace Studio {
 
+namespace {
+
+bool succeeds(std::function<void()> const& work)
+try {
+    work();
+    return true;
+} catch (ServerError const&) {
+    return false;
+}
+
+} // namespace
+
 Session::Session(Options const& options) : m_core(std::make_shared<SessionCore>(options)), m_thread([core = m_core] { core->run(); })
 {
     // Whether it succeeds or not: `status` tells.
-    synchronise(options.firstWait);
+    succeeds([&] { m_core->awaitConnection(SessionCore::Clock::now() + options.firstWait); });
 }
 
 Session::~Session()
@@ -26,11 +38,13 @@ std::shared_ptr<ISettingsStorage> Session::store(std::string const& name, std::s
 }
 
 bool Session::synchronise(std::chrono::milliseconds deadline)
-try {
-    m_core->synchronise(SessionCore::Clock::now() + deadline);
-    return true;
-} catch (ServerError const&) {
-    return false;
+{
+    return succeeds([&] { m_core->synchronise(SessionCore::Clock::now() + deadline); });
+}
+
+void Session::onChange(std::function<void(std::string const& store, std::string const& key)> listener)
+{
+    m_core->onChange(std::move(listener));
 }
 
 Status Session::status() const { return m_core->status(); }

@@ -18,13 +18,24 @@ class SessionCore;
 
 /// What a session knows of its server.
 struct Status {
+    /// How changes of others arrive.
+    enum class Hearing {
+        polling,   ///< The session asks every `Session::Options::pollWait`.
+        listening, ///< The server notifies the session.
+    };
+
     /// Whether the last exchange with the server left a connection.
     bool connected = false;
+    /// While there is one.
+    Hearing hearing = Hearing::polling;
     /// Why there is none, or why the last exchange failed; nullopt after one that succeeded.
     std::optional<ServerError> problem;
     /// When what reads show was last up to date, by this workstation's clock; nullopt where the server was never reached,
     /// so that reads show local values and defaults only.
     std::optional<std::chrono::system_clock::time_point> asOf;
+    /// When the server was last found to have another history than this session had read, after a failover, a restored backup or
+    /// because the user was forgotten: reads may have gone back then. Nullopt where it never was.
+    std::optional<std::chrono::system_clock::time_point> historyChanged;
 };
 
 /// A preference that the studio has locked.
@@ -39,7 +50,11 @@ struct Lock {
 ///   server and for every other key in the local store; else the studio's; else none. A key that holds another kind than
 ///   asked for gives the default, as in every store.
 /// Reads: from memory and the local store. They never wait for the network. They show this program's own changes at once,
-///   those of others as of the last `synchronise` or change.
+///   those of others within `Options::pollWait` while there is a connection, and after `synchronise`. They never go back, but
+///   for `Status::historyChanged`.
+/// Connection: one thread of the session's keeps it, and connects again by itself: after a random part of 0.25 s, doubled with
+///   each failure up to 30 s, or up to 5 min where the login is refused. Calls in between try at once, unless the last try
+///   waited in vain or was refused.
 /// Changes: of a key that roams, the server has them on disk when the call returns. One that throws with the code
 ///   `unreachable` after the connection was lost may have been stored or not; the next `synchronise` shows it. One whose
 ///   connection is lost is sent once more, and done once.
@@ -65,6 +80,8 @@ public:
         std::chrono::milliseconds connectWait{3000};
         /// The longest that the server may take for one statement.
         std::chrono::milliseconds statementWait{5000};
+        /// How long after one look at the server the next one follows, a fifth more or less at random. Positive.
+        std::chrono::milliseconds pollWait{5000};
     };
 
     /// Connects, and reads what the server has. Where it does not answer in time, the session works without it until a later
@@ -82,6 +99,15 @@ public:
     /// Afterwards reads show every change that the server had acknowledged, to anybody, before the call. False where that could
     /// not be reached in time.
     bool synchronise(std::chrono::milliseconds deadline);
+    /// Has `listener` called for each key whose value or lock somebody else changed at the server, for all users or for this one,
+    /// once reads show it. What reads give may be the same as before: the other layer may decide. A change of this program whose
+    /// connection broke may be told, too. An empty function ends that.
+    ///
+    /// Threads: the session's thread calls, one key after the other, and does nothing else meanwhile: `listener` should return
+    ///   soon. It may call the session and its stores, and this function; it must not destroy the session. Any thread may set it
+    ///   at any time; once this returns, the listener before is neither running nor called again, unless this was called by it.
+    /// Errors: an exception of `listener` ends the program.
+    void onChange(std::function<void(std::string const& store, std::string const& key)> listener);
     /// What is known of the server, without asking it.
     Status status() const;
     /// Whether, by whom and since when `key` of the store `store` is locked, without asking the server.

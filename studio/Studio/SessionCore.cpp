@@ -7,6 +7,7 @@
 
 namespace Studio {
 
+using Clock = SessionCore::Clock;
 using Reason = ServerError::Reason;
 using Layer = Snapshot::Layer;
 
@@ -35,25 +36,31 @@ Connection::Options connectionOptions(Session::Options const& options)
     return result;
 }
 
+// The epoch is looked at after the changes: it may be newer than they are, but never older.
+constexpr char const* news = "SELECT studio, layer_revision, store, key, kind, value, locked, changed_by, changed_at, "
+                             "CASE WHEN $3 THEN (SELECT epoch FROM settings.hello_v1($4, 0)) END FROM settings.changes_v1($1, $2)";
+
 bool isLoss(Reason reason) { return reason == Reason::lost || reason == Reason::unreachable; }
 
 } // namespace
 
 SessionCore::SessionCore(Session::Options const& options)
-    : m_options(options), m_connection(connectionOptions(options)), m_client(newClientName())
+    : m_options(options), m_connection(connectionOptions(options)), m_random(std::random_device()()), m_client(newClientName())
 {}
 
 void SessionCore::demand(Clock::time_point deadline, std::function<void()> work)
 {
     auto const request = std::make_shared<Request>(Request{deadline, std::move(work), {}});
     std::future<std::optional<Failure>> done = request->done.get_future();
-    {
-        std::lock_guard const lock(m_mutex);
-        if (m_ends)
-            throw ServerError(Reason::interrupted, m_host);
+    std::unique_lock lock(m_mutex);
+    if (m_ends)
+        throw ServerError(Reason::interrupted, m_host);
+    // The listener asks for something: nobody else would do it.
+    bool const isOwnThread = m_thread == std::this_thread::get_id();
+    if (!isOwnThread)
         m_requests.push_back(request);
-    }
-    m_changed.notify_one();
+    lock.unlock();
+    isOwnThread ? perform(*request) : m_wake.raise();
     if (done.wait_until(deadline) == std::future_status::timeout)
         throw ServerError(Reason::timedOut, host());
     if (std::optional<Failure> const failure = done.get())
@@ -67,15 +74,23 @@ void SessionCore::change(std::string const& store, std::string const& key, std::
     demand(deadline, [this, deadline, change = Snapshot::Change{Layer::user, store, key, setting}] { put(change, deadline); });
 }
 
+void SessionCore::awaitConnection(Clock::time_point deadline)
+{
+    demand(deadline, [this] { connect(); });
+}
+
 void SessionCore::synchronise(Clock::time_point deadline)
 {
-    demand(deadline, [this, deadline] { exchange(deadline, [this] { fetch(); }); });
+    demand(deadline, [this, deadline, asked = Clock::now()] { exchange(deadline, [this, asked] { catchUp(asked); }); });
 }
 
 Status SessionCore::status() const
 {
     std::lock_guard const lock(m_mutex);
-    return {m_isConnected, m_problem ? std::optional(m_problem->error()) : std::nullopt, m_asOf};
+    Status status = m_status;
+    if (m_problem)
+        status.problem = m_problem->error();
+    return status;
 }
 
 std::string SessionCore::host() const
@@ -91,22 +106,24 @@ void SessionCore::end()
         m_ends = true;
     }
     m_connection.interrupt();
-    m_changed.notify_one();
+    m_wake.raise();
 }
 
-// Null once the session ends, and what is left has failed.
+// Null where nobody asks for anything.
 std::shared_ptr<SessionCore::Request> SessionCore::next()
 {
-    std::unique_lock lock(m_mutex);
-    m_changed.wait(lock, [this] { return m_ends || !m_requests.empty(); });
-    while (!m_requests.empty()) {
-        std::shared_ptr<Request> const request = m_requests.front();
-        m_requests.pop_front();
-        if (!m_ends)
-            return request;
-        request->done.set_value(Failure{Reason::interrupted, m_connection.host(), ""});
-    }
-    return nullptr;
+    std::lock_guard const lock(m_mutex);
+    if (m_requests.empty())
+        return nullptr;
+    std::shared_ptr<Request> request = m_requests.front();
+    m_requests.pop_front();
+    return request;
+}
+
+bool SessionCore::isEnding() const
+{
+    std::lock_guard const lock(m_mutex);
+    return m_ends;
 }
 
 void SessionCore::run()
@@ -115,9 +132,56 @@ void SessionCore::run()
     sigset_t all;
     ::sigfillset(&all);
     ::pthread_sigmask(SIG_SETMASK, &all, nullptr);
+    {
+        std::lock_guard const lock(m_mutex);
+        m_thread = std::this_thread::get_id();
+    }
+    while (!isEnding()) {
+        step();
+        tell();
+    }
     while (std::shared_ptr<Request> const request = next())
-        perform(*request);
+        request->done.set_value(Failure{Reason::interrupted, m_connection.host(), ""});
+    m_listener.set({});
     m_connection.close();
+}
+
+// Looks at the server first, or a program that asks without pause would keep it from that.
+void SessionCore::step()
+{
+    if (Clock::now() >= nextLook()) {
+        Request look{Clock::time_point::max(), [this] { poll(); }, {}};
+        perform(look);
+    } else if (std::shared_ptr<Request> const request = next()) {
+        perform(*request);
+    } else {
+        rest();
+    }
+}
+
+Clock::time_point SessionCore::nextLook() const { return m_connection.isOpen() ? m_nextPoll : m_nextTry; }
+
+// At random, so that sessions that begin together do not stay together.
+Clock::time_point SessionCore::nextPoll()
+{
+    std::uniform_real_distribution<double> part(0.8, 1.2);
+    return Clock::now() + std::chrono::duration_cast<Clock::duration>(m_options.pollWait * part(m_random));
+}
+
+void SessionCore::rest()
+try {
+    m_connection.rest(m_wake, nextLook());
+    m_wake.lower();
+} catch (ServerError const& error) {
+    note(Failure{error.reason(), error.host(), error.sqlState()});
+    planNextTry(error);
+}
+
+void SessionCore::tell()
+{
+    for (auto const& [store, key] : std::exchange(m_news, {}))
+        if (!isEnding())
+            m_listener.call(store, key);
 }
 
 void SessionCore::perform(Request& request)
@@ -131,6 +195,7 @@ try {
 } catch (ServerError const& error) {
     Failure const failure{error.reason(), error.host(), error.sqlState()};
     note(failure);
+    planNextTry(error);
     request.done.set_value(failure);
 } catch (...) {
     request.done.set_exception(std::current_exception());
@@ -139,16 +204,26 @@ try {
 void SessionCore::note(std::optional<Failure> const& problem)
 {
     std::lock_guard const lock(m_mutex);
-    m_isConnected = m_connection.isOpen();
+    m_status.connected = m_connection.isOpen();
     m_problem = problem;
     m_host = m_connection.host();
 }
 
+// What others ask for in between does not delay the next try that the thread makes by itself.
+void SessionCore::planNextTry(ServerError const& error)
+{
+    if (!m_connection.isOpen() && Clock::now() >= m_nextTry)
+        m_nextTry = Clock::now() +
+                    m_backoff.failed(error.reason() == Reason::login ? Backoff::Failure::refusedLogin : Backoff::Failure::unreachable);
+}
+
+// Where the last try failed at once, one more costs nobody much: the server may be back. One that would wait again, or lock an
+// account, is left to its time.
 void SessionCore::connect()
 {
     if (m_connection.isOpen())
         return;
-    if (Clock::now() < m_nextTry)
+    if (Clock::now() < m_nextTry && !isLoss(m_refusal.reason()))
         throw ServerError(m_refusal);
     try {
         m_connection.connect();
@@ -157,11 +232,10 @@ void SessionCore::connect()
     } catch (ServerError const& error) {
         m_connection.close();
         m_refusal = error;
-        m_nextTry = Clock::now() +
-                    m_backoff.failed(error.reason() == Reason::login ? Backoff::Failure::refusedLogin : Backoff::Failure::unreachable);
         throw;
     }
     m_backoff.connected();
+    m_nextPoll = nextPoll();
 }
 
 // Another epoch is another history, in which the same revisions may stand for other changes.
@@ -169,19 +243,42 @@ void SessionCore::greet()
 {
     Rows const rows = m_connection.execute("SELECT epoch FROM settings.hello_v1($1, 0)", {Parameter::literal(m_client)});
     std::string const epoch(rows.bytes(0, 0));
-    if (epoch != m_epoch)
-        m_userRevision = m_studioRevision = 0;
+    if (!m_epoch.empty() && epoch != m_epoch)
+        forgetRevisions();
     m_epoch = epoch;
 }
 
-void SessionCore::fetch()
+void SessionCore::forgetRevisions()
 {
-    for (bool isKnown = false; !isKnown;)
-        isKnown = takeOver(m_connection.execute(
-            "SELECT studio, layer_revision, store, key, kind, value, locked, changed_by, changed_at FROM settings.changes_v1($1, $2)",
-            {Parameter::literal(std::to_string(m_userRevision)), Parameter::literal(std::to_string(m_studioRevision))}));
+    m_userRevision = m_studioRevision = 0;
     std::lock_guard const lock(m_mutex);
-    m_asOf = std::chrono::system_clock::now();
+    m_status.historyChanged = std::chrono::system_clock::now();
+}
+
+// A connection to one server process survives some changes of epoch: of a forgotten user, and behind a pooler all.
+void SessionCore::poll()
+{
+    Clock::time_point const now = Clock::now();
+    m_nextPoll = nextPoll();
+    exchange(Clock::time_point::max(), [this, now] { catchUp(now, true); });
+}
+
+void SessionCore::catchUp(Clock::time_point moment, bool checksEpoch)
+{
+    if (m_fetched < moment)
+        fetch(checksEpoch);
+}
+
+void SessionCore::fetch(bool checksEpoch)
+{
+    Clock::time_point const begin = Clock::now();
+    for (bool isKnown = false; !isKnown;)
+        isKnown = takeOver(m_connection.execute(news, {Parameter::literal(std::to_string(m_userRevision)),
+                                                       Parameter::literal(std::to_string(m_studioRevision)),
+                                                       Parameter::literal(checksEpoch ? "true" : "false"), Parameter::literal(m_client)}));
+    m_fetched = begin;
+    std::lock_guard const lock(m_mutex);
+    m_status.asOf = std::chrono::system_clock::now();
 }
 
 // False where the server's history turns out to be another one, which has to be read from its beginning.
@@ -194,7 +291,7 @@ bool SessionCore::takeOver(Rows const& rows)
         Layer const layer = rows.integer(row, 0) != 0 ? Layer::studio : Layer::user;
         std::int64_t& revision = revisions[static_cast<std::size_t>(layer)];
         if (rows.integer(row, 1) < revision) {
-            m_userRevision = m_studioRevision = 0;
+            forgetRevisions();
             return false;
         }
         revision = rows.integer(row, 1);
@@ -203,14 +300,17 @@ bool SessionCore::takeOver(Rows const& rows)
         hasUser = hasUser || layer == Layer::user;
     }
     // Somebody had the server forget the user: only a new greeting helps.
-    if (!hasUser)
+    bool const isOtherEpoch = rows.count() > 0 && !rows.isNull(0, 9) && rows.bytes(0, 9) != m_epoch;
+    if (!hasUser || isOtherEpoch)
         throw ServerError(Reason::lost, m_connection.host());
     std::vector<Layer> forgotten;
     if (m_userRevision == 0)
         forgotten.push_back(Layer::user);
     if (m_studioRevision == 0)
         forgotten.push_back(Layer::studio);
-    m_snapshot.apply(changes, forgotten);
+    std::set<Snapshot::Place> changed = m_snapshot.apply(changes, forgotten);
+    if (m_listener.isSet())
+        m_news.merge(changed);
     m_userRevision = revisions[0];
     m_studioRevision = revisions[1];
     return true;

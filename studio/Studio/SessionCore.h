@@ -3,25 +3,28 @@
 
 #include <Studio/Backoff.h>
 #include <Studio/Connection.h>
+#include <Studio/Listener.h>
 #include <Studio/Session.h>
 #include <Studio/Snapshot.h>
 
-#include <condition_variable>
 #include <deque>
 #include <future>
 #include <mutex>
+#include <random>
+#include <set>
+#include <thread>
 
 namespace Studio {
 
 /// What the stores of a session and its thread share. Calls for any thread come first; what they ask of the server is done by
-/// the thread that runs `run`, one after the other.
+/// the thread that runs `run`, one after the other. Between them it looks at the server by itself, and connects again.
 class SessionCore {
 public:
     using Clock = std::chrono::steady_clock;
 
     explicit SessionCore(Session::Options const& options);
 
-    /// Does what is asked for, until `end`.
+    /// Does what is asked for, and polls, until `end`.
     void run();
     /// Makes `run` return soon. What waits, and what is asked for later, fails with the reason `interrupted`.
     void end();
@@ -30,8 +33,12 @@ public:
     bool roams(std::string const& key) const { return m_options.roams && m_options.roams(key); }
     /// Sets a key of the user's layer, or removes it where there is no value. Throws `ServerError`.
     void change(std::string const& store, std::string const& key, std::optional<Value> const& value);
+    /// Waits for the first connection, or for what is in its way. Throws `ServerError`.
+    void awaitConnection(Clock::time_point deadline);
     /// Takes over what is new at the server. Throws `ServerError`.
     void synchronise(Clock::time_point deadline);
+    /// As `Session::onChange`.
+    void onChange(Listener::Function function) { m_listener.set(std::move(function)); }
 
     Snapshot::Found find(std::string const& store, std::string const& key) const { return m_snapshot.find(store, key); }
     Status status() const;
@@ -55,12 +62,23 @@ private:
 
     void demand(Clock::time_point deadline, std::function<void()> work);
     std::shared_ptr<Request> next();
-    void perform(Request& request);
+    bool isEnding() const;
 
+    void step();
+    void perform(Request& request);
+    void rest();
+    void tell();
+    void planNextTry(ServerError const& error);
+    Clock::time_point nextLook() const;
+    Clock::time_point nextPoll();
+
+    void poll();
     void exchange(Clock::time_point deadline, std::function<void()> const& work);
     void connect();
     void greet();
-    void fetch();
+    void forgetRevisions();
+    void catchUp(Clock::time_point moment, bool checksEpoch = false);
+    void fetch(bool checksEpoch = false);
     bool takeOver(Rows const& rows);
     void put(Snapshot::Change const& change, Clock::time_point deadline);
     bool send(Snapshot::Change const& change, std::int64_t operation);
@@ -68,21 +86,26 @@ private:
 
     Session::Options const m_options;
     Snapshot m_snapshot;
+    Listener m_listener;
+    Signal m_wake; // raised when something is asked for, or at the end
 
     mutable std::mutex m_mutex; // for these
-    std::condition_variable m_changed;
+    std::thread::id m_thread;
     std::deque<std::shared_ptr<Request>> m_requests;
     bool m_ends = false;
+    Status m_status; // but for the problem
     std::optional<Failure> m_problem;
-    std::optional<std::chrono::system_clock::time_point> m_asOf;
-    bool m_isConnected = false;
     std::string m_host = "the studio's server";
 
     // For the thread of `run` alone, but for an interruption.
     Connection m_connection;
     Backoff m_backoff;
-    Clock::time_point m_nextTry;
+    std::minstd_rand m_random;
+    Clock::time_point m_nextTry;                                                    // to connect, where there is no connection
     ServerError m_refusal{ServerError::Reason::unreachable, "the studio's server"}; // why the last try failed
+    Clock::time_point m_nextPoll;
+    Clock::time_point m_fetched = Clock::time_point::min(); // when the last fetch that succeeded began
+    std::set<Snapshot::Place> m_news;                       // what the listener has not been called for
     std::string const m_client;
     std::string m_epoch;
     std::int64_t m_operation = 0;

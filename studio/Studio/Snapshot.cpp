@@ -39,6 +39,12 @@ struct Writer {
     }
 };
 
+// Who changed it, and when, makes no difference to those who read.
+bool isSame(std::shared_ptr<Setting const> const& one, std::shared_ptr<Setting const> const& other)
+{
+    return one && other ? one->value == other->value && one->locked == other->locked : one == other;
+}
+
 } // namespace
 
 StoredValue storedValue(Value const& value) { return std::visit(Writer(), value); }
@@ -61,18 +67,34 @@ Value valueOf(std::string_view kind, std::string_view bytes)
     return {};
 }
 
-void Snapshot::apply(std::vector<Change> const& changes, std::vector<Layer> const& forgotten)
+std::set<Snapshot::Place> Snapshot::apply(std::vector<Change> const& changes, std::vector<Layer> const& forgotten)
 {
     std::unique_lock const lock(m_mutex);
-    for (Layer const layer : forgotten)
-        m_layers[static_cast<std::size_t>(layer)].clear();
-    for (Change const& change : changes) {
-        Keys& keys = m_layers[static_cast<std::size_t>(change.layer)][change.store];
+    std::array<Stores, 2> const before = takeOut(changes, forgotten);
+    for (Change const& change : changes)
         if (change.setting)
-            keys.insert_or_assign(change.key, change.setting);
-        else
-            keys.erase(change.key);
+            m_layers[static_cast<std::size_t>(change.layer)][change.store].insert_or_assign(change.key, change.setting);
+    std::set<Place> changed;
+    for (std::size_t layer = 0; layer < before.size(); ++layer)
+        for (auto const& [store, keys] : before[layer])
+            for (auto const& [key, setting] : keys)
+                if (!isSame(setting, findIn(m_layers[layer], store, key)))
+                    changed.emplace(store, key);
+    return changed;
+}
+
+// Removes what is changed or forgotten. Returns what there was, with null where there was nothing.
+std::array<Snapshot::Stores, 2> Snapshot::takeOut(std::vector<Change> const& changes, std::vector<Layer> const& forgotten)
+{
+    std::array<Stores, 2> before;
+    for (Layer const layer : forgotten)
+        before[static_cast<std::size_t>(layer)].swap(m_layers[static_cast<std::size_t>(layer)]);
+    for (Change const& change : changes) {
+        auto const layer = static_cast<std::size_t>(change.layer);
+        before[layer][change.store].emplace(change.key, findIn(m_layers[layer], change.store, change.key));
+        m_layers[layer][change.store].erase(change.key);
     }
+    return before;
 }
 
 std::shared_ptr<Setting const> Snapshot::findIn(Stores const& stores, std::string const& store, std::string const& key)

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <shared_mutex>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -56,18 +59,23 @@ public:
         std::shared_ptr<Setting const> setting;
     };
 
-    /// Takes over all of `changes` at once, in place of what it has of the layers in `forgotten`.
-    void apply(std::vector<Change> const& changes, std::vector<Layer> const& forgotten = {});
+    /// A store, and a key in it.
+    using Place = std::pair<std::string, std::string>;
+
+    /// Takes over all of `changes` at once, in place of what it has of the layers in `forgotten`. Returns where a layer has another
+    /// value now, or another lock, or none of either any more.
+    std::set<Place> apply(std::vector<Change> const& changes, std::vector<Layer> const& forgotten = {});
     Found find(std::string const& store, std::string const& key) const;
 
 private:
     using Keys = std::map<std::string, std::shared_ptr<Setting const>>;
     using Stores = std::map<std::string, Keys>;
 
+    std::array<Stores, 2> takeOut(std::vector<Change> const& changes, std::vector<Layer> const& forgotten);
     static std::shared_ptr<Setting const> findIn(Stores const& stores, std::string const& store, std::string const& key);
 
     mutable std::shared_mutex m_mutex;
-    Stores m_layers[2];
+    std::array<Stores, 2> m_layers;
 };
 
 } // namespace Studio

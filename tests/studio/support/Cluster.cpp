@@ -190,7 +190,12 @@ Cluster::Cluster() : Cluster(Options{}) {}
 
 Cluster::Cluster(Options options) : m_options(std::move(options)), m_folder(freshFolder())
 {
-    quietly({"cp", "-a", "--reflink=auto", templateCluster(), m_folder / "data"});
+    quietly(
+        {"cp", "-a", "--reflink=auto", m_options.primary ? m_options.primary->m_folder / "data" : templateCluster(), m_folder / "data"});
+    if (m_options.primary) {
+        std::ofstream(m_folder / "data/standby.signal");
+        giveToServer(m_folder / "data/standby.signal");
+    }
     if (!m_options.access.empty())
         putInFront(m_options.access, m_folder / "data/pg_hba.conf");
     if (!m_options.certificate.empty()) {

@@ -20,6 +20,8 @@ public:
         std::vector<std::string> access;   ///< Lines of pg_hba.conf that stand before the usual ones.
         std::filesystem::path certificate; ///< With `key`, what the server offers TLS with; none where empty.
         std::filesystem::path key;
+        /// A server that is stopped: this one begins as its standby, with what it had then, and gets nothing more.
+        Cluster const* primary = nullptr;
     };
 
     /// Why no server can be started here; empty where one can.

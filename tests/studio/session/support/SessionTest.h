@@ -10,13 +10,41 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <thread>
 
-/// A program of one user: a session, its store "common", and the local store behind that. Every key roams but those that begin
-/// with "local".
+/// Every key roams but those that begin with "local". Each wait is `wait`, and the session looks at the server when it is asked to.
+inline Studio::Session::Options quiet(std::string const& connection, std::chrono::milliseconds wait = std::chrono::seconds(60))
+{
+    return {
+        connection, [](std::string const& key) { return key.compare(0, 5, "local") != 0; }, wait, wait, wait, wait, std::chrono::hours(24)};
+}
+
+/// As above, but the session polls all the time.
+inline Studio::Session::Options polling(std::string const& connection)
+{
+    Studio::Session::Options options = quiet(connection);
+    options.pollWait = std::chrono::milliseconds(20);
+    return options;
+}
+
+/// Waits until something holds; false where that takes longer than a minute.
+inline bool comesTrue(std::function<bool()> const& holds)
+{
+    auto const end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+    while (!holds()) {
+        if (std::chrono::steady_clock::now() > end)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+    return true;
+}
+
+/// A program of one user: a session, its store "common", and the local store behind that.
 struct Program {
     explicit Program(std::string const& connection, std::chrono::milliseconds wait = std::chrono::seconds(60))
-        : session({connection, [](std::string const& key) { return key.compare(0, 5, "local") != 0; }, wait, wait, wait, wait})
+        : Program(quiet(connection, wait))
     {}
+    explicit Program(Studio::Session::Options const& options) : session(options) {}
 
     std::shared_ptr<TestKit::MemoryStorage> local = std::make_shared<TestKit::MemoryStorage>();
     Studio::Session session;
