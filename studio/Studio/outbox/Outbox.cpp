@@ -267,6 +267,7 @@ public:
 
     void flush()
     {
+        m_database.setBusyTimeout(200); // of use, but not worth a long wait
         if (attempt(keepAnAnswer, [&] { return !m_settled.empty(); }))
             change(keepAnAnswer, [] {});
     }
@@ -290,6 +291,7 @@ public:
         change(keepAnAnswer, [&] { keepNews(m_database, news); });
     }
 
+    std::int64_t lane() const { return m_own; }
     std::filesystem::path const& path() const { return m_path; }
 };
 
@@ -310,6 +312,8 @@ std::vector<Operation> Outbox::pending() const { return m_file->pending(); }
 std::vector<Outbox::Refusal> Outbox::refusals() const { return m_file->refusals(); }
 
 std::vector<std::filesystem::path> Outbox::damaged() const { return damagedOutboxes(m_file->path()); }
+
+std::int64_t Outbox::lane() const noexcept { return m_file->lane(); }
 
 std::string Outbox::client(std::int64_t lane) const { return m_file->client(lane); }
 

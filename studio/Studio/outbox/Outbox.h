@@ -68,6 +68,8 @@ public:
     /// The damaged files that were moved aside: changes may be lost with them.
     std::vector<std::filesystem::path> damaged() const;
 
+    /// This program's own lane.
+    std::int64_t lane() const noexcept;
     /// The name by which the server knows a lane.
     std::string client(std::int64_t lane) const;
     /// The same, once the server says that `lastOperation` is the last one of the lane that it has. Where the lane never gave that
@@ -81,7 +83,7 @@ public:
     /// Notes that the server has answered; `revision` is where it stored the change, or 0 where another one holds. The file lacks the
     /// operation from the next change of it on: one that is sent again has no effect.
     void settle(Operation const& operation, std::string const& epoch, std::int64_t revision);
-    /// Removes the settled operations from the file at once.
+    /// Removes the settled operations from the file at once. To be called last: from then on no call waits long for other programs.
     void flush();
     /// Moves an operation to the refusals.
     void refuse(Operation const& operation, std::string const& sqlState);
