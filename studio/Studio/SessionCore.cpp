@@ -342,11 +342,11 @@ void SessionCore::fetch(bool checksEpoch)
 // False where the server's history turns out to be another one, which has to be read from its beginning.
 bool SessionCore::takeOver(Rows const& rows)
 {
-    News news{m_epoch, {LayerNews{m_userRevision, m_userRevision, {}}, LayerNews{m_studioRevision, m_studioRevision, {}}}, 0};
+    News fresh{m_epoch, {LayerNews{m_userRevision, m_userRevision, {}}, LayerNews{m_studioRevision, m_studioRevision, {}}}, 0};
     bool hasUser = false;
     for (int row = 0; row < rows.count(); ++row) {
         bool const isStudio = rows.integer(row, 0) != 0;
-        LayerNews& layer = news.layers[isStudio];
+        LayerNews& layer = fresh.layers[isStudio];
         if (rows.integer(row, 1) < layer.revision) {
             forgetRevisions();
             return false;
@@ -360,27 +360,27 @@ bool SessionCore::takeOver(Rows const& rows)
     bool const isOtherEpoch = rows.count() > 0 && !rows.isNull(0, 9) && rows.bytes(0, 9) != m_epoch;
     if (!hasUser || isOtherEpoch)
         throw ServerError(Reason::lost, m_connection.host());
-    news.asOf = Moment::now().timeOfDay;
-    takeOver(news);
+    fresh.asOf = Moment::now().timeOfDay;
+    takeOver(fresh);
     return true;
 }
 
-void SessionCore::takeOver(News const& news)
+void SessionCore::takeOver(News const& fresh)
 {
-    LayerNews const& user = news.layers[0];
-    LayerNews const& studio = news.layers[1];
+    LayerNews const& user = fresh.layers[0];
+    LayerNews const& studio = fresh.layers[1];
     std::vector<Layer> forgotten;
     if (user.since == 0)
         forgotten.push_back(Layer::user);
     if (studio.since == 0)
         forgotten.push_back(Layer::studio);
-    std::set<Snapshot::Place> changed = m_snapshot.apply(changesOf(news), forgotten);
+    std::set<Snapshot::Place> changed = m_snapshot.apply(changesOf(fresh), forgotten);
     if (m_listener.isSet())
         m_news.merge(changed);
     m_userRevision = user.revision;
     m_studioRevision = studio.revision;
-    if (news.epoch != std::exchange(m_keptEpoch, news.epoch) || user.revision != user.since || studio.revision != studio.since)
-        m_outgoing.keep(news);
+    if (fresh.epoch != std::exchange(m_keptEpoch, fresh.epoch) || user.revision != user.since || studio.revision != studio.since)
+        m_outgoing.keep(fresh);
     std::lock_guard const lock(m_mutex);
     m_knownEpoch = m_epoch;
     m_knownRevision = m_userRevision;

@@ -78,7 +78,7 @@ private:
     void catchUp(Clock::time_point moment, bool checksEpoch = false);
     void fetch(bool checksEpoch = false);
     bool takeOver(Rows const& rows);
-    void takeOver(News const& news);
+    void takeOver(News const& fresh);
     void put(Snapshot::Change const& change, Clock::time_point deadline);
     bool mustSend() const;
     void sendAll();

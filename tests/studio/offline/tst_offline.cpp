@@ -209,11 +209,10 @@ TEST_F(Offline, TwoProgramsOfOneUserShareTheOutbox)
     ASSERT_TRUE(first.session.synchronise(60s));
     EXPECT_EQ(atServer("first"), "int 1");
     EXPECT_EQ(atServer("second"), "int 2");
-    EXPECT_EQ(atServer("both"), "int 4") << "the later change, although it came first";
+    EXPECT_EQ(atServer("both"), "int 4") << "the later change, whichever came first";
     ASSERT_TRUE(first.session.synchronise(60s));
     EXPECT_EQ(first.store->getInt("both", 0), 4);
     EXPECT_EQ(first.store->getInt("second", 0), 2);
-    EXPECT_EQ(stored(), "3");
     EXPECT_EQ(losers(), "both=3");
 }
 
