@@ -42,7 +42,14 @@ void checkHome(fs::path const& productFolder)
 
 } // namespace
 
-Application::Store::Store(fs::path const& path, Options const& options) : bound(std::make_shared<NoStore>())
+Application::Store::Store(fs::path const& path, std::string const& name, Options const& options) : bound(std::make_shared<NoStore>())
+{
+    open(path, options);
+    if (options.share)
+        bound = layers = options.share(name, bound);
+}
+
+void Application::Store::open(fs::path const& path, Options const& options)
 {
     std::error_code noAnswer;
     file = fs::absolute(path, noAnswer);
@@ -79,8 +86,8 @@ Application::Application(std::shared_ptr<IProductInfo> product, fs::path const& 
     if (options.policy == StorePolicy::create && !options.storeFolder)
         checkHome(productFolder);
 
-    m_common = Store(commonFolder / "common-settings.sqlite", options);
-    m_product = Store(productFolder / "product-settings.sqlite", options);
+    m_common = Store(commonFolder / "common-settings.sqlite", "common", options);
+    m_product = Store(productFolder / "product-settings.sqlite", m_productInfo->productName(), options);
     context.commonStorage = m_common.bound;
     context.productStorage = m_product.bound;
     Settings::init(context);

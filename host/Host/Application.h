@@ -3,11 +3,14 @@
 
 #include <Host/OwnKeys.h>
 #include <Settings/IProductInfo.h>
+#include <Storage/LayeredStorage.h>
 #include <Storage/SqliteStorage.h>
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 
 /// What a program does once to use the settings library.
 namespace Host {
@@ -43,6 +46,11 @@ public:
         Storage::SqliteStorage::Options store{};
         /// The keys that the host reads and writes itself.
         OwnKeys ownKeys{};
+        /// Puts a store before each of both, such as one of `Studio::Session`; the library is bound to what it returns, which must
+        /// not be null. It gets the name under which all programs share the store, "common" or the product's name, and the opened
+        /// store, or one that holds nothing and refuses changes. Called by the constructor.
+        std::function<std::shared_ptr<Storage::LayeredStorage>(std::string const& name, std::shared_ptr<ISettingsStorage> const& local)>
+            share{};
     };
 
     /// Opens both stores and binds the library to them and to `product`, which must not be null. Creates what is missing. Refuses to
@@ -63,6 +71,10 @@ public:
     Storage::SqliteStorage* commonStorage() const { return m_common.opened.get(); }
     /// The store of all other preferences; null where it was left out.
     Storage::SqliteStorage* productStorage() const { return m_product.opened.get(); }
+    /// What `Options::share` put before the common store; null without that.
+    Storage::LayeredStorage* commonLayers() const { return m_common.layers.get(); }
+    /// What `Options::share` put before the store of all other preferences; null without that.
+    Storage::LayeredStorage* productLayers() const { return m_product.layers.get(); }
     /// The absolute path of the common store, also of a missing one.
     std::filesystem::path const& commonStorageFile() const { return m_common.file; }
     /// The absolute path of the product's store, also of a missing one.
@@ -75,11 +87,13 @@ public:
 private:
     struct Store {
         Store() = default;
-        Store(std::filesystem::path const& path, Options const& options);
+        Store(std::filesystem::path const& path, std::string const& name, Options const& options);
+        void open(std::filesystem::path const& path, Options const& options);
 
         std::filesystem::path file;
         std::optional<Storage::StorageError> error;
         std::shared_ptr<Storage::SqliteStorage> opened;
+        std::shared_ptr<Storage::LayeredStorage> layers;
         std::shared_ptr<ISettingsStorage> bound;
     };
 

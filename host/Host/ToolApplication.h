@@ -13,16 +13,16 @@ public:
     explicit ToolApplication(std::filesystem::path const& productFile, Options const& options = {})
         : ToolApplication(std::make_shared<ProductFile>(productFile), options)
     {}
+    /// As above, of a file that was read before.
+    ToolApplication(std::shared_ptr<ProductFile> const& productFile, Options const& options)
+        : Application(productFile, productFile->resourcesRoot(),
+                      {options.storeFolder, options.policy, options.store, productFile->ownKeys(), options.share}),
+          m_productFile(productFile)
+    {}
 
     ProductFile const& productFile() const { return *m_productFile; }
 
 private:
-    ToolApplication(std::shared_ptr<ProductFile> const& productFile, Options const& options)
-        : Application(productFile, productFile->resourcesRoot(),
-                      {options.storeFolder, options.policy, options.store, productFile->ownKeys()}),
-          m_productFile(productFile)
-    {}
-
     std::shared_ptr<ProductFile const> m_productFile;
 };
 

@@ -250,7 +250,9 @@ std::vector<Decision> decisions(Host::ToolApplication const& application, Locati
     if (!location.preference)
         return decisions(application, *location.location);
     PreferenceState const found = preferenceState(application, location.name).value();
-    Decision decision = {By::preference, location.name, {}, application.productStorageFile().u8string()};
+    bool const isOfStudio = found.layer() == Layer::locked || found.layer() == Layer::studio;
+    Decision decision = {
+        By::preference, location.name, {}, isOfStudio ? "the studio's settings" : application.productStorageFile().u8string()};
     if (found.isRead()) {
         decision.value = location.path.toStdString();
         return {decision};

@@ -74,11 +74,20 @@ struct WriterOf {
     }
 };
 
+void addStoredRow(Host::Application const& application, PreferenceState& state, std::string const& key)
+{
+    std::vector<LayeredRow> stored = storedLayers(application, *state.observation.store, key);
+    if (stored.empty())
+        return;
+    state.stored.push_back(stored.front().row);
+    if (state.layers.empty())
+        state.layers = std::move(stored);
+}
+
 PreferenceState withStoredRow(Host::Application const& application, PreferenceState state)
 {
     if (state.observation.isStored)
-        if (std::optional<StoredRow> row = storage(application, *state.observation.store)->find(state.key))
-            state.stored.push_back(*std::move(row));
+        addStoredRow(application, state, state.key);
     return state;
 }
 
@@ -154,9 +163,8 @@ PreferenceState stateOf(Host::Application const& application, OwnKeys::Match con
                              {defaultValue, defaultValue, store, match.key, false},
                              {},
                              writerOf(match.key, declared.isCommon, opened)};
-    for (std::string const& key : opened ? storedKeys(match) : std::vector<std::string>())
-        if (std::optional<StoredRow> row = opened->find(key))
-            state.stored.push_back(*std::move(row));
+    for (std::string const& key : storedKeys(match))
+        addStoredRow(application, state, key);
     state.observation.isStored = !state.stored.empty();
     try {
         auto const read = [&](auto const& typed) -> Value { return ::read(match.key, typed, declared.isCommon); };
@@ -198,10 +206,14 @@ struct ShownValue {
     }
 };
 
-PreferenceState undeclared(StoredRow const& row, Store store)
+std::optional<PreferenceState> undeclared(Host::Application const& application, std::string const& key, Store store)
 {
+    std::vector<LayeredRow> const stored = storedLayers(application, store, key);
+    if (stored.empty())
+        return std::nullopt;
+    StoredRow const& row = stored.front().row;
     Value const value = std::visit(ShownValue(), row.value);
-    return {row.key, store, std::nullopt, {value, value, store, row.key, true}, {row}, {}};
+    return PreferenceState{key, store, std::nullopt, {value, value, store, key, true}, {row}, {}, nullptr, false, stored};
 }
 
 struct EmptyValue {
@@ -283,24 +295,23 @@ std::optional<PreferenceState> preferenceState(Host::Application const& applicat
     if (std::optional<OwnKeys::Match> const match = ownKeys().find(key))
         return match->part == OwnKeys::Part::whole ? std::optional(stateOf(application, *match)) : std::nullopt;
     for (Store const store : {Store::product, Store::common})
-        if (Storage::SqliteStorage const* const opened = storage(application, store))
-            if (std::optional<StoredRow> const row = opened->find(key))
-                return undeclared(*row, store);
+        if (std::optional<PreferenceState> found = undeclared(application, key, store))
+            return found;
     return std::nullopt;
 }
 
 namespace {
 
-// What the row belongs to; nullopt for a row of a preference, or in a store in which it is not looked for.
-std::optional<PreferenceState> stateBehind(Host::Application const& application, StoredRow const& row, Store store)
+// What the stored key belongs to; nullopt for that of a preference, or in a store in which it is not looked for.
+std::optional<PreferenceState> stateBehind(Host::Application const& application, std::string const& key, Store store)
 {
-    if (Catalogue::findPreference(row.key))
+    if (Catalogue::findPreference(key))
         return std::nullopt;
-    if (std::optional<Member> const member = memberOfAFamily(row.key))
-        return member->family->store == store ? std::optional(stateOf(application, row.key, *member)) : std::nullopt;
-    if (std::optional<OwnKeys::Match> const match = ownKeys().find(row.key))
+    if (std::optional<Member> const member = memberOfAFamily(key))
+        return member->family->store == store ? std::optional(stateOf(application, key, *member)) : std::nullopt;
+    if (std::optional<OwnKeys::Match> const match = ownKeys().find(key))
         return storeOf(*match->declaration) == store ? std::optional(stateOf(application, *match)) : std::nullopt;
-    return undeclared(row, store);
+    return undeclared(application, key, store);
 }
 
 } // namespace
@@ -314,13 +325,11 @@ std::vector<PreferenceState> preferenceStates(Host::Application const& applicati
     for (OwnKey const& declared : ownKeys().all())
         if (!declared.isPrefix && own.insert(declared.key).second)
             states.push_back(stateOf(application, {&declared, declared.key, OwnKeys::Part::whole}));
-    for (Store const store : {Store::product, Store::common}) {
-        Storage::SqliteStorage const* const opened = storage(application, store);
-        for (StoredRow const& row : opened ? opened->rows() : std::vector<StoredRow>())
-            if (std::optional<PreferenceState> state = stateBehind(application, row, store);
+    for (Store const store : {Store::product, Store::common})
+        for (std::string const& key : storedKeys(application, store))
+            if (std::optional<PreferenceState> state = stateBehind(application, key, store);
                 state && (state->isUndeclared() || !ownKeys().find(state->key) || own.insert(state->key).second))
                 states.push_back(*std::move(state));
-    }
     std::stable_sort(states.begin(), states.end(),
                      [](PreferenceState const& left, PreferenceState const& right) { return left.key < right.key; });
     return states;

@@ -7,6 +7,7 @@
 #include <Catalogue/Catalogue.h>
 #include <Host/Application.h>
 #include <Host/OwnKeys.h>
+#include <Inspection/studio/Layers.h>
 #include <Storage/Kind.h>
 
 #include <functional>
@@ -36,11 +37,14 @@ struct PreferenceState {
     Catalogue::Store store;                        ///< Where it belongs; `observation` has the store that a read asks.
     std::optional<Catalogue::DataClass> dataClass; ///< nullopt for an undeclared key.
     Catalogue::InspectedValue observation;         ///< Of an undeclared key its stored value, where that can be read.
-    /// Its rows in the store, of whichever kind: none, one, or both halves of a rational.
+    /// What is stored, of whichever kind and by whom: none, one row, or both halves of a rational. Of several layers that hold a
+    /// value it is the one that a read takes.
     std::vector<Storage::SqliteStorage::Row> stored;
     std::function<void(Catalogue::Value const&)> write; ///< Stores a value; empty where only the editor, or nobody, may.
     QString (*computedDefault)() = nullptr;             ///< The location that is its default; null for a fixed default.
     bool readFails = false;                             ///< A read throws, as the stored denominator is 0.
+    std::vector<LayeredRow> layers =
+        {}; ///< Who has a value: first whose is `stored`, then whose are covered. Of a rational its first half.
 
     State state() const;
     bool isUndeclared() const { return !dataClass; }
@@ -48,6 +52,8 @@ struct PreferenceState {
     std::string typeName() const;
     /// Whether a read returns the stored value.
     bool isRead() const { return state() == State::set || state() == State::setToDefault; }
+    /// Whose value is stored; nullopt where a read gives the library's default.
+    std::optional<Layer> layer() const { return layers.empty() ? std::nullopt : std::optional(layers.front().layer); }
     /// "product", "common", or "memory" for a value that ends with the editor.
     std::string storeName() const;
 };

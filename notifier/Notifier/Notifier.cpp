@@ -6,6 +6,8 @@
 #include <QMetaMethod>
 #include <QPointer>
 
+#include <algorithm>
+
 namespace Notifier {
 
 namespace {
@@ -49,6 +51,13 @@ void Notifier::watch(QString const& key)
 void Notifier::watchPrefix(QString const& prefix)
 {
     m_worker->choose([&](Selection& selection) { selection.prefixes.insert(prefix.toStdString()); });
+}
+
+void Notifier::report(QString const& store, QString const& key)
+{
+    auto const named = std::find(m_names.begin(), m_names.end(), store);
+    if (named != m_names.end())
+        m_worker->report(static_cast<std::size_t>(named - m_names.begin()), key.toStdString());
 }
 
 void Notifier::connectNotify(QMetaMethod const& signal)

@@ -25,7 +25,7 @@ class Worker;
 /// changes of a key may be told as one, but after the last of them a signal follows, whose receiver reads the last value.
 ///
 /// Threads: signals are emitted in the thread that the object lives in, whose event loop must run. Of the functions, any
-/// thread may call `watch` and `watchPrefix`. The object may be destroyed at any time, also by a receiver of its signals;
+/// thread may call `watch`, `watchPrefix` and `report`. The object may be destroyed at any time, also by a receiver of its signals;
 /// the destructor waits for a look that has begun, some tenths of a second where another process keeps a store locked.
 class Notifier : public QObject {
     Q_OBJECT
@@ -47,6 +47,10 @@ public:
     void watch(QString const& key);
     /// Chooses all keys that begin with `prefix`, in all stores; an empty one chooses every key.
     void watchPrefix(QString const& prefix);
+    /// Tells of a change that somebody else made outside the stores' files, such as on the server of a `Studio::Session`, whose
+    /// `onChange` calls this. `store` is the name of one of the stores; a key that is not chosen, and a change that nobody is there to hear
+    /// of, is dropped. Not to be called any more once the object is being destroyed.
+    void report(QString const& store, QString const& key);
 
 Q_SIGNALS:
     /// The stores are watched from now on, for the first time or after a rest.

@@ -94,6 +94,14 @@ void Worker::requestCheck()
     wake(std::move(turn));
 }
 
+void Worker::report(std::size_t store, std::string const& key)
+{
+    tell([&](News& news) {
+        if (m_isHeard && isChosen(m_selection, key))
+            news.changes[{store, key}] = false;
+    });
+}
+
 News Worker::takeNews()
 {
     std::lock_guard<std::mutex> const turn(m_turns);

@@ -41,7 +41,8 @@ struct News {
 /// nobody listens. Any thread may call, and waits for no store but in the destructor, which waits for a look that has begun.
 class Worker {
 public:
-    /// In the worker's thread, `haveNews` is called when there is something to take, and `check` after `requestCheck`.
+    /// `haveNews` is called when there is something to take, by the worker's thread or by that of `report`; `check` after
+    /// `requestCheck`, by the worker's thread.
     Worker(std::vector<StoreFile> files, std::function<void()> haveNews, std::function<void()> check);
     ~Worker();
     Worker(Worker const&) = delete;
@@ -53,6 +54,8 @@ public:
     void setHeard(bool isHeard);
     /// Has `check` called, where the thread does not rest.
     void requestCheck();
+    /// Adds a change that somebody else made, where its key is chosen and somebody listens.
+    void report(std::size_t store, std::string const& key);
     /// Takes what is to be told.
     News takeNews();
 

@@ -78,9 +78,18 @@ std::int64_t Rows::integer(int row, int column) const
     return static_cast<std::int64_t>(number);
 }
 
+// The server counts microseconds from the beginning of 2000.
+std::chrono::system_clock::time_point Rows::time(int row, int column) const
+{
+    constexpr std::chrono::seconds beginning{946684800};
+    return std::chrono::system_clock::time_point(beginning + std::chrono::microseconds(integer(row, column)));
+}
+
 Connection::Connection(Options options) : m_options(std::move(options)) {}
 
 Connection::~Connection() = default;
+
+bool Connection::isEncrypted() const noexcept { return PQsslInUse(m_link.get()) != 0; }
 
 void Connection::fail(Reason reason, std::string const& sqlState) const { throw ServerError(reason, m_host, sqlState); }
 
@@ -155,6 +164,16 @@ void Connection::rest(Signal const& wake, Clock::time_point until)
         fail(Reason::lost);
     }
 }
+
+std::vector<Notification> Connection::notifications()
+{
+    std::vector<Notification> result;
+    while (std::unique_ptr<PGnotify, void (*)(void*)> const next{m_link ? PQnotifies(m_link.get()) : nullptr, PQfreemem})
+        result.push_back({next->relname, next->be_pid});
+    return result;
+}
+
+int Connection::backend() const noexcept { return PQbackendPID(m_link.get()); }
 
 Answer Connection::answerTo(std::string const& statement, std::vector<Parameter> const& parameters)
 {

@@ -61,12 +61,20 @@ public:
     std::string_view bytes(int row, int column) const;
     /// An integer of 2, 4 or 8 bytes, or a boolean as 0 or 1.
     std::int64_t integer(int row, int column) const;
+    /// A timestamp with time zone, by the server's clock.
+    std::chrono::system_clock::time_point time(int row, int column) const;
 
 private:
     void check(bool holds) const;
 
     Answer m_answer;
     std::string m_host;
+};
+
+/// What a statement NOTIFY of any login sent to those who listen.
+struct Notification {
+    std::string channel;
+    int backend; ///< The server's process of the sender.
 };
 
 /// A connection to a PostgreSQL server of which no call takes longer than its bound, whatever the server, the network or the
@@ -100,6 +108,8 @@ public:
     void connect();
     /// Whether the last call left a connection.
     bool isOpen() const noexcept { return m_link != nullptr; }
+    /// Whether the connection is by TLS.
+    bool isEncrypted() const noexcept;
     /// Closes the connection without a wait. A statement that runs is left to the server, which ends it in time.
     void close() noexcept { m_link.reset(); }
     /// Has the server execute one statement, with the parameters $1, $2 and so on.
@@ -107,6 +117,10 @@ public:
     /// Waits, without asking the server anything, until `wake` is raised, the server sends something, or it is `until`. Without
     /// a connection too. The reason `lost` where the server ended the connection.
     void rest(Signal const& wake, std::chrono::steady_clock::time_point until);
+    /// What was notified since the last call, as far as it has arrived.
+    std::vector<Notification> notifications();
+    /// The server's process behind the connection, as it was named when the connection was made: a pooler names one of its own.
+    int backend() const noexcept;
     /// Makes the running call, and every later one, fail at once with the reason `interrupted`, but for `rest`. Any thread may call.
     void interrupt() const noexcept { m_interrupt.raise(); }
     /// The server that it was connected to last, such as "db.example:5432".

@@ -32,7 +32,7 @@ Session::~Session()
     m_thread.join();
 }
 
-std::shared_ptr<ISettingsStorage> Session::store(std::string const& name, std::shared_ptr<ISettingsStorage> const& local)
+std::shared_ptr<Storage::LayeredStorage> Session::store(std::string const& name, std::shared_ptr<ISettingsStorage> const& local)
 {
     return std::make_shared<SessionStore>(m_core, name, local);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <Settings/ISettingsStorage.h>
+#include <Storage/LayeredStorage.h>
 #include <Storage/StorageError.h>
 #include <Studio/ServerError.h>
 
@@ -33,13 +33,15 @@ struct Status {
     /// How changes of others arrive.
     enum class Hearing {
         polling,   ///< The session asks every `Session::Options::pollWait`.
-        listening, ///< The server notifies the session.
+        listening, ///< The server notifies the session, which asks every `Session::Options::heartbeatWait` all the same.
     };
 
     /// Whether the last exchange with the server left a connection.
     bool connected = false;
     /// While there is one.
     Hearing hearing = Hearing::polling;
+    /// Whether a pooler stands in between, while there is a connection. It keeps notifications back, so that the session polls.
+    bool pooled = false;
     /// Why there is none, or why the last exchange failed; nullopt after one that succeeded.
     std::optional<ServerError> problem;
     /// When what reads show was last up to date, by this workstation's clock; nullopt where the server was never reached,
@@ -73,8 +75,8 @@ struct Lock {
 ///   server and for every other key in the local store; else the studio's; else none. A key that holds another kind than
 ///   asked for gives the default, as in every store.
 /// Reads: from memory and the local store. They never wait for the network. They show this program's own changes at once,
-///   those of others within `Options::pollWait` while there is a connection, and after `synchronise`. They never go back, but
-///   for `Status::historyChanged`.
+///   those of others when the server notifies, within `Options::pollWait` where it does not, and after `synchronise`. They never
+///   go back, but for `Status::historyChanged`.
 /// Connection: one thread of the session's keeps it, and connects again by itself: after a random part of 0.25 s, doubled with
 ///   each failure up to 30 s, or up to 5 min where the login is refused. Calls in between try at once, unless the last try
 ///   waited in vain or was refused.
@@ -109,10 +111,19 @@ public:
         std::chrono::milliseconds changeWait{10000};
         /// The longest that a connection may take, from the lookup of the name to the end of the login.
         std::chrono::milliseconds connectWait{3000};
-        /// The longest that the server may take for one statement.
+        /// The longest that the server may take for one statement. From 3 s on: a login that holds a lock of this user's, as any login
+        /// can, keeps the session waiting for 2 s when it connects.
         std::chrono::milliseconds statementWait{5000};
-        /// How long after one look at the server the next one follows, a fifth more or less at random. Positive.
+        /// How long after one look at the server the next one follows where it does not notify, a fifth more or less at random.
+        /// Positive.
         std::chrono::milliseconds pollWait{5000};
+        /// Whether the server is to notify the session of changes. That takes it some 2 MiB for each session.
+        bool listen = true;
+        /// As `pollWait`, where the server notifies.
+        std::chrono::milliseconds heartbeatWait{15000};
+        /// The longest that a session waits, for a time at random, before it asks what changed for all users, so that a studio's
+        /// sessions do not all ask at once.
+        std::chrono::milliseconds studioWait{200};
         /// How long the constructor waits for the server where the workstation knows its values of an earlier time.
         std::chrono::milliseconds startWait{500};
         /// How long a change that is kept on the workstation waits for the server's answer.
@@ -134,7 +145,7 @@ public:
 
     /// The store `name`, such as "common": up to 255 bytes of UTF-8, not empty. `local`, which must not be null, keeps the keys
     /// that do not roam.
-    std::shared_ptr<ISettingsStorage> store(std::string const& name, std::shared_ptr<ISettingsStorage> const& local);
+    std::shared_ptr<Storage::LayeredStorage> store(std::string const& name, std::shared_ptr<ISettingsStorage> const& local);
 
     /// Sends what waits, unless the server takes no change now. Afterwards reads show every change that the server had acknowledged,
     /// to anybody, before the call, below what still waits. False where that could not be reached in time.
@@ -144,8 +155,9 @@ public:
     /// connection broke may be told, too. An empty function ends that.
     ///
     /// Threads: the session's thread calls, one key after the other, and does nothing else meanwhile: `listener` should return
-    ///   soon. It may call the session and its stores, and this function; it must not destroy the session. Any thread may set it
-    ///   at any time; once this returns, the listener before is neither running nor called again, unless this was called by it.
+    ///   soon. It may call the session and its stores, and this function; it must not destroy the session, nor wait for a thread
+    ///   that calls it. Any thread may set it at any time; once this returns, the listener before is neither running nor called
+    ///   again, unless this was called by it.
     /// Errors: an exception of `listener` ends the program.
     void onChange(std::function<void(std::string const& store, std::string const& key)> listener);
     /// What is known of the server, without asking it.

@@ -4,12 +4,14 @@
 #include <Studio/ClientName.h>
 
 #include <algorithm>
+#include <random>
 #include <utility>
 
 #include <signal.h>
 
 namespace Studio {
 
+using namespace std::string_literals;
 using Clock = SessionCore::Clock;
 using Reason = ServerError::Reason;
 using Layer = Snapshot::Layer;
@@ -36,9 +38,14 @@ Connection::Options connectionOptions(Session::Options const& options)
     return result;
 }
 
-// The epoch is looked at after the changes: it may be newer than they are, but never older.
-constexpr char const* news = "SELECT studio, layer_revision, store, key, kind, value, locked, changed_by, changed_at, "
-                             "CASE WHEN $3 THEN (SELECT epoch FROM settings.hello_v1($4, 0)) END FROM settings.changes_v1($1, $2)";
+// The epoch is looked at after the changes: it may be newer than they are, but never older. It doubles what the statement costs.
+std::string news(bool hasEpoch)
+{
+    return "SELECT studio, layer_revision, store, key, kind, value, locked, changed_by, changed_at"s +
+           (hasEpoch ? ", (SELECT epoch FROM settings.hello_v1($3, 0))" : "") + " FROM settings.changes_v1($1, $2)";
+}
+
+constexpr char const* studioChannel = "settings_studio";
 
 // Whether the server will never take the change. Its own troubles, which these classes of codes stand for, end.
 bool isRefusal(ServerError const& error)
@@ -50,6 +57,9 @@ bool isRefusal(ServerError const& error)
 }
 
 bool isLoss(Reason reason) { return reason == Reason::lost || reason == Reason::unreachable; }
+
+// A role that was dropped and made again has its rights on new connections only.
+bool mayHelpToConnect(Reason reason) { return isLoss(reason) || reason == Reason::denied; }
 
 } // namespace
 
@@ -115,7 +125,7 @@ void SessionCore::change(std::string const& store, std::string const& key, std::
 void SessionCore::changeAtServer(std::string const& store, std::string const& key, std::optional<Value> const& value)
 {
     auto const deadline = Clock::now() + m_options.changeWait;
-    auto const setting = value ? std::make_shared<Setting const>(Setting{*value, false, {}, {}}) : nullptr;
+    auto const setting = value ? std::make_shared<Setting const>(Setting{*value, false, {}, {}, {}}) : nullptr;
     demand(deadline, [this, deadline, change = Snapshot::Change{Layer::user, store, key, setting}] { put(change, deadline); });
 }
 
@@ -201,9 +211,10 @@ void SessionCore::run()
 // Looks at the server first, or a program that asks without pause would keep it from that.
 void SessionCore::step()
 {
+    hear();
     if (Clock::now() >= nextLook()) {
-        Request look{Clock::time_point::max(), [this] { poll(); }, {}};
-        perform(look);
+        Request ownRequest{Clock::time_point::max(), [this] { look(); }, {}};
+        perform(ownRequest);
     } else if (std::shared_ptr<Request> const request = next()) {
         perform(*request);
     } else if (mustSend()) {
@@ -214,13 +225,34 @@ void SessionCore::step()
     }
 }
 
-Clock::time_point SessionCore::nextLook() const { return m_connection.isOpen() ? m_nextPoll : m_nextTry; }
+Clock::time_point SessionCore::nextLook() const { return m_connection.isOpen() ? std::min(m_nextPoll, m_hinted) : m_nextTry; }
 
 // At random, so that sessions that begin together do not stay together.
 Clock::time_point SessionCore::nextPoll()
 {
     std::uniform_real_distribution<double> part(0.8, 1.2);
-    return Clock::now() + std::chrono::duration_cast<Clock::duration>(m_options.pollWait * part(m_random));
+    auto const wait = m_isListening ? m_options.heartbeatWait : m_options.pollWait;
+    return Clock::now() + std::chrono::duration_cast<Clock::duration>(wait * part(m_random));
+}
+
+std::chrono::milliseconds SessionCore::atMost(std::chrono::milliseconds wait)
+{
+    return std::chrono::milliseconds(std::uniform_int_distribution<std::chrono::milliseconds::rep>(0, wait.count())(m_random));
+}
+
+// What others notify is a hint to look, whatever it says: anybody can send one. The own changes are known. Of a change of the studio's
+// every session hears at once; the first hint decides how long this one waits, or many hints would shorten the wait.
+void SessionCore::hear()
+{
+    for (Notification const& notification : m_connection.notifications()) {
+        Clock::time_point const first = std::max(Clock::now(), m_hintsFrom);
+        if (notification.backend == m_connection.backend())
+            continue;
+        if (notification.channel != studioChannel)
+            m_hinted = std::min(m_hinted, first);
+        else if (m_hinted == Clock::time_point::max())
+            m_hinted = first + atMost(m_options.studioWait);
+    }
 }
 
 void SessionCore::rest()
@@ -295,15 +327,27 @@ void SessionCore::connect()
     m_nextSend = {};
 }
 
-// Another epoch is another history, in which the same revisions may stand for other changes.
+// Another epoch is another history, in which the same revisions may stand for other changes. The lock that has writers notify is taken
+// by the greeting, and what is new is read after both: a change that nobody announced is among it.
 void SessionCore::greet()
 {
-    Rows const rows = m_connection.execute("SELECT epoch FROM settings.hello_v1($1, 0)", {Parameter::literal(m_client)});
+    int const backend = m_connection.backend();
+    Rows const rows =
+        m_connection.execute("SELECT epoch, hears, user_layer, pg_catalog.pg_backend_pid() FROM settings.hello_v1($1, $2)",
+                             {Parameter::literal(m_client), Parameter::literal(std::to_string(m_options.listen ? backend : 0))});
     std::string const epoch(rows.bytes(0, 0));
     m_greeted.clear();
     if (!m_epoch.empty() && epoch != m_epoch)
         forgetRevisions();
     m_epoch = epoch;
+    m_isListening = rows.integer(0, 1) != 0;
+    if (m_isListening) {
+        m_connection.execute("LISTEN "s + studioChannel);
+        m_connection.execute("LISTEN settings_u" + std::to_string(rows.integer(0, 2)));
+    }
+    std::lock_guard const lock(m_mutex);
+    m_status.hearing = m_isListening ? Status::Hearing::listening : Status::Hearing::polling;
+    m_status.pooled = rows.integer(0, 3) != backend;
 }
 
 void SessionCore::forgetRevisions()
@@ -313,12 +357,18 @@ void SessionCore::forgetRevisions()
     m_status.historyChanged = std::chrono::system_clock::now();
 }
 
-// A connection to one server process survives some changes of epoch: of a forgotten user, and behind a pooler all.
-void SessionCore::poll()
+// A poll asks for the epoch, which may change while a connection lasts: with a forgotten user, and behind a pooler always. Forged
+// hints bring it to look ten times a second: only after one that brought news may the next follow at once.
+void SessionCore::look()
 {
     Clock::time_point const now = Clock::now();
-    m_nextPoll = nextPoll();
-    exchange(Clock::time_point::max(), [this, now] { catchUp(now, true); });
+    bool const isPoll = !m_connection.isOpen() || now >= m_nextPoll;
+    if (isPoll)
+        m_nextPoll = nextPoll();
+    auto const known = std::pair(m_userRevision, m_studioRevision);
+    exchange(Clock::time_point::max(), [this, now, isPoll] { catchUp(now, isPoll); });
+    if (!isPoll && known == std::pair(m_userRevision, m_studioRevision))
+        m_hintsFrom = Clock::now() + std::chrono::milliseconds(100);
 }
 
 void SessionCore::catchUp(Clock::time_point moment, bool checksEpoch)
@@ -330,10 +380,18 @@ void SessionCore::catchUp(Clock::time_point moment, bool checksEpoch)
 void SessionCore::fetch(bool checksEpoch)
 {
     Clock::time_point const begin = Clock::now();
-    for (bool isKnown = false; !isKnown;)
-        isKnown = takeOver(m_connection.execute(news, {Parameter::literal(std::to_string(m_userRevision)),
-                                                       Parameter::literal(std::to_string(m_studioRevision)),
-                                                       Parameter::literal(checksEpoch ? "true" : "false"), Parameter::literal(m_client)}));
+    m_hinted = Clock::time_point::max();
+    for (bool isKnown = false; !isKnown;) {
+        std::vector<Parameter> parameters{Parameter::literal(std::to_string(m_userRevision)),
+                                          Parameter::literal(std::to_string(m_studioRevision))};
+        if (checksEpoch)
+            parameters.push_back(Parameter::literal(m_client));
+        Rows const rows = m_connection.execute(news(checksEpoch), parameters);
+        // Only a new greeting helps.
+        if (checksEpoch && rows.bytes(0, 9) != m_epoch)
+            throw ServerError(Reason::lost, m_connection.host());
+        isKnown = takeOver(rows);
+    }
     m_fetched = begin;
     std::lock_guard const lock(m_mutex);
     m_status.asOf = std::chrono::system_clock::now();
@@ -357,8 +415,7 @@ bool SessionCore::takeOver(Rows const& rows)
         hasUser = hasUser || !isStudio;
     }
     // Somebody had the server forget the user: only a new greeting helps.
-    bool const isOtherEpoch = rows.count() > 0 && !rows.isNull(0, 9) && rows.bytes(0, 9) != m_epoch;
-    if (!hasUser || isOtherEpoch)
+    if (!hasUser)
         throw ServerError(Reason::lost, m_connection.host());
     fresh.asOf = Moment::now().timeOfDay;
     takeOver(fresh);
@@ -393,7 +450,7 @@ void SessionCore::exchange(Clock::time_point deadline, std::function<void()> con
     try {
         work();
     } catch (ServerError const& error) {
-        if (!isLoss(error.reason()) || Clock::now() >= deadline)
+        if (!mayHelpToConnect(error.reason()) || Clock::now() >= deadline)
             throw;
         m_connection.close();
         connect();

@@ -46,6 +46,7 @@ public:
     void onChange(Listener::Function function) { m_listener.set(std::move(function)); }
 
     Snapshot::Found find(std::string const& store, std::string const& key) const { return m_snapshot.find(store, key); }
+    std::set<std::string> keys(std::string const& store) const { return m_snapshot.keys(store); }
     Status status() const;
     /// The server, as far as it is known.
     std::string host() const;
@@ -69,8 +70,10 @@ private:
     void planNextTry(ServerError const& error);
     Clock::time_point nextLook() const;
     Clock::time_point nextPoll();
+    std::chrono::milliseconds atMost(std::chrono::milliseconds wait);
 
-    void poll();
+    void hear();
+    void look();
     void exchange(Clock::time_point deadline, std::function<void()> const& work);
     void connect();
     void greet();
@@ -112,7 +115,10 @@ private:
     std::minstd_rand m_random;
     Clock::time_point m_nextTry;                                                    // to connect, where there is no connection
     ServerError m_refusal{ServerError::Reason::unreachable, "the studio's server"}; // why the last try failed
+    bool m_isListening = false;
     Clock::time_point m_nextPoll;
+    Clock::time_point m_hinted = Clock::time_point::max();  // when to look because of a notification
+    Clock::time_point m_hintsFrom;                          // no hint makes it look before
     Clock::time_point m_fetched = Clock::time_point::min(); // when the last fetch that succeeded began
     std::set<Snapshot::Place> m_news;                       // what the listener has not been called for
     std::string const m_client;

@@ -7,6 +7,7 @@ namespace Studio {
 
 using Code = Storage::StorageError::Code;
 using Reason = ServerError::Reason;
+using Storage::Layer;
 
 namespace {
 
@@ -44,6 +45,14 @@ Code codeOf(Reason reason)
         break;
     }
     return Code::unreachable;
+}
+
+SessionStore::LayeredRow layeredRow(Layer layer, std::string const& key, Setting const& setting)
+{
+    bool const isReadable = !std::holds_alternative<std::monostate>(setting.value);
+    return {layer,
+            {key, isReadable ? std::string(storedValue(setting.value).kind) : setting.kind, setting.value, setting.changed},
+            setting.changedBy};
 }
 
 } // namespace
@@ -106,6 +115,28 @@ void SessionStore::remove(std::string const& key)
 
 // A value of the studio's counts, as a read gives it.
 bool SessionStore::contains(std::string const& key) const { return shared(key) || (!m_core->roams(key) && m_local->contains(key)); }
+
+std::vector<SessionStore::LayeredRow> SessionStore::layersOf(std::string const& key) const
+{
+    auto const [user, studio] = m_core->find(m_name, key);
+    bool const isLocked = studio && studio->locked;
+    std::vector<LayeredRow> layers;
+    if (isLocked)
+        layers.push_back(layeredRow(Layer::locked, key, *studio));
+    if (m_core->roams(key) && user)
+        layers.push_back(layeredRow(Layer::user, key, *user));
+    if (!m_core->roams(key) && m_local->contains(key))
+        layers.push_back({Layer::local, {key, {}, {}, {}}, {}});
+    if (studio && !isLocked)
+        layers.push_back(layeredRow(Layer::studio, key, *studio));
+    return layers;
+}
+
+std::vector<std::string> SessionStore::sharedKeys() const
+{
+    std::set<std::string> const keys = m_core->keys(m_name);
+    return {keys.begin(), keys.end()};
+}
 
 // What the server has for the key; null where the local store decides, or nobody has a value.
 std::shared_ptr<Setting const> SessionStore::shared(std::string const& key) const

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <Settings/ISettingsStorage.h>
+#include <Storage/LayeredStorage.h>
 #include <Storage/StorageError.h>
 #include <Studio/SessionCore.h>
 
@@ -13,7 +13,7 @@
 namespace Studio {
 
 /// One store of a session, as `Session` says. Outlives it. Any thread may call.
-class SessionStore final : public ISettingsStorage {
+class SessionStore final : public Storage::LayeredStorage {
 public:
     /// The store `name` of the session behind `core`, with `local` for the keys that do not roam. Neither pointer is null.
     SessionStore(std::shared_ptr<SessionCore> core, std::string name, std::shared_ptr<ISettingsStorage> local);
@@ -28,6 +28,9 @@ public:
     int getInt(std::string const& key, int defaultValue) const override;
     std::string getString(std::string const& key, std::string const& defaultValue) const override;
     std::vector<unsigned char> getBytes(std::string const& key, std::vector<unsigned char> const& defaultValue) const override;
+
+    std::vector<LayeredRow> layersOf(std::string const& key) const override;
+    std::vector<std::string> sharedKeys() const override;
 
 private:
     void demandUnlocked(std::string const& key) const;

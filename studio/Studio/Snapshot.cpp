@@ -135,4 +135,15 @@ Snapshot::Found Snapshot::find(std::string const& store, std::string const& key)
     return {findIn(m_layers[0], store, key), findIn(m_layers[1], store, key)};
 }
 
+std::set<std::string> Snapshot::keys(std::string const& store) const
+{
+    std::shared_lock const lock(m_mutex);
+    std::set<std::string> result;
+    for (Stores const& stores : m_layers)
+        if (auto const found = stores.find(store); found != stores.end())
+            for (auto const& [key, setting] : found->second)
+                result.insert(key);
+    return result;
+}
+
 } // namespace Studio

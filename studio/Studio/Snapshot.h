@@ -38,6 +38,7 @@ struct Setting {
     bool locked = false;                           ///< Whether users may not change the key; in the studio's layer only.
     std::string changedBy;                         ///< The login that changed it last, or that locked it.
     std::chrono::system_clock::time_point changed; ///< When that was, by the server's clock.
+    std::string kind;                              ///< The stored word of a value that cannot be read.
 };
 
 /// What a session knows of the server's settings: the user's own, and those that the studio gives to all. Any thread may call.
@@ -71,6 +72,8 @@ public:
     /// Takes off what `number` covers the key of `place` with. At the same moment the layer gets `stored`, where there is one.
     void lift(std::int64_t number, Place const& place, std::optional<Change> const& stored = {});
     Found find(std::string const& store, std::string const& key) const;
+    /// The keys for which a layer has something.
+    std::set<std::string> keys(std::string const& store) const;
 
 private:
     using Keys = std::map<std::string, std::shared_ptr<Setting const>>;

@@ -134,6 +134,20 @@ TEST_F(Telling, ChangesOfChosenKeysOnly)
               (Told{"title", "ours: product title", "view.", "ours: product view.", "view.zoom", "ours: product view.zoom"}));
 }
 
+TEST_F(Telling, ChangesThatAreReported)
+{
+    m_notifier->watch(QStringLiteral("title"));
+    m_notifier->report(QStringLiteral("product"), QStringLiteral("title"));
+    listen();
+    std::thread([&] {
+        m_notifier->report(QStringLiteral("elsewhere"), QStringLiteral("title"));
+        m_notifier->report(QStringLiteral("product"), QStringLiteral("another"));
+        m_notifier->report(QStringLiteral("common"), QStringLiteral("title"));
+    }).join();
+    EXPECT_EQ(toldUntil("others': common title"), (Told{"title", "others': common title"}))
+        << "nothing from before, and only what is chosen";
+}
+
 TEST_F(Telling, ChangesOfEveryKey)
 {
     SqliteStorage store(m_file);

@@ -26,7 +26,7 @@ using Storage::SqliteStorage;
 using Storage::StorageError;
 
 // The thread sanitizer has nothing to find in one thread, so two errors are enough for it.
-#ifdef __SANITIZE_THREAD__
+#ifdef UNDER_THREAD_SANITIZER
 constexpr bool isSlow = true;
 #else
 constexpr bool isSlow = false;
@@ -399,7 +399,7 @@ TEST_F(Injection, MissesNoCallOfTheSystem)
 {
     if (!Traced::isPossible())
         GTEST_SKIP() << "this process may not trace others, as in some containers: the calls were not compared";
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if defined(UNDER_ADDRESS_SANITIZER) || defined(UNDER_THREAD_SANITIZER)
     GTEST_SKIP() << "the sanitizer makes calls of its own, such as the pipe by which it looks whether memory can be read";
 #endif
     Ledger ledger;

@@ -43,6 +43,13 @@ enum class Check {
     folder,
     foldersMissing,
     keptStores,
+    studioServer,
+    studioSchema,
+    studioTls,
+    studioPooler,
+    studioClock,
+    studioQueue,
+    studioStandby,
 };
 
 /// The result of a check, with sentences in raw bytes: a caller escapes them for its medium.

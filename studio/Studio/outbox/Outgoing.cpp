@@ -24,7 +24,7 @@ Snapshot::Change changeOf(Outbox::Operation const& operation)
 {
     auto const& value = operation.value;
     return {Layer::user, operation.store, operation.key,
-            value ? std::make_shared<Setting const>(Setting{valueOf(value->kind, value->bytes), false, {}, {}}) : nullptr};
+            value ? std::make_shared<Setting const>(Setting{valueOf(value->kind, value->bytes), false, {}, {}, value->kind}) : nullptr};
 }
 
 Refused refusedOf(Outbox::Refusal const& refusal)
@@ -43,7 +43,7 @@ std::vector<Snapshot::Change> changesOf(News const& news)
     for (Layer const layer : {Layer::user, Layer::studio})
         for (SharedRow const& row : news.layers[static_cast<std::size_t>(layer)].rows) {
             auto const setting = row.value ? std::make_shared<Setting const>(Setting{valueOf(row.value->kind, row.value->bytes), row.locked,
-                                                                                     row.changedBy, timeOf(row.changedAt)})
+                                                                                     row.changedBy, timeOf(row.changedAt), row.value->kind})
                                            : nullptr;
             changes.push_back({layer, row.store, row.key, setting});
         }

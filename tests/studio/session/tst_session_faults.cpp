@@ -1,8 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/SessionTest.h"
-
-#include <studio/support/ConnectionTest.h>
-#include <studio/support/Proxy.h>
+#include "support/SessionFaults.h"
 
 #include <atomic>
 #include <future>
@@ -12,35 +9,6 @@
 using namespace std::chrono_literals;
 using Then = Proxy::Then;
 using Way = Proxy::Way;
-
-/// Programs whose network or server fails.
-class SessionFaults : public SessionTest {
-protected:
-    void startServer() override
-    {
-        SessionTest::startServer();
-        m_proxy.emplace(m_server->ask("SHOW unix_socket_directories") + "/.s.PGSQL.5432");
-    }
-
-    std::string throughProxy() const
-    {
-        return "host=127.0.0.1 sslmode=disable user=alice dbname=studio port=" + std::to_string(m_proxy->port());
-    }
-
-    /// Synchronises until it succeeds; false where that takes longer than a minute.
-    static bool recovers(Program& program)
-    {
-        auto const end = std::chrono::steady_clock::now() + 60s;
-        while (std::chrono::steady_clock::now() < end) {
-            if (program.session.synchronise(60s))
-                return true;
-            std::this_thread::sleep_for(5ms);
-        }
-        return false;
-    }
-
-    std::optional<Proxy> m_proxy;
-};
 
 TEST_F(SessionFaults, ProgramWorksWithoutItsServer)
 {
@@ -147,6 +115,30 @@ TEST_F(SessionFaults, SessionEndsAtOnceInEveryState)
             EXPECT_EQ(change.get(), Code::unreachable);
     });
     EXPECT_LE(answers.count(), slack.count());
+}
+
+TEST_F(SessionFaults, SessionThatNobodyAsksEndsAtOnceInEveryState)
+{
+    std::optional<Program> resting(std::in_place, listening(connectionOf("alice")));
+    EXPECT_EQ(resting->session.status().hearing, Studio::Status::Hearing::listening);
+    EXPECT_LE(timeOf([&] { resting.reset(); }).count(), slack.count());
+
+    std::optional<Program> looking(std::in_place, polling(throughProxy()));
+    m_proxy->limit(Way::toServer, 10, Then::stall);
+    ASSERT_TRUE(comesTrue([&] { return m_proxy->passed(Way::toServer) == 10; }));
+    EXPECT_LE(timeOf([&] { looking.reset(); }).count(), slack.count());
+
+    std::optional<Program> telling(std::in_place, polling(connectionOf("alice")));
+    std::atomic<bool> isTelling = false;
+    telling->session.onChange([&](std::string const&, std::string const&) { isTelling = true; });
+    Program(connectionOf("alice")).store->setInt("number", 7);
+    ASSERT_TRUE(comesTrue([&] { return isTelling.load(); }));
+    EXPECT_LE(timeOf([&] { telling.reset(); }).count(), slack.count());
+
+    std::optional<Program> waiting(std::in_place, polling(connectionOf("alice")));
+    m_server->stop();
+    ASSERT_TRUE(comesTrue([&] { return !waiting->session.status().connected; }));
+    EXPECT_LE(timeOf([&] { waiting.reset(); }).count(), slack.count());
 }
 
 TEST_F(SessionFaults, StoreThatOutlivesItsSessionCanBeRead)

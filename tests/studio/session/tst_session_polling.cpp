@@ -44,6 +44,9 @@ TEST_F(SessionPolling, ChangeOfAnotherProgramIsSeen)
     give("number", "int", "1");
     EXPECT_TRUE(reads(alice, "number", 1));
     EXPECT_EQ(alice.session.status().hearing, Studio::Status::Hearing::polling);
+    auto const known = alice.session.status().asOf;
+    ASSERT_TRUE(known);
+    EXPECT_TRUE(comesTrue([&] { return alice.session.status().asOf > known; }));
 }
 
 TEST_F(SessionPolling, QuietLineCostsOneStatementAPoll)
@@ -121,18 +124,13 @@ TEST_F(SessionPolling, HaltedServerIsFoundAgain)
     EXPECT_TRUE(reads(alice, "number", 7));
 }
 
-// The layer that is made again has another number, and more revisions than the first one had.
 TEST_F(SessionPolling, UserWhoIsForgottenAndMadeAgainIsReadFromTheBeginning)
 {
     Program alice(polling(connectionOf("alice")));
     alice.store->setInt("gone", 1);
     EXPECT_TRUE(alice.session.synchronise(60s));
     EXPECT_FALSE(alice.session.status().historyChanged);
-    std::string again = hello(1, false) + ';';
-    for (int op = 1; op <= 5; ++op)
-        again += statement({1, op, false, "common", "new", "int", "2"}) + ';';
-    // Of one moment for those who poll.
-    ask("BEGIN; DELETE FROM settings.layer WHERE name = 'alice'; SET LOCAL SESSION AUTHORIZATION alice; " + again + "COMMIT");
+    makeAliceAgain();
     EXPECT_TRUE(reads(alice, "new", 2));
     EXPECT_TRUE(comesTrue([&] { return !alice.store->contains("gone"); }));
     EXPECT_TRUE(alice.session.status().historyChanged);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Cluster.h"
 
+#include "ServerProcess.h"
+
 #include <support/Process.h>
 
 #include <libpq-fe.h>
@@ -31,8 +33,6 @@ namespace {
 
 constexpr std::chrono::seconds patience{120};
 
-bool isRoot() { return ::geteuid() == 0; }
-
 // Where Debian has the programs of the newest server; empty where it has none.
 fs::path programs()
 {
@@ -46,40 +46,11 @@ fs::path programs()
     return newest.second;
 }
 
-// The server refuses to run as root. The signal ends it at once and lets it free its shared memory.
-std::vector<std::string> asServer(std::vector<std::string> command)
-{
-    std::vector<std::string> result{"setpriv", "--pdeathsig", "QUIT"};
-    if (isRoot())
-        result.insert(result.end(), {"--reuid", Cluster::superuser, "--regid", Cluster::superuser, "--clear-groups"});
-    std::move(command.begin(), command.end(), std::back_inserter(result));
-    return result;
-}
-
-void giveToServer(fs::path const& file)
-{
-    if (!isRoot())
-        return;
-    passwd const* const user = ::getpwnam(Cluster::superuser);
-    if (!user || ::lchown(file.c_str(), user->pw_uid, user->pw_gid) != 0)
-        throw std::runtime_error("cannot give " + file.string() + " to the server's user");
-}
-
 void quietly(std::vector<std::string> const& command)
 {
     Ended const ended = run(command);
     if (ended.status != 0)
         throw std::runtime_error(command.front() + " failed: " + ended.out + ended.err);
-}
-
-// Not below TMPDIR: the path of a socket has at most 107 bytes, and the server's user must reach it.
-fs::path freshFolder()
-{
-    std::string folder = "/tmp/es.XXXXXX";
-    if (!::mkdtemp(folder.data()))
-        throw std::system_error(errno, std::generic_category(), folder);
-    giveToServer(folder);
-    return folder;
 }
 
 void makeTemplate(fs::path const& target)
@@ -123,27 +94,6 @@ int freePort()
     if (!bound)
         throw std::system_error(errno, std::generic_category(), "a free port");
     return ntohs(address.sin_port);
-}
-
-// The program with its standard streams in `log`.
-pid_t startProgram(std::vector<std::string> const& command, fs::path const& log)
-{
-    std::vector<char*> arguments;
-    for (std::string const& argument : command)
-        arguments.push_back(const_cast<char*>(argument.c_str()));
-    arguments.push_back(nullptr);
-    pid_t const process = ::fork();
-    if (process == 0) {
-        ::dup2(::open("/dev/null", O_RDONLY), STDIN_FILENO);
-        int const said = ::open(log.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644);
-        ::dup2(said, STDOUT_FILENO);
-        ::dup2(said, STDERR_FILENO);
-        ::execvp(arguments[0], arguments.data());
-        ::_exit(127);
-    }
-    if (process < 0)
-        throw std::system_error(errno, std::generic_category(), "fork");
-    return process;
 }
 
 // The process and all that descend from it, the first one first.

@@ -132,9 +132,9 @@ bool Proxy::pass(Way way, int from, int to)
         if (m_then == Then::cut || m_then == Then::cutOnce)
             return false;
         // Both ways share this thread, so that they stall together.
-        if (!rest(m_then == Then::trickle ? 1000 : tick) || m_then == Then::stall)
+        if (!rest(m_then == Then::trickle ? 1000 : m_then == Then::delay ? 500 : tick) || m_then == Then::stall)
             return !m_ends;
-        count = 1;
+        count = m_then == Then::delay ? sizeof buffer : 1;
     }
     ssize_t const read = ::recv(from, buffer, static_cast<std::size_t>(count), 0);
     if (read <= 0)

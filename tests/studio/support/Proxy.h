@@ -17,6 +17,7 @@ public:
         cutOnce, ///< The same, and everything passes on the next connection.
         stall,   ///< Sends nothing more, and leaves both sockets open.
         trickle, ///< One byte a second.
+        delay,   ///< Everything, half a second later each time.
     };
 
     /// Listens at a port of 127.0.0.1 and passes everything on to `socket`.

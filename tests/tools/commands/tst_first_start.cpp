@@ -74,7 +74,7 @@ TEST_F(FirstStart, WithoutStoresNothingIsMadeByLooking)
 
 // --- The product file ---
 
-#ifndef __SANITIZE_ADDRESS__ // the sanitizer itself reads /proc
+#ifndef UNDER_ADDRESS_SANITIZER // the sanitizer itself reads /proc
 // As in a system that is just being set up.
 Ended runWithoutProc(Words const& words)
 {

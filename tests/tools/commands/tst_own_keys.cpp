@@ -92,9 +92,10 @@ TEST_F(OwnKeys, DefaultsAreListedBesideTheLibrarys)
                                                  "my.starts\tint\tcommon\tunset\t0\n"
                                                  "my.theme\ttext\tproduct\tunset\tdark\n"
                                                  "my.tracks\tlist\tproduct\tunset\t[\"Video\"]\n");
-    EXPECT_EQ(json::parse(said({"list", "my.rate", "--json"})),
-              json::parse(
-                  R"([{"key": "my.rate", "type": "rational", "store": "product", "state": "unset", "value": "25/1", "default": "25/1"}])"));
+    EXPECT_EQ(
+        json::parse(said({"list", "my.rate", "--json"})),
+        json::parse(
+            R"([{"key": "my.rate", "type": "rational", "store": "product", "state": "unset", "layer": "default", "value": "25/1", "default": "25/1"}])"));
     EXPECT_EQ(json::parse(said({"get", "my.rate", "--json"})), json::parse(R"({"key": "my.rate", "type": "rational", "value": "25/1"})"));
     EXPECT_NE(said({"list"}).find("\nkeepVideoAspect"), std::string::npos);
 }
@@ -320,7 +321,7 @@ TEST_F(OwnKeys, UndeclaredKeyIsListedReadExplainedAndUnset)
     EXPECT_EQ(
         json::parse(said({"list", "theirs", "--json"})),
         json::parse(
-            R"([{"key": "theirs", "type": "string", "store": "product", "state": "undeclared", "value": "a value", "default": null}])"));
+            R"([{"key": "theirs", "type": "string", "store": "product", "state": "undeclared", "layer": "local", "value": "a value", "default": null}])"));
     std::vector<std::string> const table = lines(said({"explain", "theirs", "--plain"}));
     EXPECT_EQ(table[1], "purpose\tunknown: neither the library nor the product file declares it");
     EXPECT_EQ(table[2], "accepts\tnothing: it is not declared");

@@ -287,7 +287,7 @@ TEST_F(Exchange, UnknownKeysAreTakenWhenAskedFor)
     EXPECT_EQ(valuesOf(productFile()), (Values{{"unknown", 2}, {"stabilizedFileFormat", true}}));
 }
 
-#ifndef __SANITIZE_ADDRESS__ // what the sanitizer keeps itself is many times that
+#ifndef UNDER_ADDRESS_SANITIZER // what the sanitizer keeps itself is many times that
 // The most memory that a command took, in bytes.
 std::size_t peakOf(std::vector<std::string> command)
 {

@@ -15,7 +15,9 @@
 
 #include <Inspection/DeclaredKeys.h>
 #include <Inspection/PreferenceState.h>
+#include <Inspection/RowDifference.h>
 #include <Inspection/checks/FolderChecks.h>
+#include <Inspection/studio/StudioServer.h>
 #include <Settings/Version.h>
 
 #include <CLI/CLI.hpp>
@@ -138,6 +140,28 @@ void printReadOnlyStores(Host::Application const& application)
                 printError(absl::StrCat("only for reading: ", error->what()));
 }
 
+// Null where the product belongs to no studio, and for a verb that only looks also where nothing here can talk to a server.
+std::unique_ptr<Inspection::StudioServer> studioOf(Host::ProductFile const& product, StudioUse use)
+try {
+    bool const isShared = use != StudioUse::none && !product.studio().empty();
+    return isShared ? Inspection::openStudioServer(product.studio()) : nullptr;
+} catch (std::runtime_error const& error) {
+    if (use == StudioUse::change)
+        throw;
+    printError(absl::StrCat(error.what(), "; what follows is what this workstation has"));
+    return nullptr;
+}
+
+void printUnreachable(Inspection::StudioServer const& studio)
+{
+    Inspection::StudioStatus const status = studio.status();
+    if (!status.problem)
+        return;
+    std::string const known = status.asOf ? "as of " + Inspection::inLocalTime(*status.asOf) : "what this workstation has";
+    printError(
+        absl::StrCat(status.problem->file(), ": ", status.problem->reason(), "; what follows is ", known, "; ", status.problem->remedy()));
+}
+
 // CLI11 lists what it did not expect from the last word to the first.
 std::string sentence(CLI::App const& app, CLI::Error const& error)
 {
@@ -213,7 +237,9 @@ private:
             std::cerr << "Name a product file with '--product FILE', or in EDITOR_SETTINGS_PRODUCT.\n";
         } catch (Storage::StorageError const& error) {
             printError(error.what());
-            if (!hasOpened || !command.namesFile)
+            bool const isOfServer =
+                error.code() == Storage::StorageError::Code::unreachable || error.code() == Storage::StorageError::Code::locked;
+            if (!isOfServer && (!hasOpened || !command.namesFile))
                 std::cerr << "Run 'editor-settings doctor' with the same options to see what is wrong; 'editor-settings restore FILE' "
                              "brings a backup back.\n";
             if (error.code() == Storage::StorageError::Code::network)
@@ -243,15 +269,28 @@ private:
         if (use == StoreUse::none)
             return command.run(invocation);
         checkHome(use, m_global.home.empty() && isEmpty("XDG_DATA_HOME"));
+        return runOnStores(command, use, invocation, hasOpened);
+    }
+
+    static int runOnStores(Command const& command, StoreUse use, Invocation& invocation, bool& hasOpened)
+    {
         std::optional<ProgressLine> opening(1);
         opening->next("opening the stores");
-        Host::ToolApplication const application(invocation.productFile, {invocation.storeFolder, policyFor(use), invocation.options});
-        Inspection::declareOwnKeys(application.productFile());
+        auto const product = std::make_shared<Host::ProductFile>(invocation.productFile);
+        Inspection::declareOwnKeys(*product);
+        std::unique_ptr<Inspection::StudioServer> const studio = studioOf(*product, command.studio);
+        Host::Application::Options options{invocation.storeFolder, policyFor(use), invocation.options};
+        if (studio)
+            options.share = [&](auto const& name, auto const& local) { return studio->store(name, local); };
+        Host::ToolApplication const application(product, options);
         opening.reset();
         hasOpened = true;
+        if (studio && command.studio == StudioUse::look)
+            printUnreachable(*studio);
         if (!changesStores(use))
             printReadOnlyStores(application);
         invocation.application = &application;
+        invocation.studio = studio.get();
         return command.run(invocation);
     }
 

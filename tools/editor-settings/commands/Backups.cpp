@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Commands.h"
-#include "commands/Output.h"
+#include "commands/values/Output.h"
 #include "terminal/Escaping.h"
 #include "terminal/ProgressLine.h"
 #include <Inspection/PreferenceState.h>

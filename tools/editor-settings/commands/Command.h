@@ -6,6 +6,7 @@
 #include "terminal/Table.h"
 
 #include <Host/ToolApplication.h>
+#include <Inspection/studio/StudioServer.h>
 
 #include <filesystem>
 #include <functional>
@@ -110,6 +111,13 @@ enum class StoreUse {
     replace,     ///< It replaces whole stores, also unusable ones.
 };
 
+/// What a verb does with the settings that a studio shares, where the product names a server.
+enum class StudioUse {
+    none,   ///< It is about this workstation's stores.
+    look,   ///< It answers as an editor would, and with the workstation's values alone where the server is away.
+    change, ///< It changes what an editor would.
+};
+
 /// What a user wants from a verb; the help lists the verbs by it.
 enum class Group { look, change, keep, support };
 
@@ -119,6 +127,7 @@ struct Invocation {
     std::optional<std::filesystem::path> storeFolder;
     Storage::SqliteStorage::Options options;
     Host::ToolApplication const* application = nullptr; ///< Null where the verb opens no store.
+    Inspection::StudioServer* studio = nullptr;         ///< Null where the product shares nothing, or it cannot be loaded.
 };
 
 struct Command {
@@ -135,6 +144,7 @@ struct Command {
     /// What is wrong with the words together, such as "VALUE is required"; empty if they are right.
     std::function<std::string()> wrongWords = {};
     Group group = Group::keep;
+    StudioUse studio = StudioUse::none;
     /// What users of other programs may call it; the error for such a word leads here.
     std::vector<std::string> otherNames = {};
     bool isLong = false;      ///< Whether the answer may be longer than a screen.

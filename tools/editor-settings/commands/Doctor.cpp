@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Commands.h"
-#include "commands/Output.h"
+#include "commands/values/Output.h"
 #include "terminal/Escaping.h"
 #include "terminal/ProgressLine.h"
 #include "terminal/Suggestions.h"
@@ -10,12 +10,14 @@
 #include <Inspection/checks/FolderChecks.h>
 #include <Inspection/checks/StoreFileChecks.h>
 #include <Inspection/checks/StoredValueChecks.h>
+#include <Inspection/checks/StudioServerChecks.h>
 
 #include <absl/strings/str_cat.h>
 
 #include <algorithm>
 #include <iostream>
 #include <memory>
+#include <stdexcept>
 #include <utility>
 
 using namespace Inspection;
@@ -48,6 +50,13 @@ void examineStores(Host::Application const& application, Report& report, Progres
     }
 }
 
+Findings checkStudio(std::string const& connection)
+try {
+    return checkStudioServer(*openStudioServer(connection));
+} catch (std::runtime_error const& noModule) {
+    return {{Severity::error, Check::studioServer, noModule.what(), "", std::nullopt, {}, {}, {}}};
+}
+
 Report reportOn(Invocation const& invocation)
 {
     Report report = {invocation.productFile.u8string(), {}, {}};
@@ -61,6 +70,8 @@ Report reportOn(Invocation const& invocation)
         examineStores(application, report, progress);
         progress.next("looking at the folders that the editor writes to");
         report.add(checkFolders());
+        if (!application.productFile().studio().empty())
+            report.add(checkStudio(application.productFile().studio()));
     } catch (Host::ProductFileError const& error) {
         report.findings = {{Severity::error,
                             Check::productFile,
@@ -230,7 +241,7 @@ std::vector<Command> commandsOfDoctor()
     Command command;
     command.name = "doctor";
     command.group = Group::support;
-    command.summary = "What is wrong with stores, values and folders, and what to do";
+    command.summary = "What is wrong with stores, values, folders and the studio, and what to do";
     command.options = withFormat(words->format, jsonHelp, {Option("--verbose", &words->isVerbose, "Names what is else only counted")});
     command.examples = {{"editor-settings doctor", "What is wrong and what to do; exit status 0 where all is well."},
                         {"editor-settings doctor --json > report.json", "The same, for somebody who helps."}};

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Commands.h"
-#include "commands/Output.h"
+#include "commands/values/Output.h"
 #include "terminal/Escaping.h"
 #include <Inspection/PathStatus.h>
 #include <Inspection/ValueFormat.h>
@@ -187,6 +187,7 @@ Command nextNameOf(std::shared_ptr<NextNameWords> const& words, NewFile file, ch
     command.name = name;
     command.summary = summary;
     command.stores = always(StoreUse::read);
+    command.studio = StudioUse::look;
     command.run = [words, file](Invocation const&) {
         words->options.file = file;
         showNextName(words->options, words->format);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Commands.h"
-#include "commands/Output.h"
 #include "commands/Reference.h"
+#include "commands/values/Output.h"
 #include "terminal/Escaping.h"
 #include "terminal/Suggestions.h"
 #include <Inspection/Locations.h>
@@ -232,6 +232,7 @@ std::vector<Command> commandsOfPaths()
     command.stores = [words] {
         return !words->page.empty() ? StoreUse::none : words->isExplained ? StoreUse::readQuietly : StoreUse::read;
     };
+    command.studio = StudioUse::look;
     command.isLong = true;
     command.run = [words](Invocation const& invocation) {
         if (!words->page.empty())

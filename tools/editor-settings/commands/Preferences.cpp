@@ -1,72 +1,31 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Commands.h"
-#include "commands/Output.h"
 #include "commands/Reference.h"
+#include "commands/values/GivenValue.h"
+#include "commands/values/Output.h"
 #include "terminal/Escaping.h"
-#include "terminal/Suggestions.h"
 #include "terminal/Table.h"
-#include <Inspection/DeclaredKeys.h>
 #include <Inspection/PreferenceState.h>
 #include <Inspection/RowDifference.h>
 #include <Inspection/ValueFormat.h>
 
-#include <Host/FileContent.h>
-
 #include <absl/strings/str_cat.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <iostream>
 #include <memory>
 #include <optional>
-#include <sstream>
-#include <system_error>
 
 #include <fnmatch.h>
-#include <unistd.h>
 
 using Catalogue::InspectedValue;
 using Catalogue::Value;
 using Inspection::PreferenceState;
 using Inspection::State;
 using Inspection::toJson;
-using Inspection::typeName;
 using nlohmann::ordered_json;
 
 namespace {
-
-// --- Preferences by key ---
-
-bool isPattern(std::string const& word) { return word.find_first_of("*?[") != std::string::npos; }
-
-// Throws `UserError` for half of a declared rational.
-void checkIsWhole(std::string const& key)
-{
-    std::optional<Host::OwnKeys::Match> const match = Inspection::ownKeys().find(key);
-    if (match && match->part != Host::OwnKeys::Part::whole)
-        throw UserError(absl::StrCat(quotedBriefly(key), " is half of the rational ", quotedBriefly(match->key),
-                                     ", which is read and set as a whole; give that key"));
-}
-
-// Throws `UserError` for a key that the library never asks for, that is not declared and not stored, and that is no getter's name
-// either. `adviceOnOwnKeys` ends the sentence about a key that is like no other.
-PreferenceState knownPreference(Host::Application const& application, std::string const& key, std::string const& adviceOnOwnKeys = {})
-{
-    if (std::optional<PreferenceState> found = Inspection::preferenceState(application, key))
-        return *std::move(found);
-    if (Catalogue::Preference const* const row = Catalogue::findPreferenceByGetter(key))
-        return Inspection::preferenceState(application, row->name).value();
-    checkIsWhole(key);
-    if (Inspection::isReserved(key))
-        throw UserError(absl::StrCat(key, " is reserved: the editor neither reads nor writes it, so it cannot be reached"));
-    if (Catalogue::findLocation(key))
-        throw UserError(absl::StrCat(key, " is a location and no preference; 'editor-settings paths ", key, "' shows it"));
-    if (isPattern(key))
-        throw UserError(absl::StrCat(quotedBriefly(key), " is a pattern and no preference; 'editor-settings list PATTERN' takes patterns"));
-    std::string const likely = didYouMean(key, Inspection::keyNames());
-    throw UserError(absl::StrCat("there is no preference ", quotedBriefly(key), "; ", likely, "'editor-settings list' shows all",
-                                 likely.empty() ? adviceOnOwnKeys : ""));
-}
 
 std::string typeWithLanguage(PreferenceState const& preference)
 {
@@ -82,6 +41,9 @@ Terminal::Style styleOf(State state)
     return state == State::set ? Terminal::Style::good : Terminal::Style::normal;
 }
 
+// Whether the product shares settings with a studio, so that values have several sources.
+bool hasLayers(Host::Application const& application) { return application.productLayers() != nullptr; }
+
 struct ListOptions {
     std::string pattern;    // Of keys, with the wildcards of a shell; empty for all.
     bool onlySet = false;   // Only what is stored.
@@ -96,89 +58,6 @@ bool isListed(PreferenceState const& preference, ListOptions const& options)
     if ((options.onlySet && preference.stored.empty()) || (options.onlyUnset && !preference.stored.empty()))
         return false;
     return options.store.empty() || options.store == name(preference.store);
-}
-
-// --- Values to set ---
-
-PreferenceState preferenceToWrite(Host::Application const& application, std::string const& key)
-{
-    PreferenceState found = knownPreference(
-        application, key, "; a key of the host's own is declared in \"ownKeys\" of the product file, see editor-settings-product(5)");
-    if (found.isUndeclared())
-        throw UserError(absl::StrCat(quotedBriefly(key),
-                                     " is not declared, so it cannot be set; declare it in \"ownKeys\" of the product file, see ",
-                                     "editor-settings-product(5), or have the program that stored it set it"));
-    if (!found.write)
-        throw UserError(absl::StrCat(key, " is written by the editor alone, so it cannot be set; 'editor-settings unset' removes it"));
-    return found;
-}
-
-// What is wrong with a value that the library takes and the editor cannot use, and what to give.
-std::string complaint(PreferenceState const& preference, Value const& value, std::string const& consequence)
-{
-    std::string const reason = Inspection::whyUnusable(preference.key, value);
-    return reason.empty() ? reason
-                          : absl::StrCat(preference.key, ": the editor cannot use ", quotedBriefly(Inspection::text(value)), ": ", reason,
-                                         "; ", consequence, "; give ", describe(preference).accepts);
-}
-
-void write(PreferenceState const& preference, Value const& value, bool isStrict)
-{
-    if (!preference.observation.store)
-        throw UserError(
-            absl::StrCat(preference.key, " is kept in memory only by a product of this kind, so it cannot be set from outside the editor"));
-    if (std::string const refusal = complaint(preference, value, "nothing was stored"); isStrict && !refusal.empty())
-        throw UserError(refusal);
-    preference.write(value);
-    if (std::string const warning = complaint(preference, value, "it is stored all the same"); !warning.empty())
-        printError(warning);
-}
-
-std::string contentOfFile(std::string const& key, std::string const& file, char const* remedy)
-{
-    try {
-        return Host::fileContent(file);
-    } catch (std::system_error const& error) {
-        throw UserError(absl::StrCat(key, ": cannot read ", quoted(file), " (", error.code().message(), "); ", remedy));
-    }
-}
-
-std::string contentOfInput(std::string const& key)
-{
-    std::string content;
-    char buffer[1 << 16];
-    for (ssize_t count; (count = ::read(STDIN_FILENO, buffer, sizeof buffer)) != 0;) {
-        if (count > 0)
-            content.append(buffer, static_cast<std::size_t>(count));
-        else if (errno != EINTR)
-            throw UserError(
-                absl::StrCat(key, ": cannot read standard input (", std::generic_category().message(errno), "); give it a file or a pipe"));
-    }
-    return content;
-}
-
-std::string reasonFor(Inspection::ValueError const& error, PreferenceState const& preference, std::size_t wordCount)
-{
-    if (error.reason == Inspection::Refusal::wordCount)
-        return absl::StrCat(preference.key, " takes one value, not ", wordCount, "; ",
-                            wordCount == 0 ? "--empty is for lists" : "put quotes around a value with blanks");
-    Value const& like = preference.observation.value;
-    char const* const verb = std::holds_alternative<QByteArray>(like) ? " holds "
-                             : std::holds_alternative<int>(like)      ? " is an "
-                                                                      : " is a ";
-    char const* const option = error.reason == Inspection::Refusal::notBase64      ? ", or @FILE to read them from a file"
-                               : error.reason == Inspection::Refusal::emptyElement ? " (--empty stores an empty list)"
-                                                                                   : "";
-    return absl::StrCat(preference.key, verb, typeName(like), " and cannot be ", quotedBriefly(error.word), "; ", error.what(), option);
-}
-
-Value parsedFor(PreferenceState const& preference, std::vector<std::string> const& words)
-{
-    try {
-        return Inspection::parsed(preference.observation.value, words);
-    } catch (Inspection::ValueError const& error) {
-        throw UserError(reasonFor(error, preference, words.size()));
-    }
 }
 
 // --- Values as they are stored ---
@@ -224,6 +103,21 @@ std::string shownValue(PreferenceState const& found)
     return isUnreadable ? "(unreadable)" : onOneLine(found.observation.value);
 }
 
+// The values that the one in force covers.
+ordered_json coveredJsonOf(PreferenceState const& found)
+{
+    auto covered = ordered_json::array();
+    for (std::size_t index = 1; index < found.layers.size(); ++index)
+        covered.push_back({{"layer", Inspection::layerName(found.layers[index].layer)},
+                           {"by", orNull(found.layers[index].by)},
+                           {"changed", Inspection::inUtc(found.layers[index].row.changed)},
+                           {"kind", found.layers[index].row.kind},
+                           {"value", Inspection::storedJson(found.layers[index].row.value)}});
+    return covered;
+}
+
+std::string setterOf(PreferenceState const& found) { return found.layers.empty() ? std::string() : found.layers.front().by; }
+
 ordered_json jsonOf(PreferenceState const& found, std::string const& file, std::string const& computedBy)
 {
     InspectedValue const& observation = found.observation;
@@ -239,12 +133,34 @@ ordered_json jsonOf(PreferenceState const& found, std::string const& file, std::
             {"store", found.storeName()},
             {"file", orNull(file)},
             {"state", Inspection::stateName(found.state())},
+            {"layer", Inspection::layerName(found.layer())},
+            {"by", orNull(setterOf(found))},
             {"stored", storedJsonOf(found)},
+            {"covers", coveredJsonOf(found)},
             {"default", {{"value", defaultJsonOf(found)}, {"computedBy", orNull(computedBy)}}},
             {"value", valueJsonOf(found)}};
 }
 
-std::vector<Columns> tableOf(PreferenceState const& found, std::string const& file, std::string const& computedBy, Format format)
+std::string timeOf(Inspection::LayeredRow const& layer, Format format)
+{
+    return format == Format::plain ? Inspection::inUtc(layer.row.changed) : Inspection::inLocalTime(layer.row.changed);
+}
+
+// Whose value a read takes, who gave it, and what it covers.
+void appendLayers(std::vector<Columns>& table, PreferenceState const& found, Format format)
+{
+    table.push_back({"layer", Inspection::layerTitle(found.layer())});
+    if (std::string const by = setterOf(found); !by.empty())
+        table.push_back({found.layer() == Inspection::Layer::locked ? "locked by" : "set by", onOneLine(by)});
+    for (std::size_t covered = 1; covered < found.layers.size(); ++covered) {
+        Inspection::LayeredRow const& layer = found.layers[covered];
+        table.push_back({"covers", absl::StrCat(onOneLine(layer.row, ""), " (", Inspection::layerTitle(layer.layer), ", of ",
+                                                timeOf(layer, format), layer.by.empty() ? "" : " by " + onOneLine(layer.by), ")")});
+    }
+}
+
+std::vector<Columns> tableOf(PreferenceState const& found, std::string const& file, std::string const& computedBy, bool isShared,
+                             Format format)
 {
     auto const& [purpose, accepts, getter, setter] = describe(found);
     std::vector<Columns> table = {
@@ -259,6 +175,8 @@ std::vector<Columns> tableOf(PreferenceState const& found, std::string const& fi
     if (!file.empty())
         table.push_back({"file", onOneLine(file)});
     table.push_back({"state", Inspection::stateName(found.state())});
+    if (isShared)
+        appendLayers(table, found, format);
     for (auto const& row : found.stored) {
         std::string const half = isRational(found) ? onOneLine(row.key) + " = " : "";
         table.push_back({"stored", half + onOneLine(row, "")});
@@ -343,6 +261,9 @@ void warnOfNoPattern(std::vector<PreferenceState> const& all, std::string const&
                                 "*'' shows those that hold it"));
 }
 
+// Before the value, which may be long; for scripts the last, so that the others stay where they are without a studio.
+Columns::const_iterator layerColumn(Columns const& line, Format format) { return format == Format::plain ? line.end() : line.end() - 1; }
+
 void listPreferences(Host::Application const& application, ListOptions const& options, Format format)
 {
     std::vector<PreferenceState> preferences = Inspection::preferenceStates(application);
@@ -356,6 +277,7 @@ void listPreferences(Host::Application const& application, ListOptions const& op
                          {"type", preference.typeName()},
                          {"store", preference.storeName()},
                          {"state", Inspection::stateName(preference.state())},
+                         {"layer", Inspection::layerName(preference.layer())},
                          {"value", valueJsonOf(preference)},
                          {"default", defaultJsonOf(preference)}});
         table.push_back({onOneLine(preference.key),
@@ -363,50 +285,26 @@ void listPreferences(Host::Application const& application, ListOptions const& op
                          preference.storeName(),
                          {Inspection::stateName(preference.state()), styleOf(preference.state())},
                          format == Format::people ? shortened(shownValue(preference), 120) : shownValue(preference)});
+        if (hasLayers(application))
+            table.back().insert(layerColumn(table.back(), format), Inspection::layerName(preference.layer()));
     }
-    format == Format::json ? printJson(array) : printTable(table, {"KEY", "TYPE", "STORE", "STATE", "VALUE"}, format);
+    Columns heading = {"KEY", "TYPE", "STORE", "STATE", "VALUE"};
+    if (hasLayers(application))
+        heading.insert(layerColumn(heading, format), "LAYER");
+    format == Format::json ? printJson(array) : printTable(table, heading, format);
 }
 
 struct SetWords {
     std::string key;
-    std::vector<std::string> values;
-    std::string file;
-    bool isEmpty = false;
+    GivenValue value;
     bool isStrict = false;
 };
-
-// The content of `file`, or of standard input for "-": each line an element of a list, any other value byte for byte.
-Value valueInFile(PreferenceState const& preference, std::string const& file)
-{
-    std::string const& key = preference.key;
-    std::string const content = file == "-" ? contentOfInput(key) : contentOfFile(key, file, "name a file that can be read");
-    if (std::holds_alternative<QByteArray>(preference.observation.value))
-        return QByteArray::fromStdString(content);
-    if (!std::holds_alternative<QStringList>(preference.observation.value))
-        return parsedFor(preference, {content});
-    std::vector<std::string> elements;
-    std::istringstream stream(content);
-    for (std::string line; std::getline(stream, line);)
-        elements.push_back(line);
-    return parsedFor(preference, elements);
-}
-
-Value valueIn(PreferenceState const& preference, SetWords const& words)
-{
-    if (!words.file.empty())
-        return valueInFile(preference, words.file);
-    bool const isFile =
-        std::holds_alternative<QByteArray>(preference.observation.value) && words.values.size() == 1 && words.values[0][0] == '@';
-    if (isFile)
-        return QByteArray::fromStdString(
-            contentOfFile(preference.key, words.values[0].substr(1), "name a file that can be read after the @"));
-    return parsedFor(preference, words.values);
-}
 
 void setPreference(Host::Application const& application, SetWords const& words)
 {
     PreferenceState const found = preferenceToWrite(application, words.key);
-    write(found, valueIn(found, words), words.isStrict);
+    Value const value = valueIn(found, words.value);
+    write(found, value, words.isStrict, [&] { found.write(value); });
 }
 
 void unsetPreference(Host::Application const& application, std::string const& key)
@@ -414,13 +312,12 @@ void unsetPreference(Host::Application const& application, std::string const& ke
     PreferenceState const found = knownPreference(application, key);
     if (found.stored.empty())
         return printError(absl::StrCat(found.key, " was not set"));
-    Storage::SqliteStorage& store = *Inspection::storage(application, *found.observation.store);
-    if (found.stored.size() == 1)
-        return store.remove(found.stored.front().key);
-    std::vector<Storage::SqliteStorage::Change> both;
+    if (found.layer() == Inspection::Layer::studio)
+        return printError(absl::StrCat(found.key, " was not set by you: the studio gives its value to who has no other"));
+    std::vector<std::string> keys;
     for (auto const& row : found.stored)
-        both.push_back({row.key});
-    store.apply(both);
+        keys.push_back(row.key);
+    Inspection::removeStored(application, *found.observation.store, keys);
 }
 
 void explainPreference(Host::Application const& application, std::string const& key, Format format)
@@ -433,14 +330,10 @@ void explainPreference(Host::Application const& application, std::string const& 
     if (format == Format::json)
         printJson(jsonOf(found, file, computedBy));
     else
-        printTable(tableOf(found, file, computedBy, format), {}, format);
+        printTable(tableOf(found, file, computedBy, hasLayers(application), format), {}, format);
 }
 
 // --- The verbs ---
-
-constexpr char const* keyHelp = "The preference";
-
-Option keyOption(std::string& key) { return Option("KEY", &key, keyHelp).required().completedBy(Candidates::keys); }
 
 Command listCommand()
 {
@@ -464,6 +357,7 @@ Command listCommand()
     command.examples = {{"editor-settings list '*Path'", "Every preference whose key ends in Path."},
                         {"editor-settings list --set --plain", "What is stored, one preference a line, for a script."}};
     command.stores = [words] { return words->page.empty() ? StoreUse::read : StoreUse::none; };
+    command.studio = StudioUse::look;
     command.isLong = true;
     command.run = [words](Invocation const& invocation) {
         if (!words->page.empty())
@@ -493,26 +387,12 @@ Command getCommand()
                         {"editor-settings get audioRecordFormat audioRecordCodec", "Both, each on a line with its key."},
                         {"editor-settings get userCustomColors --json", "A list in a form that every program reads alike."}};
     command.stores = always(StoreUse::read);
+    command.studio = StudioUse::look;
     command.run = [words](Invocation const& invocation) {
         getPreferences(*invocation.application, words->keys, words->format);
         return 0;
     };
     return command;
-}
-
-std::vector<Option> setOptions(SetWords& words)
-{
-    return {keyOption(words.key),
-            Option("VALUE", &words.values,
-                   "A bool as true or false, an int in decimal, text in UTF-8, bytes in base64 or as @FILE, a list as one "
-                   "word for each element, a rational as N/D"),
-            Option("--empty", &words.isEmpty, "Stores an empty list").excluding({"VALUE"}),
-            fileOption("--from-file", words.file,
-                       "Stores what the file holds, or standard input where it is -: byte for byte, but for a list one "
-                       "element on each line")
-                .of("FILE")
-                .excluding({"VALUE", "--empty"}),
-            Option("--strict", &words.isStrict, "Refuses what the editor cannot use, instead of a warning")};
 }
 
 Command setCommand()
@@ -522,16 +402,18 @@ Command setCommand()
     command.name = "set";
     command.group = Group::change;
     command.summary = "Stores a value";
-    command.options = setOptions(*words);
+    command.options = valueOptions(words->key, words->value);
+    command.options.emplace_back("--strict", &words->isStrict, "Refuses what the editor cannot use, instead of a warning");
     command.examples = {{"editor-settings set keepVideoAspect no", "Stores false."},
                         {"editor-settings set exportPath ~/Videos/Exports", "Stores another folder; the editor makes it."},
                         {"editor-settings set userCustomColors '#ff8800' navy", "Stores a list of two."},
                         {"editor-settings set Indication/tour @tour.state", "Stores the bytes of a file."},
                         {"editor-settings set lastTarget -- -x", "Stores a value that looks like an option."}};
     command.stores = always(StoreUse::change);
+    command.studio = StudioUse::change;
     command.wrongWords = [words]() -> std::string {
         std::size_t const equals = words->key.find('=');
-        if (!words->values.empty() || words->isEmpty || !words->file.empty())
+        if (!words->value.isMissing())
             return {};
         if (equals == std::string::npos)
             return "VALUE is required";
@@ -553,9 +435,10 @@ Command unsetCommand()
     command.group = Group::change;
     command.otherNames = {"reset", "delete", "remove"};
     command.summary = "Removes the stored value; the default holds again";
-    command.options = {Option("KEY", key.get(), keyHelp).required().completedBy(Candidates::storedKeys)};
+    command.options = {Option("KEY", key.get(), "The preference").required().completedBy(Candidates::storedKeys)};
     command.examples = {{"editor-settings unset exportPath", "From now on the default holds."}};
     command.stores = always(StoreUse::read);
+    command.studio = StudioUse::change;
     command.run = [key](Invocation const& invocation) {
         unsetPreference(*invocation.application, *key);
         return 0;
@@ -577,6 +460,7 @@ Command explainCommand()
     command.options = withFormat(words->format, jsonHelpWithBytes, {keyOption(words->key)});
     command.examples = {{"editor-settings explain exportPath", "Whether it is stored, where and since when, and what the default is."}};
     command.stores = always(StoreUse::read);
+    command.studio = StudioUse::look;
     command.run = [words](Invocation const& invocation) {
         explainPreference(*invocation.application, words->key, words->format);
         return 0;

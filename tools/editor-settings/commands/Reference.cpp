@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Reference.h"
 
-#include "commands/Output.h"
+#include "commands/values/Output.h"
 #include "terminal/Escaping.h"
 #include "terminal/Table.h"
 #include <Inspection/DeclaredKeys.h>

@@ -19,15 +19,26 @@ inline Studio::Session::Options quiet(std::string const& connection, std::chrono
     Studio::Session::Options options{connection, [](std::string const& key) { return key.compare(0, 5, "local") != 0; }, wait, wait, wait,
                                      wait};
     options.pollWait = std::chrono::hours(24);
+    options.listen = false;
     options.worksOffline = false;
     return options;
 }
 
-/// As above, but the session polls all the time.
+/// As above, but the session polls fifty times a second.
 inline Studio::Session::Options polling(std::string const& connection)
 {
     Studio::Session::Options options = quiet(connection);
     options.pollWait = std::chrono::milliseconds(20);
+    return options;
+}
+
+/// As above, but the server notifies the session, which polls hardly ever.
+inline Studio::Session::Options listening(std::string const& connection)
+{
+    Studio::Session::Options options = quiet(connection);
+    options.listen = true;
+    options.heartbeatWait = std::chrono::hours(24);
+    options.studioWait = std::chrono::milliseconds(0);
     return options;
 }
 
@@ -52,7 +63,8 @@ struct Program {
 
     std::shared_ptr<TestKit::MemoryStorage> local = std::make_shared<TestKit::MemoryStorage>();
     Studio::Session session;
-    std::shared_ptr<ISettingsStorage> store = session.store("common", local);
+    std::shared_ptr<Storage::LayeredStorage> layers = session.store("common", local);
+    std::shared_ptr<ISettingsStorage> store = layers;
 };
 
 /// A test with programs of the users of a studio.
@@ -86,6 +98,16 @@ protected:
         put.locked = locked;
         std::string const answer = SchemaTest::put(user("ada"), put);
         EXPECT_EQ(answer.substr(0, 7), "stored|") << answer;
+    }
+
+    /// Forgets alice and makes her again with the setting "new" of 2, in one moment for those who look. Her layer has another number
+    /// then, and more revisions than after a few changes.
+    void makeAliceAgain() const
+    {
+        std::string statements = hello(1, false) + ';';
+        for (int op = 1; op <= 5; ++op)
+            statements += statement({1, op, false, "common", "new", "int", "2"}) + ';';
+        ask("BEGIN; DELETE FROM settings.layer WHERE name = 'alice'; SET LOCAL SESSION AUTHORIZATION alice; " + statements + "COMMIT");
     }
 
     /// What the server has of a key of the common store in alice's layer, such as "int 7"; empty where it has nothing.

@@ -1,46 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
 // The verb for the administrator of a studio's settings, against a real server.
-#include "Tool.h"
+#include "support/StudioTool.h"
 
-#include <studio/support/Cluster.h>
-
-#include <optional>
-
-class StudioVerb : public Tool {
+class StudioVerb : public StudioTool {
 protected:
-    void SetUp() override
-    {
-        for (char const* const variable :
-             {"PGHOST", "PGHOSTADDR", "PGPORT", "PGUSER", "PGDATABASE", "PGPASSWORD", "PGSERVICE", "PGSERVICEFILE"})
-            ::unsetenv(variable);
-        if (!Cluster::obstacle().empty()) {
-            if (std::getenv("CI"))
-                FAIL() << Cluster::obstacle();
-            GTEST_SKIP() << Cluster::obstacle();
-        }
-        m_server.emplace();
-        m_server->ask("CREATE DATABASE studio");
-    }
-
-    std::string connection(std::string const& role = "postgres") const { return m_server->connection(role, "studio"); }
-    // What follows the server's name on a line.
-    static std::string told(std::string const& line, std::string const& marker)
-    {
-        std::size_t const begin = line.find(marker);
-        return begin == std::string::npos ? line : line.substr(begin);
-    }
     std::string schemas() const { return m_server->ask("SELECT count(*) FROM pg_namespace WHERE nspname = 'settings'", "studio"); }
-    std::string product(std::string const& studio) const
-    {
-        return m_home
-            .write("product.json", R"({"vendorName": "V", "productName": "P", "sharedDataFolderName": "S", "productKind": 0,
-                                      "projectFileExtensions": [], "resourcesRoot": "r", "studio": ")" +
-                                       studio + "\"}")
-            .string();
-    }
-
-    std::optional<Cluster> m_server;
 };
 
 constexpr char const* roles =

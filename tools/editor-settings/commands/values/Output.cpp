@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "commands/Output.h"
+#include "commands/values/Output.h"
 
 #include "terminal/Escaping.h"
 #include <Inspection/RowDifference.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "commands/StudioServer.h"
+#include "studio/Migration.h"
 
 #include "terminal/Escaping.h"
 
