@@ -31,9 +31,17 @@ using namespace std::chrono_literals;
 
 // --- One program ---
 
+// Without a file on the workstation: what is measured is the way to the server.
+Studio::Session::Options optionsOf(std::string const& connection)
+{
+    Studio::Session::Options options{connection, [](std::string const&) { return true; }};
+    options.worksOffline = false;
+    return options;
+}
+
 struct Surroundings {
     Server server{4};
-    Studio::Session session{{server.connection(0), [](std::string const&) { return true; }}};
+    Studio::Session session{optionsOf(server.connection(0))};
     std::shared_ptr<ISettingsStorage> shared = session.store("common", std::make_shared<TestKit::MemoryStorage>());
     TestKit::MemoryStorage memory;
     QTemporaryDir folder;

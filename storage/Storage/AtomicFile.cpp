@@ -30,21 +30,6 @@ void syncFolder(fs::path const& folder)
     ::close(descriptor);
 }
 
-void createFolders(fs::path const& folder)
-{
-    std::error_code error;
-    if (fs::exists(folder, error))
-        return;
-    if (error)
-        throwSystemError(folder, "create the folder", error.value());
-    createFolders(folder.parent_path());
-    if (::mkdir(folder.c_str(), 0700) == 0)
-        ::chmod(folder.c_str(), 0700); // a umask may remove the owner's rights too
-    else if (errno != EEXIST)
-        throwSystemError(folder, "create the folder", errno);
-    syncFolder(folder.parent_path());
-}
-
 // A new file before it gets its name. It is nameless, so that a killed process leaves nothing behind, or has a temporary
 // name where the file system or a missing /proc does not support nameless files.
 class Draft {
@@ -127,6 +112,21 @@ int errorOfWriting(fs::path const& file, std::string const& content, Draft::Name
 }
 
 } // namespace
+
+void createFolders(fs::path const& folder)
+{
+    std::error_code error;
+    if (fs::exists(folder, error))
+        return;
+    if (error)
+        throwSystemError(folder, "create the folder", error.value());
+    createFolders(folder.parent_path());
+    if (::mkdir(folder.c_str(), 0700) == 0)
+        ::chmod(folder.c_str(), 0700); // a umask may remove the owner's rights too
+    else if (errno != EEXIST)
+        throwSystemError(folder, "create the folder", errno);
+    syncFolder(folder.parent_path());
+}
 
 bool writeNewFile(fs::path const& file, std::string const& content, char const* attempt)
 {

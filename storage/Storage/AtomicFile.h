@@ -9,6 +9,9 @@
 
 namespace Storage {
 
+/// Creates `folder` and the folders above it where they are missing, with mode 0700. Throws a `StorageError`.
+void createFolders(std::filesystem::path const& folder);
+
 /// Writes `content` to the new file `file`, with mode 0600, and creates missing folders above it with 0700; all is on disk
 /// when it returns. Returns false and changes nothing where `file` exists. Throws a `StorageError` of `attempt`.
 bool writeNewFile(std::filesystem::path const& file, std::string const& content, char const* attempt);

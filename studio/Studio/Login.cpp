@@ -195,6 +195,17 @@ int awaitEvents(int socket, short events, int interrupt, Clock::time_point deadl
     }
 }
 
+std::string identityOf(std::string const& connection)
+{
+    Settings const settings = effectiveSettings(connection);
+    if (settingIn(settings, "port").empty())
+        return {};
+    std::string identity;
+    for (char const* const keyword : {"host", "hostaddr", "port", "dbname", "user"})
+        identity += keyword + ('=' + settingIn(settings, keyword)) + '\n';
+    return identity;
+}
+
 Login login(std::string const& connection, Clock::time_point deadline)
 {
     Target const target = targetOf(connection);

@@ -22,6 +22,10 @@ struct Login {
 /// sockets (names, files, Kerberos) blocks for as long as it likes.
 Login login(std::string const& connection, std::chrono::steady_clock::time_point deadline);
 
+/// Which server and user `connection` stands for, with its service and the environment: host, port, database and user, a line
+/// each, and no password. Empty where it cannot be read.
+std::string identityOf(std::string const& connection);
+
 /// Waits until `socket` has one of `events`, or `interrupt` can be read, or the deadline is over: 0 then. Returns what
 /// `poll` says of the socket, and of the interrupt as POLLIN in the upper half. -1 stands for no descriptor.
 int awaitEvents(int socket, short events, int interrupt, std::chrono::steady_clock::time_point deadline);

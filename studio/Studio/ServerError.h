@@ -50,6 +50,16 @@ private:
     std::string m_sqlState;
 };
 
+/// The parts of an error, as threads hand them to each other.
+struct Failure {
+    ServerError::Reason reason; ///< As `ServerError::reason` returns it; the others likewise.
+    std::string host;
+    std::string sqlState;
+
+    /// The error of these parts.
+    ServerError error() const { return {reason, host, sqlState}; }
+};
+
 /// The reason behind `sqlState`.
 ServerError::Reason reasonOf(std::string const& sqlState);
 

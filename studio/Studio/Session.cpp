@@ -23,7 +23,7 @@ try {
 Session::Session(Options const& options) : m_core(std::make_shared<SessionCore>(options)), m_thread([core = m_core] { core->run(); })
 {
     // Whether it succeeds or not: `status` tells.
-    succeeds([&] { m_core->awaitConnection(SessionCore::Clock::now() + options.firstWait); });
+    succeeds([&] { m_core->awaitConnection(SessionCore::Clock::now() + m_core->firstWait()); });
 }
 
 Session::~Session()

@@ -2,21 +2,33 @@
 #pragma once
 
 #include <Storage/LayeredStorage.h>
+#include <Storage/StorageError.h>
 #include <Studio/ServerError.h>
 
 #include <chrono>
+#include <cstddef>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <thread>
+#include <vector>
 
 /// Settings that the workstations of a studio share, on a PostgreSQL server.
 namespace Studio {
 
 class SessionCore;
 
-/// What a session knows of its server.
+/// A change that the server refused after its call had returned.
+struct Refused {
+    std::string store; ///< The store's name.
+    std::string key;
+    ServerError error;                          ///< Why. It names no server where an earlier program was told.
+    std::chrono::system_clock::time_point when; ///< By this workstation's clock.
+};
+
+/// What a session knows of its server, and what it keeps for it.
 struct Status {
     /// How changes of others arrive.
     enum class Hearing {
@@ -38,6 +50,17 @@ struct Status {
     /// When the server was last found to have another history than this session had read, after a failover, a restored backup or
     /// because the user was forgotten: reads may have gone back then. Nullopt where it never was.
     std::optional<std::chrono::system_clock::time_point> historyChanged;
+    /// The file on this workstation that keeps what the server has, and changes until it has them; nullopt where there is none, so that
+    /// a change needs the server.
+    std::optional<std::filesystem::path> outbox;
+    /// Why there is none, for each folder that was tried; or the last error of the file, which may then lack what came since.
+    std::vector<Storage::StorageError> obstacles;
+    /// Earlier outboxes that were damaged and moved aside: changes that are in them were perhaps never sent.
+    std::vector<std::filesystem::path> damaged;
+    /// How many changes of this program, and of those whose work it goes on with, wait for the server.
+    std::size_t pending = 0;
+    /// The last changes that the server refused, up to 100, of all programs of the user on this workstation. The oldest is the first.
+    std::vector<Refused> refused;
 };
 
 /// A preference that the studio has locked.
@@ -57,14 +80,22 @@ struct Lock {
 /// Connection: one thread of the session's keeps it, and connects again by itself: after a random part of 0.25 s, doubled with
 ///   each failure up to 30 s, or up to 5 min where the login is refused. Calls in between try at once, unless the last try
 ///   waited in vain or was refused.
-/// Changes: of a key that roams, the server has them on disk when the call returns. One that throws with the code
-///   `unreachable` after the connection was lost may have been stored or not; the next `synchronise` shows it. One whose
-///   connection is lost is sent once more, and done once.
-/// Conflicts: of two changes the later one holds; the server keeps the other one for 90 days.
+/// Changes: of a key that roams, this workstation has them on disk when the call returns, in `Status::outbox`; the server has them
+///   too, unless it took longer than `Options::writeWait` or was known to be away. What waits is sent in its order, each change once,
+///   by this program or the next one of the user's here. `Status::pending` counts it.
+/// Refusals: a change that the server refuses, because the key was locked meanwhile or the account lost its rights, throws where
+///   the answer comes in time. Else it is undone, `onChange` tells, and `Status::refused` lists it. The others go on.
+/// Without an outbox: a change needs the server, which has it on disk when the call returns. One that throws with the code
+///   `unreachable` after the connection was lost may have been stored or not; the next `synchronise` shows it.
+/// Conflicts: a change that was made in knowledge of the server's value holds, of others the later one, by their age and by no clock
+///   that is set; the server keeps the other one for 90 days.
+/// Processes: those of one user share the outbox. They see each other's changes once the server has them. A process that was
+///   forked from one with a session can change nothing.
 /// Keys and values: of any bytes; keys up to 4096 bytes, values up to 16 MiB.
 /// Threads: any thread may call. One thread of the session's talks to the server; calls that need it take turns.
 /// Errors: `Storage::StorageError`, whose text holds no key, no value and no password. `locked` is the code for a key that
-///   the studio locked, `tooLarge` for a longer key or value, `unreachable` for a server that does not answer.
+///   the studio locked, `tooLarge` for a longer key or value, `unreachable` for a server that does not answer and is needed, `full`
+///   for a workstation without room. A call that throws has changed nothing but for `unreachable`, as above.
 class Session {
 public:
     /// What a host may choose.
@@ -74,9 +105,9 @@ public:
         std::string connection;
         /// Whether a key is kept on the server. Called by any thread. Without it, no key is.
         std::function<bool(std::string const& key)> roams;
-        /// How long the constructor waits for the server.
+        /// How long the constructor waits for the server where nothing is known of it yet.
         std::chrono::milliseconds firstWait{3000};
-        /// How long a change waits for its answer.
+        /// How long a change waits for its answer where it is not kept on the workstation.
         std::chrono::milliseconds changeWait{10000};
         /// The longest that a connection may take, from the lookup of the name to the end of the login.
         std::chrono::milliseconds connectWait{3000};
@@ -93,10 +124,19 @@ public:
         /// The longest that a session waits, for a time at random, before it asks what changed for all users, so that a studio's
         /// sessions do not all ask at once.
         std::chrono::milliseconds studioWait{200};
+        /// How long the constructor waits for the server where the workstation knows its values of an earlier time.
+        std::chrono::milliseconds startWait{500};
+        /// How long a change that is kept on the workstation waits for the server's answer.
+        std::chrono::milliseconds writeWait{250};
+        /// Whether changes are kept on the workstation while the server cannot be reached.
+        bool worksOffline = true;
+        /// Where they are kept. Empty, and where it is on no local disk: in "editor-settings" of the folder for states (XDG_STATE_HOME),
+        /// and where that is on none, in a folder of this user's in /var/tmp.
+        std::filesystem::path folder{};
     };
 
-    /// Connects, and reads what the server has. Where it does not answer in time, the session works without it until a later
-    /// call reaches it; `status` says why.
+    /// Reads what the workstation knows of the server, connects, and reads what is new. Where the server does not answer in time, the
+    /// session works without it until it can be reached; `status` says why.
     explicit Session(Options const& options);
     /// Ends within a second, whatever the server does. Stores that outlive the session can be read, and refuse changes.
     ~Session();
@@ -107,8 +147,8 @@ public:
     /// that do not roam.
     std::shared_ptr<Storage::LayeredStorage> store(std::string const& name, std::shared_ptr<ISettingsStorage> const& local);
 
-    /// Afterwards reads show every change that the server had acknowledged, to anybody, before the call. False where that could
-    /// not be reached in time.
+    /// Sends what waits, unless the server takes no change now. Afterwards reads show every change that the server had acknowledged,
+    /// to anybody, before the call, below what still waits. False where that could not be reached in time.
     bool synchronise(std::chrono::milliseconds deadline);
     /// Has `listener` called for each key whose value or lock somebody else changed at the server, for all users or for this one,
     /// once reads show it. What reads give may be the same as before: the other layer may decide. A change of this program whose

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <Studio/SessionCore.h>
 
+#include <Studio/ClientName.h>
+
 #include <algorithm>
 #include <random>
+#include <utility>
 
 #include <signal.h>
 
@@ -15,25 +18,16 @@ using Layer = Snapshot::Layer;
 
 namespace {
 
-// A name that no other program has, in the form of a UUID.
-std::string freshName()
+SharedRow rowIn(Rows const& rows, int row)
 {
-    std::random_device device;
-    std::string name;
-    for (int const part : {8, 4, 4, 4, 12}) {
-        name += name.empty() ? "" : "-";
-        for (int digit = 0; digit < part; ++digit)
-            name += "0123456789abcdef"[device() % 16];
+    SharedRow result{std::string(rows.bytes(row, 2)), std::string(rows.bytes(row, 3)), std::nullopt, false, {}, 0};
+    if (!rows.isNull(row, 4)) {
+        result.value = {std::string(rows.bytes(row, 4)), std::string(rows.bytes(row, 5))};
+        result.locked = rows.integer(row, 6) != 0;
+        result.changedBy = rows.bytes(row, 7);
+        result.changedAt = rows.integer(row, 8);
     }
-    return name;
-}
-
-std::shared_ptr<Setting const> settingIn(Rows const& rows, int row)
-{
-    if (rows.isNull(row, 4))
-        return nullptr;
-    return std::make_shared<Setting const>(Setting{valueOf(rows.bytes(row, 4), rows.bytes(row, 5)), rows.integer(row, 6) != 0,
-                                                   std::string(rows.bytes(row, 7)), rows.time(row, 8), std::string(rows.bytes(row, 4))});
+    return result;
 }
 
 Connection::Options connectionOptions(Session::Options const& options)
@@ -53,6 +47,15 @@ std::string news(bool hasEpoch)
 
 constexpr char const* studioChannel = "settings_studio";
 
+// Whether the server will never take the change. Its own troubles, which these classes of codes stand for, end.
+bool isRefusal(ServerError const& error)
+{
+    std::string const family = error.sqlState().substr(0, 2);
+    Reason const reason = error.reason();
+    return reason == Reason::locked || reason == Reason::denied || reason == Reason::tooLarge ||
+           (reason == Reason::rejected && family != "58" && family != "XX");
+}
+
 bool isLoss(Reason reason) { return reason == Reason::lost || reason == Reason::unreachable; }
 
 // A role that was dropped and made again has its rights on new connections only.
@@ -61,8 +64,26 @@ bool mayHelpToConnect(Reason reason) { return isLoss(reason) || reason == Reason
 } // namespace
 
 SessionCore::SessionCore(Session::Options const& options)
-    : m_options(options), m_connection(connectionOptions(options)), m_random(std::random_device()()), m_client(freshName())
-{}
+    : m_options(options),
+      m_outgoing(options, m_snapshot),
+      m_connection(connectionOptions(options)),
+      m_random(std::random_device()()),
+      m_client(m_outgoing.outbox() ? m_outgoing.outbox()->client(m_outgoing.outbox()->lane()) : newClientName()),
+      m_keptEpoch(m_outgoing.known().epoch),
+      m_epoch(m_keptEpoch),
+      m_userRevision(m_outgoing.known().layers[0].revision),
+      m_studioRevision(m_outgoing.known().layers[1].revision)
+{
+    m_knownEpoch = m_epoch;
+    m_knownRevision = m_userRevision;
+    if (!m_epoch.empty())
+        m_status.asOf = std::chrono::system_clock::time_point(std::chrono::milliseconds(m_outgoing.known().asOf));
+}
+
+std::chrono::milliseconds SessionCore::firstWait() const
+{
+    return m_outgoing.known().epoch.empty() ? m_options.firstWait : m_options.startWait;
+}
 
 void SessionCore::demand(Clock::time_point deadline, std::function<void()> work)
 {
@@ -83,7 +104,25 @@ void SessionCore::demand(Clock::time_point deadline, std::function<void()> work)
         throw failure->error();
 }
 
+// The outbox keeps the change. The server's answer is waited for only where one may come soon, and not by the thread that
+// sends.
 void SessionCore::change(std::string const& store, std::string const& key, std::optional<Value> const& value)
+{
+    std::unique_lock lock(m_mutex);
+    bool const waits = !m_problem && !m_sendProblem && m_thread != std::this_thread::get_id();
+    std::string const epoch = m_knownEpoch;
+    std::int64_t const base = m_knownRevision;
+    lock.unlock();
+    std::future<Outgoing::Answer> answer = m_outgoing.add(store, key, value, epoch, base);
+    if (!answer.valid())
+        return changeAtServer(store, key, value);
+    m_wake.raise();
+    if (waits && answer.wait_for(m_options.writeWait) == std::future_status::ready)
+        if (Outgoing::Answer const failure = answer.get())
+            throw failure->error();
+}
+
+void SessionCore::changeAtServer(std::string const& store, std::string const& key, std::optional<Value> const& value)
 {
     auto const deadline = Clock::now() + m_options.changeWait;
     auto const setting = value ? std::make_shared<Setting const>(Setting{*value, false, {}, {}, {}}) : nullptr;
@@ -97,15 +136,21 @@ void SessionCore::awaitConnection(Clock::time_point deadline)
 
 void SessionCore::synchronise(Clock::time_point deadline)
 {
-    demand(deadline, [this, deadline, asked = Clock::now()] { exchange(deadline, [this, asked] { catchUp(asked); }); });
+    demand(deadline, [this, deadline, asked = Clock::now()] {
+        exchange(deadline, [this, asked] {
+            sendAll();
+            catchUp(asked);
+        });
+    });
 }
 
 Status SessionCore::status() const
 {
     std::lock_guard const lock(m_mutex);
     Status status = m_status;
-    if (m_problem)
-        status.problem = m_problem->error();
+    if (std::optional<Failure> const& problem = m_problem ? m_problem : m_sendProblem)
+        status.problem = problem->error();
+    m_outgoing.report(status);
     return status;
 }
 
@@ -159,6 +204,7 @@ void SessionCore::run()
     while (std::shared_ptr<Request> const request = next())
         request->done.set_value(Failure{Reason::interrupted, m_connection.host(), ""});
     m_listener.set({});
+    m_outgoing.close();
     m_connection.close();
 }
 
@@ -171,6 +217,9 @@ void SessionCore::step()
         perform(ownRequest);
     } else if (std::shared_ptr<Request> const request = next()) {
         perform(*request);
+    } else if (mustSend()) {
+        Request sending{Clock::time_point::max(), [this] { exchange(Clock::time_point::max(), [this] { sendNext(); }); }, {}};
+        perform(sending);
     } else {
         rest();
     }
@@ -208,7 +257,8 @@ void SessionCore::hear()
 
 void SessionCore::rest()
 try {
-    m_connection.rest(m_wake, nextLook());
+    bool const waitsToSend = m_connection.isOpen() && m_outgoing.first();
+    m_connection.rest(m_wake, waitsToSend ? std::min(nextLook(), m_nextSend) : nextLook());
     m_wake.lower();
 } catch (ServerError const& error) {
     note(Failure{error.reason(), error.host(), error.sqlState()});
@@ -274,6 +324,7 @@ void SessionCore::connect()
     }
     m_backoff.connected();
     m_nextPoll = nextPoll();
+    m_nextSend = {};
 }
 
 // Another epoch is another history, in which the same revisions may stand for other changes. The lock that has writers notify is taken
@@ -285,6 +336,7 @@ void SessionCore::greet()
         m_connection.execute("SELECT epoch, hears, user_layer, pg_catalog.pg_backend_pid() FROM settings.hello_v1($1, $2)",
                              {Parameter::literal(m_client), Parameter::literal(std::to_string(m_options.listen ? backend : 0))});
     std::string const epoch(rows.bytes(0, 0));
+    m_greeted.clear();
     if (!m_epoch.empty() && epoch != m_epoch)
         forgetRevisions();
     m_epoch = epoch;
@@ -345,44 +397,50 @@ void SessionCore::fetch(bool checksEpoch)
     m_status.asOf = std::chrono::system_clock::now();
 }
 
-// Those that were asked for from the beginning.
-std::vector<Layer> SessionCore::layersWithoutRevision() const
-{
-    std::vector<Layer> layers;
-    if (m_userRevision == 0)
-        layers.push_back(Layer::user);
-    if (m_studioRevision == 0)
-        layers.push_back(Layer::studio);
-    return layers;
-}
-
 // False where the server's history turns out to be another one, which has to be read from its beginning.
 bool SessionCore::takeOver(Rows const& rows)
 {
-    std::vector<Snapshot::Change> changes;
+    News fresh{m_epoch, {LayerNews{m_userRevision, m_userRevision, {}}, LayerNews{m_studioRevision, m_studioRevision, {}}}, 0};
     bool hasUser = false;
-    std::int64_t revisions[] = {m_userRevision, m_studioRevision};
     for (int row = 0; row < rows.count(); ++row) {
-        Layer const layer = rows.integer(row, 0) != 0 ? Layer::studio : Layer::user;
-        std::int64_t& revision = revisions[static_cast<std::size_t>(layer)];
-        if (rows.integer(row, 1) < revision) {
+        bool const isStudio = rows.integer(row, 0) != 0;
+        LayerNews& layer = fresh.layers[isStudio];
+        if (rows.integer(row, 1) < layer.revision) {
             forgetRevisions();
             return false;
         }
-        revision = rows.integer(row, 1);
+        layer.revision = rows.integer(row, 1);
         if (!rows.isNull(row, 3))
-            changes.push_back({layer, std::string(rows.bytes(row, 2)), std::string(rows.bytes(row, 3)), settingIn(rows, row)});
-        hasUser = hasUser || layer == Layer::user;
+            layer.rows.push_back(rowIn(rows, row));
+        hasUser = hasUser || !isStudio;
     }
     // Somebody had the server forget the user: only a new greeting helps.
     if (!hasUser)
         throw ServerError(Reason::lost, m_connection.host());
-    std::set<Snapshot::Place> changed = m_snapshot.apply(changes, layersWithoutRevision());
+    fresh.asOf = Moment::now().timeOfDay;
+    takeOver(fresh);
+    return true;
+}
+
+void SessionCore::takeOver(News const& fresh)
+{
+    LayerNews const& user = fresh.layers[0];
+    LayerNews const& studio = fresh.layers[1];
+    std::vector<Layer> forgotten;
+    if (user.since == 0)
+        forgotten.push_back(Layer::user);
+    if (studio.since == 0)
+        forgotten.push_back(Layer::studio);
+    std::set<Snapshot::Place> changed = m_snapshot.apply(changesOf(fresh), forgotten);
     if (m_listener.isSet())
         m_news.merge(changed);
-    m_userRevision = revisions[0];
-    m_studioRevision = revisions[1];
-    return true;
+    m_userRevision = user.revision;
+    m_studioRevision = studio.revision;
+    if (fresh.epoch != std::exchange(m_keptEpoch, fresh.epoch) || user.revision != user.since || studio.revision != studio.since)
+        m_outgoing.keep(fresh);
+    std::lock_guard const lock(m_mutex);
+    m_knownEpoch = m_epoch;
+    m_knownRevision = m_userRevision;
 }
 
 // Does `work` with a connection, and with a new one once more where it breaks: an idle one may be long dead.
@@ -404,10 +462,13 @@ void SessionCore::exchange(Clock::time_point deadline, std::function<void()> con
 // the server knows whether it has it.
 void SessionCore::put(Snapshot::Change const& change, Clock::time_point deadline)
 try {
-    std::int64_t const operation = ++m_operation;
-    bool isStored = false;
-    exchange(deadline, [&] { isStored = send(change, operation); });
-    if (isStored)
+    std::int64_t const number = ++m_operation;
+    auto const value = change.setting ? std::optional(storedValue(change.setting->value)) : std::nullopt;
+    std::int64_t revision = 0;
+    exchange(deadline, [&] {
+        revision = send({0, 0, number, change.store, change.key, value, Moment::now(), m_epoch, m_userRevision}, m_client);
+    });
+    if (revision > 0)
         m_snapshot.apply({change});
     else
         fetch();
@@ -417,17 +478,91 @@ try {
     throw;
 }
 
-// Whether the value is what the server has now, rather than a later one.
-bool SessionCore::send(Snapshot::Change const& change, std::int64_t operation)
+bool SessionCore::mustSend() const { return m_connection.isOpen() && Clock::now() >= m_nextSend && m_outgoing.first(); }
+
+// What waits now, and not what comes meanwhile, or a program that changes without pause would keep this from its end.
+void SessionCore::sendAll()
 {
-    StoredValue const stored = change.setting ? storedValue(change.setting->value) : StoredValue();
-    bool const isRemoval = !change.setting;
+    m_nextSend = {};
+    for (std::size_t left = m_outgoing.count(); left > 0 && mustSend(); --left)
+        sendNext();
+}
+
+// A change that the server cannot take now keeps the others waiting: they are to arrive in their order.
+void SessionCore::sendNext()
+try {
+    if (std::shared_ptr<Outgoing::Change> const change = m_outgoing.first())
+        sendOne(*change);
+    m_sendBackoff.connected();
+    std::lock_guard const lock(m_mutex);
+    m_sendProblem.reset();
+} catch (Storage::StorageError const& error) {
+    m_outgoing.note(error);
+    postpone(std::nullopt);
+} catch (ServerError const& error) {
+    if (!m_connection.isOpen() || isLoss(error.reason()))
+        throw;
+    postpone(Failure{error.reason(), error.host(), error.sqlState()});
+}
+
+void SessionCore::postpone(std::optional<Failure> const& problem)
+{
+    m_nextSend = Clock::now() + m_sendBackoff.failed(Backoff::Failure::unreachable);
+    std::lock_guard const lock(m_mutex);
+    m_sendProblem = problem;
+}
+
+// Where the server's value is not the change's in the end, reads may change: the listener hears of it.
+void SessionCore::sendOne(Outgoing::Change& change)
+{
+    Outbox::Operation const& operation = change.operation;
+    std::string const& client = greetLane(operation.lane);
+    std::int64_t revision = 0;
+    try {
+        revision = send(operation, client);
+    } catch (ServerError const& error) {
+        if (!isRefusal(error))
+            throw;
+        if (error.reason() == Reason::locked)
+            fetch();
+        m_outgoing.refused(change, Failure{error.reason(), error.host(), error.sqlState()});
+        m_news.emplace(operation.store, operation.key);
+        return;
+    }
+    if (revision > 0)
+        return m_outgoing.stored(change, m_epoch, revision);
+    fetch();
+    m_outgoing.overtaken(change);
+    m_news.emplace(operation.store, operation.key);
+}
+
+// Says hello for a lane, once for each connection. Returns its name.
+std::string const& SessionCore::greetLane(std::int64_t lane)
+{
+    if (auto const greeted = m_greeted.find(lane); greeted != m_greeted.end())
+        return greeted->second;
+    std::string name = m_outgoing.outbox()->client(lane);
+    for (std::string asked; asked != name;) {
+        asked = name;
+        Rows const rows = m_connection.execute("SELECT last_op FROM settings.hello_v1($1, 0)", {Parameter::literal(asked)});
+        name = m_outgoing.outbox()->client(lane, rows.integer(0, 0));
+    }
+    return m_greeted[lane] = name;
+}
+
+// The revision at which the server stored the change; 0 where it has a later one, or had this one before. What was known of
+// another history counts for nothing.
+std::int64_t SessionCore::send(Outbox::Operation const& operation, std::string const& client)
+{
+    auto const& value = operation.value;
+    std::int64_t const base = operation.epoch == m_epoch ? operation.base : 0;
     Rows const rows = m_connection.execute(
-        "SELECT outcome FROM settings.put_v1($1, $2, false, $3, $4, $5, $6, false, 0, $7)",
-        {Parameter::literal(m_client), Parameter::literal(std::to_string(operation)), Parameter::raw(change.store),
-         Parameter::raw(change.key), isRemoval ? Parameter::null() : Parameter::raw(std::string(stored.kind)),
-         isRemoval ? Parameter::null() : Parameter::raw(stored.bytes), Parameter::literal(std::to_string(m_userRevision))});
-    return rows.bytes(0, 0) == "stored";
+        "SELECT outcome, revision FROM settings.put_v1($1, $2, false, $3, $4, $5, $6, false, $7, $8)",
+        {Parameter::literal(client), Parameter::literal(std::to_string(operation.number)), Parameter::raw(operation.store),
+         Parameter::raw(operation.key), value ? Parameter::raw(value->kind) : Parameter::null(),
+         value ? Parameter::raw(value->bytes) : Parameter::null(),
+         Parameter::literal(std::to_string(age(operation.written, Moment::now()))), Parameter::literal(std::to_string(base))});
+    return rows.bytes(0, 0) == "stored" ? rows.integer(0, 1) : 0;
 }
 
 } // namespace Studio

@@ -6,9 +6,11 @@
 #include <Studio/Listener.h>
 #include <Studio/Session.h>
 #include <Studio/Snapshot.h>
+#include <Studio/outbox/Outgoing.h>
 
 #include <deque>
 #include <future>
+#include <map>
 #include <mutex>
 #include <random>
 #include <set>
@@ -31,7 +33,10 @@ public:
 
     /// Whether a key is kept on the server.
     bool roams(std::string const& key) const { return m_options.roams && m_options.roams(key); }
-    /// Sets a key of the user's layer, or removes it where there is no value. Throws `ServerError`.
+    /// How long the start waits for the server.
+    std::chrono::milliseconds firstWait() const;
+    /// Sets a key of the user's layer, or removes it where there is no value. Throws `ServerError`, and where the outbox cannot keep
+    /// the change `Storage::StorageError`.
     void change(std::string const& store, std::string const& key, std::optional<Value> const& value);
     /// Waits for the first connection, or for what is in its way. Throws `ServerError`.
     void awaitConnection(Clock::time_point deadline);
@@ -47,20 +52,13 @@ public:
     std::string host() const;
 
 private:
-    // An error's parts, as threads hand them to each other.
-    struct Failure {
-        ServerError::Reason reason;
-        std::string host;
-        std::string sqlState;
-        ServerError error() const { return {reason, host, sqlState}; }
-    };
-
     struct Request {
         Clock::time_point deadline;
         std::function<void()> work;
         std::promise<std::optional<Failure>> done;
     };
 
+    void changeAtServer(std::string const& store, std::string const& key, std::optional<Value> const& value);
     void demand(Clock::time_point deadline, std::function<void()> work);
     std::shared_ptr<Request> next();
     bool isEnding() const;
@@ -83,13 +81,20 @@ private:
     void catchUp(Clock::time_point moment, bool checksEpoch = false);
     void fetch(bool checksEpoch = false);
     bool takeOver(Rows const& rows);
-    std::vector<Snapshot::Layer> layersWithoutRevision() const;
+    void takeOver(News const& fresh);
     void put(Snapshot::Change const& change, Clock::time_point deadline);
-    bool send(Snapshot::Change const& change, std::int64_t operation);
+    bool mustSend() const;
+    void sendAll();
+    void sendNext();
+    void sendOne(Outgoing::Change& change);
+    std::string const& greetLane(std::int64_t lane);
+    std::int64_t send(Outbox::Operation const& operation, std::string const& client);
+    void postpone(std::optional<Failure> const& problem);
     void note(std::optional<Failure> const& problem);
 
     Session::Options const m_options;
     Snapshot m_snapshot;
+    Outgoing m_outgoing;
     Listener m_listener;
     Signal m_wake; // raised when something is asked for, or at the end
 
@@ -99,6 +104,9 @@ private:
     bool m_ends = false;
     Status m_status; // but for the problem
     std::optional<Failure> m_problem;
+    std::optional<Failure> m_sendProblem; // why the server takes no change, although it answers
+    std::string m_knownEpoch;             // as below, as the snapshot has it at least
+    std::int64_t m_knownRevision = 0;
     std::string m_host = "the studio's server";
 
     // For the thread of `run` alone, but for an interruption.
@@ -114,6 +122,10 @@ private:
     Clock::time_point m_fetched = Clock::time_point::min(); // when the last fetch that succeeded began
     std::set<Snapshot::Place> m_news;                       // what the listener has not been called for
     std::string const m_client;
+    std::map<std::int64_t, std::string> m_greeted; // the names of the lanes that the connection has said hello for
+    Backoff m_sendBackoff;
+    Clock::time_point m_nextSend; // while there is a connection
+    std::string m_keptEpoch;      // of the outbox
     std::string m_epoch;
     std::int64_t m_operation = 0;
     std::int64_t m_userRevision = 0;

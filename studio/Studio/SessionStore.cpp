@@ -12,6 +12,7 @@ using Storage::Layer;
 namespace {
 
 constexpr char const* toChange = "change a setting";
+constexpr std::size_t longestName = 255;
 constexpr std::size_t longestKey = 4096;
 constexpr std::size_t longestValue = 16 << 20;
 
@@ -75,7 +76,7 @@ void SessionStore::demandUnlocked(std::string const& key) const
 
 void SessionStore::change(std::string const& key, std::optional<Value> const& value)
 try {
-    if (key.size() > longestKey || (value && storedValue(*value).bytes.size() > longestValue))
+    if (m_name.size() > longestName || key.size() > longestKey || (value && storedValue(*value).bytes.size() > longestValue))
         throw ServerError(Reason::tooLarge, m_core->host());
     m_core->change(m_name, key, value);
 } catch (ServerError const& error) {

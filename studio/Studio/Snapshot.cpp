@@ -3,6 +3,7 @@
 
 #include <Storage/Kind.h>
 
+#include <algorithm>
 #include <charconv>
 #include <mutex>
 
@@ -106,9 +107,31 @@ std::shared_ptr<Setting const> Snapshot::findIn(Stores const& stores, std::strin
     return found == keys->second.end() ? nullptr : found->second;
 }
 
+void Snapshot::cover(std::int64_t number, Change const& change)
+{
+    std::unique_lock const lock(m_mutex);
+    m_covers[{change.store, change.key}].push_back({number, change.setting});
+}
+
+void Snapshot::lift(std::int64_t number, Place const& place, std::optional<Change> const& stored)
+{
+    std::unique_lock const lock(m_mutex);
+    std::vector<Cover>& covers = m_covers[place];
+    covers.erase(std::remove_if(covers.begin(), covers.end(), [&](Cover const& cover) { return cover.number == number; }), covers.end());
+    if (covers.empty())
+        m_covers.erase(place);
+    if (stored && stored->setting)
+        m_layers[0][stored->store].insert_or_assign(stored->key, stored->setting);
+    else if (stored)
+        m_layers[0][stored->store].erase(stored->key);
+}
+
 Snapshot::Found Snapshot::find(std::string const& store, std::string const& key) const
 {
     std::shared_lock const lock(m_mutex);
+    if (!m_covers.empty())
+        if (auto const covers = m_covers.find({store, key}); covers != m_covers.end())
+            return {covers->second.back().setting, findIn(m_layers[1], store, key)};
     return {findIn(m_layers[0], store, key), findIn(m_layers[1], store, key)};
 }
 

@@ -23,7 +23,7 @@ using Value = std::variant<std::monostate, bool, int, std::string, std::vector<u
 
 /// What the server keeps of a value: the stored word of its kind, and its bytes, which are text but for the kind "bytes".
 struct StoredValue {
-    std::string_view kind;
+    std::string kind;
     std::string bytes;
 };
 
@@ -66,6 +66,11 @@ public:
     /// Takes over all of `changes` at once, in place of what it has of the layers in `forgotten`. Returns where a layer has another
     /// value now, or another lock, or none of either any more.
     std::set<Place> apply(std::vector<Change> const& changes, std::vector<Layer> const& forgotten = {});
+    /// Shows `change`, of the user's layer, in place of what that has, until `lift` takes it off. `number` tells it from others; of
+    /// several that cover one key the last one shows.
+    void cover(std::int64_t number, Change const& change);
+    /// Takes off what `number` covers the key of `place` with. At the same moment the layer gets `stored`, where there is one.
+    void lift(std::int64_t number, Place const& place, std::optional<Change> const& stored = {});
     Found find(std::string const& store, std::string const& key) const;
     /// The keys for which a layer has something.
     std::set<std::string> keys(std::string const& store) const;
@@ -74,11 +79,17 @@ private:
     using Keys = std::map<std::string, std::shared_ptr<Setting const>>;
     using Stores = std::map<std::string, Keys>;
 
+    struct Cover {
+        std::int64_t number;
+        std::shared_ptr<Setting const> setting;
+    };
+
     std::array<Stores, 2> takeOut(std::vector<Change> const& changes, std::vector<Layer> const& forgotten);
     static std::shared_ptr<Setting const> findIn(Stores const& stores, std::string const& store, std::string const& key);
 
     mutable std::shared_mutex m_mutex;
     std::array<Stores, 2> m_layers;
+    std::map<Place, std::vector<Cover>> m_covers; // of the user's layer; none is empty
 };
 
 } // namespace Studio

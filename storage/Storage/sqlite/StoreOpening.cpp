@@ -40,15 +40,6 @@ constexpr char const* openTheStore = "open the store";
 
 constexpr std::size_t longestPath = 504; // SQLite's limit, beyond which it only reports that it cannot open the file
 
-// The content of a store without values.
-std::string emptyStore()
-{
-    SQLite::Database database(":memory:", SQLite::OPEN_READWRITE);
-    database.exec("PRAGMA application_id = " + std::to_string(storeApplicationId) +
-                  "; PRAGMA user_version = " + std::to_string(SqliteStorage::writtenSchema) + ";" + settingsTable);
-    return snapshotOf(database);
-}
-
 // Clamped to SQLite's `int`, some 24 days.
 int busyMilliseconds(std::chrono::milliseconds duration)
 {
@@ -240,12 +231,22 @@ void checkNoLog(fs::path const& file, char const* attempt, SQLite::Database cons
                            "move the log away: it is not a part of this file");
 }
 
-SQLite::Database openFile(fs::path const& file, SqliteStorage::Options const& options)
+std::string newFile(int applicationId, int schema, std::string const& sql)
+{
+    SQLite::Database database(":memory:", SQLite::OPEN_READWRITE);
+    database.exec("PRAGMA application_id = " + std::to_string(applicationId) + "; PRAGMA user_version = " + std::to_string(schema) + ";" +
+                  sql);
+    return snapshotOf(database);
+}
+
+std::string emptyStore() { return newFile(storeApplicationId, SqliteStorage::writtenSchema, settingsTable); }
+
+SQLite::Database openFile(fs::path const& file, SqliteStorage::Options const& options, std::function<std::string()> const& content)
 {
     bool const exists = isPresent(file, options);
     checkFileSystem(file, openTheStore, options);
     if (!exists)
-        writeNewFile(file, emptyStore(), "create the store"); // a file that another process made first is the store
+        writeNewFile(file, content(), "create the store"); // a file that another process made first is the store
     SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, 0, vfsShim());
     harden(database, Views::read);
     sqlite3_busy_handler(database.getHandle(), retryWhileBusy,

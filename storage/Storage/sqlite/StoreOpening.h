@@ -10,6 +10,7 @@
 #include <SQLiteCpp/Database.h>
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -33,9 +34,15 @@ void checkNoLog(std::filesystem::path const& file, char const* attempt, SQLite::
 /// and SQLite's errors.
 SQLite::Database openStore(std::filesystem::path const& file, SqliteStorage::Options const& options);
 
-/// The steps of `openStore`. First the file, of which only the header is read; then `checkStore`; and at last, outside of
-/// a transaction, how changes are journalled.
-SQLite::Database openFile(std::filesystem::path const& file, SqliteStorage::Options const& options);
+/// The content of a new file: what `sql` makes, under the numbers that tell whose it is and of which version.
+std::string newFile(int applicationId, int schema, std::string const& sql);
+/// The content of a store without values.
+std::string emptyStore();
+
+/// The steps of `openStore`. First the file, of which only the header is read, and which is made with `content` where it is missing;
+/// then `checkStore`; and at last, outside of a transaction, how changes are journalled.
+SQLite::Database openFile(std::filesystem::path const& file, SqliteStorage::Options const& options,
+                          std::function<std::string()> const& content = emptyStore);
 void setJournal(SQLite::Database& database, int synchronous);
 
 /// Throws a `StorageError` about `file`, or SQLite's error, where the open database, which was hardened, is not an undamaged

@@ -47,7 +47,9 @@ void change(ISettingsStorage& store, std::string const& key, int value)
 int main(int, char** argv)
 {
     std::signal(SIGTERM, [](int) { ends = 1; });
-    Studio::Session session({argv[1], [](std::string const&) { return true; }});
+    Studio::Session::Options options{argv[1], [](std::string const&) { return true; }};
+    options.worksOffline = false; // what it says of a change is what the server answered
+    Studio::Session session(options);
     auto const store = session.store("common", std::make_shared<TestKit::MemoryStorage>());
     int const first = std::atoi(argv[2]);
     std::string const keys[] = {"own " + std::to_string(first), "other " + std::to_string(first), "shared"};

@@ -39,10 +39,18 @@ private:
     Studio::Connection m_connection;
 };
 
+// The tool is used with the server: it tells at once what fails, and leaves no file where it only reads.
+Studio::Session::Options optionsOf(std::string const& connection, std::function<bool(std::string const&)> const& roams)
+{
+    Studio::Session::Options options{connection, roams};
+    options.worksOffline = false;
+    return options;
+}
+
 class Server final : public Inspection::StudioServer {
 public:
     Server(std::string const& connection, std::function<bool(std::string const&)> const& roams)
-        : m_session({connection, roams}), m_desk(connection)
+        : m_session(optionsOf(connection, roams)), m_desk(connection)
     {}
 
     std::shared_ptr<Storage::LayeredStorage> store(std::string const& name, std::shared_ptr<ISettingsStorage> const& local) override

@@ -12,12 +12,16 @@
 #include <string>
 #include <thread>
 
-/// Every key roams but those that begin with "local". Each wait is `wait`, and the session looks at the server when it is asked to.
+/// Every key roams but those that begin with "local". Each wait is `wait`, the session looks at the server when it is asked to, and
+/// nothing is kept on the workstation.
 inline Studio::Session::Options quiet(std::string const& connection, std::chrono::milliseconds wait = std::chrono::seconds(60))
 {
-    return {
-        connection, [](std::string const& key) { return key.compare(0, 5, "local") != 0; }, wait, wait, wait, wait, std::chrono::hours(24),
-        false};
+    Studio::Session::Options options{connection, [](std::string const& key) { return key.compare(0, 5, "local") != 0; }, wait, wait, wait,
+                                     wait};
+    options.pollWait = std::chrono::hours(24);
+    options.listen = false;
+    options.worksOffline = false;
+    return options;
 }
 
 /// As above, but the session polls fifty times a second.
