@@ -3,7 +3,7 @@
 
 #include <support/Bench.h>
 
-#include <Studio/SchemaSteps.h>
+#include <Studio/server/SchemaSteps.h>
 
 #include <libpq-fe.h>
 

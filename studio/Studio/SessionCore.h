@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <Studio/Backoff.h>
-#include <Studio/Connection.h>
 #include <Studio/Listener.h>
 #include <Studio/Session.h>
 #include <Studio/Snapshot.h>
 #include <Studio/outbox/Outgoing.h>
+#include <Studio/server/Backoff.h>
+#include <Studio/server/Connection.h>
 
 #include <deque>
 #include <future>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <Studio/Backoff.h>
+#include <Studio/server/Backoff.h>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <Studio/outbox/Outgoing.h>
 
-#include <Studio/Login.h>
 #include <Studio/outbox/OutboxFolder.h>
+#include <Studio/server/Login.h>
 
 #include <utility>
 

@@ -3,8 +3,8 @@
 // Where an outbox may lie: on a local disk, in a folder of this user's own.
 #include "support/OutboxTest.h"
 
-#include <Studio/Login.h>
 #include <Studio/outbox/OutboxFolder.h>
+#include <Studio/server/Login.h>
 
 #include <cstdlib>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/SchemaTest.h"
 
-#include <Studio/Administration.h>
+#include <Studio/server/Administration.h>
 
 #include <thread>
 

@@ -3,7 +3,7 @@
 // The schema is made, brought up to date and left alone: whatever stands in the database before.
 #include "support/Login.h"
 
-#include <Studio/Schema.h>
+#include <Studio/server/Schema.h>
 
 #include <TestKit/TemporaryHome.h>
 

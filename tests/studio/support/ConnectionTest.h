@@ -3,7 +3,7 @@
 
 #include "ServerTest.h"
 
-#include <Studio/Connection.h>
+#include <Studio/server/Connection.h>
 
 #include <chrono>
 #include <functional>

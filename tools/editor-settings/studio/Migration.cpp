@@ -3,7 +3,7 @@
 
 #include "terminal/Escaping.h"
 
-#include <Studio/Schema.h>
+#include <Studio/server/Schema.h>
 
 #include <absl/strings/str_cat.h>
 

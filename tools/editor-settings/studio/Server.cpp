@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <Inspection/studio/StudioServer.h>
-#include <Studio/Administration.h>
-#include <Studio/SchemaSteps.h>
 #include <Studio/SessionStore.h>
+#include <Studio/server/Administration.h>
+#include <Studio/server/SchemaSteps.h>
 
 #include <type_traits>
 

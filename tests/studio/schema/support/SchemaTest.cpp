@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "SchemaTest.h"
 
-#include <Studio/SchemaSteps.h>
+#include <Studio/server/SchemaSteps.h>
 
 #include <thread>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <Studio/Administration.h>
+#include <Studio/server/Administration.h>
 
 namespace Studio {
 

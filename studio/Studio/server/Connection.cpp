@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <Studio/Connection.h>
+#include <Studio/server/Connection.h>
 
-#include <Studio/Login.h>
+#include <Studio/server/Login.h>
 
 #include <libpq-fe.h>
 

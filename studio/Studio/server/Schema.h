@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <Studio/Connection.h>
-#include <Studio/SchemaSteps.h>
+#include <Studio/server/Connection.h>
+#include <Studio/server/SchemaSteps.h>
 
 #include <string>
 #include <vector>

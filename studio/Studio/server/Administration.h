@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <Studio/Connection.h>
 #include <Studio/Snapshot.h>
+#include <Studio/server/Connection.h>
 
 #include <chrono>
 #include <optional>

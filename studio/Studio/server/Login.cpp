@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <Studio/Login.h>
+#include <Studio/server/Login.h>
 
 #include <libpq-fe.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <Studio/Schema.h>
+#include <Studio/server/Schema.h>
 
 #include <utility>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <Studio/Libpq.h>
 #include <Studio/ServerError.h>
+#include <Studio/server/Libpq.h>
 
 #include <chrono>
 #include <optional>
