@@ -105,7 +105,7 @@ public:
         std::string connection;
         /// Whether a key is kept on the server. Called by any thread. Without it, no key is.
         std::function<bool(std::string const& key)> roams;
-        /// How long the constructor waits for the server where nothing is known of it yet.
+        /// How long the constructor waits for the server of which this workstation has no replica yet.
         std::chrono::milliseconds firstWait{3000};
         /// How long a change waits for its answer where it is not kept on the workstation.
         std::chrono::milliseconds changeWait{10000};

@@ -27,12 +27,12 @@ public:
     explicit OpenedStores(Place place);
     ~OpenedStores();
 
-    /// Looks at the stores, and at the folders where nothing has changed since they were looked at. The snapshot is the same
-    /// object as before where nothing differs.
+    /// Looks at the stores; a look that finds no change examines stores and folders instead, once for each change. An equal
+    /// snapshot is the same object as before.
     std::shared_ptr<Snapshot const> look();
     /// Opens everything again, so that what was in the way is asked for again.
     void openAgain();
-    /// Stores it. Throws `Storage::StorageError` with the code busy where nothing was stored and another try may succeed.
+    /// Stores it. Throws `Storage::StorageError` with the code busy if it stored nothing and another try may succeed.
     Answer store(Commit const& commit);
     /// The files of both stores; none where the product file cannot be read.
     std::vector<std::filesystem::path> files() const;

@@ -36,7 +36,7 @@ public:
     News const& known() const { return m_known; }
 
     /// Keeps a change and shows it; what will come of it. An invalid future where there is no outbox: then nothing was done.
-    /// Throws `Storage::StorageError`, where nothing was done either.
+    /// Throws `Storage::StorageError`, also without an effect.
     std::future<Answer> add(std::string const& store, std::string const& key, std::optional<Value> const& value, std::string const& epoch,
                             std::int64_t base);
 

@@ -178,7 +178,7 @@ TEST_F(Committing, StoreIsNotMadeBelowAHomeFolderThatIsMissing)
 
 // --- Races ---
 
-// Two processes change one key at once. Each commit is stored over the value that was seen, or is told to be a conflict.
+// Two processes change one key at once. Each commit is stored over the value that was seen, or ends as a conflict.
 TEST_F(Committing, NoUpdateIsLostInARaceWithAnotherProcess)
 {
     m_other.set("lastTarget", "start");

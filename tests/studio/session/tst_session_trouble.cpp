@@ -49,7 +49,7 @@ protected:
         EXPECT_EQ(atServer("number"), "int 3");
     }
 
-    // A cluster reads the file again when it is told to.
+    // A cluster reads the file again on request.
     void demandPassword() const
     {
         fs::path const file = fs::path(m_server->ask("SHOW data_directory")) / "pg_hba.conf";

@@ -140,7 +140,7 @@ void printReadOnlyStores(Host::Application const& application)
                 printError(absl::StrCat("only for reading: ", error->what()));
 }
 
-// Null where the product belongs to no studio, and for a verb that only looks also where nothing here can talk to a server.
+// Null where the product belongs to no studio; for a verb that only looks also without the module that talks to the server.
 std::unique_ptr<Inspection::StudioServer> studioOf(Host::ProductFile const& product, StudioUse use)
 try {
     bool const isShared = use != StudioUse::none && !product.studio().empty();
