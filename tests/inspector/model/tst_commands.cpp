@@ -122,7 +122,7 @@ TEST_F(CopiedCommand, DoesInAShellWhatTheWindowDoes)
 {
     startChanging();
     int compared = 0;
-    for (int round = 0; round < times(60, 2000); ++round) {
+    for (int round = 0; round < times(60, 400, 2000); ++round) {
         std::shared_ptr<Setting const> const seen = m_snapshot->settings[m_random() % m_snapshot->settings.size()];
         if (!seen->isSettable)
             continue;
