@@ -23,18 +23,23 @@ protected:
     }
     void failNoLonger() const { ask("SET client_min_messages = warning; DROP FUNCTION public.fails() CASCADE"); }
 
-    // A laptop that has seen the value 0 changes it to 1, without the server, and ends.
-    void changeOffline() const
+    // A program of the laptop's changes a value while the server is away, and ends.
+    void changeWithoutServer(std::string const& key, int value)
+    {
+        m_server->stop();
+        Program(laptop()).store->setInt(key, value);
+        m_server->start();
+    }
+
+    // A laptop that has seen the value 0 changes it to 1, without the server.
+    void changeOffline()
     {
         {
             Program alice(laptop());
             alice.store->setInt("number", 0);
             ASSERT_TRUE(alice.session.synchronise(60s));
         }
-        // Without its server, which others use meanwhile.
-        Studio::Session::Options away = laptop();
-        away.connectWait = 0ms;
-        Program(away).store->setInt("number", 1);
+        changeWithoutServer("number", 1);
         ASSERT_EQ(inOutbox("SELECT count(*) FROM operation WHERE key = 'number' AND value = '1'"), "1");
     }
 };
@@ -173,11 +178,7 @@ TEST_F(OfflineConflicts, KeyThatWasLockedMeanwhileIsRefusedAndBlocksNothing)
 {
     give("number", "int", "5");
     changeOffline();
-    {
-        Studio::Session::Options away = laptop();
-        away.connectWait = 0ms;
-        Program(away).store->setInt("other", 2);
-    }
+    changeWithoutServer("other", 2);
     give("number", "int", "5", true);
     auto const before = std::chrono::system_clock::now() - 1s;
     for (bool const isFirst : {true, false}) {

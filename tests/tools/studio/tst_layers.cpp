@@ -3,6 +3,8 @@
 // The verbs on preferences where a product shares settings with a studio.
 #include "support/StudioTool.h"
 
+#include <regex>
+
 class Layers : public SharedStudio {
 protected:
     json explained(std::string const& user, std::string const& key) { return json::parse(said(as(user, {"explain", key, "--json"}))); }
@@ -56,6 +58,8 @@ TEST_F(Layers, CoveredValuesAreTold)
     EXPECT_EQ(found["covers"].rfind("true (the user's own, on every workstation of the studio, of 20", 0), 0u) << found["covers"];
     EXPECT_NE(found["covers"].find("Z by alice)"), std::string::npos) << found["covers"];
     EXPECT_EQ(found["changed"].substr(0, 2), "20");
+    std::string const local = said(as("alice", {"explain", "keepVideoAspect"}));
+    EXPECT_TRUE(std::regex_search(local, std::regex("of 20\\d\\d-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d by alice"))) << local;
 }
 
 TEST_F(Layers, LocalValueCoversTheStudios)

@@ -3,6 +3,8 @@
 // What an administrator does with a studio's settings, and what users may ask of the server.
 #include "support/StudioTool.h"
 
+#include <regex>
+
 class StudioVerbs : public SharedStudio {};
 
 TEST_F(StudioVerbs, ValueForAllIsStoredAsThePreferencesKindSays)
@@ -29,6 +31,16 @@ TEST_F(StudioVerbs, WordsThatAreNoValueAreRefusedAsBySet)
               "editor-settings: there is no preference 'keepAspect'; 'editor-settings list' shows all; a key of the host's own is declared "
               "in \"ownKeys\" of the product file, see editor-settings-product(5)\n");
     EXPECT_EQ(m_server->ask("SELECT count(*) FROM settings.value", "studio"), "0");
+}
+
+TEST_F(StudioVerbs, ValueIsGivenForAWholeKeyOfAServerThatAnswers)
+{
+    EXPECT_NE(refused(as("ada", {"studio", "set", "keepVideoAspect"}), 2).find("VALUE is required"), std::string::npos);
+    EXPECT_NE(refused(as("ada", {"studio", "set", "grid_N", "5"})).find("'grid_N' is half of the rational 'grid'"), std::string::npos);
+    said(as("ada", {"studio", "set", "Indication/tour", "@" + m_home.write("tour", "seen").string()}));
+    EXPECT_EQ(atServer("", "Indication/tour"), "P bytes seen");
+    m_server->stop();
+    EXPECT_NE(refused(as("ada", {"studio", "set", "keepVideoAspect", "no"})).find(": the server cannot be reached; "), std::string::npos);
 }
 
 TEST_F(StudioVerbs, LockHoldsUntilItIsTakenAway)
@@ -117,6 +129,8 @@ TEST_F(StudioVerbs, StatusTellsServerUserAndWhatRoams)
     std::string const table = said(as("alice", {"studio", "status", "--plain"}));
     EXPECT_NE(table.find("\nuser\talice\nadministrator\tno\nschema\t1\nchanges\tlistening\nas of\t20"), std::string::npos) << table;
     EXPECT_NE(table.find("\nroams\tkeepVideoAspect\n"), std::string::npos) << table;
+    std::string const local = said(as("alice", {"studio", "status"}));
+    EXPECT_TRUE(std::regex_search(local, std::regex("\nas of\t20\\d\\d-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\n"))) << local;
 }
 
 TEST_F(StudioVerbs, StatusOfAServerThatIsAwayHasItsReason)
@@ -169,6 +183,7 @@ TEST_F(StudioVerbs, ValueThatLostAConflictIsListed)
     ASSERT_EQ(table.size(), 2u);
     EXPECT_NE(table[0].find("\tP\taudioRecordFormat\tmp3\t20"), std::string::npos) << table[0];
     EXPECT_NE(table[1].find("\taudioRecordFormat\t(unset)\t"), std::string::npos) << table[1];
+    EXPECT_EQ(lines(said(as("alice", {"studio", "superseded"}))).size(), 3u) << "a heading, and both";
     EXPECT_EQ(said(as("bob", {"studio", "superseded", "--json"})), "[]\n");
 }
 
