@@ -139,7 +139,7 @@ void SessionCore::synchronise(Clock::time_point deadline)
     demand(deadline, [this, deadline, asked = Clock::now()] {
         exchange(deadline, [this, asked] {
             sendAll();
-            catchUp(asked);
+            catchUp(asked, true);
         });
     });
 }
@@ -373,7 +373,7 @@ void SessionCore::look()
 
 void SessionCore::catchUp(Clock::time_point moment, bool checksEpoch)
 {
-    if (m_fetched < moment)
+    if ((checksEpoch ? m_checked : m_fetched) < moment)
         fetch(checksEpoch);
 }
 
@@ -393,6 +393,8 @@ void SessionCore::fetch(bool checksEpoch)
         isKnown = takeOver(rows);
     }
     m_fetched = begin;
+    if (checksEpoch)
+        m_checked = begin;
     std::lock_guard const lock(m_mutex);
     m_status.asOf = std::chrono::system_clock::now();
 }

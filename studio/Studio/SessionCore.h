@@ -78,7 +78,7 @@ private:
     void connect();
     void greet();
     void forgetRevisions();
-    void catchUp(Clock::time_point moment, bool checksEpoch = false);
+    void catchUp(Clock::time_point moment, bool checksEpoch);
     void fetch(bool checksEpoch = false);
     bool takeOver(Rows const& rows);
     void takeOver(News const& fresh);
@@ -120,6 +120,7 @@ private:
     Clock::time_point m_hinted = Clock::time_point::max();  // when to look because of a notification
     Clock::time_point m_hintsFrom;                          // no hint makes it look before
     Clock::time_point m_fetched = Clock::time_point::min(); // when the last fetch that succeeded began
+    Clock::time_point m_checked = Clock::time_point::min(); // the same of one that asked for the epoch
     std::set<Snapshot::Place> m_news;                       // what the listener has not been called for
     std::string const m_client;
     std::map<std::int64_t, std::string> m_greeted; // the names of the lanes that the connection has said hello for

@@ -233,6 +233,22 @@ TEST_F(Session, UserWhomTheServerForgotStartsEmpty)
     EXPECT_FALSE(alice.store->contains("number"));
 }
 
+TEST_F(Session, UserWhoWasMadeAgainWithMoreChangesIsReadFromTheBeginning)
+{
+    Program alice(connectionOf("alice"));
+    alice.store->setInt("gone", 1);
+    ASSERT_TRUE(alice.session.synchronise(60s));
+    EXPECT_EQ(login("ada").ask("SELECT settings.forget_user_v1('alice')").text(), "t");
+    {
+        Program elsewhere(connectionOf("alice"));
+        for (int const value : {2, 3, 4})
+            elsewhere.store->setInt("new", value);
+    }
+    ASSERT_TRUE(alice.session.synchronise(60s));
+    EXPECT_FALSE(alice.store->contains("gone"));
+    EXPECT_EQ(alice.store->getInt("new", 0), 4);
+}
+
 TEST_F(Session, ServerWhoseHistoryWentBackIsReadFromItsBeginning)
 {
     Program alice(connectionOf("alice"));
