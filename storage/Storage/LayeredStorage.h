@@ -25,7 +25,7 @@ class LayeredStorage : public ISettingsStorage {
 public:
     /// A value of one layer.
     struct LayeredRow {
-        Layer layer;
+        Layer layer;            ///< Whose value it is.
         SqliteStorage::Row row; ///< Of the layer `local`, which is a store of its own, only the key.
         std::string by;         ///< The login that set or locked it; empty of a local one and of one that is new in this program.
     };

@@ -53,8 +53,8 @@ private:
 /// The parts of an error, as threads hand them to each other.
 struct Failure {
     ServerError::Reason reason; ///< As `ServerError::reason` returns it; the others likewise.
-    std::string host;
-    std::string sqlState;
+    std::string host;           ///< The server.
+    std::string sqlState;       ///< Empty where the server named none.
 
     /// The error of these parts.
     ServerError error() const { return {reason, host, sqlState}; }

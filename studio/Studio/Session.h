@@ -22,8 +22,8 @@ class SessionCore;
 
 /// A change that the server refused after its call had returned.
 struct Refused {
-    std::string store; ///< The store's name.
-    std::string key;
+    std::string store;                          ///< The store's name.
+    std::string key;                            ///< Of any bytes.
     ServerError error;                          ///< Why. It names no server where an earlier program was told.
     std::chrono::system_clock::time_point when; ///< By this workstation's clock.
 };

@@ -317,6 +317,7 @@ void SessionCore::connect()
         m_connection.connect();
         greet();
         fetch();
+        m_checked = m_fetched; // the greeting told the epoch
     } catch (ServerError const& error) {
         m_connection.close();
         m_refusal = error;
@@ -371,10 +372,15 @@ void SessionCore::look()
         m_hintsFrom = Clock::now() + std::chrono::milliseconds(100);
 }
 
+// A server that is set to read only greets nobody, and forgets nobody either.
 void SessionCore::catchUp(Clock::time_point moment, bool checksEpoch)
-{
+try {
     if ((checksEpoch ? m_checked : m_fetched) < moment)
         fetch(checksEpoch);
+} catch (ServerError const& error) {
+    if (!checksEpoch || error.reason() != Reason::readOnly)
+        throw;
+    fetch();
 }
 
 void SessionCore::fetch(bool checksEpoch)

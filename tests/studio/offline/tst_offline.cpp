@@ -201,6 +201,7 @@ TEST_F(Offline, TwoProgramsOfOneUserShareTheOutbox)
     first.store->setInt("first", 1);
     second.store->setInt("second", 2);
     first.store->setInt("both", 3);
+    std::this_thread::sleep_for(2s); // ages are as exact as a change is quick on its way
     second.store->setInt("both", 4);
     EXPECT_EQ(first.session.status().pending, 2U);
     EXPECT_EQ(second.session.status().pending, 2U);
