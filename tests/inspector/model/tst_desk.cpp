@@ -267,7 +267,7 @@ TEST_F(Looking, LockedStoreHoldsUpNobody)
     m_other.set("exportPath", "/films");
     startChanging();
     OtherProgram program(m_productFile);
-    program.execute("BEGIN EXCLUSIVE");
+    program.execute("PRAGMA busy_timeout = 60000; BEGIN EXCLUSIVE"); // the desk reads now and then
     int const number = m_desk->commit(std::vector<Edit>{{setting("exportPath"), QStringLiteral("/other")}});
     SqliteStorage(m_commonFile).setBool("sendStatistics", true);
     ASSERT_TRUE(comesToShow("sendStatistics", "set to default", Setting::stateColumn, Store::common)) << "while the other one is locked";
@@ -284,7 +284,7 @@ TEST_F(Looking, StoreThatIsLockedFromTheStartIsNoChangeOnceItIsFree)
 {
     m_other.set("exportPath", "/films");
     OtherProgram program(m_productFile);
-    program.execute("BEGIN EXCLUSIVE");
+    program.execute("PRAGMA busy_timeout = 60000; BEGIN EXCLUSIVE"); // the desk reads now and then
     start();
     EXPECT_EQ(m_snapshot->product.error->code(), StorageError::Code::busy);
     EXPECT_EQ(cell("exportPath", Setting::stateColumn), "cannot be read");
@@ -299,7 +299,7 @@ TEST_F(Looking, EndDoesNotWaitForALockedStore)
     m_other.set("exportPath", "/films");
     startChanging();
     OtherProgram program(m_productFile);
-    program.execute("BEGIN EXCLUSIVE");
+    program.execute("PRAGMA busy_timeout = 60000; BEGIN EXCLUSIVE"); // the desk reads now and then
     m_desk->commit(std::vector<Edit>{{setting("exportPath"), QStringLiteral("/other")}});
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
     QElapsedTimer ending;
@@ -315,7 +315,7 @@ TEST_F(Looking, CommitGivesUpOnAStoreThatStaysLocked)
     m_other.set("exportPath", "/films");
     startChanging();
     OtherProgram program(m_productFile);
-    program.execute("BEGIN EXCLUSIVE");
+    program.execute("PRAGMA busy_timeout = 60000; BEGIN EXCLUSIVE"); // the desk reads now and then
     Answer const answer = set("exportPath", QStringLiteral("/other"));
     EXPECT_EQ(answer.outcome, Outcome::failed);
     EXPECT_EQ(answer.error->code(), StorageError::Code::busy);
