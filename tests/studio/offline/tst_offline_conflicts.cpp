@@ -131,6 +131,10 @@ TEST_F(OfflineConflicts, ListenerHearsOfALoser)
     failNoLonger();
     ASSERT_TRUE(alice.session.synchronise(60s));
     EXPECT_EQ(alice.store->getInt("number", 0), 2);
+    EXPECT_TRUE(comesTrue([&] {
+        std::lock_guard const lock(mutex);
+        return !told.empty();
+    }));
     alice.session.onChange({});
     EXPECT_EQ(told, std::vector<std::string>{"number"});
 }
