@@ -64,7 +64,7 @@ TEST_F(StudioVerb, SchemaThatIsNotItsOwnIsLeftAlone)
               "it has schema 9, and this program knows 1; update the program\n");
     m_server->ask("DELETE FROM settings.schema_version", "studio");
     EXPECT_EQ(told(refused({"studio", "migrate", connection()}), "its schema"),
-              "its schema 'settings' is incomplete, or was changed by hand; restore a backup of the database, or, where nothing "
+              "its schema 'settings' is incomplete, or was changed by hand; restore a backup of the database; if nothing "
               "is stored yet, DROP SCHEMA settings CASCADE and migrate again\n");
 }
 

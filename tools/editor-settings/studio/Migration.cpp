@@ -40,7 +40,7 @@ std::string refusal(Schema::Report const& report, int newest)
     if (report.state == State::foreign)
         return "its schema 'settings' was made by something else; rename it, or give the settings a database of their own";
     if (report.state == State::damaged)
-        return "its schema 'settings' is incomplete, or was changed by hand; restore a backup of the database, or, where nothing "
+        return "its schema 'settings' is incomplete, or was changed by hand; restore a backup of the database; if nothing "
                "is stored yet, DROP SCHEMA settings CASCADE and migrate again";
     return "";
 }
