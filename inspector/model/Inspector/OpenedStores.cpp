@@ -281,6 +281,19 @@ try {
 } catch (StorageError const&) { // the next look sees what became of the store
 }
 
+// What was written since the watchers' look is noted before anybody sees it: the next change is compared with it.
+void OpenedStores::readAll()
+{
+    if (!readSettings()) {
+        open(); // leaves out what cannot be read
+        if (m_application)
+            readSettings();
+    }
+    if (m_application)
+        for (Side& side : m_sides)
+            m_isDirty = watch(side) || m_isDirty;
+}
+
 // Settings are read at once, folders only after a look that found nothing new: a folder may be slow to answer.
 std::shared_ptr<Snapshot const> OpenedStores::look()
 {
@@ -298,10 +311,8 @@ std::shared_ptr<Snapshot const> OpenedStores::look()
         m_isDirty = isChanged(side) || m_isDirty;
     if (!m_isDirty && !m_isExamined) {
         examine();
-    } else if (m_isDirty && !readSettings()) {
-        open(); // leaves out what cannot be read
-        if (m_application)
-            readSettings();
+    } else if (m_isDirty) {
+        readAll();
     }
     return m_snapshot;
 }

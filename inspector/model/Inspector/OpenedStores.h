@@ -80,6 +80,7 @@ private:
     bool isChanged(Side const& side) const;
     void note(Storage::StoreWatcher::Difference const& difference, Catalogue::Store store);
     bool readSettings();
+    void readAll();
     Lines<Setting> settings() const;
     void examine();
 
