@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <Inspector/Commits.h>
+#include <Inspector/Place.h>
+
+#include <QWidget>
+
+#include <memory>
+
+namespace Inspector {
+
+/// All about the current setting, and the one place where it is edited. What is entered is stored on Enter, never when the focus
+/// leaves or the setting changes: until then it is a draft, which the pane keeps for its setting.
+class SettingPane : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit SettingPane(Place const& place, QWidget* parent = nullptr);
+
+    /// Shows `setting`, also a later state of the one that is shown; nullptr for none. An editor that is in use keeps its text.
+    void show(std::shared_ptr<Setting const> const& setting);
+    /// Whether editors take input. `reason` says why not: a tool tip and an accessible description.
+    void allowChanges(bool isAllowed, QString const& reason = {});
+    /// Takes the answer to the commit that `wantsToStore` has asked for.
+    void take(Answer const& answer);
+    /// Puts the focus into the editor.
+    void edit();
+    /// The ids of the settings with a draft, sorted.
+    std::vector<std::string> drafts() const;
+
+Q_SIGNALS:
+    /// To be stored, and the answer to be given to `take`.
+    void wantsToStore(Inspector::Commit const& commit);
+    /// The focus is to go back to the list.
+    void isDone();
+    /// Whether the personal value of the shown setting is to be visible.
+    void wantsToReveal(bool isRevealed);
+    /// `drafts` is another list.
+    void draftsChanged();
+};
+
+} // namespace Inspector
