@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <Inspector/Desk.h>
 
-#include "OpenedStores.h"
+#include "desk/OpenedStores.h"
 
 #include <Storage/watch/ChangeHints.h>
 
