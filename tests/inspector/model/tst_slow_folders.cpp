@@ -158,7 +158,7 @@ TEST_F(SlowFolders, TypedFolderIsAnsweredInTheWordsOfTheLocations)
     EXPECT_EQ(checked(inHome("there")), "");
     EXPECT_EQ(checked(inHome("missing")), "missing; the editor can make it");
     EXPECT_EQ(checked(inHome("blocked")), "not a folder");
-    EXPECT_EQ(checked(inHome("blocked/below")), "missing, and " + (home / "blocked").string() + ": Not a directory");
+    EXPECT_EQ(checked(inHome("blocked/below")), "missing, and " + (home / "blocked").string() + " is not a folder");
     EXPECT_EQ(checked(inHome("dangling")), "dangling link to /nowhere/at/all");
     EXPECT_EQ(checked(QString::fromStdString(home.string())), "the home folder itself");
     EXPECT_EQ(checked(QStringLiteral("films")), "not absolute: it depends on the folder that the editor is started in");
