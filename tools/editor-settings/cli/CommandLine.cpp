@@ -154,12 +154,8 @@ try {
 
 void printUnreachable(Inspection::StudioServer const& studio)
 {
-    Inspection::StudioStatus const status = studio.status();
-    if (!status.problem)
-        return;
-    std::string const known = status.asOf ? "as of " + Inspection::inLocalTime(*status.asOf) : "what this workstation has";
-    printError(
-        absl::StrCat(status.problem->file(), ": ", status.problem->reason(), "; what follows is ", known, "; ", status.problem->remedy()));
+    if (std::string const trouble = troubleOf(studio.status()); !trouble.empty())
+        printError(trouble);
 }
 
 // CLI11 lists what it did not expect from the last word to the first.
