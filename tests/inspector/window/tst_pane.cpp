@@ -324,6 +324,10 @@ TEST_F(Pane, WaitingForAnAnswerIsSaidAndNothingElseIsAskedFor)
     EXPECT_TRUE(comes([&] { return text("Help").contains(QStringLiteral("waiting for another process")); }));
     PaneTest::press(Qt::Key_Return);
     EXPECT_EQ(asked, 1);
+    int cancelled = 0;
+    QObject::connect(m_pane.get(), &Inspector::SettingPane::wantsToCancel, m_pane.get(), [&] { ++cancelled; });
+    press(button("Cancel"));
+    EXPECT_EQ(cancelled, 1);
     Answer answer;
     answer.outcome = Outcome::failed;
     answer.error =
