@@ -246,6 +246,16 @@ TEST_F(Pane, DraftIsKeptForItsSetting)
     EXPECT_EQ(m_pane->drafts(), std::vector<std::string>{setting("lastUsedPresetId")->id}) << "it is what is stored again";
 }
 
+TEST_F(Pane, AllowingAgainLeavesTheEditorInTheHand)
+{
+    open("lastTarget");
+    m_pane->edit();
+    QWidget const* const field = QApplication::focusWidget();
+    m_pane->allowChanges(true);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(QApplication::focusWidget(), field);
+}
+
 // --- Others ---
 
 TEST_F(Pane, LiveChangeLeavesAnEditorInUseAlone)

@@ -126,9 +126,10 @@ void ValueBox::show(std::shared_ptr<Setting const> const& setting)
 
 void ValueBox::allowChanges(bool isAllowed, QString const& reason)
 {
+    bool const isOther = isAllowed != m_isAllowed || reason != m_reason;
     m_isAllowed = isAllowed;
     m_reason = reason;
-    if (m_setting)
+    if (m_setting && isOther)
         reload();
 }
 
