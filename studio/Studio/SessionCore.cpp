@@ -38,11 +38,13 @@ Connection::Options connectionOptions(Session::Options const& options)
     return result;
 }
 
-// The epoch is looked at after the changes: it may be newer than they are, but never older. It doubles what the statement costs.
-std::string news(bool hasEpoch)
+constexpr char const* news = "SELECT studio, layer_revision, store, key, kind, value, locked, changed_by, changed_at";
+
+// With the epoch, which may be newer than the changes, but is never older. A server of the first schema greets for it.
+std::string newsWithEpoch(std::int64_t schema)
 {
-    return "SELECT studio, layer_revision, store, key, kind, value, locked, changed_by, changed_at"s +
-           (hasEpoch ? ", (SELECT epoch FROM settings.hello_v1($3, 0))" : "") + " FROM settings.changes_v1($1, $2)";
+    return std::string(news) + (schema > 1 ? ", epoch FROM settings.changes_v2($1, $2)"
+                                           : ", (SELECT epoch FROM settings.hello_v1($3, 0)) FROM settings.changes_v1($1, $2)");
 }
 
 constexpr char const* studioChannel = "settings_studio";
@@ -334,13 +336,14 @@ void SessionCore::greet()
 {
     int const backend = m_connection.backend();
     Rows const rows =
-        m_connection.execute("SELECT epoch, hears, user_layer, pg_catalog.pg_backend_pid() FROM settings.hello_v1($1, $2)",
+        m_connection.execute("SELECT epoch, hears, user_layer, pg_catalog.pg_backend_pid(), schema FROM settings.hello_v1($1, $2)",
                              {Parameter::literal(m_client), Parameter::literal(std::to_string(m_options.listen ? backend : 0))});
     std::string const epoch(rows.bytes(0, 0));
     m_greeted.clear();
     if (!m_epoch.empty() && epoch != m_epoch)
         forgetRevisions();
     m_epoch = epoch;
+    m_schema = rows.integer(0, 4);
     m_isListening = rows.integer(0, 1) != 0;
     if (m_isListening) {
         m_connection.execute("LISTEN "s + studioChannel);
@@ -372,7 +375,7 @@ void SessionCore::look()
         m_hintsFrom = Clock::now() + std::chrono::milliseconds(100);
 }
 
-// A server that is set to read only greets nobody, and forgets nobody either.
+// A server that is set to read only greets nobody, and forgets nobody either; a standby behind a pooler has no epoch of its own.
 void SessionCore::catchUp(Clock::time_point moment, bool checksEpoch)
 try {
     if ((checksEpoch ? m_checked : m_fetched) < moment)
@@ -390,9 +393,10 @@ void SessionCore::fetch(bool checksEpoch)
     for (bool isKnown = false; !isKnown;) {
         std::vector<Parameter> parameters{Parameter::literal(std::to_string(m_userRevision)),
                                           Parameter::literal(std::to_string(m_studioRevision))};
-        if (checksEpoch)
+        if (checksEpoch && m_schema == 1)
             parameters.push_back(Parameter::literal(m_client));
-        Rows const rows = m_connection.execute(news(checksEpoch), parameters);
+        Rows const rows = m_connection.execute(
+            checksEpoch ? newsWithEpoch(m_schema) : std::string(news) + " FROM settings.changes_v1($1, $2)", parameters);
         // Only a new greeting helps.
         if (checksEpoch && rows.bytes(0, 9) != m_epoch)
             throw ServerError(Reason::lost, m_connection.host());

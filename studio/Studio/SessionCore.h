@@ -47,6 +47,13 @@ public:
 
     Snapshot::Found find(std::string const& store, std::string const& key) const { return m_snapshot.find(store, key); }
     std::set<std::string> keys(std::string const& store) const { return m_snapshot.keys(store); }
+    /// As `Snapshot::shown` and `Snapshot::read`.
+    Snapshot::Shown const& shown(std::string const& store) { return m_snapshot.shown(store); }
+    template <typename Look>
+    auto read(Snapshot::Shown const& store, std::string const& key, Look const& look) const
+    {
+        return m_snapshot.read(store, key, look);
+    }
     Status status() const;
     /// The server, as far as it is known.
     std::string host() const;
@@ -128,6 +135,7 @@ private:
     Clock::time_point m_nextSend; // while there is a connection
     std::string m_keptEpoch;      // of the outbox
     std::string m_epoch;
+    std::int64_t m_schema = 0; // of the server that was greeted last
     std::int64_t m_operation = 0;
     std::int64_t m_userRevision = 0;
     std::int64_t m_studioRevision = 0;
