@@ -13,8 +13,6 @@ namespace {
 
 constexpr char const* toChange = "change a setting";
 constexpr std::size_t longestName = 255;
-constexpr std::size_t longestKey = 4096;
-constexpr std::size_t longestValue = 16 << 20;
 
 Code codeOf(Reason reason)
 {
