@@ -251,6 +251,7 @@ void MainWindow::take(std::shared_ptr<Snapshot const> const& snapshot)
     m_findings.show(snapshot->findings);
     m_changes.show(snapshot->changes);
     m_status->show(*snapshot);
+    m_actions.allowChanges->setEnabled(m_status->refusal().isEmpty());
     m_toCount.start();
     showTitles();
     showCount();
@@ -460,6 +461,8 @@ void MainWindow::openCurrent()
 
 void MainWindow::unset()
 {
+    if (page() != settingsPage)
+        return;
     std::vector<Edit> edits;
     QStringList lines;
     for (std::shared_ptr<Setting const> const& setting : selected())
@@ -539,23 +542,17 @@ void MainWindow::backToList() { view().setFocus(Qt::OtherFocusReason); }
 
 void MainWindow::focusPart(int direction)
 {
-    QWidget* const all[] = {m_facets, &view(), page() == settingsPage ? static_cast<QWidget*>(m_pane) : m_details[page()], m_status,
-                            m_messages};
-    QWidget const* const focus = QApplication::focusWidget();
+    QWidget* const below = page() == settingsPage ? static_cast<QWidget*>(m_pane) : &m_details[page()]->details();
+    QWidget* const all[] = {m_facets, m_messages, &view(), below, m_status};
     std::vector<QWidget*> parts;
-    std::size_t at = 0;
-    for (QWidget* const part : all) {
-        if (!part->isVisible())
-            continue;
-        if (focus && (part == focus || part->isAncestorOf(focus)) && !(parts.size() > at && parts[at] == focus))
-            at = parts.size();
-        parts.push_back(part);
-    }
-    for (std::size_t step = 1; step < parts.size(); ++step) {
-        std::size_t const next = (at + (direction > 0 ? step : parts.size() - step)) % parts.size();
-        if (QWidget* const first = firstIn(parts[next]))
-            return first->setFocus(Qt::ShortcutFocusReason);
-    }
+    std::copy_if(std::begin(all), std::end(all), std::back_inserter(parts),
+                 [](QWidget* part) { return part->isVisible() && firstIn(part); });
+    QWidget const* const focus = QApplication::focusWidget();
+    auto const hasFocus = [&](QWidget const* part) { return focus && (part == focus || part->isAncestorOf(focus)); };
+    auto const here = std::find_if(parts.begin(), parts.end(), hasFocus);
+    int const count = static_cast<int>(parts.size());
+    int const from = here == parts.end() ? (direction > 0 ? -1 : 0) : static_cast<int>(here - parts.begin());
+    firstIn(parts[static_cast<std::size_t>((from + direction + count) % count)])->setFocus(Qt::ShortcutFocusReason);
 }
 
 void MainWindow::setPause()

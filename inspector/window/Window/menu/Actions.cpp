@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <Window/menu/Actions.h>
 
+#include <QActionGroup>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
