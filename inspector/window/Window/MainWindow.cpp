@@ -173,7 +173,7 @@ void MainWindow::connectParts()
     connect(m_pane, &SettingPane::wantsToReveal, this, &MainWindow::reveal);
     connect(m_pane, &SettingPane::draftsChanged, this, [this] { m_views[settingsPage]->setDrafts(m_pane->drafts()); });
     connect(&m_committer, &Committer::stepsChanged, this, &MainWindow::showSteps);
-    connect(&m_committer, &Committer::refused, this, [this](QString const& text) { m_messages->tell(QStringLiteral("refusal"), text); });
+    connect(&m_committer, &Committer::refused, this, [this](QString const& text) { m_messages->report(QStringLiteral("refusal"), text); });
     connect(&m_toSpeak, &QTimer::timeout, this, &MainWindow::speakCount);
     connect(&m_toAge, &QTimer::timeout, this, &MainWindow::showAge);
     connect(&m_toCount, &QTimer::timeout, this, [this] { m_facets->count(m_settings); });
@@ -514,7 +514,7 @@ void MainWindow::copy(CopyForm form)
     if (text)
         QApplication::clipboard()->setText(*text);
     else
-        m_messages->tell(QStringLiteral("copy"), tr("No command line can hold this value."));
+        m_messages->report(QStringLiteral("copy"), tr("No command line can hold this value."));
 }
 
 void MainWindow::explain()
@@ -526,14 +526,15 @@ void MainWindow::explain()
                    (setting->about.purpose.empty() ? tr("no version of the editor declares it") : shown(setting->about.purpose));
     if (!setting->about.accepts.empty())
         text += QLatin1Char('\n') + tr("It takes %1.").arg(shown(setting->about.accepts));
-    m_messages->tell(QStringLiteral("help"), text);
+    m_messages->report(QStringLiteral("help"), text);
 }
 
 void MainWindow::about()
 {
-    m_messages->tell(QStringLiteral("help"), tr("editor-settings-inspector %1 shows and changes the settings of Lumora Video Editor. It "
-                                                "stores nothing until changes are allowed. The command line editor-settings does the same.")
-                                                 .arg(QApplication::applicationVersion()));
+    m_messages->report(QStringLiteral("help"),
+                       tr("editor-settings-inspector %1 shows and changes the settings of Lumora Video Editor. It "
+                          "stores nothing until changes are allowed. The command line editor-settings does the same.")
+                           .arg(QApplication::applicationVersion()));
 }
 
 // --- The window ---
@@ -618,11 +619,13 @@ void MainWindow::restoreState()
     WindowState const state = WindowState::load();
     int const unit = fontMetrics().averageCharWidth();
     resize(state.size.isEmpty() ? QSize(unit * 150, fontMetrics().lineSpacing() * 38) : state.size);
-    m_parts->setSizes(state.parts.size() == 3 ? state.parts : QList<int>{unit * 24, unit * 80, unit * 50});
-    QList<QList<int>> const first = {{26, 30, 12, 10, 12, 0, 0, 0}, {34, 50, 12, 20}, {10, 30, 60, 20}, {22, 16, 10, 26, 26, 26}};
+    m_parts->setSizes(state.parts.size() == 3 ? state.parts : QList<int>{unit * 19, width() - unit * 57, unit * 38});
+    // In characters; of the others' columns the rest is for the value.
+    QList<QList<int>> const first = {
+        {22, qMax(18, width() / unit - 112), 10, 9, 11, 0, 0, 0, 0}, {34, 50, 12, 20}, {10, 30, 60, 20}, {22, 16, 10, 26, 26, 26}};
     for (int at = 0; at < pageCount; ++at) {
         bool const isKept = state.columns.size() == pageCount && state.columns[at].size() == m_views[at]->model()->columnCount();
-        for (int column = 0; column < first[at].size(); ++column) {
+        for (int column = 0; column < m_views[at]->model()->columnCount(); ++column) {
             int const width = isKept ? state.columns[at][column] : first[at][column] * unit;
             m_views[at]->setColumnHidden(column, width == 0 && column > 0);
             if (width > 0)

@@ -30,7 +30,7 @@ void collect(QMenu const& menu, std::set<QAction const*>& found)
         if (each->isSeparator())
             continue;
         found.insert(each);
-        int const at = each->text().indexOf(QLatin1Char('&'));
+        auto const at = each->text().indexOf(QLatin1Char('&'));
         bool const isUnique = at < 0 || letters.insert(each->text()[at + 1].toLower()).second;
         EXPECT_TRUE(isUnique) << each->text().toStdString();
         if (each->menu())
