@@ -257,6 +257,7 @@ void MainWindow::take(std::shared_ptr<Snapshot const> const& snapshot)
     showCount();
     showAge();
     tellTrouble();
+    m_pane->look(snapshot);
     showSetting();
     showDetails();
     goToWanted();
