@@ -108,6 +108,7 @@ Setting settingOf(Inspection::PreferenceState const& state, std::vector<Storage:
     setting.value = state.observation.value;
     setting.defaultValue = state.observation.defaultValue;
     setting.about = Inspection::describe(state);
+    setting.usable = Inspection::usableOf(state);
     setting.computedBy = state.computedDefault ? Catalogue::locationOf(state.computedDefault).name : "";
     if (isRead) {
         setting.state = state.state();
