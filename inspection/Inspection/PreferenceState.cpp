@@ -390,6 +390,15 @@ Description describe(PreferenceState const& preference)
             family.setterName()};
 }
 
+Usable usableOf(PreferenceState const& preference)
+{
+    if (Preference const* const row = Catalogue::findPreference(preference.key))
+        return row->usable;
+    std::optional<OwnKeys::Match> const match =
+        preference.isUndeclared() || memberOfAFamily(preference.key) ? std::nullopt : ownKeys().find(preference.key);
+    return match ? usableOf(*match->declaration) : Usable();
+}
+
 OwnKeyFacts factsOf(OwnKey const& declared)
 {
     Value const defaultValue = defaultOf(declared);

@@ -92,6 +92,8 @@ struct Description {
 
 /// The description of a preference, a member of a family or a declared key; of an undeclared key all but `accepts` is empty.
 Description describe(PreferenceState const& preference);
+/// The values that the editor can use, among those of its type.
+Catalogue::Usable usableOf(PreferenceState const& preference);
 /// The purpose of a known key; empty for any other.
 std::string purposeOf(std::string const& key);
 /// What one declaration tells of its keys, for a listing of declarations.

@@ -89,6 +89,7 @@ Setting settingOf(Inspection::PreferenceState const& state, bool isRead, Marks c
     setting.value = state.observation.value;
     setting.defaultValue = state.observation.defaultValue;
     setting.about = Inspection::describe(state);
+    setting.usable = Inspection::usableOf(state);
     setting.computedBy = state.computedDefault ? Catalogue::locationOf(state.computedDefault).name : "";
     if (isRead) {
         setting.state = state.state();

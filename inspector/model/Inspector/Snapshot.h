@@ -43,6 +43,7 @@ struct Setting : Item {
     Catalogue::Value defaultValue;                 ///< Of the type of the value.
     std::vector<Storage::SqliteStorage::Row> rows; ///< None, one, or both halves of a rational.
     Inspection::Description about;                 ///< For people, and for programmers.
+    Catalogue::Usable usable;                      ///< The values that the editor can use, among those of the type.
     std::string computedBy;                        ///< The location that is the default; empty for a fixed default.
     QString shownValue;                            ///< On one line, also where it is personal.
     bool isHidden = false;                         ///< Whether a personal value is stored.
