@@ -99,7 +99,7 @@ TEST_F(StudioKept, RefusedChangeIsWarnedOfUntilAnotherIsStored)
     ASSERT_EQ(all["refused"].size(), 1u);
     EXPECT_EQ(all["refused"][0]["store"], "P");
     EXPECT_EQ(all["refused"][0]["key"], "keepVideoAspect");
-    EXPECT_EQ(all["refused"][0]["reason"], "the studio has locked this preference");
+    EXPECT_EQ(all["refused"][0]["reason"], "the studio has locked this setting (SQLSTATE ST003)");
     EXPECT_EQ(all["refused"][0]["remedy"], "ask the administrator of the studio's settings to unlock it");
     EXPECT_TRUE(isTime(all["refused"][0]["when"]));
     EXPECT_EQ(findings(), Lines{"warning studio-refused keepVideoAspect"});
