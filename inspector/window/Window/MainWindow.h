@@ -2,21 +2,129 @@
 #pragma once
 
 #include <Inspector/Desk.h>
+#include <Inspector/ItemsModel.h>
 #include <Inspector/Place.h>
+#include <Window/changes/Committer.h>
+#include <Window/list/CopyText.h>
+#include <Window/menu/Actions.h>
 
+#include <QElapsedTimer>
 #include <QMainWindow>
+#include <QTimer>
+
+#include <array>
+#include <string>
+
+class QLabel;
+class QSplitter;
+class QStackedWidget;
+class QTabBar;
 
 namespace Inspector {
 
-/// The window onto the stores of `place`. It opens read-only.
+class DetailPage;
+class Facets;
+class ItemsView;
+class MessageBar;
+class SearchField;
+class SettingPane;
+class StatusLine;
+
+/// The window onto the stores of `place`. It opens read-only and asks nothing in windows of its own but for the names of files.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
+    enum Page { settingsPage, locationsPage, healthPage, changesPage, pageCount };
+
     explicit MainWindow(Place const& place, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    /// Makes the setting `key` the current line, as soon as there are lines. Where there is no such key a message says so.
+    void goTo(std::string const& key);
+
+Q_SIGNALS:
+    /// The first lines are in the list, or it is known that there are none.
+    void filled();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void makeParts();
+    void layOut();
+    void connectParts();
+    void connectActions();
+    void connectCopies();
+    void restoreState();
+    void saveState() const;
+
+    void take(std::shared_ptr<Snapshot const> const& snapshot);
+    void tellTrouble();
+    void tellTrouble(QString const& cause, StoreView const& store);
+    void goToWanted();
+
+    Page page() const;
+    ItemsView& view() const { return *m_views[page()]; }
+    void showPage(Page page);
+    void showTitles();
+    void showCount();
+    void speakCount();
+    void showSetting();
+    void showDetails();
+    void showSteps();
+    void showAge();
+    void reveal(bool isRevealed);
+
+    void openCurrent();
+    void unset();
+    void putBack();
+    void step(History::Way way);
+    void copy(CopyForm form);
+    void explain();
+    void about();
+    void backToList();
+    void focusPart(int direction);
+    QString draftsText() const;
+    void setPause();
+
+    std::shared_ptr<Setting const> current() const;
+    Lines<Setting> selected() const;
+    std::shared_ptr<Setting const> lineOf(int row) const;
+
+    Place const m_place;
     Desk m_desk;
+    Committer m_committer;
+    std::shared_ptr<Snapshot const> m_snapshot;
+    Lines<Setting> m_lines; // that `m_settings` shows
+    SettingsModel m_settings;
+    ItemsModel m_locations{locationHeadings()};
+    ItemsModel m_findings{findingHeadings()};
+    ItemsModel m_changes{changeHeadings()};
+
+    Actions m_actions{*this};
+    QTabBar* m_tabs;
+    Facets* m_facets;
+    SearchField* m_search;
+    QLabel* m_count;
+    MessageBar* m_messages;
+    QStackedWidget* m_stack;
+    QSplitter* m_parts;
+    std::array<ItemsView*, pageCount> m_views;
+    std::array<DetailPage*, pageCount> m_details{}; // of all pages but that of settings
+    SettingPane* m_pane;
+    StatusLine* m_status;
+    QTimer m_toSpeak;
+    QTimer m_toAge;
+    QTimer m_toCount;
+    QElapsedTimer m_busy; // since a store is
+
+    std::string m_wantedKey;
+    std::string m_revealed;
+    std::string m_shown; // the id of the setting in the pane
+    bool m_mayClose = false;
 };
 
 } // namespace Inspector

@@ -1,0 +1,447 @@
+// SPDX-License-Identifier: MIT
+//
+// A window with stores below a folder, on a screen that nobody sees, and what is measured in its own thread. Prints figures,
+// each behind its name. Called again as another process, it changes or holds a store.
+#include <Inspector/Snapshot.h>
+#include <Window/MainWindow.h>
+#include <Window/list/ItemsView.h>
+
+#include <Storage/SqliteStorage.h>
+#include <support/OtherProgram.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QProcess>
+#include <QTimer>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iostream>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <dlfcn.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+// --- Another process ---
+
+int hold(fs::path const& file, int seconds)
+{
+    OtherProgram program(file);
+    program.execute("BEGIN EXCLUSIVE");
+    std::cout << "held" << std::endl;
+    std::this_thread::sleep_for(std::chrono::seconds(seconds));
+    return 0;
+}
+
+int storeTogether(fs::path const& file, int count)
+{
+    std::vector<Storage::SqliteStorage::Change> changes;
+    for (int number = 0; number < count; ++number)
+        changes.push_back({"key" + std::to_string(number), std::string(number % 3 == 0 ? "third" : "other")});
+    Storage::SqliteStorage(file).apply(changes);
+    return 0;
+}
+
+int replace(fs::path const& file)
+{
+    fs::path const other = file.string() + ".other";
+    fs::copy_file(file, other);
+    Storage::SqliteStorage(other).setInt("number", -1);
+    fs::remove(file.string() + ".other-journal");
+    fs::rename(other, file);
+    return 0;
+}
+
+// --- A folder whose file system does not answer ---
+
+std::string dead;
+std::atomic<bool> wasAsked{false};
+
+void hangBelowDead(char const* path)
+{
+    if (dead.empty() || !path || std::string_view(path).substr(0, dead.size()) != dead)
+        return;
+    wasAsked = true;
+    std::this_thread::sleep_for(2s);
+}
+
+template <typename Function>
+Function next(char const* name)
+{
+    return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
+}
+
+} // namespace
+
+// Stand before the C library's, for all libraries.
+extern "C" {
+__attribute__((visibility("default"))) int stat(char const* path, struct stat* result) noexcept
+{
+    hangBelowDead(path);
+    return next<int (*)(char const*, struct stat*)>("stat")(path, result);
+}
+__attribute__((visibility("default"))) int lstat(char const* path, struct stat* result) noexcept
+{
+    hangBelowDead(path);
+    return next<int (*)(char const*, struct stat*)>("lstat")(path, result);
+}
+__attribute__((visibility("default"))) int statx(int folder, char const* path, int flags, unsigned mask, struct statx* result) noexcept
+{
+    hangBelowDead(path);
+    return next<int (*)(int, char const*, int, unsigned, struct statx*)>("statx")(folder, path, flags, mask, result);
+}
+}
+
+namespace {
+
+// --- The window ---
+
+/// Knows when a widget was painted as it is wanted.
+class Application : public QApplication {
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override
+    {
+        bool const isTaken = QApplication::notify(receiver, event);
+        if (receiver == watched && event->type() == QEvent::Paint && !painted && wanted && wanted())
+            painted = Clock::now();
+        return isTaken;
+    }
+
+    QObject* watched = nullptr;
+    std::function<bool()> wanted{};
+    std::optional<Clock::time_point> painted{};
+};
+
+[[noreturn]] void fail(std::string const& what)
+{
+    std::cerr << what << '\n';
+    std::_Exit(1);
+}
+
+class Window {
+public:
+    Window(Application& application, fs::path const& folder)
+        : m_application(application), m_folder(folder), m_window({folder / "product.json", folder / "stores"})
+    {
+        for (Inspector::ItemsView* const view : m_window.findChildren<Inspector::ItemsView*>())
+            if (view->accessibleName() == QLatin1String("Settings"))
+                m_view = view;
+        for (QLineEdit* const field : m_window.findChildren<QLineEdit*>())
+            if (field->accessibleName() == QLatin1String("Search"))
+                m_search = field;
+        if (!m_view || !m_search)
+            fail("the window has no list of settings, or no search");
+        m_application.watched = m_view->viewport();
+        m_window.resize(1024, 640);
+        paintedWhen([this] { return m_view->allCount() > 0; },
+                    [this] {
+                        m_window.show();
+                        m_window.activateWindow();
+                    });
+    }
+
+    void comes(std::function<bool()> const& holds) const
+    {
+        auto const end = Clock::now() + 1min;
+        while (!holds()) {
+            if (Clock::now() > end)
+                fail("the window does not come to show what is waited for");
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+        }
+    }
+    /// Does `work`, and waits until the list is painted when that holds. Returns when it was.
+    Clock::time_point paintedWhen(std::function<bool()> const& holds, std::function<void()> const& work) const
+    {
+        m_application.painted.reset();
+        m_application.wanted = holds;
+        work();
+        comes([this] { return m_application.painted.has_value(); });
+        return *m_application.painted;
+    }
+    void runFor(std::chrono::milliseconds time) const
+    {
+        QTimer::singleShot(time, &m_application, &QCoreApplication::quit);
+        QCoreApplication::exec();
+    }
+    void trigger(QKeySequence const& keys)
+    {
+        for (QAction* const action : m_window.findChildren<QAction*>())
+            if (action->shortcuts().contains(keys))
+                return action->trigger();
+        fail("no action has the shortcut " + keys.toString().toStdString());
+    }
+    QString cellOf(std::string const& key, int column = Inspector::Setting::valueColumn) const
+    {
+        for (int row = 0; row < m_view->model()->rowCount(); ++row)
+            if (m_view->model()->index(row, 0).data().toString().toStdString() == key)
+                return m_view->model()->index(row, column).data().toString();
+        return {};
+    }
+
+    Inspector::ItemsView& view() const { return *m_view; }
+    QLineEdit& search() const { return *m_search; }
+    fs::path file() const { return m_folder / "stores/product-settings.sqlite"; }
+
+private:
+    Application& m_application;
+    fs::path const m_folder;
+    Inspector::MainWindow m_window;
+    Inspector::ItemsView* m_view = nullptr;
+    QLineEdit* m_search = nullptr;
+};
+
+void tell(char const* name, double figure) { std::cout << name << '\t' << figure << std::endl; }
+
+double percentile(std::vector<double> all, std::size_t percent)
+{
+    std::sort(all.begin(), all.end());
+    return all[(all.size() * percent + 99) / 100 - 1];
+}
+
+// Of this program called again.
+QStringList again(char const* verb, fs::path const& file, int number = 0)
+{
+    return {QLatin1String(verb), QString::fromStdString(file.string()), QString::number(number)};
+}
+
+/// Another process, which runs while the window does.
+class Other : public QProcess {
+public:
+    explicit Other(QStringList const& arguments) { start(QCoreApplication::applicationFilePath(), arguments); }
+    ~Other() override { waitForFinished(); }
+    bool hasEnded() const { return state() == QProcess::NotRunning; }
+};
+
+void measureMemory(Window& window, int)
+{
+    window.runFor(2s); // folders and stores are examined after the first look
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);)
+        if (line.rfind("RssAnon:", 0) == 0)
+            tell("RssAnon in MB", std::stod(line.substr(8)) / 1024);
+}
+
+// --- Searches ---
+
+struct Typed {
+    char const* text;
+    int found;
+};
+
+// Of 10,000 keys, each third of which has the value "third", beside the editor's preferences.
+constexpr Typed searches[] = {{"key0", 1},       {"key99", 111},        {"key999", 11}, {"third", 3334},        {"other", 6666},
+                              {"7 other", 2289}, {"key 7 third", 1150}, {"nowhere", 0}, {"@undeclared", 10000}, {"@unset", 55},
+                              {"key1 9", 291},   {"5 5", 3439}};
+
+Milliseconds search(Window& window, Typed const& typed)
+{
+    Clock::time_point const begin = Clock::now();
+    return window.paintedWhen([&] { return window.view().foundCount() == typed.found; },
+                              [&] { window.search().setText(QLatin1String(typed.text)); }) -
+           begin;
+}
+
+void measureSearches(Window& window, int rounds)
+{
+    std::vector<double> all;
+    double worst = 0;
+    Typed const nothing{"", window.view().allCount()};
+    for (Typed const& typed : searches) {
+        std::vector<double> of;
+        for (int round = 0; round < rounds; ++round) {
+            of.push_back(search(window, typed).count());
+            search(window, nothing);
+        }
+        worst = std::max(worst, percentile(of, 95));
+        all.insert(all.end(), of.begin(), of.end());
+    }
+    tell("median in ms", percentile(all, 50));
+    tell("95th percentile in ms", percentile(all, 95));
+    tell("of the slowest search in ms", worst);
+}
+
+// --- Changes of others ---
+
+void measureChanges(Window& window, int count)
+{
+    QProcess changer;
+    changer.start(QStringLiteral(CHANGER), {QString::fromStdString(window.file().string())});
+    window.search().setText(QStringLiteral("number"));
+    std::vector<double> all;
+    for (int number = 1; number <= count; ++number) {
+        window.runFor(std::chrono::milliseconds(7 * number % 41)); // at any moment between two looks
+        auto const painted =
+            window.paintedWhen([&] { return window.cellOf("number") == QString::number(number); }, [&] { changer.write("change\n"); });
+        window.comes([&] { return changer.canReadLine(); });
+        Clock::time_point const returned{Clock::duration(changer.readLine().trimmed().toLongLong())};
+        all.push_back(std::max(0.0, Milliseconds(painted - returned).count()));
+    }
+    tell("median in ms", percentile(all, 50));
+    tell("95th percentile in ms", percentile(all, 95));
+    changer.closeWriteChannel();
+    changer.waitForFinished();
+}
+
+// --- Rest ---
+
+std::chrono::duration<double> processorTime()
+{
+    rusage usage = {};
+    ::getrusage(RUSAGE_SELF, &usage);
+    auto const seconds = [](timeval const& time) { return std::chrono::seconds(time.tv_sec) + std::chrono::microseconds(time.tv_usec); };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+void measureRest(Window& window, int seconds)
+{
+    window.runFor(2s); // until all was looked at
+    auto const before = processorTime();
+    window.runFor(std::chrono::seconds(seconds));
+    tell("millionths of a core", 1e6 * (processorTime() - before).count() / seconds);
+}
+
+// --- The longest gap between two turns of the loop ---
+
+/// Beats in the window's thread.
+class Heartbeat {
+public:
+    Heartbeat()
+    {
+        m_timer.setTimerType(Qt::PreciseTimer);
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { beat(); });
+        m_timer.start(5);
+    }
+    ~Heartbeat()
+    {
+        beat();
+        tell("longest gap in ms", m_longest.count());
+    }
+    Heartbeat(Heartbeat const&) = delete;
+    Heartbeat& operator=(Heartbeat const&) = delete;
+
+private:
+    void beat()
+    {
+        Clock::time_point const now = Clock::now();
+        m_longest = std::max<Milliseconds>(m_longest, now - m_last);
+        m_last = now;
+    }
+
+    QTimer m_timer;
+    Clock::time_point m_last = Clock::now();
+    Milliseconds m_longest{0};
+};
+
+// A change waits for the store meanwhile.
+void measureWhileHeld(Window& window, int seconds)
+{
+    window.trigger(QKeySequence(Qt::CTRL | Qt::Key_E));
+    if (!window.view().setCurrent(Inspector::settingId("key0", Catalogue::Store::product)))
+        fail("key0 is not listed");
+    Other other(again("hold", window.file(), seconds));
+    window.comes([&] { return other.canReadLine(); });
+    Heartbeat const heartbeat;
+    window.trigger(QKeySequence(Qt::Key_F5));
+    window.trigger(QKeySequence(Qt::Key_Delete));
+    window.comes([&] { return other.hasEnded(); });
+    window.runFor(500ms);
+}
+
+void measureImport(Window& window, int count)
+{
+    int const before = window.view().allCount();
+    Heartbeat const heartbeat;
+    Other const other(again("store", window.file(), count));
+    window.comes([&] { return window.view().allCount() > before; });
+    window.runFor(2s);
+}
+
+void measureDoctor(Window& window, int times)
+{
+    Heartbeat const heartbeat;
+    for (int time = 0; time < times; ++time) {
+        window.trigger(QKeySequence(Qt::Key_F5));
+        window.runFor(2s);
+    }
+}
+
+void measureDeadFolder(Window& window, int seconds)
+{
+    if (!window.view().setCurrent(Inspector::settingId("exportPath", Catalogue::Store::product)))
+        fail("exportPath is not listed");
+    Heartbeat const heartbeat;
+    window.trigger(QKeySequence(Qt::Key_F5));
+    window.runFor(std::chrono::seconds(seconds));
+    if (!wasAsked)
+        fail("nobody asked for the folder");
+    dead.clear();
+}
+
+void measureReplaced(Window& window, int)
+{
+    Heartbeat const heartbeat;
+    Other const other(again("replace", window.file()));
+    window.comes([&] { return window.cellOf("number") == QLatin1String("-1"); });
+    window.runFor(2s);
+}
+
+struct Subject {
+    char const* verb;
+    void (*measure)(Window&, int);
+};
+
+constexpr Subject subjects[] = {{"memory", measureMemory}, {"searches", measureSearches}, {"changes", measureChanges},
+                                {"rest", measureRest},     {"held", measureWhileHeld},    {"import", measureImport},
+                                {"doctor", measureDoctor}, {"dead", measureDeadFolder},   {"replaced", measureReplaced}};
+
+int measure(Application& application, std::string const& verb, fs::path const& folder, int number)
+{
+    for (Subject const& subject : subjects)
+        if (verb == subject.verb) {
+            if (verb == "dead")
+                dead = (folder / "dead").string();
+            Window window(application, folder);
+            subject.measure(window, number);
+            return 0;
+        }
+    return 2;
+}
+
+} // namespace
+
+// VERB FOLDER NUMBER
+int main(int argc, char** argv)
+{
+    if (argc != 4)
+        return 2;
+    std::string const verb = argv[1];
+    int const number = std::atoi(argv[3]);
+    if (verb == "hold")
+        return hold(argv[2], number);
+    if (verb == "store")
+        return storeTogether(argv[2], number);
+    if (verb == "replace")
+        return replace(argv[2]);
+    Application application(argc, argv);
+    return measure(application, verb, argv[2], number);
+}

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include <Window/changes/Committer.h>
+
+#include <Inspection/OneLine.h>
+
+#include <algorithm>
+
+namespace Inspector {
+
+namespace {
+
+QString shown(std::string const& text) { return QString::fromStdString(Inspection::withoutControls(text)); }
+
+// What was tried with the row that is another one now. An edit has no row to come back.
+Inspection::Difference const* triedFor(Answer const& answer, Commit const& commit)
+{
+    Step const* const step = std::get_if<Step>(&commit);
+    if (!step)
+        return nullptr;
+    auto const isIt = [&](Inspection::Difference const& each) {
+        return each.row.key == answer.key && (!answer.store || each.store == *answer.store);
+    };
+    auto const found = std::find_if(step->begin(), step->end(), isIt);
+    return found == step->end() ? nullptr : &*found;
+}
+
+// The texts of a change hide what is personal.
+QString aboutConflict(Answer const& answer, Commit const& commit)
+{
+    QString const key = shown(answer.key);
+    Inspection::Difference const* const tried = triedFor(answer, commit);
+    if (!tried)
+        return Committer::tr("%1 was changed by somebody else meanwhile, so it stays as it is now.").arg(key);
+    auto const valueOf = [&](auto const& row) { return changeOf({tried->store, {answer.key, {}, row}}, false, 0).cells.last(); };
+    return Committer::tr("%1 was changed by somebody else meanwhile, so it stays as it is now.\n"
+                         "There was: %2\nThere is now: %3\nThere would be again: %4")
+        .arg(key, valueOf(tried->row.after), valueOf(answer.there), valueOf(tried->row.before));
+}
+
+QString whyNotStored(Answer const& answer, Commit const& commit)
+{
+    switch (answer.outcome) {
+    case Outcome::conflict:
+        return aboutConflict(answer, commit);
+    case Outcome::refused:
+        return shown(answer.reason);
+    case Outcome::failed:
+        return answer.error ? shown(answer.error->what()) : QString();
+    case Outcome::lookingOnly:
+        return Committer::tr("Nothing was stored: changes are not allowed.");
+    case Outcome::stored:
+    case Outcome::unchanged:
+        break;
+    }
+    return {};
+}
+
+} // namespace
+
+Committer::Committer(Desk& desk, QObject* parent) : QObject(parent), m_desk(desk)
+{
+    connect(&desk, &Desk::answered, this, &Committer::take);
+}
+
+void Committer::commit(Commit const& commit, std::function<void(Answer const&)> const& whoAsked) { send(commit, Way::edit, whoAsked); }
+
+void Committer::step(Way way)
+{
+    if (std::optional<Step> const next = m_history.next(way))
+        send(*next, way, {});
+}
+
+void Committer::send(Commit const& commit, Way way, std::function<void(Answer const&)> const& whoAsked)
+{
+    int const number = m_desk.commit(commit);
+    m_history.sent(number, way);
+    m_sent[number] = {commit, whoAsked};
+    Q_EMIT stepsChanged();
+}
+
+void Committer::take(Answer const& answer)
+{
+    m_history.answered(answer);
+    auto const sent = m_sent.extract(answer.number);
+    if (sent.empty())
+        return;
+    Q_EMIT stepsChanged();
+    QString const text = whyNotStored(answer, sent.mapped().commit);
+    if (sent.mapped().whoAsked)
+        sent.mapped().whoAsked(answer);
+    else if (!text.isEmpty())
+        Q_EMIT refused(text);
+}
+
+QString Committer::nextStep(Way way) const
+{
+    std::optional<Step> const next = m_history.next(way);
+    if (!next || next->empty())
+        return {};
+    QString const key = QString::fromStdString(Inspection::onOneLine(next->front().row.key));
+    int const others = static_cast<int>(next->size()) - 1;
+    return others > 0 ? tr("%1 and %n more", nullptr, others).arg(key) : key;
+}
+
+} // namespace Inspector

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <Inspector/Desk.h>
+#include <Inspector/History.h>
+
+#include <QObject>
+
+#include <functional>
+#include <map>
+
+namespace Inspector {
+
+/// What this window stores, takes back and does again, a step at a time. It tells what was not stored, and why.
+class Committer : public QObject {
+    Q_OBJECT
+
+public:
+    using Way = History::Way;
+
+    Committer(Desk& desk, QObject* parent);
+
+    /// Stores it as a new step. The answer goes to `whoAsked`, or to `refused` where nobody is named.
+    void commit(Commit const& commit, std::function<void(Answer const&)> const& whoAsked = {});
+    /// Goes one step back, or forth again, where there is one.
+    void step(Way way);
+    /// The keys of that step, for a menu: "exportPath and 2 more"; empty where there is none.
+    QString nextStep(Way way) const;
+    /// Whether an answer is waited for.
+    bool isWaiting() const { return !m_sent.empty(); }
+
+Q_SIGNALS:
+    /// `nextStep` and `isWaiting` have other answers.
+    void stepsChanged();
+    /// Not all was stored; `text` tells why.
+    void refused(QString const& text);
+
+private:
+    struct Sent {
+        Commit commit;
+        std::function<void(Answer const&)> whoAsked;
+    };
+
+    void send(Commit const& commit, Way way, std::function<void(Answer const&)> const& whoAsked);
+    void take(Answer const& answer);
+
+    Desk& m_desk;
+    History m_history;
+    std::map<int, Sent> m_sent;
+};
+
+} // namespace Inspector

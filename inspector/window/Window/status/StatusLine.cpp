@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include <Window/status/StatusLine.h>
+
+#include <Inspection/OneLine.h>
+
+#include <QCheckBox>
+#include <QLabel>
+
+namespace Inspector {
+
+namespace {
+
+bool takesChanges(StoreView const& store)
+{
+    return store.state == Inspection::StoreState::usable || store.state == Inspection::StoreState::missing ||
+           (store.error && store.error->code() == Storage::StorageError::Code::busy);
+}
+
+QString whyNot(StoreView const& store) { return store.error ? QString::fromUtf8(store.error->what()) : QString(); }
+
+} // namespace
+
+StatusLine::StatusLine(QWidget* parent)
+    : QStatusBar(parent),
+      m_changes(new QCheckBox(tr("&Allow changes"), this)),
+      m_product(new QLabel(this)),
+      m_common(new QLabel(this)),
+      m_age(new QLabel(this)),
+      m_step(new QLabel(this))
+{
+    setSizeGripEnabled(false);
+    m_changes->setAccessibleName(tr("Allow changes"));
+    auto* const looking = new QLabel(tr("Looking only"), this);
+    connect(m_changes, &QCheckBox::toggled, looking, [=](bool isOn) { looking->setText(isOn ? tr("Changing") : tr("Looking only")); });
+    addWidget(looking);
+    addWidget(m_changes);
+    for (QLabel* const label : {m_product, m_common, m_age})
+        addWidget(label);
+    addPermanentWidget(m_step);
+    for (QLabel* const label : findChildren<QLabel*>())
+        label->setContentsMargins(fontMetrics().averageCharWidth(), 0, fontMetrics().averageCharWidth(), 0);
+}
+
+void StatusLine::show(Snapshot const& snapshot)
+{
+    show(*m_product, tr("product store"), snapshot.product);
+    show(*m_common, tr("common store"), snapshot.common);
+    bool const isRefused = !takesChanges(snapshot.product) && !takesChanges(snapshot.common);
+    m_refusal = isRefused ? whyNot(snapshot.product) + QLatin1Char('\n') + whyNot(snapshot.common) : QString();
+    if (isRefused)
+        m_changes->setChecked(false);
+    m_changes->setEnabled(!isRefused);
+    m_changes->setToolTip(m_refusal);
+    m_changes->setAccessibleDescription(m_refusal);
+}
+
+void StatusLine::show(QLabel& label, QString const& name, StoreView const& store)
+{
+    bool const isBusy = store.error && store.error->code() == Storage::StorageError::Code::busy;
+    bool const isOpened = !store.file.empty();
+    label.setText(isOpened ? tr("%1: %2").arg(name, isBusy ? tr("busy") : QString::fromUtf8(storeStateName(store.state))) : QString());
+    QString const file = QString::fromStdString(Inspection::withoutControls(store.file));
+    label.setToolTip(store.error ? whyNot(store) : file);
+    label.setAccessibleName(label.text());
+    label.setAccessibleDescription(label.toolTip());
+}
+
+void StatusLine::showAge(QString const& words)
+{
+    m_age->setText(words);
+    m_age->setAccessibleName(words);
+}
+
+void StatusLine::showStep(QString const& words)
+{
+    m_step->setText(words);
+    m_step->setAccessibleName(words);
+}
+
+} // namespace Inspector
