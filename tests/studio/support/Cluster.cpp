@@ -169,8 +169,10 @@ Cluster::~Cluster()
 std::vector<std::string> Cluster::command() const
 {
     std::vector<std::string> result{programs() / "postgres", "-D", m_folder / "data"};
+    // Shared memory lies in the server's folder, so that nothing remains of one that was killed.
     std::vector<std::string> settings{"unix_socket_directories=" + m_folder.string(), "port=" + std::to_string(m_port),
-                                      m_options.tcp ? "listen_addresses=127.0.0.1" : "listen_addresses=", "fsync=off"};
+                                      m_options.tcp ? "listen_addresses=127.0.0.1" : "listen_addresses=", "fsync=off",
+                                      "dynamic_shared_memory_type=mmap"};
     settings.insert(settings.end(), m_options.settings.begin(), m_options.settings.end());
     for (std::string const& setting : settings)
         result.insert(result.end(), {"-c", setting});
