@@ -264,6 +264,8 @@ TEST_F(Windows, ExportAndImportGoThroughFileNamesAndAComparison)
                 return true;
         return false;
     }));
+    m_window->activateWindow();
+    ASSERT_TRUE(comes([this] { return m_window->isActiveWindow() && QApplication::focusWidget(); }));
     press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_TRUE(comesToBeStored("exportPath", "/other"));
 }
