@@ -688,10 +688,12 @@ void MainWindow::restoreState()
     WindowState const state = WindowState::load();
     int const unit = fontMetrics().averageCharWidth();
     resize(state.size.isEmpty() ? QSize(unit * 150, fontMetrics().lineSpacing() * 38) : state.size);
-    m_parts->setSizes(state.parts.size() == 3 ? state.parts : QList<int>{unit * 19, width() - unit * 57, unit * 38});
-    // In characters; of the others' columns the rest is for the value.
-    QList<QList<int>> const first = {
-        {22, qMax(18, width() / unit - 112), 10, 9, 11, 0, 0, 0, 0}, {34, 50, 12, 20}, {10, 30, 60, 20}, {22, 16, 10, 26, 26, 26}};
+    m_parts->setSizes(state.parts.size() == 3 ? state.parts : QList<int>{unit * 22, width() - unit * 58, unit * 36});
+    // In characters; the values take what is left.
+    QList<QList<int>> const first = {{20, 14, 9, 8, 0, 0, 0, 0, 0}, {34, 50, 12, 20}, {10, 30, 60, 20}, {22, 16, 10, 26, 26, 26}};
+    m_views[settingsPage]->header()->setMinimumSectionSize(unit * 6);
+    m_views[settingsPage]->header()->setStretchLastSection(false);
+    m_views[settingsPage]->header()->setSectionResizeMode(Setting::valueColumn, QHeaderView::Stretch);
     for (int at = 0; at < pageCount; ++at) {
         bool const isKept = state.columns.size() == pageCount && state.columns[at].size() == m_views[at]->model()->columnCount();
         for (int column = 0; column < m_views[at]->model()->columnCount(); ++column) {
