@@ -51,7 +51,8 @@ Server::Server(int users)
       }())
 {
     m_cluster.ask("CREATE DATABASE studio");
-    m_cluster.ask("BEGIN; " + Studio::schemaSteps().front() + " COMMIT", "studio");
+    for (std::string const& step : Studio::schemaSteps())
+        m_cluster.ask("BEGIN; " + step + " COMMIT", "studio");
     m_cluster.ask("DO $$ BEGIN FOR number IN 0.." + std::to_string(users - 1) +
                   " LOOP EXECUTE 'CREATE ROLE user' || number || ' LOGIN IN ROLE settings_user'; END LOOP; END $$");
 }

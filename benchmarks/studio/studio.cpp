@@ -99,6 +99,29 @@ void addRoundTrips(Shared const& all)
     Bench::addByTurns("change of a shared setting", change, [all] { all->program.change(); });
 }
 
+// A program whose server is known to be away.
+struct Away {
+    explicit Away(std::string const& folder)
+        : session([&] {
+              Studio::Session::Options options{"host=" + folder + " dbname=studio user=away", [](std::string const&) { return true; }};
+              options.folder = folder;
+              return options;
+          }())
+    {}
+
+    Studio::Session session;
+    std::shared_ptr<ISettingsStorage> store = session.store("common", std::make_shared<TestKit::MemoryStorage>());
+    int count = 0;
+};
+
+void addAway(Shared const& all)
+{
+    auto const away = std::make_shared<Away>(all->folder.path().toStdString());
+    Bench::require(away->session.status().outbox.has_value(), "the session has no outbox");
+    auto const change = [away] { away->store->setInt("number", away->count++); };
+    Bench::addByTurns("change while the server is away", change, [all] { all->file.setInt("number", all->count++); });
+}
+
 // --- Many programs ---
 
 // What gives a layer its next revision, with another rule of who is notified.
@@ -176,6 +199,7 @@ Bench::Registration const registration([] {
     fill(*all);
     addReads(all);
     addRoundTrips(all);
+    addAway(all);
     addCommits();
 });
 

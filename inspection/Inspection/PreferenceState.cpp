@@ -211,14 +211,19 @@ struct ShownValue {
     }
 };
 
+PreferenceState undeclared(Store store, std::vector<LayeredRow> const& stored)
+{
+    StoredRow const& row = stored.front().row;
+    Value const value = std::visit(ShownValue(), row.value);
+    return {row.key, store, std::nullopt, {value, value, store, row.key, true}, {row}, {}, nullptr, false, stored};
+}
+
 std::optional<PreferenceState> undeclared(Host::Application const& application, std::string const& key, Store store)
 {
     std::vector<LayeredRow> const stored = storedLayers(application, store, key);
     if (stored.empty())
         return std::nullopt;
-    StoredRow const& row = stored.front().row;
-    Value const value = std::visit(ShownValue(), row.value);
-    return PreferenceState{key, store, std::nullopt, {value, value, store, key, true}, {row}, {}, nullptr, false, stored};
+    return undeclared(store, stored);
 }
 
 struct EmptyValue {
@@ -307,16 +312,17 @@ std::optional<PreferenceState> preferenceState(Host::Application const& applicat
 
 namespace {
 
-// What the stored key belongs to; nullopt for that of a preference, or in a store in which it is not looked for.
-std::optional<PreferenceState> stateBehind(Host::Application const& application, std::string const& key, Store store)
+// What the stored key of these layers belongs to; nullopt for that of a preference, or in a store in which it is not looked for.
+std::optional<PreferenceState> stateBehind(Host::Application const& application, Store store, std::vector<LayeredRow> const& stored)
 {
+    std::string const& key = stored.front().row.key;
     if (Catalogue::findPreference(key))
         return std::nullopt;
     if (std::optional<Member> const member = memberOfAFamily(key))
         return member->family->store == store ? std::optional(stateOf(application, key, *member)) : std::nullopt;
     if (std::optional<OwnKeys::Match> const match = ownKeys().find(key))
         return storeOf(*match->declaration) == store ? std::optional(stateOf(application, *match)) : std::nullopt;
-    return undeclared(application, key, store);
+    return undeclared(store, stored);
 }
 
 } // namespace
@@ -331,8 +337,8 @@ std::vector<PreferenceState> preferenceStates(Host::Application const& applicati
         if (!declared.isPrefix && own.insert(declared.key).second)
             states.push_back(stateOf(application, {&declared, declared.key, OwnKeys::Part::whole}));
     for (Store const store : {Store::product, Store::common})
-        for (std::string const& key : storedKeys(application, store))
-            if (std::optional<PreferenceState> state = stateBehind(application, key, store);
+        for (std::vector<LayeredRow> const& stored : allStoredLayers(application, store))
+            if (std::optional<PreferenceState> state = stateBehind(application, store, stored);
                 state && (state->isUndeclared() || !ownKeys().find(state->key) || own.insert(state->key).second))
                 states.push_back(*std::move(state));
     std::stable_sort(states.begin(), states.end(),

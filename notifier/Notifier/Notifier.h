@@ -21,8 +21,9 @@ class Worker;
 /// is chosen and a receiver is connected to `changed` or `rowChanged`, and rests when the last receiver is gone. The calls
 /// here never wait for a store.
 ///
-/// Changes count from `watching` on: read the values when it is emitted, and then each value that changes. Several quick
-/// changes of a key may be told as one, but after the last of them a signal follows, whose receiver reads the last value.
+/// Changes count from `watching` on, which waits for a store that others keep locked, as long as its options say: read the values when it
+/// is emitted, and then each value that changes. Several quick changes of a key may be told as one, but after the last of them a signal
+/// follows, whose receiver reads the last value.
 ///
 /// Threads: signals are emitted in the thread that the object lives in, whose event loop must run. Of the functions, any
 /// thread may call `watch`, `watchPrefix` and `report`. The object may be destroyed at any time, also by a receiver of its signals;

@@ -5,15 +5,8 @@
 #include <Storage/watch/ChangeHints.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <chrono>
-#include <cstdint>
 #include <memory>
-#include <system_error>
-
-#include <poll.h>
-#include <sys/eventfd.h>
-#include <unistd.h>
 
 namespace Notifier {
 
@@ -36,14 +29,6 @@ std::vector<std::filesystem::path> pathsOf(std::vector<StoreFile> const& files)
     return paths;
 }
 
-int madeEvent()
-{
-    int const descriptor = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
-    if (descriptor < 0)
-        throw std::system_error(errno, std::generic_category(), "cannot watch stores");
-    return descriptor;
-}
-
 } // namespace
 
 // The hints are asked for before the first look, so that none is missed.
@@ -52,15 +37,19 @@ struct Worker::Watch {
     {
         for (StoreFile const& file : files)
             watchers.emplace_back(file.path, file.options);
+        hasBaseline.resize(files.size());
     }
+
+    bool isComplete() const { return std::find(hasBaseline.begin(), hasBaseline.end(), false) == hasBaseline.end(); }
 
     Storage::ChangeHints hints;
     std::vector<Storage::StoreWatcher> watchers;
-    bool isFirst = true;
+    std::vector<bool> hasBaseline; // of each watcher
+    bool isTold = false;
 };
 
 Worker::Worker(std::vector<StoreFile> files, std::function<void()> haveNews, std::function<void()> check)
-    : m_files(std::move(files)), m_haveNews(std::move(haveNews)), m_check(std::move(check)), m_wake(madeEvent())
+    : m_files(std::move(files)), m_haveNews(std::move(haveNews)), m_check(std::move(check))
 {}
 
 Worker::~Worker()
@@ -70,7 +59,6 @@ Worker::~Worker()
     wake(std::move(turn));
     if (m_thread.joinable())
         m_thread.join();
-    ::close(m_wake);
 }
 
 void Worker::choose(std::function<void(Selection&)> const& add)
@@ -116,14 +104,12 @@ void Worker::wake(std::unique_lock<std::mutex>)
 {
     if (isNeeded() && !m_isEnding && !m_thread.joinable())
         m_thread = std::thread([this] { run(); });
-    std::uint64_t const once = 1;
-    [[maybe_unused]] ssize_t const written = ::write(m_wake, &once, sizeof once);
+    m_wake.wake();
 }
 
 Worker::Task Worker::nextTask()
 {
-    std::uint64_t wakes = 0;
-    [[maybe_unused]] ssize_t const count = ::read(m_wake, &wakes, sizeof wakes);
+    m_wake.clear();
     std::unique_lock<std::mutex> turn(m_turns);
     if (m_isEnding)
         return Task::end;
@@ -141,17 +127,18 @@ void Worker::run()
     for (Task task; (task = nextTask()) != Task::end;) {
         if (task == Task::rest) {
             watch.reset();
-            pollfd awaited = {m_wake, POLLIN, 0};
-            ::poll(&awaited, 1, -1);
+            m_wake.wait();
             continue;
         }
         if (!watch)
             watch = std::make_unique<Watch>(m_files);
         look(*watch);
-        watch->hints.wait(longestPause, m_wake);
+        watch->hints.wait(longestPause, m_wake.descriptor());
     }
 }
 
+// What was there before is known once each store was read; others may keep one locked. An error counts as well, as what it hides is to
+// be told once it is gone.
 void Worker::look(Watch& watch)
 {
     for (std::size_t store = 0; store < watch.watchers.size(); ++store) {
@@ -160,12 +147,15 @@ void Worker::look(Watch& watch)
             if (look.error)
                 news.errors.emplace_back(store, look.error->what());
             for (Storage::StoreWatcher::Difference const& difference : look.differences)
-                if (!watch.isFirst && isChosen(m_selection, difference.key))
+                if (watch.isTold && isChosen(m_selection, difference.key))
                     news.changes[{store, difference.key}] = difference.byThisProcess;
         });
+        watch.hasBaseline[store] = watch.hasBaseline[store] || look.isRead || look.error;
     }
-    if (std::exchange(watch.isFirst, false))
+    if (!watch.isTold && watch.isComplete()) {
+        watch.isTold = true;
         tell([](News& news) { news.isWatching = true; });
+    }
 }
 
 void Worker::tell(std::function<void(News&)> const& add)

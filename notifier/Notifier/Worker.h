@@ -4,6 +4,7 @@
 #pragma once
 
 #include <Storage/SqliteStorage.h>
+#include <Storage/watch/WakeUp.h>
 
 #include <cstddef>
 #include <filesystem>
@@ -73,7 +74,7 @@ private:
     std::vector<StoreFile> const m_files;
     std::function<void()> const m_haveNews;
     std::function<void()> const m_check;
-    int const m_wake; // an eventfd, readable when the thread must not wait
+    Storage::WakeUp const m_wake; // when the thread must not wait
 
     std::mutex m_turns; // for all below
     Selection m_selection;

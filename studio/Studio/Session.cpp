@@ -34,6 +34,7 @@ Session::~Session()
 
 std::shared_ptr<Storage::LayeredStorage> Session::store(std::string const& name, std::shared_ptr<ISettingsStorage> const& local)
 {
+    m_core->offer(name, *local);
     return std::make_shared<SessionStore>(m_core, name, local);
 }
 

@@ -59,7 +59,10 @@ struct Status {
     std::vector<std::filesystem::path> damaged;
     /// How many changes of this program, and of those whose work it goes on with, wait for the server.
     std::size_t pending = 0;
+    /// When the oldest of them was made, by this workstation's clock.
+    std::optional<std::chrono::system_clock::time_point> pendingSince;
     /// The last changes that the server refused, up to 100, of all programs of the user on this workstation. The oldest is the first.
+    /// One is listed until the server stores another change of its key.
     std::vector<Refused> refused;
 };
 
@@ -144,7 +147,9 @@ public:
     Session& operator=(Session const&) = delete;
 
     /// The store `name`, such as "common": up to 255 bytes of UTF-8, not empty. `local`, which must not be null, keeps the keys
-    /// that do not roam.
+    /// that do not roam. What a `Storage::SqliteStorage` holds of the others, from before it met the server, is offered to it
+    /// once: where the server has no value it gets this one, now or when it can be reached; a value that it has stays, and
+    /// this one is filed with those that lost a conflict. `local` keeps it. Without an outbox nothing is offered.
     std::shared_ptr<Storage::LayeredStorage> store(std::string const& name, std::shared_ptr<ISettingsStorage> const& local);
 
     /// Sends what waits, unless the server takes no change now. Afterwards reads show every change that the server had acknowledged,

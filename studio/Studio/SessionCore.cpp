@@ -3,6 +3,8 @@
 
 #include <Studio/ClientName.h>
 
+#include <Storage/SqliteStorage.h>
+
 #include <algorithm>
 #include <random>
 #include <utility>
@@ -38,11 +40,13 @@ Connection::Options connectionOptions(Session::Options const& options)
     return result;
 }
 
-// The epoch is looked at after the changes: it may be newer than they are, but never older. It doubles what the statement costs.
-std::string news(bool hasEpoch)
+constexpr char const* news = "SELECT studio, layer_revision, store, key, kind, value, locked, changed_by, changed_at";
+
+// With the epoch, which may be newer than the changes, but is never older. A server of the first schema greets for it.
+std::string newsWithEpoch(std::int64_t schema)
 {
-    return "SELECT studio, layer_revision, store, key, kind, value, locked, changed_by, changed_at"s +
-           (hasEpoch ? ", (SELECT epoch FROM settings.hello_v1($3, 0))" : "") + " FROM settings.changes_v1($1, $2)";
+    return std::string(news) + (schema > 1 ? ", epoch FROM settings.changes_v2($1, $2)"
+                                           : ", (SELECT epoch FROM settings.hello_v1($3, 0)) FROM settings.changes_v1($1, $2)");
 }
 
 constexpr char const* studioChannel = "settings_studio";
@@ -120,6 +124,26 @@ void SessionCore::change(std::string const& store, std::string const& key, std::
     if (waits && answer.wait_for(m_options.writeWait) == std::future_status::ready)
         if (Outgoing::Answer const failure = answer.get())
             throw failure->error();
+}
+
+// What no server takes stays where it is.
+void SessionCore::offer(std::string const& store, ISettingsStorage const& local)
+try {
+    auto const* const file = dynamic_cast<Storage::SqliteStorage const*>(&local);
+    if (!file || !m_outgoing.outbox())
+        return;
+    std::vector<Outbox::Local> values;
+    for (Storage::SqliteStorage::Row const& row : file->rows()) {
+        if (!roams(row.key) || row.key.size() > longestKey || std::holds_alternative<std::monostate>(row.value))
+            continue;
+        auto const changed = std::chrono::duration_cast<std::chrono::milliseconds>(row.changed.time_since_epoch());
+        if (StoredValue const value = storedValue(row.value); value.bytes.size() <= longestValue)
+            values.push_back({row.key, value, {"", 0, changed.count()}});
+    }
+    m_outgoing.offer(store, values);
+    m_wake.raise();
+} catch (Storage::StorageError const& error) {
+    m_outgoing.note(error);
 }
 
 void SessionCore::changeAtServer(std::string const& store, std::string const& key, std::optional<Value> const& value)
@@ -334,13 +358,14 @@ void SessionCore::greet()
 {
     int const backend = m_connection.backend();
     Rows const rows =
-        m_connection.execute("SELECT epoch, hears, user_layer, pg_catalog.pg_backend_pid() FROM settings.hello_v1($1, $2)",
+        m_connection.execute("SELECT epoch, hears, user_layer, pg_catalog.pg_backend_pid(), schema FROM settings.hello_v1($1, $2)",
                              {Parameter::literal(m_client), Parameter::literal(std::to_string(m_options.listen ? backend : 0))});
     std::string const epoch(rows.bytes(0, 0));
     m_greeted.clear();
     if (!m_epoch.empty() && epoch != m_epoch)
         forgetRevisions();
     m_epoch = epoch;
+    m_schema = rows.integer(0, 4);
     m_isListening = rows.integer(0, 1) != 0;
     if (m_isListening) {
         m_connection.execute("LISTEN "s + studioChannel);
@@ -358,21 +383,24 @@ void SessionCore::forgetRevisions()
     m_status.historyChanged = std::chrono::system_clock::now();
 }
 
-// A poll asks for the epoch, which may change while a connection lasts: with a forgotten user, and behind a pooler always. Forged
-// hints bring it to look ten times a second: only after one that brought news may the next follow at once.
+// Between polls the outbox keeps what is answered, which saves a sync for each change. A poll asks for the epoch, which may change while a
+// connection lasts: with a forgotten user, and behind a pooler always. Forged hints bring it to look ten times a second: only after one
+// that brought news may the next follow at once.
 void SessionCore::look()
 {
     Clock::time_point const now = Clock::now();
     bool const isPoll = !m_connection.isOpen() || now >= m_nextPoll;
-    if (isPoll)
+    if (isPoll) {
         m_nextPoll = nextPoll();
+        m_outgoing.tidy();
+    }
     auto const known = std::pair(m_userRevision, m_studioRevision);
     exchange(Clock::time_point::max(), [this, now, isPoll] { catchUp(now, isPoll); });
     if (!isPoll && known == std::pair(m_userRevision, m_studioRevision))
         m_hintsFrom = Clock::now() + std::chrono::milliseconds(100);
 }
 
-// A server that is set to read only greets nobody, and forgets nobody either.
+// A server that is set to read only greets nobody, and forgets nobody either; a standby behind a pooler has no epoch of its own.
 void SessionCore::catchUp(Clock::time_point moment, bool checksEpoch)
 try {
     if ((checksEpoch ? m_checked : m_fetched) < moment)
@@ -390,9 +418,10 @@ void SessionCore::fetch(bool checksEpoch)
     for (bool isKnown = false; !isKnown;) {
         std::vector<Parameter> parameters{Parameter::literal(std::to_string(m_userRevision)),
                                           Parameter::literal(std::to_string(m_studioRevision))};
-        if (checksEpoch)
+        if (checksEpoch && m_schema == 1)
             parameters.push_back(Parameter::literal(m_client));
-        Rows const rows = m_connection.execute(news(checksEpoch), parameters);
+        Rows const rows = m_connection.execute(
+            checksEpoch ? newsWithEpoch(m_schema) : std::string(news) + " FROM settings.changes_v1($1, $2)", parameters);
         // Only a new greeting helps.
         if (checksEpoch && rows.bytes(0, 9) != m_epoch)
             throw ServerError(Reason::lost, m_connection.host());
@@ -527,10 +556,12 @@ void SessionCore::sendOne(Outgoing::Change& change)
     std::string const& client = greetLane(operation.lane);
     std::int64_t revision = 0;
     try {
-        revision = send(operation, client);
+        revision = operation.isOffer() ? sendOffer(operation, client) : send(operation, client);
     } catch (ServerError const& error) {
         if (!isRefusal(error))
             throw;
+        if (operation.isOffer() && error.reason() == Reason::locked)
+            return m_outgoing.overtaken(change);
         if (error.reason() == Reason::locked)
             fetch();
         m_outgoing.refused(change, Failure{error.reason(), error.host(), error.sqlState()});
@@ -571,6 +602,22 @@ std::int64_t SessionCore::send(Outbox::Operation const& operation, std::string c
          value ? Parameter::raw(value->bytes) : Parameter::null(),
          Parameter::literal(std::to_string(age(operation.written, Moment::now()))), Parameter::literal(std::to_string(base))});
     return rows.bytes(0, 0) == "stored" ? rows.integer(0, 1) : 0;
+}
+
+// Where the server has another value, that stays: the offer is older than the server counts, and loses. Where it has none the offer is a
+// change of its age, which is never as old as that.
+std::int64_t SessionCore::sendOffer(Outbox::Operation offer, std::string const& client)
+{
+    constexpr std::int64_t year = 365LL * 24 * 60 * 60 * 1000;
+    fetch();
+    std::shared_ptr<Setting const> const known = m_snapshot.inLayer(offer.store, offer.key);
+    if (known && known->value == valueOf(offer.value->kind, offer.value->bytes))
+        return 0;
+    Moment const now = Moment::now();
+    offer.written = {"", 0, now.timeOfDay - (known ? 20 * year : std::min(age(offer.written, now), 5 * year))};
+    offer.epoch = m_epoch;
+    offer.base = known ? 0 : m_userRevision;
+    return send(offer, client);
 }
 
 } // namespace Studio

@@ -18,6 +18,10 @@
 
 namespace Studio {
 
+/// The bytes that a key and a value may have.
+inline constexpr std::size_t longestKey = 4096;
+inline constexpr std::size_t longestValue = 16 << 20;
+
 /// What the stores of a session and its thread share. Calls for any thread come first; what they ask of the server is done by
 /// the thread that runs `run`, one after the other. Between them it looks at the server by itself, and connects again.
 class SessionCore {
@@ -38,6 +42,8 @@ public:
     /// Sets a key of the user's layer, or removes it where there is no value. Throws `ServerError`, and where the outbox cannot keep
     /// the change `Storage::StorageError`.
     void change(std::string const& store, std::string const& key, std::optional<Value> const& value);
+    /// Offers the server what `local` holds of the keys that roam, as `Session::store` says.
+    void offer(std::string const& store, ISettingsStorage const& local);
     /// Waits for the first connection, or for what is in its way. Throws `ServerError`.
     void awaitConnection(Clock::time_point deadline);
     /// Takes over what is new at the server. Throws `ServerError`.
@@ -47,6 +53,13 @@ public:
 
     Snapshot::Found find(std::string const& store, std::string const& key) const { return m_snapshot.find(store, key); }
     std::set<std::string> keys(std::string const& store) const { return m_snapshot.keys(store); }
+    /// As `Snapshot::shown` and `Snapshot::read`.
+    Snapshot::Shown const& shown(std::string const& store) { return m_snapshot.shown(store); }
+    template <typename Look>
+    auto read(Snapshot::Shown const& store, std::string const& key, Look const& look) const
+    {
+        return m_snapshot.read(store, key, look);
+    }
     Status status() const;
     /// The server, as far as it is known.
     std::string host() const;
@@ -89,6 +102,7 @@ private:
     void sendOne(Outgoing::Change& change);
     std::string const& greetLane(std::int64_t lane);
     std::int64_t send(Outbox::Operation const& operation, std::string const& client);
+    std::int64_t sendOffer(Outbox::Operation offer, std::string const& client);
     void postpone(std::optional<Failure> const& problem);
     void note(std::optional<Failure> const& problem);
 
@@ -128,6 +142,7 @@ private:
     Clock::time_point m_nextSend; // while there is a connection
     std::string m_keptEpoch;      // of the outbox
     std::string m_epoch;
+    std::int64_t m_schema = 0; // of the server that was greeted last
     std::int64_t m_operation = 0;
     std::int64_t m_userRevision = 0;
     std::int64_t m_studioRevision = 0;

@@ -13,8 +13,6 @@ namespace {
 
 constexpr char const* toChange = "change a setting";
 constexpr std::size_t longestName = 255;
-constexpr std::size_t longestKey = 4096;
-constexpr std::size_t longestValue = 16 << 20;
 
 Code codeOf(Reason reason)
 {
@@ -63,7 +61,7 @@ Storage::StorageError storageError(ServerError const& error, std::string const& 
 }
 
 SessionStore::SessionStore(std::shared_ptr<SessionCore> core, std::string name, std::shared_ptr<ISettingsStorage> local)
-    : m_core(std::move(core)), m_name(std::move(name)), m_local(std::move(local))
+    : m_core(std::move(core)), m_name(std::move(name)), m_local(std::move(local)), m_shown(m_core->shown(m_name))
 {}
 
 // Asked for keys that stay on the workstation, too: the server sees no change of theirs that it could refuse.
@@ -113,9 +111,6 @@ void SessionStore::remove(std::string const& key)
     m_core->roams(key) ? change(key, std::nullopt) : m_local->remove(key);
 }
 
-// A value of the studio's counts, as a read gives it.
-bool SessionStore::contains(std::string const& key) const { return shared(key) || (!m_core->roams(key) && m_local->contains(key)); }
-
 std::vector<SessionStore::LayeredRow> SessionStore::layersOf(std::string const& key) const
 {
     auto const [user, studio] = m_core->find(m_name, key);
@@ -138,26 +133,37 @@ std::vector<std::string> SessionStore::sharedKeys() const
     return {keys.begin(), keys.end()};
 }
 
-// What the server has for the key; null where the local store decides, or nobody has a value.
-std::shared_ptr<Setting const> SessionStore::shared(std::string const& key) const
+// What `look` returns of what the server has for the key; of null where the local store decides, or nobody has a value.
+template <typename Look>
+auto SessionStore::shared(std::string const& key, Look const& look) const
 {
-    auto const [user, studio] = m_core->find(m_name, key);
-    if (studio && studio->locked)
-        return studio;
     if (m_core->roams(key))
-        return user ? user : studio;
-    return m_local->contains(key) ? nullptr : studio;
+        return m_core->read(m_shown, key, [&](Snapshot::Found const& found) {
+            bool const isStudios = !found.user || (found.studio && found.studio->locked);
+            return look(isStudios ? found.studio.get() : found.user.get());
+        });
+    // The local store is asked without the lock of the snapshot.
+    std::shared_ptr<Setting const> const studio = m_core->find(m_name, key).studio;
+    return look(studio && (studio->locked || !m_local->contains(key)) ? studio.get() : nullptr);
 }
 
+// A value of another kind, or an unreadable one, covers what is below it all the same.
 template <typename T, typename Read>
 T SessionStore::get(std::string const& key, T const& defaultValue, Read const& readLocal) const
 {
-    if (std::shared_ptr<Setting const> const setting = shared(key)) {
-        // Of another kind, or unreadable: the user's value covers the studio's all the same.
-        T const* const value = std::get_if<T>(&setting->value);
+    bool isShared = false;
+    T result = shared(key, [&](Setting const* setting) {
+        isShared = setting != nullptr;
+        T const* const value = setting ? std::get_if<T>(&setting->value) : nullptr;
         return value ? *value : defaultValue;
-    }
-    return m_core->roams(key) ? defaultValue : readLocal();
+    });
+    return isShared || m_core->roams(key) ? result : readLocal();
+}
+
+// A value of the studio's counts, as a read gives it.
+bool SessionStore::contains(std::string const& key) const
+{
+    return shared(key, [](Setting const* setting) { return setting != nullptr; }) || (!m_core->roams(key) && m_local->contains(key));
 }
 
 bool SessionStore::getBool(std::string const& key, bool defaultValue) const

@@ -35,13 +35,15 @@ public:
 private:
     void demandUnlocked(std::string const& key) const;
     void change(std::string const& key, std::optional<Value> const& value);
-    std::shared_ptr<Setting const> shared(std::string const& key) const;
+    template <typename Look>
+    auto shared(std::string const& key, Look const& look) const;
     template <typename T, typename Read>
     T get(std::string const& key, T const& defaultValue, Read const& readLocal) const;
 
     std::shared_ptr<SessionCore> m_core;
     std::string m_name;
     std::shared_ptr<ISettingsStorage> m_local;
+    Snapshot::Shown const& m_shown;
 };
 
 /// `error`, of an attempt such as "change a setting", as the error of a store.

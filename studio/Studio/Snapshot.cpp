@@ -78,9 +78,11 @@ std::set<Snapshot::Place> Snapshot::apply(std::vector<Change> const& changes, st
     std::set<Place> changed;
     for (std::size_t layer = 0; layer < before.size(); ++layer)
         for (auto const& [store, keys] : before[layer])
-            for (auto const& [key, setting] : keys)
+            for (auto const& [key, setting] : keys) {
                 if (!isSame(setting, findIn(m_layers[layer], store, key)))
                     changed.emplace(store, key);
+                show({store, key});
+            }
     return changed;
 }
 
@@ -107,10 +109,15 @@ std::shared_ptr<Setting const> Snapshot::findIn(Stores const& stores, std::strin
     return found == keys->second.end() ? nullptr : found->second;
 }
 
-void Snapshot::cover(std::int64_t number, Change const& change)
+void Snapshot::cover(std::int64_t number, Change const& change) { add({number, change.setting, false}, change); }
+
+void Snapshot::offer(std::int64_t number, Change const& change) { add({number, change.setting, true}, change); }
+
+void Snapshot::add(Cover const& cover, Change const& change)
 {
     std::unique_lock const lock(m_mutex);
-    m_covers[{change.store, change.key}].push_back({number, change.setting});
+    m_covers[{change.store, change.key}].push_back(cover);
+    show({change.store, change.key});
 }
 
 void Snapshot::lift(std::int64_t number, Place const& place, std::optional<Change> const& stored)
@@ -124,15 +131,52 @@ void Snapshot::lift(std::int64_t number, Place const& place, std::optional<Chang
         m_layers[0][stored->store].insert_or_assign(stored->key, stored->setting);
     else if (stored)
         m_layers[0][stored->store].erase(stored->key);
+    show(place);
+}
+
+void Snapshot::show(Place const& place)
+{
+    auto const& [store, key] = place;
+    Found const found{userAt(place), findIn(m_layers[1], store, key)};
+    auto& keys = m_shown[store].m_keys;
+    if (found.user || found.studio)
+        keys.insert_or_assign(key, found);
+    else
+        keys.erase(key);
+}
+
+std::shared_ptr<Setting const> Snapshot::userAt(Place const& place) const
+{
+    std::shared_ptr<Setting const> inLayer = findIn(m_layers[0], place.first, place.second);
+    auto const covers = m_covers.find(place);
+    if (covers == m_covers.end())
+        return inLayer;
+    auto const last = std::find_if(covers->second.rbegin(), covers->second.rend(), [](Cover const& cover) { return !cover.isOffer; });
+    if (last != covers->second.rend())
+        return last->setting;
+    return inLayer ? inLayer : covers->second.back().setting;
 }
 
 Snapshot::Found Snapshot::find(std::string const& store, std::string const& key) const
 {
     std::shared_lock const lock(m_mutex);
-    if (!m_covers.empty())
-        if (auto const covers = m_covers.find({store, key}); covers != m_covers.end())
-            return {covers->second.back().setting, findIn(m_layers[1], store, key)};
-    return {findIn(m_layers[0], store, key), findIn(m_layers[1], store, key)};
+    auto const keys = m_shown.find(store);
+    if (keys == m_shown.end())
+        return {};
+    auto const found = keys->second.m_keys.find(key);
+    return found == keys->second.m_keys.end() ? Found() : found->second;
+}
+
+std::shared_ptr<Setting const> Snapshot::inLayer(std::string const& store, std::string const& key) const
+{
+    std::shared_lock const lock(m_mutex);
+    return findIn(m_layers[0], store, key);
+}
+
+Snapshot::Shown const& Snapshot::shown(std::string const& store)
+{
+    std::unique_lock const lock(m_mutex);
+    return m_shown[store];
 }
 
 std::set<std::string> Snapshot::keys(std::string const& store) const

@@ -12,6 +12,7 @@
 #include <shared_mutex>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -52,6 +53,12 @@ public:
         std::shared_ptr<Setting const> studio;
     };
 
+    /// One store's settings as reads find them. Lives as long as the snapshot.
+    class Shown {
+        friend Snapshot;
+        std::unordered_map<std::string, Found> m_keys;
+    };
+
     /// A key's new setting; null where it was removed.
     struct Change {
         Layer layer;
@@ -69,9 +76,24 @@ public:
     /// Shows `change`, of the user's layer, in place of what that has, until `lift` takes it off. `number` tells it from others; of
     /// several that cover one key the last one shows.
     void cover(std::int64_t number, Change const& change);
+    /// The same, but `change` shows only while neither the layer nor a cover has something for its key.
+    void offer(std::int64_t number, Change const& change);
     /// Takes off what `number` covers the key of `place` with. At the same moment the layer gets `stored`, where there is one.
     void lift(std::int64_t number, Place const& place, std::optional<Change> const& stored = {});
     Found find(std::string const& store, std::string const& key) const;
+    /// What the user's layer has for a key, whatever covers it.
+    std::shared_ptr<Setting const> inLayer(std::string const& store, std::string const& key) const;
+    /// The settings of a store, for `read`.
+    Shown const& shown(std::string const& store);
+    /// What `look` returns of what both layers have for a key: a read without a copy. A writer waits for it.
+    template <typename Look>
+    auto read(Shown const& store, std::string const& key, Look const& look) const
+    {
+        static Found const none;
+        std::shared_lock const lock(m_mutex);
+        auto const found = store.m_keys.find(key);
+        return look(found == store.m_keys.end() ? none : found->second);
+    }
     /// The keys for which a layer has something.
     std::set<std::string> keys(std::string const& store) const;
 
@@ -82,14 +104,19 @@ private:
     struct Cover {
         std::int64_t number;
         std::shared_ptr<Setting const> setting;
+        bool isOffer;
     };
 
+    void add(Cover const& cover, Change const& change);
+    void show(Place const& place);
+    std::shared_ptr<Setting const> userAt(Place const& place) const;
     std::array<Stores, 2> takeOut(std::vector<Change> const& changes, std::vector<Layer> const& forgotten);
     static std::shared_ptr<Setting const> findIn(Stores const& stores, std::string const& store, std::string const& key);
 
     mutable std::shared_mutex m_mutex;
     std::array<Stores, 2> m_layers;
     std::map<Place, std::vector<Cover>> m_covers; // of the user's layer; none is empty
+    std::map<std::string, Shown> m_shown;         // what the two above come to
 };
 
 } // namespace Studio

@@ -7,6 +7,7 @@
 
 #include <storage/support/MemoryFolder.h>
 #include <storage/support/OtherProcess.h>
+#include <support/OtherProgram.h>
 #include <support/RefusedHints.h>
 
 #include <QCoreApplication>
@@ -57,6 +58,16 @@ protected:
         return false;
     }
 
+    // Whether this process holds `file`.
+    static bool isOpened(fs::path const& file)
+    {
+        std::error_code error;
+        for (fs::directory_entry const& entry : fs::directory_iterator("/proc/self/fd"))
+            if (fs::read_symlink(entry.path(), error) == file)
+                return true;
+        return false;
+    }
+
     // Records the signals, and returns once watching has begun.
     void listen()
     {
@@ -97,6 +108,28 @@ protected:
 };
 
 // --- Which changes are reported ---
+
+TEST_F(Telling, NothingThatAStoreHeldWhileItWasLockedAtFirst)
+{
+    using Notifier::Notifier;
+    m_other.set("title", "old");
+    OtherProgram program(m_file);
+    program.execute("BEGIN EXCLUSIVE");
+    Storage::SqliteStorage::Options patient;
+    patient.busyTimeout = std::chrono::minutes(1);
+    m_notifier.emplace(
+        std::vector<Notifier::Store>{{QStringLiteral("product"), m_file, patient}, {QStringLiteral("common"), m_commonFile}});
+    m_notifier->watchPrefix(QString());
+    QObject::connect(&*m_notifier, &Notifier::watching, &m_receiver, [this] { m_told.push_back("watching"); });
+    QObject::connect(&*m_notifier, &Notifier::changed, &m_receiver, [this](QString const& key) { m_told.push_back(key.toStdString()); });
+    SqliteStorage(m_commonFile).setInt("seen", 1); // makes a file that the thread opens in its next look
+    ASSERT_TRUE(comes([this] { return isOpened(m_commonFile); }));
+    program.execute("ROLLBACK");
+    ASSERT_TRUE(comes([this] { return std::find(m_told.begin(), m_told.end(), "watching") != m_told.end(); }));
+    m_other.set("zoom", "1");
+    EXPECT_TRUE(comes([this] { return !m_told.empty() && m_told.back() == "zoom"; }));
+    EXPECT_EQ(m_told, (Told{"watching", "zoom"}));
+}
 
 TEST_F(Telling, ChangesOfAnotherProcess)
 {

@@ -115,10 +115,10 @@ TEST_F(ConnectionFaults, StatementThatTheServerDoesNotTakeIsGivenUp)
 
 TEST_F(ConnectionFaults, AnswerThatTricklesIsGivenUp)
 {
-    Connection connection(throughProxy(30s, 1500ms));
+    Connection connection(throughProxy(30s, 3s));
     connection.connect();
     m_proxy->limit(Way::toClient, 0, Then::trickle);
-    expectFailure(Reason::timedOut, 1500ms, [&] { connection.execute("SELECT 1"); });
+    expectFailure(Reason::timedOut, 3s, [&] { connection.execute("SELECT 1"); });
     EXPECT_GE(m_proxy->passed(Way::toClient), 1);
 }
 

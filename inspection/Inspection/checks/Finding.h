@@ -50,6 +50,9 @@ enum class Check {
     studioClock,
     studioQueue,
     studioStandby,
+    studioPending,
+    studioRefused,
+    studioOutbox,
 };
 
 /// The result of a check, with sentences in raw bytes: a caller escapes them for its medium.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <Inspection/checks/StudioServerChecks.h>
 
+#include <Inspection/RowDifference.h>
+
 #include <absl/strings/str_cat.h>
 
 #include <cstdlib>
@@ -16,6 +18,9 @@ constexpr std::chrono::minutes longestDifference{5};
 
 // The queue holds 8 GB. A tenth of it is far more than clients that listen leave there.
 constexpr double fullestQueue = 0.1;
+
+// As long as the server keeps what lost a conflict.
+constexpr std::chrono::hours longestMemory{90 * 24};
 
 Finding found(Severity severity, Check check, std::string what, std::string remedy)
 {
@@ -76,13 +81,64 @@ Findings checkStudioServer(StudioHealth const& health)
     return findings;
 }
 
-Findings checkStudioServer(StudioServer& server)
+Findings checkKeptChanges(KeptChanges const& kept, std::chrono::system_clock::time_point now)
+{
+    Findings findings;
+    if (kept.pending > 0)
+        findings.push_back(
+            found(Severity::note, Check::studioPending,
+                  absl::StrCat(kept.pending, kept.pending == 1 ? " change waits" : " changes wait", " for the studio's server since ",
+                               inLocalTime(*kept.since)),
+                  "start the editor where it can reach the server, which sends them; do not remove the user's files before"));
+    for (RefusedChange const& refused : kept.refused)
+        if (now - refused.when < longestMemory)
+            findings.push_back({Severity::warning,
+                                Check::studioRefused,
+                                absl::StrCat("the studio's server refused the change of ", inLocalTime(refused.when),
+                                             ", which was undone: ", refused.reason),
+                                absl::StrCat(refused.remedy, "; then set it again"),
+                                refused.store == "common" ? Catalogue::Store::common : Catalogue::Store::product,
+                                refused.key,
+                                {},
+                                {}});
+    for (std::string const& file : kept.damaged)
+        findings.push_back({Severity::warning,
+                            Check::studioOutbox,
+                            "changes that waited for the studio's server were in a file that is damaged, and may be lost",
+                            "look which settings are missing, and set them again; then remove the file",
+                            std::nullopt,
+                            {},
+                            file,
+                            {}});
+    return findings;
+}
+
+namespace {
+
+Findings checkAnswers(StudioServer& server)
 try {
     if (std::optional<Storage::StorageError> const problem = server.status().problem)
         throw Storage::StorageError(*problem);
     return checkStudioServer(server.health());
 } catch (Storage::StorageError const& error) {
     return {found(Severity::error, Check::studioServer, absl::StrCat(error.file(), ": ", error.reason()), error.remedy())};
+}
+
+Findings checkKept(StudioServer const& server)
+try {
+    return checkKeptChanges(server.kept(), std::chrono::system_clock::now());
+} catch (Storage::StorageError const& error) {
+    return {{Severity::error, Check::studioOutbox, error.reason(), error.remedy(), std::nullopt, {}, error.file(), {}}};
+}
+
+} // namespace
+
+Findings checkStudioServer(StudioServer& server)
+{
+    Findings findings = checkAnswers(server);
+    for (Finding& finding : checkKept(server))
+        findings.push_back(std::move(finding));
+    return findings;
 }
 
 } // namespace Inspection

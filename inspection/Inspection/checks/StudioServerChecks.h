@@ -8,7 +8,9 @@ namespace Inspection {
 
 /// Checks what is known of a server that was reached.
 Findings checkStudioServer(StudioHealth const& health);
-/// Checks a server, which is asked. Where it is not reached, that is the only finding.
+/// Checks what this workstation keeps for the server. Refusals count for as long as the server keeps what lost a conflict.
+Findings checkKeptChanges(KeptChanges const& kept, std::chrono::system_clock::time_point now);
+/// Checks a server, which is asked, and what is kept for it. Where it is not reached, nothing else is found of it.
 Findings checkStudioServer(StudioServer& server);
 
 } // namespace Inspection

@@ -74,6 +74,20 @@ std::vector<LayeredRow> storedLayers(Host::Application const& application, Store
     return result;
 }
 
+std::vector<std::vector<LayeredRow>> allStoredLayers(Host::Application const& application, Store store)
+{
+    std::vector<std::vector<LayeredRow>> result;
+    if (layers(application, store)) {
+        for (std::string const& key : storedKeys(application, store))
+            if (std::vector<LayeredRow> stored = storedLayers(application, store, key); !stored.empty())
+                result.push_back(std::move(stored));
+    } else if (Storage::SqliteStorage const* const local = storage(application, store)) {
+        for (Storage::SqliteStorage::Row& row : local->rows())
+            result.push_back({{Layer::local, std::move(row), {}}});
+    }
+    return result;
+}
+
 std::set<std::string> storedKeys(Host::Application const& application, Store store)
 {
     std::set<std::string> keys;

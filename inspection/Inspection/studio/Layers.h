@@ -43,6 +43,8 @@ std::vector<LayerFact> layerFacts(std::vector<LayeredRow> const& layers, std::st
 Storage::LayeredStorage* layers(Host::Application const& application, Catalogue::Store store);
 /// What is stored for `key`: first what a read takes, then what that covers. Without a studio at most the row of the workstation's store.
 std::vector<LayeredRow> storedLayers(Host::Application const& application, Catalogue::Store store, std::string const& key);
+/// The same of each key for which something is stored. Without a studio all rows are read at once, as there may be thousands.
+std::vector<std::vector<LayeredRow>> allStoredLayers(Host::Application const& application, Catalogue::Store store);
 /// All keys for which something is stored.
 std::set<std::string> storedKeys(Host::Application const& application, Catalogue::Store store);
 /// Removes what the user has stored for `keys`, of one preference. Throws `Storage::StorageError`, for a locked key too.

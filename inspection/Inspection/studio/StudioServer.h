@@ -8,6 +8,7 @@
 #include <Storage/StorageError.h>
 
 #include <chrono>
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -15,6 +16,24 @@
 #include <vector>
 
 namespace Inspection {
+
+/// A change that the server refused after its call had returned, so that it was undone.
+struct RefusedChange {
+    std::string store;
+    std::string key;
+    std::string reason;
+    std::string remedy;
+    std::chrono::system_clock::time_point when; ///< By this workstation's clock.
+};
+
+/// What the editors of this workstation keep for the server, in the folders that an editor takes by itself.
+struct KeptChanges {
+    std::size_t pending = 0; ///< How many changes wait for the server.
+    /// When the oldest of them was made, by this workstation's clock; nullopt where none waits.
+    std::optional<std::chrono::system_clock::time_point> since;
+    std::vector<RefusedChange> refused; ///< The oldest is the first.
+    std::vector<std::string> damaged;   ///< Files that were moved aside, with changes that were perhaps never sent.
+};
 
 /// What is known of the server without asking it again.
 struct StudioStatus {
@@ -69,6 +88,8 @@ public:
     /// The store `name` as an editor reads and changes it, with `local` behind it.
     virtual std::shared_ptr<Storage::LayeredStorage> store(std::string const& name, std::shared_ptr<ISettingsStorage> const& local) = 0;
     virtual StudioStatus status() const = 0;
+    /// Reads files of this workstation only.
+    virtual KeptChanges kept() const = 0;
     virtual StudioAccount account() = 0;
     virtual StudioHealth health() = 0;
     /// Has `listener` called by another thread for each key of a store that somebody else changed at the server.

@@ -239,7 +239,8 @@ void MainWindow::connectCommits()
 {
     connect(m_pane, &SettingPane::wantsToStore, this,
             [this](Commit const& commit) { m_committer.commit(commit, [this](Answer const& answer) { m_pane->take(answer); }); });
-    connect(m_import, &ImportPanel::wantsToStore, this, [this](Step const& step) { m_committer.commit(step); });
+    connect(m_import, &ImportPanel::wantsToStore, this,
+            [this](Commit const& commit) { m_committer.commit(commit, [this](Answer const& answer) { m_import->take(answer); }); });
     connect(&m_committer, &Committer::stepsChanged, this, &MainWindow::showSteps);
     connect(&m_committer, &Committer::refused, this, [this](QString const& text) { m_messages->report(QStringLiteral("refusal"), text); });
     connect(&m_committer, &Committer::lacksBackup, this, [this](QString const& text) {
@@ -253,6 +254,8 @@ void MainWindow::connectCommits()
         m_status->showBackups(tr("As it was before the first change: %1").arg(names.join(QStringLiteral(", "))));
     });
     connect(&m_desk, &Desk::waits, this, [this](int number) {
+        if (number == m_ofPane)
+            return; // the pane offers it itself
         m_messages->report(QStringLiteral("waits"), tr("Another program keeps a store locked, and the change waits for it."),
                            {{tr("Cance&l the change"), [=] { m_desk.cancel(number); }}});
     });

@@ -135,6 +135,7 @@ private:
     std::string m_wantedKey;
     std::string m_revealed;
     std::string m_shown; // the id of the setting in the pane
+    int m_ofPane = 0;    // the number of its last commit
     bool m_mayClose = false;
 };
 

@@ -83,8 +83,10 @@ class Outbox::File {
 
     void removeNow(Settled const& settled)
     {
-        if (settled.revision > 0)
+        if (settled.revision > 0) {
             keepStored(m_database, settled.sequence, settled.epoch, settled.revision);
+            forgetRefusals(settled.sequence);
+        }
         removeNow(settled.sequence);
     }
 
@@ -93,6 +95,14 @@ class Outbox::File {
         Use remove(m_remove);
         bindAll(*remove, sequence);
         remove->exec();
+    }
+
+    void forgetRefusals(std::int64_t sequence)
+    {
+        SQLite::Statement forget(m_database,
+                                 "DELETE FROM refusal WHERE (store, key) = (SELECT store, key FROM operation WHERE sequence = ?1)");
+        bindAll(forget, sequence);
+        forget.exec();
     }
 
     // Locks the lanes of dead programs, and takes one of them for this program, or a new one.
@@ -220,14 +230,7 @@ public:
 
     std::vector<Refusal> refusals()
     {
-        return attempt(readTheOutbox, [&] {
-            std::vector<Refusal> result;
-            SQLite::Statement all(m_database, "SELECT store, key, code, refused FROM refusal ORDER BY id");
-            while (all.executeStep())
-                result.push_back({all.getColumn(0).getString(), all.getColumn(1).getString(), all.getColumn(2).getString(),
-                                  all.getColumn(3).getInt64()});
-            return result;
-        });
+        return attempt(readTheOutbox, [&] { return readRefusals(m_database); });
     }
 
     std::string client(std::int64_t lane)
@@ -260,6 +263,23 @@ public:
         });
     }
 
+    std::vector<Operation> offer(std::string const& store, std::vector<Local> const& values)
+    {
+        std::vector<Operation> offers;
+        change(keepAChange, [&] {
+            for (Local const& local : values) {
+                if (!markOffered(m_database, store, local.key))
+                    continue;
+                std::int64_t const number = lastNumber(m_own) + 1;
+                setLastNumber(m_own, number);
+                offers.push_back({0, m_own, number, store, local.key, local.value, local.written, {}, Operation::offered});
+                addNow(offers.back());
+                offers.back().sequence = m_database.getLastInsertRowid();
+            }
+        });
+        return offers;
+    }
+
     void settle(Settled settled)
     {
         attempt(keepAnAnswer, [&] { m_settled.push_back(std::move(settled)); });
@@ -268,6 +288,11 @@ public:
     void flush()
     {
         m_database.setBusyTimeout(200); // of use, but not worth a long wait
+        tidy();
+    }
+
+    void tidy()
+    {
         if (attempt(keepAnAnswer, [&] { return !m_settled.empty(); }))
             change(keepAnAnswer, [] {});
     }
@@ -327,6 +352,11 @@ Operation Outbox::append(std::string const& store, std::string const& key, std::
     return operation;
 }
 
+std::vector<Operation> Outbox::offer(std::string const& store, std::vector<Local> const& values)
+{
+    return values.empty() ? std::vector<Operation>() : m_file->offer(store, values);
+}
+
 void Outbox::settle(Operation const& operation, std::string const& epoch, std::int64_t revision)
 {
     m_file->settle({operation.sequence, epoch, revision});
@@ -336,8 +366,20 @@ void Outbox::refuse(Operation const& operation, std::string const& sqlState) { m
 
 void Outbox::flush() { m_file->flush(); }
 
+void Outbox::tidy() { m_file->tidy(); }
+
 void Outbox::keep(News const& news) { m_file->keep(news); }
 
 std::filesystem::path const& Outbox::file() const noexcept { return m_file->path(); }
+
+std::vector<Outbox::Refusal> readRefusals(SQLite::Database& database)
+{
+    std::vector<Outbox::Refusal> result;
+    SQLite::Statement all(database, "SELECT store, key, code, refused FROM refusal ORDER BY id");
+    while (all.executeStep())
+        result.push_back(
+            {all.getColumn(0).getString(), all.getColumn(1).getString(), all.getColumn(2).getString(), all.getColumn(3).getInt64()});
+    return result;
+}
 
 } // namespace Studio

@@ -5,6 +5,8 @@
 #include <Studio/outbox/Moment.h>
 #include <Studio/outbox/Replica.h>
 
+#include <SQLiteCpp/Database.h>
+
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -39,6 +41,17 @@ public:
         Moment written;
         std::string epoch;     ///< The server's history that was known then,
         std::int64_t base = 0; ///< and the revision of the user's layer in it.
+
+        /// Whether it only fills a hole: a value of this workstation's own, for a key of which the server has none.
+        bool isOffer() const { return base == offered; }
+        static constexpr std::int64_t offered = -1;
+    };
+
+    /// A value that this workstation had before it met the server.
+    struct Local {
+        std::string key;
+        StoredValue value;
+        Moment written;
     };
 
     /// A change that the server refused.
@@ -80,12 +93,17 @@ public:
     /// Adds a change of this program's, of a layer that the program knew up to `base` in the history `epoch`.
     Operation append(std::string const& store, std::string const& key, std::optional<StoredValue> const& value, std::string const& epoch,
                      std::int64_t base);
+    /// Adds an offer for each of `values` of which this file never had one; the new ones. Never the same twice, also where a program is
+    /// killed in between.
+    std::vector<Operation> offer(std::string const& store, std::vector<Local> const& values);
     /// Notes that the server has answered; `revision` is where it stored the change, or 0 where another one holds. The file lacks the
     /// operation from the next change of it on: one that is sent again has no effect.
     void settle(Operation const& operation, std::string const& epoch, std::int64_t revision);
     /// Removes the settled operations from the file at once. To be called last: from then on no call waits long for other programs.
     void flush();
-    /// Moves an operation to the refusals.
+    /// Removes the settled operations from the file, where it has some.
+    void tidy();
+    /// Moves an operation to the refusals. They keep it until the server stores another change of the key.
     void refuse(Operation const& operation, std::string const& sqlState);
     /// Takes news into the replica, as `keepNews` does.
     void keep(News const& news);
@@ -97,5 +115,8 @@ private:
 
     std::unique_ptr<File> m_file;
 };
+
+/// The refusals in the file of an outbox.
+std::vector<Outbox::Refusal> readRefusals(SQLite::Database& database);
 
 } // namespace Studio

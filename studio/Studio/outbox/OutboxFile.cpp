@@ -36,13 +36,14 @@ constexpr int writtenSchema = 1;
 // What the server has, as far as it is known: one row. `known` counts milliseconds since 1970-01-01 00:00 UTC.
 constexpr char const* aboutTable = "CREATE TABLE about (identity TEXT NOT NULL, epoch TEXT NOT NULL, user_revision INTEGER NOT NULL, "
                                    "studio_revision INTEGER NOT NULL, known INTEGER NOT NULL)";
+// In the layers 0 and 1, the user's and the studio's. In layer 2 is an empty row for each local value that was offered.
 constexpr char const* settingTable =
     "CREATE TABLE setting (layer INTEGER NOT NULL, store TEXT NOT NULL, key TEXT NOT NULL, kind TEXT NOT NULL, value TEXT NOT NULL, "
     "locked INTEGER NOT NULL, changed_by TEXT NOT NULL, changed_at INTEGER NOT NULL, PRIMARY KEY (layer, store, key))";
 // A lane stays when its operations are gone, with the last number that it gave out.
 constexpr char const* laneTable =
     "CREATE TABLE lane (id INTEGER NOT NULL PRIMARY KEY, client TEXT NOT NULL, boot TEXT NOT NULL, last INTEGER NOT NULL)";
-// Without kind and value it removes the key.
+// Without kind and value it removes the key. An offer has the base -1.
 constexpr char const* operationTable =
     "CREATE TABLE operation (sequence INTEGER NOT NULL PRIMARY KEY, lane INTEGER NOT NULL, number INTEGER NOT NULL, store TEXT NOT NULL, "
     "key TEXT NOT NULL, kind TEXT, value TEXT, boot TEXT NOT NULL, uptime INTEGER NOT NULL, time_of_day INTEGER NOT NULL, "
@@ -99,13 +100,14 @@ void checkContent(fs::path const& file, SQLite::Database& database, std::string 
         refuse(file, Code::foreign, "it belongs to another server or user");
 }
 
-SQLite::Database openWhole(fs::path const& file, std::string const& identity)
+SQLite::Database openWhole(fs::path const& file, std::string const& identity, bool createIfMissing)
 try {
     struct stat status = {};
     if (::lstat(file.c_str(), &status) == 0)
         demandOwnFile(file, status, openTheOutbox);
     Storage::SqliteStorage::Options options;
     options.busyTimeout = std::chrono::seconds(2);
+    options.createIfMissing = createIfMissing;
     SQLite::Database database = Storage::openFile(file, options, [&] { return emptyOutbox(identity); });
     checkContent(file, database, identity);
     Storage::setJournal(database, static_cast<int>(options.synchronous));
@@ -141,14 +143,16 @@ void moveAside(fs::path const& file)
 
 SQLite::Database openOutbox(fs::path const& file, std::string const& identity, LaneLocks& locks)
 try {
-    return openWhole(file, identity);
+    return openWhole(file, identity, true);
 } catch (StorageError const& error) {
     if (error.code() != Code::damaged || !locks.tryLockAll())
         throw;
     moveAside(file);
     locks.unlockAll();
-    return openWhole(file, identity);
+    return openWhole(file, identity, true);
 }
+
+SQLite::Database openOutboxToRead(fs::path const& file, std::string const& identity) { return openWhole(file, identity, false); }
 
 std::vector<fs::path> damagedOutboxes(fs::path const& file)
 {

@@ -21,6 +21,9 @@ namespace Studio {
 /// left as they are. `locks` has locked the opening. Throws `Storage::StorageError` and SQLite's errors.
 SQLite::Database openOutbox(std::filesystem::path const& file, std::string const& identity, LaneLocks& locks);
 
+/// Opens the outbox in `file` for one who only looks into it, and never has it moved. Throws likewise, also where it is missing.
+SQLite::Database openOutboxToRead(std::filesystem::path const& file, std::string const& identity);
+
 /// The damaged files that were moved aside of `file`, here or by earlier programs: support may find changes in them.
 std::vector<std::filesystem::path> damagedOutboxes(std::filesystem::path const& file);
 

@@ -4,6 +4,7 @@
 #include <Studio/outbox/OutboxFolder.h>
 #include <Studio/server/Login.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace Studio {
@@ -86,7 +87,11 @@ void Outgoing::showAll(Outbox const& outbox)
     }
 }
 
-void Outgoing::show(Outbox::Operation const& operation) { m_snapshot.cover(operation.sequence, changeOf(operation)); }
+void Outgoing::show(Outbox::Operation const& operation)
+{
+    operation.isOffer() ? m_snapshot.offer(operation.sequence, changeOf(operation))
+                        : m_snapshot.cover(operation.sequence, changeOf(operation));
+}
 
 std::future<Outgoing::Answer> Outgoing::add(std::string const& store, std::string const& key, std::optional<Value> const& value,
                                             std::string const& epoch, std::int64_t base)
@@ -100,6 +105,20 @@ std::future<Outgoing::Answer> Outgoing::add(std::string const& store, std::strin
     std::lock_guard const lock(m_mutex);
     m_changes.push_back(change);
     return change->answer.get_future();
+}
+
+void Outgoing::offer(std::string const& store, std::vector<Outbox::Local> const& values)
+{
+    std::lock_guard const turn(m_turns);
+    if (!m_outbox)
+        return;
+    attempt([&] {
+        for (Outbox::Operation& operation : m_outbox->offer(store, values)) {
+            show(operation);
+            std::lock_guard const lock(m_mutex);
+            m_changes.push_back(std::make_shared<Change>(Change{std::move(operation), {}}));
+        }
+    });
 }
 
 std::shared_ptr<Outgoing::Change> Outgoing::first() const
@@ -120,6 +139,11 @@ void Outgoing::stored(Change& change, std::string const& epoch, std::int64_t rev
     Outbox::Operation const& operation = change.operation;
     m_snapshot.lift(operation.sequence, {operation.store, operation.key}, changeOf(operation));
     attempt([&] { m_outbox->settle(operation, epoch, revision); });
+    {
+        std::lock_guard const lock(m_mutex);
+        auto const isOf = [&](Refused const& refused) { return refused.store == operation.store && refused.key == operation.key; };
+        m_refused.erase(std::remove_if(m_refused.begin(), m_refused.end(), isOf), m_refused.end());
+    }
     end(change, std::nullopt);
 }
 
@@ -161,6 +185,12 @@ void Outgoing::keep(News const& news)
         attempt([&] { m_outbox->keep(news); });
 }
 
+void Outgoing::tidy()
+{
+    if (m_outbox)
+        attempt([&] { m_outbox->tidy(); });
+}
+
 void Outgoing::close()
 {
     std::lock_guard const turn(m_turns);
@@ -190,6 +220,8 @@ void Outgoing::report(Status& status) const
 {
     std::lock_guard const lock(m_mutex);
     status.pending = m_changes.size();
+    if (!m_changes.empty())
+        status.pendingSince = SystemTime(std::chrono::milliseconds(m_changes.front()->operation.written.timeOfDay));
     status.refused = m_refused;
     status.outbox = m_file;
     status.obstacles = m_obstacles;

@@ -18,7 +18,7 @@ namespace Studio {
 /// The changes of a session on their way to the server: on this workstation's disk, shown by the snapshot, and in the order in which
 /// they are to be sent.
 ///
-/// Threads: `add`, `first`, `count` and `report` are for any thread, the others for that of the session.
+/// Threads: `add`, `offer`, `first`, `count` and `report` are for any thread, the others for that of the session.
 class Outgoing {
 public:
     using Answer = std::optional<Failure>; ///< Why the server refused a change; nullopt where it did not.
@@ -40,6 +40,9 @@ public:
     std::future<Answer> add(std::string const& store, std::string const& key, std::optional<Value> const& value, std::string const& epoch,
                             std::int64_t base);
 
+    /// Keeps and shows an offer for each of `values`, once for each key. Nothing where there is no outbox.
+    void offer(std::string const& store, std::vector<Outbox::Local> const& values);
+
     /// The change that is to be sent next; null where none waits.
     std::shared_ptr<Change> first() const;
     /// How many changes wait.
@@ -53,6 +56,8 @@ public:
     void overtaken(Change& change);
     /// The server refused it.
     void refused(Change& change, Failure const& failure);
+    /// Has the outbox forget what the server has answered.
+    void tidy();
     /// What the server has is new.
     void keep(News const& news);
     /// Something is wrong with the outbox.

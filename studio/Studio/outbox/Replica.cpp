@@ -85,6 +85,13 @@ void keepNews(SQLite::Database& database, News const& news)
     about.exec();
 }
 
+bool markOffered(SQLite::Database& database, std::string const& store, std::string const& key)
+{
+    SQLite::Statement mark(database, "INSERT OR IGNORE INTO setting VALUES (2, ?1, ?2, '', '', 0, '', 0)");
+    bindAll(mark, store, key);
+    return mark.exec() > 0;
+}
+
 void keepStored(SQLite::Database& database, std::int64_t sequence, std::string const& epoch, std::int64_t revision)
 {
     News const known = readAbout(database);

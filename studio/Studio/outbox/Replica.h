@@ -45,6 +45,9 @@ News readReplica(SQLite::Database& database);
 /// that. Of another history only all of both layers is taken, in place of what is known. To be called in a transaction.
 void keepNews(SQLite::Database& database, News const& news);
 
+/// Notes that the workstation's own value of a key was offered to the server. False where it was before. To be called in a transaction.
+bool markOffered(SQLite::Database& database, std::string const& store, std::string const& key);
+
 /// Takes the operation `sequence` of the outbox, which the server stored at `revision`, over into the user's layer, unless that
 /// is known up to there. To be called in a transaction.
 void keepStored(SQLite::Database& database, std::int64_t sequence, std::string const& epoch, std::int64_t revision);

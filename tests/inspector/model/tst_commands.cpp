@@ -4,10 +4,15 @@
 #include "DeskTest.h"
 
 #include <Inspector/Commands.h>
+#include <Inspector/transfer/DocumentComparison.h>
 
 #include <support/Process.h>
 
+#include <Host/FileContent.h>
+#include <Inspection/ExportDocument.h>
+#include <Inspection/RowDifference.h>
 #include <Inspection/ValueFormat.h>
+#include <Storage/Backup.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -122,7 +127,7 @@ TEST_F(CopiedCommand, DoesInAShellWhatTheWindowDoes)
 {
     startChanging();
     int compared = 0;
-    for (int round = 0; round < times(60, 400, 2000); ++round) {
+    for (int round = 0; round < times(200, 2000, 10000); ++round) {
         std::shared_ptr<Setting const> const seen = m_snapshot->settings[m_random() % m_snapshot->settings.size()];
         if (!seen->isSettable)
             continue;
@@ -145,6 +150,149 @@ TEST_F(CopiedCommand, RemovesSeveralKeysAtOnce)
             SqliteStorage(folder / "product-settings.sqlite").setString(key, "/films");
     inShell(Inspector::commandToUnset(m_elsewhere, {"exportPath", "-x", "it's"}));
     EXPECT_TRUE(content(*m_elsewhere.storeFolder).empty());
+}
+
+// What the window does and what its command does lead to the same rows. Both begin with `first`, in stores of their own.
+class CopiedTransfer : public CopiedCommand {
+protected:
+    void store(std::string const& key, SqliteStorage::Value const& value)
+    {
+        for (std::filesystem::path const& each : {folder(), *m_elsewhere.storeFolder})
+            SqliteStorage(each / "product-settings.sqlite").apply({{key, value}});
+    }
+
+    // Values that a product of this kind stores, with quotes and the like in them.
+    SqliteStorage::Value randomStored(std::string const& key)
+    {
+        return key == "npsSendCount" || key == "age" ? SqliteStorage::Value(static_cast<int>(m_random()))
+                                                     : SqliteStorage::Value(randomText().toStdString());
+    }
+
+    // A document with a random choice of keys, one of which nobody knows.
+    std::string randomDocument()
+    {
+        Inspection::Document document;
+        for (std::string const& key : m_keys)
+            if (m_random() % 2 == 0) {
+                SqliteStorage::Value const value = randomStored(key);
+                Storage::Kind const kind = std::holds_alternative<int>(value) ? Storage::Kind::integer : Storage::Kind::text;
+                document.entries.push_back({Store::product, kind, key, value});
+            }
+        return written(document);
+    }
+
+    std::vector<std::string> const m_keys = {"age", "exportPath", "lastTarget", "npsSendCount", "who", "zoom"}; // sorted
+};
+
+TEST_F(CopiedTransfer, TakesTheSameOfADocument)
+{
+    store("exportPath", "/films");
+    startChanging();
+    int compared = 0;
+    int byFile = 0;
+    for (int round = 0; round < times(60, 600, 3000); ++round) {
+        std::filesystem::path const file = m_home.write("it's.json", randomDocument());
+        std::shared_ptr<Inspector::DocumentComparison const> const document = answer(m_desk->compare(file)).comparison;
+        ASSERT_TRUE(document);
+        std::set<std::string> taken;
+        bool const isWhole = m_random() % 2 == 0;
+        for (auto const& line : document->lines)
+            if (isWhole ? line->isTakenAtFirst() : m_random() % 2 == 0)
+                taken.insert(line->id);
+        std::optional<QString> const command = Inspector::commandToImport(m_elsewhere, *document, taken, true);
+        ASSERT_EQ(command.has_value(), !taken.empty());
+        if (!command)
+            continue;
+        ++compared;
+        byFile += command->contains(QString::fromStdString(Inspection::shellWord(file.string())));
+        ASSERT_EQ(committed(stepOf(*document, taken)).outcome, Outcome::stored);
+        inShell(command);
+        ASSERT_EQ(content(*m_elsewhere.storeFolder), content(folder())) << command->toStdString();
+    }
+    EXPECT_GT(compared, 10);
+    EXPECT_GT(byFile, 0) << "some choices are those of an option";
+    EXPECT_LT(byFile, compared) << "others are not";
+}
+
+TEST_F(CopiedTransfer, UndoesAndRedoesTheSame)
+{
+    store("exportPath", "/films");
+    startChanging();
+    int compared = 0;
+    for (int round = 0; round < times(60, 600, 3000); ++round) {
+        std::string const key = std::vector<std::string>{"age", "exportPath", "lastTarget", "npsSendCount", "who"}[m_random() % 5];
+        bool const isReset = m_random() % 3 == 0;
+        Catalogue::Value const value = randomValue(setting(key)->value);
+        Answer const made = committed(std::vector<Edit>{{setting(key), isReset ? std::nullopt : std::optional(value)}});
+        if (made.outcome != Outcome::stored)
+            continue;
+        inShell(isReset ? Inspector::commandToUnset(m_elsewhere, {key}) : Inspector::commandToSet(m_elsewhere, key, value));
+        Inspector::Step step = made.made;
+        for (int const times : {1, 2}) {
+            inShell(Inspector::commandToRevert(m_elsewhere, step, true));
+            Answer const undone = committed(step);
+            ASSERT_EQ(undone.outcome, Outcome::stored);
+            ASSERT_EQ(content(*m_elsewhere.storeFolder), content(folder())) << key << ", " << times;
+            step = undone.made;
+        }
+        ++compared;
+    }
+    EXPECT_GT(compared, 20);
+}
+
+TEST_F(CopiedTransfer, ExportsAndBacksUpTheSame)
+{
+    store("exportPath", "/films");
+    store("who", "s3cret");
+    start();
+    for (bool const isRedacted : {true, false}) {
+        std::filesystem::path const mine = m_home.path() / (isRedacted ? "mine redacted.json" : "mine.json");
+        std::filesystem::path const theirs = m_home.path() / (isRedacted ? "their's redacted.json" : "theirs.json");
+        ASSERT_EQ(answer(m_desk->exportTo(mine, isRedacted)).outcome, Outcome::written);
+        inShell(Inspector::commandToExport(m_elsewhere, theirs, isRedacted));
+        auto const entries = [](std::filesystem::path const& file) {
+            std::string const text = Host::fileContent(file);
+            return text.substr(text.find("\"product\":"));
+        };
+        EXPECT_EQ(entries(mine), entries(theirs));
+        EXPECT_EQ(entries(mine).find("s3cret") == std::string::npos, isRedacted);
+    }
+    inShell(Inspector::commandToBackUp(m_elsewhere, m_home.path() / "theirs.backup"));
+    ASSERT_EQ(answer(m_desk->backUpTo(m_home.path() / "mine.backup")).outcome, Outcome::written);
+    Storage::Backup const mine(m_home.path() / "mine.backup");
+    Storage::Backup const theirs(m_home.path() / "theirs.backup");
+    EXPECT_EQ(mine.names(), theirs.names());
+    EXPECT_TRUE(Storage::rowDifferences(mine.rows("product"), theirs.rows("product")).empty());
+}
+
+TEST(Commands, SayWhichPartOfADocument)
+{
+    auto const lineOf = [](std::string const& key, std::string const& dataClass, SqliteStorage::Value const& value) {
+        Inspector::DocumentLine line;
+        line.key = line.id = key;
+        line.store = Store::product;
+        line.wanted = {key, "string", value, {}};
+        line.dataClass = dataClass;
+        return std::make_shared<Inspector::DocumentLine const>(line);
+    };
+    Inspector::DocumentComparison document;
+    document.file = "/a/settings.json";
+    document.lines = {lineOf("exportPath", "local", "/x"), lineOf("lastTarget", "transient", "y"),
+                      lineOf("npsEmailToSend", "personal", "s3cret")};
+    auto const command = [&](std::set<std::string> const& taken) {
+        return Inspector::commandToImport({}, document, taken).value_or(QStringLiteral("none"));
+    };
+    EXPECT_EQ(command({"exportPath", "lastTarget", "npsEmailToSend"}), QStringLiteral("editor-settings import /a/settings.json"));
+    EXPECT_EQ(command({"exportPath", "lastTarget"}),
+              QStringLiteral("editor-settings import --only local --only transient /a/settings.json"));
+    EXPECT_EQ(command({}), QStringLiteral("none"));
+    document.lines.insert(document.lines.begin() + 1, lineOf("importPath", "local", "/y"));
+    QString const piped = command({"exportPath", "npsEmailToSend"});
+    EXPECT_TRUE(piped.startsWith(QStringLiteral("printf %s '{\n"))) << piped.toStdString();
+    EXPECT_TRUE(piped.endsWith(QStringLiteral("' | editor-settings import -"))) << piped.toStdString();
+    EXPECT_FALSE(piped.contains(QStringLiteral("s3cret"))) << "nobody asked to see it";
+    document.hasUnknown = true;
+    EXPECT_EQ(command({"lastTarget"}), QStringLiteral("editor-settings import --only transient --with-unknown /a/settings.json"));
 }
 
 // --- The same words ---

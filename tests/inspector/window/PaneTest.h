@@ -190,6 +190,7 @@ protected:
     Outcome answered()
     {
         EXPECT_TRUE(comes([&] { return m_answers.size() == m_commits; }));
+        EXPECT_FALSE(m_answers.empty());
         return m_answers.empty() ? Outcome::refused : m_answers.back().outcome;
     }
 

@@ -170,6 +170,25 @@ TEST_F(OutboxFileOfAProgram, RefusedOperationIsMovedToTheRefusals)
     EXPECT_EQ(OtherProgram(file()).ask("SELECT value FROM refusal"), "secret");
 }
 
+TEST_F(OutboxFileOfAProgram, RefusalIsForgottenOnceTheServerStoresAnotherChangeOfItsKey)
+{
+    Outbox outbox(file(), identity);
+    outbox.refuse(add(outbox, "a", "1"), "ST003");
+    outbox.refuse(add(outbox, "b", "1"), "ST003");
+    auto const refused = [&] {
+        outbox.tidy();
+        std::string keys;
+        for (Outbox::Refusal const& refusal : outbox.refusals())
+            keys += refusal.key;
+        return keys;
+    };
+    outbox.settle(add(outbox, "a", "2"), "epoch", 0);
+    EXPECT_EQ(refused(), "ab") << "another change holds there";
+    outbox.settle(add(outbox, "a", "3"), "epoch", 7);
+    EXPECT_EQ(refused(), "b");
+    EXPECT_EQ(text(outbox.pending()), "") << "what is answered goes at once";
+}
+
 TEST_F(OutboxFileOfAProgram, OldestRefusalGoesWhereThereAreTooMany)
 {
     Outbox outbox(file(), identity);

@@ -98,7 +98,7 @@ TEST_F(AdministrationTest, AccountIsTheLoginsOwn)
 {
     auto const [user, schema, isAdministrator] = desk("ada")->does.account();
     EXPECT_EQ(user, "ada");
-    EXPECT_EQ(schema, 1);
+    EXPECT_EQ(schema, 2);
     EXPECT_TRUE(isAdministrator);
     EXPECT_EQ(desk("alice")->does.account().user, "alice");
     EXPECT_FALSE(desk("alice")->does.account().isAdministrator);

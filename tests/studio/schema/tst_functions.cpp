@@ -21,9 +21,9 @@ TEST_F(Hello, LayerIsMadeOnce)
 {
     Login const alice = login("alice");
     std::string const own = std::to_string(alice.backend());
-    EXPECT_EQ(alice.ask(numbers, {clientId(1), own}).text(), "1|1|2|0|t");
-    EXPECT_EQ(alice.ask(numbers, {clientId(1), own}).text(), "1|1|2|0|t");
-    EXPECT_EQ(login("bob").ask(numbers, {clientId(1), "0"}).text(), "1|1|3|0|f");
+    EXPECT_EQ(alice.ask(numbers, {clientId(1), own}).text(), "2|1|2|0|t");
+    EXPECT_EQ(alice.ask(numbers, {clientId(1), own}).text(), "2|1|2|0|t");
+    EXPECT_EQ(login("bob").ask(numbers, {clientId(1), "0"}).text(), "2|1|3|0|f");
     EXPECT_EQ(ask("SELECT string_agg(kind || name, ' ' ORDER BY id) FROM settings.layer"), "studio useralice userbob");
 }
 
@@ -33,15 +33,15 @@ TEST_F(Hello, LastOperationIsThatOfTheClient)
     Put seventh;
     seventh.op = 7;
     EXPECT_EQ(put(alice, seventh), "stored|1");
-    EXPECT_EQ(alice.ask(numbers, {clientId(1), "0"}).text(), "1|1|2|7|f");
-    EXPECT_EQ(alice.ask(numbers, {clientId(2), "0"}).text(), "1|1|2|0|f");
+    EXPECT_EQ(alice.ask(numbers, {clientId(1), "0"}).text(), "2|1|2|7|f");
+    EXPECT_EQ(alice.ask(numbers, {clientId(2), "0"}).text(), "2|1|2|0|f");
 }
 
 TEST_F(Hello, NothingIsHeardThroughAPooler)
 {
     Login const alice = login("alice");
-    EXPECT_EQ(alice.ask(numbers, {clientId(1), "4711"}).text(), "1|1|2|0|f");
-    EXPECT_EQ(alice.ask(numbers, {clientId(1), std::nullopt}).text(), "1|1|2|0|f");
+    EXPECT_EQ(alice.ask(numbers, {clientId(1), "4711"}).text(), "2|1|2|0|f");
+    EXPECT_EQ(alice.ask(numbers, {clientId(1), std::nullopt}).text(), "2|1|2|0|f");
     EXPECT_EQ(locks(), "0");
     EXPECT_EQ(alice.ask(hello()).code, "");
     EXPECT_EQ(locks(), "1");
@@ -53,7 +53,7 @@ TEST_F(Hello, LockOfAStrangerIsNotWaitedForLong)
     Login const mallory = login("mallory");
     EXPECT_EQ(mallory.ask("SELECT pg_advisory_lock(1397052500, 2)").code, "");
     Login const alice = login("alice");
-    EXPECT_EQ(alice.ask(numbers, {clientId(1), std::to_string(alice.backend())}).text(), "1|1|2|0|f");
+    EXPECT_EQ(alice.ask(numbers, {clientId(1), std::to_string(alice.backend())}).text(), "2|1|2|0|f");
     EXPECT_EQ(put(alice, {}), "stored|1") << "a writer does not wait for it at all";
 }
 
@@ -61,7 +61,7 @@ TEST_F(Hello, OpenChangeOfAnotherClientIsNotWaitedFor)
 {
     Login const writer = user("alice", 2);
     EXPECT_EQ(writer.ask("BEGIN; " + statement({2, 1})).text(), "stored|1");
-    EXPECT_EQ(login("alice").ask(numbers, {clientId(1), "0"}).text(), "1|1|2|0|f");
+    EXPECT_EQ(login("alice").ask(numbers, {clientId(1), "0"}).text(), "2|1|2|0|f");
 }
 
 TEST_F(Hello, ClientHasAName) { EXPECT_EQ(login("alice").ask("SELECT settings.hello_v1(NULL, 0)").code, "ST005"); }
@@ -76,6 +76,24 @@ TEST_F(Hello, EpochStaysOverARestart)
     EXPECT_NE(epoch(login("bob")), before) << "a layer of another user has another history";
 }
 
+TEST_F(Hello, ClientThatIsGoneForAYearIsForgotten)
+{
+    Login const alice = user("alice", 1);
+    user("alice", 2);
+    user("bob", 1);
+    EXPECT_EQ(put(alice, {}), "stored|1");
+    auto const clients = [&] {
+        return ask("SELECT string_agg(right(id::text, 1) || ':' || last_op, ' ' ORDER BY layer, id) FROM settings.client");
+    };
+    ask("UPDATE settings.client SET seen = current_date - 365");
+    user("alice", 2);
+    EXPECT_EQ(clients(), "1:1 2:0 1:0");
+    ask("UPDATE settings.client SET seen = current_date - 366");
+    user("alice", 2);
+    EXPECT_EQ(clients(), "2:0 1:0") << "the own one is seen, and that of bob is his";
+    EXPECT_EQ(ask("SELECT count(*) FROM settings.client WHERE seen = current_date"), "1");
+}
+
 TEST_F(Hello, StandbyIsRefusedAndAPromotedOneHasAnotherEpoch)
 {
     std::string const before = epoch(login("alice"));
@@ -83,6 +101,7 @@ TEST_F(Hello, StandbyIsRefusedAndAPromotedOneHasAnotherEpoch)
     m_server->stop();
     m_server->start();
     EXPECT_EQ(login("alice").ask(hello()).code, "ST008");
+    EXPECT_EQ(login("alice").ask("SELECT settings.changes_v2(0, 0)").code, "ST008");
     EXPECT_EQ(ask("SELECT pg_promote()"), "t");
     std::string const after = epoch(login("alice"));
     EXPECT_EQ(timeline(after), "00000002");
@@ -105,6 +124,20 @@ TEST_F(Changes, EmptyLayersHaveARowEach)
 }
 
 TEST_F(Changes, OnlyTheStudioHasARowBeforeHello) { EXPECT_EQ(changes(login("alice")), "t|0|null|null|null|null|null|null"); }
+
+TEST_F(Changes, EpochIsThatOfTheGreeting)
+{
+    Login const alice = login("alice");
+    std::string const epochs = "SELECT DISTINCT epoch FROM settings.changes_v2($1, 0)";
+    std::string const nobodys = alice.ask(epochs, {"0"}).text();
+    std::string const epoch = alice.ask(hello()).rows.at(0).at(1);
+    EXPECT_NE(nobodys, epoch);
+    EXPECT_EQ(put(alice, {}), "stored|1");
+    for (char const* const since : {"0", "1"})
+        EXPECT_EQ(alice.ask(epochs, {since}).text(), epoch) << since;
+    EXPECT_EQ(login("ada").ask("SELECT settings.forget_user_v1('alice')").text(), "t");
+    EXPECT_EQ(alice.ask(epochs, {"1"}).text(), nobodys);
+}
 
 TEST_F(Changes, WhatIsAboveTheRevisionIsTold)
 {

@@ -30,6 +30,7 @@ TEST_F(Privileges, AreTheseAndNoMore)
               "database studio|settings_user|CONNECT\n"
               "database studio|settings_watch|CONNECT\n"
               "function changes_v1|settings_user|EXECUTE\n"
+              "function changes_v2|settings_user|EXECUTE\n"
               "function forget_user_v1|settings_admin|EXECUTE\n"
               "function hello_v1|settings_user|EXECUTE\n"
               "function lock_v1|settings_admin|EXECUTE\n"
@@ -50,7 +51,7 @@ TEST_F(Privileges, EveryFunctionHasAPathOfItsOwnAndTheInterfaceRunsAsTheOwner)
               "settings_owner|search_path=pg_catalog, pg_temp");
     EXPECT_EQ(
         ask("SELECT string_agg(proname, ' ' ORDER BY proname) FROM pg_proc WHERE pronamespace = 'settings'::regnamespace AND prosecdef"),
-        "changes_v1 forget_user_v1 hello_v1 lock_v1 put_v1 revisions_v1 superseded_v1");
+        "changes_v1 changes_v2 forget_user_v1 hello_v1 lock_v1 put_v1 revisions_v1 superseded_v1");
 }
 
 TEST_F(Privileges, RolesAreGroupsThatCannotLogIn)
@@ -150,6 +151,8 @@ INSTANTIATE_TEST_SUITE_P(Functions, ForeignAttempt,
                              {"ChangesForAWatcher", "watcher", "SELECT settings.changes_v1(0, 0)", denied},
                              {"RevisionsForAWatcher", "watcher", "SELECT settings.revisions_v1('{2}')", "(2,1)"},
                              {"HelloOfAStranger", "mallory", "SELECT settings.hello_v1('00000000-0000-0000-0000-000000000001', 0)", denied},
+                             {"ChangesWithEpochForAWatcher", "watcher", "SELECT settings.changes_v2(0, 0)", denied},
+                             {"ClientOfAnother", "bob", "SELECT settings.see_client(2, '00000000-0000-0000-0000-000000000001')", denied},
                              {"ChangesForAStranger", "mallory", "SELECT settings.changes_v1(0, 0)", denied},
                          }),
                          byMeaning);

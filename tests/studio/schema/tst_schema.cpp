@@ -31,12 +31,13 @@ std::string text(Schema::Report const& report)
     return result;
 }
 
-/// A second step, as a later version may have it.
+/// A third step, as a later version may have it.
 constexpr char const* laterStep = "SET LOCAL ROLE settings_owner; ALTER TABLE settings.value ADD note text; "
                                   "CREATE FUNCTION settings.hello_v2() RETURNS integer LANGUAGE sql AS 'SELECT 2'; "
-                                  "INSERT INTO settings.schema_version (version, objects) VALUES (2, settings.objects()); RESET ROLE;";
+                                  "INSERT INTO settings.schema_version (version, objects) VALUES (3, settings.objects()); RESET ROLE;";
 
-std::vector<std::string> twoSteps() { return {Studio::schemaSteps().front(), laterStep}; }
+std::vector<std::string> firstStep() { return {Studio::schemaSteps().at(0)}; }
+std::vector<std::string> withLaterStep() { return {Studio::schemaSteps().at(0), Studio::schemaSteps().at(1), laterStep}; }
 
 } // namespace
 
@@ -78,9 +79,9 @@ TEST_F(SchemaMigration, IsMadeInAnEmptyDatabaseAndThenLeftAlone)
     EXPECT_EQ(examined(), "missing 0");
     EXPECT_EQ(countOfObjects(), "0 0") << "a look changes nothing";
     EXPECT_EQ(migrated(), "missing 0");
-    EXPECT_EQ(examined(), "current 1");
+    EXPECT_EQ(examined(), "current 2");
     std::string const made = ask("SELECT concat(migrated_at, migrated_by, xmin) FROM settings.schema_version");
-    EXPECT_EQ(migrated(), "current 1");
+    EXPECT_EQ(migrated(), "current 2");
     EXPECT_EQ(ask("SELECT concat(migrated_at, migrated_by, xmin) FROM settings.schema_version"), made);
     ask("CREATE ROLE alice LOGIN IN ROLE settings_user");
     EXPECT_EQ(Login(m_server->connection("alice", "studio")).ask("SELECT settings.hello_v1(gen_random_uuid(), 0)").code, "");
@@ -97,20 +98,40 @@ TEST_F(SchemaMigration, OlderSchemaGetsTheMissingStepOnly)
                        "false, 0, 0)")
                   .text(),
               "stored");
-    EXPECT_EQ(examined("postgres", twoSteps()), "older 1");
-    EXPECT_EQ(migrated("postgres", twoSteps()), "older 1");
-    EXPECT_EQ(examined("postgres", twoSteps()), "current 2");
+    EXPECT_EQ(examined("postgres", withLaterStep()), "older 2");
+    EXPECT_EQ(migrated("postgres", withLaterStep()), "older 2");
+    EXPECT_EQ(examined("postgres", withLaterStep()), "current 3");
     EXPECT_EQ(ask("SELECT settings.hello_v2()"), "2");
     EXPECT_EQ(alice.ask("SELECT layer_revision, encode(value, 'escape') FROM settings.changes_v1(0, 0) WHERE NOT studio").text(), "1|true")
         << "an old client goes on, with all that was stored";
 }
 
+TEST_F(SchemaMigration, FirstSchemaGetsTheSecondWithWhatItHolds)
+{
+    EXPECT_EQ(migrated("postgres", firstStep()), "missing 0");
+    ask("CREATE ROLE alice LOGIN IN ROLE settings_user");
+    Login const alice(m_server->connection("alice", "studio"));
+    std::string const hello = "SELECT schema, epoch, last_op FROM settings.hello_v1('00000000-0000-0000-0000-000000000001', 0)";
+    std::string const epoch = alice.ask(hello).rows.at(0).at(1);
+    EXPECT_EQ(alice
+                  .ask("SELECT outcome FROM settings.put_v1('00000000-0000-0000-0000-000000000001', 1, false, 's', 'k', 'bool', 'true', "
+                       "false, 0, 0)")
+                  .text(),
+              "stored");
+    EXPECT_EQ(examined(), "older 1");
+    EXPECT_EQ(migrated(), "older 1");
+    EXPECT_EQ(examined(), "current 2");
+    EXPECT_EQ(alice.ask(hello).text(), "2|" + epoch + "|1") << "no client reads everything again";
+    EXPECT_EQ(alice.ask("SELECT layer_revision, encode(value, 'escape'), epoch FROM settings.changes_v2(0, 0) WHERE NOT studio").text(),
+              "1|true|" + epoch);
+}
+
 TEST_F(SchemaMigration, NewerSchemaIsLeftAlone)
 {
-    EXPECT_EQ(migrated("postgres", twoSteps()), "missing 0");
-    EXPECT_EQ(examined(), "newer 2");
-    EXPECT_EQ(migrated(), "newer 2");
-    EXPECT_EQ(examined("postgres", twoSteps()), "current 2");
+    EXPECT_EQ(migrated("postgres", withLaterStep()), "missing 0");
+    EXPECT_EQ(examined(), "newer 3");
+    EXPECT_EQ(migrated(), "newer 3");
+    EXPECT_EQ(examined("postgres", withLaterStep()), "current 3");
 }
 
 TEST_F(SchemaMigration, SchemaOfSomebodyElseIsLeftAlone)
@@ -134,7 +155,7 @@ TEST_F(SchemaMigration, SchemaThatWasNotMadeToItsEndIsToldApart)
         ask("DROP SCHEMA settings CASCADE");
     }
     EXPECT_EQ(migrated(), "missing 0") << "the roles that are left are no obstacle";
-    EXPECT_EQ(examined(), "current 1");
+    EXPECT_EQ(examined(), "current 2");
 }
 
 TEST_F(SchemaMigration, SchemaThatWasChangedByHandIsToldApart)
@@ -145,17 +166,17 @@ TEST_F(SchemaMigration, SchemaThatWasChangedByHandIsToldApart)
           "CREATE FUNCTION settings.put_v1() RETURNS int LANGUAGE sql AS 'SELECT 1'", "DELETE FROM settings.schema_version"}) {
         ask(change);
         EXPECT_EQ(examined().substr(0, 7), "damaged") << change;
-        EXPECT_EQ(migrated("postgres", twoSteps()).substr(0, 7), "damaged") << change;
+        EXPECT_EQ(migrated("postgres", withLaterStep()).substr(0, 7), "damaged") << change;
         ask("DROP SCHEMA settings CASCADE");
         EXPECT_EQ(migrated(), "missing 0");
     }
     ask("CREATE INDEX ON settings.superseded (changed_at)");
-    EXPECT_EQ(examined(), "current 1") << "an index changes no meaning";
+    EXPECT_EQ(examined(), "current 2") << "an index changes no meaning";
 }
 
 TEST_F(SchemaMigration, StepThatFailsLeavesNothing)
 {
-    std::vector<std::string> const steps = {Studio::schemaSteps().front() + " SELECT 1 / 0;"};
+    std::vector<std::string> const steps = {Studio::schemaSteps().at(0), Studio::schemaSteps().at(1) + " SELECT 1 / 0;"};
     try {
         migrated("postgres", steps);
         ADD_FAILURE() << "it was migrated";
@@ -175,11 +196,11 @@ TEST_F(SchemaMigration, OfSeveralAtOnceOneMigratesAndNoneFails)
         int made = 0;
         for (std::future<std::string>& call : calls) {
             std::string const found = call.get();
-            EXPECT_TRUE(found == "missing 0" || found == "current 1") << found;
+            EXPECT_TRUE(found == "missing 0" || found == "current 2") << found;
             made += found == "missing 0";
         }
         EXPECT_EQ(made, 1);
-        EXPECT_EQ(ask("SELECT count(*) FROM settings.schema_version"), "1");
+        EXPECT_EQ(ask("SELECT count(*) FROM settings.schema_version"), "2");
         ask("DROP SCHEMA settings CASCADE");
     }
 }
@@ -189,8 +210,8 @@ TEST_F(SchemaMigration, OwnerOfTheDatabaseNeedsNotBeASuperuser)
     m_server->ask("CREATE ROLE dba LOGIN CREATEROLE; ALTER DATABASE studio OWNER TO dba");
     EXPECT_EQ(examined("dba"), "missing 0");
     EXPECT_EQ(migrated("dba"), "missing 0");
-    EXPECT_EQ(examined("dba"), "current 1");
-    EXPECT_EQ(migrated("dba", twoSteps()), "older 1");
+    EXPECT_EQ(examined("dba"), "current 2");
+    EXPECT_EQ(migrated("dba", withLaterStep()), "older 2");
     EXPECT_EQ(ask("SELECT has_database_privilege('public', 'studio', 'TEMP') OR has_schema_privilege('public', 'public', 'CREATE')"), "f");
     EXPECT_EQ(ask("SELECT string_agg(nspowner::regrole::text, ' ') FROM pg_namespace WHERE nspname = 'settings'"), "settings_owner");
 }
@@ -214,7 +235,7 @@ TEST_F(SchemaMigration, RestoredDumpIsWholeAndHasAnotherEpoch)
     EXPECT_EQ(run({"pg_restore", "--exit-on-error", "-d", m_server->connection("postgres", "restored"), dump}).err, "");
     EXPECT_EQ(with(
                   "postgres", Studio::schemaSteps(), [](Schema schema) { return text(schema.examine()); }, "restored"),
-              "current 1");
+              "current 2");
     Login const again(m_server->connection("alice", "restored"));
     Answer const after = again.ask(hello);
     EXPECT_EQ(after.rows.at(0).at(1), "1") << "an operation that comes again is known";

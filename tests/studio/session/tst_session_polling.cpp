@@ -3,6 +3,8 @@
 // What a session sees of its server without being asked to look.
 #include "support/SessionTest.h"
 
+#include <Studio/server/SchemaSteps.h>
+
 #include <atomic>
 #include <future>
 #include <mutex>
@@ -61,7 +63,7 @@ TEST_F(SessionPolling, QuietLineCostsOneStatementAPoll)
     // 40 ms is the shortest pause.
     EXPECT_LE(asked.size(), static_cast<std::size_t>((std::chrono::steady_clock::now() - begin) / 40ms) + 1);
     for (std::string const& statement : asked)
-        EXPECT_NE(statement.find("FROM settings.changes_v1("), std::string::npos) << statement;
+        EXPECT_NE(statement.find(", epoch FROM settings.changes_v2("), std::string::npos) << statement;
     EXPECT_EQ(ask("SELECT count(*) FROM pg_stat_activity WHERE usename = 'alice' AND state = 'idle in transaction'"), "0");
 }
 
@@ -192,4 +194,39 @@ TEST_F(SessionPolling, NothingOfEightWritersIsMissed)
     for (int client = 1; client <= writers; ++client)
         for (int op = 1; op <= puts; ++op)
             EXPECT_EQ(alice.store->getInt(std::to_string(client) + '/' + std::to_string(op), 0), op);
+}
+
+/// A server that was not migrated yet.
+class SessionOnTheFirstSchema : public SessionPolling {
+protected:
+    std::size_t schema() const override { return 1; }
+};
+
+TEST_F(SessionOnTheFirstSchema, ReadsChangesAndNoticesAnotherHistory)
+{
+    Program alice(polling(connectionOf("alice")));
+    Program other(connectionOf("alice"));
+    other.store->setInt("number", 7);
+    EXPECT_TRUE(reads(alice, "number", 7));
+    give("given", "int", "1");
+    ASSERT_TRUE(other.session.synchronise(60s));
+    EXPECT_EQ(other.store->getInt("given", 0), 1);
+    makeAliceAgain();
+    ASSERT_TRUE(other.session.synchronise(60s));
+    EXPECT_EQ(other.store->getInt("new", 0), 2);
+    EXPECT_TRUE(other.session.status().historyChanged);
+    EXPECT_TRUE(reads(alice, "new", 2));
+}
+
+TEST_F(SessionOnTheFirstSchema, ProgramGoesOnWhileTheServerIsMigrated)
+{
+    Program before(polling(connectionOf("alice")));
+    ask("BEGIN; " + Studio::schemaSteps().at(1) + " COMMIT");
+    Program after(connectionOf("alice"));
+    after.store->setInt("number", 7);
+    EXPECT_TRUE(reads(before, "number", 7));
+    before.store->setInt("number", 8);
+    ASSERT_TRUE(after.session.synchronise(60s));
+    EXPECT_EQ(after.store->getInt("number", 0), 8);
+    EXPECT_FALSE(before.session.status().problem);
 }

@@ -9,7 +9,7 @@ protected:
 };
 
 constexpr char const* roles =
-    " schema 1 and the roles settings_user, settings_admin, settings_watch and settings_owner where they were missing\n";
+    " schema 2 and the roles settings_user, settings_admin, settings_watch and settings_owner where they were missing\n";
 
 TEST_F(StudioVerb, DryRunTellsWhatMigrateThenDoes)
 {
@@ -18,8 +18,8 @@ TEST_F(StudioVerb, DryRunTellsWhatMigrateThenDoes)
     EXPECT_EQ(schemas(), "0");
     EXPECT_EQ(told(said({"studio", "migrate", connection()}), "made"), std::string("made") + roles);
     EXPECT_EQ(schemas(), "1");
-    EXPECT_EQ(told(said({"studio", "migrate", "--dry-run", connection()}), "schema"), "schema 1 is up to date\n");
-    EXPECT_EQ(told(said({"studio", "migrate", connection()}), "schema"), "schema 1 is up to date\n");
+    EXPECT_EQ(told(said({"studio", "migrate", "--dry-run", connection()}), "schema"), "schema 2 is up to date\n");
+    EXPECT_EQ(told(said({"studio", "migrate", connection()}), "schema"), "schema 2 is up to date\n");
 }
 
 TEST_F(StudioVerb, ServerIsNamedByWordsProductOrService)
@@ -61,7 +61,7 @@ TEST_F(StudioVerb, SchemaThatIsNotItsOwnIsLeftAlone)
     said({"studio", "migrate", connection()});
     m_server->ask("INSERT INTO settings.schema_version (version, objects) VALUES (9, 1)", "studio");
     EXPECT_EQ(told(refused({"studio", "migrate", connection()}), "it has"),
-              "it has schema 9, and this program knows 1; update the program\n");
+              "it has schema 9, and this program knows 2; update the program\n");
     m_server->ask("DELETE FROM settings.schema_version", "studio");
     EXPECT_EQ(told(refused({"studio", "migrate", connection()}), "its schema"),
               "its schema 'settings' is incomplete, or was changed by hand; restore a backup of the database; if nothing "

@@ -61,6 +61,6 @@ TEST_F(StudioDoctor, PoolerIsNoted)
 
 TEST_F(StudioDoctor, NewerSchemaIsNoted)
 {
-    m_server->ask("INSERT INTO settings.schema_version (version, objects) VALUES (2, settings.objects())", "studio");
+    m_server->ask("INSERT INTO settings.schema_version (version, objects) VALUES (3, settings.objects())", "studio");
     EXPECT_EQ(findings(examined("alice")), (std::vector<std::string>{"note studio-schema", "note studio-standby"}));
 }

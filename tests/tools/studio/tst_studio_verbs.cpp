@@ -115,7 +115,7 @@ TEST_F(StudioVerbs, StatusTellsServerUserAndWhatRoams)
     json const status = json::parse(said(as("ada", {"studio", "status", "--json"})));
     EXPECT_EQ(status["user"], "ada");
     EXPECT_EQ(status["isAdministrator"], true);
-    EXPECT_EQ(status["schema"], 1);
+    EXPECT_EQ(status["schema"], 2);
     EXPECT_EQ(status["historyChanged"], nullptr);
     EXPECT_EQ(status["isConnected"], true);
     EXPECT_EQ(status["problem"], nullptr);
@@ -127,7 +127,7 @@ TEST_F(StudioVerbs, StatusTellsServerUserAndWhatRoams)
         EXPECT_EQ(std::count(roaming.begin(), roaming.end(), key), 1) << key;
     EXPECT_EQ(std::count(roaming.begin(), roaming.end(), "exportPath"), 0);
     std::string const table = said(as("alice", {"studio", "status", "--plain"}));
-    EXPECT_NE(table.find("\nuser\talice\nadministrator\tno\nschema\t1\nchanges\tlistening\nas of\t20"), std::string::npos) << table;
+    EXPECT_NE(table.find("\nuser\talice\nadministrator\tno\nschema\t2\nchanges\tlistening\nas of\t20"), std::string::npos) << table;
     EXPECT_NE(table.find("\nroams\tkeepVideoAspect\n"), std::string::npos) << table;
     std::string const local = said(as("alice", {"studio", "status"}));
     EXPECT_TRUE(std::regex_search(local, std::regex("\nas of\t20\\d\\d-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\n"))) << local;

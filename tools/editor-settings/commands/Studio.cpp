@@ -16,6 +16,7 @@
 
 using Inspection::inLocalTime;
 using Inspection::inUtc;
+using Inspection::KeptChanges;
 using Inspection::Layer;
 using Inspection::PreferenceState;
 using Inspection::StudioAccount;
@@ -91,7 +92,19 @@ ordered_json orNull(std::string const& text) { return text.empty() ? ordered_jso
 // How changes of others arrive.
 char const* hearingOf(StudioStatus const& status) { return status.isListening ? "listening" : "polling"; }
 
-void printAsJson(StudioStatus const& status, StudioAccount const& account)
+ordered_json asJson(std::vector<Inspection::RefusedChange> const& all)
+{
+    auto array = ordered_json::array();
+    for (Inspection::RefusedChange const& refused : all)
+        array.push_back({{"store", refused.store},
+                         {"key", refused.key},
+                         {"reason", refused.reason},
+                         {"remedy", refused.remedy},
+                         {"when", inUtc(refused.when)}});
+    return array;
+}
+
+void printAsJson(StudioStatus const& status, StudioAccount const& account, KeptChanges const& kept)
 {
     auto problem = ordered_json();
     if (status.problem)
@@ -105,10 +118,28 @@ void printAsJson(StudioStatus const& status, StudioAccount const& account)
                {"historyChanged", status.historyChanged ? ordered_json(inUtc(*status.historyChanged)) : ordered_json()},
                {"asOf", status.asOf ? ordered_json(inUtc(*status.asOf)) : ordered_json()},
                {"problem", problem},
+               {"pending", kept.pending},
+               {"pendingSince", kept.since ? ordered_json(inUtc(*kept.since)) : ordered_json()},
+               {"refused", asJson(kept.refused)},
+               {"damaged", kept.damaged},
                {"roams", Inspection::roamingKeys()}});
 }
 
-void printAsTable(StudioStatus const& status, StudioAccount const& account, Format format)
+std::vector<Columns> rowsOf(KeptChanges const& kept, Format format)
+{
+    auto const timeOf = [&](auto const& time) { return format == Format::plain ? inUtc(time) : inLocalTime(time); };
+    std::vector<Columns> table;
+    if (kept.pending > 0)
+        table.push_back({"pending", absl::StrCat(kept.pending, " since ", timeOf(*kept.since))});
+    for (Inspection::RefusedChange const& refused : kept.refused)
+        table.push_back({"refused", absl::StrCat(onOneLine(refused.key), " (", onOneLine(refused.store), "), ", timeOf(refused.when), ": ",
+                                                 refused.reason, "; ", refused.remedy)});
+    for (std::string const& file : kept.damaged)
+        table.push_back({"damaged", onOneLine(file)});
+    return table;
+}
+
+void printAsTable(StudioStatus const& status, StudioAccount const& account, KeptChanges const& kept, Format format)
 {
     std::vector<Columns> table;
     if (!account.user.empty())
@@ -119,6 +150,8 @@ void printAsTable(StudioStatus const& status, StudioAccount const& account, Form
                  {"changes", hearingOf(status)}};
     if (status.asOf)
         table.push_back({"as of", format == Format::plain ? inUtc(*status.asOf) : inLocalTime(*status.asOf)});
+    for (Columns& row : rowsOf(kept, format))
+        table.push_back(std::move(row));
     for (std::string const& key : Inspection::roamingKeys())
         table.push_back({"roams", onOneLine(key)});
     printTable(table, {}, format);
@@ -131,7 +164,8 @@ int showStatus(std::string const& connection, Format format)
     StudioAccount const account = status.problem ? StudioAccount() : server->account();
     if (status.problem)
         printError(status.problem->what());
-    format == Format::json ? printAsJson(status, account) : printAsTable(status, account, format);
+    KeptChanges const kept = server->kept();
+    format == Format::json ? printAsJson(status, account, kept) : printAsTable(status, account, kept, format);
     return status.problem ? 1 : 0;
 }
 
@@ -142,7 +176,7 @@ Command statusCommand()
         FormatChoice format;
     };
     auto const words = std::make_shared<Words>();
-    Command command = studioVerb("status", "Which server, as whom, how current, and what goes with the user");
+    Command command = studioVerb("status", "Which server, as whom, how current, what waits for it, and what roams");
     command.options = withFormat(words->format, jsonHelp, {connectionOption(words->connection)});
     command.examples = {
         {"editor-settings studio status host=db.invalid dbname=studio", "Whether it can be used; exit status 1 where it cannot."}};

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <Inspection/studio/StudioServer.h>
 #include <Studio/SessionStore.h>
+#include <Studio/outbox/OutboxFolder.h>
+#include <Studio/outbox/OutboxReport.h>
 #include <Studio/server/Administration.h>
+#include <Studio/server/Login.h>
 #include <Studio/server/SchemaSteps.h>
 
 #include <type_traits>
@@ -50,7 +53,7 @@ Studio::Session::Options optionsOf(std::string const& connection, std::function<
 class Server final : public Inspection::StudioServer {
 public:
     Server(std::string const& connection, std::function<bool(std::string const&)> const& roams)
-        : m_session(optionsOf(connection, roams)), m_desk(connection)
+        : m_identity(Studio::identityOf(connection)), m_session(optionsOf(connection, roams)), m_desk(connection)
     {}
 
     std::shared_ptr<Storage::LayeredStorage> store(std::string const& name, std::shared_ptr<ISettingsStorage> const& local) override
@@ -58,6 +61,7 @@ public:
         return m_session.store(name, local);
     }
     StudioStatus status() const override;
+    Inspection::KeptChanges kept() const override;
     StudioAccount account() override
     {
         auto const [user, schema, isAdministrator] =
@@ -86,6 +90,7 @@ public:
     }
 
 private:
+    std::string const m_identity;
     Studio::Session m_session;
     Desk m_desk;
 };
@@ -100,6 +105,24 @@ StudioStatus Server::status() const
     result.asOf = known.asOf;
     result.isListening = known.connected && known.hearing == Studio::Status::Hearing::listening;
     result.historyChanged = known.historyChanged;
+    return result;
+}
+
+Inspection::KeptChanges Server::kept() const
+{
+    Inspection::KeptChanges result;
+    if (m_identity.empty())
+        return result;
+    Studio::OutboxReport const report = Studio::readOutboxes(Studio::outboxFolders({}), m_identity);
+    result.pending = report.pending;
+    result.since = report.since;
+    for (Studio::Outbox::Refusal const& refusal : report.refusals) {
+        Studio::ServerError const error(Studio::reasonOf(refusal.sqlState), "", refusal.sqlState);
+        result.refused.push_back({refusal.store, refusal.key, error.explanation(), error.remedy(),
+                                  std::chrono::system_clock::time_point(std::chrono::milliseconds(refusal.refused))});
+    }
+    for (std::filesystem::path const& file : report.damaged)
+        result.damaged.push_back(file.u8string());
     return result;
 }
 

@@ -75,7 +75,7 @@ Lines<T> sorted(Lines<T> lines, Lines<T> const& earlier)
 {
     std::sort(lines.begin(), lines.end(), isBefore<T>);
     for (Line<T>& line : lines)
-        if (Line<T> const* const known = find(earlier, line->id); known && isSame(**known, *line))
+        if (Line<T> const* const known = find(earlier, line->id); known && *known != line && isSame(**known, *line))
             line = *known;
     return lines;
 }
@@ -219,6 +219,18 @@ try {
     return true;
 }
 
+namespace {
+
+// Whether the line shows an undeclared key as it is; of thousands of them nearly all are. What is declared may have another default.
+bool isStill(Setting const& line, PreferenceState const& state, Marks const& marks)
+{
+    auto const has = [&](char const* mark) { return line.searchText.contains(QLatin1String(mark)); };
+    return state.isUndeclared() && line.state && !marks.hasStudio && line.rows == state.stored && has("\t@changed") == marks.isChanged &&
+           has("\t@trouble") == marks.hasTrouble;
+}
+
+} // namespace
+
 // What a commit may expect: with a studio, the value in force may be one of the server's.
 std::vector<OpenedStores::Row> OpenedStores::localRows(PreferenceState const& state) const
 {
@@ -243,7 +255,8 @@ Lines<Setting> OpenedStores::settings() const
         std::string const id = settingId(state.key, store);
         Line<Setting> const* const earlier = find(m_snapshot->settings, id);
         Marks const marks = {m_changed.count(id) > 0, m_troubled.count(state.key) > 0, hasStudio()};
-        result.push_back(!isRead && earlier ? *earlier : line(settingOf(state, localRows(state), isRead, marks)));
+        bool const isKept = earlier && (!isRead || isStill(**earlier, state, marks));
+        result.push_back(isKept ? *earlier : line(settingOf(state, localRows(state), isRead, marks)));
         known.insert(id);
     }
     // What else a store held before it became unusable.

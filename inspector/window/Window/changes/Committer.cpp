@@ -42,7 +42,10 @@ Committer::Committer(Desk& desk, QObject* parent) : QObject(parent), m_desk(desk
     connect(&desk, &Desk::answered, this, &Committer::take);
 }
 
-void Committer::commit(Commit const& commit, std::function<void(Answer const&)> const& whoAsked) { send(commit, Way::edit, whoAsked); }
+int Committer::commit(Commit const& commit, std::function<void(Answer const&)> const& whoAsked)
+{
+    return send(commit, Way::edit, whoAsked);
+}
 
 void Committer::step(Way way)
 {
@@ -50,12 +53,13 @@ void Committer::step(Way way)
         send(*next, way, {});
 }
 
-void Committer::send(Commit const& commit, Way way, std::function<void(Answer const&)> const& whoAsked)
+int Committer::send(Commit const& commit, Way way, std::function<void(Answer const&)> const& whoAsked)
 {
     int const number = m_desk.commit(commit);
     m_history.sent(number, way);
     m_sent[number] = {commit, whoAsked};
     Q_EMIT stepsChanged();
+    return number;
 }
 
 void Committer::take(Answer const& answer)

@@ -20,8 +20,9 @@ public:
 
     Committer(Desk& desk, QObject* parent);
 
-    /// Stores it as a new step. The answer goes to `whoAsked`, or to `refused` where nobody is named.
-    void commit(Commit const& commit, std::function<void(Answer const&)> const& whoAsked = {});
+    /// Stores it as a new step. The answer goes to `whoAsked`, or to `refused` where nobody is named. Returns
+    /// the number for `Desk::cancel`.
+    int commit(Commit const& commit, std::function<void(Answer const&)> const& whoAsked = {});
     /// Gives the answer of that number, to a request that is no commit, to `whoAsked`.
     void expect(int number, std::function<void(Answer const&)> const& whoAsked) { m_sent[number] = {{}, whoAsked}; }
     /// Goes one step back, or forth again, where there is one.
@@ -47,7 +48,7 @@ private:
         std::function<void(Answer const&)> whoAsked;
     };
 
-    void send(Commit const& commit, Way way, std::function<void(Answer const&)> const& whoAsked);
+    int send(Commit const& commit, Way way, std::function<void(Answer const&)> const& whoAsked);
     void take(Answer const& answer);
 
     Desk& m_desk;

@@ -23,7 +23,7 @@ namespace Inspector {
 
 namespace {
 
-constexpr int mostShown = 0x10000;
+constexpr int mostShown = 0x4000;
 constexpr qint64 mostLoaded = 0x1000000;
 
 bool isOutsideAllScreens(QRect const& frame)

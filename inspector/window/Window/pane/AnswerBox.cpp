@@ -29,6 +29,12 @@ void AnswerBox::tell(QString const& text, QString const& attempt)
     show();
 }
 
+void AnswerBox::clear()
+{
+    m_text->tell({});
+    hide();
+}
+
 void AnswerBox::focusKeep() { m_keep->setFocus(Qt::OtherFocusReason); }
 
 } // namespace Inspector

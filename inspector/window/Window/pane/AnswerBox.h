@@ -18,6 +18,8 @@ public:
 
     /// `attempt` is what the button says that tries again; there is none for an empty one.
     void tell(QString const& text, QString const& attempt);
+    /// Says nothing more.
+    void clear();
     /// Puts the focus on the way that changes nothing.
     void focusKeep();
 

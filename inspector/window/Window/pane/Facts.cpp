@@ -68,6 +68,8 @@ QString stateFacts(Setting const& setting, Snapshot const& snapshot)
     if (setting.state == State::otherKind && !setting.isHidden)
         for (Storage::SqliteStorage::Row const& row : setting.rows)
             lines += storedRow(row);
+    for (Inspection::LayerFact const& fact : setting.layers)
+        lines += QStringLiteral("%1: %2").arg(shown(fact.what), shown(fact.text));
     for (std::shared_ptr<Finding const> const& finding : snapshot.findings)
         if (finding->key == setting.key && finding->found.severity != Inspection::Severity::note)
             lines += QStringLiteral("\u26A0 ") + finding->cells[2];
@@ -118,7 +120,7 @@ QString whyFixed(Setting const& setting, Snapshot const& snapshot)
         return Words::tr("its store cannot be read");
     if (isUndeclared(setting))
         return setting.state == State::unreadable ? Words::tr("this version cannot read it") : QString();
-    return setting.isSettable ? QString() : Words::tr("It takes %1").arg(shown(setting.about.accepts));
+    return setting.whyFixed;
 }
 
 } // namespace Inspector

@@ -32,6 +32,7 @@ SettingPane::SettingPane(Place const& place, QWidget* parent)
 {
     build();
     connect(m_value, &ValueBox::wantsToStore, this, &SettingPane::wantsToStore);
+    connect(m_value, &ValueBox::wantsToCancel, this, &SettingPane::wantsToCancel);
     connect(m_value, &ValueBox::isDone, this, &SettingPane::isDone);
     connect(m_value, &ValueBox::wantsToReveal, this, &SettingPane::wantsToReveal);
     connect(m_value, &ValueBox::draftsChanged, this, &SettingPane::draftsChanged);

@@ -41,6 +41,8 @@ public:
 Q_SIGNALS:
     /// To be stored, and the answer to be given to `take`.
     void wantsToStore(Inspector::Commit const& commit);
+    /// The last commit is not to be waited for any longer; `take` gets the answer all the same.
+    void wantsToCancel();
     /// The focus is to go back to the list.
     void isDone();
     /// Whether the personal value of the shown setting is to be visible.

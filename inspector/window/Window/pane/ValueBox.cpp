@@ -62,15 +62,6 @@ Commit commitOf(std::shared_ptr<Setting const> const& seen, std::optional<Catalo
     return Step{difference};
 }
 
-QString shown(std::string const& text) { return QString::fromStdString(Inspection::onOneLine(text)); }
-
-QString troubleOf(Answer const& answer)
-{
-    if (answer.outcome == Outcome::lookingOnly)
-        return ValueBox::tr("Changes are not allowed.");
-    return shown(answer.error ? answer.error->what() : answer.reason);
-}
-
 QString textOf(std::optional<Catalogue::Value> const& value)
 {
     if (!value)
@@ -89,12 +80,14 @@ ValueBox::ValueBox(QWidget* parent)
       m_help(new Passage(tr("Help"))),
       m_answer(new AnswerBox),
       m_unknown(new QCheckBox(tr("Change unknown &keys"))),
+      m_cancel(new QPushButton(tr("Ca&ncel"))),
       m_show(new QPushButton(tr("S&how"))),
       m_unset(new QPushButton(tr("&Unset")))
 {
     build();
     m_patience.setSingleShot(true);
     connect(&m_patience, &QTimer::timeout, this, &ValueBox::showHelp);
+    connect(m_cancel, &QPushButton::clicked, this, &ValueBox::wantsToCancel);
     connect(m_show, &QPushButton::clicked, this, &ValueBox::reveal);
     connect(m_unset, &QPushButton::clicked, this, [this] { commit(std::nullopt, m_setting); });
     connect(m_unknown, &QCheckBox::toggled, this, &ValueBox::reload);
@@ -105,7 +98,7 @@ ValueBox::ValueBox(QWidget* parent)
 void ValueBox::build()
 {
     m_column->setContentsMargins({});
-    for (QWidget* const each : std::initializer_list<QWidget*>{m_value, m_help, m_answer, m_unknown})
+    for (QWidget* const each : std::initializer_list<QWidget*>{m_value, m_help, m_cancel, m_answer, m_unknown})
         m_column->addWidget(each);
     auto* const row = new QHBoxLayout;
     row->addWidget(m_show);
@@ -133,9 +126,10 @@ void ValueBox::show(std::shared_ptr<Setting const> const& setting)
 
 void ValueBox::allowChanges(bool isAllowed, QString const& reason)
 {
+    bool const isOther = isAllowed != m_isAllowed || reason != m_reason;
     m_isAllowed = isAllowed;
     m_reason = reason;
-    if (m_setting)
+    if (m_setting && isOther)
         reload();
 }
 
@@ -189,6 +183,8 @@ void ValueBox::reload()
         setTabOrder(m_value, m_editor);
         m_editor->show(); // now, as it may get the focus
     }
+    if (m_editor)
+        m_value->tell({}); // a screen reader may read what is not visible
     m_value->setVisible(!m_editor);
     setFocusProxy(m_editor ? static_cast<QWidget*>(m_editor) : m_value);
     refresh();
@@ -240,18 +236,18 @@ void ValueBox::refresh()
 
 QString ValueBox::conflictText(Draft const& met) const
 {
-    auto const unlessHidden = [this](Setting const& setting) { return isHidden() ? QString::fromLatin1(hiddenText) : valueNow(setting); };
+    auto const unlessHidden = [this](QString const& value) { return isHidden() ? QString::fromLatin1(hiddenText) : value; };
     return tr("\u26A0 Changed meanwhile.\nYou saw: %1\nThere is now: %2\nYou entered: %3")
-        .arg(unlessHidden(*met.seen), unlessHidden(*m_setting), textOf(*met.refused));
+        .arg(unlessHidden(valueNow(*met.seen)), unlessHidden(valueNow(*m_setting)), unlessHidden(textOf(*met.refused)));
 }
 
 void ValueBox::showAnswer()
 {
     Draft const* const met = draft();
     if (!met || (met->trouble.isEmpty() && !met->isConflict))
-        return m_answer->hide();
-    QString const attempt = met->isConflict ? tr("Store &mine") : met->refused && !met->words ? tr("Try &again") : QString();
-    m_answer->tell(met->isConflict ? conflictText(*met) : met->trouble, attempt);
+        return m_answer->clear();
+    QString const again = met->refused && !met->words ? tr("Try &again") : QString();
+    m_answer->tell(met->isConflict ? conflictText(*met) : met->trouble, met->isConflict ? tr("Store &mine") : again);
 }
 
 QStringList ValueBox::hints() const
@@ -278,6 +274,7 @@ void ValueBox::showHelp()
     QStringList const lines = hints();
     m_help->tell(lines.join(QLatin1Char('\n')));
     m_help->setVisible(!lines.isEmpty());
+    m_cancel->setVisible(m_waiting && !m_patience.isActive());
 }
 
 void ValueBox::reveal()
@@ -344,7 +341,7 @@ void ValueBox::store()
         try {
             return commit(valueOf(*m_seen, words), m_seen);
         } catch (Inspection::ValueError const& error) {
-            trouble = shown(error.what());
+            trouble = QString::fromLatin1(error.what());
         }
     keep({m_seen, words, trouble});
 }
@@ -391,7 +388,7 @@ void ValueBox::take(Answer const& answer)
         return;
     }
     auto const typed = m_drafts.find(wish.seen->id);
-    Draft met = {wish.seen, typed == m_drafts.end() ? std::nullopt : typed->second.words, troubleOf(answer), wish.value};
+    Draft met = {wish.seen, typed == m_drafts.end() ? std::nullopt : typed->second.words, answer.whyNot(), wish.value};
     met.isConflict = answer.outcome == Outcome::conflict;
     keep(met);
     if (isShown && !met.words)

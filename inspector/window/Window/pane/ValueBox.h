@@ -39,6 +39,7 @@ public:
 
 Q_SIGNALS:
     void wantsToStore(Inspector::Commit const& commit);
+    void wantsToCancel();
     void isDone();
     void wantsToReveal(bool isRevealed);
     void draftsChanged();
@@ -106,6 +107,7 @@ private:
     Passage* m_help;
     AnswerBox* m_answer;
     QCheckBox* m_unknown;
+    QPushButton* m_cancel;
     QPushButton* m_show;
     QPushButton* m_unset;
 };

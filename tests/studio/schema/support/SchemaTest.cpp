@@ -42,7 +42,13 @@ void SchemaTest::startServer()
         "CREATE ROLE mallory LOGIN; GRANT CONNECT ON DATABASE studio TO mallory");
 }
 
-void SchemaTest::restoreSchema() const { ask("BEGIN; " + Studio::schemaSteps().front() + " COMMIT"); }
+void SchemaTest::restoreSchema() const
+{
+    std::string steps;
+    for (std::size_t step = 0; step < schema(); ++step)
+        steps += Studio::schemaSteps().at(step);
+    ask("BEGIN; " + steps + " COMMIT");
+}
 
 Login SchemaTest::user(std::string const& role, int client) const
 {
@@ -69,11 +75,17 @@ std::string SchemaTest::statement(Put const& put)
 
 std::string SchemaTest::changes(Login const& login, long long userSince, long long studioSince)
 {
-    return login
-        .ask("SELECT studio, layer_revision, store, encode(key, 'escape'), kind, encode(value, 'escape'), locked, revision "
-             "FROM settings.changes_v1($1, $2) ORDER BY studio, revision",
-             {std::to_string(userSince), std::to_string(studioSince)})
-        .text();
+    auto const of = [&](std::string const& function) {
+        return login
+            .ask("SELECT studio, layer_revision, store, encode(key, 'escape'), kind, encode(value, 'escape'), locked, revision "
+                 "FROM settings." +
+                     function + "($1, $2) ORDER BY studio, revision",
+                 {std::to_string(userSince), std::to_string(studioSince)})
+            .text();
+    };
+    std::string const first = of("changes_v1");
+    EXPECT_EQ(of("changes_v2"), first);
+    return first;
 }
 
 bool SchemaTest::comes(std::string const& question, std::string const& answer) const

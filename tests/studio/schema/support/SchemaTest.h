@@ -29,6 +29,8 @@ class SchemaTest : public ServerTest {
 protected:
     void startServer() override;
     virtual std::vector<std::string> serverSettings() const { return {}; }
+    /// The version of the schema.
+    virtual std::size_t schema() const { return 2; }
     /// Makes the schema in a database that has none.
     void restoreSchema() const;
 
@@ -44,7 +46,7 @@ protected:
     static std::string statement(Put const& put);
     /// The outcome and the revision, such as "stored|1", or the SQLSTATE.
     static std::string put(Login const& login, Put const& put) { return login.ask(statement(put)).text(); }
-    /// What changes_v1 says: whether of the studio, the layer's revision, store, key, kind, value, locked, revision.
+    /// What changes_v1 says, and changes_v2 too: whether of the studio, the layer's revision, store, key, kind, value, locked, revision.
     static std::string changes(Login const& login, long long userSince = 0, long long studioSince = 0);
 
     /// Waits until the superuser's question is answered with `answer`; false where it takes longer than a minute.
