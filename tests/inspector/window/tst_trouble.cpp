@@ -108,7 +108,7 @@ TEST_F(Trouble, LockedStoreHoldsUpNothing)
     };
     EXPECT_TRUE(statusSays("Storing"));
     ASSERT_TRUE(comes([&] { return statusSays("waiting for another program"); }));
-    EXPECT_TRUE(messages().isEmpty());
+    ASSERT_TRUE(comes([&] { return messages() == QLatin1String("Another program keeps a store locked, and the change waits for it."); }));
     for (char const* const searched : {"l", "last", "", "export"}) {
         search().setText(QLatin1String(searched));
         EXPECT_FALSE(m_window->grab().isNull());
@@ -120,8 +120,24 @@ TEST_F(Trouble, LockedStoreHoldsUpNothing)
     program.execute("ROLLBACK");
     EXPECT_TRUE(comesToBeStored("exportPath", "(unset)"));
     ASSERT_TRUE(comes([&] { return !statusSays("Storing"); }));
+    EXPECT_EQ(messages(), QString());
     m_window->close();
     EXPECT_FALSE(m_window->isVisible());
+}
+
+TEST_F(Trouble, ChangeThatWaitsIsCancelled)
+{
+    m_other.set("exportPath", "/films");
+    openChanging();
+    goTo("exportPath");
+    OtherProgram program(m_productFile);
+    program.execute("PRAGMA busy_timeout = 60000; BEGIN EXCLUSIVE"); // the desk reads now and then
+    press(Qt::Key_Delete);
+    ASSERT_TRUE(comes([this] { return !messages().isEmpty(); }));
+    choose("Cancel the change");
+    EXPECT_TRUE(comes([this] { return messages() == QLatin1String("cancelled; nothing was changed"); })) << messages().toStdString();
+    program.execute("ROLLBACK");
+    EXPECT_EQ(stored("exportPath"), "/films");
 }
 
 } // namespace

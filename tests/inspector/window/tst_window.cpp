@@ -2,9 +2,11 @@
 #include "WindowTest.h"
 
 #include <Window/WindowState.h>
+#include <Window/transfer/ImportPanel.h>
 
 #include <QClipboard>
 #include <QFile>
+#include <QFileDialog>
 #include <QScrollBar>
 
 namespace {
@@ -221,6 +223,67 @@ TEST_F(Windows, HostileStateIsTakenForNone)
     EXPECT_EQ(Inspector::WindowState::load().page, 0) << "a link";
     Inspector::WindowState().save();
     EXPECT_EQ(fs::file_size(target), 11u) << "what the link leads to stays as it is";
+}
+
+// --- Documents ---
+
+TEST_F(Windows, ExportAndImportGoThroughFileNamesAndAComparison)
+{
+    m_other.set("exportPath", "/films");
+    m_other.set("who", "Grace");
+    openChanging();
+    QString const file = QString::fromStdString((m_home.path() / "kept.json").string());
+    auto const chooseFile = [&] {
+        auto* const chooser = m_window->findChild<QFileDialog*>();
+        ASSERT_TRUE(chooser);
+        chooser->selectFile(file);
+        QMetaObject::invokeMethod(chooser, "accept");
+    };
+    for (QAction* const action : m_window->findChildren<QAction*>())
+        if (action->text() == QStringLiteral("Export with &personal values…"))
+            action->trigger();
+    chooseFile();
+    ASSERT_TRUE(comes([&] { return messages().startsWith(file + QStringLiteral(" was written.")); })) << messages().toStdString();
+    ASSERT_TRUE(comes([this] { return !m_window->findChild<QFileDialog*>(); }));
+    m_other.set("exportPath", "/other");
+    m_window->activateWindow();
+    ASSERT_TRUE(comes([this] { return m_window->isActiveWindow(); }));
+    settings().setFocus();
+    press(Qt::Key_O, Qt::ControlModifier);
+    chooseFile();
+    auto* const panel = m_window->findChild<Inspector::ImportPanel*>();
+    ASSERT_TRUE(comes([&] { return panel->isVisible(); })) << messages().toStdString();
+    EXPECT_EQ(stored("exportPath"), "/other") << "only shown so far";
+    choose("Store 1");
+    EXPECT_TRUE(comesToBeStored("exportPath", "/films"));
+    EXPECT_TRUE(comes([&] { return !panel->isVisible(); }));
+    EXPECT_EQ(stored("who"), "Grace");
+    ASSERT_TRUE(comes([this] {
+        for (QLabel const* const label : m_window->findChildren<QLabel*>())
+            if (label->text() == QLatin1String("Undo: exportPath (Ctrl+Z)"))
+                return true;
+        return false;
+    }));
+    m_window->activateWindow();
+    ASSERT_TRUE(comes([this] { return m_window->isActiveWindow() && QApplication::focusWidget(); }));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(comesToBeStored("exportPath", "/other"));
+}
+
+TEST_F(Windows, BackupBeforeTheFirstChangeIsTold)
+{
+    m_other.set("exportPath", "/films");
+    openChanging();
+    goTo("exportPath");
+    press(Qt::Key_Delete);
+    ASSERT_TRUE(comesToBeStored("exportPath", "(unset)"));
+    auto const isTold = [this] {
+        for (QLabel const* const label : m_window->findChildren<QLabel*>())
+            if (label->text() == QLatin1String("backup kept"))
+                return label->toolTip().contains(QLatin1String("product"));
+        return false;
+    };
+    EXPECT_TRUE(comes(isTold));
 }
 
 } // namespace

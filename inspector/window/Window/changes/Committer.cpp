@@ -9,8 +9,6 @@ namespace Inspector {
 
 namespace {
 
-QString shown(std::string const& text) { return QString::fromStdString(Inspection::withoutControls(text)); }
-
 // What was tried with the row that is another one now. An edit has no row to come back.
 Inspection::Difference const* triedFor(Answer const& answer, Commit const& commit)
 {
@@ -27,7 +25,7 @@ Inspection::Difference const* triedFor(Answer const& answer, Commit const& commi
 // The texts of a change hide what is personal.
 QString aboutConflict(Answer const& answer, Commit const& commit)
 {
-    QString const key = shown(answer.key);
+    QString const key = QString::fromStdString(Inspection::onOneLine(answer.key));
     Inspection::Difference const* const tried = triedFor(answer, commit);
     if (!tried)
         return Committer::tr("%1 was changed by somebody else meanwhile, so it stays as it is now.").arg(key);
@@ -37,24 +35,6 @@ QString aboutConflict(Answer const& answer, Commit const& commit)
         .arg(key, valueOf(tried->row.after), valueOf(answer.there), valueOf(tried->row.before));
 }
 
-QString whyNotStored(Answer const& answer, Commit const& commit)
-{
-    switch (answer.outcome) {
-    case Outcome::conflict:
-        return aboutConflict(answer, commit);
-    case Outcome::refused:
-        return shown(answer.reason);
-    case Outcome::failed:
-        return answer.error ? shown(answer.error->what()) : QString();
-    case Outcome::lookingOnly:
-        return Committer::tr("Nothing was stored: changes are not allowed.");
-    case Outcome::stored:
-    case Outcome::unchanged:
-        break;
-    }
-    return {};
-}
-
 } // namespace
 
 Committer::Committer(Desk& desk, QObject* parent) : QObject(parent), m_desk(desk)
@@ -62,7 +42,10 @@ Committer::Committer(Desk& desk, QObject* parent) : QObject(parent), m_desk(desk
     connect(&desk, &Desk::answered, this, &Committer::take);
 }
 
-void Committer::commit(Commit const& commit, std::function<void(Answer const&)> const& whoAsked) { send(commit, Way::edit, whoAsked); }
+int Committer::commit(Commit const& commit, std::function<void(Answer const&)> const& whoAsked)
+{
+    return send(commit, Way::edit, whoAsked);
+}
 
 void Committer::step(Way way)
 {
@@ -70,12 +53,13 @@ void Committer::step(Way way)
         send(*next, way, {});
 }
 
-void Committer::send(Commit const& commit, Way way, std::function<void(Answer const&)> const& whoAsked)
+int Committer::send(Commit const& commit, Way way, std::function<void(Answer const&)> const& whoAsked)
 {
     int const number = m_desk.commit(commit);
     m_history.sent(number, way);
     m_sent[number] = {commit, whoAsked};
     Q_EMIT stepsChanged();
+    return number;
 }
 
 void Committer::take(Answer const& answer)
@@ -85,11 +69,14 @@ void Committer::take(Answer const& answer)
     if (sent.empty())
         return;
     Q_EMIT stepsChanged();
-    QString const text = whyNotStored(answer, sent.mapped().commit);
+    if (!answer.backups.empty())
+        Q_EMIT madeBackups(answer.backups);
+    if (answer.outcome == Outcome::noBackup)
+        Q_EMIT lacksBackup(answer.whyNot());
     if (sent.mapped().whoAsked)
-        sent.mapped().whoAsked(answer);
-    else if (!text.isEmpty())
-        Q_EMIT refused(text);
+        return sent.mapped().whoAsked(answer);
+    if (QString const text = answer.whyNot(); !text.isEmpty() && answer.outcome != Outcome::noBackup)
+        Q_EMIT refused(answer.outcome == Outcome::conflict ? aboutConflict(answer, sent.mapped().commit) : text);
 }
 
 QString Committer::nextStep(Way way) const

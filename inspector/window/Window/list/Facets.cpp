@@ -30,6 +30,7 @@ constexpr Facet facets[] = {
     {QT_TRANSLATE_NOOP("Inspector::Facets", "Attention"), ""},
     {QT_TRANSLATE_NOOP("Inspector::Facets", "Changed just now"), "@changed"},
     {QT_TRANSLATE_NOOP("Inspector::Facets", "Trouble"), "@trouble"},
+    {QT_TRANSLATE_NOOP("Inspector::Facets", "Locked"), "@locked"},
     {QT_TRANSLATE_NOOP("Inspector::Facets", "Store"), ""},
     {QT_TRANSLATE_NOOP("Inspector::Facets", "Product"), "@product"},
     {QT_TRANSLATE_NOOP("Inspector::Facets", "Common"), "@common"},
