@@ -93,6 +93,7 @@ public:
         save(window, QStringLiteral("settings"), palette);
         set({QStringLiteral("useGuideLines"), palette == QLatin1String("dark") ? QStringLiteral("true") : QStringLiteral("false")});
         set({QStringLiteral("npsSendCount"), QString::number(++m_sent)});
+        wait(window, "Changes", 2);
         for (auto const& [key, name] :
              {std::pair{Qt::Key_2, "locations"}, std::pair{Qt::Key_3, "health"}, std::pair{Qt::Key_4, "changes"}}) {
             trigger(window, QKeySequence(Qt::CTRL | key));
@@ -119,11 +120,24 @@ private:
             if (action->shortcut() == keys)
                 action->trigger();
     }
-    // Once stores and folders were examined.
+    static int linesOf(Inspector::MainWindow const& window, char const* name)
+    {
+        for (QTreeView const* const view : window.findChildren<QTreeView*>())
+            if (view->accessibleName() == QLatin1String(name))
+                return view->model()->rowCount();
+        throw std::runtime_error(std::string("there is no list of ") + name);
+    }
+    // Until there are so many lines, and a moment more, so that what follows from them is painted.
+    static void wait(Inspector::MainWindow const& window, char const* name, int lines)
+    {
+        while (linesOf(window, name) < lines)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QTimer::singleShot(std::chrono::milliseconds(300), &window, &QCoreApplication::quit);
+        QCoreApplication::exec();
+    }
     void save(Inspector::MainWindow& window, QString const& name, QString const& palette) const
     {
-        QTimer::singleShot(std::chrono::seconds(2), &window, &QCoreApplication::quit);
-        QCoreApplication::exec();
+        wait(window, "Findings", 2);
         QString const file = m_folder + QStringLiteral("/window-") + name + QLatin1Char('-') + palette + QStringLiteral(".png");
         if (!withFewColours(window.grab().toImage()).save(file, "PNG", 0))
             throw std::runtime_error("cannot write " + file.toStdString());
