@@ -16,3 +16,12 @@ std::string Host::troubleWithHome()
         return {};
     return "HOME is '" + home + (folder.exists() ? "', which is not a folder" : "', which is not there");
 }
+
+std::string Host::ignoreRelativeDataFolder()
+{
+    std::string const folder = qgetenv("XDG_DATA_HOME").toStdString();
+    bool const isRelative = qEnvironmentVariableIsSet("XDG_DATA_HOME") && folder.compare(0, 1, "/") != 0;
+    if (isRelative)
+        qunsetenv("XDG_DATA_HOME");
+    return isRelative ? folder : std::string();
+}

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <Inspection/DocumentTransfer.h>
 
+#include <Inspection/OneLine.h>
 #include <Inspection/PreferenceState.h>
+
+#include <absl/strings/str_cat.h>
 
 #include <algorithm>
 #include <memory>
@@ -53,6 +56,13 @@ bool survivesRedaction(SqliteStorage::Row const& row, DataClass dataClass)
 }
 
 } // namespace
+
+std::string inWords(Uncarried const& row)
+{
+    std::string const place = absl::StrCat("'", onOneLine(row.key), "' in the ", name(row.store), " store ");
+    return row.isReadable ? place + "has a NUL in its key"
+                          : absl::StrCat(place, "holds a value of kind '", onOneLine(row.kind), "' that this version cannot read");
+}
 
 Export exported(Host::ToolApplication const& application, Selection const& selection, StoreBegins const& begins)
 {

@@ -36,6 +36,9 @@ struct Uncarried {
     bool isReadable;  ///< False for a value that this version cannot read; true for a key with a NUL.
 };
 
+/// What keeps the row out, as the begin of a sentence: "'key' in the product store holds ..."; no value.
+std::string inWords(Uncarried const& row);
+
 struct Export {
     Document document;
     std::vector<Uncarried> uncarried;

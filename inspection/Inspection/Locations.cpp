@@ -11,7 +11,7 @@ using Catalogue::Use;
 
 namespace Inspection {
 
-PathStatus LocationState::status() const
+PathStatus LocationState::status(PathLook const& look) const
 {
     PathStatus notOnDisk;
     if (path.isNull()) {
@@ -20,10 +20,10 @@ PathStatus LocationState::status() const
     }
     switch (use) {
     case Use::written:
-        return writtenFolderStatus(path);
+        return look(path, PathUse::written);
     case Use::fallback:
     case Use::shipped:
-        return readPathStatus(path);
+        return look(path, PathUse::read);
     case Use::fragment:
     case Use::embedded:
         break;
@@ -72,18 +72,18 @@ std::vector<std::string> locationNames()
     return names;
 }
 
-std::vector<WrittenFolder> foldersToWrite()
+std::vector<WrittenFolder> foldersToWrite(PathLook const& look)
 {
     std::vector<WrittenFolder> folders;
     for (LocationState const& state : locationStates())
         if (state.use == Use::written && !state.isExample())
-            folders.push_back({state.label(), state.path, writtenFolderStatus(state.path), state.preference != nullptr});
+            folders.push_back({state.label(), state.path, look(state.path, PathUse::written), state.preference != nullptr});
     for (Host::OwnKey const& own : ownKeys().all()) {
         if (!own.isFolder || own.isPrefix)
             continue;
         QString const path = ::read(own.key, QString::fromStdString(std::get<std::string>(own.defaultValue)), own.isCommon);
         if (!path.isEmpty())
-            folders.push_back({own.key, path, writtenFolderStatus(path), true});
+            folders.push_back({own.key, path, look(path, PathUse::written), true});
     }
     std::stable_sort(folders.begin(), folders.end(),
                      [](WrittenFolder const& left, WrittenFolder const& right) { return left.label < right.label; });

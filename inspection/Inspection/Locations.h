@@ -30,7 +30,7 @@ struct LocationState {
     /// Whether the path by itself is a place on disk.
     bool isOnDisk() const { return use != Catalogue::Use::fragment && use != Catalogue::Use::embedded; }
     /// What the path leads to, asked as `use` needs it.
-    PathStatus status() const;
+    PathStatus status(PathLook const& look = statusOnDisk) const;
 };
 
 /// What the library returns for `argument`.
@@ -51,6 +51,6 @@ struct WrittenFolder {
 };
 
 /// All of them, sorted by name. The library must be bound.
-std::vector<WrittenFolder> foldersToWrite();
+std::vector<WrittenFolder> foldersToWrite(PathLook const& look = statusOnDisk);
 
 } // namespace Inspection

@@ -103,6 +103,7 @@ std::string reasonText(PathReason reason)
         {PathReason::homeFolder, "the home folder itself"},
         {PathReason::canBeMade, "missing; the editor can make it"},
         {PathReason::missing, "missing"},
+        {PathReason::unanswered, "the system has not answered yet"},
     };
     return texts.at(reason);
 }
@@ -137,6 +138,11 @@ PathStatus readPathStatus(QString const& path)
         status.reason = PathReason::missing;
     status.isUsable = true;
     return status;
+}
+
+PathStatus statusOnDisk(QString const& path, PathUse use)
+{
+    return use == PathUse::written ? writtenFolderStatus(path) : readPathStatus(path);
 }
 
 std::string remark(PathStatus const& status)

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <string>
 
 namespace Inspection {
@@ -26,6 +27,7 @@ enum class PathReason {
     homeFolder,
     canBeMade, ///< A missing folder that the user may make.
     missing,
+    unanswered, ///< Nothing is known yet: the system takes its time.
 };
 
 /// The state of one path.
@@ -42,6 +44,13 @@ struct PathStatus {
 PathStatus writtenFolderStatus(QString const& path);
 /// The status of a file or folder that the editor reads.
 PathStatus readPathStatus(QString const& path);
+
+/// What a path is for.
+enum class PathUse { written, read };
+/// Finds the status of a path, on disk or from what is known of it.
+using PathLook = std::function<PathStatus(QString const& path, PathUse use)>;
+/// Asks the system, which may take minutes to answer for a folder on a network that is gone.
+PathStatus statusOnDisk(QString const& path, PathUse use);
 
 /// `status.reason` in words, with paths in raw bytes; empty for `none`.
 std::string remark(PathStatus const& status);

@@ -255,11 +255,11 @@ std::string accepted(OwnKey const& declared, Value const& like)
     return accepted(usableOf(declared), like);
 }
 
-std::string whyUnusableFolder(QString const& folder, bool isWritten)
+std::string whyUnusableFolder(QString const& folder, bool isWritten, PathLook const& look)
 {
     if (folder.startsWith(QLatin1Char('~')))
         return "only a shell replaces ~, and only outside quotes";
-    PathStatus const status = isWritten ? writtenFolderStatus(folder) : readPathStatus(folder);
+    PathStatus const status = look(folder, isWritten ? PathUse::written : PathUse::read);
     bool const isRelative = status.reason == PathReason::relative;
     return isRelative || (isWritten && !status.isUsable) ? remark(status) : std::string();
 }
@@ -415,21 +415,21 @@ std::string purposeOf(std::string const& key)
     return match ? match->declaration->purpose : "";
 }
 
-std::string whyUnusable(std::string const& key, Value const& value)
+std::string whyUnusable(std::string const& key, Value const& value, PathLook const& look)
 {
     Preference const* const row = Catalogue::findPreference(key);
     std::vector<std::string> const words = row ? row->usable.words : std::vector<std::string>();
     if (!words.empty() && std::find(words.begin(), words.end(), text(value)) == words.end())
         return "the library has no such name";
     if (row)
-        return row->usable.isFolder ? whyUnusableFolder(std::get<QString>(value), row->computedDefault) : std::string();
+        return row->usable.isFolder ? whyUnusableFolder(std::get<QString>(value), row->computedDefault, look) : std::string();
     std::optional<OwnKeys::Match> const match = memberOfAFamily(key) ? std::nullopt : ownKeys().find(key);
     if (!match)
         return {};
     if (!match->declaration->isFolder)
         return whyUnusable(*match->declaration, value);
     auto const& folder = std::get<QString>(value);
-    return folder.isEmpty() ? std::string() : whyUnusableFolder(folder, true);
+    return folder.isEmpty() ? std::string() : whyUnusableFolder(folder, true, look);
 }
 
 std::string classOf(std::string const& key)

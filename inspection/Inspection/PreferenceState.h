@@ -7,6 +7,7 @@
 #include <Catalogue/Catalogue.h>
 #include <Host/Application.h>
 #include <Host/OwnKeys.h>
+#include <Inspection/PathStatus.h>
 #include <Inspection/studio/Layers.h>
 #include <Storage/Kind.h>
 
@@ -107,7 +108,7 @@ struct OwnKeyFacts {
 OwnKeyFacts factsOf(Host::OwnKey const& declared);
 /// Why the editor cannot use `value`, which is of the key's type, although the library takes it; empty where it can. An empty folder
 /// of a declared key stands for none.
-std::string whyUnusable(std::string const& key, Catalogue::Value const& value);
+std::string whyUnusable(std::string const& key, Catalogue::Value const& value, PathLook const& look = statusOnDisk);
 
 /// The word for the class of `key`; empty for an unknown key.
 std::string classOf(std::string const& key);

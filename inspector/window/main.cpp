@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <Window/MainWindow.h>
 
+#include <Host/Home.h>
 #include <Host/ProductFile.h>
 #include <Settings/Version.h>
 
@@ -95,6 +96,9 @@ private:
 
 int showWindow(QCommandLineParser const& parser, QElapsedTimer const& sinceStart)
 try {
+    if (std::string const ignored = Host::ignoreRelativeDataFolder(); !ignored.empty())
+        fail(QStringLiteral("XDG_DATA_HOME is '%1', which is not absolute, so it counts as not set").arg(QString::fromStdString(ignored)),
+             0);
     QString const product = option(parser, "product", "EDITOR_SETTINGS_PRODUCT");
     QString const home = option(parser, "home", "EDITOR_SETTINGS_HOME");
     Inspector::Place place = {product.isEmpty() ? Host::installedProductFile()

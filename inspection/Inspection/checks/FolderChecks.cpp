@@ -28,15 +28,15 @@ std::string remedyFor(WrittenFolder const& folder)
 
 } // namespace
 
-Findings checkFolders()
+Findings checkFolders(PathLook const& look)
 {
     Findings findings;
     std::vector<std::string> missing;
-    for (WrittenFolder const& folder : foldersToWrite()) {
+    for (WrittenFolder const& folder : foldersToWrite(look)) {
         bool const isUsable = folder.check.isUsable;
         if (isUsable && !folder.check.exists)
             missing.push_back(folder.label);
-        else if (folder.check.reason != PathReason::none)
+        else if (folder.check.reason != PathReason::none && folder.check.reason != PathReason::unanswered)
             findings.push_back({isUsable ? Severity::warning : Severity::error,
                                 Check::folder,
                                 absl::StrCat(folder.label, isUsable ? ": " : ": the editor cannot write there: ", remark(folder.check)),

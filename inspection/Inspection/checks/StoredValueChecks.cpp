@@ -137,17 +137,17 @@ bool isAtTheEdge(PreferenceState const& preference)
 }
 
 // The checks of folders tell of those that are written to, stored or not.
-std::string untoldReason(PreferenceState const& preference)
+std::string untoldReason(PreferenceState const& preference, PathLook const& look)
 {
-    std::string const reason = whyUnusable(preference.key, preference.observation.value);
+    std::string const reason = whyUnusable(preference.key, preference.observation.value, look);
     if (reason.empty())
         return {};
-    std::vector<WrittenFolder> const folders = foldersToWrite();
+    std::vector<WrittenFolder> const folders = foldersToWrite(look);
     auto const isIt = [&](WrittenFolder const& folder) { return folder.isPreference && folder.label == preference.key; };
     return std::any_of(folders.begin(), folders.end(), isIt) ? std::string() : reason;
 }
 
-void checkValue(PreferenceState const& preference, ExaminedStore const& store, Findings& findings)
+void checkValue(PreferenceState const& preference, ExaminedStore const& store, PathLook const& look, Findings& findings)
 {
     std::string const& key = preference.key;
     std::string const unset = absl::StrCat("'editor-settings unset ", key, "' removes it, so that the default holds");
@@ -176,7 +176,7 @@ void checkValue(PreferenceState const& preference, ExaminedStore const& store, F
             absl::StrCat("it holds ", std::get<int>(preference.stored.front().value),
                          ", at the edge of its range: counting on would leave it"),
             unset);
-    else if (std::string const reason = untoldReason(preference); !reason.empty())
+    else if (std::string const reason = untoldReason(preference, look); !reason.empty())
         add(Check::unusableValue, "the editor cannot use the stored value: " + reason,
             absl::StrCat("'editor-settings explain ", key, "' shows what it accepts; ", unset));
 }
@@ -189,7 +189,7 @@ bool isReadFrom(ExaminedStore const& store, std::string const& key)
 
 } // namespace
 
-Findings checkStoredValues(Host::Application const& application, ExaminedStore const& store)
+Findings checkStoredValues(Host::Application const& application, ExaminedStore const& store, PathLook const& look)
 {
     Findings findings;
     Rationals const rationals = rationalsIn(store);
@@ -204,7 +204,7 @@ Findings checkStoredValues(Host::Application const& application, ExaminedStore c
         PreferenceState const preference = preferenceState(application, row.key).value();
         // Another process may have removed the row meanwhile, and some products keep a preference in memory.
         if (!preference.stored.empty())
-            checkValue(preference, store, findings);
+            checkValue(preference, store, look, findings);
     }
     return findings;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <Inspection/PathStatus.h>
 #include <Inspection/checks/ExaminedStore.h>
 #include <Inspection/checks/Finding.h>
 
@@ -8,6 +9,6 @@ namespace Inspection {
 
 /// Checks the keys and values in `store` against those that the library reads. Changes nothing. `application` must have
 /// bound the library.
-Findings checkStoredValues(Host::Application const& application, ExaminedStore const& store);
+Findings checkStoredValues(Host::Application const& application, ExaminedStore const& store, PathLook const& look = statusOnDisk);
 
 } // namespace Inspection

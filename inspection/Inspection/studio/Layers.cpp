@@ -2,9 +2,13 @@
 #include <Inspection/studio/Layers.h>
 
 #include <Inspection/DeclaredKeys.h>
+#include <Inspection/OneLine.h>
 #include <Inspection/PreferenceState.h>
+#include <Inspection/RowDifference.h>
 #include <TestKit/MemoryStorage.h>
 #include <TestKit/ScopedBinding.h>
+
+#include <absl/strings/str_cat.h>
 
 #include <array>
 #include <utility>
@@ -33,6 +37,23 @@ Words const& wordsOf(std::optional<Layer> layer) { return words.at(layer ? stati
 char const* layerName(std::optional<Layer> layer) { return wordsOf(layer).name; }
 
 char const* layerTitle(std::optional<Layer> layer) { return wordsOf(layer).title; }
+
+bool operator==(LayerFact const& one, LayerFact const& other) { return one.what == other.what && one.text == other.text; }
+
+std::vector<LayerFact> layerFacts(std::vector<LayeredRow> const& layers, std::string (*time)(std::chrono::system_clock::time_point),
+                                  char const* inPlaceOfValues)
+{
+    std::optional<Layer> const inForce = layers.empty() ? std::nullopt : std::optional(layers.front().layer);
+    std::vector<LayerFact> facts = {{"layer", layerTitle(inForce)}};
+    if (std::string const by = layers.empty() ? "" : layers.front().by; !by.empty())
+        facts.push_back({inForce == Layer::locked ? "locked by" : "set by", onOneLine(by)});
+    for (std::size_t covered = 1; covered < layers.size(); ++covered) {
+        auto const& [layer, row, by] = layers[covered];
+        facts.push_back({"covers", absl::StrCat(inPlaceOfValues ? inPlaceOfValues : onOneLine(row, ""), " (", layerTitle(layer), ", of ",
+                                                time(row.changed), by.empty() ? "" : " by " + onOneLine(by), ")")});
+    }
+    return facts;
+}
 
 Storage::LayeredStorage* layers(Host::Application const& application, Store store)
 {

@@ -7,6 +7,7 @@
 #include <Host/Application.h>
 #include <Storage/LayeredStorage.h>
 
+#include <chrono>
 #include <optional>
 #include <set>
 #include <string>
@@ -24,6 +25,19 @@ using LayeredRow = Storage::LayeredStorage::LayeredRow;
 char const* layerName(std::optional<Layer> layer);
 /// The same for people, such as "the user's own".
 char const* layerTitle(std::optional<Layer> layer);
+
+/// What is to be told of the layers of a preference.
+struct LayerFact {
+    std::string what; ///< "layer", "set by", "locked by" or "covers".
+    std::string text; ///< On one line.
+};
+
+bool operator==(LayerFact const& one, LayerFact const& other);
+
+/// Whose value a read takes, who gave it, and what it covers, each with its time as `time` writes it. `inPlaceOfValues` stands for every
+/// value, where it is not null.
+std::vector<LayerFact> layerFacts(std::vector<LayeredRow> const& layers, std::string (*time)(std::chrono::system_clock::time_point),
+                                  char const* inPlaceOfValues = nullptr);
 
 /// The layers of the opened store; null where its product belongs to no studio.
 Storage::LayeredStorage* layers(Host::Application const& application, Catalogue::Store store);

@@ -26,6 +26,9 @@ struct StudioStatus {
     std::optional<std::chrono::system_clock::time_point> historyChanged;
 };
 
+/// Why the server was not reached, and how old what is known of it therefore is, in one sentence; empty where it was reached.
+std::string troubleOf(StudioStatus const& status);
+
 /// The login, as the server knows it.
 struct StudioAccount {
     std::string server; ///< Such as "db.example:5432".

@@ -7,15 +7,12 @@
 #include <QObject>
 
 #include <chrono>
-#include <deque>
+#include <filesystem>
 #include <memory>
-#include <mutex>
-#include <thread>
-#include <vector>
 
 namespace Inspector {
 
-class OpenedStores;
+class DeskThread;
 
 /// Looks at both stores again and again, and stores what it is asked to, in the one thread that calls library and stores. While it
 /// lives no other thread may call either.
@@ -23,9 +20,13 @@ class OpenedStores;
 /// Nothing is stored, and no store is created, until changes are allowed. A store that others keep locked holds up nobody: what is to
 /// be stored is tried again for five seconds, and the last lines of the store stay as they were.
 ///
+/// Before the first change of a store it is copied to a backup, once in the life of this object; at most five of them are kept for
+/// each store. Where that fails nothing is stored, until `storeWithoutBackup` is called.
+///
 /// Threads: all functions and signals belong to the thread that the object lives in, whose event loop must run. None of them waits
-/// for a store, but the destructor for a look that has begun: some tenths of a second, longer only where the system does not
-/// answer, as for a folder on a network that is gone. What has not been stored then is dropped.
+/// for a store, a folder or a server, but the destructor for a look that has begun: some tenths of a second, and up to four seconds
+/// where a studio's server does not answer. What has not been stored then is dropped. Folders and documents are looked at by threads
+/// that nobody waits for, as the system may take minutes for a network that is gone; they own all that they use.
 class Desk : public QObject {
     Q_OBJECT
 
@@ -42,46 +43,39 @@ public:
     void lookAgain();
     /// Stores `commit` after those that were asked for before. Returns the number of its answer.
     int commit(Commit const& commit);
+    /// Has the request of that number answered as `cancelled`, unless it is being carried out or answered already.
+    void cancel(int number);
+    /// Stores from now on also what cannot be backed up. A value of a kind that this version cannot read stays as it is all the same.
+    void storeWithoutBackup() { m_mayGoWithoutBackup = true; }
+    /// Compares the document `file`, an export, with the stores, as `editor-settings diff` does. What is to be taken of it is stored by
+    /// `commit(stepOf(...))`. Returns the number of the answer.
+    int compare(std::filesystem::path const& file);
+    /// Exports what is stored to the new file `file`. With `isRedacted` without personal values, as `editor-settings export --redact`.
+    int exportTo(std::filesystem::path const& file, bool isRedacted = true);
+    /// Copies both stores to the new file `file`, as `editor-settings backup` does.
+    int backUpTo(std::filesystem::path const& file);
+    /// Looks at a folder that is being typed, for an editor that would write there. Returns the number of `folderChecked`.
+    int checkFolder(QString const& path);
 
 Q_SIGNALS:
     /// Something differs from the last snapshot. The first one comes by itself.
     void looked(std::shared_ptr<Inspector::Snapshot const> const& snapshot);
-    /// What became of a commit, after the snapshot that shows it.
+    /// What became of a request, after the snapshot that shows it.
     void answered(Inspector::Answer const& answer);
+    /// Others have kept a store locked for a quarter of a second, so the request of that number, or one before it, still waits.
+    /// Once for each request at most.
+    void waits(int number);
+    /// What a typed folder leads to, in the words of `remark(status)`. May come late, or never.
+    void folderChecked(int number, Inspection::PathStatus const& status);
 
 private:
-    using Clock = std::chrono::steady_clock;
-
-    struct Order {
-        int number;
-        Commit commit;
-        bool isAllowed;
-        std::optional<Clock::time_point> end{}; // of the attempts, once there was one
-    };
-
-    void wake(std::unique_lock<std::mutex> turn) const;
-    std::optional<std::chrono::milliseconds> takeOrders(std::deque<Order>& orders, OpenedStores& stores);
-    void run();
-    static std::vector<Answer> carriedOut(std::deque<Order>& orders, OpenedStores& stores);
-    static std::optional<Answer> attempt(Order& order, OpenedStores& stores);
-    void tell(std::shared_ptr<Snapshot const> const& snapshot, std::vector<Answer> answers);
     void deliver();
 
-    Place const m_place;
-    int const m_wake; // an eventfd, readable when the thread must not wait
     bool m_isAllowed = false;
+    bool m_mayGoWithoutBackup = false;
     int m_lastNumber = 0;
     std::shared_ptr<Snapshot const> m_told;
-
-    std::mutex m_turns; // for all below
-    std::deque<Order> m_orders;
-    std::chrono::milliseconds m_pause{200};
-    bool m_isAskedToLook = false;
-    bool m_isEnding = false;
-    std::shared_ptr<Snapshot const> m_snapshot; // of the last look
-    std::vector<Answer> m_answers;              // that were not told
-    bool m_isTelling = false;                   // whether `deliver` will be called
-    std::thread m_thread;
+    std::unique_ptr<DeskThread> m_thread;
 };
 
 } // namespace Inspector

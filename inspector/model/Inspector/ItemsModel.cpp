@@ -117,7 +117,7 @@ std::ptrdiff_t ItemsModel::changeRun(std::ptrdiff_t row, Items const& items, Ite
 }
 
 SettingsModel::SettingsModel(QObject* parent)
-    : ItemsModel(headings({"Key", "Value", "State", "Store", "Class", "Default", "Changed", "Purpose"}), parent)
+    : ItemsModel(headings({"Key", "Value", "State", "Store", "Class", "Default", "Changed", "Purpose", "Layer"}), parent)
 {}
 
 void SettingsModel::reveal(std::string const& id)

@@ -23,7 +23,7 @@ QStringList const& Search::marks()
 {
     static QStringList const all =
         QStringLiteral("@set @unset @default @other-kind @unreadable @undeclared @product @common @memory @roaming @local @personal "
-                       "@transient @changed @trouble")
+                       "@transient @changed @trouble @locked")
             .split(QLatin1Char(' '));
     return all;
 }

@@ -18,7 +18,7 @@ public:
     /// The search text of a line with those texts and marks. The texts hold no control characters.
     static QString textOf(QStringList const& texts, QStringList const& marks);
     /// All marks: "@set", "@unset", "@default", "@other-kind", "@unreadable", "@undeclared", "@product", "@common", "@memory",
-    /// "@roaming", "@local", "@personal", "@transient", "@changed" and "@trouble". "@set" stands for all that is stored.
+    /// "@roaming", "@local", "@personal", "@transient", "@changed", "@trouble" and "@locked". "@set" stands for all that is stored.
     static QStringList const& marks();
 
 private:

@@ -44,11 +44,13 @@ QStringList marksOf(Setting const& setting, Marks const& marks)
     static constexpr char const* stateMarks[] = {"", "", "@default", "@other-kind", "@unreadable", "@undeclared"};
     QStringList result = {QLatin1Char('@') + setting.cells[Setting::storeColumn], QLatin1Char('@') + setting.cells[Setting::classColumn]};
     if (setting.state)
-        result << shown(setting.rows.empty() ? "@unset" : "@set") << shown(stateMarks[static_cast<std::size_t>(*setting.state)]);
+        result << shown(setting.state == State::unset ? "@unset" : "@set") << shown(stateMarks[static_cast<std::size_t>(*setting.state)]);
     if (marks.isChanged)
         result << QStringLiteral("@changed");
     if (marks.hasTrouble)
         result << QStringLiteral("@trouble");
+    if (setting.isLocked)
+        result << QStringLiteral("@locked");
     return result;
 }
 
@@ -72,7 +74,8 @@ void addTexts(Setting& setting, Inspection::PreferenceState const& state, Marks 
                                 shown(state.dataClass ? Catalogue::dataClassName(*state.dataClass) : ""),
                                 shown(state.isUndeclared() ? "" : onOneLine(setting.defaultValue)),
                                 changedAt(setting.rows),
-                                shown(onOneLine(setting.about.purpose))};
+                                shown(onOneLine(setting.about.purpose)),
+                                marks.hasStudio && setting.state ? shown(Inspection::layerName(state.layer())) : QString()};
     setting.spoken = spokenLine({setting.cells[Setting::keyColumn], value, setting.cells[Setting::stateColumn]});
     setting.searchText =
         Search::textOf({setting.cells[Setting::keyColumn], value, setting.cells[Setting::purposeColumn]}, marksOf(setting, marks));
@@ -80,7 +83,23 @@ void addTexts(Setting& setting, Inspection::PreferenceState const& state, Marks 
 
 } // namespace
 
-Setting settingOf(Inspection::PreferenceState const& state, bool isRead, Marks const& marks)
+std::string whyFixed(Inspection::PreferenceState const& state, bool hasStudio)
+{
+    if (!state.write)
+        return "it takes " + Inspection::describe(state).accepts;
+    if (!state.observation.store)
+        return "it is kept in memory only by a product of this kind, so it cannot be set from outside the editor";
+    if (state.layer() == Inspection::Layer::locked)
+        return "the studio has locked this setting; ask the administrator of the studio's settings to unlock it";
+    if (hasStudio && state.dataClass == Catalogue::DataClass::roaming)
+        return absl::StrCat("it is the user's own on every workstation of the studio, so it is changed at the studio's server: "
+                            "'editor-settings set ",
+                            onOneLine(state.key), " VALUE'");
+    return {};
+}
+
+Setting settingOf(Inspection::PreferenceState const& state, std::vector<Storage::SqliteStorage::Row> const& rows, bool isRead,
+                  Marks const& marks)
 {
     Setting setting;
     setting.key = state.key;
@@ -93,13 +112,22 @@ Setting settingOf(Inspection::PreferenceState const& state, bool isRead, Marks c
     setting.computedBy = state.computedDefault ? Catalogue::locationOf(state.computedDefault).name : "";
     if (isRead) {
         setting.state = state.state();
-        setting.rows = state.stored;
+        setting.rows = rows;
         setting.shownValue = shownValueOf(state);
         setting.isHidden = state.dataClass == Catalogue::DataClass::personal && !state.stored.empty();
-        setting.isSettable = state.write && state.observation.store;
+        setting.whyFixed = shown(whyFixed(state, marks.hasStudio));
+        setting.isSettable = setting.whyFixed.isEmpty();
+        setting.isLocked = state.layer() == Inspection::Layer::locked;
+        if (marks.hasStudio)
+            setting.layers = Inspection::layerFacts(state.layers, Inspection::inLocalTime, setting.isHidden ? hiddenText : nullptr);
     }
     addTexts(setting, state, marks);
     return setting;
+}
+
+bool operator==(StudioView const& one, StudioView const& other)
+{
+    return one.isConnected == other.isConnected && one.asOf == other.asOf && one.trouble == other.trouble;
 }
 
 // --- Locations, findings, changes ---
@@ -137,9 +165,9 @@ std::string whereOf(Inspection::Finding const& found, std::string const& key)
 
 } // namespace
 
-Location locationOf(Inspection::LocationState const& state, std::vector<Inspection::Decision> const& decisions)
+Location locationOf(Inspection::LocationState const& state, Inspection::PathStatus const& status,
+                    std::vector<Inspection::Decision> const& decisions)
 {
-    Inspection::PathStatus const status = state.status();
     Location location;
     location.id = state.label();
     location.cells = QStringList{shown(onOneLine(location.id)), shown(onOneLine(state.path.toStdString())),

@@ -9,6 +9,8 @@
 #include <Window/pane/SettingPane.h>
 #include <Window/status/MessageBar.h>
 #include <Window/status/StatusLine.h>
+#include <Window/transfer/ImportPanel.h>
+#include <Window/transfer/Transfer.h>
 
 #include <Inspection/OneLine.h>
 
@@ -23,6 +25,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -76,6 +79,8 @@ MainWindow::MainWindow(Place const& place, QWidget* parent)
     connectParts();
     connectActions();
     connectCopies();
+    connectCommits();
+    connectTransfer();
     restoreState();
     showPage(page());
     showSteps();
@@ -111,6 +116,8 @@ void MainWindow::makeParts()
         m_stack->addWidget(m_details[at]);
         m_views[at] = &m_details[at]->view();
     }
+    m_import = new ImportPanel(m_place, m_stack);
+    m_stack->addWidget(m_import);
     m_pane = new SettingPane(m_place, this);
     m_status = new StatusLine(this);
     m_toSpeak.setSingleShot(true);
@@ -167,13 +174,9 @@ void MainWindow::connectParts()
     }
     connect(m_details[healthPage], &DetailPage::chosen, this, &MainWindow::openCurrent);
     connect(m_details[changesPage], &DetailPage::chosen, this, &MainWindow::putBack);
-    connect(m_pane, &SettingPane::wantsToStore, this,
-            [this](Commit const& commit) { m_committer.commit(commit, [this](Answer const& answer) { m_pane->take(answer); }); });
     connect(m_pane, &SettingPane::isDone, this, [this] { m_views[settingsPage]->setFocus(Qt::OtherFocusReason); });
     connect(m_pane, &SettingPane::wantsToReveal, this, &MainWindow::reveal);
     connect(m_pane, &SettingPane::draftsChanged, this, [this] { m_views[settingsPage]->setDrafts(m_pane->drafts()); });
-    connect(&m_committer, &Committer::stepsChanged, this, &MainWindow::showSteps);
-    connect(&m_committer, &Committer::refused, this, [this](QString const& text) { m_messages->tell(QStringLiteral("refusal"), text); });
     connect(&m_toSpeak, &QTimer::timeout, this, &MainWindow::speakCount);
     connect(&m_toAge, &QTimer::timeout, this, &MainWindow::showAge);
     connect(&m_toCount, &QTimer::timeout, this, [this] { m_facets->count(m_settings); });
@@ -204,13 +207,7 @@ void MainWindow::connectActions()
     on(m_actions.explain, [this] { explain(); });
     on(m_actions.about, [this] { about(); });
     connect(m_actions.allowChanges, &QAction::toggled, &m_status->changes(), &QCheckBox::setChecked);
-    connect(&m_status->changes(), &QCheckBox::toggled, this, [this](bool isOn) {
-        m_actions.allowChanges->setChecked(isOn);
-        m_desk.allowChanges(isOn);
-        showSetting();
-        showDetails();
-        showSteps();
-    });
+    connect(&m_status->changes(), &QCheckBox::toggled, this, &MainWindow::allow);
     for (int column = 0; column < m_settings.columnCount(); ++column) {
         QAction* const action = m_actions.columns->addAction(m_settings.headerData(column, Qt::Horizontal).toString());
         action->setCheckable(true);
@@ -238,6 +235,49 @@ void MainWindow::connectCopies()
     m_actions.unset->setShortcutContext(Qt::WidgetShortcut);
 }
 
+void MainWindow::connectCommits()
+{
+    connect(m_pane, &SettingPane::wantsToStore, this,
+            [this](Commit const& commit) { m_committer.commit(commit, [this](Answer const& answer) { m_pane->take(answer); }); });
+    connect(m_import, &ImportPanel::wantsToStore, this, [this](Step const& step) { m_committer.commit(step); });
+    connect(&m_committer, &Committer::stepsChanged, this, &MainWindow::showSteps);
+    connect(&m_committer, &Committer::refused, this, [this](QString const& text) { m_messages->report(QStringLiteral("refusal"), text); });
+    connect(&m_committer, &Committer::lacksBackup, this, [this](QString const& text) {
+        m_messages->report(QStringLiteral("backup"), tr("Nothing was stored, as no backup can be made: %1").arg(text),
+                           {{tr("Store &without backups from now on"), [this] { m_desk.storeWithoutBackup(); }}});
+    });
+    connect(&m_committer, &Committer::madeBackups, this, [this](std::vector<std::filesystem::path> const& files) {
+        QStringList names;
+        for (std::filesystem::path const& file : files)
+            names += shown(file.string());
+        m_status->showBackups(tr("As it was before the first change: %1").arg(names.join(QStringLiteral(", "))));
+    });
+    connect(&m_desk, &Desk::waits, this, [this](int number) {
+        m_messages->report(QStringLiteral("waits"), tr("Another program keeps a store locked, and the change waits for it."),
+                           {{tr("Cance&l the change"), [=] { m_desk.cancel(number); }}});
+    });
+}
+
+void MainWindow::connectTransfer()
+{
+    m_transfer = new Transfer(m_desk, m_committer, *m_messages, *this);
+    connect(m_actions.importFile, &QAction::triggered, m_transfer, &Transfer::chooseImport);
+    connect(m_actions.exportFile, &QAction::triggered, m_transfer, [this] { m_transfer->chooseExport(true); });
+    connect(m_actions.exportAll, &QAction::triggered, m_transfer, [this] { m_transfer->chooseExport(false); });
+    connect(m_actions.backUp, &QAction::triggered, m_transfer, &Transfer::chooseBackup);
+    connect(m_transfer, &Transfer::compared, this, [this](auto const& comparison) {
+        m_stack->setCurrentWidget(m_import);
+        m_facets->hide();
+        m_pane->hide();
+        m_import->show(comparison);
+    });
+    connect(m_import, &ImportPanel::isDone, this, [this] {
+        showPage(page());
+        backToList();
+    });
+    setAcceptDrops(true);
+}
+
 // --- What was found ---
 
 void MainWindow::take(std::shared_ptr<Snapshot const> const& snapshot)
@@ -251,11 +291,13 @@ void MainWindow::take(std::shared_ptr<Snapshot const> const& snapshot)
     m_findings.show(snapshot->findings);
     m_changes.show(snapshot->changes);
     m_status->show(*snapshot);
+    m_actions.allowChanges->setEnabled(m_status->refusal().isEmpty());
     m_toCount.start();
     showTitles();
     showCount();
     showAge();
     tellTrouble();
+    m_pane->look(snapshot);
     showSetting();
     showDetails();
     goToWanted();
@@ -324,6 +366,24 @@ void MainWindow::showPage(Page page)
     showDetails();
 }
 
+// Whether its list can be seen.
+bool MainWindow::isListed(Page page) const { return m_stack->currentIndex() == page; }
+
+void MainWindow::allow(bool isOn)
+{
+    m_actions.allowChanges->setChecked(isOn);
+    m_desk.allowChanges(isOn);
+    m_import->allowChanges(isOn, isOn ? QString() : whyLookingOnly());
+    showDetails();
+    showSetting();
+    showSteps();
+}
+
+QString MainWindow::whyLookingOnly() const
+{
+    return m_status->refusal().isEmpty() ? tr("Looking only: Ctrl+E allows changes") : m_status->refusal();
+}
+
 void MainWindow::showTitles()
 {
     auto const title = [](QString const& name, std::size_t count) {
@@ -386,8 +446,7 @@ void MainWindow::showSetting()
                                    : setting->store == Catalogue::Store::product ? &m_snapshot->product
                                                                                  : &m_snapshot->common;
     bool const isFixed = store && store->state == Inspection::StoreState::readOnly;
-    QString const lookingOnly = m_status->refusal().isEmpty() ? tr("Looking only: Ctrl+E allows changes") : m_status->refusal();
-    m_pane->allowChanges(isOn && !isFixed, !isOn ? lookingOnly : isFixed ? shown(store->error->what()) : QString());
+    m_pane->allowChanges(isOn && !isFixed, !isOn ? whyLookingOnly() : isFixed ? shown(store->error->what()) : QString());
     m_actions.reveal->setEnabled(setting && setting->isHidden);
 }
 
@@ -410,8 +469,7 @@ void MainWindow::showDetails()
         text = m_changes.item(row).cells;
     bool const isOffered =
         at == healthPage ? !static_cast<Finding const&>(m_findings.item(row)).key.empty() : m_status->changes().isChecked();
-    m_details[at]->show(text.join(QLatin1Char('\n')), isOffered,
-                        at == changesPage && !isOffered ? tr("Looking only: Ctrl+E allows changes") : QString());
+    m_details[at]->show(text.join(QLatin1Char('\n')), isOffered, at == changesPage && !isOffered ? whyLookingOnly() : QString());
     m_actions.putBack->setEnabled(at == changesPage && isOffered);
 }
 
@@ -424,6 +482,8 @@ void MainWindow::showSteps()
     m_actions.redo->setText(redo.isEmpty() ? tr("&Redo") : tr("&Redo: %1").arg(redo));
     m_status->showStep(m_committer.isWaiting() ? tr("Storing…") : undo.isEmpty() ? QString() : tr("Undo: %1 (Ctrl+Z)").arg(undo));
     m_actions.unset->setEnabled(isOn);
+    if (!m_committer.isWaiting())
+        m_messages->clear(QStringLiteral("waits"));
 }
 
 void MainWindow::showAge()
@@ -460,6 +520,8 @@ void MainWindow::openCurrent()
 
 void MainWindow::unset()
 {
+    if (!isListed(settingsPage))
+        return;
     std::vector<Edit> edits;
     QStringList lines;
     for (std::shared_ptr<Setting const> const& setting : selected())
@@ -490,7 +552,7 @@ void MainWindow::unset()
 void MainWindow::putBack()
 {
     int const row = m_views[changesPage]->currentRow();
-    if (row >= 0 && page() == changesPage)
+    if (row >= 0 && isListed(changesPage))
         m_committer.commit(Step{static_cast<Change const&>(m_changes.item(row)).row});
 }
 
@@ -511,7 +573,7 @@ void MainWindow::copy(CopyForm form)
     if (text)
         QApplication::clipboard()->setText(*text);
     else
-        m_messages->tell(QStringLiteral("copy"), tr("No command line can hold this value."));
+        m_messages->report(QStringLiteral("copy"), tr("No command line can hold this value."));
 }
 
 void MainWindow::explain()
@@ -523,14 +585,15 @@ void MainWindow::explain()
                    (setting->about.purpose.empty() ? tr("no version of the editor declares it") : shown(setting->about.purpose));
     if (!setting->about.accepts.empty())
         text += QLatin1Char('\n') + tr("It takes %1.").arg(shown(setting->about.accepts));
-    m_messages->tell(QStringLiteral("help"), text);
+    m_messages->report(QStringLiteral("help"), text);
 }
 
 void MainWindow::about()
 {
-    m_messages->tell(QStringLiteral("help"), tr("editor-settings-inspector %1 shows and changes the settings of Lumora Video Editor. It "
-                                                "stores nothing until changes are allowed. The command line editor-settings does the same.")
-                                                 .arg(QApplication::applicationVersion()));
+    m_messages->report(QStringLiteral("help"),
+                       tr("editor-settings-inspector %1 shows and changes the settings of Lumora Video Editor. It "
+                          "stores nothing until changes are allowed. The command line editor-settings does the same.")
+                           .arg(QApplication::applicationVersion()));
 }
 
 // --- The window ---
@@ -539,23 +602,17 @@ void MainWindow::backToList() { view().setFocus(Qt::OtherFocusReason); }
 
 void MainWindow::focusPart(int direction)
 {
-    QWidget* const all[] = {m_facets, &view(), page() == settingsPage ? static_cast<QWidget*>(m_pane) : m_details[page()], m_status,
-                            m_messages};
-    QWidget const* const focus = QApplication::focusWidget();
+    QWidget* const below = page() == settingsPage ? static_cast<QWidget*>(m_pane) : &m_details[page()]->details();
+    QWidget* const all[] = {m_facets, m_messages, &view(), m_import, below, m_status};
     std::vector<QWidget*> parts;
-    std::size_t at = 0;
-    for (QWidget* const part : all) {
-        if (!part->isVisible())
-            continue;
-        if (focus && (part == focus || part->isAncestorOf(focus)) && !(parts.size() > at && parts[at] == focus))
-            at = parts.size();
-        parts.push_back(part);
-    }
-    for (std::size_t step = 1; step < parts.size(); ++step) {
-        std::size_t const next = (at + (direction > 0 ? step : parts.size() - step)) % parts.size();
-        if (QWidget* const first = firstIn(parts[next]))
-            return first->setFocus(Qt::ShortcutFocusReason);
-    }
+    std::copy_if(std::begin(all), std::end(all), std::back_inserter(parts),
+                 [](QWidget* part) { return part->isVisible() && firstIn(part); });
+    QWidget const* const focus = QApplication::focusWidget();
+    auto const hasFocus = [&](QWidget const* part) { return focus && (part == focus || part->isAncestorOf(focus)); };
+    auto const here = std::find_if(parts.begin(), parts.end(), hasFocus);
+    int const count = static_cast<int>(parts.size());
+    int const from = here == parts.end() ? (direction > 0 ? -1 : 0) : static_cast<int>(here - parts.begin());
+    firstIn(parts[static_cast<std::size_t>((from + direction + count) % count)])->setFocus(Qt::ShortcutFocusReason);
 }
 
 void MainWindow::setPause()
@@ -589,6 +646,16 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
     return isUndo || isRedo;
 }
 
+// A document only, of which the comparison is shown: nothing is stored by a drop.
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    QList<QUrl> const urls = event->mimeData()->urls();
+    if (urls.size() == 1 && urls[0].toLocalFile().endsWith(QLatin1String(".json")))
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) { m_transfer->compare(event->mimeData()->urls().value(0).toLocalFile()); }
+
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     std::size_t const drafts = m_pane->drafts().size();
@@ -621,11 +688,13 @@ void MainWindow::restoreState()
     WindowState const state = WindowState::load();
     int const unit = fontMetrics().averageCharWidth();
     resize(state.size.isEmpty() ? QSize(unit * 150, fontMetrics().lineSpacing() * 38) : state.size);
-    m_parts->setSizes(state.parts.size() == 3 ? state.parts : QList<int>{unit * 24, unit * 80, unit * 50});
-    QList<QList<int>> const first = {{26, 30, 12, 10, 12, 0, 0, 0}, {34, 50, 12, 20}, {10, 30, 60, 20}, {22, 16, 10, 26, 26, 26}};
+    m_parts->setSizes(state.parts.size() == 3 ? state.parts : QList<int>{unit * 19, width() - unit * 57, unit * 38});
+    // In characters; of the others' columns the rest is for the value.
+    QList<QList<int>> const first = {
+        {22, qMax(18, width() / unit - 112), 10, 9, 11, 0, 0, 0, 0}, {34, 50, 12, 20}, {10, 30, 60, 20}, {22, 16, 10, 26, 26, 26}};
     for (int at = 0; at < pageCount; ++at) {
         bool const isKept = state.columns.size() == pageCount && state.columns[at].size() == m_views[at]->model()->columnCount();
-        for (int column = 0; column < first[at].size(); ++column) {
+        for (int column = 0; column < m_views[at]->model()->columnCount(); ++column) {
             int const width = isKept ? state.columns[at][column] : first[at][column] * unit;
             m_views[at]->setColumnHidden(column, width == 0 && column > 0);
             if (width > 0)

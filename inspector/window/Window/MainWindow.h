@@ -24,11 +24,13 @@ namespace Inspector {
 
 class DetailPage;
 class Facets;
+class ImportPanel;
 class ItemsView;
 class MessageBar;
 class SearchField;
 class SettingPane;
 class StatusLine;
+class Transfer;
 
 /// The window onto the stores of `place`. It opens read-only and asks nothing in windows of its own but for the names of files.
 class MainWindow : public QMainWindow {
@@ -49,6 +51,8 @@ Q_SIGNALS:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -58,6 +62,8 @@ private:
     void connectParts();
     void connectActions();
     void connectCopies();
+    void connectCommits();
+    void connectTransfer();
     void restoreState();
     void saveState() const;
 
@@ -69,6 +75,9 @@ private:
     Page page() const;
     ItemsView& view() const { return *m_views[page()]; }
     void showPage(Page page);
+    bool isListed(Page page) const;
+    void allow(bool isOn);
+    QString whyLookingOnly() const;
     void showTitles();
     void showCount();
     void speakCount();
@@ -115,7 +124,9 @@ private:
     std::array<ItemsView*, pageCount> m_views;
     std::array<DetailPage*, pageCount> m_details{}; // of all pages but that of settings
     SettingPane* m_pane;
+    ImportPanel* m_import;
     StatusLine* m_status;
+    Transfer* m_transfer;
     QTimer m_toSpeak;
     QTimer m_toAge;
     QTimer m_toCount;

@@ -13,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <functional>
@@ -38,7 +39,8 @@ namespace Inspector {
 
 inline void PrintTo(Outcome outcome, std::ostream* stream)
 {
-    constexpr char const* words[] = {"stored", "unchanged", "conflict", "lookingOnly", "refused", "failed"};
+    constexpr char const* words[] = {"stored", "unchanged", "conflict", "lookingOnly",
+                                     "refused", "failed", "noBackup", "cancelled", "compared", "written"};
     *stream << words[static_cast<std::size_t>(outcome)];
 }
 
@@ -113,12 +115,24 @@ protected:
         return comes([&] { return cell(key, column, store) == text; });
     }
 
-    Answer committed(Inspector::Commit const& commit)
+    /// Waits until the folders have been looked at, and the findings are about them.
+    bool comesToBeExamined()
     {
-        int const number = m_desk->commit(commit);
-        EXPECT_TRUE(comes([&] { return m_answers.count(number) > 0; })) << "commit " << number;
+        auto const isAnswered = [](auto const& location) { return location->cells[3] != QStringLiteral("the system has not answered yet"); };
+        return comes([&] {
+            Inspector::Lines<Inspector::Location> const& all = m_snapshot->locations;
+            return !all.empty() && std::all_of(all.begin(), all.end(), isAnswered);
+        });
+    }
+
+    /// The answer to the request of that number.
+    Answer answer(int number)
+    {
+        EXPECT_TRUE(comes([&] { return m_answers.count(number) > 0; })) << "request " << number;
         return m_answers[number];
     }
+
+    Answer committed(Inspector::Commit const& commit) { return answer(m_desk->commit(commit)); }
 
     Answer set(std::string const& key, Catalogue::Value const& value) { return committed(std::vector<Edit>{{setting(key), value}}); }
     Answer reset(std::string const& key) { return committed(std::vector<Edit>{{setting(key), std::nullopt}}); }

@@ -191,7 +191,7 @@ TEST_F(SameWords, FindingsAreThoseOfTheDoctor)
     m_home.write("blocked", "a file");
     store.setString("exportPath", (m_home.path() / "blocked").string());
     start();
-    ASSERT_TRUE(comes([this] { return !m_snapshot->findings.empty(); }));
+    ASSERT_TRUE(comesToBeExamined());
     std::vector<std::string> shown;
     for (auto const& each : m_snapshot->findings)
         shown.push_back(each->cells[0].toStdString() + '\t' + Inspection::checkName(each->found.check) + '\t' + each->found.what + '\t' +

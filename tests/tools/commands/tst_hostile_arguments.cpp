@@ -8,6 +8,7 @@
 
 #include <support/Named.h>
 #include <support/OtherProgram.h>
+#include <support/Tally.h>
 
 #include <algorithm>
 #include <csignal>
@@ -638,7 +639,8 @@ TEST_F(Hostile, RandomWordsAreAnsweredOrRefusedAndNothingElse)
                           "Indication/" + obeyed};
     std::uniform_int_distribution<std::size_t> piece(0, pieces.size() - 1);
     std::uniform_int_distribution<std::size_t> length(1, 6);
-    for (int round = 0; round < 400; ++round) {
+    int const rounds = times(100, 400);
+    for (int round = 0; round < rounds; ++round) {
         Words words(length(random));
         std::string shown;
         for (std::string& word : words) {

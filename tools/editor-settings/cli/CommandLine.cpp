@@ -13,6 +13,7 @@
 #include "terminal/Streams.h"
 #include "terminal/Terminal.h"
 
+#include <Host/Home.h>
 #include <Inspection/DeclaredKeys.h>
 #include <Inspection/PreferenceState.h>
 #include <Inspection/RowDifference.h>
@@ -109,17 +110,6 @@ bool isEmpty(char const* variable)
     return !value || *value == '\0';
 }
 
-// The rules of these variables have programs ignore a relative folder; Qt takes it, so that the stores would lie wherever
-// the program is started. Returns the ignored folder.
-std::string ignoredDataFolder()
-{
-    char const* const folder = std::getenv("XDG_DATA_HOME");
-    std::string const ignored = folder && *folder != '/' ? folder : "";
-    if (folder && *folder != '/')
-        ::unsetenv("XDG_DATA_HOME");
-    return ignored;
-}
-
 // A store created below a folder that only looks like the user's would be lost to the editor.
 void checkHome(StoreUse use, bool storesLieInHome)
 {
@@ -154,12 +144,8 @@ try {
 
 void printUnreachable(Inspection::StudioServer const& studio)
 {
-    Inspection::StudioStatus const status = studio.status();
-    if (!status.problem)
-        return;
-    std::string const known = status.asOf ? "as of " + Inspection::inLocalTime(*status.asOf) : "what this workstation has";
-    printError(
-        absl::StrCat(status.problem->file(), ": ", status.problem->reason(), "; what follows is ", known, "; ", status.problem->remedy()));
+    if (std::string const trouble = troubleOf(studio.status()); !trouble.empty())
+        printError(trouble);
 }
 
 // CLI11 lists what it did not expect from the last word to the first.
@@ -355,7 +341,7 @@ private:
     std::string m_shell;
     std::string m_helpedVerb;
     int m_errorStatus = 1;
-    std::string const m_ignoredDataFolder = ignoredDataFolder();
+    std::string const m_ignoredDataFolder = Host::ignoreRelativeDataFolder();
 };
 
 } // namespace

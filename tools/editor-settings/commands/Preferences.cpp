@@ -141,24 +141,6 @@ ordered_json jsonOf(PreferenceState const& found, std::string const& file, std::
             {"value", valueJsonOf(found)}};
 }
 
-std::string timeOf(Inspection::LayeredRow const& layer, Format format)
-{
-    return format == Format::plain ? Inspection::inUtc(layer.row.changed) : Inspection::inLocalTime(layer.row.changed);
-}
-
-// Whose value a read takes, who gave it, and what it covers.
-void appendLayers(std::vector<Columns>& table, PreferenceState const& found, Format format)
-{
-    table.push_back({"layer", Inspection::layerTitle(found.layer())});
-    if (std::string const by = setterOf(found); !by.empty())
-        table.push_back({found.layer() == Inspection::Layer::locked ? "locked by" : "set by", onOneLine(by)});
-    for (std::size_t covered = 1; covered < found.layers.size(); ++covered) {
-        Inspection::LayeredRow const& layer = found.layers[covered];
-        table.push_back({"covers", absl::StrCat(onOneLine(layer.row, ""), " (", Inspection::layerTitle(layer.layer), ", of ",
-                                                timeOf(layer, format), layer.by.empty() ? "" : " by " + onOneLine(layer.by), ")")});
-    }
-}
-
 std::vector<Columns> tableOf(PreferenceState const& found, std::string const& file, std::string const& computedBy, bool isShared,
                              Format format)
 {
@@ -176,7 +158,9 @@ std::vector<Columns> tableOf(PreferenceState const& found, std::string const& fi
         table.push_back({"file", onOneLine(file)});
     table.push_back({"state", Inspection::stateName(found.state())});
     if (isShared)
-        appendLayers(table, found, format);
+        for (Inspection::LayerFact const& fact :
+             Inspection::layerFacts(found.layers, format == Format::plain ? Inspection::inUtc : Inspection::inLocalTime))
+            table.push_back({fact.what, fact.text});
     for (auto const& row : found.stored) {
         std::string const half = isRational(found) ? onOneLine(row.key) + " = " : "";
         table.push_back({"stored", half + onOneLine(row, "")});

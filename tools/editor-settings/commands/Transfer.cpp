@@ -57,11 +57,8 @@ Inspection::StoreBegins steps(ProgressLine& progress, char const* what)
 
 void printUncarried(std::vector<Inspection::Uncarried> const& rows, char const* consequence)
 {
-    for (auto const& [store, key, kind, isReadable] : rows)
-        printError(absl::StrCat(quoted(key), " in the ", name(store), " store ",
-                                isReadable ? "has a NUL in its key"
-                                           : absl::StrCat("holds a value of kind ", quoted(kind), " that this version cannot read"),
-                                ", so it is ", consequence));
+    for (Inspection::Uncarried const& row : rows)
+        printError(absl::StrCat(inWords(row), ", so it is ", consequence));
 }
 
 // --- export ---

@@ -9,8 +9,6 @@ namespace Inspector {
 
 namespace {
 
-QString shown(std::string const& text) { return QString::fromStdString(Inspection::withoutControls(text)); }
-
 // What was tried with the row that is another one now. An edit has no row to come back.
 Inspection::Difference const* triedFor(Answer const& answer, Commit const& commit)
 {
@@ -27,7 +25,7 @@ Inspection::Difference const* triedFor(Answer const& answer, Commit const& commi
 // The texts of a change hide what is personal.
 QString aboutConflict(Answer const& answer, Commit const& commit)
 {
-    QString const key = shown(answer.key);
+    QString const key = QString::fromStdString(Inspection::onOneLine(answer.key));
     Inspection::Difference const* const tried = triedFor(answer, commit);
     if (!tried)
         return Committer::tr("%1 was changed by somebody else meanwhile, so it stays as it is now.").arg(key);
@@ -35,24 +33,6 @@ QString aboutConflict(Answer const& answer, Commit const& commit)
     return Committer::tr("%1 was changed by somebody else meanwhile, so it stays as it is now.\n"
                          "There was: %2\nThere is now: %3\nThere would be again: %4")
         .arg(key, valueOf(tried->row.after), valueOf(answer.there), valueOf(tried->row.before));
-}
-
-QString whyNotStored(Answer const& answer, Commit const& commit)
-{
-    switch (answer.outcome) {
-    case Outcome::conflict:
-        return aboutConflict(answer, commit);
-    case Outcome::refused:
-        return shown(answer.reason);
-    case Outcome::failed:
-        return answer.error ? shown(answer.error->what()) : QString();
-    case Outcome::lookingOnly:
-        return Committer::tr("Nothing was stored: changes are not allowed.");
-    case Outcome::stored:
-    case Outcome::unchanged:
-        break;
-    }
-    return {};
 }
 
 } // namespace
@@ -85,11 +65,14 @@ void Committer::take(Answer const& answer)
     if (sent.empty())
         return;
     Q_EMIT stepsChanged();
-    QString const text = whyNotStored(answer, sent.mapped().commit);
+    if (!answer.backups.empty())
+        Q_EMIT madeBackups(answer.backups);
+    if (answer.outcome == Outcome::noBackup)
+        Q_EMIT lacksBackup(answer.whyNot());
     if (sent.mapped().whoAsked)
-        sent.mapped().whoAsked(answer);
-    else if (!text.isEmpty())
-        Q_EMIT refused(text);
+        return sent.mapped().whoAsked(answer);
+    if (QString const text = answer.whyNot(); !text.isEmpty() && answer.outcome != Outcome::noBackup)
+        Q_EMIT refused(answer.outcome == Outcome::conflict ? aboutConflict(answer, sent.mapped().commit) : text);
 }
 
 QString Committer::nextStep(Way way) const

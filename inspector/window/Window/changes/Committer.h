@@ -22,6 +22,8 @@ public:
 
     /// Stores it as a new step. The answer goes to `whoAsked`, or to `refused` where nobody is named.
     void commit(Commit const& commit, std::function<void(Answer const&)> const& whoAsked = {});
+    /// Gives the answer of that number, to a request that is no commit, to `whoAsked`.
+    void expect(int number, std::function<void(Answer const&)> const& whoAsked) { m_sent[number] = {{}, whoAsked}; }
     /// Goes one step back, or forth again, where there is one.
     void step(Way way);
     /// The keys of that step, for a menu: "exportPath and 2 more"; empty where there is none.
@@ -34,6 +36,10 @@ Q_SIGNALS:
     void stepsChanged();
     /// Not all was stored; `text` tells why.
     void refused(QString const& text);
+    /// Nothing was stored, as no backup could be made; `text` tells why.
+    void lacksBackup(QString const& text);
+    /// These backups were made before the first change.
+    void madeBackups(std::vector<std::filesystem::path> const& files);
 
 private:
     struct Sent {

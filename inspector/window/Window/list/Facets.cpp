@@ -30,6 +30,7 @@ constexpr Facet facets[] = {
     {QT_TRANSLATE_NOOP("Inspector::Facets", "Attention"), ""},
     {QT_TRANSLATE_NOOP("Inspector::Facets", "Changed just now"), "@changed"},
     {QT_TRANSLATE_NOOP("Inspector::Facets", "Trouble"), "@trouble"},
+    {QT_TRANSLATE_NOOP("Inspector::Facets", "Locked"), "@locked"},
     {QT_TRANSLATE_NOOP("Inspector::Facets", "Store"), ""},
     {QT_TRANSLATE_NOOP("Inspector::Facets", "Product"), "@product"},
     {QT_TRANSLATE_NOOP("Inspector::Facets", "Common"), "@common"},
@@ -42,6 +43,17 @@ constexpr Facet facets[] = {
 };
 
 QStringList wordsOf(QString const& typed) { return typed.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts); }
+
+// It cannot be chosen, and can be read all the same.
+void makeGroup(QTreeWidgetItem& item)
+{
+    item.setFlags(Qt::NoItemFlags);
+    item.setForeground(0, item.treeWidget()->palette().brush(QPalette::Active, QPalette::Text));
+    QFont font = item.treeWidget()->font();
+    font.setItalic(true);
+    item.setFont(0, font);
+    item.setFirstColumnSpanned(true);
+}
 
 } // namespace
 
@@ -70,7 +82,7 @@ Facets::Facets(QWidget* parent) : QTreeWidget(parent)
         item->setData(0, markRole, QString::fromLatin1(facet.mark));
         item->setData(0, groupRole, group);
         if (isGroup)
-            item->setFlags(Qt::NoItemFlags);
+            makeGroup(*item);
         item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
     }
     all->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
@@ -99,6 +111,8 @@ void Facets::setSearch(QString const& typed)
     QStringList const words = wordsOf(typed);
     for (int at = 0; at < topLevelItemCount(); ++at) {
         QTreeWidgetItem* const item = topLevelItem(at);
+        if (item->flags() == Qt::NoItemFlags)
+            continue;
         QFont chosen = font();
         chosen.setBold(words.contains(item->data(0, markRole).toString()));
         item->setFont(0, chosen);

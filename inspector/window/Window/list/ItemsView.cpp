@@ -59,13 +59,20 @@ ItemsView::ItemsView(ItemsModel& model, QString const& name, QWidget* parent) : 
 
 void ItemsView::setSearch(QString const& typed)
 {
+    if (typed == m_search)
+        return;
+    bool const isWanted = idOf(currentIndex()) == m_wanted;
     m_search = typed;
     m_isSearching = true;
     m_proxy.setSearch(Search(typed));
     QModelIndex const wanted = m_proxy.indexOf(m_wanted);
-    setCurrentIndex(wanted.isValid() ? wanted : m_proxy.index(0, 0));
+    if (wanted.isValid() && isWanted)
+        selectionModel()->setCurrentIndex(wanted, QItemSelectionModel::NoUpdate);
+    else
+        setCurrentIndex(wanted.isValid() ? wanted : m_proxy.index(0, 0));
     m_proxy.keep(idOf(currentIndex()));
     m_isSearching = false;
+    scrollTo(currentIndex());
 }
 
 std::vector<int> ItemsView::selectedRows() const
@@ -97,6 +104,7 @@ bool ItemsView::setCurrent(std::string const& id)
     QModelIndex const index = m_proxy.indexOf(id);
     if (index.isValid())
         setCurrentIndex(index);
+    m_top.clear(); // the place is that of the line now
     return index.isValid();
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <Window/menu/Actions.h>
 
+#include <QActionGroup>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -23,7 +24,8 @@ Actions::Actions(QMainWindow& window)
     };
     QMenu* const file = window.menuBar()->addMenu(tr("&File"));
     importFile = add(file, tr("&Import…"), {tr("Ctrl+O")});
-    exportFile = add(file, tr("&Export…"), {tr("Ctrl+S")});
+    exportFile = add(file, tr("&Export without personal values…"), {tr("Ctrl+S")});
+    exportAll = add(file, tr("Export with &personal values…"));
     backUp = add(file, tr("&Back up…"), {tr("Ctrl+Shift+B")});
     file->addSeparator();
     quit = add(file, tr("&Quit"), {tr("Ctrl+Q")});

@@ -17,6 +17,7 @@ struct Actions {
 
     QAction* importFile;
     QAction* exportFile;
+    QAction* exportAll;
     QAction* backUp;
     QAction* quit;
 

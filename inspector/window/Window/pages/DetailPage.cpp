@@ -8,7 +8,11 @@
 namespace Inspector {
 
 DetailPage::DetailPage(ItemsModel& model, QString const& name, QString const& choice, QWidget* parent)
-    : QWidget(parent), m_view(new ItemsView(model, name, this)), m_text(new QPlainTextEdit(this)), m_button(new QPushButton(choice, this))
+    : QWidget(parent),
+      m_view(new ItemsView(model, name, this)),
+      m_below(new QWidget(this)),
+      m_text(new QPlainTextEdit(m_below)),
+      m_button(new QPushButton(choice, m_below))
 {
     m_text->setReadOnly(true);
     m_text->setTabChangesFocus(true);
@@ -17,13 +21,14 @@ DetailPage::DetailPage(ItemsModel& model, QString const& name, QString const& ch
     m_text->setFixedHeight(fontMetrics().lineSpacing() * 6);
     m_button->setVisible(!choice.isEmpty());
     connect(m_button, &QPushButton::clicked, this, &DetailPage::chosen);
-    auto* const below = new QHBoxLayout;
+    auto* const below = new QHBoxLayout(m_below);
+    below->setContentsMargins({});
     below->addWidget(m_text, 1);
     below->addWidget(m_button, 0, Qt::AlignTop);
     auto* const whole = new QVBoxLayout(this);
     whole->setContentsMargins({});
     whole->addWidget(m_view, 1);
-    whole->addLayout(below);
+    whole->addWidget(m_below);
     show({});
 }
 

@@ -19,6 +19,8 @@ public:
     DetailPage(ItemsModel& model, QString const& name, QString const& choice, QWidget* parent);
 
     ItemsView& view() const { return *m_view; }
+    /// What is below the list.
+    QWidget& details() const { return *m_below; }
     /// Shows `text`. The button can be pressed where `isOffered`; `reason` says why it cannot.
     void show(QString const& text, bool isOffered = false, QString const& reason = {});
 
@@ -28,6 +30,7 @@ Q_SIGNALS:
 
 private:
     ItemsView* m_view;
+    QWidget* m_below;
     QPlainTextEdit* m_text;
     QPushButton* m_button;
 };

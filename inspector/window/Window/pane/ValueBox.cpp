@@ -184,6 +184,9 @@ void ValueBox::reload()
         placeView();
     if (m_editor) {
         m_column->insertWidget(0, m_editor);
+        // It was made last, and Tab reaches it, with its fields, where the value stands.
+        m_editor->setFocusPolicy(Qt::TabFocus);
+        setTabOrder(m_value, m_editor);
         m_editor->show(); // now, as it may get the focus
     }
     m_value->setVisible(!m_editor);

@@ -31,6 +31,7 @@ void MessageBar::show(QString const& cause, QString const& text, Choices const& 
     QWidget* const frame = makeFrame(cause, text, choices, isQuestion);
     m_messages[cause] = {text, frame};
     m_layout->addWidget(frame);
+    frame->show(); // now, as a button of it may get the focus
     setVisible(true);
     QAccessibleEvent alert(frame, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);

@@ -22,9 +22,11 @@ public:
 
     explicit MessageBar(QWidget* parent);
 
-    /// Shows `text` in place of the last message of that cause. One that was closed stays closed until `clear`.
+    /// Shows `text` in place of the last message of that cause. One that was closed stays closed until `clear`. It stays with a choice.
     void tell(QString const& cause, QString const& text, Choices const& choices = {});
-    /// As `tell`, with the focus on the last choice, also where it was closed. The message goes with the choice.
+    /// As `tell` for what was just asked for, also where the same was closed. It goes with a choice.
+    void report(QString const& cause, QString const& text, Choices const& choices = {}) { show(cause, text, choices, true); }
+    /// As `report`, with the focus on the last choice.
     void ask(QString const& cause, QString const& text, Choices const& choices);
     void clear(QString const& cause);
 

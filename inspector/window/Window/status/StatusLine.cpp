@@ -26,7 +26,8 @@ StatusLine::StatusLine(QWidget* parent)
       m_product(new QLabel(this)),
       m_common(new QLabel(this)),
       m_age(new QLabel(this)),
-      m_step(new QLabel(this))
+      m_step(new QLabel(this)),
+      m_backups(new QLabel(this))
 {
     setSizeGripEnabled(false);
     m_changes->setAccessibleName(tr("Allow changes"));
@@ -36,6 +37,7 @@ StatusLine::StatusLine(QWidget* parent)
     addWidget(m_changes);
     for (QLabel* const label : {m_product, m_common, m_age})
         addWidget(label);
+    addPermanentWidget(m_backups);
     addPermanentWidget(m_step);
     for (QLabel* const label : findChildren<QLabel*>())
         label->setContentsMargins(fontMetrics().averageCharWidth(), 0, fontMetrics().averageCharWidth(), 0);
@@ -75,6 +77,14 @@ void StatusLine::showStep(QString const& words)
 {
     m_step->setText(words);
     m_step->setAccessibleName(words);
+}
+
+void StatusLine::showBackups(QString const& words)
+{
+    m_backups->setText(tr("backup kept"));
+    m_backups->setAccessibleName(m_backups->text());
+    m_backups->setToolTip(words);
+    m_backups->setAccessibleDescription(words);
 }
 
 } // namespace Inspector

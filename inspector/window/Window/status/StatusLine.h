@@ -22,6 +22,8 @@ public:
     void showAge(QString const& words);
     /// `words` tell what would be undone, or what is being stored; may be empty.
     void showStep(QString const& words);
+    /// `words` tell which backups were made, of which there is a hint as long as the window is open.
+    void showBackups(QString const& words);
     /// Why no change can be allowed; empty where it can.
     QString const& refusal() const { return m_refusal; }
     QCheckBox& changes() const { return *m_changes; }
@@ -34,6 +36,7 @@ private:
     QLabel* m_common;
     QLabel* m_age;
     QLabel* m_step;
+    QLabel* m_backups;
     QString m_refusal;
 };
 

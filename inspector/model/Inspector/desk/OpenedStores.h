@@ -3,6 +3,10 @@
 // The library and both stores, as the desk's thread uses them. Internal.
 #pragma once
 
+#include "FolderLooks.h"
+#include "StoreBackups.h"
+#include "StudioLink.h"
+
 #include <Inspector/Commits.h>
 #include <Inspector/Place.h>
 
@@ -11,6 +15,7 @@
 
 #include <array>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <set>
@@ -24,7 +29,8 @@ namespace Inspector {
 /// Everything here waits for other processes for some tenths of a second at most. One thread.
 class OpenedStores {
 public:
-    explicit OpenedStores(Place place);
+    /// `haveNews` is called in any thread when another look may find something.
+    OpenedStores(Place place, SlowCalls& calls, std::function<void()> haveNews);
     ~OpenedStores();
 
     /// Looks at the stores; a look that finds no change examines stores and folders instead, once for each change. An equal
@@ -32,8 +38,16 @@ public:
     std::shared_ptr<Snapshot const> look();
     /// Opens everything again, so that what was in the way is asked for again.
     void openAgain();
-    /// Stores it. Throws `Storage::StorageError` with the code busy if it stored nothing and another try may succeed.
-    Answer store(Commit const& commit);
+    /// Stores it, after a backup of each store that was not changed before. Without one nothing is stored, unless `mayGoWithout`, and
+    /// nothing over a value that this version cannot read. Throws `Storage::StorageError` with the code busy if it stored nothing and
+    /// another try may succeed, as the functions below do.
+    Answer store(Commit const& commit, bool mayGoWithout);
+    /// Compares the document, which was read from `file`.
+    Answer compare(std::filesystem::path const& file, Inspection::Document const& document) const;
+    /// What an export of the stores holds; nullopt where the product file cannot be read.
+    std::optional<Inspection::Export> exported(bool isRedacted) const;
+    /// Copies both stores to the new file.
+    Answer backUp(std::filesystem::path const& file) const;
     /// The files of both stores; none where the product file cannot be read.
     std::vector<std::filesystem::path> files() const;
 
@@ -73,18 +87,27 @@ private:
     Storage::SqliteStorage* opened(Side const& side) const { return Inspection::storage(*m_application, side.store); }
     Storage::SqliteStorage::Options options(bool createsMissing) const;
 
+    void readProductFile();
     void open();
     void openSide(Side& side);
     static bool isOutdated(Side const& side);
     bool watch(Side& side);
     bool isChanged(Side const& side) const;
     void note(Storage::StoreWatcher::Difference const& difference, Catalogue::Store store);
+    void readStudio();
     bool readSettings();
     void readAll();
     Lines<Setting> settings() const;
     void examine();
 
+    bool hasStudio() const { return m_studio != nullptr; }
+    std::vector<Row> localRows(Inspection::PreferenceState const& state) const;
+
     std::optional<std::string> refusal(std::vector<Edit> const& edits) const;
+    std::string refusalWithoutBackup(Commit const& commit) const;
+    void keepBackups(Commit const& commit);
+    std::optional<Answer> obstacle(Commit const& commit, bool mayGoWithout);
+    Answer stored(Commit const& commit, bool mayGoWithout);
     std::vector<Planned> plan(std::vector<Edit> const& edits);
     static std::vector<Planned> plan(Step const& step);
     void createWhereMissing(Side& side, std::optional<Row> const& expected);
@@ -92,9 +115,16 @@ private:
     Step apply(Catalogue::Store store, std::vector<Storage::SqliteStorage::Change> changes, bool mayRewrite);
 
     Place const m_place;
+    std::function<void()> const m_haveNews;
+    FolderLooks m_folders;
+    StoreBackups m_backups;
+    std::vector<std::filesystem::path> m_untoldBackups;
+    std::shared_ptr<Host::ProductFile> m_product;
+    std::unique_ptr<StudioLink> m_studio; // where the product belongs to a studio
+    bool m_isShared = false;              // whether the stores were opened with the studio's server
     std::unique_ptr<Host::ToolApplication> m_application;
     std::array<Side, 2> m_sides{{{Catalogue::Store::product}, {Catalogue::Store::common}}};
-    std::string m_productError; // why there is no application
+    std::string m_productError = {}; // why there is no application
     std::shared_ptr<Snapshot const> m_snapshot = std::make_shared<Snapshot>();
     bool m_isDirty = true;            // the settings are to be read
     bool m_isExamined = false;        // locations and findings are of those settings

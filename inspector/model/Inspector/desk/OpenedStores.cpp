@@ -4,13 +4,19 @@
 #include <Inspector/Commands.h>
 
 #include <Inspection/DeclaredKeys.h>
+#include <Inspection/RowDifference.h>
 #include <Inspection/ValueFormat.h>
 #include <Inspection/checks/FolderChecks.h>
 #include <Inspection/checks/StoreFileChecks.h>
 #include <Inspection/checks/StoredValueChecks.h>
 
+#include <Storage/Backup.h>
+
+#include <absl/strings/str_cat.h>
+
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <utility>
 
 using Catalogue::Store;
@@ -49,7 +55,7 @@ bool isSame(Item const& left, Item const& right) { return left.cells == right.ce
 bool isSame(Setting const& left, Setting const& right)
 {
     return isSame(static_cast<Item const&>(left), right) && left.rows == right.rows && left.value == right.value &&
-           left.shownValue == right.shownValue;
+           left.shownValue == right.shownValue && left.whyFixed == right.whyFixed && left.layers == right.layers;
 }
 
 bool isSame(Location const& left, Location const& right)
@@ -89,7 +95,9 @@ StorageError homeError(std::string const& file, Inspection::Finding const& findi
 
 // --- Looking ---
 
-OpenedStores::OpenedStores(Place place) : m_place(std::move(place)) {}
+OpenedStores::OpenedStores(Place place, SlowCalls& calls, std::function<void()> haveNews)
+    : m_place(std::move(place)), m_haveNews(std::move(haveNews)), m_folders(calls), m_backups(m_place.backupFolder)
+{}
 OpenedStores::~OpenedStores() = default;
 
 std::optional<OpenedStores::FileIdentity> OpenedStores::identityOf(StoreView const& view)
@@ -109,22 +117,34 @@ SqliteStorage::Options OpenedStores::options(bool createsMissing) const
     return result;
 }
 
+// The library's keys are declared while no thread of a studio's server asks for them.
+void OpenedStores::readProductFile()
+{
+    m_application.reset();
+    m_studio.reset();
+    m_productError.clear();
+    try {
+        m_product = std::make_shared<Host::ProductFile>(m_place.productFile);
+        Inspection::declareOwnKeys(*m_product);
+    } catch (Host::ProductFileError const& error) {
+        m_product.reset();
+        m_productError = error.what();
+    }
+}
+
 // The identities are those of the names before they are opened: should a file be replaced in between, the next look sees it.
 void OpenedStores::open()
 {
     for (Side& side : m_sides)
         side.identity = identityOf(side.view);
     m_application.reset();
-    m_productError.clear();
-    try {
-        Host::Application::Options const choice{m_place.storeFolder, Host::StorePolicy::leaveOutUnusable, options(false)};
-        auto application = std::make_unique<Host::ToolApplication>(m_place.productFile, choice);
-        Inspection::declareOwnKeys(application->productFile());
-        m_application = std::move(application);
-    } catch (Host::ProductFileError const& error) {
-        m_productError = error.what();
-        return;
-    }
+    Host::Application::Options choice{m_place.storeFolder, Host::StorePolicy::leaveOutUnusable, options(false)};
+    m_isShared = m_studio && m_studio->server();
+    if (m_isShared)
+        choice.share = [server = m_studio->server()](std::string const& name, std::shared_ptr<ISettingsStorage> const& local) {
+            return server->store(name, local);
+        };
+    m_application = std::make_unique<Host::ToolApplication>(m_product, choice);
     for (Side& side : m_sides)
         openSide(side);
     m_isDirty = true;
@@ -199,6 +219,19 @@ try {
     return true;
 }
 
+// What a commit may expect: with a studio, the value in force may be one of the server's.
+std::vector<OpenedStores::Row> OpenedStores::localRows(PreferenceState const& state) const
+{
+    if (!m_isShared)
+        return state.stored;
+    std::vector<Row> rows;
+    SqliteStorage const* const local = Inspection::storage(*m_application, state.observation.store.value_or(state.store));
+    for (Row const& row : state.stored)
+        if (std::optional<Row> found = local ? local->find(row.key) : std::nullopt)
+            rows.push_back(*std::move(found));
+    return rows;
+}
+
 // Of a store that is unusable the lines of the last read, so that a list does not empty while somebody else writes for long.
 Lines<Setting> OpenedStores::settings() const
 {
@@ -209,8 +242,8 @@ Lines<Setting> OpenedStores::settings() const
         bool const isRead = side(store).view.state != StoreState::unusable;
         std::string const id = settingId(state.key, store);
         Line<Setting> const* const earlier = find(m_snapshot->settings, id);
-        Marks const marks = {m_changed.count(id) > 0, m_troubled.count(state.key) > 0};
-        result.push_back(!isRead && earlier ? *earlier : line(settingOf(state, isRead, marks)));
+        Marks const marks = {m_changed.count(id) > 0, m_troubled.count(state.key) > 0, hasStudio()};
+        result.push_back(!isRead && earlier ? *earlier : line(settingOf(state, localRows(state), isRead, marks)));
         known.insert(id);
     }
     // What else a store held before it became unusable.
@@ -233,6 +266,7 @@ try {
     next->common = m_sides[1].view;
     m_snapshot = std::move(next);
     m_isDirty = m_isExamined = false;
+    m_folders.renew();
     return true;
 } catch (StorageError const&) {
     return false;
@@ -240,24 +274,24 @@ try {
 
 namespace {
 
-Inspection::Findings findingsOf(Host::ToolApplication const& application)
+Inspection::Findings findingsOf(Host::ToolApplication const& application, Inspection::PathLook const& look)
 {
     Inspection::Findings all = Inspection::checkHome();
     auto const add = [&](Inspection::Findings more) { std::move(more.begin(), more.end(), std::back_inserter(all)); };
     for (Store const store : {Store::product, Store::common}) {
         Inspection::ExaminedStore const examined = Inspection::examine(application, store);
         add(checkStoreFile(examined));
-        add(checkStoredValues(application, examined));
+        add(checkStoredValues(application, examined, look));
     }
-    add(Inspection::checkFolders());
+    add(Inspection::checkFolders(look));
     return all;
 }
 
-Lines<Location> locationsOf(Host::ToolApplication const& application)
+Lines<Location> locationsOf(Host::ToolApplication const& application, Inspection::PathLook const& look)
 {
     Lines<Location> result;
     for (Inspection::LocationState const& state : Inspection::locationStates())
-        result.push_back(line(locationOf(state, decisions(application, state))));
+        result.push_back(line(locationOf(state, state.status(look), decisions(application, state))));
     return result;
 }
 
@@ -266,15 +300,16 @@ Lines<Location> locationsOf(Host::ToolApplication const& application)
 void OpenedStores::examine()
 try {
     auto next = std::make_shared<Snapshot>(*m_snapshot);
+    Inspection::PathLook const known = [this](QString const& path, Inspection::PathUse use) { return m_folders.status(path, use); };
     std::set<std::string> troubled;
     Lines<Finding> findings;
-    for (Inspection::Finding const& found : findingsOf(*m_application)) {
+    for (Inspection::Finding const& found : findingsOf(*m_application, known)) {
         findings.push_back(line(findingOf(found)));
         if (found.severity != Inspection::Severity::note)
             troubled.insert(findings.back()->key);
     }
     next->findings = sorted(std::move(findings), m_snapshot->findings);
-    next->locations = sorted(locationsOf(*m_application), m_snapshot->locations);
+    next->locations = sorted(locationsOf(*m_application, known), m_snapshot->locations);
     m_snapshot = std::move(next);
     m_isExamined = true;
     m_isDirty = std::exchange(m_troubled, troubled) != troubled;
@@ -286,15 +321,29 @@ void OpenedStores::readAll()
 {
     if (!readSettings()) {
         open(); // leaves out what cannot be read
-        if (m_application)
-            readSettings();
+        readSettings();
     }
-    if (m_application)
-        for (Side& side : m_sides)
-            m_isDirty = watch(side) || m_isDirty;
+    for (Side& side : m_sides)
+        m_isDirty = watch(side) || m_isDirty;
 }
 
-// Settings are read at once, folders only after a look that found nothing new: a folder may be slow to answer.
+// A server that answers late is taken up as soon as it does.
+void OpenedStores::readStudio()
+{
+    if (!m_studio)
+        return;
+    if (m_studio->server() && !m_isShared)
+        open();
+    m_isDirty = m_studio->takeNews() || m_isDirty;
+    StudioView const view = m_studio->view();
+    if (m_snapshot->studio && *m_snapshot->studio == view)
+        return;
+    auto next = std::make_shared<Snapshot>(*m_snapshot);
+    next->studio = view;
+    m_snapshot = std::move(next);
+}
+
+// Settings are read at once, all else only after a look that found nothing new.
 std::shared_ptr<Snapshot const> OpenedStores::look()
 {
     if (!m_application && m_productError.empty())
@@ -305,8 +354,8 @@ std::shared_ptr<Snapshot const> OpenedStores::look()
         m_isDirty = watch(side) || m_isDirty;
     if (std::any_of(m_sides.begin(), m_sides.end(), isOutdated))
         open();
-    if (!m_application)
-        return m_snapshot;
+    readStudio();
+    m_isExamined = !m_folders.takeNews() && m_isExamined;
     for (Side const& side : m_sides)
         m_isDirty = isChanged(side) || m_isDirty;
     if (!m_isDirty && !m_isExamined) {
@@ -319,10 +368,14 @@ std::shared_ptr<Snapshot const> OpenedStores::look()
 
 void OpenedStores::openAgain()
 {
-    open();
+    readProductFile();
     m_isExamined = false;
-    if (m_application)
+    if (m_product) {
+        open();
+        if (!m_product->studio().empty())
+            m_studio = std::make_unique<StudioLink>(m_product->studio(), m_haveNews);
         return;
+    }
     auto next = std::make_shared<Snapshot>();
     next->findings = {line(findingOf(Inspection::aboutProductFile(m_productError, m_place.productFile.u8string())))};
     m_snapshot = std::move(next);
@@ -343,6 +396,8 @@ namespace {
 
 using Row = SqliteStorage::Row;
 using StoreChange = SqliteStorage::Change;
+
+bool isUnreadable(Row const& row) { return std::holds_alternative<std::monostate>(row.value); }
 
 std::optional<Row> rowOf(std::vector<Row> const& rows, std::string const& key)
 {
@@ -390,8 +445,8 @@ std::optional<std::string> OpenedStores::refusal(std::vector<Edit> const& edits)
         std::optional<PreferenceState> const state = Inspection::preferenceState(*m_application, edit.seen->key);
         if (!state || !state->write)
             return "it takes " + edit.seen->about.accepts;
-        if (!state->observation.store)
-            return "it is kept in memory only by a product of this kind, so it cannot be set from outside the editor";
+        if (std::string const reason = whyFixed(*state, hasStudio()); !reason.empty())
+            return reason;
         try {
             Inspection::parsed(state->observation.value, wordsOf(*edit.value));
         } catch (Inspection::ValueError const& error) {
@@ -447,8 +502,6 @@ void OpenedStores::createWhereMissing(Side& side, std::optional<Row> const& expe
         throw StorageError(homeError(side.view.file, home.front()));
     SqliteStorage const created(std::filesystem::u8path(side.view.file), options(true));
     open();
-    if (!m_application)
-        throw Host::ProductFileError(m_productError);
 }
 
 // `mayRewrite` takes a row that was stored again with an equal value for the one that is expected.
@@ -497,24 +550,127 @@ Answer OpenedStores::applied(std::vector<Planned> const& planned, bool mayRewrit
     return answer;
 }
 
-Answer OpenedStores::store(Commit const& commit)
-try {
+namespace {
+
+// What a commit changes, each with the row that it was made over.
+std::vector<std::pair<Store, std::optional<Row>>> rowsBefore(Commit const& commit)
+{
+    std::vector<std::pair<Store, std::optional<Row>>> rows;
+    if (auto const* const step = std::get_if<Step>(&commit)) {
+        for (auto const& [store, row] : *step)
+            rows.emplace_back(store, row.after);
+        return rows;
+    }
+    for (Edit const& edit : std::get<std::vector<Edit>>(commit)) {
+        if (!isChange(edit))
+            continue;
+        rows.emplace_back(edit.seen->store, std::nullopt);
+        for (Row const& row : edit.seen->rows)
+            rows.emplace_back(edit.seen->store, row);
+    }
+    return rows;
+}
+
+Answer refused(std::string const& reason) { return {0, Outcome::refused, {}, {}, {}, {}, reason}; }
+
+Answer withoutBackup(StorageError const& error) { return {0, Outcome::noBackup, {}, {}, {}, {}, {}, error}; }
+
+} // namespace
+
+// Why the commit cannot be stored without a backup; empty where it can.
+std::string OpenedStores::refusalWithoutBackup(Commit const& commit) const
+{
+    for (auto const& [store, row] : rowsBefore(commit))
+        if (row && isUnreadable(*row) && !m_backups.has(store))
+            return absl::StrCat(Inspection::onOneLine(row->key), " holds a value of kind ", Inspection::onOneLine(row->kind),
+                                " that this version cannot read, so it stays as it is until the store can be backed up");
+    return {};
+}
+
+// Of the stores that it changes and that were not changed before.
+void OpenedStores::keepBackups(Commit const& commit)
+{
+    for (auto const& [name, row] : rowsBefore(commit))
+        if (SqliteStorage const* const store = opened(side(name)); store && !store->isReadOnly())
+            if (std::optional<std::filesystem::path> file = m_backups.keep(name, *store))
+                m_untoldBackups.push_back(*std::move(file));
+}
+
+// What keeps the commit from being stored; nullopt where nothing does.
+std::optional<Answer> OpenedStores::obstacle(Commit const& commit, bool mayGoWithout)
+{
     if (!m_application)
-        return {0, Outcome::refused, {}, {}, {}, {}, m_productError};
+        return refused(m_productError);
+    if (auto const* const edits = std::get_if<std::vector<Edit>>(&commit)) {
+        if (std::none_of(edits->begin(), edits->end(), isChange))
+            return Answer{};
+        if (std::optional<std::string> const reason = refusal(*edits))
+            return refused(*reason);
+    }
+    try {
+        keepBackups(commit);
+    } catch (StorageError const& error) {
+        if (error.code() == StorageError::Code::busy)
+            throw;
+        if (!mayGoWithout)
+            return withoutBackup(error);
+        if (std::string const reason = refusalWithoutBackup(commit); !reason.empty())
+            return refused(reason);
+    }
+    return std::nullopt;
+}
+
+Answer OpenedStores::stored(Commit const& commit, bool mayGoWithout)
+try {
+    if (std::optional<Answer> const answer = obstacle(commit, mayGoWithout))
+        return *answer;
     auto const* const edits = std::get_if<std::vector<Edit>>(&commit);
-    if (!edits)
-        return applied(plan(std::get<Step>(commit)), false);
-    if (std::none_of(edits->begin(), edits->end(), isChange))
-        return {};
-    if (std::optional<std::string> const reason = refusal(*edits))
-        return {0, Outcome::refused, {}, {}, {}, {}, *reason};
-    return applied(plan(*edits), true);
+    return edits ? applied(plan(*edits), true) : applied(plan(std::get<Step>(commit)), false);
 } catch (Storage::Conflict const& conflict) {
     return {0, Outcome::conflict, {}, {}, conflict.key(), conflict.row()};
 } catch (StorageError const& error) {
     if (error.code() == StorageError::Code::busy)
         throw;
     return {0, Outcome::failed, {}, {}, {}, {}, {}, error};
+}
+
+Answer OpenedStores::store(Commit const& commit, bool mayGoWithout)
+{
+    Answer answer = stored(commit, mayGoWithout);
+    answer.backups = std::exchange(m_untoldBackups, {});
+    return answer;
+}
+
+// --- Documents and backups ---
+
+Answer OpenedStores::compare(std::filesystem::path const& file, Inspection::Document const& document) const
+try {
+    if (!m_application)
+        return refused(m_productError);
+    Answer answer = {0, Outcome::compared};
+    answer.comparison = std::make_shared<DocumentComparison const>(comparisonOf(*m_application, file, document));
+    return answer;
+} catch (Inspection::DocumentError const& error) {
+    return refused(documentFault(file, error));
+}
+
+std::optional<Inspection::Export> OpenedStores::exported(bool isRedacted) const
+{
+    return m_application ? std::optional(Inspection::exported(*m_application, {{}, isRedacted})) : std::nullopt;
+}
+
+Answer OpenedStores::backUp(std::filesystem::path const& file) const
+{
+    std::map<std::string, SqliteStorage const*> present;
+    for (Side const& side : m_sides)
+        if (SqliteStorage const* const store = m_application ? opened(side) : nullptr)
+            present[Catalogue::name(side.store)] = store;
+    if (present.empty())
+        return refused(m_application ? "there is no store yet, so there is nothing to back up" : m_productError);
+    Storage::Backup::write(file, present);
+    Answer answer = {0, Outcome::written};
+    answer.file = file;
+    return answer;
 }
 
 } // namespace Inspector
