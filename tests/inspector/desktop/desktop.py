@@ -55,8 +55,10 @@ class Window:
         return pyatspi.findDescendant(self._application(), lambda one: one.getRole() == role and one.name == named
                                       and one.getState().contains(pyatspi.STATE_SHOWING))
 
-    def focused(self):
-        return pyatspi.findDescendant(self._application(), lambda one: one.getState().contains(pyatspi.STATE_FOCUSED))
+    def field(self):
+        """The field that takes what is typed."""
+        return pyatspi.findDescendant(self._application(), lambda one: one.getRole() == pyatspi.ROLE_TEXT
+                                      and one.getState().contains(pyatspi.STATE_FOCUSED))
 
     def settings(self):
         return self.part(pyatspi.ROLE_TREE, "Settings").queryTable()
@@ -76,4 +78,4 @@ class Window:
     def write(self, text):
         """Types it into the field that has the focus, and waits until it is there."""
         subprocess.run(["xdotool", "type", "--delay", "20", text], check=True)
-        comes(lambda: self.focused().queryText().getText(0, -1) == text, f"'{text}' in the field")
+        comes(lambda: self.field().queryText().getText(0, -1) == text, f"'{text}' in the field")

@@ -14,10 +14,14 @@
 #include <QFile>
 #include <QProcess>
 #include <QTimer>
+#include <QTreeView>
 
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <functional>
+#include <map>
 #include <stdexcept>
 
 namespace {
@@ -35,6 +39,7 @@ public:
         for (char const* const name : {"XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "EDITOR_SETTINGS_HOME"})
             ::unsetenv(name);
         fs::create_directories(m_path / "Films");
+        std::ofstream(m_path / "Archive"); // a file where a folder was expected
     }
     ~Home()
     {
@@ -48,11 +53,30 @@ private:
     fs::path const m_path;
 };
 
+// The image with its 256 most frequent colours, which makes its file a third as long.
+QImage withFewColours(QImage const& image)
+{
+    std::map<QRgb, int> counts;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            ++counts[image.pixel(x, y)];
+    std::multimap<int, QRgb, std::greater<>> sorted;
+    for (auto const& [colour, count] : counts)
+        sorted.emplace(count, colour);
+    QVector<QRgb> table;
+    for (auto const& [count, colour] : sorted)
+        if (table.size() < 256)
+            table.append(colour);
+    return image.convertToFormat(QImage::Format_Indexed8, table, Qt::ThresholdDither);
+}
+
 class Pictures {
 public:
     Pictures(QString const& folder, QString const& tool) : m_folder(folder), m_tool(tool)
     {
-        set({QStringLiteral("exportPath"), QStringLiteral("/mnt/archive/films")});
+        if (!QFile::copy(QString::fromStdString(Host::installedProductFile().string()), m_product))
+            throw std::runtime_error("there is no installed product file");
+        set({QStringLiteral("exportPath"), QDir::homePath() + QStringLiteral("/Archive/films")});
         set({QStringLiteral("projectPath"), QDir::homePath() + QStringLiteral("/Films")});
         set({QStringLiteral("keepVideoAspect"), QStringLiteral("false")});
         set({QStringLiteral("userCustomColors"), QStringLiteral("#ff8800"), QStringLiteral("navy")});
@@ -62,24 +86,32 @@ public:
 
     void draw(QString const& palette)
     {
-        Inspector::MainWindow window({Host::installedProductFile()});
-        window.resize(1180, 640);
+        Inspector::MainWindow window({QFile::encodeName(m_product).toStdString()});
+        window.resize(1060, 560);
         window.goTo("exportPath");
         window.show();
         save(window, QStringLiteral("settings"), palette);
         set({QStringLiteral("useGuideLines"), palette == QLatin1String("dark") ? QStringLiteral("true") : QStringLiteral("false")});
         set({QStringLiteral("npsSendCount"), QString::number(++m_sent)});
+        wait(window, "Changes", 2);
         for (auto const& [key, name] :
              {std::pair{Qt::Key_2, "locations"}, std::pair{Qt::Key_3, "health"}, std::pair{Qt::Key_4, "changes"}}) {
             trigger(window, QKeySequence(Qt::CTRL | key));
+            for (QTreeView* const view : window.findChildren<QTreeView*>())
+                if (view->isVisible())
+                    view->setCurrentIndex(view->model()->index(0, 0));
             save(window, QLatin1String(name), palette);
         }
+        trigger(window, QKeySequence(Qt::CTRL | Qt::Key_1));
+        trigger(window, QKeySequence(Qt::CTRL | Qt::Key_E));
+        window.goTo("exportPath");
+        save(window, QStringLiteral("editing"), palette);
     }
 
 private:
     void set(QStringList const& words) const
     {
-        if (QProcess::execute(m_tool, QStringList{QStringLiteral("set")} + words) != 0)
+        if (QProcess::execute(m_tool, QStringList{QStringLiteral("--product"), m_product, QStringLiteral("set")} + words) != 0)
             throw std::runtime_error("the command line stores nothing");
     }
     static void trigger(Inspector::MainWindow const& window, QKeySequence const& keys)
@@ -88,18 +120,32 @@ private:
             if (action->shortcut() == keys)
                 action->trigger();
     }
-    // Once stores and folders were examined.
+    static int linesOf(Inspector::MainWindow const& window, char const* name)
+    {
+        for (QTreeView const* const view : window.findChildren<QTreeView*>())
+            if (view->accessibleName() == QLatin1String(name))
+                return view->model()->rowCount();
+        throw std::runtime_error(std::string("there is no list of ") + name);
+    }
+    // Until there are so many lines, and a moment more, so that what follows from them is painted.
+    static void wait(Inspector::MainWindow const& window, char const* name, int lines)
+    {
+        while (linesOf(window, name) < lines)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QTimer::singleShot(std::chrono::milliseconds(300), &window, &QCoreApplication::quit);
+        QCoreApplication::exec();
+    }
     void save(Inspector::MainWindow& window, QString const& name, QString const& palette) const
     {
-        QTimer::singleShot(std::chrono::seconds(2), &window, &QCoreApplication::quit);
-        QCoreApplication::exec();
+        wait(window, "Findings", 2);
         QString const file = m_folder + QStringLiteral("/window-") + name + QLatin1Char('-') + palette + QStringLiteral(".png");
-        if (!window.grab().toImage().convertToFormat(QImage::Format_RGB888).save(file, "PNG", 0))
+        if (!withFewColours(window.grab().toImage()).save(file, "PNG", 0))
             throw std::runtime_error("cannot write " + file.toStdString());
     }
 
     QString const m_folder;
     QString const m_tool;
+    QString const m_product = QDir::homePath() + QStringLiteral("/lumora.json");
     int m_sent = 3;
 };
 
@@ -129,9 +175,12 @@ try {
     if (argc != 4)
         throw std::runtime_error("usage: pictures FOLDER TOOL HOME");
     Home const home(argv[3]);
+    argv[0][0] = '\0'; // folders of caches have the name of the program in them, and an editor's is another
     QApplication application(argc, argv);
     QApplication::setStyle(QStringLiteral("fusion"));
-    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 8));
+    QFont font(QStringLiteral("DejaVu Sans"), 8);
+    font.setStyleStrategy(QFont::NoSubpixelAntialias);
+    QApplication::setFont(font);
     Pictures pictures(QFile::decodeName(argv[1]), QFile::decodeName(argv[2]));
     pictures.draw(QStringLiteral("light"));
     QApplication::setPalette(dark());
