@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <Window/MainWindow.h>
+#include <Window/start/Application.h>
 
 #include <Host/Home.h>
 #include <Host/ProductFile.h>
@@ -126,8 +127,8 @@ int main(int argc, char** argv)
     sinceStart.start();
     std::signal(SIGXFSZ, SIG_IGN); // a write beyond the limit of file sizes then fails as on a full disk
     bool const isText = std::any_of(argv + 1, argv + argc, asksForText);
-    std::unique_ptr<QCoreApplication> const application(isText ? new QCoreApplication(argc, argv) : new QApplication(argc, argv));
-    QCoreApplication::setApplicationName(QStringLiteral("editor-settings-inspector"));
+    std::unique_ptr<QCoreApplication> const application =
+        isText ? std::make_unique<QCoreApplication>(argc, argv) : Inspector::makeApplication(argc, argv);
     QCoreApplication::setApplicationVersion(QLatin1String(EDITOR_SETTINGS_VERSION_STRING));
     QCommandLineParser parser;
     addOptions(parser);

@@ -37,7 +37,8 @@ class Window:
         comes(self._application, "the program on the bus for screen readers")
         found = subprocess.run(["xdotool", "search", "--sync", "--onlyvisible", "--pid", str(self.process.pid)],
                                check=True, stdout=subprocess.PIPE, text=True)
-        subprocess.run(["xdotool", "windowactivate", "--sync", found.stdout.split()[0]], check=True)
+        self.number = found.stdout.split()[0]
+        subprocess.run(["xdotool", "windowactivate", "--sync", self.number], check=True)
         comes(lambda: self.settings().nRows, "the lines")
 
     def __enter__(self):
@@ -61,10 +62,13 @@ class Window:
                                       and one.getState().contains(pyatspi.STATE_FOCUSED))
 
     def settings(self):
-        return self.part(pyatspi.ROLE_TREE, "Settings").queryTable()
+        return self.table("Settings")
 
-    def lines(self):
-        table = self.settings()
+    def table(self, named):
+        return self.part(pyatspi.ROLE_TREE, named).queryTable()
+
+    def lines(self, named="Settings"):
+        table = self.table(named)
         return [table.getAccessibleAt(row, 0).name for row in range(table.nRows)]
 
     def current(self):
