@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <Inspector/Commands.h>
 
+#include <Host/ProductFile.h>
 #include <Inspection/ExportDocument.h>
 #include <Inspection/PreferenceState.h>
 #include <Inspection/ValueFormat.h>
@@ -38,11 +39,18 @@ std::optional<QString> asText(std::string const& line)
     return Inspection::isUtf8(line) && !hasNul(line) ? std::optional(QString::fromStdString(line)) : std::nullopt;
 }
 
+// Whether the command line takes this product file without being asked to.
+bool isTakenAnyway(std::filesystem::path const& productFile)
+{
+    bool const isAnotherNamed = qEnvironmentVariableIsSet("EDITOR_SETTINGS_PRODUCT"); // in the shell too, from which both are started
+    return productFile.empty() || (!isAnotherNamed && productFile == Host::installedProductFile());
+}
+
 // Quoted words, the program with the options that lead to the same stores.
 std::string line(Place const& place, std::string const& verb, Words const& words)
 {
     Words all = {"editor-settings"};
-    if (!place.productFile.empty())
+    if (!isTakenAnyway(place.productFile))
         all.insert(all.end(), {"--product", place.productFile.string()});
     if (place.storeFolder)
         all.insert(all.end(), {"--home", place.storeFolder->string()});

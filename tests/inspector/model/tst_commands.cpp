@@ -34,6 +34,17 @@ TEST(Commands, NameTheSameStores)
     EXPECT_EQ(Inspector::command({}, "paths", {"effectsPath", "it's"}), QStringLiteral("editor-settings paths effectsPath 'it'\\''s'"));
 }
 
+TEST(Commands, LeaveTheInstalledProductFileOut)
+{
+    ::unsetenv("EDITOR_SETTINGS_PRODUCT");
+    std::filesystem::path const installed =
+        std::filesystem::canonical("/proc/self/exe").parent_path().parent_path() / "share/editor-settings/product.json";
+    EXPECT_EQ(Inspector::command({installed, "/films"}, "doctor"), QStringLiteral("editor-settings --home /films doctor"));
+    ::setenv("EDITOR_SETTINGS_PRODUCT", "/another.json", 1);
+    EXPECT_TRUE(Inspector::command({installed}, "doctor")->startsWith(QStringLiteral("editor-settings --product ")));
+    ::unsetenv("EDITOR_SETTINGS_PRODUCT");
+}
+
 TEST(Commands, QuoteEachTypeOfValue)
 {
     auto const set = [](Catalogue::Value const& value) { return Inspector::commandToSet({}, "key", value).value(); };
