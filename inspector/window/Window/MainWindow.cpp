@@ -175,7 +175,7 @@ void MainWindow::connectParts()
     connect(m_details[healthPage], &DetailPage::chosen, this, &MainWindow::openCurrent);
     connect(m_details[changesPage], &DetailPage::chosen, this, &MainWindow::putBack);
     connect(m_pane, &SettingPane::isDone, this, [this] { m_views[settingsPage]->setFocus(Qt::OtherFocusReason); });
-    connect(m_pane, &SettingPane::wantsToReveal, this, &MainWindow::reveal);
+    connect(m_pane, &SettingPane::isRevealed, this, &MainWindow::reveal);
     connect(m_pane, &SettingPane::draftsChanged, this, [this] { m_views[settingsPage]->setDrafts(m_pane->drafts()); });
     connect(&m_toSpeak, &QTimer::timeout, this, &MainWindow::speakCount);
     connect(&m_toAge, &QTimer::timeout, this, &MainWindow::showAge);
@@ -440,10 +440,9 @@ void MainWindow::showSetting()
 {
     std::shared_ptr<Setting const> const setting = current();
     std::string const id = setting ? setting->id : "";
-    if (id != m_shown)
-        reveal(false);
-    m_shown = id;
     m_pane->show(setting);
+    if (std::exchange(m_shown, id) != id)
+        reveal(false);
     bool const isOn = m_status->changes().isChecked();
     StoreView const* const store = !setting                                      ? nullptr
                                    : setting->store == Catalogue::Store::product ? &m_snapshot->product
@@ -507,6 +506,7 @@ void MainWindow::reveal(bool isRevealed)
     std::shared_ptr<Setting const> const setting = current();
     m_revealed = isRevealed && setting ? setting->id : "";
     m_settings.reveal(m_revealed);
+    m_pane->reveal(!m_revealed.empty());
     m_actions.reveal->setChecked(!m_revealed.empty());
 }
 

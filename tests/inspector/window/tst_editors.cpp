@@ -408,7 +408,7 @@ TEST_F(Editors, PersonalValueIsNowhereUntilItIsRevealed)
     button("Copy").click();
     EXPECT_TRUE(QApplication::clipboard()->text().endsWith(QStringLiteral(" set who '\u2026'")));
     QStringList revealed;
-    QObject::connect(m_pane.get(), &Inspector::SettingPane::wantsToReveal, m_pane.get(),
+    QObject::connect(m_pane.get(), &Inspector::SettingPane::isRevealed, m_pane.get(),
                      [&](bool isIt) { revealed += isIt ? QStringLiteral("show") : QStringLiteral("hide"); });
     button("Show").click();
     EXPECT_EQ(words(), QStringList{QStringLiteral("Planted Secret")});

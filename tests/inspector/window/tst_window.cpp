@@ -2,6 +2,8 @@
 #include "WindowTest.h"
 
 #include <Window/WindowState.h>
+#include <Window/editors/Passage.h>
+#include <Window/pane/SettingPane.h>
 #include <Window/transfer/ImportPanel.h>
 
 #include <QClipboard>
@@ -171,6 +173,44 @@ TEST_F(Windows, PersonalValueIsShownUntilAnotherLineIsTheCurrentOne)
     press(Qt::Key_Down);
     EXPECT_EQ(currentKey(), QStringLiteral("who"));
     EXPECT_EQ(currentValue(), QStringLiteral("personal, hidden"));
+}
+
+TEST_F(Windows, MenuAndPaneShowAPersonalValueTogether)
+{
+    m_other.set("who", "Grace");
+    open();
+    goTo("who");
+    auto const* const pane = m_window->findChild<Inspector::SettingPane*>();
+    auto const isInPane = [&] {
+        for (auto const* const passage : pane->findChildren<Inspector::Passage*>())
+            if (passage->isVisible() && passage->toPlainText() == QLatin1String("Grace"))
+                return true;
+        return false;
+    };
+    auto const isInMenu = [this] {
+        for (QAction const* const action : m_window->findChildren<QAction*>())
+            if (action->text() == QLatin1String("Show &personal value"))
+                return action->isChecked();
+        return false;
+    };
+    press(Qt::Key_R, Qt::ControlModifier);
+    EXPECT_TRUE(isInPane());
+    EXPECT_TRUE(isInMenu());
+    choose("Hide");
+    EXPECT_FALSE(isInPane());
+    EXPECT_FALSE(isInMenu());
+    EXPECT_EQ(currentValue(), QStringLiteral("personal, hidden"));
+    choose("Show");
+    EXPECT_TRUE(isInPane());
+    EXPECT_TRUE(isInMenu());
+    EXPECT_EQ(currentValue(), QStringLiteral("Grace"));
+    press(Qt::Key_R, Qt::ControlModifier);
+    EXPECT_FALSE(isInPane());
+    press(Qt::Key_R, Qt::ControlModifier);
+    press(Qt::Key_Up);
+    EXPECT_FALSE(isInMenu());
+    press(Qt::Key_Down);
+    EXPECT_FALSE(isInPane());
 }
 
 // --- What is kept ---

@@ -34,7 +34,7 @@ SettingPane::SettingPane(Place const& place, QWidget* parent)
     connect(m_value, &ValueBox::wantsToStore, this, &SettingPane::wantsToStore);
     connect(m_value, &ValueBox::wantsToCancel, this, &SettingPane::wantsToCancel);
     connect(m_value, &ValueBox::isDone, this, &SettingPane::isDone);
-    connect(m_value, &ValueBox::wantsToReveal, this, &SettingPane::wantsToReveal);
+    connect(m_value, &ValueBox::isRevealed, this, &SettingPane::isRevealed);
     connect(m_value, &ValueBox::draftsChanged, this, &SettingPane::draftsChanged);
     connect(m_value, &ValueBox::entryChanged, this, &SettingPane::showCommand);
     connect(m_copy, &QPushButton::clicked, this, [this] { QApplication::clipboard()->setText(m_wholeCommand); });
@@ -115,6 +115,8 @@ void SettingPane::show(std::shared_ptr<Setting const> const& setting)
 void SettingPane::allowChanges(bool isAllowed, QString const& reason) { m_value->allowChanges(isAllowed, reason); }
 
 void SettingPane::take(Answer const& answer) { m_value->take(answer); }
+
+void SettingPane::reveal(bool isRevealed) { m_value->reveal(isRevealed); }
 
 void SettingPane::edit()
 {

@@ -33,6 +33,8 @@ public:
     void allowChanges(bool isAllowed, QString const& reason = {});
     /// Takes the answer to the commit that `wantsToStore` has asked for.
     void take(Answer const& answer);
+    /// Whether the personal value of the shown setting is visible, until another setting is shown.
+    void reveal(bool isRevealed);
     /// Puts the focus into the editor.
     void edit();
     /// The ids of the settings with a draft, sorted.
@@ -45,8 +47,8 @@ Q_SIGNALS:
     void wantsToCancel();
     /// The focus is to go back to the list.
     void isDone();
-    /// Whether the personal value of the shown setting is to be visible.
-    void wantsToReveal(bool isRevealed);
+    /// The pane's own button has made the personal value of the shown setting visible, or hidden it.
+    void isRevealed(bool isVisible);
     /// `drafts` is another list.
     void draftsChanged();
 

@@ -88,7 +88,10 @@ ValueBox::ValueBox(QWidget* parent)
     m_patience.setSingleShot(true);
     connect(&m_patience, &QTimer::timeout, this, &ValueBox::showHelp);
     connect(m_cancel, &QPushButton::clicked, this, &ValueBox::wantsToCancel);
-    connect(m_show, &QPushButton::clicked, this, &ValueBox::reveal);
+    connect(m_show, &QPushButton::clicked, this, [this] {
+        reveal(!m_isRevealed);
+        Q_EMIT isRevealed(m_isRevealed);
+    });
     connect(m_unset, &QPushButton::clicked, this, [this] { commit(std::nullopt, m_setting); });
     connect(m_unknown, &QCheckBox::toggled, this, &ValueBox::reload);
     connect(m_answer, &AnswerBox::keeps, this, &ValueBox::keepTheirs);
@@ -277,10 +280,11 @@ void ValueBox::showHelp()
     m_cancel->setVisible(m_waiting && !m_patience.isActive());
 }
 
-void ValueBox::reveal()
+void ValueBox::reveal(bool isRevealed)
 {
-    m_isRevealed = !m_isRevealed;
-    Q_EMIT wantsToReveal(m_isRevealed);
+    if (!m_setting || isRevealed == m_isRevealed)
+        return;
+    m_isRevealed = isRevealed;
     reload();
 }
 

@@ -33,6 +33,7 @@ public:
     void show(std::shared_ptr<Setting const> const& setting);
     void allowChanges(bool isAllowed, QString const& reason);
     void take(Answer const& answer);
+    void reveal(bool isRevealed);
     std::vector<std::string> drafts() const;
     /// The command line that stores what is entered, or what is stored; nullopt where there is none.
     std::optional<QString> command(Place const& place) const;
@@ -41,7 +42,7 @@ Q_SIGNALS:
     void wantsToStore(Inspector::Commit const& commit);
     void wantsToCancel();
     void isDone();
-    void wantsToReveal(bool isRevealed);
+    void isRevealed(bool isVisible);
     void draftsChanged();
     /// `command` is another one.
     void entryChanged();
@@ -79,7 +80,6 @@ private:
     void showHelp();
     QStringList hints() const;
     QString conflictText(Draft const& met) const;
-    void reveal();
 
     void changeDraft();
     void drop(std::string const& id);
