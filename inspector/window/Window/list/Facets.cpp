@@ -5,6 +5,9 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScrollBar>
+
+#include <algorithm>
 
 namespace Inspector {
 
@@ -117,6 +120,30 @@ void Facets::setSearch(QString const& typed)
         chosen.setBold(words.contains(item->data(0, markRole).toString()));
         item->setFont(0, chosen);
     }
+}
+
+QSize Facets::minimumSizeHint() const
+{
+    QFont bold = font();
+    bold.setBold(true); // as what stands in the search is
+    int widest = 0;
+    for (int at = 0; at < topLevelItemCount(); ++at)
+        widest = std::max(widest, QFontMetrics(bold).horizontalAdvance(topLevelItem(at)->text(0)));
+    int const margins = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1);
+    int const counts = std::max(sizeHintForColumn(1), fontMetrics().horizontalAdvance(QStringLiteral("0000")) + margins);
+    return {widest + margins + counts + 2 * frameWidth() + verticalScrollBar()->sizeHint().width(),
+            QTreeWidget::minimumSizeHint().height()};
+}
+
+// The headings have their colour from the palette, and one for the dark may follow one for the day.
+void Facets::changeEvent(QEvent* event)
+{
+    QTreeWidget::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange)
+        return;
+    for (int at = 0; at < topLevelItemCount(); ++at)
+        if (topLevelItem(at)->flags() == Qt::NoItemFlags)
+            topLevelItem(at)->setForeground(0, palette().brush(QPalette::Active, QPalette::Text));
 }
 
 void Facets::keyPressEvent(QKeyEvent* event)

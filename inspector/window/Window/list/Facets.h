@@ -19,11 +19,15 @@ public:
     /// Makes bold what stands in the search.
     void setSearch(QString const& typed);
 
+    /// As wide as its texts.
+    QSize minimumSizeHint() const override;
+
 Q_SIGNALS:
     void searchChosen(QString const& text);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void choose(QTreeWidgetItem const* item);
