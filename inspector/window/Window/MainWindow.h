@@ -2,10 +2,8 @@
 #pragma once
 
 #include <Inspector/Desk.h>
-#include <Inspector/ItemsModel.h>
 #include <Inspector/Place.h>
 #include <Window/changes/Committer.h>
-#include <Window/list/CopyText.h>
 #include <Window/menu/Actions.h>
 
 #include <QElapsedTimer>
@@ -13,6 +11,7 @@
 #include <QTimer>
 
 #include <array>
+#include <functional>
 #include <string>
 
 class QLabel;
@@ -22,15 +21,19 @@ class QTabBar;
 
 namespace Inspector {
 
+class ChangesPage;
 class DetailPage;
 class Facets;
+class HealthPage;
 class ImportPanel;
 class ItemsView;
 class MessageBar;
 class SearchField;
 class SettingPane;
+class SettingsPage;
 class StatusLine;
 class Transfer;
+class Trouble;
 
 /// The window onto the stores of `place`. It opens read-only and asks nothing in windows of its own but for the names of files.
 class MainWindow : public QMainWindow {
@@ -58,18 +61,18 @@ protected:
 
 private:
     void makeParts();
+    void makePages();
     void layOut();
     void connectParts();
+    void connectPages();
     void connectActions();
-    void connectCopies();
+    void connectColumns();
     void connectCommits();
     void connectTransfer();
     void restoreState();
     void saveState() const;
 
     void take(std::shared_ptr<Snapshot const> const& snapshot);
-    void tellTrouble();
-    void tellTrouble(QString const& cause, StoreView const& store);
     void goToWanted();
 
     Page page() const;
@@ -82,36 +85,24 @@ private:
     void showCount();
     void speakCount();
     void showSetting();
-    void showDetails();
-    void showSteps();
+    void showActions();
     void showAge();
     void reveal(bool isRevealed);
 
     void openCurrent();
     void unset();
-    void putBack();
-    void step(History::Way way);
-    void copy(CopyForm form);
+    void lackBackup(QString const& text, std::function<void()> const& again);
     void explain();
     void about();
     void backToList();
-    void focusPart(int direction);
+    void goToPart(int direction);
     QString draftsText() const;
     void setPause();
-
-    std::shared_ptr<Setting const> current() const;
-    Lines<Setting> selected() const;
-    std::shared_ptr<Setting const> lineOf(int row) const;
 
     Place const m_place;
     Desk m_desk;
     Committer m_committer;
     std::shared_ptr<Snapshot const> m_snapshot;
-    Lines<Setting> m_lines; // that `m_settings` shows
-    SettingsModel m_settings;
-    ItemsModel m_locations{locationHeadings()};
-    ItemsModel m_findings{findingHeadings()};
-    ItemsModel m_changes{changeHeadings()};
 
     Actions m_actions{*this};
     QTabBar* m_tabs;
@@ -121,11 +112,15 @@ private:
     MessageBar* m_messages;
     QStackedWidget* m_stack;
     QSplitter* m_parts;
+    SettingsPage* m_settings;
+    DetailPage* m_locations;
+    HealthPage* m_health;
+    ChangesPage* m_changes;
     std::array<ItemsView*, pageCount> m_views;
-    std::array<DetailPage*, pageCount> m_details{}; // of all pages but that of settings
     SettingPane* m_pane;
     ImportPanel* m_import;
     StatusLine* m_status;
+    Trouble* m_trouble;
     Transfer* m_transfer;
     QTimer m_toSpeak;
     QTimer m_toAge;
@@ -133,7 +128,6 @@ private:
     QElapsedTimer m_busy; // since a store is
 
     std::string m_wantedKey;
-    std::string m_revealed;
     std::string m_shown; // the id of the setting in the pane
     int m_ofPane = 0;    // the number of its last commit
     bool m_mayClose = false;

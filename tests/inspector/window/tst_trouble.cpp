@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "WindowTest.h"
 
+#include <Window/editors/Passage.h>
+#include <Window/pane/SettingPane.h>
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -138,6 +141,31 @@ TEST_F(Trouble, ChangeThatWaitsIsCancelled)
     EXPECT_TRUE(comes([this] { return messages() == QLatin1String("cancelled; nothing was changed"); })) << messages().toStdString();
     program.execute("ROLLBACK");
     EXPECT_EQ(stored("exportPath"), "/films");
+}
+
+TEST_F(Trouble, EntryThatWaitsIsCancelledInThePane)
+{
+    m_other.set("lastTarget", "tv");
+    openChanging();
+    goTo("lastTarget");
+    OtherProgram program(m_productFile);
+    program.execute("PRAGMA busy_timeout = 60000; BEGIN EXCLUSIVE"); // the desk reads now and then
+    press(Qt::Key_Return);
+    type("s");
+    press(Qt::Key_Return);
+    auto const* const pane = m_window->findChild<Inspector::SettingPane*>();
+    auto const says = [&](char const* text) {
+        for (auto const* const passage : pane->findChildren<Inspector::Passage*>())
+            if (passage->isVisible() && passage->toPlainText().contains(QLatin1String(text)))
+                return true;
+        return false;
+    };
+    ASSERT_TRUE(comes([&] { return says("waiting for another process"); }));
+    EXPECT_EQ(messages(), QString()) << "the pane offers it";
+    choose("Cancel");
+    EXPECT_TRUE(comes([&] { return says("cancelled; nothing was changed"); }));
+    program.execute("ROLLBACK");
+    EXPECT_EQ(stored("lastTarget"), "tv");
 }
 
 } // namespace

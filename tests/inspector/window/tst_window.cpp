@@ -9,6 +9,7 @@
 #include <QClipboard>
 #include <QFile>
 #include <QFileDialog>
+#include <QMimeData>
 #include <QScrollBar>
 
 namespace {
@@ -207,6 +208,7 @@ TEST_F(Windows, MenuAndPaneShowAPersonalValueTogether)
     press(Qt::Key_R, Qt::ControlModifier);
     EXPECT_FALSE(isInPane());
     press(Qt::Key_R, Qt::ControlModifier);
+    settings().setFocus();
     press(Qt::Key_Up);
     EXPECT_FALSE(isInMenu());
     press(Qt::Key_Down);
@@ -308,6 +310,78 @@ TEST_F(Windows, ExportAndImportGoThroughFileNamesAndAComparison)
     ASSERT_TRUE(comes([this] { return m_window->isActiveWindow() && QApplication::focusWidget(); }));
     press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_TRUE(comesToBeStored("exportPath", "/other"));
+}
+
+TEST_F(Windows, DroppedDocumentIsCompared)
+{
+    m_other.set("exportPath", "/other");
+    open();
+    std::string const document = m_home.write("kept.json", R"({"format": "editor-settings export", "version": 1,
+        "made": "2026-01-01T00:00:00.000Z", "product": "P", "stores": {"product": {}, "common": {}}})");
+    auto const drop = [this](std::string const& file) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file))});
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        enter.ignore();
+        QApplication::sendEvent(m_window.get(), &enter);
+        QDropEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        if (enter.isAccepted())
+            QApplication::sendEvent(m_window.get(), &event);
+        return enter.isAccepted();
+    };
+    EXPECT_FALSE(drop(m_home.write("kept.txt", "")));
+    EXPECT_TRUE(drop(document));
+    auto const* const panel = m_window->findChild<Inspector::ImportPanel*>();
+    EXPECT_TRUE(comes([&] { return panel->isVisible(); })) << messages().toStdString();
+}
+
+TEST_F(Windows, ClosingWithADraftAsksAboveTheList)
+{
+    m_other.set("lastTarget", "tv");
+    openChanging();
+    goTo("lastTarget");
+    press(Qt::Key_Return);
+    type("s");
+    m_window->close();
+    EXPECT_TRUE(m_window->isVisible());
+    EXPECT_EQ(messages(), QStringLiteral("What was entered for 1 settings is not stored: lastTarget"));
+    choose("Keep editing");
+    EXPECT_TRUE(m_window->isVisible());
+    EXPECT_EQ(messages(), QString());
+    m_window->close();
+    choose("Discard drafts and close");
+    EXPECT_FALSE(m_window->isVisible());
+    EXPECT_EQ(stored("lastTarget"), "tv");
+}
+
+TEST_F(Windows, ChangeThatFoundNoBackupIsStoredOnceThatIsAllowed)
+{
+    m_place.backupFolder = m_home.write("a-file", "") / "backups";
+    m_other.set("exportPath", "/films");
+    openChanging();
+    goTo("exportPath");
+    press(Qt::Key_Delete);
+    ASSERT_TRUE(comes([this] { return messages().startsWith(QLatin1String("Nothing was stored, as no backup can be made: ")); }));
+    EXPECT_EQ(stored("exportPath"), "/films");
+    choose("Store without backups from now on");
+    EXPECT_TRUE(comesToBeStored("exportPath", "(unset)"));
+}
+
+TEST_F(Windows, EntryThatFoundNoBackupIsStoredOnceThatIsAllowed)
+{
+    m_place.backupFolder = m_home.write("a-file", "") / "backups";
+    m_other.set("lastTarget", "tv");
+    openChanging();
+    goTo("lastTarget");
+    press(Qt::Key_Return);
+    press(Qt::Key_A, Qt::ControlModifier);
+    type("phone");
+    press(Qt::Key_Return);
+    ASSERT_TRUE(comes([this] { return !messages().isEmpty(); }));
+    goTo("exportPath");
+    choose("Store without backups from now on");
+    EXPECT_TRUE(comesToBeStored("lastTarget", "phone"));
+    EXPECT_TRUE(comes([this] { return m_window->findChild<Inspector::SettingPane*>()->drafts().empty(); }));
 }
 
 TEST_F(Windows, BackupBeforeTheFirstChangeIsTold)

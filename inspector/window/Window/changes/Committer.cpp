@@ -42,24 +42,32 @@ Committer::Committer(Desk& desk, QObject* parent) : QObject(parent), m_desk(desk
     connect(&desk, &Desk::answered, this, &Committer::take);
 }
 
-int Committer::commit(Commit const& commit, std::function<void(Answer const&)> const& whoAsked)
+int Committer::commit(Commit const& commit, std::function<void(Answer const&)> const& whoAsked, std::function<void()> const& again)
 {
-    return send(commit, Way::edit, whoAsked);
+    return send({commit, whoAsked, Way::edit, again});
 }
 
 void Committer::step(Way way)
 {
     if (std::optional<Step> const next = m_history.next(way))
-        send(*next, way, {});
+        send({*next, {}, way});
 }
 
-int Committer::send(Commit const& commit, Way way, std::function<void(Answer const&)> const& whoAsked)
+int Committer::send(Sent const& sent)
 {
-    int const number = m_desk.commit(commit);
-    m_history.sent(number, way);
-    m_sent[number] = {commit, whoAsked};
+    int const number = m_desk.commit(sent.commit);
+    m_history.sent(number, sent.way);
+    m_sent[number] = sent;
     Q_EMIT stepsChanged();
     return number;
+}
+
+// A step is taken from the history again, as another one may be the next by then.
+std::function<void()> Committer::nextTry(Sent const& sent)
+{
+    if (sent.way != Way::edit)
+        return [this, way = sent.way] { step(way); };
+    return sent.again ? sent.again : [this, sent] { send(sent); };
 }
 
 void Committer::take(Answer const& answer)
@@ -72,7 +80,7 @@ void Committer::take(Answer const& answer)
     if (!answer.backups.empty())
         Q_EMIT madeBackups(answer.backups);
     if (answer.outcome == Outcome::noBackup)
-        Q_EMIT lacksBackup(answer.whyNot());
+        Q_EMIT lacksBackup(answer.whyNot(), nextTry(sent.mapped()));
     if (sent.mapped().whoAsked)
         return sent.mapped().whoAsked(answer);
     if (QString const text = answer.whyNot(); !text.isEmpty() && answer.outcome != Outcome::noBackup)

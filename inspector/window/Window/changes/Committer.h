@@ -20,9 +20,9 @@ public:
 
     Committer(Desk& desk, QObject* parent);
 
-    /// Stores it as a new step. The answer goes to `whoAsked`, or to `refused` where nobody is named. Returns
-    /// the number for `Desk::cancel`.
-    int commit(Commit const& commit, std::function<void(Answer const&)> const& whoAsked = {});
+    /// Stores it as a new step. The answer goes to `whoAsked`, or to `refused` where nobody is named. `again` is how whoever asked
+    /// tries once more; without it the same is sent. Returns the number for `Desk::cancel`.
+    int commit(Commit const& commit, std::function<void(Answer const&)> const& whoAsked = {}, std::function<void()> const& again = {});
     /// Gives the answer of that number, to a request that is no commit, to `whoAsked`.
     void expect(int number, std::function<void(Answer const&)> const& whoAsked) { m_sent[number] = {{}, whoAsked}; }
     /// Goes one step back, or forth again, where there is one.
@@ -37,8 +37,8 @@ Q_SIGNALS:
     void stepsChanged();
     /// Not all was stored; `text` tells why.
     void refused(QString const& text);
-    /// Nothing was stored, as no backup could be made; `text` tells why.
-    void lacksBackup(QString const& text);
+    /// Nothing was stored, as no backup could be made; `text` tells why. `again` tries the same once more.
+    void lacksBackup(QString const& text, std::function<void()> const& again);
     /// These backups were made before the first change.
     void madeBackups(std::vector<std::filesystem::path> const& files);
 
@@ -46,10 +46,13 @@ private:
     struct Sent {
         Commit commit;
         std::function<void(Answer const&)> whoAsked;
+        Way way = Way::edit;
+        std::function<void()> again{};
     };
 
-    int send(Commit const& commit, Way way, std::function<void(Answer const&)> const& whoAsked);
+    int send(Sent const& sent);
     void take(Answer const& answer);
+    std::function<void()> nextTry(Sent const& sent);
 
     Desk& m_desk;
     History m_history;

@@ -18,7 +18,7 @@ std::string idOf(QModelIndex const& index) { return index.data(ItemsModel::idRol
 
 class ItemsView::Painter : public QStyledItemDelegate {
 public:
-    explicit Painter(ItemsView& view) : QStyledItemDelegate(&view), m_view(view) {}
+    using QStyledItemDelegate::QStyledItemDelegate;
 
     // Keys, paths and values read from left to right also in a window that does not.
     void initStyleOption(QStyleOptionViewItem* option, QModelIndex const& index) const override
@@ -26,19 +26,13 @@ public:
         QStyledItemDelegate::initStyleOption(option, index);
         if (option->direction == Qt::RightToLeft)
             option->text = QChar(0x2066) + option->text + QChar(0x2069);
-        std::vector<std::string> const& drafts = m_view.m_drafts;
-        if (index.column() == 0 && !drafts.empty() && std::binary_search(drafts.begin(), drafts.end(), idOf(index)))
-            option->text = tr("%1 (draft)").arg(option->text);
     }
-
-private:
-    ItemsView const& m_view;
 };
 
 ItemsView::ItemsView(ItemsModel& model, QString const& name, QWidget* parent) : QTreeView(parent), m_model(model), m_proxy(model)
 {
     setAccessibleName(name);
-    setItemDelegate(new Painter(*this));
+    setItemDelegate(new Painter(this));
     setModel(&m_proxy);
     setRootIsDecorated(false);
     setItemsExpandable(false);
@@ -90,12 +84,6 @@ QString ItemsView::selectedText() const
     for (int const row : selectedRows())
         lines += m_model.item(row).cells.join(QLatin1Char('\t'));
     return lines.join(QLatin1Char('\n'));
-}
-
-void ItemsView::setDrafts(std::vector<std::string> const& ids)
-{
-    m_drafts = ids;
-    viewport()->update();
 }
 
 bool ItemsView::setCurrent(std::string const& id)

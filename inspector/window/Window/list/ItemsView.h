@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <Inspector/SearchProxy.h>
+#include <Window/list/MarkedProxy.h>
 
 #include <QTreeView>
 
@@ -34,7 +34,9 @@ public:
     /// Makes it the current line, also where the search does not find it. Returns false where there is no such line.
     bool setCurrent(std::string const& id);
     /// Marks the lines with these ids, which are sorted, as ones with a draft.
-    void setDrafts(std::vector<std::string> const& ids);
+    void setDrafts(std::vector<std::string> const& ids) { m_proxy.setDrafts(ids); }
+    /// Marks the lines of these keys as ones in trouble, of which the words tell.
+    void setTrouble(std::map<std::string, QString> const& words) { m_proxy.setTrouble(words); }
 
 Q_SIGNALS:
     /// Another line is the current one, or there is none.
@@ -61,11 +63,10 @@ private:
     void restoreLines();
 
     ItemsModel const& m_model;
-    SearchProxy m_proxy;
+    MarkedProxy m_proxy;
     QString m_search;
     std::string m_wanted; // the id of the current line, or of the one before a search that does not find it
     bool m_isSearching = false;
-    std::vector<std::string> m_drafts;
     std::string m_top;                   // the id of the first visible line while lines come and go
     std::vector<std::string> m_selected; // while the proxy is reset
 };

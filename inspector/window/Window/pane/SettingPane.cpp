@@ -118,6 +118,8 @@ void SettingPane::take(Answer const& answer) { m_value->take(answer); }
 
 void SettingPane::reveal(bool isRevealed) { m_value->reveal(isRevealed); }
 
+void SettingPane::storeAgain() { m_value->storeAgain(); }
+
 void SettingPane::edit()
 {
     if (!m_setting)

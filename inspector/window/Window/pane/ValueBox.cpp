@@ -371,6 +371,7 @@ void ValueBox::commit(Value const& value, std::shared_ptr<Setting const> const& 
 {
     if (m_waiting)
         return;
+    m_unsaved.reset();
     m_waiting = {seen, value};
     m_patience.start(patience);
     Q_EMIT wantsToStore(commitOf(seen, value));
@@ -382,6 +383,8 @@ void ValueBox::take(Answer const& answer)
         return;
     Wish const wish = *std::exchange(m_waiting, std::nullopt);
     m_patience.stop();
+    if (answer.outcome == Outcome::noBackup)
+        m_unsaved = wish;
     bool const isShown = m_setting && m_setting->id == wish.seen->id;
     if (answer.outcome == Outcome::stored || answer.outcome == Outcome::unchanged) {
         drop(wish.seen->id);
@@ -405,6 +408,12 @@ void ValueBox::keepTheirs()
 {
     if (!m_waiting)
         leave();
+}
+
+void ValueBox::storeAgain()
+{
+    if (std::optional<Wish> const wish = m_unsaved)
+        commit(wish->value, wish->seen);
 }
 
 void ValueBox::storeMine()

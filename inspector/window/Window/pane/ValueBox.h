@@ -34,6 +34,7 @@ public:
     void allowChanges(bool isAllowed, QString const& reason);
     void take(Answer const& answer);
     void reveal(bool isRevealed);
+    void storeAgain();
     std::vector<std::string> drafts() const;
     /// The command line that stores what is entered, or what is stored; nullopt where there is none.
     std::optional<QString> command(Place const& place) const;
@@ -95,6 +96,7 @@ private:
     std::shared_ptr<Setting const> m_seen; // as the editor was opened over it
     std::map<std::string, Draft> m_drafts; // by the id of their setting
     std::optional<Wish> m_waiting;
+    std::optional<Wish> m_unsaved; // as no backup could be made
     QTimer m_patience;
     QString m_reason; // why changes are not allowed
     bool m_isAllowed = false;
