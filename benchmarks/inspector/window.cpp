@@ -262,7 +262,7 @@ struct Typed {
 
 // Of 10,000 keys, each third of which has the value "third", beside the editor's preferences.
 constexpr Typed searches[] = {{"key0", 1},       {"key99", 111},        {"key999", 11}, {"third", 3334},        {"other", 6666},
-                              {"7 other", 2289}, {"key 7 third", 1150}, {"nowhere", 0}, {"@undeclared", 10000}, {"@unset", 55},
+                              {"7 other", 2289}, {"key 7 third", 1150}, {"nowhere", 0}, {"@undeclared", 10001}, {"@unset", 52},
                               {"key1 9", 291},   {"5 5", 3439}};
 
 Milliseconds search(Window& window, Typed const& typed)
