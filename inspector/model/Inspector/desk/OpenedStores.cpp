@@ -252,7 +252,10 @@ Line<Setting> const* OpenedStores::lineThatHolds(Store store, Row const& row) co
     static unsigned const changed = Search::bitsOf({QStringLiteral("@changed")});
     static unsigned const troubled = Search::bitsOf({QStringLiteral("@trouble")});
     Line<Setting> const* const earlier = find(m_snapshot->settings, settingId(row.key, store));
-    if (!earlier || (*earlier)->state != Inspection::State::undeclared || !((*earlier)->rows.front() == row))
+    if (!earlier || (*earlier)->state != Inspection::State::undeclared)
+        return nullptr;
+    std::vector<Row> const& rows = (*earlier)->rows;
+    if (rows.size() != 1 || !(rows.front() == row))
         return nullptr;
     unsigned const marks = (m_changed.count((*earlier)->id) > 0 ? changed : 0) | (m_troubled.count(row.key) > 0 ? troubled : 0);
     return ((*earlier)->marks & (changed | troubled)) == marks ? earlier : nullptr;
@@ -316,6 +319,9 @@ Lines<Setting> OpenedStores::settings() const
     return sorted(std::move(result), m_snapshot->settings);
 }
 
+// Whether its lines may be of an earlier product file.
+bool OpenedStores::isUnread(Side const& side) { return side.view.state == StoreState::unusable; }
+
 // Whether all that is opened could be read.
 bool OpenedStores::readSettings()
 try {
@@ -329,7 +335,7 @@ try {
     next->common = m_sides[1].view;
     m_snapshot = std::move(next);
     m_isDirty = m_isExamined = false;
-    m_isDeclaredAsBefore = true;
+    m_isDeclaredAsBefore = m_isDeclaredAsBefore || std::none_of(m_sides.begin(), m_sides.end(), isUnread);
     m_folders.renew();
     return true;
 } catch (StorageError const&) {

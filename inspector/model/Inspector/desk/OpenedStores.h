@@ -99,6 +99,7 @@ private:
     bool isChanged(Side const& side) const;
     void note(Storage::StoreWatcher::Difference const& difference, Catalogue::Store store);
     void readStudio();
+    static bool isUnread(Side const& side);
     bool readSettings();
     void readAll();
     std::shared_ptr<Setting const> const* lineThatHolds(Catalogue::Store store, Row const& row) const;
@@ -135,7 +136,7 @@ private:
     std::string m_productError = {}; // why there is no application
     std::shared_ptr<Snapshot const> m_snapshot = std::make_shared<Snapshot>();
     bool m_isDirty = true;             // the settings are to be read
-    bool m_isDeclaredAsBefore = false; // the product file is that of the last read
+    bool m_isDeclaredAsBefore = false; // all lines are of the product file that was read last
     Clock::time_point m_lastRead = {};
     Clock::time_point m_lastExamined = {};
     bool m_isExamined = false;        // locations and findings are of those settings
