@@ -116,12 +116,14 @@ constexpr Subject subjects[] = {
     {"memory with 10000 undeclared keys", "memory", true, 0, 0},
     {"search painted, among 10000", "searches", true, 20, 1},
     {"change of another process painted", "changes", false, 1000, 5},
+    {"change of another process painted, among 10000", "changes", true, 200, 2},
     {"a second at rest", "rest", false, 30, 1},
     {"gap while the store is held", "held", false, 8, 1},
     {"gap while 10000 keys are stored", "import", false, undeclared, undeclared},
     {"gap while a full store is examined", "doctor", true, 3, 1},
     {"gap while a folder does not answer", "dead", false, 8, 3},
     {"gap while the store is replaced", "replaced", false, 0, 0},
+    {"gap while a full store is replaced", "replaced", true, 0, 0},
 };
 
 void measure(benchmark::State& state, Subject const& subject)

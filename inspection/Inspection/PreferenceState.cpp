@@ -56,8 +56,9 @@ struct Member {
 std::optional<Member> memberOfAFamily(std::string const& key)
 {
     for (auto const& [prefix, family] : families())
-        if (std::string const name = key.substr(std::min(prefix.size(), key.size())); absl::StartsWith(key, prefix) && isUtf8(name))
-            return Member{family, QString::fromStdString(name)};
+        if (absl::StartsWith(key, prefix))
+            if (std::string const name = key.substr(prefix.size()); isUtf8(name))
+                return Member{family, QString::fromStdString(name)};
     return std::nullopt;
 }
 
@@ -327,7 +328,8 @@ std::optional<PreferenceState> stateBehind(Host::Application const& application,
 
 } // namespace
 
-std::vector<PreferenceState> preferenceStates(Host::Application const& application)
+std::vector<PreferenceState> preferenceStates(Host::Application const& application,
+                                              std::function<bool(Store, std::vector<LayeredRow> const&)> const& isLeftOut)
 {
     std::vector<PreferenceState> states;
     for (Preference const& row : Catalogue::preferences())
@@ -338,7 +340,8 @@ std::vector<PreferenceState> preferenceStates(Host::Application const& applicati
             states.push_back(stateOf(application, {&declared, declared.key, OwnKeys::Part::whole}));
     for (Store const store : {Store::product, Store::common})
         for (std::vector<LayeredRow> const& stored : allStoredLayers(application, store))
-            if (std::optional<PreferenceState> state = stateBehind(application, store, stored);
+            if (std::optional<PreferenceState> state =
+                    isLeftOut && isLeftOut(store, stored) ? std::nullopt : stateBehind(application, store, stored);
                 state && (state->isUndeclared() || !ownKeys().find(state->key) || own.insert(state->key).second))
                 states.push_back(*std::move(state));
     std::stable_sort(states.begin(), states.end(),

@@ -62,8 +62,10 @@ struct PreferenceState {
 /// What is known of `key`; nullopt for a key that the library never asks for, that is not declared, and that neither store holds,
 /// and for half of a declared rational. An undeclared key that both stores hold is looked at in the product's.
 std::optional<PreferenceState> preferenceState(Host::Application const& application, std::string const& key);
-/// All preferences and declared keys, and whatever else is stored, sorted by key.
-std::vector<PreferenceState> preferenceStates(Host::Application const& application);
+/// All preferences and declared keys, and whatever else is stored, sorted by key. What is stored is passed to `isLeftOut` first, for a
+/// caller that knows some undeclared keys already.
+std::vector<PreferenceState> preferenceStates(Host::Application const& application,
+                                              std::function<bool(Catalogue::Store, std::vector<LayeredRow> const&)> const& isLeftOut = {});
 
 /// The changes with which `value`, of the type of the preference, is stored: of a rational both halves. Makes none of them. The
 /// preference must have `write`, and a store that is opened.

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <chrono>
 #include <map>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -24,13 +25,19 @@ using Rows = std::vector<SqliteStorage::Row>;
 // A look that waits for longer would keep its thread from ending.
 constexpr std::chrono::milliseconds longestWait{50};
 
-bool isSame(std::optional<SqliteStorage::Row> const& before, std::optional<SqliteStorage::Row> const& after)
+using Row = SqliteStorage::Row;
+
+bool isSame(Row const* before, Row const* after)
 {
     if (!before || !after)
         return false;
     bool const isReadable = !std::holds_alternative<std::monostate>(after->value);
     return before->kind == after->kind && before->value == after->value && (isReadable || before->changed == after->changed);
 }
+
+Row const* pointer(std::optional<Row> const& row) { return row ? &*row : nullptr; }
+
+std::optional<Row> copied(Row const* row) { return row ? std::optional(*row) : std::nullopt; }
 
 fs::path madeAbsolute(fs::path const& file)
 {
@@ -48,7 +55,7 @@ StorageError busyError(fs::path const& file)
 
 std::optional<RowDifference> rowDifference(std::optional<SqliteStorage::Row> before, std::optional<SqliteStorage::Row> after)
 {
-    if ((!before && !after) || isSame(before, after))
+    if ((!before && !after) || isSame(pointer(before), pointer(after)))
         return std::nullopt;
     std::string const key = (before ? before : after)->key;
     return RowDifference{key, std::move(before), std::move(after)};
@@ -56,15 +63,15 @@ std::optional<RowDifference> rowDifference(std::optional<SqliteStorage::Row> bef
 
 std::vector<RowDifference> rowDifferences(Rows const& before, Rows const& after)
 {
-    std::map<std::string, RowDifference> byKey;
+    std::map<std::string_view, std::pair<Row const*, Row const*>> byKey; // rows are copied only where they differ
     for (SqliteStorage::Row const& row : before)
-        byKey[row.key].before = row;
+        byKey.try_emplace(byKey.end(), row.key)->second.first = &row;
     for (SqliteStorage::Row const& row : after)
-        byKey[row.key].after = row;
+        byKey[row.key].second = &row;
     std::vector<RowDifference> changes;
-    for (auto& [key, change] : byKey)
-        if (std::optional<RowDifference> difference = rowDifference(std::move(change.before), std::move(change.after)))
-            changes.push_back(*std::move(difference));
+    for (auto const& [key, rows] : byKey)
+        if (!isSame(rows.first, rows.second))
+            changes.push_back({std::string(key), copied(rows.first), copied(rows.second)});
     return changes;
 }
 

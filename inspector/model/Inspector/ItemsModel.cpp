@@ -42,11 +42,11 @@ QVariant ItemsModel::data(QModelIndex const& index, int role) const
     case Qt::DisplayRole:
         return line.cells[index.column()];
     case Qt::AccessibleTextRole:
-        return line.spoken;
+        return line.spokenLine();
     case idRole:
         return QByteArray::fromStdString(line.id);
     case searchRole:
-        return line.searchText;
+        return line.searchedText();
     default:
         return {};
     }

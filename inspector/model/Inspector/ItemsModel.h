@@ -19,7 +19,7 @@ class ItemsModel : public QAbstractTableModel {
 public:
     enum Role {
         idRole = Qt::UserRole, ///< `Item::id`, a QByteArray.
-        searchRole,            ///< `Item::searchText`.
+        searchRole,            ///< `Item::searchedText`.
     };
 
     explicit ItemsModel(QStringList const& headings, QObject* parent = nullptr) : QAbstractTableModel(parent), m_headings(headings) {}

@@ -8,14 +8,14 @@ SearchProxy::SearchProxy(ItemsModel& source, QObject* parent) : QSortFilterProxy
 bool SearchProxy::filterAcceptsRow(int row, QModelIndex const&) const
 {
     Item const& line = m_source.item(row);
-    return m_search.accepts(line.searchText) || (!m_kept.empty() && line.id == m_kept);
+    return m_search.accepts(line) || (!m_kept.empty() && line.id == m_kept);
 }
 
 int SearchProxy::linesThatChange(Search const& search) const
 {
     int count = 0;
     for (int row = 0; row < m_source.rowCount(); ++row)
-        count += search.accepts(m_source.item(row).searchText) != filterAcceptsRow(row, {});
+        count += search.accepts(m_source.item(row)) != filterAcceptsRow(row, {});
     return count;
 }
 

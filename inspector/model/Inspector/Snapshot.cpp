@@ -60,7 +60,18 @@ bool isPersonal(std::string const& key) { return Inspection::classOf(key) == Cat
 
 std::string settingId(std::string const& key, Catalogue::Store store) { return absl::StrCat(key, std::string(1, '\0'), name(store)); }
 
-QString Setting::spokenWithValue() const { return spokenLine({cells[keyColumn], shownValue, cells[stateColumn]}); }
+QString Item::spokenLine() const
+{
+    if (!spoken.isEmpty())
+        return spoken;
+    QStringList parts = cells;
+    parts.removeAll({});
+    return Inspector::spokenLine(parts);
+}
+
+QString Item::searchedText() const { return searchText.isEmpty() ? Search::textOf(cells, {}) : searchText; }
+
+QString Setting::spokenWithValue() const { return Inspector::spokenLine({cells[keyColumn], shownValue, cells[stateColumn]}); }
 
 namespace {
 
@@ -77,8 +88,9 @@ void addTexts(Setting& setting, Inspection::PreferenceState const& state, Marks 
                                 shown(onOneLine(setting.about.purpose)),
                                 marks.hasStudio && setting.state ? shown(Inspection::layerName(state.layer())) : QString()};
     setting.spoken = spokenLine({setting.cells[Setting::keyColumn], value, setting.cells[Setting::stateColumn]});
-    setting.searchText =
-        Search::textOf({setting.cells[Setting::keyColumn], value, setting.cells[Setting::purposeColumn]}, marksOf(setting, marks));
+    QStringList const all = marksOf(setting, marks);
+    setting.searchText = Search::textOf({setting.cells[Setting::keyColumn], value, setting.cells[Setting::purposeColumn]}, all);
+    setting.marks = Search::bitsOf(all);
 }
 
 } // namespace
@@ -134,15 +146,6 @@ bool operator==(StudioView const& one, StudioView const& other)
 
 namespace {
 
-// A line without more than its cells, which are all spoken and searched.
-void complete(Item& item)
-{
-    QStringList spoken = item.cells;
-    spoken.removeAll({});
-    item.spoken = spokenLine(spoken);
-    item.searchText = Search::textOf(item.cells, {});
-}
-
 // A check of a folder names its setting, if it is one, before a colon.
 std::string keyOf(Inspection::Finding const& found)
 {
@@ -155,6 +158,9 @@ bool showsValue(Inspection::Check check)
 {
     return check == Inspection::Check::folder || check == Inspection::Check::numberEdge || check == Inspection::Check::unusableValue;
 }
+
+// Whether no text may be shown as it is.
+bool isAboutHidden(Inspection::Finding const& found, std::string const& key) { return showsValue(found.check) && isPersonal(key); }
 
 std::string whereOf(Inspection::Finding const& found, std::string const& key)
 {
@@ -175,8 +181,16 @@ Location locationOf(Inspection::LocationState const& state, Inspection::PathStat
     location.isUsable = status.isUsable;
     for (Inspection::Decision const& decision : decisions)
         location.decidedBy.push_back(text(decision));
-    complete(location);
     return location;
+}
+
+std::string findingId(Inspection::Finding const& found)
+{
+    std::string const key = keyOf(found);
+    std::string const rank = absl::StrCat(9 - static_cast<int>(found.severity), absl::Dec(static_cast<int>(found.check), absl::kZeroPad3));
+    if (isAboutHidden(found, key))
+        return rank + key;
+    return absl::StrCat(rank, found.store ? name(*found.store) : "", " ", key, " ", found.path, " ", found.what);
 }
 
 Finding findingOf(Inspection::Finding const& found)
@@ -184,18 +198,15 @@ Finding findingOf(Inspection::Finding const& found)
     Finding finding;
     finding.found = found;
     finding.key = keyOf(found);
-    finding.id = absl::StrCat(9 - static_cast<int>(found.severity), absl::Dec(static_cast<int>(found.check), absl::kZeroPad3),
-                              found.store ? name(*found.store) : "", " ", finding.key, " ", found.path, " ", found.what);
+    finding.id = findingId(found);
     std::string what = found.what;
     std::string remedy = found.remedy;
-    if (isPersonal(finding.key) && showsValue(found.check)) {
-        finding.id = absl::StrCat(finding.id.substr(0, 4), finding.key);
+    if (isAboutHidden(found, finding.key)) {
         what = hiddenText;
         remedy.clear();
     }
     finding.cells = QStringList{shown(severityName(found.severity)), shown(whereOf(found, finding.key)),
                                 shown(Inspection::withoutControls(what)), shown(Inspection::withoutControls(remedy))};
-    complete(finding);
     return finding;
 }
 
@@ -217,7 +228,6 @@ Change changeOf(Inspection::Difference const& row, bool byThisWindow, std::size_
                                shown(onOneLine(key)),
                                value(before),
                                value(after)};
-    complete(change);
     return change;
 }
 

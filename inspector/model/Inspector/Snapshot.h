@@ -29,8 +29,14 @@ inline constexpr char const* hiddenText = "personal, hidden";
 struct Item {
     std::string id = {};     ///< Differs from that of every other line; lines are sorted by its bytes.
     QStringList cells = {};  ///< A text for each column.
-    QString spoken = {};     ///< The whole line, for a screen reader.
-    QString searchText = {}; ///< As `Search` asks for it.
+    QString spoken = {};     ///< The whole line, for a screen reader; empty where it is that of the cells.
+    QString searchText = {}; ///< As `Search` asks for it; empty where it is that of the cells. With its marks.
+    unsigned marks = 0;      ///< A bit for each mark, as `Search::bitsOf` has them.
+
+    /// The whole line, for a screen reader.
+    QString spokenLine() const;
+    /// The text that is searched.
+    QString searchedText() const;
 };
 
 /// A preference, a declared key, or whatever else is stored.
@@ -90,6 +96,8 @@ struct Finding : Item {
 };
 
 Finding findingOf(Inspection::Finding const& found);
+/// The id of its line.
+std::string findingId(Inspection::Finding const& found);
 
 /// A change of a row. Columns: time, who, store, key, before, after.
 struct Change : Item {

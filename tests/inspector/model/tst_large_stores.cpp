@@ -59,4 +59,50 @@ TEST_F(Large, StoreIsShownAndFollowed)
     EXPECT_EQ(changed, 5) << "one line each";
 }
 
+// What is examined once more is found to be as it was, too.
+TEST_F(Large, ChangeOfOneKeyMakesOneLine)
+{
+    fill(2000);
+    start();
+    ASSERT_TRUE(comesToBeExamined());
+    ASSERT_TRUE(comes([this] { return m_snapshot->findings.size() >= 2000; }));
+    std::shared_ptr<Snapshot const> const earlier = m_snapshot;
+    m_other.set("key01000", "one");
+    ASSERT_TRUE(comesToShow("key01000", "one"));
+    m_desk->lookAgain();
+    m_other.set("key01001", "two");
+    ASSERT_TRUE(comesToShow("key01001", "two"));
+    ASSERT_EQ(m_snapshot->settings.size(), earlier->settings.size());
+    std::vector<std::string> made;
+    for (std::size_t row = 0; row < earlier->settings.size(); ++row)
+        if (m_snapshot->settings[row] != earlier->settings[row])
+            made.push_back(m_snapshot->settings[row]->key);
+    EXPECT_EQ(made, (std::vector<std::string>{"key01000", "key01001"}));
+    EXPECT_EQ(m_snapshot->findings, earlier->findings);
+}
+
+TEST_F(Large, KeyThatIsDeclaredLaterIsNoUndeclaredOne)
+{
+    fill(2);
+    start();
+    EXPECT_EQ(cell("key00001", Setting::stateColumn), "undeclared");
+    m_home.write("product.json", R"({"vendorName": "V", "productName": "P", "sharedDataFolderName": "S", "productKind": 0,
+        "projectFileExtensions": [], "resourcesRoot": "r", "ownKeys": [
+        {"key": "key00001", "kind": "int", "store": "product", "class": "local", "purpose": "the second", "default": 7}]})");
+    m_desk->lookAgain();
+    EXPECT_TRUE(comesToShow("key00001", "set", Setting::stateColumn));
+    EXPECT_EQ(cell("key00000", Setting::stateColumn), "undeclared");
+}
+
+TEST_F(Large, SnapshotEndsSoonAfterNobodyHasIt)
+{
+    fill(2);
+    start();
+    ASSERT_TRUE(comesToBeExamined());
+    std::weak_ptr<Snapshot const> const earlier = m_snapshot;
+    m_other.set("key00001", "one");
+    ASSERT_TRUE(comesToShow("key00001", "one"));
+    EXPECT_TRUE(comes([&] { return earlier.expired(); }));
+}
+
 } // namespace

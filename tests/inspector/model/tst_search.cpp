@@ -26,9 +26,24 @@ class SearchedLine : public testing::TestWithParam<Searched> {};
 
 TEST_P(SearchedLine, IsFoundByItsWordsAndMarks)
 {
-    QString const text = Search::textOf({QStringLiteral("exportPath"), QString::fromUtf8("/mnt/Ümlaut out x@example")},
-                                        {QStringLiteral("@default"), QStringLiteral("@set"), QStringLiteral("@product")});
-    EXPECT_EQ(Search(QString::fromUtf8(GetParam().typed)).accepts(text), GetParam().isFound);
+    QStringList const texts = {QStringLiteral("exportPath"), QString::fromUtf8("/mnt/Ümlaut out x@example")};
+    QStringList const marks = {QStringLiteral("@default"), QStringLiteral("@set"), QStringLiteral("@product")};
+    Search const search(QString::fromUtf8(GetParam().typed));
+    EXPECT_EQ(search.accepts(Search::textOf(texts, marks)), GetParam().isFound);
+    Inspector::Item line;
+    line.searchText = Search::textOf(texts, marks);
+    line.marks = Search::bitsOf(marks);
+    EXPECT_EQ(search.accepts(line), GetParam().isFound) << "as a line";
+}
+
+TEST(Search, LineWithoutTextsOfItsOwnIsSearchedAndSpokenByItsCells)
+{
+    Inspector::Item line;
+    line.cells = QStringList{QStringLiteral("Note"), QString(), QStringLiteral("two words")};
+    EXPECT_TRUE(Search(QStringLiteral("WORDS note")).accepts(line));
+    EXPECT_FALSE(Search(QStringLiteral("@set")).accepts(line));
+    EXPECT_FALSE(Search(QStringLiteral("three")).accepts(line));
+    EXPECT_EQ(line.spokenLine(), QStringLiteral("Note, two words"));
 }
 
 // clang-format off

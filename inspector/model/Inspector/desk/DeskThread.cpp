@@ -111,14 +111,32 @@ void DeskThread::run()
     lookUntilTheEnd(stores, calls);
 }
 
+namespace {
+
+using Snapshots = std::vector<std::shared_ptr<Snapshot const>>;
+
+// Keeps `snapshot`, and each one before it for as long as somebody else has it: where thousands of lines end with one, they end here,
+// and not in the thread that paints.
+void keep(std::shared_ptr<Snapshot const> const& snapshot, Snapshots& kept)
+{
+    if (kept.empty() || kept.back() != snapshot)
+        kept.push_back(snapshot);
+    auto const isOver = [](std::shared_ptr<Snapshot const> const& each) { return each.use_count() == 1; };
+    kept.erase(std::remove_if(kept.begin(), kept.end(), isOver), kept.end());
+}
+
+} // namespace
+
 void DeskThread::lookUntilTheEnd(OpenedStores& stores, SlowCalls& calls)
 {
     Orders orders(stores, calls);
     std::optional<Storage::ChangeHints> hints;
     std::size_t hinted = 0;
+    Snapshots kept;
     while (std::optional<std::chrono::milliseconds> const pause = takeAsked(orders, stores, calls)) {
         orders.carryOut();
-        std::shared_ptr<Snapshot const> const snapshot = stores.look();
+        std::shared_ptr<Snapshot const> const snapshot = stores.look(*pause);
+        keep(snapshot, kept);
         tell([&](News& news) {
             news.snapshot = snapshot;
             std::vector<Answer> answers = orders.takeAnswers();

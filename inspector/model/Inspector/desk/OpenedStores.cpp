@@ -2,6 +2,7 @@
 #include "OpenedStores.h"
 
 #include <Inspector/Commands.h>
+#include <Inspector/Search.h>
 
 #include <Inspection/DeclaredKeys.h>
 #include <Inspection/RowDifference.h>
@@ -14,10 +15,17 @@
 
 #include <absl/strings/str_cat.h>
 
+#include <QSet>
+
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <tuple>
 #include <utility>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 using Catalogue::Store;
 using Inspection::PreferenceState;
@@ -74,9 +82,12 @@ template <typename T>
 Lines<T> sorted(Lines<T> lines, Lines<T> const& earlier)
 {
     std::sort(lines.begin(), lines.end(), isBefore<T>);
-    for (Line<T>& line : lines)
-        if (Line<T> const* const known = find(earlier, line->id); known && *known != line && isSame(**known, *line))
+    auto known = earlier.begin();
+    for (Line<T>& line : lines) {
+        known = std::find_if(known, earlier.end(), [&](Line<T> const& each) { return each == line || each->id >= line->id; });
+        if (known != earlier.end() && *known != line && (*known)->id == line->id && isSame(**known, *line))
             line = *known;
+    }
     return lines;
 }
 
@@ -92,6 +103,20 @@ StorageError homeError(std::string const& file, Inspection::Finding const& findi
 }
 
 } // namespace
+
+/// Texts that many lines have, each of which is kept once.
+class OpenedStores::SharedTexts {
+public:
+    QString operator()(QString const& text) { return *m_all.insert(text); }
+    void share(QStringList& texts)
+    {
+        for (QString& text : texts)
+            text = (*this)(text);
+    }
+
+private:
+    QSet<QString> m_all;
+};
 
 // --- Looking ---
 
@@ -123,6 +148,7 @@ void OpenedStores::readProductFile()
     m_application.reset();
     m_studio.reset();
     m_productError.clear();
+    m_isDeclaredAsBefore = false;
     try {
         m_product = std::make_shared<Host::ProductFile>(m_place.productFile);
         Inspection::declareOwnKeys(*m_product);
@@ -219,17 +245,21 @@ try {
     return true;
 }
 
-namespace {
-
-// Whether the line shows an undeclared key as it is; of thousands of them nearly all are. What is declared may have another default.
-bool isStill(Setting const& line, PreferenceState const& state, Marks const& marks)
+// The line of an undeclared key that is stored as it shows; null for all else. Of thousands of keys nearly all have one, so nothing
+// else is asked for them. What is declared may have another default.
+Line<Setting> const* OpenedStores::lineThatHolds(Store store, Row const& row) const
 {
-    auto const has = [&](char const* mark) { return line.searchText.contains(QLatin1String(mark)); };
-    return state.isUndeclared() && line.state && !marks.hasStudio && line.rows == state.stored && has("\t@changed") == marks.isChanged &&
-           has("\t@trouble") == marks.hasTrouble;
+    static unsigned const changed = Search::bitsOf({QStringLiteral("@changed")});
+    static unsigned const troubled = Search::bitsOf({QStringLiteral("@trouble")});
+    Line<Setting> const* const earlier = find(m_snapshot->settings, settingId(row.key, store));
+    if (!earlier || (*earlier)->state != Inspection::State::undeclared)
+        return nullptr;
+    std::vector<Row> const& rows = (*earlier)->rows;
+    if (rows.size() != 1 || !(rows.front() == row))
+        return nullptr;
+    unsigned const marks = (m_changed.count((*earlier)->id) > 0 ? changed : 0) | (m_troubled.count(row.key) > 0 ? troubled : 0);
+    return ((*earlier)->marks & (changed | troubled)) == marks ? earlier : nullptr;
 }
-
-} // namespace
 
 // What a commit may expect: with a studio, the value in force may be one of the server's.
 std::vector<OpenedStores::Row> OpenedStores::localRows(PreferenceState const& state) const
@@ -244,27 +274,53 @@ std::vector<OpenedStores::Row> OpenedStores::localRows(PreferenceState const& st
     return rows;
 }
 
-// Of a store that is unusable the lines of the last read, so that a list does not empty while somebody else writes for long.
+// Of a store that is unusable that of the last read, so that a list does not empty while somebody else writes for long.
+Line<Setting> OpenedStores::lineOf(PreferenceState const& state, SharedTexts& texts) const
+{
+    Store const store = state.observation.store.value_or(state.store);
+    bool const isRead = side(store).view.state != StoreState::unusable;
+    std::string const id = settingId(state.key, store);
+    Line<Setting> const* const earlier = isRead ? nullptr : find(m_snapshot->settings, id);
+    Marks const marks = {m_changed.count(id) > 0, m_troubled.count(state.key) > 0, hasStudio()};
+    if (earlier)
+        return *earlier;
+    Setting made = settingOf(state, localRows(state), isRead, marks);
+    texts.share(made.cells);
+    made.shownValue = texts(made.shownValue);
+    made.whyFixed = texts(made.whyFixed);
+    return line(std::move(made));
+}
+
+// What else a store held before it became unusable.
+void OpenedStores::addUnread(Lines<Setting>& lines) const
+{
+    std::set<std::string> known;
+    for (Line<Setting> const& each : lines)
+        if (side(each->store).view.state == StoreState::unusable)
+            known.insert(each->id);
+    for (Line<Setting> const& earlier : m_snapshot->settings)
+        if (side(earlier->store).view.state == StoreState::unusable && known.count(earlier->id) == 0)
+            lines.push_back(earlier);
+}
+
 Lines<Setting> OpenedStores::settings() const
 {
     Lines<Setting> result;
-    std::set<std::string> known;
-    for (PreferenceState const& state : Inspection::preferenceStates(*m_application)) {
-        Store const store = state.observation.store.value_or(state.store);
-        bool const isRead = side(store).view.state != StoreState::unusable;
-        std::string const id = settingId(state.key, store);
-        Line<Setting> const* const earlier = find(m_snapshot->settings, id);
-        Marks const marks = {m_changed.count(id) > 0, m_troubled.count(state.key) > 0, hasStudio()};
-        bool const isKept = earlier && (!isRead || isStill(**earlier, state, marks));
-        result.push_back(isKept ? *earlier : line(settingOf(state, localRows(state), isRead, marks)));
-        known.insert(id);
-    }
-    // What else a store held before it became unusable.
-    for (Line<Setting> const& earlier : m_snapshot->settings)
-        if (side(earlier->store).view.state == StoreState::unusable && known.count(earlier->id) == 0)
-            result.push_back(earlier);
+    auto const isKept = [&](Store store, std::vector<Inspection::LayeredRow> const& stored) {
+        Line<Setting> const* const holds = m_isDeclaredAsBefore && !hasStudio() ? lineThatHolds(store, stored.front().row) : nullptr;
+        if (holds)
+            result.push_back(*holds);
+        return holds != nullptr;
+    };
+    SharedTexts texts;
+    for (PreferenceState const& state : Inspection::preferenceStates(*m_application, isKept))
+        result.push_back(lineOf(state, texts));
+    addUnread(result);
     return sorted(std::move(result), m_snapshot->settings);
 }
+
+// Whether its lines may be of an earlier product file.
+bool OpenedStores::isUnread(Side const& side) { return side.view.state == StoreState::unusable; }
 
 // Whether all that is opened could be read.
 bool OpenedStores::readSettings()
@@ -279,6 +335,7 @@ try {
     next->common = m_sides[1].view;
     m_snapshot = std::move(next);
     m_isDirty = m_isExamined = false;
+    m_isDeclaredAsBefore = m_isDeclaredAsBefore || std::none_of(m_sides.begin(), m_sides.end(), isUnread);
     m_folders.renew();
     return true;
 } catch (StorageError const&) {
@@ -286,6 +343,26 @@ try {
 }
 
 namespace {
+
+bool isEqual(Inspection::Finding const& one, Inspection::Finding const& other)
+{
+    auto const parts = [](Inspection::Finding const& all) {
+        return std::tie(all.severity, all.check, all.store, all.key, all.what, all.remedy, all.path, all.names);
+    };
+    return parts(one) == parts(other);
+}
+
+// The line of `earlier` where it tells the same: a note about each of thousands of keys does.
+template <typename Texts>
+Line<Finding> findingLine(Inspection::Finding const& found, Lines<Finding> const& earlier, Texts& texts)
+{
+    Line<Finding> const* const known = find(earlier, findingId(found));
+    if (known && isEqual((*known)->found, found))
+        return *known;
+    Finding made = findingOf(found);
+    texts.share(made.cells);
+    return line(std::move(made));
+}
 
 Inspection::Findings findingsOf(Host::ToolApplication const& application, Inspection::PathLook const& look)
 {
@@ -310,14 +387,27 @@ Lines<Location> locationsOf(Host::ToolApplication const& application, Inspection
 
 } // namespace
 
+namespace {
+
+// What thousands of rows took to be examined lies between what is kept of them.
+void giveMemoryBack()
+{
+#ifdef __GLIBC__
+    ::malloc_trim(0);
+#endif
+}
+
+} // namespace
+
 void OpenedStores::examine()
 try {
     auto next = std::make_shared<Snapshot>(*m_snapshot);
     Inspection::PathLook const known = [this](QString const& path, Inspection::PathUse use) { return m_folders.status(path, use); };
     std::set<std::string> troubled;
     Lines<Finding> findings;
+    SharedTexts texts;
     for (Inspection::Finding const& found : findingsOf(*m_application, known)) {
-        findings.push_back(line(findingOf(found)));
+        findings.push_back(findingLine(found, m_snapshot->findings, texts));
         if (found.severity != Inspection::Severity::note)
             troubled.insert(findings.back()->key);
     }
@@ -356,8 +446,15 @@ void OpenedStores::readStudio()
     m_snapshot = std::move(next);
 }
 
+// Whether changes have stopped for as long as `pause`, or come without a pause for ten times as long.
+bool OpenedStores::isTimeToExamine(std::chrono::milliseconds pause) const
+{
+    Clock::time_point const now = Clock::now();
+    return now >= m_lastRead + pause || now >= m_lastExamined + 10 * pause;
+}
+
 // Settings are read at once, all else only after a look that found nothing new.
-std::shared_ptr<Snapshot const> OpenedStores::look()
+std::shared_ptr<Snapshot const> OpenedStores::look(std::chrono::milliseconds pause)
 {
     if (!m_application && m_productError.empty())
         openAgain();
@@ -371,10 +468,13 @@ std::shared_ptr<Snapshot const> OpenedStores::look()
     m_isExamined = !m_folders.takeNews() && m_isExamined;
     for (Side const& side : m_sides)
         m_isDirty = isChanged(side) || m_isDirty;
-    if (!m_isDirty && !m_isExamined) {
-        examine();
-    } else if (m_isDirty) {
+    if (m_isDirty) {
         readAll();
+        m_lastRead = Clock::now();
+    } else if (!m_isExamined && isTimeToExamine(pause)) {
+        examine();
+        giveMemoryBack();
+        m_lastExamined = Clock::now();
     }
     return m_snapshot;
 }

@@ -14,6 +14,7 @@
 #include <Storage/StoreWatcher.h>
 
 #include <array>
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -33,9 +34,9 @@ public:
     OpenedStores(Place place, SlowCalls& calls, std::function<void()> haveNews);
     ~OpenedStores();
 
-    /// Looks at the stores; a look that finds no change examines stores and folders instead, once for each change. An equal
-    /// snapshot is the same object as before.
-    std::shared_ptr<Snapshot const> look();
+    /// Looks at the stores. Once changes have stopped for as long as `pause`, a look that finds none examines stores and folders,
+    /// which takes longer. An equal snapshot is the same object as before.
+    std::shared_ptr<Snapshot const> look(std::chrono::milliseconds pause);
     /// Opens everything again, so that what was in the way is asked for again.
     void openAgain();
     /// Stores it, after a backup of each store that was not changed before. Without one nothing is stored, unless `mayGoWithout`, and
@@ -52,7 +53,10 @@ public:
     std::vector<std::filesystem::path> files() const;
 
 private:
+    using Clock = std::chrono::steady_clock;
     using Row = Storage::SqliteStorage::Row;
+
+    class SharedTexts;
 
     struct FileIdentity {
         dev_t device;
@@ -95,9 +99,14 @@ private:
     bool isChanged(Side const& side) const;
     void note(Storage::StoreWatcher::Difference const& difference, Catalogue::Store store);
     void readStudio();
+    static bool isUnread(Side const& side);
     bool readSettings();
     void readAll();
+    std::shared_ptr<Setting const> const* lineThatHolds(Catalogue::Store store, Row const& row) const;
+    std::shared_ptr<Setting const> lineOf(Inspection::PreferenceState const& state, SharedTexts& texts) const;
+    void addUnread(Lines<Setting>& lines) const;
     Lines<Setting> settings() const;
+    bool isTimeToExamine(std::chrono::milliseconds pause) const;
     void examine();
 
     bool hasStudio() const { return m_studio != nullptr; }
@@ -126,7 +135,10 @@ private:
     std::array<Side, 2> m_sides{{{Catalogue::Store::product}, {Catalogue::Store::common}}};
     std::string m_productError = {}; // why there is no application
     std::shared_ptr<Snapshot const> m_snapshot = std::make_shared<Snapshot>();
-    bool m_isDirty = true;            // the settings are to be read
+    bool m_isDirty = true;             // the settings are to be read
+    bool m_isDeclaredAsBefore = false; // all lines are of the product file that was read last
+    Clock::time_point m_lastRead = {};
+    Clock::time_point m_lastExamined = {};
     bool m_isExamined = false;        // locations and findings are of those settings
     std::set<std::string> m_changed;  // ids of settings
     std::set<std::string> m_troubled; // keys of settings

@@ -102,7 +102,7 @@ void Facets::count(ItemsModel const& model)
         Search const search(item->data(0, markRole).toString());
         int count = 0;
         for (int row = 0; row < model.rowCount(); ++row)
-            count += search.accepts(model.item(row).searchText);
+            count += search.accepts(model.item(row));
         item->setText(1, locale().toString(count));
         item->setData(0, Qt::AccessibleTextRole, QStringLiteral("%1, %2").arg(item->text(0), item->text(1)));
     }
