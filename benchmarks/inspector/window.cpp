@@ -373,7 +373,7 @@ private:
 // A change waits for the store meanwhile.
 void measureWhileHeld(Window& window, int seconds)
 {
-    window.trigger(QKeySequence(Qt::CTRL | Qt::Key_E));
+    window.trigger(QKeySequence(static_cast<int>(Qt::CTRL) | Qt::Key_E));
     if (!window.view().setCurrent(Inspector::settingId("key0", Catalogue::Store::product)))
         fail("key0 is not listed");
     Other other(again("hold", window.file(), seconds));

@@ -531,8 +531,9 @@ void MainWindow::restoreState()
     m_parts->setSizes(state.parts.size() == 3 ? state.parts : QList<int>{unit * 22, width() - unit * 58, unit * 36});
     QList<QList<int>> const inCharacters = {{26, 14, 12, 10, 0, 0, 0, 0, 0}, {34, 46, 26, 20}, {10, 30, 60, 20}, {22, 16, 10, 26, 26, 26}};
     for (int at = 0; at < pageCount; ++at) {
-        setColumns(*m_views[at], state.columns.size() == pageCount ? state.columns[at] : QList<int>(), inCharacters[at]);
-        m_views[at]->setSearch(state.searches.size() == pageCount ? state.searches[at].left(m_search->maxLength()) : QString());
+        ItemsView& view = *m_views[static_cast<std::size_t>(at)];
+        setColumns(view, state.columns.size() == pageCount ? state.columns[at] : QList<int>(), inCharacters[at]);
+        view.setSearch(state.searches.size() == pageCount ? state.searches[at].left(m_search->maxLength()) : QString());
     }
     for (int column = 0; column < m_actions.columns->actions().size(); ++column)
         m_actions.columns->actions()[column]->setChecked(!m_views[settingsPage]->isColumnHidden(column));

@@ -96,14 +96,14 @@ public:
         wait(window, "Changes", 2);
         for (auto const& [key, name] :
              {std::pair{Qt::Key_2, "locations"}, std::pair{Qt::Key_3, "health"}, std::pair{Qt::Key_4, "changes"}}) {
-            trigger(window, QKeySequence(Qt::CTRL | key));
+            trigger(window, QKeySequence(static_cast<int>(Qt::CTRL) | key));
             for (QTreeView* const view : window.findChildren<QTreeView*>())
                 if (view->isVisible())
                     view->setCurrentIndex(view->model()->index(0, 0));
             save(window, QLatin1String(name), palette);
         }
-        trigger(window, QKeySequence(Qt::CTRL | Qt::Key_1));
-        trigger(window, QKeySequence(Qt::CTRL | Qt::Key_E));
+        trigger(window, QKeySequence(static_cast<int>(Qt::CTRL) | Qt::Key_1));
+        trigger(window, QKeySequence(static_cast<int>(Qt::CTRL) | Qt::Key_E));
         window.goTo("exportPath");
         save(window, QStringLiteral("editing"), palette);
     }

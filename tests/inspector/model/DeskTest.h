@@ -39,8 +39,8 @@ namespace Inspector {
 
 inline void PrintTo(Outcome outcome, std::ostream* stream)
 {
-    constexpr char const* words[] = {"stored", "unchanged", "conflict", "lookingOnly",
-                                     "refused", "failed", "noBackup", "cancelled", "compared", "written"};
+    constexpr char const* words[] = {"stored", "unchanged", "conflict",  "lookingOnly", "refused",
+                                     "failed", "noBackup",  "cancelled", "compared",    "written"};
     *stream << words[static_cast<std::size_t>(outcome)];
 }
 
@@ -118,7 +118,9 @@ protected:
     /// Waits until the folders have been looked at, and the findings are about them.
     bool comesToBeExamined()
     {
-        auto const isAnswered = [](auto const& location) { return location->cells[3] != QStringLiteral("the system has not answered yet"); };
+        auto const isAnswered = [](auto const& location) {
+            return location->cells[3] != QStringLiteral("the system has not answered yet");
+        };
         return comes([&] {
             Inspector::Lines<Inspector::Location> const& all = m_snapshot->locations;
             return !all.empty() && std::all_of(all.begin(), all.end(), isAnswered);
