@@ -448,6 +448,7 @@ int measure(Application& application, std::string const& verb, fs::path const& f
 } // namespace
 
 // VERB FOLDER NUMBER
+// NOLINTNEXTLINE(bugprone-exception-escape): a measurement that fails may end the process
 int main(int argc, char** argv)
 {
     if (argc != 4)

@@ -13,7 +13,7 @@ namespace Inspector {
 
 namespace {
 
-constexpr qint64 largestFile = 64 * 1024;
+constexpr qint64 largestFile = 65536;
 constexpr int largestSize = 10000;
 
 QString folder()
