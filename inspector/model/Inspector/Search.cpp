@@ -51,7 +51,7 @@ bool Search::accepts(QString const& searchText) const
     return std::all_of(m_words.begin(), m_words.end(), [&](QString const& word) { return searchText.contains(word); });
 }
 
-// As `accepts` of its text, which is not made where nothing is looked for in it.
+// As `accepts` of its text, which is made only if a word is searched for in it.
 bool Search::accepts(Item const& line) const
 {
     auto const isMarked = [&](unsigned any) { return (line.marks & any) != 0; };

@@ -709,7 +709,7 @@ void OpenedStores::keepBackups(Commit const& commit)
                 m_untoldBackups.push_back(*std::move(file));
 }
 
-// What keeps the commit from being stored; nullopt where nothing does.
+// What keeps the commit from being stored; nullopt if it can be stored.
 std::optional<Answer> OpenedStores::obstacle(Commit const& commit, bool mayGoWithout)
 {
     if (!m_application)

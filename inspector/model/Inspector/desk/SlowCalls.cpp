@@ -70,7 +70,7 @@ std::vector<SlowCalls::Result> SlowCalls::takeResults()
     return std::exchange(m_shared->results, {});
 }
 
-// Told within the turn, so that nobody is told after the destructor.
+// The callback runs with the lock held, so that it never runs after the destructor.
 void SlowCalls::run(std::shared_ptr<Shared> const& shared, std::size_t number)
 {
     std::unique_lock<std::mutex> turn(shared->turns);

@@ -26,7 +26,7 @@ void Trouble::tell(Snapshot const& snapshot)
                     {{tr("&Try again"), [this] { Q_EMIT wantsToLookAgain(); }}});
 }
 
-// That a store is busy is told at the bottom, as it is over before anybody has read it.
+// The status line shows a busy store: a message would be out of date before anybody has read it.
 void Trouble::tell(QString const& cause, StoreView const& store)
 {
     if (!store.error)
