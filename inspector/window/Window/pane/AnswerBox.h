@@ -18,7 +18,7 @@ public:
 
     /// `attempt` is what the button says that tries again; there is none for an empty one.
     void tell(QString const& text, QString const& attempt);
-    /// Says nothing more.
+    /// Clears the text.
     void clear();
     /// Puts the focus on the way that changes nothing.
     void focusKeep();

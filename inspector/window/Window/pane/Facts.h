@@ -17,7 +17,7 @@ QString stateFacts(Setting const& setting, Snapshot const& snapshot);
 QString defaultFacts(Setting const& setting);
 /// Where the value lies, and what decides the default.
 QString originFacts(Setting const& setting, Snapshot const& snapshot);
-/// What is read now, and that it is the default where nothing is stored.
+/// The value that a read returns, marked as the default if none is stored.
 QString valueNow(Setting const& setting);
 
 /// Why `setting` takes no other value; empty where it does, or may once unknown keys may be changed.

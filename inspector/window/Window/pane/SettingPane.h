@@ -35,7 +35,7 @@ public:
     void take(Answer const& answer);
     /// Whether the personal value of the shown setting is visible, until another setting is shown.
     void reveal(bool isRevealed);
-    /// Asks once more for what found no backup, where nothing else was asked for since.
+    /// Repeats the commit that failed for want of a backup, unless another one was asked for since.
     void storeAgain();
     /// Puts the focus into the editor.
     void edit();
