@@ -2,6 +2,7 @@
 #include "WindowTest.h"
 
 #include <QAbstractScrollArea>
+#include <QFileDialog>
 #include <QMenu>
 #include <QWheelEvent>
 
@@ -84,8 +85,13 @@ protected:
     {
         SCOPED_TRACE("seed " + std::to_string(seed()));
         std::cout << "seed " << seed() << '\n';
-        for (int at = 0; at < steps; ++at)
+        for (int at = 0; at < steps; ++at) {
             step(mode);
+            // Qt's own dialog renames and removes files, and asks back in a loop of its own, which nobody here would end.
+            for (QFileDialog* const dialog : m_window->findChildren<QFileDialog*>())
+                delete dialog;
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // as an event loop does between two events
+        }
     }
 
     /// All that tells of a change of the file.

@@ -72,6 +72,23 @@ TEST_F(Windows, DownGoesFromTheSearchToTheFirstLine)
     EXPECT_EQ(settings().currentIndex().row(), 0);
 }
 
+// What was shown is hidden while the list takes its line out.
+TEST_F(Windows, SearchThatTakesAShownPersonalValueAwayHidesIt)
+{
+    SqliteStorage(m_productFile).setString("who", "Grace");
+    open();
+    for (char const* const away : {"@unset", "keepVideoAspect", "@set @local", "@common"}) {
+        search().clear();
+        goTo("who");
+        press(Qt::Key_R, Qt::ControlModifier);
+        ASSERT_EQ(currentValue(), QStringLiteral("Grace"));
+        search().setText(QString::fromLatin1(away));
+        search().clear();
+        EXPECT_EQ(currentKey(), QStringLiteral("who"));
+        EXPECT_EQ(currentValue(), QStringLiteral("personal, hidden")) << away;
+    }
+}
+
 // A search of so many lines resets the model of the list.
 TEST_F(Windows, LargeSearchKeepsTheCurrentLineAndTheSelection)
 {

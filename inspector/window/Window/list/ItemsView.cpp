@@ -67,6 +67,8 @@ void ItemsView::setSearch(QString const& typed)
     m_proxy.keep(idOf(currentIndex()));
     m_isSearching = false;
     scrollTo(currentIndex());
+    if (std::exchange(m_hasMoved, false))
+        Q_EMIT moved();
 }
 
 std::vector<int> ItemsView::selectedRows() const
@@ -96,11 +98,15 @@ bool ItemsView::setCurrent(std::string const& id)
     return index.isValid();
 }
 
-// The line is kept later, as that changes the rows, which a change of the current one must not do while it is made known.
+// The line is kept later, as that changes the rows, which a change of the current one must not do while it is made known. Of a
+// search it is made known when all rows have come and gone: who hears of it may change lines of the model that are just filtered.
 void ItemsView::currentChanged(QModelIndex const& current, QModelIndex const& previous)
 {
     QTreeView::currentChanged(current, previous);
-    if (!m_isSearching && current.isValid()) {
+    m_hasMoved = m_isSearching;
+    if (m_isSearching)
+        return;
+    if (current.isValid()) {
         m_wanted = idOf(current);
         QMetaObject::invokeMethod(
             this, [this] { m_proxy.keep(idOf(currentIndex())); }, Qt::QueuedConnection);

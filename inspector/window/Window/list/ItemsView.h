@@ -67,6 +67,7 @@ private:
     QString m_search;
     std::string m_wanted; // the id of the current line, or of the one before a search that does not find it
     bool m_isSearching = false;
+    bool m_hasMoved = false;             // while searching
     std::string m_top;                   // the id of the first visible line while lines come and go
     std::vector<std::string> m_selected; // while the proxy is reset
 };
