@@ -26,7 +26,7 @@
 #include <Storage/Kind.h>
 #include <Storage/SqliteStorage.h>
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <deque>
 #include <stdexcept>

@@ -8,6 +8,8 @@
 
 #include <QDateTime>
 
+#include <nlohmann/json.hpp>
+
 using nlohmann::ordered_json;
 using Storage::SqliteStorage;
 

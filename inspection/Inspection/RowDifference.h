@@ -7,7 +7,7 @@
 
 #include <QStringList>
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <chrono>
 #include <optional>

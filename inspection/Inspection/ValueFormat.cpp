@@ -4,6 +4,7 @@
 #include <absl/strings/ascii.h>
 #include <absl/strings/str_cat.h>
 #include <absl/strings/str_replace.h>
+#include <nlohmann/json.hpp>
 
 #include <Host/OwnKeys.h>
 #include <Storage/Kind.h>

@@ -7,7 +7,7 @@
 #include <Inspection/OneLine.h>
 #include <Storage/Kind.h>
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <optional>
 #include <stdexcept>

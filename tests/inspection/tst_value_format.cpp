@@ -6,6 +6,8 @@
 #include <support/BoundLibrary.h>
 #include <support/Named.h>
 
+#include <nlohmann/json.hpp>
+
 #include <limits>
 
 using Catalogue::Value;

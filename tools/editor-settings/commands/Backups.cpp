@@ -8,6 +8,7 @@
 #include <Inspection/ValueFormat.h>
 
 #include <absl/strings/str_cat.h>
+#include <nlohmann/json.hpp>
 
 #include <Storage/Backup.h>
 

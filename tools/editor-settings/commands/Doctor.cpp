@@ -13,6 +13,7 @@
 #include <Inspection/checks/StudioServerChecks.h>
 
 #include <absl/strings/str_cat.h>
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <iostream>

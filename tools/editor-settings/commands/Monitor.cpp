@@ -9,6 +9,8 @@
 #include <Storage/StoreWatcher.h>
 #include <Storage/watch/ChangeHints.h>
 
+#include <nlohmann/json.hpp>
+
 #include <cerrno>
 #include <chrono>
 #include <csignal>

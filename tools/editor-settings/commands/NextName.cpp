@@ -6,6 +6,7 @@
 #include <Inspection/ValueFormat.h>
 
 #include <absl/strings/str_cat.h>
+#include <nlohmann/json.hpp>
 
 #include <Settings/Settings.h>
 

@@ -10,6 +10,7 @@
 #include <Inspection/ValueFormat.h>
 
 #include <absl/strings/str_cat.h>
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <iostream>

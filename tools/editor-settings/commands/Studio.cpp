@@ -9,6 +9,7 @@
 #include <Inspection/studio/StudioServer.h>
 
 #include <absl/strings/str_cat.h>
+#include <nlohmann/json.hpp>
 
 #include <cstdlib>
 #include <iostream>

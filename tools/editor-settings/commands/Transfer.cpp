@@ -14,6 +14,7 @@
 #include <absl/strings/str_cat.h>
 #include <absl/strings/str_join.h>
 #include <absl/strings/str_replace.h>
+#include <nlohmann/json.hpp>
 
 #include <Storage/AtomicFile.h>
 

@@ -5,6 +5,8 @@
 
 #include <Inspection/ValueFormat.h>
 
+#include <nlohmann/json.hpp>
+
 namespace Inspector {
 
 namespace {

@@ -3,6 +3,8 @@
 
 #include "terminal/Escaping.h"
 
+#include <nlohmann/json.hpp>
+
 #include <iostream>
 
 void printJson(nlohmann::ordered_json const& value) { std::cout << Inspection::jsonText(value, 2) << '\n'; }

@@ -8,7 +8,7 @@
 #include <Inspection/RowDifference.h>
 #include <Inspection/ValueFormat.h>
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <string>
 
