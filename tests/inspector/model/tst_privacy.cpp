@@ -11,7 +11,8 @@ namespace {
 using Inspector::ItemsModel;
 using Inspector::Search;
 
-constexpr char const* secrets[] = {"s3cret", "2147483647", "hidden-place", "third.one"};
+constexpr char const* secrets[] = {"s3cret",      "2147483647", "hidden-place", "third.one", "wedding-2019",
+                                   "dailies-ada", "stills-bo",  "songs-cy",     "rushes-di", "ed-the-user"};
 
 class Personal : public DeskTest {
 protected:
@@ -23,6 +24,12 @@ protected:
         m_home.write("hidden-place", "a file in the folder's place");
         store.setString("nest", (m_home.path() / "hidden-place").string());
         store.setString("npsEmailToSend", "third.one@example.org");
+        store.setString("lastAddMediaPath", "/home/wedding-2019");
+        store.setString("lastAddVideoPath", (m_home.path() / "dailies-ada").string());
+        store.setString("lastAddImagePath", "stills-bo");
+        store.setString("lastAddAudioPath", "/dev/null/songs-cy");
+        store.setString("lastAddDirectoryPath", "~/rushes-di");
+        store.setString("quizExportUserId", "ed-the-user");
     }
 
     // Everything that a model tells of itself, in every role and cell; what is dragged is made of that.
@@ -94,7 +101,7 @@ TEST_F(Personal, NoSearchFindsAHiddenValue)
     proxy.setSearch(Search(QStringLiteral("third.")));
     EXPECT_EQ(proxy.rowCount(), 0) << "revealed on screen only";
     proxy.setSearch(Search(QStringLiteral("@personal @set")));
-    EXPECT_EQ(proxy.rowCount(), 4);
+    EXPECT_EQ(proxy.rowCount(), 10);
 }
 
 TEST_F(Personal, UnsetPersonalSettingShowsItsDefault)

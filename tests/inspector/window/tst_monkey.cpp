@@ -127,7 +127,7 @@ TEST_F(Monkey, LookingLeavesTheStoresAsTheyWere)
     std::string const product = traceOf(m_productFile);
     std::string const common = traceOf(m_commonFile);
     open();
-    int const steps = times(2000, 20000, 100000);
+    int const steps = times(2000, 100000, 1000000);
     play(Mode::looking, steps);
     close();
     bool const isSame = traceOf(m_productFile) == product && traceOf(m_commonFile) == common;
@@ -141,7 +141,7 @@ TEST_F(Monkey, ChangingStoresNothingWithoutAChoice)
     std::string const product = traceOf(m_productFile);
     std::string const common = traceOf(m_commonFile);
     openChanging();
-    int const steps = times(2000, 20000, 100000);
+    int const steps = times(2000, 100000, 1000000);
     play(Mode::changing, steps);
     m_window.reset();
     bool const isSame = traceOf(m_productFile) == product && traceOf(m_commonFile) == common;

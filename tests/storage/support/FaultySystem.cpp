@@ -6,6 +6,7 @@
 #include <csignal>
 #include <cstdarg>
 #include <cstdlib>
+#include <mutex>
 
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -30,11 +31,13 @@ struct State {
 };
 
 State state;
+std::mutex mutex; // a store may be in another thread than its test
 
 enum class Effect { none, refusal, cut };
 
 Effect effectOn(std::string const& function)
 {
+    std::lock_guard const lock(mutex);
     if (!state.isWatching)
         return Effect::none;
     state.calls.push_back(function);
@@ -92,6 +95,7 @@ int synced(char const* name)
 
 void watch(Fault const& fault, int nth)
 {
+    std::lock_guard const lock(mutex);
     state = {};
     state.fault = fault;
     state.nth = nth;
@@ -103,6 +107,7 @@ namespace {
 void signalBefore(std::string const& function, int nth, int signal)
 {
     watch({}, nth);
+    std::lock_guard const lock(mutex);
     state.signalled = function;
     state.signal = signal;
 }
@@ -113,9 +118,17 @@ void killBefore(std::string const& function, int nth) { signalBefore(function, n
 
 void stopBefore(std::string const& function, int nth) { signalBefore(function, nth, SIGSTOP); }
 
-void rest() { state.isWatching = false; }
+void rest()
+{
+    std::lock_guard const lock(mutex);
+    state.isWatching = false;
+}
 
-int strikes() { return state.strikes; }
+int strikes()
+{
+    std::lock_guard const lock(mutex);
+    return state.strikes;
+}
 
 std::vector<std::string> const& calls() { return state.calls; }
 

@@ -7,7 +7,7 @@ namespace Inspector {
 
 SearchField::SearchField(QWidget* parent) : QLineEdit(parent)
 {
-    setPlaceholderText(tr("Search, as “folder @set”"));
+    setPlaceholderText(tr("Search: folder @set"));
     setAccessibleName(tr("Search"));
     setClearButtonEnabled(true);
     setMaxLength(1000);

@@ -45,8 +45,8 @@ StatusLine::StatusLine(QWidget* parent)
 
 void StatusLine::show(Snapshot const& snapshot)
 {
-    show(*m_product, tr("product store"), snapshot.product);
-    show(*m_common, tr("common store"), snapshot.common);
+    show(*m_product, tr("product"), snapshot.product);
+    show(*m_common, tr("common"), snapshot.common);
     bool const isRefused = !takesChanges(snapshot.product) && !takesChanges(snapshot.common);
     m_refusal = isRefused ? whyNot(snapshot.product) + QLatin1Char('\n') + whyNot(snapshot.common) : QString();
     if (isRefused)
@@ -60,10 +60,11 @@ void StatusLine::show(QLabel& label, QString const& name, StoreView const& store
 {
     bool const isBusy = store.error && store.error->code() == Storage::StorageError::Code::busy;
     bool const isOpened = !store.file.empty();
-    label.setText(isOpened ? tr("%1: %2").arg(name, isBusy ? tr("busy") : QString::fromUtf8(storeStateName(store.state))) : QString());
+    QString const state = isBusy ? tr("busy") : QString::fromUtf8(storeStateName(store.state));
+    label.setText(isOpened ? tr("%1: %2").arg(name, state) : QString());
     QString const file = QString::fromStdString(Inspection::withoutControls(store.file));
     label.setToolTip(store.error ? whyNot(store) : file);
-    label.setAccessibleName(label.text());
+    label.setAccessibleName(isOpened ? tr("%1 store: %2").arg(name, state) : QString());
     label.setAccessibleDescription(label.toolTip());
 }
 
