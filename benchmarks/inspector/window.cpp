@@ -11,9 +11,15 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDropEvent>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QProcess>
+#include <QPushButton>
+#include <QTextEdit>
 #include <QTimer>
+#include <QUrl>
 
 #include <algorithm>
 #include <atomic>
@@ -57,6 +63,17 @@ int storeTogether(fs::path const& file, int count)
     for (int number = 0; number < count; ++number)
         changes.push_back({"key" + std::to_string(number), std::string(number % 3 == 0 ? "third" : "other")});
     Storage::SqliteStorage(file).apply(changes);
+    return 0;
+}
+
+// As an editor does that runs for long, one by one.
+int change(fs::path const& file, int count)
+{
+    Storage::SqliteStorage store(file);
+    for (int number = 1; number <= count; ++number) {
+        store.setInt("number", number);
+        std::this_thread::sleep_for(1ms);
+    }
     return 0;
 }
 
@@ -165,7 +182,7 @@ public:
         auto const end = Clock::now() + 1min;
         while (!holds()) {
             if (Clock::now() > end)
-                fail("the window does not come to show what is waited for");
+                fail("the window does not come to show what is waited for, but says: " + said());
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
         }
     }
@@ -190,6 +207,27 @@ public:
                 return action->trigger();
         fail("no action has the shortcut " + keys.toString().toStdString());
     }
+    void drop(fs::path const& document)
+    {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(document.string()))});
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&m_window, &enter);
+        QDropEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&m_window, &event);
+    }
+    /// Waits for the button with that text, and presses it.
+    void press(QString const& text)
+    {
+        QPushButton* found = nullptr;
+        comes([&] {
+            for (QPushButton* const button : m_window.findChildren<QPushButton*>())
+                if (button->isVisible() && button->text().remove(QLatin1Char('&')) == text)
+                    found = button;
+            return found && found->isEnabled();
+        });
+        found->click();
+    }
     QString cellOf(std::string const& key, int column = Inspector::Setting::valueColumn) const
     {
         for (int row = 0; row < m_view->model()->rowCount(); ++row)
@@ -203,6 +241,18 @@ public:
     fs::path file() const { return m_folder / "stores/product-settings.sqlite"; }
 
 private:
+    std::string said() const
+    {
+        QStringList texts;
+        for (QLabel const* const label : m_window.findChildren<QLabel*>())
+            if (label->isVisible())
+                texts += label->text();
+        for (QTextEdit const* const text : m_window.findChildren<QTextEdit*>())
+            if (text->isVisible())
+                texts += text->toPlainText();
+        return texts.join(QLatin1Char('\n')).toStdString();
+    }
+
     Application& m_application;
     fs::path const m_folder;
     Inspector::MainWindow m_window;
@@ -244,13 +294,37 @@ Seconds processorTime(clockid_t clock)
     return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
-void measureMemory(Window& window, int)
+double ownMemory()
 {
-    window.runFor(2s); // folders and stores are examined after the first look
     std::ifstream status("/proc/self/status");
     for (std::string line; std::getline(status, line);)
         if (line.rfind("RssAnon:", 0) == 0)
-            tell("RssAnon in MB", std::stod(line.substr(8)) / 1024);
+            return std::stod(line.substr(8)) / 1024;
+    fail("the system does not tell the memory of a process");
+}
+
+void measureMemory(Window& window, int)
+{
+    window.runFor(2s); // folders and stores are examined after the first look
+    tell("RssAnon in MB", ownMemory());
+}
+
+// The changes of an hour at ten a second, and a search for each 36 of them.
+void measureHour(Window& window, int changes)
+{
+    window.runFor(2s);
+    double const before = ownMemory();
+    Other const other(again("change", window.file(), changes));
+    for (int round = 0; round < changes / 36; ++round) {
+        window.search().setText(round % 2 == 0 ? QStringLiteral("key") : QString());
+        window.runFor(20ms);
+    }
+    window.search().clear();
+    while (!other.hasEnded())
+        window.runFor(1s);
+    window.comes([&] { return window.cellOf("number") == QString::number(changes); });
+    window.runFor(2s);
+    tell("MB more than before", ownMemory() - before);
 }
 
 // --- Searches ---
@@ -394,6 +468,26 @@ void measureImport(Window& window, int count)
     window.runFor(2s);
 }
 
+// A document that was dropped onto the window, stored in one step.
+void measureTaken(Window& window, int count)
+{
+    fs::path const document = window.file().parent_path() / "document.json";
+    std::string entries;
+    for (int number = 0; number < count; ++number)
+        entries +=
+            (number ? "," : "") + ("\"favorites_" + std::to_string(number)) + R"(": {"kind": "string", "class": "roaming", "value": "x"})";
+    std::ofstream(document) << R"({"format": "editor-settings export", "version": 1, "made": "2026-01-01T00:00:00.000Z", "product": "P",
+        "stores": {"product": {)"
+                            << entries << R"(}, "common": {}}})";
+    int const before = window.view().allCount();
+    window.trigger(QKeySequence(static_cast<int>(Qt::CTRL) | Qt::Key_E));
+    Heartbeat const heartbeat;
+    window.drop(document);
+    window.press(QStringLiteral("Store %1").arg(count));
+    window.comes([&] { return window.view().allCount() == before + count; });
+    window.runFor(2s);
+}
+
 void measureDoctor(Window& window, int times)
 {
     Heartbeat const heartbeat;
@@ -428,9 +522,10 @@ struct Subject {
     void (*measure)(Window&, int);
 };
 
-constexpr Subject subjects[] = {{"memory", measureMemory}, {"searches", measureSearches}, {"changes", measureChanges},
-                                {"rest", measureRest},     {"held", measureWhileHeld},    {"import", measureImport},
-                                {"doctor", measureDoctor}, {"dead", measureDeadFolder},   {"replaced", measureReplaced}};
+constexpr Subject subjects[] = {{"memory", measureMemory},   {"hour", measureHour},        {"searches", measureSearches},
+                                {"changes", measureChanges}, {"rest", measureRest},        {"held", measureWhileHeld},
+                                {"import", measureImport},   {"taken", measureTaken},      {"doctor", measureDoctor},
+                                {"dead", measureDeadFolder}, {"replaced", measureReplaced}};
 
 int measure(Application& application, std::string const& verb, fs::path const& folder, int number)
 {
@@ -459,6 +554,8 @@ int main(int argc, char** argv)
         return hold(argv[2], number);
     if (verb == "store")
         return storeTogether(argv[2], number);
+    if (verb == "change")
+        return change(argv[2], number);
     if (verb == "replace")
         return replace(argv[2]);
     Application application(argc, argv);

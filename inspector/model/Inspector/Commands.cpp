@@ -187,16 +187,18 @@ std::optional<QString> commandToRevert(Place const& place, Step const& step, boo
 std::optional<QString> commandToImport(Place const& place, DocumentComparison const& document, std::set<std::string> const& taken,
                                        bool showsPersonal)
 {
-    std::deque<Inspection::Entry> entries;
-    for (auto const& line : document.lines)
-        if (!line->isRedacted && taken.count(line->id) > 0)
-            entries.push_back(entryOf(line->store, line->wanted, showsPersonal));
-    if (entries.empty())
+    auto const isTaken = [&](std::shared_ptr<DocumentLine const> const& line) { return !line->isRedacted && taken.count(line->id) > 0; };
+    if (std::none_of(document.lines.begin(), document.lines.end(), isTaken))
         return std::nullopt;
     std::optional<std::set<std::string>> const classes = classesTaken(document, taken);
     bool const isAll = isAllTaken(document, taken);
-    if (!classes || (!isAll && classes->count("") > 0)) // no option names the unknown ones alone
+    if (!classes || (!isAll && classes->count("") > 0)) { // no option names the unknown ones alone
+        std::deque<Inspection::Entry> entries;
+        for (auto const& line : document.lines)
+            if (isTaken(line))
+                entries.push_back(entryOf(line->store, line->wanted, showsPersonal));
         return asText(importOf(place, std::move(entries)));
+    }
     Words words;
     for (std::string const& dataClass : isAll ? std::set<std::string>() : *classes)
         words.insert(words.end(), {"--only", dataClass});

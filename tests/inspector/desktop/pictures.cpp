@@ -132,7 +132,7 @@ private:
     {
         while (linesOf(window, name) < lines)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        QTimer::singleShot(std::chrono::milliseconds(300), &window, &QCoreApplication::quit);
+        QTimer::singleShot(std::chrono::seconds(1), &window, &QCoreApplication::quit);
         QCoreApplication::exec();
     }
     void save(Inspector::MainWindow& window, QString const& name, QString const& palette) const

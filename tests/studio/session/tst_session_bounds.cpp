@@ -79,7 +79,7 @@ TEST_P(BrokenNetwork, KeepsNoCallLongerThanItsBoundAtAnyByte)
     long const bytes = bytesOfAChange(GetParam().way);
     ASSERT_GT(bytes, 40);
     int tried = 0;
-    for (long count = 0; count < bytes; count += times(23, 1), ++tried) {
+    for (long count = 0; count < bytes; count += times(23, 5, 1), ++tried) {
         long long const before = revision();
         int const value = 2000 + static_cast<int>(count);
         bool const returned = changeCutAt(count, value);
@@ -110,7 +110,7 @@ TEST_F(Bounds, StartEndsInTimeWhereverTheLoginStalls)
     Program(throughProxy()).session.status();
     long const bytes = m_proxy->passed(Way::toClient);
     ASSERT_GT(bytes, 400);
-    for (long count = 0; count < bytes; count += times(131, 5)) {
+    for (long count = 0; count < bytes; count += times(131, 23, 5)) {
         m_proxy->limit(Way::toClient, count, Then::stall);
         auto const time = timeOf([&] { Program(hasty(throughProxy(), bound, bound)); });
         EXPECT_LE(time.count(), (bound + beyond()).count()) << count << " of " << bytes;

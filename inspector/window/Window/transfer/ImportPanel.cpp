@@ -44,6 +44,7 @@ void ImportPanel::build()
     table->setTabKeyNavigation(false);
     table->setAccessibleName(tr("What the document would change"));
     table->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    table->header()->setResizeContentsPrecision(100); // of many lines the first ones tell
     m_command->setLayoutDirection(Qt::LeftToRight);
     column->addWidget(m_title);
     column->addWidget(table, 1);
@@ -61,13 +62,12 @@ void ImportPanel::build()
 void ImportPanel::show(std::shared_ptr<DocumentComparison const> const& comparison)
 {
     m_isWaiting = false;
-    m_model.show(comparison);
     m_trouble->tell({});
     if (comparison)
         m_title->tell(QString::fromStdString(Inspection::onOneLine(comparison->file.filename().u8string()) + " \u2014 " +
                                              Inspection::onOneLine(comparison->product) + ", made " +
                                              Inspection::onOneLine(comparison->made)));
-    showChoice();
+    m_model.show(comparison);
 }
 
 void ImportPanel::allowChanges(bool isAllowed, QString const& reason)
