@@ -97,13 +97,8 @@ protected:
         m_window->findChild<QCheckBox*>()->setChecked(isChanging);
     }
 
-    /// What is cut off, each with the sizes wanted and given.
-    std::string cut()
+    void lookAtAll()
     {
-        for (int round = 0; round < 3; ++round) { // a new size may ask for another one
-            QCoreApplication::processEvents();
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        }
         m_cut.clear();
         if (m_window->size() != QSize(1024, 640))
             m_cut += QStringLiteral("the window grew to %1 x %2").arg(m_window->width()).arg(m_window->height());
@@ -114,6 +109,19 @@ protected:
         look<QLineEdit>("field", [](QLineEdit const& field) { return field.placeholderText(); });
         look<QMenuBar>("menu bar", [](QMenuBar const& bar) { return bar.actions().value(0)->text(); });
         lookAtHeadings();
+    }
+
+    /// What is cut off and stays so, each with the sizes wanted and given.
+    std::string cut()
+    {
+        for (int round = 0; round < 200; ++round) { // a new size may ask for another one
+            QCoreApplication::processEvents();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            lookAtAll();
+            if (round > 1 && m_cut.isEmpty())
+                break;
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
         return m_cut.join(QLatin1Char('\n')).toStdString();
     }
 
