@@ -419,7 +419,8 @@ try {
 } catch (StorageError const&) { // the next look sees what became of the store
 }
 
-// What was written since the watchers' look is noted before anybody sees it: the next change is compared with it.
+// What was written since the watchers' look is noted before anybody sees it, and seen together with its note: the next change is
+// compared with it.
 void OpenedStores::readAll()
 {
     if (!readSettings()) {
@@ -428,6 +429,11 @@ void OpenedStores::readAll()
     }
     for (Side& side : m_sides)
         m_isDirty = watch(side) || m_isDirty;
+    if (!m_isDirty)
+        return;
+    auto next = std::make_shared<Snapshot>(*m_snapshot);
+    next->changes.assign(m_journal.begin(), m_journal.end());
+    m_snapshot = std::move(next);
 }
 
 // A server that answers late is taken up as soon as it does.
