@@ -7,6 +7,12 @@
 
 #include <libpq-fe.h>
 
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+#include <poll.h>
+
 void Bare::Close::operator()(pg_conn* connection) const { PQfinish(connection); }
 
 Bare::Bare(std::string const& connection) : m_connection(PQconnectdb(connection.c_str()))
@@ -26,6 +32,20 @@ std::string Bare::ask(char const* sql, std::vector<char const*> const& parameter
     return PQntuples(result.get()) > 0 ? PQgetvalue(result.get(), 0, 0) : "";
 }
 
+void Bare::awaitNotification() const
+{
+    // What came with an answer is there before anything is waited for.
+    for (bool isThere = false; !isThere;) {
+        while (PGnotify* const notification = PQnotifies(m_connection.get())) {
+            PQfreemem(notification);
+            isThere = true;
+        }
+        pollfd waiting{PQsocket(m_connection.get()), POLLIN, 0};
+        Bench::require(isThere || ::poll(&waiting, 1, 60000) == 1, "no notification came");
+        Bench::require(isThere || PQconsumeInput(m_connection.get()) == 1, PQerrorMessage(m_connection.get()));
+    }
+}
+
 BareProgram::BareProgram(std::string const& connection, int number)
     : m_bare(connection), m_client("00000000-0000-0000-0000-" + std::to_string(100000000000 + number))
 {
@@ -41,6 +61,46 @@ void BareProgram::change()
                    "false, 0, 0)",
                    {m_client.c_str(), number.c_str()});
     Bench::require(outcome == "stored", "a change was " + outcome);
+}
+
+void BareProgram::askForChanges()
+{
+    m_revision = m_bare.ask("SELECT max(layer_revision) FROM settings.changes_v2($1, 0) WHERE NOT studio", {m_revision.c_str()});
+}
+
+void Server::restart()
+{
+    m_cluster.stop();
+    m_cluster.start();
+}
+
+std::vector<std::string> Server::processesOf(std::string const& user) const
+{
+    std::istringstream processes(m_cluster.ask("SELECT string_agg(pid::text, ' ') FROM pg_stat_activity WHERE usename = '" + user + "'"));
+    return {std::istream_iterator<std::string>(processes), {}};
+}
+
+double Server::memoryOf(std::string const& user) const
+{
+    double bytes = 0;
+    for (std::string const& process : processesOf(user)) {
+        std::ifstream memory("/proc/" + process + "/smaps_rollup");
+        for (std::string line; std::getline(memory, line);)
+            if (line.rfind("Pss:", 0) == 0)
+                bytes += 1024 * std::stod(line.substr(4));
+    }
+    return bytes;
+}
+
+double Server::processorTimeOf(std::string const& user) const
+{
+    double nanoseconds = 0;
+    for (std::string const& process : processesOf(user)) {
+        double own = 0;
+        std::ifstream("/proc/" + process + "/schedstat") >> own;
+        nanoseconds += own;
+    }
+    return nanoseconds / 1e9;
 }
 
 Server::Server(int users)

@@ -19,6 +19,8 @@ public:
 
     /// The first column of the first row. A failure ends the program.
     std::string ask(char const* sql, std::vector<char const*> const& parameters = {}) const;
+    /// Waits for a notification, and takes all that came with it.
+    void awaitNotification() const;
 
 private:
     struct Close {
@@ -34,9 +36,14 @@ public:
 
     /// Stores a number as a setting, and returns when the server has it on disk.
     void change();
+    /// Waits until the server tells of another program's change.
+    void awaitHint() const { m_bare.awaitNotification(); }
+    /// Asks for what changed since the last time.
+    void askForChanges();
 
 private:
     Bare m_bare;
+    std::string m_revision = "0"; // of the user's layer, when it was asked last
     std::string m_client;
     long long m_operation = 0;
 };
@@ -46,9 +53,20 @@ class Server {
 public:
     explicit Server(int users);
 
+    /// Ends it at once and starts it again.
+    void restart();
+    /// Has it answer nothing more; connections are accepted all the same.
+    void halt() { m_cluster.halt(); }
+    /// Of the processes that serve `user`: the bytes that are theirs, with their part of what several share.
+    double memoryOf(std::string const& user) const;
+    /// The seconds of a processor that they have taken.
+    double processorTimeOf(std::string const& user) const;
+
     std::string connection(int user) const { return m_cluster.connection("user" + std::to_string(user), "studio"); }
     std::string administration() const { return m_cluster.connection(Cluster::superuser, "studio"); }
 
 private:
+    std::vector<std::string> processesOf(std::string const& user) const;
+
     Cluster m_cluster;
 };
