@@ -2,7 +2,7 @@
 //
 // Editors that share a studio's store: how soon another one shows a change, how soon all are back after the server's restart, what
 // they cost the server at rest, and what a start costs while it does not answer. The floor listens and asks plainly. All programs are one
-// user's, so that each is told of a change.
+// user's, so that the server notifies each of a change.
 #include "Server.h"
 
 #include <support/Bench.h>

@@ -79,7 +79,7 @@ protected:
         m_window->show();
         m_window->activateWindow();
         ASSERT_TRUE(comes([&] { return isFilled && m_window->isActiveWindow(); }));
-        settings().setFocus();
+        m_window->findChild<Inspector::ItemsView*>()->setFocus(); // that of the settings
     }
 
     /// Shows it with changes allowed.

@@ -83,20 +83,6 @@ protected:
             }
     }
 
-    /// Shows the window, whose lists may have other names than in English.
-    void openLonger(bool isChanging = false)
-    {
-        m_window = std::make_unique<MainWindow>(m_place);
-        bool isFilled = false;
-        QObject::connect(m_window.get(), &MainWindow::filled, m_window.get(), [&] { isFilled = true; });
-        m_window->resize(1024, 640);
-        m_window->show();
-        m_window->activateWindow();
-        ASSERT_TRUE(comes([&] { return isFilled && m_window->isActiveWindow(); }));
-        m_window->findChild<Inspector::ItemsView*>()->setFocus();
-        m_window->findChild<QCheckBox*>()->setChecked(isChanging);
-    }
-
     void lookAtAll()
     {
         m_cut.clear();
@@ -131,7 +117,7 @@ protected:
 
 TEST_P(Looks, NoTextIsCutOffOnAnyPage)
 {
-    openLonger();
+    open();
     for (Qt::Key const page : {Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_4}) {
         press(page, Qt::ControlModifier);
         EXPECT_EQ(cut(), "") << "page " << page - Qt::Key_0;
@@ -140,7 +126,8 @@ TEST_P(Looks, NoTextIsCutOffOnAnyPage)
 
 TEST_P(Looks, NoTextIsCutOffBesideAnySettingThatMayChange)
 {
-    openLonger(true);
+    open();
+    m_window->findChild<QCheckBox*>()->setChecked(true);
     for (char const* const key : {"exportPath", "rate", "who", "zoom", "lastTarget", "keepVideoAspect", "userCustomColors",
                                   "mainWindowGeometry", "sendStatistics", "npsSendCount", "lastUsedPresetId"}) {
         goTo(key);
@@ -154,7 +141,7 @@ TEST_P(Looks, NoTextIsCutOffBesideAnySettingThatMayChange)
 TEST_P(Looks, NoMessageIsCutOff)
 {
     m_home.write("stores/product-settings.sqlite", "not a store");
-    openLonger();
+    open();
     ASSERT_FALSE(messages().isEmpty());
     EXPECT_EQ(cut(), "");
 }
