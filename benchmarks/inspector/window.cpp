@@ -160,10 +160,10 @@ public:
     Window(Application& application, fs::path const& folder)
         : m_application(application), m_folder(folder), m_window({folder / "product.json", folder / "stores"})
     {
-        for (Inspector::ItemsView* const view : m_window.findChildren<Inspector::ItemsView*>())
+        for (Inspector::ItemsView* const view : children<Inspector::ItemsView>())
             if (view->accessibleName() == QLatin1String("Settings"))
                 m_view = view;
-        for (QLineEdit* const field : m_window.findChildren<QLineEdit*>())
+        for (QLineEdit* const field : children<QLineEdit>())
             if (field->accessibleName() == QLatin1String("Search"))
                 m_search = field;
         if (!m_view || !m_search)
@@ -202,7 +202,7 @@ public:
     }
     void trigger(QKeySequence const& keys)
     {
-        for (QAction* const action : m_window.findChildren<QAction*>())
+        for (QAction* const action : children<QAction>())
             if (action->shortcuts().contains(keys))
                 return action->trigger();
         fail("no action has the shortcut " + keys.toString().toStdString());
@@ -221,7 +221,7 @@ public:
     {
         QPushButton* found = nullptr;
         comes([&] {
-            for (QPushButton* const button : m_window.findChildren<QPushButton*>())
+            for (QPushButton* const button : children<QPushButton>())
                 if (button->isVisible() && button->text().remove(QLatin1Char('&')) == text)
                     found = button;
             return found && found->isEnabled();
@@ -241,13 +241,18 @@ public:
     fs::path file() const { return m_folder / "stores/product-settings.sqlite"; }
 
 private:
+    template <typename Child>
+    QList<Child*> const children() const
+    {
+        return m_window.findChildren<Child*>();
+    }
     std::string said() const
     {
         QStringList texts;
-        for (QLabel const* const label : m_window.findChildren<QLabel*>())
+        for (QLabel const* const label : children<QLabel>())
             if (label->isVisible())
                 texts += label->text();
-        for (QTextEdit const* const text : m_window.findChildren<QTextEdit*>())
+        for (QTextEdit const* const text : children<QTextEdit>())
             if (text->isVisible())
                 texts += text->toPlainText();
         return texts.join(QLatin1Char('\n')).toStdString();

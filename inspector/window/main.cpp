@@ -110,8 +110,9 @@ try {
     Inspector::MainWindow window(place);
     if (parser.isSet(QStringLiteral("measure")))
         new Measurement(window, sinceStart);
-    if (!parser.positionalArguments().isEmpty())
-        window.goTo(parser.positionalArguments().first().toStdString());
+    QStringList const keys = parser.positionalArguments();
+    if (!keys.isEmpty())
+        window.goTo(keys.first().toStdString());
     window.show();
     return QApplication::exec();
 } catch (std::exception const& error) {

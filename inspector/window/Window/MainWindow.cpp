@@ -149,8 +149,8 @@ void MainWindow::connectParts()
     connect(m_search, &SearchField::wantsBack, this, [this] { view().setFocus(Qt::ShortcutFocusReason); });
     for (ItemsView* const each : m_views) {
         connect(each, &ItemsView::wantsToSearch, m_actions.find, &QAction::trigger);
-        for (auto const changes : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
-            connect(each->model(), changes, this, &MainWindow::showCount);
+        connect(each->model(), &QAbstractItemModel::rowsInserted, this, &MainWindow::showCount);
+        connect(each->model(), &QAbstractItemModel::rowsRemoved, this, &MainWindow::showCount);
         connect(each->model(), &QAbstractItemModel::modelReset, this, &MainWindow::showCount);
     }
     connect(m_pane, &SettingPane::isDone, this, [this] { m_views[settingsPage]->setFocus(Qt::OtherFocusReason); });
@@ -535,8 +535,9 @@ void MainWindow::restoreState()
         setColumns(view, state.columns.size() == pageCount ? state.columns[at] : QList<int>(), inCharacters[at]);
         view.setSearch(state.searches.size() == pageCount ? state.searches[at].left(m_search->maxLength()) : QString());
     }
-    for (int column = 0; column < m_actions.columns->actions().size(); ++column)
-        m_actions.columns->actions()[column]->setChecked(!m_views[settingsPage]->isColumnHidden(column));
+    QList<QAction*> const columns = m_actions.columns->actions();
+    for (int column = 0; column < columns.size(); ++column)
+        columns[column]->setChecked(!m_views[settingsPage]->isColumnHidden(column));
     m_tabs->setCurrentIndex(qBound(0, state.page, pageCount - 1));
 }
 

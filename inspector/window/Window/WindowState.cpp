@@ -28,7 +28,8 @@ int sizeOf(QJsonValue const& value) { return qBound(0, value.toInt(), largestSiz
 QList<int> sizesOf(QJsonValue const& value)
 {
     QList<int> result;
-    for (QJsonValue const each : value.toArray())
+    QJsonArray const all = value.toArray();
+    for (auto const& each : all)
         result += sizeOf(each);
     return result;
 }
@@ -63,9 +64,11 @@ WindowState WindowState::load()
     if (size.size() == 2)
         state.size = {size[0], size[1]};
     state.page = sizeOf(kept[QLatin1String("page")]);
-    for (QJsonValue const search : kept[QLatin1String("searches")].toArray())
+    QJsonArray const searches = kept[QLatin1String("searches")].toArray();
+    for (auto const& search : searches)
         state.searches += search.toString();
-    for (QJsonValue const widths : kept[QLatin1String("columns")].toArray())
+    QJsonArray const columns = kept[QLatin1String("columns")].toArray();
+    for (auto const& widths : columns)
         state.columns += sizesOf(widths);
     state.parts = sizesOf(kept[QLatin1String("parts")]);
     return state;

@@ -50,8 +50,8 @@ ListEditor::ListEditor(Setting const& setting, QWidget* parent) : ValueEditor(pa
     m_down = addButton(tr("&Down"), &ListEditor::moveDown);
     addButton(tr("&Store list"), &ListEditor::store);
     QAbstractItemModel const* const model = m_list->model();
-    for (auto const signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
-        connect(model, signal, this, &ListEditor::changed);
+    connect(model, &QAbstractItemModel::rowsInserted, this, &ListEditor::changed);
+    connect(model, &QAbstractItemModel::rowsRemoved, this, &ListEditor::changed);
     connect(model, &QAbstractItemModel::rowsMoved, this, &ListEditor::changed);
     connect(m_list, &QListWidget::itemChanged, this, &ListEditor::changed);
     connect(this, &ValueEditor::changed, this, &ListEditor::showColours);

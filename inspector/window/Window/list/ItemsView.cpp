@@ -45,8 +45,8 @@ ItemsView::ItemsView(ItemsModel& model, QString const& name, QWidget* parent) : 
     setContextMenuPolicy(Qt::ActionsContextMenu);
     header()->setSectionsMovable(false);
     header()->setTextElideMode(Qt::ElideRight);
-    for (auto const comes : {&QAbstractItemModel::rowsAboutToBeInserted, &QAbstractItemModel::rowsAboutToBeRemoved})
-        connect(&m_proxy, comes, this, &ItemsView::noteTop);
+    connect(&m_proxy, &QAbstractItemModel::rowsAboutToBeInserted, this, &ItemsView::noteTop);
+    connect(&m_proxy, &QAbstractItemModel::rowsAboutToBeRemoved, this, &ItemsView::noteTop);
     connect(&m_proxy, &QAbstractItemModel::modelAboutToBeReset, this, &ItemsView::noteLines);
     connect(&m_proxy, &QAbstractItemModel::modelReset, this, &ItemsView::restoreLines);
 }
@@ -74,7 +74,8 @@ void ItemsView::setSearch(QString const& typed)
 std::vector<int> ItemsView::selectedRows() const
 {
     std::vector<int> rows;
-    for (QModelIndex const& index : selectionModel()->selectedRows())
+    QModelIndexList const selected = selectionModel()->selectedRows();
+    for (QModelIndex const& index : selected)
         rows.push_back(m_proxy.mapToSource(index).row());
     std::sort(rows.begin(), rows.end());
     return rows;
@@ -163,7 +164,8 @@ void ItemsView::noteLines()
     if (!m_proxy.sourceModel())
         return;
     m_selected.clear();
-    for (QModelIndex const& index : selectionModel()->selectedRows())
+    QModelIndexList const selected = selectionModel()->selectedRows();
+    for (QModelIndex const& index : selected)
         m_selected.push_back(idOf(index));
 }
 

@@ -88,7 +88,8 @@ void SettingPane::tell(Passage& part, QString const& text) const
 {
     part.tell(text);
     part.setVisible(!text.isEmpty());
-    for (QLabel* const label : m_area->widget()->findChildren<QLabel*>())
+    QList<QLabel*> const labels = m_area->widget()->findChildren<QLabel*>();
+    for (QLabel* const label : labels)
         if (label->buddy() == &part)
             label->setVisible(!text.isEmpty());
 }

@@ -266,7 +266,8 @@ QStringList ValueBox::hints() const
         return lines << tr("A field would not keep it as it is: unset it first, or use the command line.");
     if (valueNow(*m_seen) != valueNow(*m_setting))
         lines += tr("now %1 there").arg(valueNow(*m_setting));
-    for (QString const& word : m_editor->words())
+    QStringList const words = m_editor->words();
+    for (QString const& word : words)
         if (std::string const text = word.toStdString(); Inspection::withoutControls(text, "\n") != text)
             lines += tr("escaped: %1").arg(QString::fromStdString(Inspection::onOneLine(text)));
     return lines << m_editor->help();

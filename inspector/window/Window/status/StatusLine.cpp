@@ -39,7 +39,8 @@ StatusLine::StatusLine(QWidget* parent)
         addWidget(label);
     addPermanentWidget(m_backups);
     addPermanentWidget(m_step);
-    for (QLabel* const label : findChildren<QLabel*>())
+    QList<QLabel*> const labels = findChildren<QLabel*>();
+    for (QLabel* const label : labels)
         label->setContentsMargins(fontMetrics().averageCharWidth(), 0, fontMetrics().averageCharWidth(), 0);
 }
 
