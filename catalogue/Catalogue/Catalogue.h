@@ -18,6 +18,8 @@ namespace Catalogue {
 
 enum class Store { product, common };
 
+inline constexpr Store bothStores[] = {Store::product, Store::common};
+
 /// The word for a store: "product" or "common".
 std::string name(Store store);
 

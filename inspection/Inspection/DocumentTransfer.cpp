@@ -17,8 +17,6 @@ namespace Inspection {
 
 namespace {
 
-constexpr Store stores[] = {Store::product, Store::common};
-
 void announce(StoreBegins const& begins, Store store)
 {
     if (begins)
@@ -67,7 +65,7 @@ std::string inWords(Uncarried const& row)
 Export exported(Host::ToolApplication const& application, Selection const& selection, StoreBegins const& begins)
 {
     Export result = {{inUtc(std::chrono::system_clock::now()), application.productFile().productName(), {}}, {}, {}};
-    for (Store const store : stores) {
+    for (Store const store : Catalogue::bothStores) {
         announce(begins, store);
         std::size_t unknown = 0;
         for (SqliteStorage::Row const& row : selectedRows(application, store, selection)) {
@@ -150,7 +148,7 @@ Comparison compared(Host::Application const& application, Selection const& selec
                     StoreBegins const& begins)
 {
     Comparing comparing(selection, take);
-    for (Store const store : stores) {
+    for (Store const store : Catalogue::bothStores) {
         announce(begins, store);
         comparing.compare(store, selectedRows(application, store, selection), document.entries);
     }
@@ -170,7 +168,7 @@ struct Target {
 std::vector<Target> targetsOf(Host::Application const& application, std::deque<NewValue> values)
 {
     std::vector<Target> targets;
-    for (Store const store : stores) {
+    for (Store const store : Catalogue::bothStores) {
         Target target = {store, storage(application, store), {}};
         for (; !values.empty() && values.front().store == store; values.pop_front())
             target.values.push_back(std::move(values.front()));

@@ -34,7 +34,7 @@ using Storage::Kind;
 
 constexpr char const* formatName = "editor-settings export";
 constexpr int writtenVersion = 1;
-constexpr std::pair<Store, char const*> stores[] = {{Store::product, "product"}, {Store::common, "common"}};
+constexpr std::pair<Store, char const*> namedStores[] = {{Store::product, "product"}, {Store::common, "common"}};
 
 char const* storeName(Store store) { return store == Store::product ? "product" : "common"; }
 
@@ -138,8 +138,8 @@ std::string written(Document const& document)
     std::string text = "{\n  \"format\": " + jsonText(formatName) + ",\n  \"version\": " + std::to_string(writtenVersion) +
                        ",\n  \"made\": " + jsonText(document.made) + ",\n  \"product\": " + jsonText(document.product) +
                        ",\n  \"stores\": {";
-    for (auto const& [store, name] : stores) {
-        text += std::string(store == stores[0].first ? "" : ",") + "\n    " + jsonText(name) + ": {";
+    for (auto const& [store, name] : namedStores) {
+        text += std::string(store == namedStores[0].first ? "" : ",") + "\n    " + jsonText(name) + ": {";
         bool isFirst = true;
         for (Entry const& entry : document.entries)
             if (entry.store == store)
@@ -448,7 +448,7 @@ private:
     std::optional<Store> storeOfEntry() const
     {
         if (m_open.size() == 4 && m_names[0] == "stores")
-            for (auto const& [store, name] : stores)
+            for (auto const& [store, name] : namedStores)
                 if (m_names[1] == name)
                     return store;
         return std::nullopt;
@@ -525,7 +525,7 @@ void checkRest(Fields const& document)
 {
     Fields const all(document.at("stores"), {"stores"});
     all.checkNames({"product", "common"});
-    for (auto const& [store, name] : stores)
+    for (auto const& [store, name] : namedStores)
         if (json const* const rest = all.find(name)) {
             Fields const keys(*rest, all.place(name));
             for (auto const& entry : rest->items())

@@ -305,7 +305,7 @@ std::optional<PreferenceState> preferenceState(Host::Application const& applicat
         return stateOf(application, key, *member);
     if (std::optional<OwnKeys::Match> const match = ownKeys().find(key))
         return match->part == OwnKeys::Part::whole ? std::optional(stateOf(application, *match)) : std::nullopt;
-    for (Store const store : {Store::product, Store::common})
+    for (Store const store : Catalogue::bothStores)
         if (std::optional<PreferenceState> found = undeclared(application, key, store))
             return found;
     return std::nullopt;
@@ -338,7 +338,7 @@ std::vector<PreferenceState> preferenceStates(Host::Application const& applicati
     for (OwnKey const& declared : ownKeys().all())
         if (!declared.isPrefix && own.insert(declared.key).second)
             states.push_back(stateOf(application, {&declared, declared.key, OwnKeys::Part::whole}));
-    for (Store const store : {Store::product, Store::common})
+    for (Store const store : Catalogue::bothStores)
         for (std::vector<LayeredRow> const& stored : allStoredLayers(application, store))
             if (std::optional<PreferenceState> state =
                     isLeftOut && isLeftOut(store, stored) ? std::nullopt : stateBehind(application, store, stored);

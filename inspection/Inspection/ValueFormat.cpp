@@ -31,7 +31,7 @@ struct TypeNames {
 constexpr char const anyText[] = "text in UTF-8 without a byte order mark";
 
 // In the order of the alternatives of Value.
-constexpr std::array<TypeNames, std::variant_size_v<Value>> types = {
+constexpr std::array<TypeNames, std::variant_size_v<Value>> typeNames = {
     {{"bool", "bool", Storage::Kind::boolean, "true or false (or yes, no, on, off, 1, 0)"},
      {"int", "int", Storage::Kind::integer, "a whole number from -2147483648 to 2147483647"},
      {"text", "std::string", Storage::Kind::text, anyText},
@@ -40,7 +40,7 @@ constexpr std::array<TypeNames, std::variant_size_v<Value>> types = {
      {"list", "QStringList", Storage::Kind::text, "elements of text, none empty or with the separator of stored lists"},
      {"rational", "boost::rational<long long>", Storage::Kind::integer, "a fraction such as 30000/1001, or a whole number"}}};
 
-TypeNames const& type(Value const& value) { return types[value.index()]; }
+TypeNames const& type(Value const& value) { return typeNames[value.index()]; }
 
 // In the order of Refusal.
 constexpr std::array accepted = {

@@ -7,7 +7,6 @@ namespace Studio {
 
 using Code = Storage::StorageError::Code;
 using Reason = ServerError::Reason;
-using Storage::Layer;
 
 namespace {
 
@@ -45,7 +44,7 @@ Code codeOf(Reason reason)
     return Code::unreachable;
 }
 
-SessionStore::LayeredRow layeredRow(Layer layer, std::string const& key, Setting const& setting)
+SessionStore::LayeredRow layeredRow(Storage::Layer layer, std::string const& key, Setting const& setting)
 {
     bool const isReadable = !std::holds_alternative<std::monostate>(setting.value);
     return {layer,
@@ -117,13 +116,13 @@ std::vector<SessionStore::LayeredRow> SessionStore::layersOf(std::string const& 
     bool const isLocked = studio && studio->locked;
     std::vector<LayeredRow> layers;
     if (isLocked)
-        layers.push_back(layeredRow(Layer::locked, key, *studio));
+        layers.push_back(layeredRow(Storage::Layer::locked, key, *studio));
     if (m_core->roams(key) && user)
-        layers.push_back(layeredRow(Layer::user, key, *user));
+        layers.push_back(layeredRow(Storage::Layer::user, key, *user));
     if (!m_core->roams(key) && m_local->contains(key))
-        layers.push_back({Layer::local, {key, {}, {}, {}}, {}});
+        layers.push_back({Storage::Layer::local, {key, {}, {}, {}}, {}});
     if (studio && !isLocked)
-        layers.push_back(layeredRow(Layer::studio, key, *studio));
+        layers.push_back(layeredRow(Storage::Layer::studio, key, *studio));
     return layers;
 }
 

@@ -28,4 +28,8 @@ QString Answer::whyNot() const
     return error ? QString::fromStdString(Inspection::withoutControls(error->what())) : QString();
 }
 
+Answer refused(std::string const& reason) { return {0, Outcome::refused, {}, {}, {}, {}, reason}; }
+
+Answer failed(Storage::StorageError const& error) { return {0, Outcome::failed, {}, {}, {}, {}, {}, error}; }
+
 } // namespace Inspector

@@ -59,4 +59,9 @@ struct Answer {
     QString whyNot() const;
 };
 
+/// Nothing was tried, for this reason.
+Answer refused(std::string const& reason);
+/// It was tried, and this is what failed.
+Answer failed(Storage::StorageError const& error);
+
 } // namespace Inspector

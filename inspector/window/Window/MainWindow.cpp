@@ -300,7 +300,7 @@ void MainWindow::goToWanted()
         return;
     std::string const key = std::exchange(m_wantedKey, {});
     showPage(settingsPage);
-    for (Catalogue::Store const store : {Catalogue::Store::product, Catalogue::Store::common})
+    for (Catalogue::Store const store : Catalogue::bothStores)
         if (m_views[settingsPage]->setCurrent(settingId(key, store)))
             return m_views[settingsPage]->setFocus(Qt::OtherFocusReason);
     m_messages->tell(QStringLiteral("key"), tr("There is no setting %1; the list shows all.").arg(shown(Inspection::onOneLine(key))));

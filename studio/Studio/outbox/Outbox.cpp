@@ -24,7 +24,6 @@ using Storage::Use;
 
 namespace {
 
-constexpr char const* openTheOutbox = "open the outbox";
 constexpr char const* readTheOutbox = "read the outbox";
 constexpr char const* keepAChange = "change a setting";
 constexpr char const* keepAnAnswer = "keep the server's answer";

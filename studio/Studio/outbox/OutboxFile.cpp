@@ -26,8 +26,6 @@ using Storage::StorageError;
 
 namespace {
 
-constexpr char const* openTheOutbox = "open the outbox";
-constexpr char const* moveAway = "move it away; it was left as it is";
 constexpr char const* damagedInfix = ".damaged-";
 
 constexpr int applicationId = 0x4C75454F; // "LuEO"

@@ -13,6 +13,9 @@
 
 namespace Studio {
 
+/// What is attempted, in the errors of opening an outbox.
+inline constexpr char const* openTheOutbox = "open the outbox";
+
 /// Opens the outbox in `file`, and creates a missing one with mode 0600 for the server and user that `identity` names. Every
 /// change is on disk when its transaction ends.
 ///

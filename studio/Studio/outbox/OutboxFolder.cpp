@@ -103,7 +103,6 @@ fs::path outboxFile(fs::path const& folder, std::string const& identity)
 
 void demandOwnFile(fs::path const& file, struct stat const& status, char const* attempt)
 {
-    char const* const moveAway = "move it away; it was left as it is";
     if (!S_ISREG(status.st_mode))
         throw Storage::StorageError(Code::foreign, file.u8string(), attempt, "it is not a regular file", moveAway);
     if (status.st_uid != ::geteuid() || (status.st_mode & (S_IRWXG | S_IRWXO)) != 0)

@@ -28,6 +28,9 @@ OutboxFolder findOutboxFolder(std::vector<std::filesystem::path> const& folders)
 /// The file in `folder` for the server and user that `identity` names. Its name is a hash of that, and the file itself holds it.
 std::filesystem::path outboxFile(std::filesystem::path const& folder, std::string const& identity);
 
+/// What to do about a file that is refused.
+inline constexpr char const* moveAway = "move it away; it was left as it is";
+
 /// Throws a `StorageError` of `attempt` unless `file`, with what lstat says of it, is a regular file of this user's that
 /// nobody else may read or write.
 void demandOwnFile(std::filesystem::path const& file, struct stat const& status, char const* attempt);

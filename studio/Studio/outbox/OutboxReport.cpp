@@ -16,7 +16,7 @@ namespace Studio {
 
 namespace {
 
-std::chrono::system_clock::time_point timeOf(std::int64_t milliseconds)
+std::chrono::system_clock::time_point timeOfMilliseconds(std::int64_t milliseconds)
 {
     return std::chrono::system_clock::time_point(std::chrono::milliseconds(milliseconds));
 }
@@ -27,7 +27,7 @@ void readOne(fs::path const& file, std::string const& identity, OutboxReport& re
     SQLite::Statement pending(database, "SELECT count(*), coalesce(min(time_of_day), 0) FROM operation");
     pending.executeStep();
     if (auto const count = static_cast<std::size_t>(pending.getColumn(0).getInt64()); count > 0) {
-        auto const since = timeOf(pending.getColumn(1).getInt64());
+        auto const since = timeOfMilliseconds(pending.getColumn(1).getInt64());
         report.since = std::min(report.since.value_or(since), since);
         report.pending += count;
     }

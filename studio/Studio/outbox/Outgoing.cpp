@@ -15,7 +15,7 @@ using SystemTime = std::chrono::system_clock::time_point;
 namespace {
 
 // The server counts microseconds from the beginning of 2000.
-SystemTime timeOf(std::int64_t microseconds)
+SystemTime timeOfMicroseconds(std::int64_t microseconds)
 {
     constexpr std::chrono::seconds beginning{946684800};
     return SystemTime(beginning + std::chrono::microseconds(microseconds));
@@ -43,9 +43,10 @@ std::vector<Snapshot::Change> changesOf(News const& news)
     std::vector<Snapshot::Change> changes;
     for (Layer const layer : {Layer::user, Layer::studio})
         for (SharedRow const& row : news.layers[static_cast<std::size_t>(layer)].rows) {
-            auto const setting = row.value ? std::make_shared<Setting const>(Setting{valueOf(row.value->kind, row.value->bytes), row.locked,
-                                                                                     row.changedBy, timeOf(row.changedAt), row.value->kind})
-                                           : nullptr;
+            auto const setting =
+                row.value ? std::make_shared<Setting const>(Setting{valueOf(row.value->kind, row.value->bytes), row.locked, row.changedBy,
+                                                                    timeOfMicroseconds(row.changedAt), row.value->kind})
+                          : nullptr;
             changes.push_back({layer, row.store, row.key, setting});
         }
     return changes;

@@ -124,7 +124,7 @@ void checkHome(StoreUse use, bool storesLieInHome)
 
 void printReadOnlyStores(Host::Application const& application)
 {
-    for (Catalogue::Store const store : {Catalogue::Store::product, Catalogue::Store::common})
+    for (Catalogue::Store const store : Catalogue::bothStores)
         if (Storage::SqliteStorage const* const opened = Inspection::storage(application, store))
             if (std::optional<Storage::StorageError> const error = opened->readOnlyError())
                 printError(absl::StrCat("only for reading: ", error->what()));

@@ -27,8 +27,6 @@ using Storage::SqliteStorage;
 
 namespace {
 
-constexpr Store stores[] = {Store::product, Store::common};
-
 std::vector<SqliteStorage::Row> rowsNow(Host::Application const& application, Store store)
 {
     SqliteStorage const* const now = storage(application, store);
@@ -67,10 +65,10 @@ struct Source {
 // A store that an earlier restore kept is a backup of that store alone.
 Source sourceIn(std::string const& file, Host::Application const& application)
 {
-    for (Store const store : stores)
+    for (Store const store : Catalogue::bothStores)
         if (auto const made = Storage::Backup::timeOfKeeping(file, storageFile(application, store)))
             return {Storage::Backup(file, name(store), *made, application.storeOptions()), {store}};
-    return {Storage::Backup(file), {std::begin(stores), std::end(stores)}};
+    return {Storage::Backup(file), {std::begin(Catalogue::bothStores), std::end(Catalogue::bothStores)}};
 }
 
 void printAsJson(Storage::Backup const& backup, std::vector<Restored> const& all, bool isDryRun)
@@ -126,7 +124,7 @@ std::string summary(Storage::Backup const& backup, Restored const& restored, Inv
 void backUpStores(Host::Application const& application, std::string const& file)
 {
     std::map<std::string, SqliteStorage const*> present;
-    for (Store const store : stores)
+    for (Store const store : Catalogue::bothStores)
         if (SqliteStorage const* const now = storage(application, store))
             present[name(store)] = now;
     if (present.empty())

@@ -43,7 +43,7 @@ struct Report {
 
 void examineStores(Host::Application const& application, Report& report, ProgressLine& progress)
 {
-    for (Store const store : {Store::product, Store::common}) {
+    for (Store const store : Catalogue::bothStores) {
         progress.next(absl::StrCat("looking at the ", name(store), " store"));
         report.stores.push_back(examine(application, store));
         report.add(checkStoreFile(report.stores.back()));
@@ -88,8 +88,6 @@ std::string remedyOf(Finding const& finding)
         names = keyNames();
     return didYouMean(finding.key, names) + finding.remedy;
 }
-
-ordered_json orNull(std::string const& text) { return text.empty() ? ordered_json() : ordered_json(text); }
 
 ordered_json asJson(ExaminedStore const& store)
 {

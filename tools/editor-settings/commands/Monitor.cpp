@@ -85,7 +85,7 @@ public:
             std::lock_guard const lock(m_mutex);
             m_changed.emplace(store == "common" ? Store::common : Store::product, key);
         });
-        for (Store const store : {Store::product, Store::common})
+        for (Store const store : Catalogue::bothStores)
             for (std::string const& key : Inspection::layers(application, store)->sharedKeys())
                 m_known[{store, key}] = inForce({store, key});
     }

@@ -93,8 +93,6 @@ ordered_json defaultJsonOf(PreferenceState const& found)
     return found.isUndeclared() ? ordered_json() : toJson(found.observation.defaultValue);
 }
 
-ordered_json orNull(std::string const& text) { return text.empty() ? ordered_json() : ordered_json(text); }
-
 std::string dataClassOf(PreferenceState const& found) { return found.dataClass ? Catalogue::dataClassName(*found.dataClass) : ""; }
 
 // As onOneLine shows it.

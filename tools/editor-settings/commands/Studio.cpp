@@ -88,8 +88,6 @@ Command migrateCommand()
 
 // --- What is known of the server ---
 
-ordered_json orNull(std::string const& text) { return text.empty() ? ordered_json() : ordered_json(text); }
-
 // How changes of others arrive.
 char const* hearingOf(StudioStatus const& status) { return status.isListening ? "listening" : "polling"; }
 

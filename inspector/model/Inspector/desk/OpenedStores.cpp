@@ -368,7 +368,7 @@ Inspection::Findings findingsOf(Host::ToolApplication const& application, Inspec
 {
     Inspection::Findings all = Inspection::checkHome();
     auto const add = [&](Inspection::Findings more) { std::move(more.begin(), more.end(), std::back_inserter(all)); };
-    for (Store const store : {Store::product, Store::common}) {
+    for (Store const store : Catalogue::bothStores) {
         Inspection::ExaminedStore const examined = Inspection::examine(application, store);
         add(checkStoreFile(examined));
         add(checkStoredValues(application, examined, look));
@@ -647,7 +647,7 @@ Answer OpenedStores::applied(std::vector<Planned> const& planned, bool mayRewrit
 {
     Answer answer;
     m_isDirty = true;
-    for (Store const store : {Store::product, Store::common}) {
+    for (Store const store : Catalogue::bothStores) {
         std::vector<SqliteStorage::Change> changes;
         for (Planned const& each : planned)
             if (each.store == store)
@@ -689,8 +689,6 @@ std::vector<std::pair<Store, std::optional<Row>>> rowsBefore(Commit const& commi
     }
     return rows;
 }
-
-Answer refused(std::string const& reason) { return {0, Outcome::refused, {}, {}, {}, {}, reason}; }
 
 Answer withoutBackup(StorageError const& error) { return {0, Outcome::noBackup, {}, {}, {}, {}, {}, error}; }
 
@@ -750,7 +748,7 @@ try {
 } catch (StorageError const& error) {
     if (error.code() == StorageError::Code::busy)
         throw;
-    return {0, Outcome::failed, {}, {}, {}, {}, {}, error};
+    return failed(error);
 }
 
 Answer OpenedStores::store(Commit const& commit, bool mayGoWithout)

@@ -20,10 +20,6 @@ namespace {
 constexpr std::chrono::seconds patience{5};
 constexpr std::chrono::milliseconds untilItIsTold{250};
 
-Answer refused(std::string const& reason) { return {0, Outcome::refused, {}, {}, {}, {}, reason}; }
-
-Answer failed(StorageError const& error) { return {0, Outcome::failed, {}, {}, {}, {}, {}, error}; }
-
 std::vector<std::string> notesOf(Inspection::Export const& result)
 {
     std::vector<std::string> notes;

@@ -9,6 +9,8 @@
 
 void printJson(nlohmann::ordered_json const& value) { std::cout << Inspection::jsonText(value, 2) << '\n'; }
 
+nlohmann::ordered_json orNull(std::string const& text) { return text.empty() ? nlohmann::ordered_json() : nlohmann::ordered_json(text); }
+
 std::string inColumn(Catalogue::Value const& value, Format format)
 {
     std::string const line = onOneLine(value);

@@ -14,6 +14,8 @@
 
 /// Prints `value` indented, without raw control characters.
 void printJson(nlohmann::ordered_json const& value);
+/// A text as a JSON value, and null for an empty one.
+nlohmann::ordered_json orNull(std::string const& text);
 
 using Inspection::onOneLine;
 
