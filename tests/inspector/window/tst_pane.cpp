@@ -133,12 +133,11 @@ TEST_F(Pane, NumbersAreWholeAndOf32Bits)
 TEST_F(Pane, ChoosingIsTheCommitOfABool)
 {
     open("useGuideLines");
-    auto const* const defaultValue = std::get_if<bool>(&setting("useGuideLines")->defaultValue);
-    ASSERT_TRUE(defaultValue);
-    std::string const other = *defaultValue ? "false" : "true";
+    bool const defaultValue = std::get<bool>(setting("useGuideLines")->defaultValue);
+    std::string const other = defaultValue ? "false" : "true";
     QTest::mouseClick(&the<QRadioButton>(QString::fromStdString(other)), Qt::LeftButton, {}, QPoint(8, 8));
     EXPECT_EQ(answered(), Outcome::stored);
-    EXPECT_EQ(stored("useGuideLines"), SqliteStorage::Value(!*defaultValue));
+    EXPECT_EQ(stored("useGuideLines"), SqliteStorage::Value(!defaultValue));
     the<QRadioButton>(QStringLiteral("not set: follows the default")).click();
     EXPECT_EQ(answered(), Outcome::stored);
     EXPECT_EQ(stored("useGuideLines"), SqliteStorage::Value());
