@@ -43,7 +43,7 @@ constexpr std::array<TypeNames, std::variant_size_v<Value>> typeNames = {
 TypeNames const& type(Value const& value) { return typeNames[value.index()]; }
 
 // In the order of Refusal.
-constexpr std::array accepted = {
+constexpr std::array acceptedForms = {
     "give true or false (or yes, no, on, off, 1, 0)",
     "give a whole number from -2147483648 to 2147483647",
     "give the bytes in base64, with its padding",
@@ -174,7 +174,7 @@ struct AsJson {
 } // namespace
 
 ValueError::ValueError(Refusal refusal, std::string refusedWord)
-    : std::invalid_argument(accepted.at(static_cast<std::size_t>(refusal))), reason(refusal), word(std::move(refusedWord))
+    : std::invalid_argument(acceptedForms.at(static_cast<std::size_t>(refusal))), reason(refusal), word(std::move(refusedWord))
 {}
 
 std::string typeName(Value const& value) { return type(value).name; }

@@ -34,7 +34,7 @@ namespace {
 
 using Code = StorageError::Code;
 
-constexpr int applicationId = 0x4C754542; // "LuEB"
+constexpr int backupId = 0x4C754542; // "LuEB"
 constexpr int formatVersion = 1;
 
 constexpr char const* aboutTable = "CREATE TABLE about (made INTEGER NOT NULL)"; // seconds since 1970-01-01 00:00 UTC
@@ -48,7 +48,7 @@ constexpr char const* readTheBackup = "read the backup";
 constexpr char const* restoreTheStore = "restore the store";
 constexpr char const* nameAnother = "name another backup; this one was left as it is";
 
-[[noreturn]] void refuse(fs::path const& file, Code code, std::string const& reason, char const* remedy = nameAnother)
+[[noreturn]] void refuseBackup(fs::path const& file, Code code, std::string const& reason, char const* remedy = nameAnother)
 {
     throw StorageError(code, file.u8string(), readTheBackup, reason, remedy);
 }
@@ -71,28 +71,28 @@ SQLite::Database opened(fs::path const& file)
     std::error_code error;
     fs::file_status const status = fs::status(file, error);
     if (status.type() == fs::file_type::not_found)
-        refuse(file, Code::access, "it does not exist", "name the file that was given to backup");
+        refuseBackup(file, Code::access, "it does not exist", "name the file that was given to backup");
     if (error)
-        refuse(file, codeForSystem(error.value()), error.message());
+        refuseBackup(file, codeForSystem(error.value()), error.message());
     if (status.type() != fs::file_type::regular)
-        refuse(file, Code::foreign, "it is not a regular file");
+        refuseBackup(file, Code::foreign, "it is not a regular file");
     SQLite::Database database(file.string(), SQLite::OPEN_READONLY, 0, vfsShim());
     harden(database, Views::refused);
     WorkLimit const limit(database);
     if (int const application = database.execAndGet("PRAGMA application_id").getInt(); application == storeApplicationId)
-        refuse(file, Code::foreign, "it is a store, but no backup",
-               "a store that restore kept comes back from beside the one that it was kept of, under the name that it got there");
-    else if (application != applicationId)
-        refuse(file, Code::foreign, "it is an SQLite file, but no backup");
+        refuseBackup(file, Code::foreign, "it is a store, but no backup",
+                     "a store that restore kept comes back from beside the one that it was kept of, under the name that it got there");
+    else if (application != backupId)
+        refuseBackup(file, Code::foreign, "it is an SQLite file, but no backup");
     if (int const version = database.execAndGet("PRAGMA user_version").getInt(); version > formatVersion)
-        refuse(file, Code::newer,
-               "it was written by a newer version (format " + std::to_string(version) + ", this version reads " +
-                   std::to_string(formatVersion) + ")",
-               "update this program; the file was left as it is");
+        refuseBackup(file, Code::newer,
+                     "it was written by a newer version (format " + std::to_string(version) + ", this version reads " +
+                         std::to_string(formatVersion) + ")",
+                     "update this program; the file was left as it is");
     if (std::optional<std::string> const strange = strangeObject(database, schemaOfABackup(), "a backup"))
-        refuse(file, Code::foreign, *strange);
+        refuseBackup(file, Code::foreign, *strange);
     if (std::vector<std::string> const damage = damageOf(database, 1); !damage.empty())
-        refuse(file, Code::damaged, "it is damaged (" + forSentence(damage.front(), 300) + ")");
+        refuseBackup(file, Code::damaged, "it is damaged (" + forSentence(damage.front(), 300) + ")");
     checkNoLog(file, readTheBackup, database);
     return database;
 }
@@ -150,9 +150,8 @@ void Backup::write(fs::path const& file, std::map<std::string, SqliteStorage con
         snapshots[name] = store->snapshot();
     std::string const content = withStorageErrors(target, "write the backup", [&] {
         SQLite::Database database(":memory:", SQLite::OPEN_READWRITE);
-        database.exec("PRAGMA application_id = " + std::to_string(applicationId) +
-                      "; PRAGMA user_version = " + std::to_string(formatVersion) + ";" + aboutTable + ";" + copiesTable +
-                      "; INSERT INTO about VALUES (" + std::to_string(secondsSinceEpoch()) + ")");
+        database.exec("PRAGMA application_id = " + std::to_string(backupId) + "; PRAGMA user_version = " + std::to_string(formatVersion) +
+                      ";" + aboutTable + ";" + copiesTable + "; INSERT INTO about VALUES (" + std::to_string(secondsSinceEpoch()) + ")");
         SQLite::Statement insert(database, "INSERT INTO copies VALUES (?1, ?2)");
         for (auto const& [name, snapshot] : snapshots) {
             insert.bind(1, name);
@@ -184,7 +183,7 @@ Backup::Backup(fs::path const& file) : m_file(absolutePath(file, readTheBackup))
         StorageError const unusable = storageError(m_file, readTheBackup, error);
         if ((error.getErrorCode() & 0xff) == SQLITE_CANTOPEN)
             throw StorageError(unusable);
-        refuse(m_file, unusable.code(), unusable.reason());
+        refuseBackup(m_file, unusable.code(), unusable.reason());
     }
 }
 
@@ -198,7 +197,7 @@ Backup::Backup(fs::path const& kept, std::string const& name, std::chrono::syste
     try {
         content = SqliteStorage(m_file, present).snapshot();
     } catch (StorageError const& error) {
-        refuse(m_file, error.code(), "it holds no store that can be used (" + error.reason() + ')');
+        refuseBackup(m_file, error.code(), "it holds no store that can be used (" + error.reason() + ')');
     }
     m_copies[name] = checkedCopy(m_file, name, std::move(content));
 }

@@ -40,13 +40,13 @@ Connection::Options connectionOptions(Session::Options const& options)
     return result;
 }
 
-constexpr char const* news = "SELECT studio, layer_revision, store, key, kind, value, locked, changed_by, changed_at";
+constexpr char const* newsColumns = "SELECT studio, layer_revision, store, key, kind, value, locked, changed_by, changed_at";
 
 // With the epoch, which may be newer than the changes, but is never older. A server of the first schema greets for it.
 std::string newsWithEpoch(std::int64_t schema)
 {
-    return std::string(news) + (schema > 1 ? ", epoch FROM settings.changes_v2($1, $2)"
-                                           : ", (SELECT epoch FROM settings.hello_v1($3, 0)) FROM settings.changes_v1($1, $2)");
+    return std::string(newsColumns) + (schema > 1 ? ", epoch FROM settings.changes_v2($1, $2)"
+                                                  : ", (SELECT epoch FROM settings.hello_v1($3, 0)) FROM settings.changes_v1($1, $2)");
 }
 
 constexpr char const* studioChannel = "settings_studio";
@@ -421,7 +421,7 @@ void SessionCore::fetch(bool checksEpoch)
         if (checksEpoch && m_schema == 1)
             parameters.push_back(Parameter::literal(m_client));
         Rows const rows = m_connection.execute(
-            checksEpoch ? newsWithEpoch(m_schema) : std::string(news) + " FROM settings.changes_v1($1, $2)", parameters);
+            checksEpoch ? newsWithEpoch(m_schema) : std::string(newsColumns) + " FROM settings.changes_v1($1, $2)", parameters);
         // Only a new greeting helps.
         if (checksEpoch && rows.bytes(0, 9) != m_epoch)
             throw ServerError(Reason::lost, m_connection.host());

@@ -9,7 +9,7 @@ namespace Studio {
 
 namespace {
 
-std::int64_t milliseconds(clockid_t clock)
+std::int64_t millisecondsOf(clockid_t clock)
 {
     timespec time = {};
     ::clock_gettime(clock, &time);
@@ -31,7 +31,7 @@ std::int64_t elapsed(std::int64_t then, std::int64_t now) { return now - std::cl
 
 } // namespace
 
-Moment Moment::now() { return {currentBoot(), milliseconds(CLOCK_BOOTTIME), milliseconds(CLOCK_REALTIME)}; }
+Moment Moment::now() { return {currentBoot(), millisecondsOf(CLOCK_BOOTTIME), millisecondsOf(CLOCK_REALTIME)}; }
 
 std::int64_t age(Moment const& then, Moment const& now)
 {

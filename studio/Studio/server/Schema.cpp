@@ -6,11 +6,10 @@
 namespace Studio {
 
 using State = Schema::State;
-using Kind = Schema::Obstacle::Kind;
 
 namespace {
 
-// Each in the order of `Kind`, with the name that it is about. The owner's is about a schema that exists.
+// Each in the order of `Obstacle::Kind`, with the name that it is about. The owner's is about a schema that exists.
 constexpr char const* obstacleQuery = R"(
     SELECT 0, datname::text FROM pg_database WHERE datname = current_database() AND NOT pg_has_role(datdba, 'USAGE')
     UNION ALL
@@ -48,8 +47,8 @@ Schema::Report Schema::examine()
     Report report;
     Rows const obstacles = m_connection.execute(obstacleQuery);
     for (int row = 0; row < obstacles.count(); ++row)
-        report.obstacles.push_back({static_cast<Kind>(obstacles.integer(row, 0)), std::string(obstacles.bytes(row, 1))});
-    bool const isReadable = report.obstacles.empty() || report.obstacles.back().kind != Kind::owner;
+        report.obstacles.push_back({static_cast<Obstacle::Kind>(obstacles.integer(row, 0)), std::string(obstacles.bytes(row, 1))});
+    bool const isReadable = report.obstacles.empty() || report.obstacles.back().kind != Obstacle::Kind::owner;
     report.state = findState(isReadable, report.version);
     return report;
 }

@@ -306,7 +306,7 @@ struct GivenWords {
 
 constexpr char const* withoutServer = "; exit status 1 without a server.";
 
-Command setCommand()
+Command setForAllCommand()
 {
     auto const words = std::make_shared<GivenWords>();
     Command command = studioVerb("set", "Gives a value to all users that have no other");
@@ -318,7 +318,7 @@ Command setCommand()
     return command;
 }
 
-Command unsetCommand()
+Command unsetForAllCommand()
 {
     auto const key = std::make_shared<std::string>();
     Command command = studioVerb("unset", "Removes the studio's value, and its lock");
@@ -385,7 +385,7 @@ std::vector<Command> commandsOfStudio()
     command.summary = "Settings that a studio shares on PostgreSQL";
     command.examples = {{"editor-settings studio status", "Which server, and as whom; exit status 1 where no server is named."}};
     command.stores = always(StoreUse::none);
-    command.verbs = {statusCommand(), supersededCommand(), setCommand(),    unsetCommand(),
-                     lockCommand(),   unlockCommand(),     forgetCommand(), migrateCommand()};
+    command.verbs = {statusCommand(), supersededCommand(), setForAllCommand(), unsetForAllCommand(),
+                     lockCommand(),   unlockCommand(),     forgetCommand(),    migrateCommand()};
     return {command};
 }

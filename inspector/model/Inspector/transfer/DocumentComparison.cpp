@@ -24,16 +24,16 @@ namespace Inspector {
 
 namespace {
 
-QString shown(std::string const& text) { return QString::fromStdString(text); }
+QString cell(std::string const& text) { return QString::fromStdString(text); }
 
 void addTexts(DocumentLine& line)
 {
     bool const isHidden = line.dataClass == Catalogue::dataClassName(Catalogue::DataClass::personal);
     std::string const there = line.there && isHidden ? hiddenText : onOneLine(line.there, "(unset)");
     std::string const wanted = line.isRedacted ? "redacted" : isHidden ? hiddenText : onOneLine(std::optional(line.wanted), "");
-    line.cells = QStringList{shown(onOneLine(line.key)), shown(name(line.store)), shown(there), shown(wanted), shown(line.dataClass)};
-    line.spoken = QStringList{line.cells[DocumentLine::keyColumn], QStringLiteral("stored ") + shown(there),
-                              QStringLiteral("in the file ") + shown(wanted)}
+    line.cells = QStringList{cell(onOneLine(line.key)), cell(name(line.store)), cell(there), cell(wanted), cell(line.dataClass)};
+    line.spoken = QStringList{line.cells[DocumentLine::keyColumn], QStringLiteral("stored ") + cell(there),
+                              QStringLiteral("in the file ") + cell(wanted)}
                       .join(QStringLiteral(", "));
     line.searchText = Search::textOf(line.cells, {});
 }
@@ -96,7 +96,7 @@ namespace {
 
 std::string brief(std::string const& name)
 {
-    QString const whole = shown(onOneLine(name));
+    QString const whole = cell(onOneLine(name));
     return (whole.size() <= 100 ? whole : whole.left(99) + QChar(0x2026)).toStdString();
 }
 

@@ -14,11 +14,11 @@ namespace Inspector {
 
 namespace {
 
-struct Words {
+struct PaneWords {
     Q_DECLARE_TR_FUNCTIONS(Inspector::SettingPane)
 };
 
-QString shown(std::string const& text) { return QString::fromStdString(Inspection::onOneLine(text)); }
+QString oneLine(std::string const& text) { return QString::fromStdString(Inspection::onOneLine(text)); }
 
 StoreView const& storeOf(Setting const& setting, Snapshot const& snapshot)
 {
@@ -28,14 +28,14 @@ StoreView const& storeOf(Setting const& setting, Snapshot const& snapshot)
 QString meaning(Setting const& setting)
 {
     if (!setting.state)
-        return Words::tr("the store cannot be read");
+        return PaneWords::tr("the store cannot be read");
     switch (*setting.state) {
     case State::setToDefault:
-        return Words::tr("unset, it will follow the default");
+        return PaneWords::tr("unset, it will follow the default");
     case State::unreadable:
-        return Words::tr("a value of a later version, or one that its kind does not allow");
+        return PaneWords::tr("a value of a later version, or one that its kind does not allow");
     case State::undeclared:
-        return Words::tr("this version does not ask for it");
+        return PaneWords::tr("this version does not ask for it");
     default:
         return {};
     }
@@ -44,7 +44,7 @@ QString meaning(Setting const& setting)
 // A row whose value no read returns.
 QString storedRow(Storage::SqliteStorage::Row const& row)
 {
-    return Words::tr("stored: %1 (%2)").arg(shown(Inspection::storedText(row.value)), shown(row.kind));
+    return PaneWords::tr("stored: %1 (%2)").arg(oneLine(Inspection::storedText(row.value)), oneLine(row.kind));
 }
 
 } // namespace
@@ -54,7 +54,7 @@ bool isUndeclared(Setting const& setting) { return setting.cells[Setting::classC
 QString kindFacts(Setting const& setting)
 {
     bool const hasOwnKind = isUndeclared(setting) && !setting.rows.empty();
-    QStringList facts = {hasOwnKind ? shown(setting.rows.front().kind) : shown(Inspection::typeName(setting.value)),
+    QStringList facts = {hasOwnKind ? oneLine(setting.rows.front().kind) : oneLine(Inspection::typeName(setting.value)),
                          setting.cells[Setting::classColumn], setting.cells[Setting::storeColumn]};
     facts.removeAll({});
     return facts.join(QStringLiteral(" \u00B7 "));
@@ -63,13 +63,13 @@ QString kindFacts(Setting const& setting)
 QString stateFacts(Setting const& setting, Snapshot const& snapshot)
 {
     QString const since = setting.cells[Setting::changedColumn];
-    QStringList lines = {setting.cells[Setting::stateColumn] + (since.isEmpty() ? QString() : Words::tr(", since %1").arg(since)),
+    QStringList lines = {setting.cells[Setting::stateColumn] + (since.isEmpty() ? QString() : PaneWords::tr(", since %1").arg(since)),
                          meaning(setting)};
     if (setting.state == State::otherKind && !setting.isHidden)
         for (Storage::SqliteStorage::Row const& row : setting.rows)
             lines += storedRow(row);
     for (Inspection::LayerFact const& fact : setting.layers)
-        lines += QStringLiteral("%1: %2").arg(shown(fact.what), shown(fact.text));
+        lines += QStringLiteral("%1: %2").arg(oneLine(fact.what), oneLine(fact.text));
     for (std::shared_ptr<Finding const> const& finding : snapshot.findings)
         if (finding->key == setting.key && finding->found.severity != Inspection::Severity::note)
             lines += QStringLiteral("\u26A0 ") + finding->cells[2];
@@ -82,34 +82,34 @@ QString defaultFacts(Setting const& setting)
     if (isUndeclared(setting))
         return {};
     QString const value = setting.cells[Setting::defaultColumn];
-    QString const text = value.isEmpty() ? Words::tr("(empty)") : value;
-    return setting.computedBy.empty() ? text : Words::tr("%1\ncomputed by %2() at each read").arg(text, shown(setting.computedBy));
+    QString const text = value.isEmpty() ? PaneWords::tr("(empty)") : value;
+    return setting.computedBy.empty() ? text : PaneWords::tr("%1\ncomputed by %2() at each read").arg(text, oneLine(setting.computedBy));
 }
 
 QString originFacts(Setting const& setting, Snapshot const& snapshot)
 {
     QStringList lines;
     if (std::string const& file = storeOf(setting, snapshot).file;
-        !file.empty() && setting.cells[Setting::storeColumn] == shown(name(setting.store)))
-        lines += Words::tr("%1 store %2").arg(QString::fromStdString(name(setting.store)), shown(file));
+        !file.empty() && setting.cells[Setting::storeColumn] == oneLine(name(setting.store)))
+        lines += PaneWords::tr("%1 store %2").arg(QString::fromStdString(name(setting.store)), oneLine(file));
     for (std::shared_ptr<Location const> const& location : snapshot.locations)
         if (!setting.computedBy.empty() && location->id == setting.computedBy)
             for (std::string const& decision : location->decidedBy)
-                lines += Words::tr("default: %1").arg(shown(decision));
+                lines += PaneWords::tr("default: %1").arg(oneLine(decision));
     return lines.join(QLatin1Char('\n'));
 }
 
 QString valueNow(Setting const& setting)
 {
-    QString const value = setting.shownValue.isEmpty() ? Words::tr("(empty)") : setting.shownValue;
-    return setting.rows.empty() ? Words::tr("%1 (the default)").arg(value) : value;
+    QString const value = setting.shownValue.isEmpty() ? PaneWords::tr("(empty)") : setting.shownValue;
+    return setting.rows.empty() ? PaneWords::tr("%1 (the default)").arg(value) : value;
 }
 
 QString whyStoreIsFixed(Setting const& setting, Snapshot const& snapshot)
 {
     std::optional<Storage::StorageError> const& error = storeOf(setting, snapshot).error;
     bool const isInTheWay = error && error->code() != Storage::StorageError::Code::busy; // that passes
-    return isInTheWay ? shown(error->what()) : QString();
+    return isInTheWay ? oneLine(error->what()) : QString();
 }
 
 QString whyFixed(Setting const& setting, Snapshot const& snapshot)
@@ -117,9 +117,9 @@ QString whyFixed(Setting const& setting, Snapshot const& snapshot)
     if (QString const reason = whyStoreIsFixed(setting, snapshot); !reason.isEmpty())
         return reason;
     if (!setting.state)
-        return Words::tr("its store cannot be read");
+        return PaneWords::tr("its store cannot be read");
     if (isUndeclared(setting))
-        return setting.state == State::unreadable ? Words::tr("this version cannot read it") : QString();
+        return setting.state == State::unreadable ? PaneWords::tr("this version cannot read it") : QString();
     return setting.whyFixed;
 }
 

@@ -9,7 +9,7 @@ namespace Inspector {
 
 namespace {
 
-QString shown(std::string const& text) { return QString::fromStdString(Inspection::withoutControls(text)); }
+QString plainText(std::string const& text) { return QString::fromStdString(Inspection::withoutControls(text)); }
 
 } // namespace
 
@@ -22,7 +22,7 @@ void Trouble::tell(Snapshot const& snapshot)
     if (isOpened)
         return m_messages.clear(cause);
     Inspection::Finding const& found = snapshot.findings.front()->found;
-    m_messages.tell(cause, shown(found.what) + QStringLiteral("; ") + shown(found.remedy),
+    m_messages.tell(cause, plainText(found.what) + QStringLiteral("; ") + plainText(found.remedy),
                     {{tr("&Try again"), [this] { Q_EMIT wantsToLookAgain(); }}});
 }
 
@@ -33,8 +33,8 @@ void Trouble::tell(QString const& cause, StoreView const& store)
         m_messages.clear(cause);
     else if (store.error->code() != Storage::StorageError::Code::busy)
         m_messages.tell(cause,
-                        store.state == Inspection::StoreState::readOnly ? tr("only for reading: %1").arg(shown(store.error->what()))
-                                                                        : shown(store.error->what()),
+                        store.state == Inspection::StoreState::readOnly ? tr("only for reading: %1").arg(plainText(store.error->what()))
+                                                                        : plainText(store.error->what()),
                         {{tr("&Try again"), [this] { Q_EMIT wantsToLookAgain(); }}, {tr("Health"), [this] { Q_EMIT wantsHealth(); }}});
 }
 
