@@ -12,6 +12,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDropEvent>
+#include <QEventLoop>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
@@ -195,10 +196,12 @@ public:
         comes([this] { return m_application.painted.has_value(); });
         return *m_application.painted;
     }
-    void runFor(std::chrono::milliseconds time) const
+    /// A loop of its own, as the application's closes all windows with Qt 6 when it quits.
+    static void runFor(std::chrono::milliseconds time)
     {
-        QTimer::singleShot(time, &m_application, &QCoreApplication::quit);
-        QCoreApplication::exec();
+        QEventLoop loop;
+        QTimer::singleShot(time, &loop, &QEventLoop::quit);
+        loop.exec();
     }
     void trigger(QKeySequence const& keys)
     {
