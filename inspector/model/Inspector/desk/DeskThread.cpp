@@ -129,7 +129,7 @@ void keep(std::shared_ptr<Snapshot const> const& snapshot, Snapshots& kept)
 
 void DeskThread::lookUntilTheEnd(OpenedStores& stores, SlowCalls& calls)
 {
-    Orders orders(stores, calls);
+    Orders orders(stores, m_place.backupFolder, calls);
     std::optional<Storage::ChangeHints> hints;
     std::size_t hinted = 0;
     Snapshots kept;

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
-// The library and both stores, as the desk's thread uses them. Internal.
+// The library and both stores, as the desk's thread looks at them. Internal.
 #pragma once
 
 #include "FolderLooks.h"
-#include "StoreBackups.h"
 #include "StudioLink.h"
 
-#include <Inspector/Commits.h>
 #include <Inspector/Place.h>
+#include <Inspector/Snapshot.h>
 
 #include <Host/ToolApplication.h>
 #include <Storage/StoreWatcher.h>
@@ -27,6 +26,8 @@
 
 namespace Inspector {
 
+class SharedTexts;
+
 /// Everything here waits for other processes for some tenths of a second at most. One thread.
 class OpenedStores {
 public:
@@ -39,24 +40,26 @@ public:
     std::shared_ptr<Snapshot const> look(std::chrono::milliseconds pause);
     /// Opens everything again, so that what was in the way is asked for again.
     void openAgain();
-    /// Stores it, after a backup of each store that was not changed before. Without one nothing is stored, unless `mayGoWithout`, and
-    /// nothing over a value that this version cannot read. Throws `Storage::StorageError` with the code busy if it stored nothing and
-    /// another try may succeed, as the functions below do.
-    Answer store(Commit const& commit, bool mayGoWithout);
-    /// Compares the document, which was read from `file`.
-    Answer compare(std::filesystem::path const& file, Inspection::Document const& document) const;
-    /// What an export of the stores holds; nullopt where the product file cannot be read.
-    std::optional<Inspection::Export> exported(bool isRedacted) const;
-    /// Copies both stores to the new file.
-    Answer backUp(std::filesystem::path const& file) const;
     /// The files of both stores; none where the product file cannot be read.
     std::vector<std::filesystem::path> files() const;
+
+    /// nullptr where the product file cannot be read; `productError` tells why.
+    Host::ToolApplication const* application() const { return m_application.get(); }
+    std::string const& productError() const { return m_productError; }
+    /// Whether the product belongs to a studio.
+    bool hasStudio() const { return m_studio != nullptr; }
+    /// As of when it was opened.
+    StoreView const& view(Catalogue::Store store) const { return side(store).view; }
+    /// nullptr where it is missing, or cannot be used.
+    Storage::SqliteStorage* storage(Catalogue::Store store) const { return m_application ? opened(side(store)) : nullptr; }
+    /// Makes the missing store, and opens it. Throws `Storage::StorageError`.
+    void create(Catalogue::Store store);
+    /// Has the next look read the settings.
+    void readAgain() { m_isDirty = true; }
 
 private:
     using Clock = std::chrono::steady_clock;
     using Row = Storage::SqliteStorage::Row;
-
-    class SharedTexts;
 
     struct FileIdentity {
         dev_t device;
@@ -78,11 +81,6 @@ private:
         bool hasBaseline = false; // whether one of its looks has
         long long version = 0;    // of the last read
         StoreView view{};
-    };
-
-    struct Planned {
-        Catalogue::Store store;
-        Storage::SqliteStorage::Change change;
     };
 
     static std::optional<FileIdentity> identityOf(StoreView const& view);
@@ -109,25 +107,11 @@ private:
     bool isTimeToExamine(std::chrono::milliseconds pause) const;
     void examine();
 
-    bool hasStudio() const { return m_studio != nullptr; }
     std::vector<Row> localRows(Inspection::PreferenceState const& state) const;
-
-    std::optional<std::string> refusal(std::vector<Edit> const& edits) const;
-    std::string refusalWithoutBackup(Commit const& commit) const;
-    void keepBackups(Commit const& commit);
-    std::optional<Answer> obstacle(Commit const& commit, bool mayGoWithout);
-    Answer stored(Commit const& commit, bool mayGoWithout);
-    std::vector<Planned> plan(std::vector<Edit> const& edits);
-    static std::vector<Planned> plan(Step const& step);
-    void createWhereMissing(Side& side, std::optional<Row> const& expected);
-    Answer applied(std::vector<Planned> const& planned, bool mayRewrite);
-    Step apply(Catalogue::Store store, std::vector<Storage::SqliteStorage::Change> changes, bool mayRewrite);
 
     Place const m_place;
     std::function<void()> const m_haveNews;
     FolderLooks m_folders;
-    StoreBackups m_backups;
-    std::vector<std::filesystem::path> m_untoldBackups;
     std::shared_ptr<Host::ProductFile> m_product;
     std::unique_ptr<StudioLink> m_studio; // where the product belongs to a studio
     bool m_isShared = false;              // whether the stores were opened with the studio's server

@@ -4,6 +4,7 @@
 #include <Inspection/ExportDocument.h>
 #include <Inspection/OneLine.h>
 #include <Storage/AtomicFile.h>
+#include <Storage/Backup.h>
 
 #include <absl/strings/str_cat.h>
 
@@ -137,23 +138,30 @@ try {
 
 std::optional<Answer> Orders::carriedOut(Commit const& commit, Order const& order)
 {
-    return order.isAllowed ? m_stores.store(commit, order.mayGoWithoutBackup) : Answer{0, Outcome::lookingOnly};
+    return order.isAllowed ? m_writer.store(commit, order.mayGoWithoutBackup) : Answer{0, Outcome::lookingOnly};
 }
 
 std::optional<Answer> Orders::carriedOut(Comparing const& comparing, Order const&)
-{
-    return m_stores.compare(comparing.file, *comparing.document);
+try {
+    if (!m_stores.application())
+        return refused(m_stores.productError());
+    Answer answer = {0, Outcome::compared};
+    answer.comparison =
+        std::make_shared<DocumentComparison const>(comparisonOf(*m_stores.application(), comparing.file, *comparing.document));
+    return answer;
+} catch (Inspection::DocumentError const& error) {
+    return refused(documentFault(comparing.file, error));
 }
 
 // The file is written aside: its folder may be on a network that is gone.
 std::optional<Answer> Orders::carriedOut(Exporting const& exporting, Order const& order)
 {
-    std::optional<Inspection::Export> const result = m_stores.exported(exporting.isRedacted);
-    if (!result)
+    if (!m_stores.application())
         return refused("the product file cannot be read, so there is nothing to export");
+    Inspection::Export const result = Inspection::exported(*m_stores.application(), {{}, exporting.isRedacted});
     m_aside[order.number] = false;
-    m_calls.add([this, number = order.number, file = exporting.file, bytes = written(result->document),
-                 notes = notesOf(*result)]() -> SlowCalls::Result {
+    m_calls.add([this, number = order.number, file = exporting.file, bytes = written(result.document),
+                 notes = notesOf(result)]() -> SlowCalls::Result {
         Answer answer = writtenTo(file, bytes);
         answer.notes = notes;
         return [this, number, answer] {
@@ -164,6 +172,20 @@ std::optional<Answer> Orders::carriedOut(Exporting const& exporting, Order const
     return Answer{};
 }
 
-std::optional<Answer> Orders::carriedOut(BackingUp const& backingUp, Order const&) { return m_stores.backUp(backingUp.file); }
+std::optional<Answer> Orders::carriedOut(BackingUp const& backingUp, Order const&)
+{
+    if (!m_stores.application())
+        return refused(m_stores.productError());
+    std::map<std::string, Storage::SqliteStorage const*> present;
+    for (Catalogue::Store const store : Catalogue::bothStores)
+        if (Storage::SqliteStorage const* const storage = m_stores.storage(store))
+            present[Catalogue::name(store)] = storage;
+    if (present.empty())
+        return refused("there is no store yet, so there is nothing to back up");
+    Storage::Backup::write(backingUp.file, present);
+    Answer answer = {0, Outcome::written};
+    answer.file = backingUp.file;
+    return answer;
+}
 
 } // namespace Inspector

@@ -3,6 +3,7 @@
 
 #include "OpenedStores.h"
 #include "SlowCalls.h"
+#include "StoreWriter.h"
 
 #include <chrono>
 #include <deque>
@@ -43,7 +44,10 @@ struct Order {
 /// The desk's orders, in its thread: carried out in their turn, and tried again while others keep a store locked. Internal.
 class Orders {
 public:
-    Orders(OpenedStores& stores, SlowCalls& calls) : m_stores(stores), m_calls(calls) {}
+    /// Backups are kept in `backupFolder`; nullopt for the user's folder for states.
+    Orders(OpenedStores& stores, std::optional<std::filesystem::path> const& backupFolder, SlowCalls& calls)
+        : m_stores(stores), m_writer(stores, backupFolder), m_calls(calls)
+    {}
 
     void add(Order order);
     /// Answers it as cancelled, unless that is too late.
@@ -68,6 +72,7 @@ private:
     void finish(int number, Answer answer);
 
     OpenedStores& m_stores;
+    StoreWriter m_writer;
     SlowCalls& m_calls;
     std::deque<Order> m_orders;
     std::optional<Clock::time_point> m_firstAttempt; // of the first of them
