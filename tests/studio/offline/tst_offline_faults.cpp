@@ -120,6 +120,37 @@ TEST_F(OfflineFaults, FullDiskIsToldAndChangesNothing)
     EXPECT_EQ(atServer("text"), "");
 }
 
+// A server whose log cannot go on drops all connections and takes none. A link to /dev/full is a file on a disk without room.
+TEST_F(OfflineFaults, ServerWhoseLogHasAFullDiskGetsChangesOnceThereIsRoom)
+{
+    Studio::Session::Options options = laptop();
+    options.writeWait = 300ms;
+    Program alice(options);
+    alice.store->setInt("number", 1);
+    std::filesystem::path const next = std::filesystem::path(m_server->ask("SHOW data_directory")) / "pg_wal" /
+                                       m_server->ask("SELECT pg_walfile_name(pg_current_wal_insert_lsn() + 1048576)");
+    std::filesystem::remove(next);
+    std::filesystem::create_symlink("/dev/full", next);
+    m_server->ask("SELECT pg_switch_wal()");
+
+    alice.store->setInt("number", 2);
+    EXPECT_EQ(alice.store->getInt("number", 0), 2);
+    EXPECT_EQ(alice.session.status().pending, 1U);
+    EXPECT_TRUE(comesTrue([&] {
+        std::optional<Studio::ServerError> const problem = alice.session.status().problem;
+        return problem && problem->reason() == Reason::unreachable;
+    }));
+    EXPECT_NE(m_server->log().find("No space left on device"), std::string::npos) << m_server->log();
+
+    m_server->stop();
+    std::filesystem::remove(next);
+    m_server->start();
+    ASSERT_TRUE(comesTrue([&] { return alice.session.synchronise(60s); }));
+    EXPECT_EQ(atServer("number"), "int 2");
+    EXPECT_EQ(stored(), "2");
+    EXPECT_EQ(losers(), "");
+}
+
 TEST_F(OfflineFaults, StartWithKnownValuesWaitsForAShorterTime)
 {
     useProxy();
