@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <Inspector/Commits.h>
 
-#include <Inspection/OneLine.h>
+#include <Inspector/PlainText.h>
 
 namespace Inspector {
 
@@ -25,7 +25,7 @@ QString Answer::whyNot() const
     case Outcome::failed:
         break;
     }
-    return error ? QString::fromStdString(Inspection::withoutControls(error->what())) : QString();
+    return error ? plainText(error->what()) : QString();
 }
 
 Answer refused(std::string const& reason) { return {0, Outcome::refused, {}, {}, {}, {}, reason}; }

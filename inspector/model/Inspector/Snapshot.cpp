@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <Inspector/Snapshot.h>
 
+#include <Inspector/PlainText.h>
 #include <Inspector/Search.h>
 
 #include <Inspection/ValueFormat.h>
@@ -205,8 +206,8 @@ Finding findingOf(Inspection::Finding const& found)
         what = hiddenText;
         remedy.clear();
     }
-    finding.cells = QStringList{shown(severityName(found.severity)), shown(whereOf(found, finding.key)),
-                                shown(Inspection::withoutControls(what)), shown(Inspection::withoutControls(remedy))};
+    finding.cells =
+        QStringList{shown(severityName(found.severity)), shown(whereOf(found, finding.key)), plainText(what), plainText(remedy)};
     return finding;
 }
 

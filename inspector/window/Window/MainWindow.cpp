@@ -20,7 +20,7 @@
 #include <Window/transfer/ImportPanel.h>
 #include <Window/transfer/Transfer.h>
 
-#include <Inspection/OneLine.h>
+#include <Inspector/PlainText.h>
 
 #include <QAccessible>
 #include <QApplication>
@@ -41,8 +41,6 @@
 namespace Inspector {
 
 namespace {
-
-QString shown(std::string const& text) { return QString::fromStdString(Inspection::withoutControls(text)); }
 
 bool isBusy(StoreView const& store) { return store.error && store.error->code() == Storage::StorageError::Code::busy; }
 
@@ -229,7 +227,7 @@ void MainWindow::connectCommits()
     connect(&m_committer, &Committer::madeBackups, this, [this](std::vector<std::filesystem::path> const& files) {
         QStringList names;
         for (std::filesystem::path const& file : files)
-            names += shown(file.string());
+            names += plainText(file.string());
         m_status->showBackups(tr("As it was before the first change: %1").arg(names.join(QStringLiteral(", "))));
     });
     connect(&m_desk, &Desk::waits, this, [this](int number) {
@@ -303,7 +301,7 @@ void MainWindow::goToWanted()
     for (Catalogue::Store const store : Catalogue::bothStores)
         if (m_views[settingsPage]->setCurrent(settingId(key, store)))
             return m_views[settingsPage]->setFocus(Qt::OtherFocusReason);
-    m_messages->tell(QStringLiteral("key"), tr("There is no setting %1; the list shows all.").arg(shown(Inspection::onOneLine(key))));
+    m_messages->tell(QStringLiteral("key"), tr("There is no setting %1; the list shows all.").arg(plainText(Inspection::onOneLine(key))));
 }
 
 // --- Showing it ---
@@ -387,7 +385,7 @@ void MainWindow::showSetting()
                                    : setting->store == Catalogue::Store::product ? &m_snapshot->product
                                                                                  : &m_snapshot->common;
     bool const isFixed = store && store->state == Inspection::StoreState::readOnly;
-    m_pane->allowChanges(isOn && !isFixed, !isOn ? whyLookingOnly() : isFixed ? shown(store->error->what()) : QString());
+    m_pane->allowChanges(isOn && !isFixed, !isOn ? whyLookingOnly() : isFixed ? plainText(store->error->what()) : QString());
     m_actions.reveal->setEnabled(setting && setting->isHidden);
 }
 
@@ -442,9 +440,9 @@ void MainWindow::explain()
     if (!setting || page() != settingsPage)
         return;
     QString text = setting->cells[Setting::keyColumn] + QStringLiteral(": ") +
-                   (setting->about.purpose.empty() ? tr("no version of the editor declares it") : shown(setting->about.purpose));
+                   (setting->about.purpose.empty() ? tr("no version of the editor declares it") : plainText(setting->about.purpose));
     if (!setting->about.accepts.empty())
-        text += QLatin1Char('\n') + tr("It takes %1.").arg(shown(setting->about.accepts));
+        text += QLatin1Char('\n') + tr("It takes %1.").arg(plainText(setting->about.accepts));
     m_messages->report(QStringLiteral("help"), text);
 }
 

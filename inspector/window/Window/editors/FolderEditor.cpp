@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <Window/editors/FolderEditor.h>
 
-#include <Inspection/OneLine.h>
+#include <Inspector/PlainText.h>
 
 #include <QCompleter>
 #include <QDir>
@@ -62,7 +62,7 @@ void FolderEditor::check()
 
 void FolderEditor::tell(Inspection::PathStatus const& status, QStringList const& neighbours)
 {
-    QString const remark = QString::fromStdString(Inspection::withoutControls(Inspection::remark(status)));
+    QString const remark = plainText(Inspection::remark(status));
     QString const mark = status.isUsable ? QString() : QStringLiteral("\u26A0 ");
     m_status->setText(remark.isEmpty() ? tr("a folder that can be used") : mark + remark);
     m_neighbours->setStringList(neighbours);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <Window/pages/LocationsPage.h>
 
-#include <Inspection/OneLine.h>
+#include <Inspector/PlainText.h>
 
 #include <QHeaderView>
 
@@ -22,7 +22,7 @@ QStringList LocationsPage::about(Item const& item) const
 {
     QStringList lines = DetailPage::about(item);
     for (std::string const& decision : static_cast<Location const&>(item).decidedBy)
-        lines += tr("Decided by: %1").arg(QString::fromStdString(Inspection::withoutControls(decision)));
+        lines += tr("Decided by: %1").arg(plainText(decision));
     return lines;
 }
 

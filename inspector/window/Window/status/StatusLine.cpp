@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <Window/status/StatusLine.h>
 
-#include <Inspection/OneLine.h>
+#include <Inspector/PlainText.h>
 
 #include <QCheckBox>
 #include <QLabel>
@@ -16,7 +16,7 @@ bool takesChanges(StoreView const& store)
            (store.error && store.error->code() == Storage::StorageError::Code::busy);
 }
 
-QString whyNot(StoreView const& store) { return store.error ? QString::fromUtf8(store.error->what()) : QString(); }
+QString whyNot(StoreView const& store) { return store.error ? plainText(store.error->what()) : QString(); }
 
 } // namespace
 
@@ -63,7 +63,7 @@ void StatusLine::show(QLabel& label, QString const& name, StoreView const& store
     bool const isOpened = !store.file.empty();
     QString const state = isBusy ? tr("busy") : QString::fromUtf8(storeStateName(store.state));
     label.setText(isOpened ? tr("%1: %2").arg(name, state) : QString());
-    QString const file = QString::fromStdString(Inspection::withoutControls(store.file));
+    QString const file = plainText(store.file);
     label.setToolTip(store.error ? whyNot(store) : file);
     label.setAccessibleName(isOpened ? tr("%1 store: %2").arg(name, state) : QString());
     label.setAccessibleDescription(label.toolTip());

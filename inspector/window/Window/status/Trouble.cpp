@@ -3,15 +3,9 @@
 
 #include <Window/status/MessageBar.h>
 
-#include <Inspection/OneLine.h>
+#include <Inspector/PlainText.h>
 
 namespace Inspector {
-
-namespace {
-
-QString plainText(std::string const& text) { return QString::fromStdString(Inspection::withoutControls(text)); }
-
-} // namespace
 
 void Trouble::tell(Snapshot const& snapshot)
 {

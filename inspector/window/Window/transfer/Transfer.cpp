@@ -4,7 +4,7 @@
 #include <Window/changes/Committer.h>
 #include <Window/status/MessageBar.h>
 
-#include <Inspection/OneLine.h>
+#include <Inspector/PlainText.h>
 
 #include <QFile>
 #include <QFileDialog>
@@ -66,10 +66,10 @@ void Transfer::compare(QString const& file)
 
 void Transfer::tellWritten(Answer const& answer)
 {
-    QString const file = QString::fromStdString(Inspection::withoutControls(answer.file.string()));
+    QString const file = plainText(answer.file.string());
     QStringList lines = {answer.outcome == Outcome::written ? tr("%1 was written.").arg(file) : answer.whyNot()};
     for (std::string const& note : answer.notes)
-        lines += QString::fromStdString(Inspection::withoutControls(note));
+        lines += plainText(note);
     m_messages.report(QStringLiteral("transfer"), lines.join(QLatin1Char('\n')));
 }
 
