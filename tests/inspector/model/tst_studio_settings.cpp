@@ -19,7 +19,6 @@ protected:
             GTEST_SKIP() << Cluster::obstacle();
         }
         m_server.emplace();
-        m_server->ask("CREATE DATABASE studio");
         tool({"studio", "migrate", m_server->connection("postgres", "studio")});
         m_server->ask("CREATE ROLE alice LOGIN IN ROLE settings_user; CREATE ROLE ada LOGIN IN ROLE settings_admin");
         m_place.productFile = product("alice");

@@ -43,12 +43,6 @@ std::vector<std::string> withLaterStep() { return {Studio::schemaSteps().at(0), 
 
 class SchemaMigration : public ServerTest {
 protected:
-    void startServer() override
-    {
-        ServerTest::startServer();
-        m_server->ask("CREATE DATABASE studio");
-    }
-
     // What a fresh connection of the role finds or does.
     template <typename Function>
     auto with(std::string const& role, std::vector<std::string> const& steps, Function const& function,

@@ -7,8 +7,8 @@
 
 #include <sys/types.h>
 
-/// A PostgreSQL server for one test: its data a copy of an empty cluster, its socket in a folder of its own, its life ended
-/// with this object, or with the thread that started it.
+/// A PostgreSQL server for one test: its data a copy of a cluster with an empty database `studio`, its socket in a folder of its
+/// own, its life ended with this object, or with the thread that started it.
 ///
 /// Over the socket every role is let in without a password, over TCP with one. Functions throw `std::runtime_error`, with
 /// the end of the server's log where it says why.

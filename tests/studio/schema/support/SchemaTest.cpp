@@ -35,7 +35,6 @@ void SchemaTest::startServer()
     Cluster::Options options;
     options.settings = serverSettings();
     m_server.emplace(options);
-    m_server->ask("CREATE DATABASE studio");
     restoreSchema();
     ask("CREATE ROLE alice LOGIN IN ROLE settings_user; CREATE ROLE bob LOGIN IN ROLE settings_user;"
         "CREATE ROLE ada LOGIN IN ROLE settings_admin; CREATE ROLE watcher LOGIN IN ROLE settings_watch;"

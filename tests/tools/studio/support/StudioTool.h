@@ -21,7 +21,6 @@ protected:
             GTEST_SKIP() << Cluster::obstacle();
         }
         m_server.emplace();
-        m_server->ask("CREATE DATABASE studio");
     }
 
     std::string connection(std::string const& role = "postgres") const { return m_server->connection(role, "studio"); }
