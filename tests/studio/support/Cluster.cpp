@@ -53,8 +53,8 @@ void quietly(std::vector<std::string> const& command)
         throw std::runtime_error(command.front() + " failed: " + ended.out + ended.err);
 }
 
-// The database of the tests, in place of template0, which none of them needs: made anew in each test, it would take half as long
-// again as all else that a server's start takes.
+// The tests' database takes the place of template0, which no test needs. To create it in each test would make the start of its
+// server half as long again.
 void makeDatabase(fs::path const& folder)
 {
     std::ofstream(folder / "statements") << "ALTER DATABASE template0 IS_TEMPLATE false;\nDROP DATABASE template0;\n"
