@@ -110,7 +110,6 @@ Server::Server(int users)
           return options;
       }())
 {
-    m_cluster.ask("CREATE DATABASE studio");
     for (std::string const& step : Studio::schemaSteps())
         m_cluster.ask("BEGIN; " + step + " COMMIT", "studio");
     m_cluster.ask("DO $$ BEGIN FOR number IN 0.." + std::to_string(users - 1) +
