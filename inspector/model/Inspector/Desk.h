@@ -69,7 +69,7 @@ Q_SIGNALS:
     void folderChecked(int number, Inspection::PathStatus const& status);
 
 private:
-    void deliver();
+    Q_INVOKABLE void deliver();
 
     bool m_isAllowed = false;
     bool m_mayGoWithoutBackup = false;
