@@ -240,7 +240,7 @@ TEST_P(RandomHistories, UndoingAllOwnStepsGivesTheFirstRowsButForWhatOthersChang
     startChanging();
     int conflicts = 0;
     int restored = 0;
-    int const cases = times(50, 500, 2500);
+    int const cases = times(25, 200, 2500);
     for (int number = 0; number < cases; ++number) {
         m_history = History();
         m_theirs.clear();

@@ -120,7 +120,7 @@ TEST_F(Editors, LeavingStoresNothingWhateverIsStored)
     m_pane->show(setting("undeclared0"));
     the<QCheckBox>().setChecked(true);
     int visited = 0;
-    for (int index = 0; index < static_cast<int>(m_snapshot->settings.size()); index += times(29, 5, 1)) {
+    for (int index = 0; index < static_cast<int>(m_snapshot->settings.size()); index += times(59, 5, 1)) {
         std::shared_ptr<Setting const> const setting = m_snapshot->settings[static_cast<std::size_t>(index)];
         m_pane->show(setting);
         leaveInEachWay();
@@ -128,7 +128,7 @@ TEST_F(Editors, LeavingStoresNothingWhateverIsStored)
         ASSERT_EQ(m_pane->drafts().size(), 0u) << setting->cells[0].toStdString();
         ++visited;
     }
-    EXPECT_GE(visited, times(1000 / 29, 1000 / 5, 1000));
+    EXPECT_GE(visited, times(1000 / 59, 1000 / 5, 1000));
     m_desk.reset();
     EXPECT_EQ(others.rows(), before);
 }
@@ -145,7 +145,7 @@ TEST_F(Editors, WheelChangesNothing)
     open("theme");
     int turns = 0;
     char const* const keys[] = {"theme", "useGuideLines", "npsSendCount", "userCustomColors", "exportPath", "rate", "lastTarget"};
-    for (int round = 0; turns < times(10000, 20000, 100000); ++round)
+    for (int round = 0; turns < times(5000, 20000, 100000); ++round)
         for (char const* key : keys) {
             go(key);
             m_pane->edit();

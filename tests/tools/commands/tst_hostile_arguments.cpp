@@ -639,7 +639,7 @@ TEST_F(Hostile, RandomWordsAreAnsweredOrRefusedAndNothingElse)
                           "Indication/" + obeyed};
     std::uniform_int_distribution<std::size_t> piece(0, pieces.size() - 1);
     std::uniform_int_distribution<std::size_t> length(1, 6);
-    int const rounds = times(100, 400);
+    int const rounds = times(50, 200);
     for (int round = 0; round < rounds; ++round) {
         Words words(length(random));
         std::string shown;
