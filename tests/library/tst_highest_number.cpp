@@ -464,7 +464,7 @@ protected:
 
 TEST_F(RandomFolder, HoldsTheNumberThatQtFinds)
 {
-    int const folders = times(1000, 10000, 20000);
+    int const folders = times(1000, 5000, 20000);
     int counted = 0;
     for (int round = 0; round < folders; ++round) {
         Chance chance(seed() + static_cast<unsigned>(round));

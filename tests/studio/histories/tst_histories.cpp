@@ -11,7 +11,7 @@ class Histories : public HistoryTest, public testing::WithParamInterface<unsigne
 
 TEST_P(Histories, AreThoseOfOneStore)
 {
-    int const histories = times(1, 12, 400);
+    int const histories = times(1, 6, 400);
     int flawed = 0;
     for (int number = 0; number < histories; ++number) {
         // The first history of the first round has the seed that is given.

@@ -96,7 +96,7 @@ protected:
 
 TEST_P(OfflineKill, AtAnyMomentLosesNothingDoublesNothingAndLeavesNoHole)
 {
-    int const kills = times(9, 60, 250);
+    int const kills = times(9, 30, 250);
     for (int kill = 0; kill < kills; ++kill) {
         // A third of the processes with the server, a third that lose it on the way, and a third that never find it.
         if (kill % 3 == 2)

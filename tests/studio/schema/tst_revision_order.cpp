@@ -33,7 +33,7 @@ protected:
 
 TEST_P(RevisionOrder, PollerMissesNothingOfEightWriters)
 {
-    int const puts = times(75, 200, 3125);
+    int const puts = times(75, 100, 3125);
     Login const poller = user("alice", 9);
     std::atomic<int> failures = 0;
     std::atomic<int> working = writers;
