@@ -332,10 +332,13 @@ BEGIN
     ELSIF client IS NULL THEN
         RAISE EXCEPTION USING ERRCODE = 'ST005', MESSAGE = 'an argument of hello_v1 makes no sense', HINT = 'update the program that sent it';
     END IF;
-    INSERT INTO settings.layer (kind, name) SELECT 'user', session_user::text
-        WHERE NOT EXISTS (SELECT FROM settings.layer AS l WHERE l.kind = 'user' AND l.name = session_user::text)
-        ON CONFLICT (kind, name) DO NOTHING;
-    SELECT id INTO user_layer FROM settings.layer AS l WHERE l.kind = 'user' AND l.name = session_user::text;
+    LOOP -- until the layer is there and stays: an administrator may forget the user meanwhile
+        INSERT INTO settings.layer (kind, name) SELECT 'user', session_user::text
+            WHERE NOT EXISTS (SELECT FROM settings.layer AS l WHERE l.kind = 'user' AND l.name = session_user::text)
+            ON CONFLICT (kind, name) DO NOTHING;
+        SELECT id INTO user_layer FROM settings.layer AS l WHERE l.kind = 'user' AND l.name = session_user::text FOR KEY SHARE;
+        EXIT WHEN FOUND;
+    END LOOP;
     SELECT id INTO studio_layer FROM settings.layer AS l WHERE l.kind = 'studio';
     INSERT INTO settings.client VALUES (user_layer, client, 0) ON CONFLICT (layer, id) DO NOTHING;
     SELECT c.last_op INTO last_op FROM settings.client AS c WHERE c.layer = user_layer AND c.id = client;

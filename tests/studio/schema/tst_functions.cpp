@@ -370,6 +370,24 @@ TEST_F(ForgetUser, EverythingOfTheUserGoesAndNothingElse)
     EXPECT_EQ(put(alice, {1, 1}), "stored|1");
 }
 
+TEST_F(ForgetUser, HelloMeanwhileMakesTheUserAnew)
+{
+    Login const alice = user("alice");
+    EXPECT_EQ(put(alice, {1, 1}), "stored|1");
+    Login const ada = login("ada");
+    std::string code = "55P03"; // on a machine that stands still, hello does not wait until ada is seen to be waited for
+    while (code == "55P03") {
+        EXPECT_EQ(ada.ask("BEGIN; SELECT settings.forget_user_v1('alice')").text(), "t");
+        alice.send(hello());
+        ASSERT_TRUE(comes("SELECT count(*) FROM pg_stat_activity WHERE usename = 'alice' AND wait_event_type = 'Lock'", "1"));
+        ada.ask("COMMIT");
+        code = alice.answer().code;
+    }
+    EXPECT_EQ(code, "");
+    EXPECT_EQ(changes(alice), "f|0|null|null|null|null|null|null\nt|0|null|null|null|null|null|null");
+    EXPECT_EQ(put(alice, {1, 1}), "stored|1");
+}
+
 class Revisions : public SchemaTest {};
 
 TEST_F(Revisions, NumbersOfTheAskedLayersAreTold)
