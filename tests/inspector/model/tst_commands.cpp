@@ -230,7 +230,8 @@ TEST_F(CopiedTransfer, UndoesAndRedoesTheSame)
     store("exportPath", "/films");
     startChanging();
     int compared = 0;
-    for (int round = 0; round < times(30, 120, 3000); ++round) {
+    int const rounds = times(30, 120, 3000);
+    for (int round = 0; round < rounds; ++round) {
         std::string const key = std::vector<std::string>{"age", "exportPath", "lastTarget", "npsSendCount", "who"}[m_random() % 5];
         bool const isReset = m_random() % 3 == 0;
         Catalogue::Value const value = randomValue(setting(key)->value);
@@ -248,7 +249,7 @@ TEST_F(CopiedTransfer, UndoesAndRedoesTheSame)
         }
         ++compared;
     }
-    EXPECT_GT(compared, 10);
+    EXPECT_GT(compared, rounds / 3);
 }
 
 TEST_F(CopiedTransfer, ExportsAndBacksUpTheSame)

@@ -183,7 +183,7 @@ TEST_F(Committing, NoUpdateIsLostInARaceWithAnotherProcess)
 {
     m_other.set("lastTarget", "start");
     startChanging();
-    int const rounds = times(300, 1000, 10000);
+    int const rounds = times(300, 10000);
     int stored = 0;
     int conflicts = 0;
     int lost = 0;
