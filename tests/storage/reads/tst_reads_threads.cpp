@@ -43,7 +43,7 @@ protected:
     }
 
     // Whether another change is to come: the readers may have been late.
-    bool isOn(int change) const { return change < times(200, 20000) || (m_numbers.reads() < 1000 && change < 100000); }
+    bool isOn(int change) const { return change < times(200, 4000) || (m_numbers.reads() < 1000 && change < 100000); }
 
     void finish()
     {
