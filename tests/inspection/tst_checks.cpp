@@ -265,6 +265,37 @@ TEST_F(Checks, JournalWithoutItsStoreIsFound)
                      "gone, and no new one is made beside it|bring the store back beside its journal, or move the journal away"}));
 }
 
+TEST_F(Checks, LogWithoutItsStoreIsFound)
+{
+    fs::remove(common());
+    std::ofstream(common() + "-wal") << "changes of another store";
+    EXPECT_EQ(
+        found(Store::common),
+        (Lines{"error|journal-left|common||~/stores/common-settings.sqlite-wal|a write-ahead log of 24 bytes lies there: its store is "
+               "gone, and no new one is made beside it|bring the store back beside its write-ahead log, or move the write-ahead log "
+               "away"}));
+}
+
+TEST_F(Checks, WhatIsNoFileInThePlaceOfAJournalWithoutItsStoreIsFound)
+{
+    fs::remove(common());
+    fs::remove(common() + "-journal");
+    ASSERT_EQ(::mkfifo((common() + "-journal").c_str(), 0600), 0);
+    EXPECT_EQ(
+        found(Store::common),
+        (Lines{"error|journal-left|common||~/stores/common-settings.sqlite-journal|what lies there is no file: its store is gone, and "
+               "no new one is made beside it|bring the store back beside its journal, or move the journal away"}));
+}
+
+TEST_F(Checks, EmptyFilesBesideAMissingStoreAreNothing)
+{
+    fs::remove(common());
+    std::ofstream(common() + "-wal");
+    std::ofstream(common() + "-journal");
+    ::chmod((common() + "-journal").c_str(), 0600);
+    EXPECT_EQ(found(Store::common).at(0).substr(0, 26), "note|store-missing|common|");
+}
+
 // --- What restore has kept ---
 
 TEST_F(Checks, StoresThatRestoreKeptAreCounted)

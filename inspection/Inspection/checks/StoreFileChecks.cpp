@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <array>
 #include <system_error>
+#include <utility>
 
 #include <pwd.h>
 #include <sys/stat.h>
@@ -26,12 +27,14 @@ namespace Inspection {
 namespace {
 
 // SQLite keeps the journal of a linked store beside the link's target.
-std::string journalOf(ExaminedStore const& store)
+std::string besideStore(ExaminedStore const& store, char const* suffix)
 {
     std::error_code error;
     bool const isLink = fs::is_symlink(fs::symlink_status(store.file, error));
-    return (isLink ? fs::canonical(store.file, error) : store.file).u8string() + "-journal";
+    return (isLink ? fs::canonical(store.file, error) : store.file).u8string() + suffix;
 }
+
+std::string journalOf(ExaminedStore const& store) { return besideStore(store, "-journal"); }
 
 // Every store keeps an empty journal beside it, so an absent one counts as empty.
 std::uintmax_t sizeOfJournal(ExaminedStore const& store)
@@ -71,11 +74,43 @@ void checkFolderOfStore(ExaminedStore const& store, Findings& findings)
                         folder});
 }
 
-void checkAccess(ExaminedStore const& store, Findings& findings)
+// Tells what lies under the name of a companion of a missing store; of an empty file and of nothing, nothing.
+std::string leftOver(std::string const& companion, std::string const& name)
 {
-    if (store.state == StoreState::missing && sizeOfJournal(store) == 0)
+    std::error_code error;
+    fs::file_status const status = fs::symlink_status(companion, error);
+    if (!fs::exists(status))
+        return "";
+    if (!fs::is_regular_file(status))
+        return "what lies there is no file";
+    std::uintmax_t const size = fs::file_size(companion, error);
+    return error || size == 0 ? "" : absl::StrCat("a ", name, " of ", size, " bytes lies there");
+}
+
+// Beside what a lost store has left no new one is made: SQLite would play it into that one.
+void checkMissing(ExaminedStore const& store, Findings& findings)
+{
+    std::size_t const before = findings.size();
+    for (auto const& [suffix, name] : {std::pair("-journal", "journal"), std::pair("-wal", "write-ahead log")}) {
+        std::string const companion = besideStore(store, suffix);
+        if (std::string const what = leftOver(companion, name); !what.empty())
+            findings.push_back({Severity::error,
+                                Check::journalLeft,
+                                what + ": its store is gone, and no new one is made beside it",
+                                absl::StrCat("bring the store back beside its ", name, ", or move the ", name, " away"),
+                                store.store,
+                                {},
+                                companion});
+    }
+    if (findings.size() == before)
         findings.push_back(aboutFile(store, Severity::note, Check::storeMissing, "nothing is stored there yet",
                                      "nothing to do: the store is made when something is stored"));
+}
+
+void checkAccess(ExaminedStore const& store, Findings& findings)
+{
+    if (store.state == StoreState::missing)
+        checkMissing(store, findings);
     if (store.state == StoreState::unusable)
         findings.push_back(aboutError(store, Severity::error, Check::storeUnusable));
     else if (!store.error)
@@ -123,22 +158,11 @@ void checkMode(std::string const& file, ExaminedStore const& store, Findings& fi
 
 void checkJournal(ExaminedStore const& store, Findings& findings)
 {
-    std::uintmax_t const size = sizeOfJournal(store);
-    if (size == 0)
-        return;
-    std::string const what = absl::StrCat("a journal of ", size, " bytes lies there: ");
-    if (store.state == StoreState::missing)
-        findings.push_back({Severity::error,
-                            Check::journalLeft,
-                            what + "its store is gone, and no new one is made beside it",
-                            "bring the store back beside its journal, or move the journal away",
-                            store.store,
-                            {},
-                            journalOf(store)});
-    else
+    std::uintmax_t const size = store.state == StoreState::missing ? 0 : sizeOfJournal(store);
+    if (size > 0)
         findings.push_back({Severity::warning,
                             Check::journalLeft,
-                            what + "a change is being made right now, or was interrupted",
+                            absl::StrCat("a journal of ", size, " bytes lies there: a change is being made right now, or was interrupted"),
                             "look again in a moment; where it stays, leave it beside the store and start the editor, which undoes the "
                             "change",
                             store.store,
