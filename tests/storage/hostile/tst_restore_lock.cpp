@@ -11,6 +11,7 @@
 #include <vector>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -139,6 +140,45 @@ TEST_F(RestoreLock, LocksOfThisProcessOutliveIt)
     ASSERT_EQ(::fcntl(descriptor, F_OFD_GETLK, &reserved), 0);
     ::close(descriptor);
     EXPECT_EQ(reserved.l_type, F_WRLCK);
+}
+
+// An editor that begins a change in the last moment would leave its journal to the restored store.
+TEST_F(RestoreLock, IsHeldWhenTheFileIsReplaced)
+{
+    if (!Traced::isPossible())
+        GTEST_SKIP() << "this process may not trace others, as in some containers: no restore was stopped at its system calls";
+    MemoryFolder const memory;
+    std::filesystem::path const file = memory.path() / "store.sqlite";
+    makeBoth(file);
+    std::string const before = content(file);
+    bool wasHeld = false;
+    bool isReplaced = false;
+    for (int call = 1; !isReplaced; ++call) {
+        SCOPED_TRACE("system call " + std::to_string(call));
+        std::filesystem::remove_all(memory.path());
+        std::filesystem::create_directory(memory.path());
+        overwrite(file, before);
+        int const original = ::open(file.c_str(), O_RDWR | O_CLOEXEC);
+        bool isHeld = false;
+        bool const isReached = Traced::reachedCall({[] {}, [&] { restore(file); }}, call, [&] {
+            struct stat there = {};
+            struct stat opened = {};
+            ::fstat(original, &opened);
+            isReplaced = ::stat(file.c_str(), &there) == 0 && there.st_ino != opened.st_ino;
+            struct flock reserved = {};
+            reserved.l_type = F_RDLCK; // which only a writer keeps away
+            reserved.l_start = 0x40000001;
+            reserved.l_len = 1;
+            isHeld = ::fcntl(original, F_GETLK, &reserved) == 0 && reserved.l_type == F_WRLCK;
+        });
+        ::close(original);
+        ASSERT_TRUE(isReached) << "the file was not replaced";
+        if (isReplaced) {
+            EXPECT_TRUE(wasHeld) << "let go before";
+            EXPECT_TRUE(isHeld) << "let go at once";
+        }
+        wasHeld = isHeld;
+    }
 }
 
 TEST_F(RestoreLock, KilledRestoreLeavesTheOldFileOrTheNew)
