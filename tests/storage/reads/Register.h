@@ -24,6 +24,11 @@ public:
     bool isOver() const { return m_shared->isOver; }
     void end() { m_shared->isOver = true; }
 
+    /// Whether the writer may go home, of whom a next one takes the turn.
+    bool isTurnOver() const { return m_shared->isTurnOver; }
+    void beginTurn() { m_shared->isTurnOver = false; }
+    void endTurn() { m_shared->isTurnOver = true; }
+
     int begun() const { return m_shared->begun; }
     long long reads() const { return m_shared->reads; }
     long long wrongReads() const { return m_shared->stale + m_shared->back + m_shared->future; }
@@ -40,6 +45,7 @@ private:
         std::atomic<long long> back{0};
         std::atomic<long long> future{0};
         std::atomic<bool> isOver{false};
+        std::atomic<bool> isTurnOver{false};
     };
 
     Shared* const m_shared;

@@ -98,6 +98,15 @@ TEST_F(ForeignFile, SwitchedToAWriteAheadLogIsAnErrorUntilItIsSwitchedBack)
     expectNumber(*m_store, 4);
 }
 
+TEST_F(ForeignFile, OwnChangeOverAnUnseenOneShowsBoth)
+{
+    expectNumber(*m_store, 1);
+    OtherProgram(path()).execute("UPDATE settings SET value = 2");
+    m_store->setInt("another", 1);
+    expectNumber(*m_store, 2);
+    EXPECT_EQ(m_store->getInt("another", absent), 1);
+}
+
 TEST_F(ForeignFile, OlderContentInItsPlaceShows)
 {
     std::string const older = content(path());

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Processes read while one writer after another commits, and is stopped and killed at random moments: no read is stale,
-// none goes back, and none sees what was never committed.
+// Processes read while one writer after another commits, and goes home or is stopped and killed at random moments: no read
+// is stale, none goes back, and none sees what was never committed.
 #include "Register.h"
 
 #include <storage/support/MemoryFolder.h>
@@ -36,7 +36,7 @@ int number(SqliteStorage const& store, int which) { return store.getInt(keys[whi
 void writeByStore(std::filesystem::path const& file, Register& numbers)
 {
     SqliteStorage store(file);
-    for (;;) {
+    while (!numbers.isTurnOver()) {
         numbers.write([&](int next) { store.apply({{"left", next}, {"right", next}}); });
         numbers.read([&] { return number(store, numbers.begun()); });
     }
@@ -58,7 +58,7 @@ void writeSpilling(std::filesystem::path const& file, Register& numbers)
         });
 }
 
-// A process that writes until it is killed.
+// A process that writes until it goes home, or is killed.
 class Writer {
 public:
     Writer(std::function<void()> const& write) : m_process(::fork())
@@ -67,6 +67,7 @@ public:
             return;
         try {
             write();
+            ::_exit(goneHome);
         } catch (std::exception const& error) {
             std::fputs(error.what(), stderr);
         }
@@ -74,10 +75,10 @@ public:
     }
     ~Writer()
     {
+        if (m_isExpected)
+            return;
         ::kill(m_process, SIGKILL);
-        int status = 0;
-        ::waitpid(m_process, &status, 0);
-        EXPECT_TRUE(WIFSIGNALED(status)) << "it ended by itself";
+        EXPECT_TRUE(WIFSIGNALED(ended())) << "it ended by itself";
     }
     Writer(Writer const&) = delete;
     Writer& operator=(Writer const&) = delete;
@@ -89,8 +90,24 @@ public:
         ::waitpid(m_process, &status, WUNTRACED);
     }
 
+    void expectHome()
+    {
+        m_isExpected = true;
+        EXPECT_EQ(ended(), goneHome) << "the status of its end";
+    }
+
 private:
+    static constexpr int goneHome = 0;
+
+    int ended() const
+    {
+        int status = 0;
+        ::waitpid(m_process, &status, 0);
+        return status;
+    }
+
     pid_t const m_process;
+    bool m_isExpected = false;
 };
 
 struct Course {
@@ -124,18 +141,21 @@ protected:
         return "";
     }
 
-    // Lets one writer write for some milliseconds, and stops it for some before it is killed, so that others meet what it
-    // has begun.
+    // Lets one writer write for some milliseconds. One that is to be killed is stopped for some before, so that others meet
+    // what it has begun.
     void letWrite(std::mt19937& random)
     {
         auto const upTo = [&](int most) { return std::chrono::microseconds(std::uniform_int_distribution<int>(0, most)(random)); };
         int const begun = m_numbers.begun();
-        Writer const writer([&] { GetParam().write(file(), m_numbers); });
+        m_numbers.beginTurn();
+        Writer writer([&] { GetParam().write(file(), m_numbers); });
         for (auto const end = std::chrono::steady_clock::now() + 5s; m_numbers.begun() == begun && std::chrono::steady_clock::now() < end;)
             std::this_thread::sleep_for(100us);
         std::this_thread::sleep_for(upTo(GetParam().isKilled ? 5000 : 100000));
-        if (!GetParam().isKilled)
-            return;
+        if (!GetParam().isKilled) {
+            m_numbers.endTurn();
+            return writer.expectHome();
+        }
         writer.stop();
         std::error_code ignored;
         m_killedInAChange += std::filesystem::file_size(journal(), ignored) > 0;
