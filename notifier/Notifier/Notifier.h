@@ -27,7 +27,8 @@ class Worker;
 ///
 /// Threads: signals are emitted in the thread that the object lives in, whose event loop must run. Of the functions, any
 /// thread may call `watch`, `watchPrefix` and `report`. The object may be destroyed at any time, also by a receiver of its signals;
-/// the destructor waits for a look that has begun, some tenths of a second where another process keeps a store locked.
+/// the destructor waits for a look that has begun, some tenths of a second where another process keeps a store locked. A forked
+/// process has no such thread, and may not use or destroy the object unless it calls exec.
 class Notifier : public QObject {
     Q_OBJECT
 

@@ -36,6 +36,7 @@ std::vector<RowDifference> rowDifferences(std::vector<SqliteStorage::Row> const&
 /// The file is looked at when `look` is called and never in between. It is never created and never changed. A look at an
 /// unchanged store costs a few system calls.
 /// Threads: one at a time; best one that may wait, as each look reads the disk.
+/// Forks: a process that was forked meanwhile may not use it, unless it calls exec.
 class StoreWatcher {
 public:
     /// Watches `file`, which need not exist, as a host that opens it with `options`. A store that others keep locked for
