@@ -134,12 +134,13 @@ def is_within_reach(bound, reach):
 
 def reach_of(goal, rounds, measured, against):
     """What the floor itself reaches against a peer; none where the goal compares with no peer, where the row has no floor,
-    and where the library is far from it."""
+    where the library is far from it, and where the library is so much faster that it shows what else can be reached."""
     floor = floor_of(measured)
     if " x" not in goal.bound or " over " in measured or benchmarks_in(against) == [floor]:
         return None
     distance = median(rounds, lambda of: value(of, measured) / value(of, floor))
-    return figure_of(goal, rounds, floor, against) if distance is not None and distance <= farthest_from_floor else None
+    is_near = distance is not None and 1 / granted_beyond_floor <= distance <= farthest_from_floor
+    return figure_of(goal, rounds, floor, against) if is_near else None
 
 
 def outcome_of_row(goal, rounds, measured, against):
@@ -394,7 +395,7 @@ the quotient of the two times shown. Only ratios can be compared between machine
 The worst row of each goal. "x" is the library's time divided by the other's, "x faster" the other's by the library's. A goal
 is out of reach where the floor misses it too on this machine, or would with {granted_beyond_floor} times its time, which the library is
 granted: the kernel, or SQLite in the store's journal mode, already takes too long. In such a row the library takes at most
-{farthest_from_floor} times the floor's time; otherwise the goal counts as missed.
+{farthest_from_floor} times the floor's time, and no less than 1 / {granted_beyond_floor} of it; otherwise the goal counts as missed.
 """
     yield from goal_table(results)
     for program in programs:
