@@ -23,19 +23,14 @@ namespace {
 
 using RunningNumber::Layout;
 
-QString patternOf(Layout const& layout)
-{
-    QString const ofTexts = QRegExp::escape(layout.before) + QLatin1String("(\\d+)") + QRegExp::escape(layout.after);
-    return layout.pattern.isEmpty() ? ofTexts : layout.pattern;
-}
-
 // Matches names as Qt does; the filter is compared as in QDirIterator.
 class QtMatcher {
 public:
     explicit QtMatcher(Layout const& layout)
         : m_filter(QRegularExpression::wildcardToRegularExpression(layout.filter), QRegularExpression::CaseInsensitiveOption),
           m_stem(layout.stem),
-          m_number(patternOf(layout))
+          m_number(layout.pattern.isEmpty() ? QRegExp::escape(layout.before) + QLatin1String("(\\d+)") + QRegExp::escape(layout.after)
+                                            : layout.pattern)
     {}
 
     // 0 for a name that does not count.
@@ -168,10 +163,8 @@ int RunningNumber::highest(QString const& folder, Layout const& layout)
         return Pass(path, layout).highest();
     int highest = 0;
     QtMatcher matcher(layout);
-    for (QDirIterator files(QDir(folder).path(), {layout.filter}, QDir::Files); files.hasNext();) {
-        files.next();
-        highest = std::max(highest, matcher.numberIn(files.fileName()));
-    }
+    for (QDirIterator files(QDir(folder).path(), {layout.filter}, QDir::Files); files.hasNext();)
+        highest = std::max(highest, matcher.numberIn(QFileInfo(files.next()).fileName()));
     return highest;
 }
 
