@@ -6,9 +6,9 @@
 #include <Storage/SqliteStorage.h>
 
 #include <support/OtherProgram.h>
+#include <support/Patterns.h>
 
 #include <fstream>
-#include <regex>
 
 #include <sys/stat.h>
 
@@ -41,8 +41,8 @@ protected:
     // With the time of the backup and the names of the kept files made alike.
     static std::string timeless(std::string const& text)
     {
-        std::string const time = std::regex_replace(text, std::regex("\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d:"), "TIME:");
-        return std::regex_replace(time, std::regex("before-restore-\\d{8}T\\d{6}Z(-\\d+)?"), "before-restore-TIME");
+        std::string const time = replaced(text, "\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d:", "TIME:");
+        return replaced(time, "before-restore-\\d{8}T\\d{6}Z(-\\d+)?", "before-restore-TIME");
     }
 
     // The command that the last restore named for undoing it, which a shell runs as it stands.

@@ -4,11 +4,11 @@
 #include <Storage/SqliteStorage.h>
 
 #include <support/Named.h>
+#include <support/Patterns.h>
 
 #include <algorithm>
 #include <atomic>
 #include <ctime>
-#include <regex>
 #include <set>
 #include <thread>
 
@@ -64,7 +64,7 @@ protected:
     {
         std::string const text = std::string("editor-settings: '") + taken + "' is there already, though the editor would propose it; '" +
                                  instead + "' is reserved instead\n";
-        return std::regex_replace(text, std::regex("\x01"), "\\x01");
+        return replaced(text, "\x01", "\\x01");
     }
 };
 

@@ -7,9 +7,9 @@
 #include <support/Documents.h>
 #include <support/Named.h>
 #include <support/OtherProgram.h>
+#include <support/Patterns.h>
 
 #include <fstream>
-#include <regex>
 #include <thread>
 
 #include <fcntl.h>
@@ -50,7 +50,7 @@ protected:
     {
         std::vector<std::string> command = {"export", "-"};
         command.insert(command.end(), options.begin(), options.end());
-        return std::regex_replace(said(command), std::regex("\"made\": \"20..-..-..T..:..:..\\....Z\""), "\"made\": \"NOW\"");
+        return replaced(said(command), "\"made\": \"20..-..-..T..:..:..\\....Z\"", "\"made\": \"NOW\"");
     }
 };
 
@@ -594,7 +594,7 @@ TEST_F(Difference, IsALineForEachKey)
                                                      "removed\tproduct\tunknown\tbytes\tAP8=\t\t\n"
                                                      "removed\tcommon\tautoUpdate\tbool\ttrue\t\t\n");
     SqliteStorage(productFile()).remove("unknown");
-    EXPECT_EQ(tool({"diff", file(std::regex_replace(fileContent(m_file), std::regex("\"theirs[^}]*\\},"), ""))}).out,
+    EXPECT_EQ(tool({"diff", file(replaced(fileContent(m_file), "\"theirs[^}]*\\},", ""))}).out,
               "CHANGE\tSTORE\tKEY\tSTORED\tFILE\n"
               "only here\tproduct\texportPath\t/a\t(absent)\n"
               "changed\tproduct\tnpsSendCount\t1\t2\n"
