@@ -6,6 +6,7 @@
 
 #include <Storage/SqliteStorage.h>
 
+#include <support/Json.h>
 #include <support/OtherProgram.h>
 #include <support/Patterns.h>
 
@@ -36,7 +37,7 @@ protected:
         words.insert(words.end(), more.begin(), more.end());
         Ended const ended = tool(words);
         EXPECT_EQ(ended.err, "");
-        json const told = json::parse(ended.out);
+        json const told = parsed(ended.out);
         EXPECT_EQ(ended.status, told["isWell"] ? 0 : 1);
         return told;
     }

@@ -3,6 +3,7 @@
 
 #include <Storage/SqliteStorage.h>
 
+#include <support/Json.h>
 #include <support/Named.h>
 #include <support/Patterns.h>
 
@@ -87,8 +88,8 @@ TEST_F(NextName, IsWhatTheLibraryProposes)
 
 TEST_F(NextName, AsJsonAndPlain)
 {
-    EXPECT_EQ(json::parse(nextName({"freeze", "a.mov", "--json"}).out), json({{"path", inHome("out/a (1).png")}, {"reserved", false}}));
-    EXPECT_EQ(json::parse(nextName({"--json", "--reserve", "freeze", "a.mov"}).out),
+    EXPECT_EQ(parsed(nextName({"freeze", "a.mov", "--json"}).out), json({{"path", inHome("out/a (1).png")}, {"reserved", false}}));
+    EXPECT_EQ(parsed(nextName({"--json", "--reserve", "freeze", "a.mov"}).out),
               json({{"path", inHome("out/a (1).png")}, {"reserved", true}}))
         << "options may stand before the kind";
     EXPECT_EQ(named({"stabilized", "a\tb.mov", "mp4", "--plain"}), "a\\tb-1.mp4");

@@ -6,6 +6,7 @@
 #include <Studio/Session.h>
 #include <TestKit/MemoryStorage.h>
 
+#include <support/Json.h>
 #include <support/Patterns.h>
 
 using namespace std::chrono_literals;
@@ -35,12 +36,12 @@ protected:
         editor.store->setBool("keepVideoAspect", false);
         editor.store->setString("audioRecordFormat", "mp3");
     }
-    json status() { return json::parse(tool(as("alice", {"studio", "status", "--json"})).out); }
+    json status() { return parsed(tool(as("alice", {"studio", "status", "--json"})).out); }
     // The findings about what is kept, each as "severity check key".
     std::vector<std::string> findings()
     {
         std::vector<std::string> result;
-        json const report = json::parse(tool(as("alice", {"doctor", "--json"})).out);
+        json const report = parsed(tool(as("alice", {"doctor", "--json"})).out);
         for (json const& finding : report["findings"])
             if (std::string const check = finding["check"];
                 check == "studio-pending" || check == "studio-refused" || check == "studio-outbox")
