@@ -5,6 +5,7 @@
 #include <Catalogue/Catalogue.h>
 
 #include <support/BoundLibrary.h>
+#include <support/Patterns.h>
 #include <support/Process.h>
 #include <support/Table.h>
 
@@ -14,7 +15,6 @@
 
 #include <functional>
 #include <map>
-#include <regex>
 #include <set>
 
 namespace {
@@ -100,13 +100,12 @@ std::map<std::string, Declared> declaredFunctions()
     std::map<std::string, Declared> functions;
     std::string comment;
     bool inNamespace = false;
-    std::regex const declaration("^(?!namespace|extern)([\\w:<> ]+) (\\w+)\\(.*");
     for (std::string const& line : lines(header)) {
         if (line == "namespace Settings {" || line == "} // namespace Settings")
             inNamespace = line[0] == 'n';
-        std::smatch match;
-        if (std::regex_match(line, match, declaration))
-            functions[(inNamespace ? "Settings::" : "") + match[2].str()] = {match[1], comment};
+        std::vector<std::string> const declaration = captured(line, "^(?!namespace|extern)([\\w:<> ]+) (\\w+)\\(.*$");
+        if (!declaration.empty())
+            functions[(inNamespace ? "Settings::" : "") + declaration[1]] = {declaration[0], comment};
         bool const isComment = line.compare(0, 4, "/// ") == 0;
         comment = isComment ? comment + (comment.empty() ? "" : " ") + line.substr(4) : "";
     }
@@ -116,12 +115,9 @@ std::map<std::string, Declared> declaredFunctions()
 Names exportedFunctions()
 {
     Names names;
-    std::regex const function("\\S+ T ([\\w:]+)(\\[abi:cxx11\\])?\\(.*");
-    for (std::string const& line : lines(run({"nm", "--dynamic", "--defined-only", "--demangle", LIBRARY_FILE}).out)) {
-        std::smatch match;
-        if (std::regex_match(line, match, function))
-            names.insert(match[1]);
-    }
+    for (std::string const& line : lines(run({"nm", "--dynamic", "--defined-only", "--demangle", LIBRARY_FILE}).out))
+        for (std::string const& name : captured(line, "^\\S+ T ([\\w:]+)(?:\\[abi:cxx11\\])?\\(.*$"))
+            names.insert(name);
     return names;
 }
 

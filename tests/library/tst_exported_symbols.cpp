@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include <support/Patterns.h>
 #include <support/Process.h>
 
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <regex>
 #include <set>
 
 namespace {
@@ -27,15 +27,13 @@ std::set<std::string> exportedNames()
 // differently stand in the list of the package for this Qt.
 std::set<std::string> promisedNames()
 {
-    std::regex const symbol("^ (?:\\(c\\+\\+\\)\")?(.+)@Base\"? .*");
     std::set<std::string> names;
     for (char const* name : {SYMBOLS_OF_EVERY_QT, SYMBOLS_OF_THIS_QT}) {
         std::ifstream file(name);
         EXPECT_TRUE(file) << name;
-        std::smatch match;
         for (std::string line; std::getline(file, line);)
-            if (std::regex_match(line, match, symbol))
-                names.insert(match[1]);
+            for (std::string const& symbol : captured(line, "^ (?:\\(c\\+\\+\\)\")?(.+)@Base\"? .*$"))
+                names.insert(symbol);
     }
     return names;
 }

@@ -5,6 +5,7 @@
 #include <Settings/SettingsContext.h>
 #include <Storage/EmptyStorage.h>
 
+#include <support/Patterns.h>
 #include <support/Process.h>
 
 #include <QFont>
@@ -19,7 +20,6 @@
 #include <iterator>
 #include <map>
 #include <memory>
-#include <regex>
 #include <sstream>
 
 #include <dlfcn.h>
@@ -231,13 +231,11 @@ struct Product final : IProductInfo {
 // The names of the functions without arguments that the header declares to return `type`.
 std::vector<std::string> functionsReturning(std::string const& type)
 {
-    std::regex const declaration('^' + type + " (\\w+)\\(\\);.*");
     std::ifstream header(HEADER_FILE);
     std::vector<std::string> names;
-    std::smatch match;
     for (std::string line; std::getline(header, line);)
-        if (std::regex_match(line, match, declaration))
-            names.push_back(match[1]);
+        for (std::string const& name : captured(line, '^' + type + " (\\w+)\\(\\);.*$"))
+            names.push_back(name);
     return names;
 }
 

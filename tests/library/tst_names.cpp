@@ -4,6 +4,7 @@
 
 #include <support/BoundLibrary.h>
 #include <support/Named.h>
+#include <support/Patterns.h>
 #include <support/Process.h>
 
 #include <QDateTime>
@@ -19,7 +20,6 @@
 #include <fstream>
 #include <functional>
 #include <optional>
-#include <regex>
 #include <set>
 #include <type_traits>
 
@@ -54,8 +54,7 @@ QString utf8(std::string const& text) { return QString::fromUtf8(text.data(), st
 // The path with TIME in the place of the time, which no test knows beforehand.
 QString withoutTime(QString const& path)
 {
-    static std::regex const time("-[0-9]{4}\\.[0-9]{2}\\.[0-9]{2}-[0-9]{2}\\.[0-9]{2}\\.[0-9]{2}\\.");
-    return utf8(std::regex_replace(path.toStdString(), time, "-TIME."));
+    return utf8(replaced(path.toStdString(), "-[0-9]{4}\\.[0-9]{2}\\.[0-9]{2}-[0-9]{2}\\.[0-9]{2}\\.[0-9]{2}\\.", "-TIME."));
 }
 
 // The three generators, each with names that differ in their number alone.
@@ -752,9 +751,9 @@ TEST_F(Folder, RecordingFormatIsKeptInFullLength)
 std::string timeOfRecording()
 {
     std::string const path = Settings::generateAudioRecordFilePath().toStdString();
-    static std::regex const name(".*/Rec-1-([0-9]{4}\\.[0-9]{2}\\.[0-9]{2}-[0-9]{2}\\.[0-9]{2}\\.[0-9]{2})\\.wav");
-    std::smatch match;
-    return std::regex_match(path, match, name) ? match[1].str() : "not a time in " + path;
+    std::vector<std::string> const time =
+        captured(path, "^.*/Rec-1-([0-9]{4}\\.[0-9]{2}\\.[0-9]{2}-[0-9]{2}\\.[0-9]{2}\\.[0-9]{2})\\.wav$");
+    return time.empty() ? "not a time in " + path : time[0];
 }
 
 TEST_F(Folder, RecordingBearsTheLocalTime)

@@ -4,6 +4,7 @@
 #include <Lumora/Conf/Formats.h>
 
 #include <support/BoundLibrary.h>
+#include <support/Patterns.h>
 #include <support/Table.h>
 
 #include <cxxabi.h>
@@ -12,7 +13,6 @@
 #include <fstream>
 #include <functional>
 #include <map>
-#include <regex>
 #include <sstream>
 
 namespace {
@@ -239,10 +239,8 @@ TEST(PreferenceTable, EveryRowHasBothConstants)
 TEST(PreferenceTable, EveryConstantHasARow)
 {
     std::map<std::string, int> constants;
-    std::string const code = implementation();
-    std::regex const constant("\n\\w[\\w:]* const (\\w+)(Key|Default)( =|;)");
-    for (std::sregex_iterator match(code.begin(), code.end(), constant), end; match != end; ++match)
-        ++constants[(*match)[1]];
+    for (std::string const& constant : captured(implementation(), "\n\\w[\\w:]* const (\\w+)(?:Key|Default)(?: =|;)"))
+        ++constants[constant];
     for (PreferenceRow const& row : preferenceTable()) {
         EXPECT_EQ(constants[row.key], row.isOfUpdater() ? 0 : 2) << row.key << " has a key and a default";
         constants.erase(row.key);

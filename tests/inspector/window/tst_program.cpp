@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <TestKit/TemporaryHome.h>
+#include <support/Patterns.h>
 #include <support/Process.h>
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <regex>
 
 namespace {
 
@@ -27,7 +27,7 @@ TEST_F(Program, HelpAndVersionNeedNoScreen)
     EXPECT_NE(help.out.find("--allow-network"), std::string::npos) << help.out;
     Ended const version = start({"--version"}, "none");
     EXPECT_EQ(version.status, 0);
-    EXPECT_TRUE(std::regex_match(version.out, std::regex("\\d+\\.\\d+\\.\\d+\n"))) << version.out;
+    EXPECT_TRUE(matches(version.out, "\\d+\\.\\d+\\.\\d+\n")) << version.out;
 }
 
 TEST_F(Program, WrongArgumentsAreToldOnStandardError)
@@ -53,7 +53,7 @@ TEST_F(Program, MeasurementTellsTheFirstPaintingAndTheRows)
         "productKind": 0, "projectFileExtensions": [], "resourcesRoot": "r"})");
     Ended const ended = start({"--product", product, "--home", m_home.path() / "stores", "--measure"});
     EXPECT_EQ(ended.status, 0);
-    EXPECT_TRUE(std::regex_match(ended.out, std::regex("first paint: \\d+ ms\nrows shown: \\d+ ms\n"))) << ended.out;
+    EXPECT_TRUE(matches(ended.out, "first paint: \\d+ ms\nrows shown: \\d+ ms\n")) << ended.out;
     EXPECT_NE(ended.err.find("XDG_DATA_HOME is 'relative', which is not absolute, so it counts as not set"), std::string::npos);
     EXPECT_FALSE(std::filesystem::exists(m_home.path() / "stores"));
 }

@@ -7,15 +7,11 @@
 
 #include <gtest/gtest.h>
 
-#include <nlohmann/json.hpp>
-
 #include <cstdlib>
 #include <filesystem>
 #include <map>
 #include <string>
 #include <vector>
-
-using nlohmann::json;
 
 /// The program, run as its users run it, in a home folder of the test's own.
 class Tool : public testing::Test {

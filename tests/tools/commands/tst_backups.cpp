@@ -5,10 +5,11 @@
 
 #include <Storage/SqliteStorage.h>
 
+#include <support/Json.h>
 #include <support/OtherProgram.h>
+#include <support/Patterns.h>
 
 #include <fstream>
-#include <regex>
 
 #include <sys/stat.h>
 
@@ -41,8 +42,8 @@ protected:
     // With the time of the backup and the names of the kept files made alike.
     static std::string timeless(std::string const& text)
     {
-        std::string const time = std::regex_replace(text, std::regex("\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d:"), "TIME:");
-        return std::regex_replace(time, std::regex("before-restore-\\d{8}T\\d{6}Z(-\\d+)?"), "before-restore-TIME");
+        std::string const time = replaced(text, "\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d:", "TIME:");
+        return replaced(time, "before-restore-\\d{8}T\\d{6}Z(-\\d+)?", "before-restore-TIME");
     }
 
     // The command that the last restore named for undoing it, which a shell runs as it stands.
@@ -116,8 +117,7 @@ TEST_F(ToolBackups, TimeOfABackupIsToldInTheUsersZone)
     std::filesystem::copy(productFile(), productFile() + ".before-restore-20260102T230405Z");
     Ended const told = tool({"restore", productFile() + ".before-restore-20260102T230405Z", "--dry-run"}, {{"TZ", "XYZ-9"}});
     EXPECT_EQ(told.err, "editor-settings: the product store of 2026-01-03 08:04:05: nothing differs, so the store stays as it is\n");
-    EXPECT_EQ(json::parse(said({"restore", productFile() + ".before-restore-20260102T230405Z", "--json"}))["made"],
-              "2026-01-02T23:04:05.000Z");
+    EXPECT_EQ(parsed(said({"restore", productFile() + ".before-restore-20260102T230405Z", "--json"}))["made"], "2026-01-02T23:04:05.000Z");
 }
 
 TEST_F(ToolBackups, ListIsShownAsEverywhere)
@@ -185,10 +185,10 @@ TEST_F(ToolBackups, DryRunTellsWhatWouldChangeAndChangesNothing)
     EXPECT_EQ(timeless(told.err), "editor-settings: the product store of TIME: 1 value would change\n"
                                   "editor-settings: the common store of TIME: nothing differs, so the store stays as it is\n");
     EXPECT_EQ(said({"restore", backup(), "--dry-run", "--plain"}), "product\texportPath\t/later\\n\t/films\n");
-    json const expected = json::parse(R"({"dryRun": true, "stores": {"common": {"kept": null, "changes": []}, "product": {"kept": null,
+    json const expected = parsed(R"({"dryRun": true, "stores": {"common": {"kept": null, "changes": []}, "product": {"kept": null,
         "changes": [{"key": "exportPath", "before": {"kind": "string", "value": "/later\n"},
                      "after": {"kind": "string", "value": "/films"}}]}}})");
-    json answer = json::parse(said({"restore", backup(), "--dry-run", "--json"}));
+    json answer = parsed(said({"restore", backup(), "--dry-run", "--json"}));
     EXPECT_EQ(answer["made"].get<std::string>().size(), 24u);
     answer.erase("made");
     EXPECT_EQ(answer, expected);
@@ -202,7 +202,7 @@ TEST_F(ToolBackups, RestoreAsJsonNamesWhatIsKept)
     store("/films");
     tool({"backup", backup()});
     store("/later");
-    json const answer = json::parse(said({"restore", backup(), "--json"}));
+    json const answer = parsed(said({"restore", backup(), "--json"}));
     EXPECT_EQ(answer["dryRun"], false);
     std::string const kept = answer["stores"]["product"]["kept"];
     EXPECT_EQ(SqliteStorage(kept).getString("exportPath", ""), "/later");

@@ -6,11 +6,12 @@
 
 #include <Storage/SqliteStorage.h>
 
+#include <support/Json.h>
 #include <support/OtherProgram.h>
+#include <support/Patterns.h>
 
 #include <fstream>
 #include <iterator>
-#include <regex>
 #include <sstream>
 
 #include <sqlite3.h>
@@ -36,7 +37,7 @@ protected:
         words.insert(words.end(), more.begin(), more.end());
         Ended const ended = tool(words);
         EXPECT_EQ(ended.err, "");
-        json const told = json::parse(ended.out);
+        json const told = parsed(ended.out);
         EXPECT_EQ(ended.status, told["isWell"] ? 0 : 1);
         return told;
     }
@@ -94,7 +95,7 @@ TEST_F(Doctor, HealthIsToldWithItsFacts)
         store.erase("fileSystem");
     }
     json note = about("note", "folders-missing", {}, {}, {}, "21 folders are not there yet; the editor makes them", {});
-    std::istringstream names(std::regex_replace(missingFolders, std::regex(","), ""));
+    std::istringstream names(replaced(missingFolders, ",", ""));
     note["names"] = std::vector<std::string>{std::istream_iterator<std::string>(names), {}};
     std::string const product = std::filesystem::path(TOOL).parent_path().parent_path().string() + "/share/editor-settings/product.json";
     EXPECT_EQ(told,

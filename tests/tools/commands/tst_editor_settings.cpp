@@ -3,6 +3,7 @@
 
 #include <Storage/SqliteStorage.h>
 
+#include <support/Json.h>
 #include <support/Named.h>
 #include <support/OtherProgram.h>
 #include <support/Table.h>
@@ -412,7 +413,7 @@ TEST_F(Tool, ProductFileDecidesTheFolders)
         refused({"--product", file.string(), "set", "targetHistory", "x"}),
         "editor-settings: targetHistory is kept in memory only by a product of this kind, so it cannot be set from outside the editor\n");
     EXPECT_EQ(said({"--product", file.string(), "list", "targetHistory", "--plain"}), "targetHistory\ttext\tmemory\tunset\t\n");
-    EXPECT_EQ(json::parse(said({"--product", file.string(), "explain", "targetHistory", "--json"}))["file"], json());
+    EXPECT_EQ(parsed(said({"--product", file.string(), "explain", "targetHistory", "--json"}))["file"], json());
 }
 
 TEST_F(Tool, MissingProductFileIsNamed)
@@ -501,22 +502,22 @@ TEST_F(Tool, ListAsJsonHasTypedValues)
 {
     said({"set", "userCustomColors", "a", "b"});
     said({"set", "mainWindowState", "AP8="});
-    json const list = json::parse(said({"list", "--json"}));
+    json const list = parsed(said({"list", "--json"}));
     ASSERT_EQ(list.size(), 55u);
     std::map<std::string, json> byKey;
     for (json const& row : list)
         byKey[row["key"]] = row;
     EXPECT_EQ(
         byKey["userCustomColors"],
-        json::parse(
+        parsed(
             R"({"key": "userCustomColors", "type": "list", "store": "product", "state": "set", "layer": "local", "value": ["a", "b"], "default": []})"));
     EXPECT_EQ(
         byKey["mainWindowState"],
-        json::parse(
+        parsed(
             R"({"key": "mainWindowState", "type": "bytes", "store": "product", "state": "set", "layer": "local", "value": "AP8=", "default": ""})"));
     EXPECT_EQ(
         byKey["autoUpdate"],
-        json::parse(
+        parsed(
             R"({"key": "autoUpdate", "type": "bool", "store": "common", "state": "unset", "layer": "default", "value": true, "default": true})"));
     EXPECT_EQ(byKey["npsValueToSend"]["value"], -1);
     EXPECT_EQ(byKey["exportPath"]["default"], inHome("Videos/Lumora Library"));
@@ -526,9 +527,9 @@ TEST_F(Tool, ListAsJsonHasTypedValues)
 
 TEST_F(Tool, GetAsJsonTellsTheType)
 {
-    EXPECT_EQ(json::parse(said({"get", "npsSendCount", "--json"})), json::parse(R"({"key": "npsSendCount", "type": "int", "value": 0})"));
+    EXPECT_EQ(parsed(said({"get", "npsSendCount", "--json"})), parsed(R"({"key": "npsSendCount", "type": "int", "value": 0})"));
     said({"set", "userCustomColors", "a\nb"});
-    EXPECT_EQ(json::parse(said({"get", "userCustomColors", "--json"}))["value"], json::parse(R"(["a\nb"])"));
+    EXPECT_EQ(parsed(said({"get", "userCustomColors", "--json"}))["value"], parsed(R"(["a\nb"])"));
 }
 
 TEST_F(Tool, GetOfSeveralKeysHasALineForEach)
@@ -536,9 +537,8 @@ TEST_F(Tool, GetOfSeveralKeysHasALineForEach)
     said({"set", "userCustomColors", "#fff", "navy"});
     EXPECT_EQ(said({"get", "npsSendCount", "userCustomColors"}), "npsSendCount\t0\nuserCustomColors\t[\"#fff\",\"navy\"]\n");
     EXPECT_EQ(said({"get", "userCustomColors", "npsSendCount", "--plain"}), "userCustomColors\t[\"#fff\",\"navy\"]\nnpsSendCount\t0\n");
-    EXPECT_EQ(
-        json::parse(said({"get", "npsSendCount", "keepVideoAspect", "--json"})),
-        json::parse(R"([{"key": "npsSendCount", "type": "int", "value": 0}, {"key": "keepVideoAspect", "type": "bool", "value": true}])"));
+    EXPECT_EQ(parsed(said({"get", "npsSendCount", "keepVideoAspect", "--json"})),
+              parsed(R"([{"key": "npsSendCount", "type": "int", "value": 0}, {"key": "keepVideoAspect", "type": "bool", "value": true}])"));
     EXPECT_EQ(refused({"get", "npsSendCount", "nothingLikeIt"}),
               "editor-settings: there is no preference 'nothingLikeIt'; 'editor-settings list' shows all\n");
 }
@@ -548,7 +548,7 @@ TEST_F(Tool, NameOfAGetterStandsForItsKey)
     EXPECT_EQ(said({"set", "autoDownloadUpdates", "yes"}), "");
     EXPECT_EQ(Storage::SqliteStorage(commonFile()).getBool("SUAutomaticallyUpdate", false), true);
     EXPECT_EQ(said({"get", "autoDownloadUpdates"}), "true\n");
-    EXPECT_EQ(json::parse(said({"get", "autoDownloadUpdates", "--json"}))["key"], "SUAutomaticallyUpdate");
+    EXPECT_EQ(parsed(said({"get", "autoDownloadUpdates", "--json"}))["key"], "SUAutomaticallyUpdate");
     EXPECT_EQ(lines(said({"explain", "autoDownloadUpdates"})).front(), "key\tSUAutomaticallyUpdate");
     EXPECT_EQ(said({"unset", "autoDownloadUpdates"}), "");
     EXPECT_EQ(said({"list", "--set", "--plain"}), "");
@@ -628,17 +628,17 @@ TEST_F(Tool, ExplainGivesTheTimeInUtc)
 {
     said({"set", "npsSendCount", "1"});
     OtherProgram(productFile()).execute("UPDATE settings SET changed = 1795192853344");
-    EXPECT_EQ(json::parse(tool({"explain", "npsSendCount", "--json"}, {{"TZ", "Asia/Tokyo"}}).out)["stored"]["changed"],
+    EXPECT_EQ(parsed(tool({"explain", "npsSendCount", "--json"}, {{"TZ", "Asia/Tokyo"}}).out)["stored"]["changed"],
               "2026-11-20T16:40:53.344Z");
 }
 
 TEST_F(Tool, ExplainAsJsonTellsAll)
 {
     said({"set", "snapshotPath", inHome("s")});
-    json explained = json::parse(said({"explain", "snapshotPath", "--json"}));
+    json explained = parsed(said({"explain", "snapshotPath", "--json"}));
     EXPECT_EQ(explained["stored"]["changed"].get<std::string>().size(), 24u);
     explained["stored"].erase("changed");
-    json expected = json::parse(R"({"key": "snapshotPath", "purpose": "Folder of snapshots", "accepts": "the absolute path of a folder",
+    json expected = parsed(R"({"key": "snapshotPath", "purpose": "Folder of snapshots", "accepts": "the absolute path of a folder",
         "getter": "Settings::snapshotPath", "setter": "Settings::setSnapshotPath", "type": "text", "cppType": "QString", "class": "local", "store": "product",
         "state": "set", "layer": "local", "by": null, "covers": [],
         "stored": {"kind": "string", "value": null}, "default": {"computedBy": "Settings::defaultLumoraLibraryPath"}})");
@@ -646,8 +646,8 @@ TEST_F(Tool, ExplainAsJsonTellsAll)
     expected["value"] = expected["stored"]["value"] = inHome("s");
     expected["default"]["value"] = inHome("Videos/Lumora Library");
     EXPECT_EQ(explained, expected);
-    EXPECT_EQ(json::parse(said({"explain", "npsSendCount", "--json"}))["stored"], json());
-    EXPECT_EQ(json::parse(said({"explain", "npsSendCount", "--json"}))["default"]["computedBy"], json());
+    EXPECT_EQ(parsed(said({"explain", "npsSendCount", "--json"}))["stored"], json());
+    EXPECT_EQ(parsed(said({"explain", "npsSendCount", "--json"}))["default"]["computedBy"], json());
 }
 
 TEST_F(Tool, ValueOfAnotherKindIsToldAndNotLost)
@@ -666,7 +666,7 @@ TEST_F(Tool, ValueOfAnotherKindIsToldAndNotLost)
     EXPECT_EQ(got.out, "0\n");
     EXPECT_EQ(got.err, "editor-settings: npsSendCount holds a value of kind string, so the default is read; 'editor-settings explain "
                        "npsSendCount' shows both\n");
-    json const stored = json::parse(said({"explain", "exportPath", "--json"}))["stored"];
+    json const stored = parsed(said({"explain", "exportPath", "--json"}))["stored"];
     EXPECT_EQ(stored["kind"], "bytes");
     EXPECT_EQ(stored["value"], "AP8=");
     EXPECT_NE(said({"explain", "npsSendCount"}).find("\nstored\tmany\nstored kind\tstring\n"), std::string::npos);
@@ -689,7 +689,7 @@ TEST_F(Tool, RowOfALaterVersionIsShownAsUnreadable)
     said({"set", "npsSendCount", "1"});
     OtherProgram(productFile()).execute("UPDATE settings SET kind = 'date', value = '2030-01-01'");
     EXPECT_NE(said({"explain", "npsSendCount"}).find("\nstored\t(unreadable)\nstored kind\tdate\n"), std::string::npos);
-    EXPECT_EQ(json::parse(said({"explain", "npsSendCount", "--json"}))["stored"]["value"], json());
+    EXPECT_EQ(parsed(said({"explain", "npsSendCount", "--json"}))["stored"]["value"], json());
 }
 
 } // namespace

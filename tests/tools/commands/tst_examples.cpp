@@ -5,9 +5,9 @@
 #include "Tool.h"
 
 #include <support/Named.h>
+#include <support/Patterns.h>
 
 #include <algorithm>
-#include <regex>
 
 namespace {
 
@@ -49,8 +49,8 @@ protected:
 
     static int statedStatus(Example const& example)
     {
-        std::smatch stated;
-        return std::regex_search(example.effect, stated, std::regex("exit status ([0-9]+)")) ? std::stoi(stated[1]) : 0;
+        std::vector<std::string> const stated = captured(example.effect, "exit status ([0-9]+)");
+        return stated.empty() ? 0 : std::stoi(stated[0]);
     }
 
     static Ended shell(std::string const& words) { return run({"sh", "-c", TOOL + (' ' + words)}); }
@@ -128,7 +128,7 @@ TEST_P(ExampleWithEffect, DoesWhatIsSaidOfIt)
 
     std::string const home = prepared(row.verb);
     Ended const ended = runIn(home, row.example.command + row.then);
-    std::string const seen = std::regex_replace(ended.out, std::regex(home), "~");
+    std::string const seen = replaced(ended.out, home, "~");
     EXPECT_EQ(seen, row.seen) << ended.err;
 }
 
@@ -217,7 +217,7 @@ TEST_F(Examples, ManualTellsTheSame)
 {
     std::string page = said({"manual"});
     for (auto const& [troff, typed] : {std::pair<char const*, char const*>{"\\\\-", "-"}, {"\\\\\\(aq", "'"}, {"\\\\\\(ti", "~"}})
-        page = std::regex_replace(page, std::regex(troff), typed);
+        page = replaced(page, troff, typed);
     for (std::string const& verb : allVerbs())
         for (Example const& example : examples(verb))
             EXPECT_NE(page.find(".TP\n\\fB" + example.command + "\\fR\n" + example.effect + '\n'), std::string::npos) << example.command;

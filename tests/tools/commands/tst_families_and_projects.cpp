@@ -5,6 +5,7 @@
 
 #include <Storage/SqliteStorage.h>
 
+#include <support/Json.h>
 #include <support/Named.h>
 
 namespace {
@@ -41,8 +42,7 @@ INSTANTIATE_TEST_SUITE_P(Table, IndicationKey,
 TEST_F(Families, FavoritesAreReadAndNotWritten)
 {
     EXPECT_EQ(said({"get", "favorites_fonts"}), "");
-    EXPECT_EQ(json::parse(said({"get", "favorites_fonts", "--json"})),
-              json::parse(R"({"key": "favorites_fonts", "type": "list", "value": []})"));
+    EXPECT_EQ(parsed(said({"get", "favorites_fonts", "--json"})), parsed(R"({"key": "favorites_fonts", "type": "list", "value": []})"));
     Storage::SqliteStorage(productFile()).setString("favorites_fonts", "Verdana|#||#|Open Sans");
     EXPECT_EQ(said({"get", "favorites_fonts"}), "Verdana\nOpen Sans\n");
     EXPECT_EQ(said({"get", "favorites_"}), "") << "the list without a name is another one";
@@ -120,12 +120,12 @@ TEST_F(Project, NameExtensionsFiltersAndSampleAreTold)
         "default name\tNew Project\nextensions\t[\"ext1\",\"EXT2\"]\nextension for saving\text1\nsave filter\t*.ext1\nopen filter\t*.ext1 "
         "*.EXT2\nsample project\t" +
             sample + '\n');
-    EXPECT_EQ(json::parse(said({"--product", product, "project", "--json"})), json({{"defaultName", "New Project"},
-                                                                                    {"extensions", {"ext1", "EXT2"}},
-                                                                                    {"extensionForSaving", "ext1"},
-                                                                                    {"saveFilter", "*.ext1"},
-                                                                                    {"openFilter", "*.ext1 *.EXT2"},
-                                                                                    {"sampleProject", sample}}));
+    EXPECT_EQ(parsed(said({"--product", product, "project", "--json"})), json({{"defaultName", "New Project"},
+                                                                               {"extensions", {"ext1", "EXT2"}},
+                                                                               {"extensionForSaving", "ext1"},
+                                                                               {"saveFilter", "*.ext1"},
+                                                                               {"openFilter", "*.ext1 *.EXT2"},
+                                                                               {"sampleProject", sample}}));
 }
 
 TEST_F(Project, MissingSampleIsSaid)
@@ -135,7 +135,7 @@ TEST_F(Project, MissingSampleIsSaid)
     EXPECT_EQ(ended.status, 0);
     EXPECT_EQ(lines(ended.out).back(), "sample project\t");
     EXPECT_EQ(ended.err, "editor-settings: there is no sample project below " + inHome("R/resources/samples/stock/projects\n"));
-    EXPECT_EQ(json::parse(said({"--product", product, "project", "--json"}))["sampleProject"], json());
+    EXPECT_EQ(parsed(said({"--product", product, "project", "--json"}))["sampleProject"], json());
     EXPECT_EQ(lines(said({"--product", product, "project", "--plain"})).back(), "sample project\t");
     m_home.write("R/resources/samples/stock/projects/a\nb.ext1", "");
     EXPECT_EQ(lines(said({"--product", product, "project"})).back(),

@@ -6,6 +6,7 @@
 
 #include <Storage/SqliteStorage.h>
 
+#include <support/Json.h>
 #include <support/Named.h>
 #include <support/OtherProgram.h>
 #include <support/Tally.h>
@@ -353,7 +354,7 @@ TEST_F(Hostile, ValueOfAMegabyteIsStoredFromAFile)
     said({"set", "lastTarget", "--from-file", file});
     EXPECT_EQ(stored("lastTarget"), value);
     EXPECT_EQ(said({"get", "lastTarget"}), value + '\n');
-    EXPECT_EQ(json::parse(said({"get", "lastTarget", "--json"}))["value"], value);
+    EXPECT_EQ(parsed(said({"get", "lastTarget", "--json"}))["value"], value);
     EXPECT_LT(said({"list", "lastTarget"}).size(), 300u);
     said({"set", "mainWindowState", "--from-file", file});
     EXPECT_EQ(Storage::SqliteStorage(productFile()).getBytes("mainWindowState", {}),

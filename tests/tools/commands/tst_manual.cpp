@@ -3,8 +3,10 @@
 // The manual page, which is made from the verbs themselves, has every verb and option of the help.
 #include "Tool.h"
 
+#include <support/Patterns.h>
+
 #include <fstream>
-#include <regex>
+#include <iterator>
 
 namespace {
 
@@ -31,7 +33,7 @@ protected:
 
 TEST_F(Manual, PageTellsEveryVerbAndOptionOfTheHelp)
 {
-    std::string const page = std::regex_replace(said({"manual"}), std::regex("\\\\-"), "-");
+    std::string const page = replaced(said({"manual"}), "\\\\-", "-");
     for (std::string const& verb : verbs()) {
         std::size_t const begin = page.find(".SS \"\\fB" + verb + "\\fR");
         ASSERT_NE(begin, std::string::npos) << verb;
@@ -60,18 +62,14 @@ std::vector<std::string> termsIn(std::string const& page, std::string const& tit
     std::size_t const begin = page.find("\n.SH \"" + title + "\"\n");
     EXPECT_NE(begin, std::string::npos) << title;
     std::string const section = page.substr(begin + 1, page.find("\n.SH ", begin + 1) - begin);
-    std::vector<std::string> terms;
-    std::regex const term("\n\\.TP\n(?:\\\\fB)?([^\n\\\\]+)");
-    for (std::sregex_iterator found(section.begin(), section.end(), term); found != std::sregex_iterator(); ++found)
-        terms.push_back((*found)[1]);
-    return terms;
+    return captured(section, "\n\\.TP\n(?:\\\\fB)?([^\n\\\\]+)");
 }
 
 TEST_F(Manual, PageListsStatusesVariablesClassesAndFiles)
 {
-    std::string page = std::regex_replace(said({"manual"}), std::regex("\\\\-"), "-");
-    page = std::regex_replace(page, std::regex("\\\\\\(ti"), "~");
-    page = std::regex_replace(page, std::regex("\n\\.SH ENVIRONMENT\n"), "\n.SH \"ENVIRONMENT\"\n");
+    std::string page = replaced(said({"manual"}), "\\\\-", "-");
+    page = replaced(page, "\\\\\\(ti", "~");
+    page = replaced(page, "\n\\.SH ENVIRONMENT\n", "\n.SH \"ENVIRONMENT\"\n");
     using Terms = std::vector<std::string>;
     EXPECT_EQ(termsIn(page, "EXIT STATUS"), (Terms{"0", "1", "2"}));
     EXPECT_EQ(termsIn(page, "DATA CLASSES"), (Terms{"roaming", "local", "personal", "transient"}));
@@ -102,8 +100,8 @@ protected:
     // The page, with the escapes of hyphens resolved and each heading as that of the other page.
     std::string text() const
     {
-        std::string const page = std::regex_replace(fileContent(m_file), std::regex("\\\\-"), "-");
-        return std::regex_replace(page, std::regex("\n\\.TP\n\\.B ([A-Za-z]+)\n"), "\n.TP\n\\fB$1\n");
+        std::string const page = replaced(fileContent(m_file), "\\\\-", "-");
+        return replaced(page, "\n\\.TP\n\\.B ([A-Za-z]+)\n", "\n.TP\n\\fB$1\n");
     }
 
     // The terms below a heading without quotes.

@@ -6,6 +6,7 @@
 #include <Storage/Backup.h>
 #include <Storage/SqliteStorage.h>
 
+#include <support/Json.h>
 #include <support/OtherProgram.h>
 
 #include <csignal>
@@ -46,11 +47,10 @@ TEST_F(Monitor, TellsChangesToScripts)
     start({"--json"});
     awaitReady();
     tool({"set", "exportPath", "/a"});
-    json told = json::parse(awaited("out", "\n"));
+    json told = parsed(awaited("out", "\n"));
     EXPECT_EQ(told["time"].get<std::string>().size(), 24u);
     told.erase("time");
-    EXPECT_EQ(told,
-              json::parse(R"({"store": "product", "layer": "local", "key": "exportPath", "before": {"kind": "string", "value": "/films"},
+    EXPECT_EQ(told, parsed(R"({"store": "product", "layer": "local", "key": "exportPath", "before": {"kind": "string", "value": "/films"},
                                     "after": {"kind": "string", "value": "/a"}})"));
     EXPECT_EQ(statusAfter(SIGTERM), 0);
 }

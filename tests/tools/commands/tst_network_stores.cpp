@@ -5,6 +5,8 @@
 
 #include <Storage/SqliteStorage.h>
 
+#include <support/Json.h>
+
 namespace {
 
 class NetworkStores : public Tool {
@@ -84,7 +86,7 @@ TEST_F(NetworkStores, AreNamedByTheDoctor)
         std::vector<std::string> arguments = {"doctor", "--json"};
         if (*allowed)
             arguments.emplace_back(allowed);
-        json const report = json::parse(onNetwork(arguments).out);
+        json const report = parsed(onNetwork(arguments).out);
         EXPECT_EQ(report["facts"]["stores"][0]["state"], *allowed ? "usable" : "unusable");
         int named = 0;
         for (json const& finding : report["findings"])

@@ -3,12 +3,13 @@
 
 #include <Storage/SqliteStorage.h>
 
+#include <support/Json.h>
 #include <support/Named.h>
+#include <support/Patterns.h>
 
 #include <algorithm>
 #include <atomic>
 #include <ctime>
-#include <regex>
 #include <set>
 #include <thread>
 
@@ -64,7 +65,7 @@ protected:
     {
         std::string const text = std::string("editor-settings: '") + taken + "' is there already, though the editor would propose it; '" +
                                  instead + "' is reserved instead\n";
-        return std::regex_replace(text, std::regex("\x01"), "\\x01");
+        return replaced(text, "\x01", "\\x01");
     }
 };
 
@@ -87,8 +88,8 @@ TEST_F(NextName, IsWhatTheLibraryProposes)
 
 TEST_F(NextName, AsJsonAndPlain)
 {
-    EXPECT_EQ(json::parse(nextName({"freeze", "a.mov", "--json"}).out), json({{"path", inHome("out/a (1).png")}, {"reserved", false}}));
-    EXPECT_EQ(json::parse(nextName({"--json", "--reserve", "freeze", "a.mov"}).out),
+    EXPECT_EQ(parsed(nextName({"freeze", "a.mov", "--json"}).out), json({{"path", inHome("out/a (1).png")}, {"reserved", false}}));
+    EXPECT_EQ(parsed(nextName({"--json", "--reserve", "freeze", "a.mov"}).out),
               json({{"path", inHome("out/a (1).png")}, {"reserved", true}}))
         << "options may stand before the kind";
     EXPECT_EQ(named({"stabilized", "a\tb.mov", "mp4", "--plain"}), "a\\tb-1.mp4");

@@ -5,6 +5,7 @@
 
 #include <Storage/SqliteStorage.h>
 
+#include <support/Json.h>
 #include <support/Named.h>
 #include <support/OtherProgram.h>
 
@@ -93,10 +94,10 @@ TEST_F(OwnKeys, DefaultsAreListedBesideTheLibrarys)
                                                  "my.theme\ttext\tproduct\tunset\tdark\n"
                                                  "my.tracks\tlist\tproduct\tunset\t[\"Video\"]\n");
     EXPECT_EQ(
-        json::parse(said({"list", "my.rate", "--json"})),
-        json::parse(
+        parsed(said({"list", "my.rate", "--json"})),
+        parsed(
             R"([{"key": "my.rate", "type": "rational", "store": "product", "state": "unset", "layer": "default", "value": "25/1", "default": "25/1"}])"));
-    EXPECT_EQ(json::parse(said({"get", "my.rate", "--json"})), json::parse(R"({"key": "my.rate", "type": "rational", "value": "25/1"})"));
+    EXPECT_EQ(parsed(said({"get", "my.rate", "--json"})), parsed(R"({"key": "my.rate", "type": "rational", "value": "25/1"})"));
     EXPECT_NE(said({"list"}).find("\nkeepVideoAspect"), std::string::npos);
 }
 
@@ -197,7 +198,7 @@ TEST_F(OwnKeys, ExplainTellsWhatTheDeclarationSays)
     said({"set", "my.tracks", "a", "b"});
     EXPECT_EQ(lines(said({"explain", "my.tracks", "--plain"}))[10], "stored\t[\"a\",\"b\"]");
     said({"set", "my.rate", "30000/1001"});
-    json const explained = json::parse(said({"explain", "my.rate", "--json"}));
+    json const explained = parsed(said({"explain", "my.rate", "--json"}));
     EXPECT_EQ(explained["stored"][0]["key"], "my.rate_N");
     EXPECT_EQ(explained["stored"][0]["value"], 30000);
     EXPECT_EQ(explained["stored"][1]["key"], "my.rate_D");
@@ -231,7 +232,7 @@ TEST_F(OwnKeys, ExportAndImportCarryTheHalvesWithTheirClass)
     said({"set", "my.proxies", "/tmp"});
     said({"set", "my.starts", "3"});
     SqliteStorage(product()).setString("theirs", "x");
-    EXPECT_EQ(json::parse(said({"export", "-"}))["stores"], json::parse(R"({
+    EXPECT_EQ(parsed(said({"export", "-"}))["stores"], parsed(R"({
         "product": {"my.proxies": {"kind": "string", "class": "local", "value": "/tmp"},
                     "my.rate_D": {"kind": "int", "class": "roaming", "value": 1001},
                     "my.rate_N": {"kind": "int", "class": "roaming", "value": 30000},
@@ -240,9 +241,9 @@ TEST_F(OwnKeys, ExportAndImportCarryTheHalvesWithTheirClass)
         "common": {"my.starts": {"kind": "int", "class": "transient", "value": 3}}})"));
     Ended const redacted = tool({"export", "--redact", "-"});
     EXPECT_EQ(redacted.err, "editor-settings: 1 unknown key in the product store left out\n");
-    json const kept = json::parse(redacted.out)["stores"];
-    EXPECT_EQ(kept["product"]["my.tracks"], json::parse(R"({"kind": "string", "class": "personal", "redacted": true})"));
-    EXPECT_EQ(kept["product"]["my.proxies"], json::parse(R"({"kind": "string", "class": "local", "redacted": true})"));
+    json const kept = parsed(redacted.out)["stores"];
+    EXPECT_EQ(kept["product"]["my.tracks"], parsed(R"({"kind": "string", "class": "personal", "redacted": true})"));
+    EXPECT_EQ(kept["product"]["my.proxies"], parsed(R"({"kind": "string", "class": "local", "redacted": true})"));
     EXPECT_EQ(kept["product"]["my.rate_N"]["value"], 30000);
     EXPECT_FALSE(kept["product"].contains("theirs"));
     std::string const file = inHome("roaming.json");
@@ -319,8 +320,8 @@ TEST_F(OwnKeys, UndeclaredKeyIsListedReadExplainedAndUnset)
     EXPECT_EQ(said({"list", "theirs", "--plain"}), "theirs\tstring\tproduct\tundeclared\ta value\n");
     EXPECT_EQ(said({"get", "theirs"}), "a value\n");
     EXPECT_EQ(
-        json::parse(said({"list", "theirs", "--json"})),
-        json::parse(
+        parsed(said({"list", "theirs", "--json"})),
+        parsed(
             R"([{"key": "theirs", "type": "string", "store": "product", "state": "undeclared", "layer": "local", "value": "a value", "default": null}])"));
     std::vector<std::string> const table = lines(said({"explain", "theirs", "--plain"}));
     EXPECT_EQ(table[1], "purpose\tunknown: neither the library nor the product file declares it");
@@ -328,7 +329,7 @@ TEST_F(OwnKeys, UndeclaredKeyIsListedReadExplainedAndUnset)
     EXPECT_EQ(table[5], "type\tstring");
     EXPECT_EQ(table[9], "state\tundeclared");
     EXPECT_EQ(table.back(), "value\ta value");
-    json const explained = json::parse(said({"explain", "theirs", "--json"}));
+    json const explained = parsed(said({"explain", "theirs", "--json"}));
     for (char const* field : {"purpose", "getter", "setter", "cppType", "class"})
         EXPECT_TRUE(explained[field].is_null()) << field;
     EXPECT_TRUE(explained["default"]["value"].is_null());
@@ -348,7 +349,7 @@ TEST_F(OwnKeys, UndeclaredKeyOfALaterVersionsKindIsShownAndRemoved)
     EXPECT_EQ(refused({"get", "theirs"}), "editor-settings: 'theirs' holds a value of kind 'colour' that this version cannot read; "
                                           "'editor-settings unset' removes it\n");
     EXPECT_EQ(lines(said({"explain", "theirs", "--plain"})).back(), "value\t(unreadable)");
-    EXPECT_TRUE(json::parse(said({"list", "--set", "--json"}))[0]["value"].is_null());
+    EXPECT_TRUE(parsed(said({"list", "--set", "--json"}))[0]["value"].is_null());
     EXPECT_EQ(tool({"doctor"}).status, 0);
     EXPECT_EQ(said({"unset", "theirs"}), "");
     EXPECT_EQ(said({"list", "--set", "--plain"}), "");

@@ -3,6 +3,8 @@
 
 #include <Storage/SqliteStorage.h>
 
+#include <support/Json.h>
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -82,18 +84,18 @@ TEST_F(Paths, LocationIsAskedAboutItsArgument)
 {
     EXPECT_EQ(printed({"notificationFile", "error"}), inHome("R/resources/samples/notifications/error.wav\n"));
     EXPECT_EQ(printed({"resourceFile", "[a,b].png"}), inHome("R/[a,b].png\n")) << "an argument is no pattern";
-    EXPECT_EQ(json::parse(printed({"userEffectsPath", "x", "--json"})),
+    EXPECT_EQ(parsed(printed({"userEffectsPath", "x", "--json"})),
               json({{"name", "userEffectsPath"}, {"argument", "x"}, {"path", inHome(".local/share/V/SharedData/S/UserEffects/x/")}}));
 }
 
 TEST_F(Paths, JsonIsAnObjectForOneAndAnArrayForMany)
 {
-    EXPECT_EQ(json::parse(printed({"exportPath", "--json"})), json({{"name", "exportPath"}, {"path", inHome("Videos/Lumora Library")}}));
-    EXPECT_EQ(json::parse(printed({"exp*", "--json"})), json::array({{{"name", "exportPath"}, {"path", inHome("Videos/Lumora Library")}}}));
-    EXPECT_EQ(json::parse(printed({"--json"})).size(), 75u);
+    EXPECT_EQ(parsed(printed({"exportPath", "--json"})), json({{"name", "exportPath"}, {"path", inHome("Videos/Lumora Library")}}));
+    EXPECT_EQ(parsed(printed({"exp*", "--json"})), json::array({{{"name", "exportPath"}, {"path", inHome("Videos/Lumora Library")}}}));
+    EXPECT_EQ(parsed(printed({"--json"})).size(), 75u);
     store("snapshotPath", "");
-    EXPECT_EQ(json::parse(printed({"snapshotPath", "--json"}))["path"], "") << "an empty path is none of the missing";
-    EXPECT_EQ(json::parse(printed({"sampleProjectPath", "--json"}))["path"], json()) << "none is null, not an empty path";
+    EXPECT_EQ(parsed(printed({"snapshotPath", "--json"}))["path"], "") << "an empty path is none of the missing";
+    EXPECT_EQ(parsed(printed({"sampleProjectPath", "--json"}))["path"], json()) << "none is null, not an empty path";
 }
 
 TEST_F(Paths, UnknownLocationIsRefused)
@@ -148,13 +150,13 @@ TEST_F(Paths, ControlCharactersAreEscaped)
     fs::create_symlink("a\nb", inHome("odd"));
     store("exportPath", inHome("odd"));
     EXPECT_EQ(paths({"exportPath", "--check", "--plain"}).out, "exportPath\tno\tno\tdangling link to a\\nb\t" + inHome("odd") + '\n');
-    EXPECT_EQ(json::parse(paths({"exportPath", "--check", "--json"}).out)["remark"], "dangling link to a\\nb");
+    EXPECT_EQ(parsed(paths({"exportPath", "--check", "--json"}).out)["remark"], "dangling link to a\\nb");
 }
 
 TEST_F(Paths, ExplainedJsonHoldsTheParts)
 {
     m_home.write(".config/user-dirs.dirs", "XDG_VIDEOS_DIR=\"/v\"\n");
-    json const explained = json::parse(printed({"defaultLumoraLibraryPath", "--explain", "--json"}));
+    json const explained = parsed(printed({"defaultLumoraLibraryPath", "--explain", "--json"}));
     EXPECT_EQ(explained["use"], "default of a preference");
     EXPECT_EQ(explained["path"], "/v/Lumora Library");
     ASSERT_EQ(explained["decidedBy"].size(), 3u);
@@ -173,7 +175,7 @@ TEST_F(Paths, ExplainedJsonHoldsTheParts)
                                                {"value", "0"},
                                                {"where", m_product},
                                                {"text", "productKind \"0\" in " + m_product}}));
-    json const unset = json::parse(printed({"exportPath", "--explain", "--json"}))["decidedBy"][0];
+    json const unset = parsed(printed({"exportPath", "--explain", "--json"}))["decidedBy"][0];
     EXPECT_EQ(unset["by"], "preference");
     EXPECT_EQ(unset["value"], json()) << "an absent value is null";
 }
@@ -228,14 +230,14 @@ TEST_F(Paths, CheckAsJson)
     store("exportPath", "films");
     Ended const ended = paths({"exportPath", "--check", "--json"});
     EXPECT_EQ(ended.status, 1);
-    EXPECT_EQ(json::parse(ended.out), json({{"name", "exportPath"},
-                                            {"path", "films"},
-                                            {"use", "written to"},
-                                            {"exists", false},
-                                            {"writable", false},
-                                            {"remark", "not absolute: it depends on the folder that the editor is started in"},
-                                            {"usable", false}}));
-    json const fragment = json::parse(printed({"stockMusicPath", "--check", "--json"}));
+    EXPECT_EQ(parsed(ended.out), json({{"name", "exportPath"},
+                                       {"path", "films"},
+                                       {"use", "written to"},
+                                       {"exists", false},
+                                       {"writable", false},
+                                       {"remark", "not absolute: it depends on the folder that the editor is started in"},
+                                       {"usable", false}}));
+    json const fragment = parsed(printed({"stockMusicPath", "--check", "--json"}));
     EXPECT_EQ(fragment["exists"], json());
     EXPECT_EQ(fragment["usable"], true);
 }

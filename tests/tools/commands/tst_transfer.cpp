@@ -5,11 +5,12 @@
 #include "Tool.h"
 
 #include <support/Documents.h>
+#include <support/Json.h>
 #include <support/Named.h>
 #include <support/OtherProgram.h>
+#include <support/Patterns.h>
 
 #include <fstream>
-#include <regex>
 #include <thread>
 
 #include <fcntl.h>
@@ -50,7 +51,7 @@ protected:
     {
         std::vector<std::string> command = {"export", "-"};
         command.insert(command.end(), options.begin(), options.end());
-        return std::regex_replace(said(command), std::regex("\"made\": \"20..-..-..T..:..:..\\....Z\""), "\"made\": \"NOW\"");
+        return replaced(said(command), "\"made\": \"20..-..-..T..:..:..\\....Z\"", "\"made\": \"NOW\"");
     }
 };
 
@@ -110,8 +111,8 @@ TEST_F(Exchange, RowsThatNoDocumentCarriesAreNamed)
               "keeps it\n"
               "editor-settings: 'lastTarget' in the product store holds a value of kind 'da\\nte' that this version cannot read, "
               "so it is left out; 'editor-settings backup' keeps it\n");
-    json const stores = json::parse(fileContent(inHome("out.json")))["stores"];
-    EXPECT_EQ(stores["product"], json::parse(R"({"npsSendCount": {"kind": "int", "class": "transient", "value": 1}})"));
+    json const stores = parsed(fileContent(inHome("out.json")))["stores"];
+    EXPECT_EQ(stores["product"], parsed(R"({"npsSendCount": {"kind": "int", "class": "transient", "value": 1}})"));
     Ended const compared = tool({"diff", inHome("out.json")});
     EXPECT_EQ(compared.status, 0);
     EXPECT_EQ(compared.out, "");
@@ -132,7 +133,7 @@ TEST_F(Exchange, FileIsForItsOwnerAloneWhateverTheUmask)
         struct stat status = {};
         ASSERT_EQ(::stat(out.c_str(), &status), 0);
         EXPECT_EQ(status.st_mode & 07777, 0600u) << umask;
-        EXPECT_EQ(json::parse(fileContent(out))["stores"]["product"]["npsSendCount"]["value"], 1);
+        EXPECT_EQ(parsed(fileContent(out))["stores"]["product"]["npsSendCount"]["value"], 1);
     }
 }
 
@@ -151,9 +152,9 @@ TEST_F(Exchange, FileThatIsThereIsLeftAsItIs)
 TEST_F(Exchange, NewFoldersAreMadeAndRelativeNamesTaken)
 {
     EXPECT_EQ(run({"sh", "-c", "cd \"$1\" && exec \"$0\" export new/out.json", TOOL, m_home.path().string()}).err, "");
-    EXPECT_EQ(json::parse(fileContent(inHome("new/out.json")))["version"], 1);
+    EXPECT_EQ(parsed(fileContent(inHome("new/out.json")))["version"], 1);
     EXPECT_EQ(run({"sh", "-c", "cd \"$1\" && exec \"$0\" export out.json", TOOL, m_home.path().string()}).err, "");
-    EXPECT_EQ(json::parse(fileContent(inHome("out.json")))["version"], 1);
+    EXPECT_EQ(parsed(fileContent(inHome("out.json")))["version"], 1);
 }
 
 TEST_F(Exchange, FolderThatMayNotBeWrittenIsNamed)
@@ -192,7 +193,7 @@ TEST_F(Exchange, OnlySomeClassesAreExportedComparedAndImported)
     put(commonFile(), {{"sendStatistics", false}});
     auto const keys = [&](std::vector<std::string> const& options) {
         std::string names;
-        json const exportedStores = json::parse(exported(options))["stores"];
+        json const exportedStores = parsed(exported(options))["stores"];
         for (auto const& store : exportedStores)
             for (auto const& entry : store.items())
                 names += (names.empty() ? "" : " ") + entry.key();
@@ -230,7 +231,7 @@ TEST_F(Exchange, RedactedExportKeepsValuesByTheirClass)
     EXPECT_EQ(ended.status, 0);
     EXPECT_EQ(ended.err, "editor-settings: 1 unknown key in the product store left out\n"
                          "editor-settings: 2 unknown keys in the common store left out\n");
-    EXPECT_EQ(json::parse(fileContent(inHome("out.json")))["stores"], json::parse(R"({
+    EXPECT_EQ(parsed(fileContent(inHome("out.json")))["stores"], parsed(R"({
         "product": {"exportPath": {"kind": "string", "class": "local", "redacted": true},
                     "favorites_fonts": {"kind": "string", "class": "roaming", "value": "Verdana"},
                     "keepVideoAspect": {"kind": "bool", "class": "roaming", "value": false},
@@ -346,7 +347,7 @@ TEST_F(Exchange, DryRunTellsAndMakesNothing)
     std::string const before = fileContent(productFile());
     EXPECT_EQ(tool({"import", in, "--dry-run", "--plain"}).out, "changed\tproduct\tnpsSendCount\tint\t1\tint\t2\n"
                                                                 "added\tcommon\tautoUpdate\t\t\tbool\tfalse\n");
-    EXPECT_EQ(json::parse(tool({"import", in, "--dry-run", "--json"}).out).size(), 2u);
+    EXPECT_EQ(parsed(tool({"import", in, "--dry-run", "--json"}).out).size(), 2u);
     EXPECT_EQ(fileContent(productFile()), before);
     EXPECT_FALSE(std::filesystem::exists(commonFile()));
     EXPECT_EQ(lines(refused({"import", in, "--json"}, 2)).front(), "editor-settings: --dry-run is required");
@@ -549,7 +550,7 @@ TEST_F(Exchange, OthersMayWriteMeanwhile)
         return std::to_string(round - 1);
     });
     for (int number = 0; number < 5; ++number) {
-        json const entries = json::parse(said({"export", "-"}))["stores"]["product"];
+        json const entries = parsed(said({"export", "-"}))["stores"]["product"];
         EXPECT_EQ(entries["lastTarget"]["value"], entries["lastUsedPresetId"]["value"]) << "an export is of one moment";
         EXPECT_EQ(imported({file(document(R"("npsSendCount": {"kind": "int", "value": )" + std::to_string(number) + "}"))}),
                   "editor-settings: 1 changed, 0 already as in the file\n");
@@ -594,7 +595,7 @@ TEST_F(Difference, IsALineForEachKey)
                                                      "removed\tproduct\tunknown\tbytes\tAP8=\t\t\n"
                                                      "removed\tcommon\tautoUpdate\tbool\ttrue\t\t\n");
     SqliteStorage(productFile()).remove("unknown");
-    EXPECT_EQ(tool({"diff", file(std::regex_replace(fileContent(m_file), std::regex("\"theirs[^}]*\\},"), ""))}).out,
+    EXPECT_EQ(tool({"diff", file(replaced(fileContent(m_file), "\"theirs[^}]*\\},", ""))}).out,
               "CHANGE\tSTORE\tKEY\tSTORED\tFILE\n"
               "only here\tproduct\texportPath\t/a\t(absent)\n"
               "changed\tproduct\tnpsSendCount\t1\t2\n"
@@ -607,7 +608,7 @@ TEST_F(Difference, AsJsonHasBothSidesAsTheDocumentHasThem)
 {
     Ended const ended = tool({"diff", m_file, "--json"});
     EXPECT_EQ(ended.status, 1);
-    EXPECT_EQ(json::parse(ended.out), json::parse(R"([
+    EXPECT_EQ(parsed(ended.out), parsed(R"([
         {"change": "removed", "store": "product", "key": "exportPath", "stored": {"kind": "string", "value": "/a"}, "file": null},
         {"change": "changed", "store": "product", "key": "npsSendCount", "stored": {"kind": "int", "value": 1}, "file": {"kind": "int", "value": 2}},
         {"change": "changed", "store": "product", "key": "npsValueToSend", "stored": {"kind": "string", "value": "7"}, "file": {"kind": "int", "value": 7}},
@@ -621,7 +622,7 @@ TEST_F(Difference, ValueThatCannotBeReadDiffersFromAnyOther)
 {
     OtherProgram(productFile()).execute("UPDATE settings SET kind = 'date' WHERE key = 'npsSendCount'");
     EXPECT_EQ(lines(tool({"diff", m_file}).out)[2], "changed\tproduct\tnpsSendCount\t(unreadable) (date)\t2 (int)");
-    EXPECT_EQ(json::parse(tool({"diff", m_file, "--json"}).out)[1]["stored"], json::parse(R"({"kind": "date", "value": null})"));
+    EXPECT_EQ(parsed(tool({"diff", m_file, "--json"}).out)[1]["stored"], parsed(R"({"kind": "date", "value": null})"));
 }
 
 TEST_F(Difference, StatusTellsSameFromDifferentFromTrouble)

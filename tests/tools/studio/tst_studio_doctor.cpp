@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/StudioTool.h"
 
+#include <support/Json.h>
+
 #include <studio/support/Pooler.h>
 
 class StudioDoctor : public SharedStudio {
@@ -9,7 +11,7 @@ protected:
     std::vector<std::string> findings(Ended const& ended)
     {
         std::vector<std::string> result;
-        json const report = json::parse(ended.out);
+        json const report = parsed(ended.out);
         for (json const& finding : report["findings"])
             if (std::string const check = finding["check"]; check.rfind("studio", 0) == 0)
                 result.push_back(finding["severity"].get<std::string>() + ' ' + check);
@@ -29,7 +31,7 @@ TEST_F(StudioDoctor, ServerThatIsAwayIsAnErrorWithItsRemedy)
     Ended const ended = examined("alice");
     EXPECT_EQ(ended.status, 1);
     ASSERT_EQ(findings(ended), (std::vector<std::string>{"error studio-server"}));
-    json const report = json::parse(ended.out);
+    json const report = parsed(ended.out);
     for (json const& finding : report["findings"])
         if (finding["check"] == "studio-server") {
             EXPECT_NE(finding["what"].get<std::string>().find(": the server cannot be reached"), std::string::npos);

@@ -6,7 +6,8 @@
 #include <Studio/Session.h>
 #include <TestKit/MemoryStorage.h>
 
-#include <regex>
+#include <support/Json.h>
+#include <support/Patterns.h>
 
 using namespace std::chrono_literals;
 
@@ -35,12 +36,12 @@ protected:
         editor.store->setBool("keepVideoAspect", false);
         editor.store->setString("audioRecordFormat", "mp3");
     }
-    json status() { return json::parse(tool(as("alice", {"studio", "status", "--json"})).out); }
+    json status() { return parsed(tool(as("alice", {"studio", "status", "--json"})).out); }
     // The findings about what is kept, each as "severity check key".
     std::vector<std::string> findings()
     {
         std::vector<std::string> result;
-        json const report = json::parse(tool(as("alice", {"doctor", "--json"})).out);
+        json const report = parsed(tool(as("alice", {"doctor", "--json"})).out);
         for (json const& finding : report["findings"])
             if (std::string const check = finding["check"];
                 check == "studio-pending" || check == "studio-refused" || check == "studio-outbox")
@@ -50,8 +51,7 @@ protected:
     }
     static bool isTime(json const& value)
     {
-        return value.is_string() &&
-               std::regex_match(value.get<std::string>(), std::regex("20\\d\\d-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d\\.\\d{3}Z"));
+        return value.is_string() && matches(value.get<std::string>(), "20\\d\\d-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d\\.\\d{3}Z");
     }
 };
 
@@ -81,7 +81,7 @@ TEST_F(StudioKept, ChangesThatWaitAreCountedWithAndWithoutTheServer)
             m_server->start();
     }
     std::string const table = said(as("alice", {"studio", "status", "--plain"}));
-    EXPECT_TRUE(std::regex_search(table, std::regex("\npending\t2 since 20\\d\\d-"))) << table;
+    EXPECT_TRUE(contains(table, "\npending\t2 since 20\\d\\d-")) << table;
     EXPECT_EQ(atServer("alice", "audioRecordFormat"), "") << "a look sends nothing";
     EXPECT_TRUE(Editor(connection("alice")).session.synchronise(60s));
     EXPECT_EQ(atServer("alice", "audioRecordFormat"), "P string mp3");

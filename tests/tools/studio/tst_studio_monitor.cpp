@@ -3,6 +3,8 @@
 // Changes at a studio's server, told as they arrive.
 #include "support/StudioTool.h"
 
+#include <support/Json.h>
+
 #include <tools/commands/Monitoring.h>
 
 class StudioMonitor : public Monitoring<SharedStudio> {
@@ -48,9 +50,9 @@ TEST_F(StudioMonitor, TellsNoChangeOfACoveredValue)
     said(as("ada", {"studio", "set", "sendStatistics", "no"}));
     std::vector<std::string> const all = lines(awaited("out", "sendStatistics"));
     ASSERT_EQ(all.size(), 1u);
-    json line = json::parse(all.front());
+    json line = parsed(all.front());
     line.erase("time");
-    EXPECT_EQ(line, json::parse(R"({"store": "common", "layer": "studio", "key": "sendStatistics", "before": null,
+    EXPECT_EQ(line, parsed(R"({"store": "common", "layer": "studio", "key": "sendStatistics", "before": null,
                                     "after": {"kind": "bool", "value": false}})"));
     EXPECT_EQ(statusAfter(SIGTERM), 0);
 }

@@ -3,7 +3,8 @@
 // What an administrator does with a studio's settings, and what users may ask of the server.
 #include "support/StudioTool.h"
 
-#include <regex>
+#include <support/Json.h>
+#include <support/Patterns.h>
 
 class StudioVerbs : public SharedStudio {};
 
@@ -112,7 +113,7 @@ TEST_F(StudioVerbs, ForgottenUserStartsWithNothing)
 
 TEST_F(StudioVerbs, StatusTellsServerUserAndWhatRoams)
 {
-    json const status = json::parse(said(as("ada", {"studio", "status", "--json"})));
+    json const status = parsed(said(as("ada", {"studio", "status", "--json"})));
     EXPECT_EQ(status["user"], "ada");
     EXPECT_EQ(status["isAdministrator"], true);
     EXPECT_EQ(status["schema"], 2);
@@ -130,7 +131,7 @@ TEST_F(StudioVerbs, StatusTellsServerUserAndWhatRoams)
     EXPECT_NE(table.find("\nuser\talice\nadministrator\tno\nschema\t2\nchanges\tlistening\nas of\t20"), std::string::npos) << table;
     EXPECT_NE(table.find("\nroams\tkeepVideoAspect\n"), std::string::npos) << table;
     std::string const local = said(as("alice", {"studio", "status"}));
-    EXPECT_TRUE(std::regex_search(local, std::regex("\nas of\t20\\d\\d-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\n"))) << local;
+    EXPECT_TRUE(contains(local, "\nas of\t20\\d\\d-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\n")) << local;
 }
 
 TEST_F(StudioVerbs, StatusOfAServerThatIsAwayHasItsReason)
@@ -142,7 +143,7 @@ TEST_F(StudioVerbs, StatusOfAServerThatIsAwayHasItsReason)
                              "and whether it runs\n"),
               std::string::npos)
         << ended.err;
-    json const status = json::parse(ended.out);
+    json const status = parsed(ended.out);
     EXPECT_EQ(status["isConnected"], false);
     EXPECT_EQ(status["problem"]["reason"], "the server cannot be reached");
     EXPECT_EQ(status["asOf"], nullptr);
@@ -168,7 +169,7 @@ TEST_F(StudioVerbs, ValueThatLostAConflictIsListed)
                   "SELECT * FROM settings.put_v1('00000000-0000-0000-0000-000000000007', 2, false, 'P', 'audioRecordFormat', NULL, "
                   "NULL, false, 3600000, 0)",
                   "studio");
-    json const all = json::parse(said(as("alice", {"studio", "superseded", "--json"})));
+    json const all = parsed(said(as("alice", {"studio", "superseded", "--json"})));
     ASSERT_EQ(all.size(), 2u);
     EXPECT_EQ(all[0]["store"], "P");
     EXPECT_EQ(all[0]["key"], "audioRecordFormat");
