@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Many processes and threads write to one file at once: each value is stored completely, and nobody is turned away early.
+// Many processes and threads write to one file at once: each value is stored completely, and no call gives up early.
 #include <storage/support/Ledger.h>
 #include <storage/support/MemoryFolder.h>
 #include <storage/support/StoreFolder.h>

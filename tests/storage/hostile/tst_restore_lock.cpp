@@ -42,6 +42,24 @@ protected:
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
 
+    // Whether somebody holds the lock that SQLite calls reserved; F_GETLK tells of other processes' locks, F_OFD_GETLK of all.
+    static bool isReserved(int descriptor, int command)
+    {
+        struct flock reserved = {};
+        reserved.l_type = F_RDLCK; // which only a writer keeps away
+        reserved.l_start = 0x40000001;
+        reserved.l_len = 1;
+        return ::fcntl(descriptor, command, &reserved) == 0 && reserved.l_type == F_WRLCK;
+    }
+
+    // Makes the file, and its folder with nothing else in it.
+    static void makeAlone(std::filesystem::path const& file, std::string const& content)
+    {
+        std::filesystem::remove_all(file.parent_path());
+        std::filesystem::create_directory(file.parent_path());
+        overwrite(file, content);
+    }
+
     std::string busy() const
     {
         return path().string() +
@@ -133,13 +151,8 @@ TEST_F(RestoreLock, LocksOfThisProcessOutliveIt)
     other.execute("BEGIN IMMEDIATE");
     EXPECT_EQ(refusal([&] { restore(path()); }), busy());
     int const descriptor = ::open(path().c_str(), O_RDWR | O_CLOEXEC);
-    struct flock reserved = {};
-    reserved.l_type = F_WRLCK;
-    reserved.l_start = 0x40000001;
-    reserved.l_len = 1;
-    ASSERT_EQ(::fcntl(descriptor, F_OFD_GETLK, &reserved), 0);
+    EXPECT_TRUE(isReserved(descriptor, F_OFD_GETLK));
     ::close(descriptor);
-    EXPECT_EQ(reserved.l_type, F_WRLCK);
 }
 
 // An editor that begins a change in the last moment would leave its journal to the restored store.
@@ -155,9 +168,7 @@ TEST_F(RestoreLock, IsHeldWhenTheFileIsReplaced)
     bool isReplaced = false;
     for (int call = 1; !isReplaced; ++call) {
         SCOPED_TRACE("system call " + std::to_string(call));
-        std::filesystem::remove_all(memory.path());
-        std::filesystem::create_directory(memory.path());
-        overwrite(file, before);
+        makeAlone(file, before);
         int const original = ::open(file.c_str(), O_RDWR | O_CLOEXEC);
         bool isHeld = false;
         bool const isReached = Traced::reachedCall({[] {}, [&] { restore(file); }}, call, [&] {
@@ -165,11 +176,7 @@ TEST_F(RestoreLock, IsHeldWhenTheFileIsReplaced)
             struct stat opened = {};
             ::fstat(original, &opened);
             isReplaced = ::stat(file.c_str(), &there) == 0 && there.st_ino != opened.st_ino;
-            struct flock reserved = {};
-            reserved.l_type = F_RDLCK; // which only a writer keeps away
-            reserved.l_start = 0x40000001;
-            reserved.l_len = 1;
-            isHeld = ::fcntl(original, F_GETLK, &reserved) == 0 && reserved.l_type == F_WRLCK;
+            isHeld = isReserved(original, F_GETLK);
         });
         ::close(original);
         ASSERT_TRUE(isReached) << "the file was not replaced";
@@ -193,9 +200,7 @@ TEST_F(RestoreLock, KilledRestoreLeavesTheOldFileOrTheNew)
     int replaced = 0;
     for (bool isKilled = true; isKilled; ++calls) {
         SCOPED_TRACE("system call " + std::to_string(calls + 1));
-        std::filesystem::remove_all(memory.path());
-        std::filesystem::create_directory(memory.path());
-        overwrite(file, before);
+        makeAlone(file, before);
         isKilled = Traced::killedAtCall({[] {}, [&] { restore(file); }}, calls + 1);
         if (content(file) == before)
             continue;

@@ -24,7 +24,7 @@ public:
     bool isOver() const { return m_shared->isOver; }
     void end() { m_shared->isOver = true; }
 
-    /// Whether the writer may go home, of whom a next one takes the turn.
+    /// Whether the present writer is to end, so that the next one can begin.
     bool isTurnOver() const { return m_shared->isTurnOver; }
     void beginTurn() { m_shared->isTurnOver = false; }
     void endTurn() { m_shared->isTurnOver = true; }

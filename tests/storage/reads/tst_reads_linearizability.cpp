@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Processes read while one writer after another commits, and goes home or is stopped and killed at random moments: no read
-// is stale, none goes back, and none sees what was never committed.
+// Processes read while one writer after another commits, and ends by itself or is stopped and killed at random moments: no
+// read is stale, none goes back, and none sees what was never committed.
 #include "Register.h"
 
 #include <storage/support/MemoryFolder.h>
@@ -58,7 +58,7 @@ void writeSpilling(std::filesystem::path const& file, Register& numbers)
         });
 }
 
-// A process that writes until it goes home, or is killed.
+// A process that writes until it ends by itself, or is killed.
 class Writer {
 public:
     Writer(std::function<void()> const& write) : m_process(::fork())
@@ -67,7 +67,7 @@ public:
             return;
         try {
             write();
-            ::_exit(goneHome);
+            ::_exit(0);
         } catch (std::exception const& error) {
             std::fputs(error.what(), stderr);
         }
@@ -75,10 +75,10 @@ public:
     }
     ~Writer()
     {
-        if (m_isExpected)
+        if (m_hasEnded)
             return;
         ::kill(m_process, SIGKILL);
-        EXPECT_TRUE(WIFSIGNALED(ended())) << "it ended by itself";
+        EXPECT_TRUE(WIFSIGNALED(statusOfEnd())) << "it ended by itself";
     }
     Writer(Writer const&) = delete;
     Writer& operator=(Writer const&) = delete;
@@ -90,16 +90,15 @@ public:
         ::waitpid(m_process, &status, WUNTRACED);
     }
 
-    void expectHome()
+    // Waits until it ends by itself.
+    void expectEnd()
     {
-        m_isExpected = true;
-        EXPECT_EQ(ended(), goneHome) << "the status of its end";
+        EXPECT_EQ(statusOfEnd(), 0);
+        m_hasEnded = true;
     }
 
 private:
-    static constexpr int goneHome = 0;
-
-    int ended() const
+    int statusOfEnd() const
     {
         int status = 0;
         ::waitpid(m_process, &status, 0);
@@ -107,7 +106,7 @@ private:
     }
 
     pid_t const m_process;
-    bool m_isExpected = false;
+    bool m_hasEnded = false;
 };
 
 struct Course {
@@ -154,7 +153,7 @@ protected:
         std::this_thread::sleep_for(upTo(GetParam().isKilled ? 5000 : 100000));
         if (!GetParam().isKilled) {
             m_numbers.endTurn();
-            return writer.expectHome();
+            return writer.expectEnd();
         }
         writer.stop();
         std::error_code ignored;
