@@ -54,9 +54,13 @@ struct LibraryKeys {
 
 void check(OwnKey const& key, LibraryKeys const& library)
 {
-    // No key of the library ends like half of a rational, so the halves need no look.
     if (!key.isPrefix && library.hasKey(key.key))
         throw OwnKeyError(key, "that is the library's own; choose another name");
+    // A prefix covers its halves as well.
+    if (!key.isPrefix && std::holds_alternative<OwnKey::Rational>(key.defaultValue))
+        for (std::string const& half : {key.key + "_N", key.key + "_D"})
+            if (library.hasKey(half))
+                throw OwnKeyError(key, absl::StrCat("whose half ", half, " is the library's own; choose another name"));
     if (std::string const covered = key.isPrefix ? library.below(key.key) : ""; !covered.empty())
         throw OwnKeyError(key, absl::StrCat("that covers ", covered, ", which is the library's own; choose another prefix"));
     if (auto const* const list = std::get_if<QStringList>(&key.defaultValue); list && !Catalogue::survivesRoundTrip(*list))

@@ -2,6 +2,7 @@
 #include <Inspection/ValueFormat.h>
 
 #include <absl/strings/ascii.h>
+#include <absl/strings/match.h>
 #include <absl/strings/str_cat.h>
 #include <absl/strings/str_replace.h>
 #include <nlohmann/json.hpp>
@@ -218,6 +219,12 @@ std::optional<std::string> fromBase64(std::string const& text)
 }
 
 std::string shellWord(std::string const& text) { return absl::StrCat("'", absl::StrReplaceAll(text, {{"'", "'\\''"}}), "'"); }
+
+std::string typedWord(std::string const& text)
+{
+    auto const isPlain = [](unsigned char character) { return absl::ascii_isalnum(character) || absl::StrContains("_-./", character); };
+    return !text.empty() && std::all_of(text.begin(), text.end(), isPlain) ? text : shellWord(text);
+}
 
 bool isUtf8(std::string const& text) { return QString::fromStdString(text).toStdString() == text; }
 

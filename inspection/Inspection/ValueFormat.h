@@ -69,6 +69,8 @@ std::optional<std::string> fromBase64(std::string const& text);
 
 /// `text` as one word of a shell's command, byte for byte.
 std::string shellWord(std::string const& text);
+/// Likewise, as people type it: in quotes only where the shell needs them.
+std::string typedWord(std::string const& text);
 
 /// Whether `text` survives the round trip through the library's texts: UTF-8 that begins with no byte order mark.
 bool isUtf8(std::string const& text);

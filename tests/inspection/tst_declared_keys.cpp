@@ -73,17 +73,17 @@ INSTANTIATE_TEST_SUITE_P(
               "the prefix \"fav\" that covers favorites_, which is the library's own; choose another prefix"},
         Taken{"PrefixWithinAFamily", declared("Indication/mine/", 1, true),
               "the prefix \"Indication/mine/\" that covers Indication/mine/, which is the library's own; choose another prefix"},
+        Taken{"RationalWithHalvesInAFamily", declared("favorites", OwnKey::Rational(1)),
+              "the key \"favorites\" whose half favorites_N is the library's own; choose another name"},
         Taken{"ListThatALibraryWouldSplit", declared("a", QStringList{QStringLiteral("x|#|y")}),
               "the key \"a\" with a default that holds the separator of stored lists; give other elements"}),
     byMeaning);
 
-// That is why a declared rational is compared with them by its own key alone.
-TEST(LibraryKeys, EndLikeNoHalfOfARational)
+TEST(DeclaredNames, MayBeginLikeAFamilyOfTheLibrary)
 {
-    std::vector<std::string> const names = Inspection::keyNames();
-    EXPECT_GT(names.size(), 50u);
-    for (std::string const& name : names)
-        EXPECT_TRUE(name.substr(name.size() - 2) != "_N" && name.substr(name.size() - 2) != "_D") << name;
+    Inspection::declareOwnKeys(OwnKeys({declared("favorites", 1)}));
+    EXPECT_EQ(Inspection::ownKeys().all().size(), 1u);
+    Inspection::declareOwnKeys(OwnKeys());
 }
 
 // --- States ---

@@ -19,17 +19,6 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-bool isPlain(char character)
-{
-    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') || (character >= '0' && character <= '9') ||
-           std::string_view("_-./").find(character) != std::string_view::npos;
-}
-
-std::string quoted(std::string const& word)
-{
-    return !word.empty() && std::all_of(word.begin(), word.end(), isPlain) ? word : Inspection::shellWord(word);
-}
-
 bool looksLikeOption(std::string const& word) { return !word.empty() && word[0] == '-'; }
 
 bool hasNul(std::string const& word) { return word.find('\0') != std::string::npos; }
@@ -58,7 +47,7 @@ std::string line(Place const& place, std::string const& verb, Words const& words
         all.emplace_back("--allow-network");
     all.push_back(verb);
     all.insert(all.end(), words.begin(), words.end());
-    return absl::StrJoin(all, " ", [](std::string* result, std::string const& word) { result->append(quoted(word)); });
+    return absl::StrJoin(all, " ", [](std::string* result, std::string const& word) { result->append(Inspection::typedWord(word)); });
 }
 
 Words withEndOfOptions(Words words)

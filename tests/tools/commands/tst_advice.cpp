@@ -93,6 +93,10 @@ INSTANTIATE_TEST_SUITE_P(
                   helpOf("next-name")},
         Wrong{"MistypedOption", {"list", "--plan"}, 2, notExpected + "--plan\nDid you mean --plain?\n" + helpOf("list")},
         Wrong{"OptionBetweenTwo", {"list", "--uset"}, 2, notExpected + "--uset\nDid you mean --set or --unset?\n" + helpOf("list")},
+        Wrong{"OptionBeforeAWordBeforeTheVerb",
+              {"--plain", "s*", "list"},
+              2,
+              "The following arguments were not expected: --plain s*\nPut --plain behind 'editor-settings list'.\n" + helpOf("list")},
         Wrong{"OptionLikeNone", {"list", "--elsewhere"}, 2, notExpected + "--elsewhere\n" + helpOf("list")},
         Wrong{"MistypedOptionWithAValue",
               {"list", "--stor=product"},
@@ -107,6 +111,14 @@ INSTANTIATE_TEST_SUITE_P(
               {"set", "npsSendCount=8"},
               2,
               "key and value are two words: 'editor-settings set npsSendCount 8'\n" + helpOf("set")},
+        Wrong{"ValueWithABlankInOneWord",
+              {"set", "exportPath=a b"},
+              2,
+              "key and value are two words: 'editor-settings set exportPath 'a b''\n" + helpOf("set")},
+        Wrong{"EmptyValueInOneWord",
+              {"set", "exportPath="},
+              2,
+              "key and value are two words: 'editor-settings set exportPath '''\n" + helpOf("set")},
         Wrong{"ResetForUnset",
               {"reset"},
               2,
@@ -254,6 +266,8 @@ TEST_F(Advice, WordWithoutWildcardsLeadsToAPattern)
     EXPECT_EQ(listed.status, 0);
     EXPECT_EQ(listed.out, "");
     EXPECT_EQ(listed.err, "editor-settings: no key is 'Path'; 'editor-settings list '*Path*'' shows those that hold it\n");
+    EXPECT_EQ(tool({"list", "PATH"}).err, "editor-settings: no key is 'PATH'; 'editor-settings list '*Path*'' shows those that hold it\n");
+    EXPECT_EQ(tool({"list", "anything"}).err, "editor-settings: no key is 'anything', and none holds it\n");
     EXPECT_EQ(said({"list", "exportPath", "--set", "--plain"}), "") << "a key, though not stored";
     EXPECT_EQ(said({"list", "nothing*", "--plain"}), "");
 }

@@ -297,6 +297,12 @@ TEST_F(Tool, HelpIsAVerbToo)
 {
     EXPECT_EQ(said({"help"}), said({"--help"}));
     EXPECT_EQ(said({"help", "set"}), said({"set", "--help"}));
+    EXPECT_EQ(said({"help", "studio", "set"}), said({"studio", "set", "--help"}));
+    EXPECT_EQ(said({"help", "next-name", "audio"}), said({"next-name", "audio", "--help"}));
+    EXPECT_EQ(lines(said({"help", "help"})).at(1), "Usage: editor-settings help [OPTIONS] [VERB] [BELOW]");
+    for (char const* const verb : {"studio", "set"})
+        EXPECT_EQ(refused({"help", verb, "mislay"}, 2), std::string("editor-settings: BELOW: mislay is no verb below ") + verb +
+                                                            "\nRun 'editor-settings help --help' for more information.\n");
     EXPECT_EQ(lines(said({"help", "set"})).at(1), "Usage: editor-settings set [OPTIONS] KEY [VALUE...]");
 }
 
@@ -322,6 +328,11 @@ TEST_F(Tool, OptionsOfAVerbMayStandBeforeIt)
     EXPECT_EQ(said({"--json", "get", "npsSendCount"}), said({"get", "npsSendCount", "--json"}));
     EXPECT_EQ(said({"--store", "common", "--home", inHome("x"), "--plain", "list", "s*"}), "sendStatistics\tbool\tcommon\tunset\ttrue\n");
     EXPECT_EQ(said({"--store=common", "list", "--plain", "s*"}), "sendStatistics\tbool\tcommon\tunset\ttrue\n");
+    EXPECT_EQ(parsed(said({"--json", "next-name", "freeze", "a.mov"})), parsed(said({"next-name", "freeze", "a.mov", "--json"})));
+    std::string const withoutServer = refused({"studio", "status", "--plain"});
+    EXPECT_EQ(withoutServer.find("editor-settings: no server is named; "), 0u) << withoutServer;
+    EXPECT_EQ(refused({"--plain", "studio", "status"}), withoutServer);
+    EXPECT_EQ(refused({"studio", "--plain", "status"}), withoutServer);
     EXPECT_EQ(tool({"--reserve", "list"}).status, 2) << "another verb's option";
     EXPECT_EQ(tool({"--plain", "s*", "list"}).status, 2) << "a word is not moved";
 }

@@ -75,10 +75,11 @@ TEST_F(Manual, PageListsStatusesVariablesClassesAndFiles)
     EXPECT_EQ(termsIn(page, "DATA CLASSES"), (Terms{"roaming", "local", "personal", "transient"}));
     EXPECT_EQ(termsIn(page, "ENVIRONMENT"),
               (Terms{"EDITOR_SETTINGS_PRODUCT", "EDITOR_SETTINGS_HOME", "EDITOR_SETTINGS_PAGER, PAGER", "LESS", "NO_COLOR", "TERM", "HOME",
-                     "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_CONFIG_HOME", "TZ"}));
-    EXPECT_EQ(termsIn(page, "FILES"),
-              (Terms{"~/.local/share/VENDOR/PRODUCT/product-settings.sqlite", "~/.local/share/VENDOR/common-settings.sqlite",
-                     "STORE-journal", "STORE.before-restore-TIME", "PREFIX/share/editor-settings/product.json"}));
+                     "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME", "TZ", "LC_ALL, LC_NUMERIC, LANG",
+                     "PGSERVICE, PGHOST, and others that begin with PG"}));
+    EXPECT_EQ(termsIn(page, "FILES"), (Terms{"~/.local/share/VENDOR/PRODUCT/product-settings.sqlite",
+                                             "~/.local/share/VENDOR/common-settings.sqlite", "STORE-journal", "STORE.before-restore-TIME",
+                                             "~/.local/state/editor-settings", "PREFIX/share/editor-settings/product.json"}));
     EXPECT_NE(page.find("\n.SH \"SEE ALSO\"\neditor-settings-product(5), less(1), sqlite3(1), "), std::string::npos);
 }
 

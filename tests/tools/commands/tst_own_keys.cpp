@@ -307,6 +307,7 @@ TEST_F(OwnKeys, KeyOfTheLibraryIsRefusedWithItsLineByEveryVerb)
          {std::vector<std::string>{"list"}, {"get", "my.snap"}, {"set", "my.snap", "off"}, {"list", "--format", "markdown"}})
         EXPECT_EQ(refused(words),
                   "editor-settings: " + reason + "\nName a product file with '--product FILE', or in EDITOR_SETTINGS_PRODUCT.\n");
+    EXPECT_FALSE(std::filesystem::exists(inHome(".local"))) << "a store was made before the keys were looked at";
     Ended const doctor = tool({"doctor", "--plain"});
     EXPECT_EQ(doctor.status, 1);
     EXPECT_NE(doctor.out.find("\nerror\tproduct-file\t" + file + '\t' + reason), std::string::npos) << doctor.out;

@@ -11,49 +11,53 @@ namespace {
 
 constexpr char mark = '\x1f';
 
-bool isVerb(std::string const& word, std::vector<Command> const& commands)
-{
-    return std::any_of(commands.begin(), commands.end(), [&](Command const& each) { return each.name == word; });
-}
-
-Option const* find(std::vector<Option> const& options, std::string const& word)
+Option const* findOption(std::vector<Option> const& options, std::string const& word)
 {
     std::string const name = word.substr(0, word.find('='));
     auto const found = std::find_if(options.begin(), options.end(), [&](Option const& each) { return each.name == name; });
     return found == options.end() || found->isPositional() ? nullptr : &*found;
 }
 
-bool isOptionOf(std::vector<Option> const& options, std::string const& word) { return find(options, word); }
-
-bool takesNextWord(std::vector<Option> const& options, std::string const& word)
-{
-    return find(options, word)->takesValue() && word.find('=') == std::string::npos;
-}
+bool takesNextWord(Option const& option, std::string const& word) { return option.takesValue() && word.find('=') == std::string::npos; }
 
 } // namespace
 
 std::vector<std::string> verbFirst(std::vector<std::string> words, std::vector<Option> const& global, std::vector<Command> const& commands)
 {
-    auto const verb = std::find_if(words.begin(), words.end(), [&](std::string const& word) { return isVerb(word, commands); });
-    if (verb == words.end())
-        return words;
-    Command const& command = *std::find_if(commands.begin(), commands.end(), [&](Command const& each) { return each.name == *verb; });
-    std::vector<std::string> before;
-    std::vector<std::string> behind = {*verb};
-    for (auto word = words.begin(); word < verb;) {
-        bool const isOfVerb = isOptionOf(command.options, *word);
-        if (!isOfVerb && !isOptionOf(global, *word))
-            return words;
-        std::vector<std::string>& target = isOfVerb ? behind : before;
-        auto const next = word + (takesNextWord(isOfVerb ? command.options : global, *word) ? 2 : 1);
-        if (next > verb)
-            return words;
-        target.insert(target.end(), word, next);
-        word = next;
+    // Where the verb stands, and each verb below it, and the options of them all.
+    std::vector<std::vector<std::string>::iterator> verbs;
+    std::vector<Option> own;
+    auto word = words.begin();
+    for (std::vector<Command> const* level = &commands;;) {
+        word = std::find_if(word, words.end(), [&](std::string const& each) { return findVerb(*level, each); });
+        if (word == words.end())
+            break;
+        Command const& command = *findVerb(*level, *word);
+        verbs.push_back(word++);
+        own.insert(own.end(), command.options.begin(), command.options.end());
+        level = &command.verbs;
     }
-    before.insert(before.end(), behind.begin(), behind.end());
-    before.insert(before.end(), verb + 1, words.end());
-    return before;
+
+    std::vector<std::string> sorted;
+    std::vector<std::string> moved;
+    word = words.begin();
+    for (auto const& verb : verbs) {
+        while (word != verb) {
+            Option const* const ofVerb = findOption(own, *word);
+            Option const* const option = ofVerb ? ofVerb : findOption(global, *word);
+            if (!option)
+                return words;
+            auto const next = word + (takesNextWord(*option, *word) ? 2 : 1);
+            if (next > verb)
+                return words;
+            (ofVerb ? moved : sorted).insert((ofVerb ? moved : sorted).end(), word, next);
+            word = next;
+        }
+        sorted.push_back(*word++);
+    }
+    sorted.insert(sorted.end(), moved.begin(), moved.end());
+    sorted.insert(sorted.end(), word, words.end());
+    return sorted;
 }
 
 std::vector<std::string> markedArguments(std::vector<std::string> words)

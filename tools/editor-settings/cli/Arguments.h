@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-/// `words` with the options before the verb that are the verb's own moved behind it.
+/// `words` with the options of the verbs that stand before the last verb moved behind it.
 std::vector<std::string> verbFirst(std::vector<std::string> words, std::vector<Option> const& global, std::vector<Command> const& commands);
 /// `words`, marked, the last one first as CLI11 wants them.
 std::vector<std::string> markedArguments(std::vector<std::string> words);

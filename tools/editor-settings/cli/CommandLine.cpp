@@ -312,23 +312,39 @@ private:
 
     Command helpCommand()
     {
-        std::vector<std::string> names;
+        std::vector<std::string> names = {"help"};
         for (Command const& command : m_commands)
             names.push_back(command.name);
         Command command;
         command.name = "help";
         command.group = Group::support;
         command.summary = "This help, or that of a verb";
-        command.options = {Option("VERB", &m_helpedVerb, "The verb").oneOf(names)};
-        command.examples = {{"editor-settings help set", "What 'editor-settings set --help' prints."}};
+        command.options = {Option("VERB", &m_helpedVerb, "The verb").oneOf(names), Option("BELOW", &m_helpedBelow, "The verb below it")};
+        command.examples = {{"editor-settings help set", "What 'editor-settings set --help' prints."},
+                            {"editor-settings help studio set", "Likewise, for a verb below another."}};
         command.stores = always(StoreUse::none);
         command.needsProduct = false;
-        command.run = [this](Invocation const&) {
-            std::cout << (m_helpedVerb.empty() ? programHelp(m_app.get_description(), m_global.options(), m_commands)
-                                               : m_app.get_subcommand(m_helpedVerb)->help(m_app.get_name()));
-            return 0;
+        command.wrongWords = [this] {
+            bool const isWrong = !m_helpedBelow.empty() && !findVerb(findVerb(m_commands, m_helpedVerb)->verbs, m_helpedBelow);
+            return isWrong ? absl::StrCat("BELOW: ", m_helpedBelow, " is no verb below ", m_helpedVerb) : std::string();
         };
+        command.run = [this](Invocation const&) { return printHelp(), 0; };
         return command;
+    }
+
+    void printHelp()
+    {
+        if (m_helpedVerb.empty()) {
+            std::cout << programHelp(m_app.get_description(), m_global.options(), m_commands);
+            return;
+        }
+        Command const* verb = findVerb(m_commands, m_helpedVerb);
+        std::string path = absl::StrCat(m_app.get_name(), " ", m_helpedVerb);
+        if (!m_helpedBelow.empty()) {
+            verb = findVerb(verb->verbs, m_helpedBelow);
+            path += ' ' + m_helpedBelow;
+        }
+        std::cout << verbHelp(path, *verb);
     }
 
     CLI::App m_app{"Shows and changes preferences, folders and file names of Lumora Video Editor.", "editor-settings"};
@@ -340,6 +356,7 @@ private:
     std::vector<std::string> m_typed;
     std::string m_shell;
     std::string m_helpedVerb;
+    std::string m_helpedBelow;
     int m_errorStatus = 1;
     std::string const m_ignoredDataFolder = Host::ignoreRelativeDataFolder();
 };

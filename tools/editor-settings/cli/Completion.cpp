@@ -93,8 +93,8 @@ private:
 
     void takeWord(std::string const& word)
     {
-        auto const verb = std::find_if(m_verbs->begin(), m_verbs->end(), [&](Command const& each) { return each.name == word; });
-        if (verb == m_verbs->end()) {
+        Command const* const verb = findVerb(*m_verbs, word);
+        if (!verb) {
             ++m_words;
             return;
         }
@@ -146,10 +146,10 @@ try {
     std::string const home = position.value("--home");
     Storage::SqliteStorage::Options options;
     options.allowNetworkFileSystem = position.isGiven("--allow-network");
+    auto const product = std::make_shared<Host::ProductFile>(productFile(position));
+    Inspection::declareOwnKeys(*product);
     Host::ToolApplication const application(
-        productFile(position),
-        {home.empty() ? std::nullopt : std::optional<std::filesystem::path>(home), Host::StorePolicy::leaveOutUnusable, options});
-    Inspection::declareOwnKeys(application.productFile());
+        product, {home.empty() ? std::nullopt : std::optional<std::filesystem::path>(home), Host::StorePolicy::leaveOutUnusable, options});
     std::set<std::string> offered; // a rational stands in two rows
     std::vector<Candidate> result;
     for (Storage::SqliteStorage const* const store : {application.productStorage(), application.commonStorage()})

@@ -41,6 +41,9 @@ standard error shows its name.)"},
           {"~/.local/share/VENDOR/common-settings.sqlite", "The store that the vendor's products share"},
           {"STORE-journal", "SQLite's journal beside a store: empty between two changes, and to be copied or moved with the store"},
           {"STORE.before-restore-TIME", "What restore replaced; restore takes it back"},
+          {"~/.local/state/editor-settings",
+           "Where a studio shares settings: changes that wait for its server; /var/tmp/editor-settings-UID where that folder cannot be "
+           "used"},
           {"PREFIX/share/editor-settings/product.json", "The product file that is installed with the program in PREFIX/bin"}}},
         {"See also", "editor-settings-product(5), less(1), sqlite3(1), the guide and the reference of all preferences and locations in the "
                      "documentation."},
@@ -59,7 +62,11 @@ std::vector<std::pair<char const*, char const*>> const& environmentTerms()
         {"XDG_DATA_HOME", "The folder of data, in place of ~/.local/share; a relative one counts as not set"},
         {"XDG_CACHE_HOME", "The folder of caches, in place of ~/.cache"},
         {"XDG_CONFIG_HOME", "The folder of user-dirs.dirs, which names the folders of films and music, in place of ~/.config"},
+        {"XDG_STATE_HOME", "The folder of changes that wait for a studio's server, in place of ~/.local/state"},
         {"TZ", "The time zone of times for people"},
+        {"LC_ALL, LC_NUMERIC, LANG", "The locale, whose digits stand in the time that a recording's name holds"},
+        {"PGSERVICE, PGHOST, and others that begin with PG",
+         "The studio's server where no connection is named, and what a connection leaves out; as libpq reads them"},
     };
     return all;
 }

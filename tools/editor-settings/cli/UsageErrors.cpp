@@ -35,8 +35,8 @@ Understood understood(CLI::App const& app, std::vector<Option> const& global, st
     std::vector<Command> const* level = &commands;
     for (CLI::App const* verb = &app; !verb->get_subcommands().empty();) {
         verb = verb->get_subcommands().front();
-        auto const command = std::find_if(level->begin(), level->end(), [&](Command const& each) { return each.name == verb->get_name(); });
-        if (command == level->end())
+        Command const* const command = findVerb(*level, verb->get_name());
+        if (!command)
             break;
         result.path += ' ' + command->name;
         result.last = command->name;
@@ -53,7 +53,10 @@ Understood understood(CLI::App const& app, std::vector<Option> const& global, st
 
 std::string likelyOption(std::string const& word, Understood const& so)
 {
-    std::vector<std::string> const likely = suggestions(word.substr(0, word.find('=')), so.options);
+    std::string const name = word.substr(0, word.find('='));
+    if (std::find(so.options.begin(), so.options.end(), name) != so.options.end())
+        return absl::StrCat("Put ", name, " behind '", so.path, "'.\n");
+    std::vector<std::string> const likely = suggestions(name, so.options);
     return likely.empty() ? "" : absl::StrCat("Did you mean ", alternatives(likely), "?\n");
 }
 

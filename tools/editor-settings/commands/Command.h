@@ -153,6 +153,9 @@ struct Command {
     bool namesFile = false;   ///< Whether an error is about the file that the user named rather than about the stores.
 };
 
+/// The verb called `name`; null for none.
+Command const* findVerb(std::vector<Command> const& commands, std::string const& name);
+
 /// A function that returns `use`.
 std::function<StoreUse()> always(StoreUse use);
 

@@ -64,9 +64,9 @@ Report reportOn(Invocation const& invocation)
     ProgressLine progress(4);
     progress.next("opening the stores");
     try {
-        Host::ToolApplication const application(invocation.productFile,
-                                                {invocation.storeFolder, Host::StorePolicy::leaveOutUnusable, invocation.options});
-        declareOwnKeys(application.productFile());
+        auto const product = std::make_shared<Host::ProductFile>(invocation.productFile);
+        declareOwnKeys(*product);
+        Host::ToolApplication const application(product, {invocation.storeFolder, Host::StorePolicy::leaveOutUnusable, invocation.options});
         report.add(checkHome());
         examineStores(application, report, progress);
         progress.next("looking at the folders that the editor writes to");

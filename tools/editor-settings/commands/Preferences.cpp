@@ -9,6 +9,7 @@
 #include <Inspection/RowDifference.h>
 #include <Inspection/ValueFormat.h>
 
+#include <absl/strings/ascii.h>
 #include <absl/strings/str_cat.h>
 #include <nlohmann/json.hpp>
 
@@ -236,12 +237,27 @@ void getPreferences(Host::Application const& application, std::vector<std::strin
     all.size() == 1 ? printOne(all.front(), format) : printAll(all, format);
 }
 
+// `word` as the first key spells it that holds it in any case; empty for none.
+std::string spelledInAKey(std::vector<PreferenceState> const& all, std::string const& word)
+{
+    for (PreferenceState const& each : all) {
+        std::size_t const at = absl::AsciiStrToLower(each.key).find(absl::AsciiStrToLower(word));
+        if (at != std::string::npos)
+            return each.key.substr(at, word.size());
+    }
+    return {};
+}
+
 void warnOfNoPattern(std::vector<PreferenceState> const& all, std::string const& word)
 {
     auto const isMeant = [&](PreferenceState const& each) { return each.key == word; };
-    if (!word.empty() && !isPattern(word) && std::none_of(all.begin(), all.end(), isMeant))
-        printError(absl::StrCat("no key is ", quotedBriefly(word), "; 'editor-settings list '*", shortened(onOneLine(word), 200),
-                                "*'' shows those that hold it"));
+    if (word.empty() || isPattern(word) || std::any_of(all.begin(), all.end(), isMeant))
+        return;
+    std::string const found = spelledInAKey(all, word);
+    printError(absl::StrCat(
+        "no key is ", quotedBriefly(word),
+        found.empty() ? ", and none holds it"
+                      : absl::StrCat("; 'editor-settings list ", Inspection::shellWord('*' + found + '*'), "' shows those that hold it")));
 }
 
 // Before the value, which may be long; for scripts the last, so that the others stay where they are without a studio.
@@ -400,8 +416,8 @@ Command setCommand()
             return {};
         if (equals == std::string::npos)
             return "VALUE is required";
-        return absl::StrCat("key and value are two words: 'editor-settings set ", words->key.substr(0, equals), " ",
-                            words->key.substr(equals + 1), "'");
+        return absl::StrCat("key and value are two words: 'editor-settings set ", Inspection::typedWord(words->key.substr(0, equals)), " ",
+                            Inspection::typedWord(words->key.substr(equals + 1)), "'");
     };
     command.run = [words](Invocation const& invocation) {
         setPreference(*invocation.application, *words);
