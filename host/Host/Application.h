@@ -44,7 +44,7 @@ public:
         StorePolicy policy = StorePolicy::create;
         /// How both stores are opened.
         Storage::SqliteStorage::Options store{};
-        /// The keys that the host reads and writes itself.
+        /// The keys that the host reads and writes itself, for its own use: command line and window know those of the product file.
         OwnKeys ownKeys{};
         /// Puts a store before each of both, such as one of `Studio::Session`; the library is bound to what it returns, which must
         /// not be null. It gets the name under which all programs share the store, "common" or the product's name, and the opened
