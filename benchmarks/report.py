@@ -221,7 +221,9 @@ KConfig sync after a write, and before a read. QSettings opens a file by path, o
 looks for the file of the organisation and for those of the system. A durable write waits for the disk, whose speed varies
 within a run, so the library's lead over the peers varies from run to run."""),
     "load": ("Load", """The floor is an empty library that links the same libraries. The goal covers the start of a process, in which an
-editor loads it; in a process that has Qt already, the library's own part shows alone."""),
+editor loads it; in a process that has Qt already, the library's own part shows alone. `editor-settings get` takes turns with an
+empty program that links the same libraries; beside it stand the command lines of KConfig and GSettings, which read one value from
+a file, too."""),
     "studio": ("Shared store", """A session of a program with a PostgreSQL server on this machine, over a Unix socket; commits wait for
 the disk. The floor of a read is TestKit's store in memory; that of a round trip `SELECT 1`, and that of a change a bare call of
 the server's function, both by libpq alone; so is the call of the function that tells changes, which stands beside. Among the listeners each of 32 writers has a layer of its own; a commit's time is that of
@@ -250,7 +252,7 @@ def significant(number):
     return f"{number:.2f}" if number < 10 else f"{number:.1f}" if number < 100 else f"{number:,.0f}"
 
 
-sides_in_order = ["library", "tool", "floor", "written out", "composition", "QSettings", "QSettings by name", "KConfig", "SQLite", "one by one", "KFileUtils", "probing", "QDirIterator", "SQLite store", "changes", "polling", "without NOTIFY", "NOTIFY always"]
+sides_in_order = ["library", "tool", "floor", "written out", "composition", "QSettings", "QSettings by name", "KConfig", "kreadconfig5", "gsettings", "SQLite", "one by one", "KFileUtils", "probing", "QDirIterator", "SQLite store", "changes", "polling", "without NOTIFY", "NOTIFY always"]
 types_in_order = ["bool", "int", "std::string", "QString", "absent QString", "QByteArray", "QStringList", "rational"]
 
 
