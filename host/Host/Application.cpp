@@ -42,19 +42,21 @@ void checkHome(fs::path const& productFolder)
 
 } // namespace
 
-Application::Store::Store(fs::path const& path, std::string const& name, Options const& options) : bound(std::make_shared<NoStore>())
-{
-    open(path, options);
-    if (options.share)
-        bound = layers = options.share(name, bound);
-}
-
-void Application::Store::open(fs::path const& path, Options const& options)
+Application::Store::Store(fs::path const& path, std::string const& name, Options const& options, bool isAsked)
+    : bound(std::make_shared<NoStore>())
 {
     std::error_code noAnswer;
     file = fs::absolute(path, noAnswer);
     if (noAnswer)
         file = path; // there is no current directory, which the store's error names
+    if (isAsked)
+        open(options);
+    if (options.share)
+        bound = layers = options.share(name, bound);
+}
+
+void Application::Store::open(Options const& options)
+{
     Storage::SqliteStorage::Options storeOptions = options.store;
     storeOptions.createIfMissing = options.policy == StorePolicy::create;
     try {
@@ -86,8 +88,8 @@ Application::Application(std::shared_ptr<IProductInfo> product, fs::path const& 
     if (options.policy == StorePolicy::create && !options.storeFolder)
         checkHome(productFolder);
 
-    m_common = Store(commonFolder / "common-settings.sqlite", "common", options);
-    m_product = Store(productFolder / "product-settings.sqlite", m_productInfo->productName(), options);
+    m_common = Store(commonFolder / "common-settings.sqlite", "common", options, options.onlyStore != "product");
+    m_product = Store(productFolder / "product-settings.sqlite", m_productInfo->productName(), options, options.onlyStore != "common");
     context.commonStorage = m_common.bound;
     context.productStorage = m_product.bound;
     Settings::init(context);

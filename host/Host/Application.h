@@ -51,6 +51,9 @@ public:
         /// store, or one that holds nothing and refuses changes. Called by the constructor.
         std::function<std::shared_ptr<Storage::LayeredStorage>(std::string const& name, std::shared_ptr<ISettingsStorage> const& local)>
             share{};
+        /// The only store that is opened, "common" or "product", for a program that asks nothing of the other, which is left out as
+        /// a missing one is. Empty for both.
+        std::string onlyStore{};
     };
 
     /// Opens both stores and binds the library to them and to `product`, which must not be null. Creates what is missing. Refuses to
@@ -87,8 +90,8 @@ public:
 private:
     struct Store {
         Store() = default;
-        Store(std::filesystem::path const& path, std::string const& name, Options const& options);
-        void open(std::filesystem::path const& path, Options const& options);
+        Store(std::filesystem::path const& path, std::string const& name, Options const& options, bool isAsked);
+        void open(Options const& options);
 
         std::filesystem::path file;
         std::optional<Storage::StorageError> error;

@@ -16,7 +16,7 @@ public:
     /// As above, of a file that was read before.
     ToolApplication(std::shared_ptr<ProductFile> const& productFile, Options const& options)
         : Application(productFile, productFile->resourcesRoot(),
-                      {options.storeFolder, options.policy, options.store, productFile->ownKeys(), options.share}),
+                      {options.storeFolder, options.policy, options.store, productFile->ownKeys(), options.share, options.onlyStore}),
           m_productFile(productFile)
     {}
 

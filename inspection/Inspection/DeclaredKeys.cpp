@@ -79,10 +79,12 @@ void declareOwnKeys(Host::OwnKeys const& keys)
     declared() = keys;
 }
 
-void declareOwnKeys(Host::ProductFile const& product)
+std::shared_ptr<Host::ProductFile> readProductFile(std::filesystem::path const& file)
 {
+    auto product = std::make_shared<Host::ProductFile>(file);
     try {
-        declareOwnKeys(product.ownKeys());
+        declareOwnKeys(product->ownKeys());
+        return product;
     } catch (OwnKeyError const& error) {
         throw Host::ProductFileError(error.what());
     }

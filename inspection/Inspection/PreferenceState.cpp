@@ -311,6 +311,18 @@ std::optional<PreferenceState> preferenceState(Host::Application const& applicat
     return std::nullopt;
 }
 
+std::optional<Store> storeOfKey(std::string const& key)
+{
+    if (Preference const* const row = Catalogue::findPreference(key))
+        return row->store;
+    if (std::optional<Member> const member = memberOfAFamily(key))
+        return member->family->store;
+    if (std::optional<OwnKeys::Match> const match = ownKeys().find(key))
+        return storeOf(*match->declaration);
+    Preference const* const row = Catalogue::findPreferenceByGetter(key);
+    return row ? std::optional(row->store) : std::nullopt;
+}
+
 namespace {
 
 // What the stored key of these layers belongs to; nullopt for that of a preference, or in a store in which it is not looked for.

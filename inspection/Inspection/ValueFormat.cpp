@@ -222,7 +222,9 @@ std::string shellWord(std::string const& text) { return absl::StrCat("'", absl::
 
 std::string typedWord(std::string const& text)
 {
-    auto const isPlain = [](unsigned char character) { return absl::ascii_isalnum(character) || absl::StrContains("_-./", character); };
+    auto const isPlain = [](char character) {
+        return absl::ascii_isalnum(static_cast<unsigned char>(character)) || absl::StrContains("_-./", character);
+    };
     return !text.empty() && std::all_of(text.begin(), text.end(), isPlain) ? text : shellWord(text);
 }
 

@@ -314,6 +314,28 @@ TEST_F(Applications, StoreThatIsThereIsOpenedAlsoWhereTheOtherIsMissing)
     EXPECT_EQ(Settings::npsSendCount(), 5);
 }
 
+TEST_F(Applications, StoreThatIsNotAskedForIsNeitherOpenedNorMade)
+{
+    std::filesystem::path const damaged = m_home.write("elsewhere/product-settings.sqlite", "not a store");
+    Host::Application::Options options{m_home.path() / "elsewhere"};
+    options.onlyStore = "common";
+    {
+        ToolApplication const application(m_productFile, options);
+        EXPECT_TRUE(application.commonStorage());
+        EXPECT_FALSE(application.productStorage());
+        EXPECT_FALSE(application.productStorageError());
+        EXPECT_EQ(application.productStorageFile(), damaged);
+        EXPECT_EQ(Settings::npsSendCount(), 0);
+        EXPECT_THROW(Settings::setNPSSendCount(1), std::logic_error);
+    }
+    std::filesystem::remove_all(m_home.path() / "elsewhere");
+    options.onlyStore = "product";
+    ToolApplication const application(m_productFile, options);
+    EXPECT_TRUE(application.productStorage());
+    EXPECT_FALSE(application.commonStorage());
+    EXPECT_FALSE(std::filesystem::exists(application.commonStorageFile()));
+}
+
 TEST_F(Applications, DanglingLinkIsNoMissingStore)
 {
     std::filesystem::create_directory(m_home.path() / "elsewhere");

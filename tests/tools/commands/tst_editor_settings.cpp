@@ -170,7 +170,7 @@ TEST_F(Tool, LackOfDescriptorsIsTold)
     int told = 0;
     // Below some number the program itself cannot be loaded, and from some number on it has enough.
     for (int limit = 4; limit < 16; ++limit) {
-        Ended const got = run({"sh", "-c", "ulimit -n " + std::to_string(limit) + "; exec \"$0\" get npsSendCount", TOOL});
+        Ended const got = run({"sh", "-c", "ulimit -n " + std::to_string(limit) + "; exec \"$0\" list", TOOL});
         if (got.status == 1)
             told += lines(got.err).front() == "editor-settings: " + productFile() +
                                                   ": cannot open the store: Too many open files; close some files or programs, or raise "
@@ -552,6 +552,37 @@ TEST_F(Tool, GetOfSeveralKeysHasALineForEach)
               parsed(R"([{"key": "npsSendCount", "type": "int", "value": 0}, {"key": "keepVideoAspect", "type": "bool", "value": true}])"));
     EXPECT_EQ(refused({"get", "npsSendCount", "nothingLikeIt"}),
               "editor-settings: there is no preference 'nothingLikeIt'; 'editor-settings list' shows all\n");
+}
+
+TEST_F(Tool, GetOpensTheStoreOfItsKeysAlone)
+{
+    said({"set", "npsSendCount", "7"});
+    m_home.write(".local/share/Lumora/common-settings.sqlite", "not a store");
+    EXPECT_EQ(said({"get", "npsSendCount"}), "7\n");
+    EXPECT_EQ(said({"get", "Indication/x", "npsSendCount"}), "Indication/x\t\nnpsSendCount\t7\n");
+    for (std::vector<std::string> const& words : {std::vector<std::string>{"get", "npsSendCount", "sendStatistics"},
+                                                  {"get", "sendStatistics"},
+                                                  {"get", "autoDownloadUpdates"},
+                                                  {"get", "undeclared"}})
+        EXPECT_EQ(refused(words).find("editor-settings: " + commonFile() + ": cannot open the store: file is not a database"), 0u)
+            << words.back();
+}
+
+TEST_F(Tool, GetAnswersAsListDoes)
+{
+    said({"set", "npsSendCount", "7"});
+    said({"set", "sendStatistics", "no"});
+    for (char const* const store : {"product", "common"}) {
+        std::vector<std::string> get = {"get", "--plain"};
+        std::string values;
+        for (std::string const& line : lines(said({"list", "--plain", "--store", store}))) {
+            std::string const key = line.substr(0, line.find('\t'));
+            get.push_back(key);
+            values += key + line.substr(line.rfind('\t')) + '\n';
+        }
+        EXPECT_GT(get.size(), 4u);
+        EXPECT_EQ(said(get), values);
+    }
 }
 
 TEST_F(Tool, NameOfAGetterStandsForItsKey)

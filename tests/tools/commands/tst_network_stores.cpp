@@ -45,7 +45,7 @@ TEST_F(NetworkStores, AreNeitherReadNorChanged)
         Ended const ended = onNetwork(arguments);
         EXPECT_EQ(ended.status, 1);
         EXPECT_EQ(ended.out, "");
-        EXPECT_EQ(ended.err, reasonFor("common-settings.sqlite") +
+        EXPECT_EQ(ended.err, reasonFor(arguments[0] == "get" ? "product-settings.sqlite" : "common-settings.sqlite") +
                                  "Run 'editor-settings doctor' with the same options to see what is wrong; 'editor-settings restore FILE' "
                                  "brings a backup back.\nWhere no other machine uses the stores, '--allow-network' allows it.\n");
     }

@@ -63,6 +63,14 @@ TEST_F(Layers, CoveredValuesAreTold)
     EXPECT_TRUE(contains(local, "of 20\\d\\d-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d by alice")) << local;
 }
 
+TEST_F(Layers, FolderThatTheEditorCannotUseIsRefusedOnRequest)
+{
+    EXPECT_EQ(refused(as("ada", {"studio", "set", "exportPath", "films", "--strict"})),
+              "editor-settings: exportPath: the editor cannot use 'films': not absolute: it depends on the folder that the editor is "
+              "started in; nothing was stored; give the absolute path of a folder\n");
+    EXPECT_EQ(explained("alice", "exportPath")["layer"], "default");
+}
+
 TEST_F(Layers, LocalValueCoversTheStudios)
 {
     said(as("ada", {"studio", "set", "exportPath", "/mnt/exports"}));

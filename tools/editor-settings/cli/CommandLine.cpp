@@ -262,10 +262,11 @@ private:
     {
         std::optional<ProgressLine> opening(1);
         opening->next("opening the stores");
-        auto const product = std::make_shared<Host::ProductFile>(invocation.productFile);
-        Inspection::declareOwnKeys(*product);
+        std::shared_ptr<Host::ProductFile> const product = Inspection::readProductFile(invocation.productFile);
         std::unique_ptr<Inspection::StudioServer> const studio = studioOf(*product, command.studio);
         Host::Application::Options options{invocation.storeFolder, policyFor(use), invocation.options};
+        if (std::optional<Catalogue::Store> const only = command.onlyStore ? command.onlyStore() : std::nullopt)
+            options.onlyStore = name(*only);
         if (studio)
             options.share = [&](auto const& name, auto const& local) { return studio->store(name, local); };
         Host::ToolApplication const application(product, options);

@@ -121,7 +121,7 @@ std::filesystem::path productFile(Position const& position)
 std::vector<Candidate> keys(Position const& position)
 {
     try {
-        Inspection::declareOwnKeys(Host::ProductFile(productFile(position)));
+        Inspection::readProductFile(productFile(position));
     } catch (Host::ProductFileError const&) {
     }
     std::vector<Candidate> result;
@@ -146,10 +146,9 @@ try {
     std::string const home = position.value("--home");
     Storage::SqliteStorage::Options options;
     options.allowNetworkFileSystem = position.isGiven("--allow-network");
-    auto const product = std::make_shared<Host::ProductFile>(productFile(position));
-    Inspection::declareOwnKeys(*product);
     Host::ToolApplication const application(
-        product, {home.empty() ? std::nullopt : std::optional<std::filesystem::path>(home), Host::StorePolicy::leaveOutUnusable, options});
+        Inspection::readProductFile(productFile(position)),
+        {home.empty() ? std::nullopt : std::optional<std::filesystem::path>(home), Host::StorePolicy::leaveOutUnusable, options});
     std::set<std::string> offered; // a rational stands in two rows
     std::vector<Candidate> result;
     for (Storage::SqliteStorage const* const store : {application.productStorage(), application.commonStorage()})

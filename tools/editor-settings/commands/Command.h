@@ -5,6 +5,7 @@
 
 #include "terminal/Table.h"
 
+#include <Catalogue/Catalogue.h>
 #include <Host/ToolApplication.h>
 #include <Inspection/studio/StudioServer.h>
 
@@ -137,6 +138,8 @@ struct Command {
     std::vector<Example> examples;
     /// Asked after the words are parsed.
     std::function<StoreUse()> stores;
+    /// The only store that the words ask for; nullopt for both. Asked once the product's own keys are known.
+    std::function<std::optional<Catalogue::Store>()> onlyStore = {};
     /// Prints the answer and returns the exit status. Throws `UserError`, `Storage::StorageError` and the like.
     std::function<int(Invocation const&)> run;
     /// The verbs below this one, one of which must follow it.

@@ -64,9 +64,8 @@ Report reportOn(Invocation const& invocation)
     ProgressLine progress(4);
     progress.next("opening the stores");
     try {
-        auto const product = std::make_shared<Host::ProductFile>(invocation.productFile);
-        declareOwnKeys(*product);
-        Host::ToolApplication const application(product, {invocation.storeFolder, Host::StorePolicy::leaveOutUnusable, invocation.options});
+        Host::ToolApplication const application(readProductFile(invocation.productFile),
+                                                {invocation.storeFolder, Host::StorePolicy::leaveOutUnusable, invocation.options});
         report.add(checkHome());
         examineStores(application, report, progress);
         progress.next("looking at the folders that the editor writes to");

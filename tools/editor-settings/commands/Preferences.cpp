@@ -225,6 +225,14 @@ void printAll(std::vector<PreferenceState> const& all, Format format)
     format == Format::json ? printJson(array) : printTable(table, {}, format);
 }
 
+// nullopt for several stores, or for a key that may stand in any.
+std::optional<Catalogue::Store> onlyStoreOf(std::vector<std::string> const& keys)
+{
+    std::optional<Catalogue::Store> const first = Inspection::storeOfKey(keys.front());
+    bool const isOne = std::all_of(keys.begin(), keys.end(), [&](std::string const& key) { return Inspection::storeOfKey(key) == first; });
+    return isOne ? first : std::nullopt;
+}
+
 void getPreferences(Host::Application const& application, std::vector<std::string> const& keys, Format format)
 {
     std::vector<PreferenceState> all;
@@ -296,14 +304,13 @@ void listPreferences(Host::Application const& application, ListOptions const& op
 struct SetWords {
     std::string key;
     GivenValue value;
-    bool isStrict = false;
 };
 
 void setPreference(Host::Application const& application, SetWords const& words)
 {
     PreferenceState const found = preferenceToWrite(application, words.key);
     Value const value = valueIn(found, words.value);
-    write(found, value, words.isStrict, [&] { found.write(value); });
+    write(found, value, words.value.isStrict, [&] { found.write(value); });
 }
 
 void unsetPreference(Host::Application const& application, std::string const& key)
@@ -386,6 +393,7 @@ Command getCommand()
                         {"editor-settings get audioRecordFormat audioRecordCodec", "Both, each on a line with its key."},
                         {"editor-settings get userCustomColors --json", "A list in a form that every program reads alike."}};
     command.stores = always(StoreUse::read);
+    command.onlyStore = [words] { return onlyStoreOf(words->keys); };
     command.studio = StudioUse::look;
     command.run = [words](Invocation const& invocation) {
         getPreferences(*invocation.application, words->keys, words->format);
@@ -402,7 +410,6 @@ Command setCommand()
     command.group = Group::change;
     command.summary = "Stores a value";
     command.options = valueOptions(words->key, words->value);
-    command.options.emplace_back("--strict", &words->isStrict, "Refuses what the editor cannot use, instead of a warning");
     command.examples = {{"editor-settings set keepVideoAspect no", "Stores false."},
                         {"editor-settings set exportPath ~/Videos/Exports", "Stores another folder; the editor makes it."},
                         {"editor-settings set userCustomColors '#ff8800' navy", "Stores a list of two."},

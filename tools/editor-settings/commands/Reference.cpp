@@ -34,13 +34,12 @@ std::string const noResources = "/dev/null/resources";
 // Binds the library to a product with empty stores, in the environment of a user who has set nothing.
 class BoundOnAnyMachine {
 public:
-    explicit BoundOnAnyMachine(std::filesystem::path const& productFile) : m_product(std::make_shared<Host::ProductFile>(productFile))
+    explicit BoundOnAnyMachine(std::filesystem::path const& productFile) : m_product(Inspection::readProductFile(productFile))
     {
         ::setenv("HOME", nobodysHome.c_str(), 1);
         for (char const* variable : {"XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"})
             ::unsetenv(variable);
         Settings::init({m_product, m_nothing, m_nothing, Lumora::ioPath(noResources)});
-        Inspection::declareOwnKeys(*m_product);
     }
 
 private:

@@ -181,7 +181,7 @@ Command statusCommand()
         {"editor-settings studio status host=db.invalid dbname=studio", "Whether it can be used; exit status 1 where it cannot."}};
     command.run = [words](Invocation const& invocation) {
         std::string const connection = connectionFor(words->connection, invocation.productFile);
-        Inspection::declareOwnKeys(Host::ProductFile(invocation.productFile));
+        Inspection::readProductFile(invocation.productFile);
         return showStatus(connection, words->format);
     };
     return command;
@@ -223,7 +223,7 @@ Command supersededCommand()
     command.examples = {{"editor-settings studio superseded", "What lost, when, and from where; exit status 1 where no server is named."}};
     command.isLong = true;
     command.run = [format](Invocation const& invocation) {
-        Inspection::declareOwnKeys(Host::ProductFile(invocation.productFile));
+        Inspection::readProductFile(invocation.productFile);
         std::vector<SupersededValue> const all = Inspection::openStudioServer(connectionFor({}, invocation.productFile))->superseded();
         *format == Format::json ? printAsJson(all) : printAsTable(all, *format);
         return 0;
@@ -236,7 +236,7 @@ Command supersededCommand()
 // The server, and the stores as an editor of this workstation has them.
 struct Bound {
     explicit Bound(Invocation const& invocation)
-        : product(std::make_shared<Host::ProductFile>(invocation.productFile)),
+        : product(Inspection::readProductFile(invocation.productFile)),
           server(Inspection::openStudioServer(connectionFor({}, invocation.productFile))),
           application(product, {invocation.storeFolder,
                                 Host::StorePolicy::leaveOutUnusable,
@@ -244,7 +244,6 @@ struct Bound {
                                 {},
                                 [this](auto const& name, auto const& local) { return server->store(name, local); }})
     {
-        Inspection::declareOwnKeys(*product);
         if (StudioStatus const status = server->status(); status.problem)
             throw Storage::StorageError(*status.problem);
     }
@@ -263,8 +262,7 @@ void giveValue(Bound const& studio, std::string const& key, GivenValue const& wo
 {
     PreferenceState const found = preferenceToWrite(studio.application, key);
     Catalogue::Value const value = valueIn(found, words);
-    bool const isStrict = false;
-    write(found, value, isStrict, [&] {
+    write(found, value, words.isStrict, [&] {
         for (auto const& [stored, row] : Inspection::rowsFor(found, value))
             studio.server->set(studio.storeOf(found), stored, row, locks);
     });

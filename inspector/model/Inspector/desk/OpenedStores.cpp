@@ -71,8 +71,7 @@ void OpenedStores::readProductFile()
     m_productError.clear();
     m_isDeclaredAsBefore = false;
     try {
-        m_product = std::make_shared<Host::ProductFile>(m_place.productFile);
-        Inspection::declareOwnKeys(*m_product);
+        m_product = Inspection::readProductFile(m_place.productFile);
     } catch (Host::ProductFileError const& error) {
         m_product.reset();
         m_productError = error.what();

@@ -120,7 +120,8 @@ std::vector<Option> valueOptions(std::string& key, GivenValue& words)
                        "Stores what the file holds, or standard input where it is -: byte for byte, but for a list one "
                        "element on each line")
                 .of("FILE")
-                .excluding({"VALUE", "--empty"})};
+                .excluding({"VALUE", "--empty"}),
+            Option("--strict", &words.isStrict, "Refuses what the editor cannot use, instead of a warning")};
 }
 
 PreferenceState knownPreference(Host::Application const& application, std::string const& key, std::string const& adviceOnOwnKeys)

@@ -26,6 +26,7 @@ struct GivenValue {
     std::vector<std::string> values;
     std::string file;
     bool isEmpty = false;
+    bool isStrict = false; ///< Whether a value that the editor cannot use is refused.
 
     bool isMissing() const { return values.empty() && file.empty() && !isEmpty; }
 };
