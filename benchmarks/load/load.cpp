@@ -151,7 +151,7 @@ Bench::Registration const registration([] {
                    "the empty program has other libraries");
     std::string const get = "processor time of get";
     std::string const folder = stores.folder().string();
-    addCpuTime(get, "tool", {TOOL, "--home", folder, "get", "autoDownloadUpdates"});
+    addCpuTime(get, "tool", {TOOL, "--home", folder, "get", "audioRecordPath"});
     addCpuTime(get, "kreadconfig5", {"kreadconfig5", "--file", folder + "/bench.rc", "--group", "updates", "--key", "automatic"});
     addCpuTime(get, "gsettings", {"gsettings", "--schemadir", folder, "get", "bench.updates", "automatic"});
     std::string const load = "loading into a process with Qt";

@@ -317,10 +317,8 @@ std::optional<Store> storeOfKey(std::string const& key)
         return row->store;
     if (std::optional<Member> const member = memberOfAFamily(key))
         return member->family->store;
-    if (std::optional<OwnKeys::Match> const match = ownKeys().find(key))
-        return storeOf(*match->declaration);
-    Preference const* const row = Catalogue::findPreferenceByGetter(key);
-    return row ? std::optional(row->store) : std::nullopt;
+    std::optional<OwnKeys::Match> const match = ownKeys().find(key);
+    return match ? std::optional(storeOf(*match->declaration)) : std::nullopt;
 }
 
 namespace {

@@ -62,7 +62,7 @@ struct PreferenceState {
 /// What is known of `key`; nullopt for a key that the library never asks for, that is not declared, and that neither store holds,
 /// and for half of a declared rational. An undeclared key that both stores hold is looked at in the product's.
 std::optional<PreferenceState> preferenceState(Host::Application const& application, std::string const& key);
-/// The store in which `key`, or the preference of that getter, is looked for; nullopt where both are, as for an undeclared key.
+/// The store in which `key` is looked for; nullopt where both are, as for an undeclared key.
 std::optional<Catalogue::Store> storeOfKey(std::string const& key);
 /// All preferences and declared keys, and whatever else is stored, sorted by key. What is stored is passed to `isLeftOut` first, for a
 /// caller that knows some undeclared keys already.
