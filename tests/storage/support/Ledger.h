@@ -27,7 +27,7 @@ public:
     void change(Storage::SqliteStorage& store, int key);
 
     /// What is wrong with what the store holds, nothing where it is as it must be. What was seen once is settled: a value
-    /// that goes away again, or comes up later, is wrong from then on.
+    /// that is undone again, or comes up later, is wrong from then on.
     std::string wrong(Storage::SqliteStorage const& store);
 
     /// As `wrong`, for one key, read by itself.

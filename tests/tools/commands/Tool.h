@@ -34,7 +34,7 @@ protected:
         return ended.out;
     }
 
-    // The reason for which the tool must say no, printing nothing.
+    // The error of a tool that must refuse, and print nothing.
     std::string refused(std::vector<std::string> const& arguments, int status = 1)
     {
         Ended const ended = tool(arguments);

@@ -313,6 +313,13 @@ TEST_F(OwnKeys, KeyOfTheLibraryIsRefusedWithItsLineByEveryVerb)
     EXPECT_NE(doctor.out.find("\nerror\tproduct-file\t" + file + '\t' + reason), std::string::npos) << doctor.out;
 }
 
+TEST_F(OwnKeys, GetOpensTheStoreOfADeclaredKeyAlone)
+{
+    m_home.write(".local/share/Maker/Product/product-settings.sqlite", "not a store");
+    EXPECT_EQ(said({"get", "my.starts"}), "0\n");
+    EXPECT_EQ(refused({"get", "my.snap"}).find("editor-settings: " + product() + ": cannot open the store"), 0u);
+}
+
 // --- Undeclared ---
 
 TEST_F(OwnKeys, UndeclaredKeyIsListedReadExplainedAndUnset)

@@ -20,37 +20,46 @@ Option const* findOption(std::vector<Option> const& options, std::string const& 
 
 bool takesNextWord(Option const& option, std::string const& word) { return option.takesValue() && word.find('=') == std::string::npos; }
 
+using Words = std::vector<std::string>;
+
+// A verb and those below it, as they are typed.
+struct TypedVerbs {
+    std::vector<Words::iterator> places;
+    std::vector<Option> options; // of them all
+};
+
+TypedVerbs typedVerbs(Words& words, std::vector<Command> const& commands)
+{
+    TypedVerbs result;
+    std::vector<Command> const* level = &commands;
+    for (auto word = words.begin(); word != words.end(); ++word)
+        if (Command const* const command = findVerb(*level, *word)) {
+            result.places.push_back(word);
+            result.options.insert(result.options.end(), command->options.begin(), command->options.end());
+            level = &command->verbs;
+        }
+    return result;
+}
+
 } // namespace
 
 std::vector<std::string> verbFirst(std::vector<std::string> words, std::vector<Option> const& global, std::vector<Command> const& commands)
 {
-    // Where the verb stands, and each verb below it, and the options of them all.
-    std::vector<std::vector<std::string>::iterator> verbs;
-    std::vector<Option> own;
+    TypedVerbs const verbs = typedVerbs(words, commands);
+    Words sorted;
+    Words moved;
     auto word = words.begin();
-    for (std::vector<Command> const* level = &commands;;) {
-        word = std::find_if(word, words.end(), [&](std::string const& each) { return findVerb(*level, each); });
-        if (word == words.end())
-            break;
-        Command const& command = *findVerb(*level, *word);
-        verbs.push_back(word++);
-        own.insert(own.end(), command.options.begin(), command.options.end());
-        level = &command.verbs;
-    }
-
-    std::vector<std::string> sorted;
-    std::vector<std::string> moved;
-    word = words.begin();
-    for (auto const& verb : verbs) {
+    for (auto const& verb : verbs.places) {
         while (word != verb) {
-            Option const* const ofVerb = findOption(own, *word);
+            Option const* const ofVerb = findOption(verbs.options, *word);
             Option const* const option = ofVerb ? ofVerb : findOption(global, *word);
             if (!option)
                 return words;
             auto const next = word + (takesNextWord(*option, *word) ? 2 : 1);
             if (next > verb)
                 return words;
-            (ofVerb ? moved : sorted).insert((ofVerb ? moved : sorted).end(), word, next);
+            Words& target = ofVerb ? moved : sorted;
+            target.insert(target.end(), word, next);
             word = next;
         }
         sorted.push_back(*word++);

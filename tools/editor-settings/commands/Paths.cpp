@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commands/Commands.h"
 #include "commands/Reference.h"
+#include "commands/values/GivenValue.h"
 #include "commands/values/Output.h"
 #include "terminal/Escaping.h"
 #include "terminal/Suggestions.h"
@@ -59,8 +60,6 @@ LocationState oneLocation(PathsOptions const& options)
                                      joined(accepted, "' or '"), "'"));
     return location ? Inspection::locationState(*location, options.argument) : Inspection::locationState(*preference);
 }
-
-bool isPattern(std::string const& name) { return name.find_first_of("*?[") != std::string::npos; }
 
 std::vector<LocationState> askedLocations(PathsOptions const& options)
 {

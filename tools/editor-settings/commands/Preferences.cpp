@@ -262,10 +262,11 @@ void warnOfNoPattern(std::vector<PreferenceState> const& all, std::string const&
     if (word.empty() || isPattern(word) || std::any_of(all.begin(), all.end(), isMeant))
         return;
     std::string const found = spelledInAKey(all, word);
-    printError(absl::StrCat(
-        "no key is ", quotedBriefly(word),
-        found.empty() ? ", and none holds it"
-                      : absl::StrCat("; 'editor-settings list ", Inspection::shellWord('*' + found + '*'), "' shows those that hold it")));
+    printError(absl::StrCat("no key is ", quotedBriefly(word),
+                            found.empty() ? ", and none holds it"
+                                          : absl::StrCat("; 'editor-settings list ",
+                                                         Inspection::shellWord('*' + shortened(onOneLine(found), 200) + '*'),
+                                                         "' shows those that hold it")));
 }
 
 // Before the value, which may be long; for scripts the last, so that the others stay where they are without a studio.
