@@ -3,7 +3,7 @@
 // The document that an import reads: an accepted one survives the round trip and holds nothing that a store refuses; a
 // refused one has an error with a fault and a remedy in printable text.
 #include <support/Fuzz.h>
-#include <support/NaiveNames.h>
+#include <support/names/NaiveNames.h>
 
 #include <Inspection/ExportDocument.h>
 

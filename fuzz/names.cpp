@@ -6,7 +6,7 @@
 // then a line for each entry of the folder: the name of a file; with "/" after it a folder; with "/" and anything more a
 // link to that.
 #include <support/Fuzz.h>
-#include <support/NaiveNames.h>
+#include <support/names/NaiveNames.h>
 
 #include <QFile>
 

@@ -4,7 +4,7 @@
 //
 // An input is the file's content.
 #include <support/Fuzz.h>
-#include <support/NaiveNames.h>
+#include <support/names/NaiveNames.h>
 
 #include <Host/ProductFile.h>
 

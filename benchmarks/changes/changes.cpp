@@ -3,7 +3,7 @@
 // How soon the change of another process is reported, from the return of its call to the slot, with inotify and without; and the
 // processor's time that watching takes while nothing changes. Two stores of sixty settings on the disk, all keys chosen.
 #include <support/Bench.h>
-#include <support/RefusedHints.h>
+#include <support/interposed/RefusedHints.h>
 
 #include <Notifier/Notifier.h>
 #include <Storage/SqliteStorage.h>

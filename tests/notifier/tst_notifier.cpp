@@ -8,7 +8,7 @@
 #include <storage/support/MemoryFolder.h>
 #include <storage/support/OtherProcess.h>
 #include <support/OtherProgram.h>
-#include <support/RefusedHints.h>
+#include <support/interposed/RefusedHints.h>
 
 #include <QCoreApplication>
 #include <QThread>

@@ -5,7 +5,7 @@
 #include <Storage/watch/ChangeHints.h>
 #include <storage/support/StoreFolder.h>
 
-#include <support/RefusedHints.h>
+#include <support/interposed/RefusedHints.h>
 
 #include <unistd.h>
 

@@ -5,7 +5,7 @@
 
 #include <support/Json.h>
 
-#include <tools/commands/Monitoring.h>
+#include <tools/commands/stores/Monitoring.h>
 
 class StudioMonitor : public Monitoring<SharedStudio> {
 protected:

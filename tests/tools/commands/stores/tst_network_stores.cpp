@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Stores on a network file system, as NetworkFolder.cpp simulates one: the tool uses them only on request.
-#include "Tool.h"
+#include <tools/commands/Tool.h>
 
 #include <Storage/SqliteStorage.h>
 

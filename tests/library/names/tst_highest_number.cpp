@@ -4,10 +4,10 @@
 #include <Settings/RunningNumber.h>
 #include <TestKit/TemporaryHome.h>
 
-#include <support/EntryKinds.h>
-#include <support/FileNameCodec.h>
 #include <support/Named.h>
 #include <support/Tally.h>
+#include <support/names/EntryKinds.h>
+#include <support/names/FileNameCodec.h>
 
 #include <QDir>
 #include <QFileInfo>

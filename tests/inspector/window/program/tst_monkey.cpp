@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "WindowTest.h"
+#include <inspector/window/WindowTest.h>
 
 #include <QAbstractScrollArea>
 #include <QFileDialog>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // The verb "doctor": its output in each format, and its exit status.
-#include "LastingFolder.h"
-#include "Tool.h"
+#include <tools/commands/LastingFolder.h>
+#include <tools/commands/Tool.h>
 
 #include <Storage/SqliteStorage.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Folders of a network that is gone: the system answers late or never, and nobody waits for it.
-#include "DeskTest.h"
+#include <inspector/model/DeskTest.h>
 
 #include <QElapsedTimer>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The manual page, which is made from the verbs themselves, has every verb and option of the help.
-#include "Tool.h"
+#include <tools/commands/Tool.h>
 
 #include <support/Patterns.h>
 

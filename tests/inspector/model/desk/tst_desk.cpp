@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // What the desk finds in stores of every condition, and that it changes none of them while it looks.
-#include "DeskTest.h"
+#include <inspector/model/DeskTest.h>
 
 #include <storage/support/StoreFolder.h>
 

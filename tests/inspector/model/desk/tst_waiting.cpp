@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Requests that wait for others, and that nobody wants any more.
-#include "DeskTest.h"
+#include <inspector/model/DeskTest.h>
 
 namespace {
 

@@ -2,7 +2,7 @@
 //
 // The verbs that carry stored values from one place to another: what an export holds, what an import takes and what it
 // leaves as it is, and how the two differ.
-#include "Tool.h"
+#include <tools/commands/Tool.h>
 
 #include <support/Documents.h>
 #include <support/Json.h>

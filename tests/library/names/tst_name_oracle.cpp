@@ -3,11 +3,11 @@
 // The generated names told a second time, as plainly as can be, and compared with the library on random folders. What
 // is random follows from a seed, which a failure prints; the environment variable EDITOR_SETTINGS_SEED repeats it.
 #include <support/BoundLibrary.h>
-#include <support/EntryKinds.h>
-#include <support/FileNameCodec.h>
-#include <support/NaiveNames.h>
 #include <support/Named.h>
 #include <support/Tally.h>
+#include <support/names/EntryKinds.h>
+#include <support/names/FileNameCodec.h>
+#include <support/names/NaiveNames.h>
 
 #include <QFile>
 #include <QLocale>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Backups of both stores on the command line.
-#include "Tool.h"
+#include <tools/commands/Tool.h>
 
 #include <Storage/SqliteStorage.h>
 

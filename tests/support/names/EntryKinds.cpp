@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The two functions of the C library that list a folder, in front of its own.
-#include <support/EntryKinds.h>
+#include <support/names/EntryKinds.h>
 
 #include <dirent.h>
 #include <dlfcn.h>

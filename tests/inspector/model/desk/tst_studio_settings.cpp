@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Settings of a product that belongs to a studio: whose a value is, and what the studio lets nobody change.
-#include "DeskTest.h"
+#include <inspector/model/DeskTest.h>
 
 #include <studio/support/ServerTest.h>
 #include <support/Process.h>

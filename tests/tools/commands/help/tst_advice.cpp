@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The error texts, word for word: what is wrong, and what to do.
-#include "Tool.h"
+#include <tools/commands/Tool.h>
 
 #include <Storage/SqliteStorage.h>
 

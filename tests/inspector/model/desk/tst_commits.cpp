@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // What is stored, over what, and the answers.
-#include "DeskTest.h"
+#include <inspector/model/DeskTest.h>
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Completion: what the program offers at the cursor, and each shell that asks it.
-#include "Tool.h"
+#include <tools/commands/Tool.h>
 
 #include <Storage/SqliteStorage.h>
 

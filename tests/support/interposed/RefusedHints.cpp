@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <support/RefusedHints.h>
+#include <support/interposed/RefusedHints.h>
 
 #include <atomic>
 #include <cerrno>

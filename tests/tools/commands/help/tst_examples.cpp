@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // The examples of the help: each is run as it stands, in a home where it makes sense.
-#include "LastingFolder.h"
-#include "Tool.h"
+#include <tools/commands/LastingFolder.h>
+#include <tools/commands/Tool.h>
 
 #include <support/Named.h>
 #include <support/Patterns.h>

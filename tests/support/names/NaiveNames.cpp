@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <support/NaiveNames.h>
+#include <support/names/NaiveNames.h>
 
 #include <QFile>
 #include <QRegExp>

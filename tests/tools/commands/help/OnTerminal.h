@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Tool.h"
+#include <tools/commands/Tool.h>
 
 #include <algorithm>
 #include <cstdlib>
