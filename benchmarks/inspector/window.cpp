@@ -268,7 +268,7 @@ private:
     QLineEdit* m_search = nullptr;
 };
 
-void tell(char const* name, double figure) { std::cout << name << '\t' << figure << std::endl; }
+void print(char const* name, double figure) { std::cout << name << '\t' << figure << std::endl; }
 
 double percentile(std::vector<double> all, std::size_t percent)
 {
@@ -314,7 +314,7 @@ double ownMemory()
 void measureMemory(Window& window, int)
 {
     window.runFor(2s); // folders and stores are examined after the first look
-    tell("RssAnon in MB", ownMemory());
+    print("RssAnon in MB", ownMemory());
 }
 
 // The changes of an hour at ten a second, and a search for each 36 of them.
@@ -332,7 +332,7 @@ void measureHour(Window& window, int changes)
         window.runFor(1s);
     window.comes([&] { return window.cellOf("number") == QString::number(changes); });
     window.runFor(2s);
-    tell("MB more than before", ownMemory() - before);
+    print("MB more than before", ownMemory() - before);
 }
 
 // --- Searches ---
@@ -375,9 +375,9 @@ void measureSearches(Window& window, int rounds)
         worst = std::max(worst, percentile(of, 95));
         all.insert(all.end(), of.begin(), of.end());
     }
-    tell("median in ms", percentile(all, 50));
-    tell("95th percentile in ms", percentile(all, 95));
-    tell("of the slowest search in ms", worst);
+    print("median in ms", percentile(all, 50));
+    print("95th percentile in ms", percentile(all, 95));
+    print("of the slowest search in ms", worst);
 }
 
 // --- Changes of others ---
@@ -397,9 +397,9 @@ void measureChanges(Window& window, int count)
         Clock::time_point const returned{Clock::duration(changer.readLine().trimmed().toLongLong())};
         all.push_back(std::max(0.0, Milliseconds(painted - returned).count()));
     }
-    tell("median in ms", percentile(all, 50));
-    tell("95th percentile in ms", percentile(all, 95));
-    tell("processor time of each in ms", Milliseconds(processorTime(CLOCK_PROCESS_CPUTIME_ID) - before).count() / count);
+    print("median in ms", percentile(all, 50));
+    print("95th percentile in ms", percentile(all, 95));
+    print("processor time of each in ms", Milliseconds(processorTime(CLOCK_PROCESS_CPUTIME_ID) - before).count() / count);
     changer.closeWriteChannel();
     changer.waitForFinished();
 }
@@ -411,7 +411,7 @@ void measureRest(Window& window, int seconds)
     window.runFor(2s); // until all was looked at
     Seconds const before = processorTime(CLOCK_PROCESS_CPUTIME_ID);
     window.runFor(std::chrono::seconds(seconds));
-    tell("millionths of a core", 1e6 * (processorTime(CLOCK_PROCESS_CPUTIME_ID) - before).count() / seconds);
+    print("millionths of a core", 1e6 * (processorTime(CLOCK_PROCESS_CPUTIME_ID) - before).count() / seconds);
 }
 
 // --- The longest gap between two turns of the loop ---
@@ -428,8 +428,8 @@ public:
     ~Heartbeat()
     {
         beat();
-        tell("longest gap in ms", m_longest.count());
-        tell("most processor time in a gap in ms", m_most.count());
+        print("longest gap in ms", m_longest.count());
+        print("most processor time in a gap in ms", m_most.count());
     }
     Heartbeat(Heartbeat const&) = delete;
     Heartbeat& operator=(Heartbeat const&) = delete;

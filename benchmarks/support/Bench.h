@@ -103,7 +103,7 @@ benchmark::internal::Benchmark* addAfter(std::string const& row, std::string con
 }
 
 /// Adds the benchmark "row/library", which does `work` and `floor` by turns of so many calls, so that a neighbour's load
-/// meets both alike; `prepare` is told the state before. The counter "floor" is the time of a floor in nanoseconds. Turns
+/// meets both alike; `prepare` gets the state before. The counter "floor" is the time of a floor in nanoseconds. Turns
 /// of several calls are for calls that are short; their number is to be set, as the time of one call would give too many.
 template <typename Preparation, typename Work, typename Floor>
 benchmark::internal::Benchmark* addByTurns(std::string const& row, Preparation prepare, Work work, Floor floor, int calls = 1)

@@ -7,6 +7,7 @@
 
 #include <QDir>
 
+#include <array>
 #include <filesystem>
 #include <map>
 #include <system_error>
@@ -143,6 +144,29 @@ PathStatus readPathStatus(QString const& path)
 PathStatus statusOnDisk(QString const& path, PathUse use)
 {
     return use == PathUse::written ? writtenFolderStatus(path) : readPathStatus(path);
+}
+
+// In the order of PathReason.
+char const* reasonName(PathReason reason)
+{
+    static constexpr std::array words = {"",
+                                         "no-path",
+                                         "joined",
+                                         "embedded",
+                                         "empty",
+                                         "holds-nul",
+                                         "relative",
+                                         "dangling-link",
+                                         "unreachable",
+                                         "not-a-folder",
+                                         "not-writable",
+                                         "not-readable",
+                                         "home-folder",
+                                         "can-be-made",
+                                         "missing",
+                                         "unanswered"};
+    static_assert(words.size() == static_cast<std::size_t>(PathReason::unanswered) + 1);
+    return words.at(static_cast<std::size_t>(reason));
 }
 
 std::string remark(PathStatus const& status)

@@ -52,6 +52,8 @@ using PathLook = std::function<PathStatus(QString const& path, PathUse use)>;
 /// Asks the system, which may take minutes to answer for a folder on a network that is gone.
 PathStatus statusOnDisk(QString const& path, PathUse use);
 
+/// The word for scripts, which no version changes, such as "dangling-link"; empty for `none`.
+char const* reasonName(PathReason reason);
 /// `status.reason` in words, with paths in raw bytes; empty for `none`.
 std::string remark(PathStatus const& status);
 /// What makes a folder usable where it is, such as "remove the link"; empty where only another path helps.

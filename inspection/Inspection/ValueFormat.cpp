@@ -43,7 +43,7 @@ constexpr std::array<TypeNames, std::variant_size_v<Value>> typeNames = {
 
 TypeNames const& type(Value const& value) { return typeNames[value.index()]; }
 
-// In the order of Refusal.
+// In the order of ValueFault.
 constexpr std::array acceptedForms = {
     "give true or false (or yes, no, on, off, 1, 0)",
     "give a whole number from -2147483648 to 2147483647",
@@ -65,7 +65,7 @@ bool parsedBool(std::string const& word)
     for (char const* no : {"false", "no", "off", "0"})
         if (lower == no)
             return false;
-    throw ValueError(Refusal::notBool, word);
+    throw ValueError(ValueFault::notBool, word);
 }
 
 int parsedInt(std::string const& word)
@@ -75,14 +75,14 @@ int parsedInt(std::string const& word)
     char const* const last = word.data() + word.size();
     auto const [end, error] = std::from_chars(first, last, value);
     if (error != std::errc() || end != last)
-        throw ValueError(Refusal::notInt, word);
+        throw ValueError(ValueFault::notInt, word);
     return value;
 }
 
 QString parsedText(std::string const& word)
 {
     if (!isUtf8(word))
-        throw ValueError(Refusal::notUtf8, word);
+        throw ValueError(ValueFault::notUtf8, word);
     return QString::fromStdString(word);
 }
 
@@ -90,7 +90,7 @@ QByteArray parsedBytes(std::string const& word)
 {
     std::optional<std::string> const bytes = fromBase64(word);
     if (!bytes || toBase64(*bytes) != word)
-        throw ValueError(Refusal::notBase64, word);
+        throw ValueError(ValueFault::notBase64, word);
     return QByteArray::fromStdString(*bytes);
 }
 
@@ -100,12 +100,12 @@ QStringList parsedList(std::vector<std::string> const& words)
     for (std::string const& word : words) {
         QString const element = parsedText(word);
         if (element.isEmpty())
-            throw ValueError(Refusal::emptyElement, word);
+            throw ValueError(ValueFault::emptyElement, word);
         if (!Catalogue::survivesRoundTrip({element}))
-            throw ValueError(Refusal::separatorInElement, word);
+            throw ValueError(ValueFault::separatorInElement, word);
         // A separator reaches from one element into the next at most, so the check of each two finds all.
         if (!list.isEmpty() && !Catalogue::survivesRoundTrip({list.last(), element}))
-            throw ValueError(Refusal::separatorAcrossElements, word);
+            throw ValueError(ValueFault::separatorAcrossElements, word);
         list.append(element);
     }
     return list;
@@ -115,7 +115,7 @@ Value parsedRational(std::string const& word)
 {
     std::optional<Host::OwnKey::Rational> const value = Host::rationalIn(word);
     if (!value || !Host::isStorable(*value))
-        throw ValueError(Refusal::notRational, word);
+        throw ValueError(ValueFault::notRational, word);
     return *value;
 }
 
@@ -133,7 +133,7 @@ struct Parser {
     std::string const& onlyWord() const
     {
         if (words.size() != 1)
-            throw ValueError(Refusal::wordCount);
+            throw ValueError(ValueFault::wordCount);
         return words.front();
     }
 };
@@ -174,8 +174,8 @@ struct AsJson {
 
 } // namespace
 
-ValueError::ValueError(Refusal refusal, std::string refusedWord)
-    : std::invalid_argument(acceptedForms.at(static_cast<std::size_t>(refusal))), reason(refusal), word(std::move(refusedWord))
+ValueError::ValueError(ValueFault fault, std::string refusedWord)
+    : std::invalid_argument(acceptedForms.at(static_cast<std::size_t>(fault))), reason(fault), word(std::move(refusedWord))
 {}
 
 std::string typeName(Value const& value) { return type(value).name; }

@@ -17,7 +17,7 @@
 namespace Inspection {
 
 /// Why words are refused as a value.
-enum class Refusal {
+enum class ValueFault {
     notBool,
     notInt,
     notBase64,
@@ -32,10 +32,10 @@ enum class Refusal {
 /// Words that are no value of the wanted type; `what()` tells a user what is accepted.
 class ValueError : public std::invalid_argument {
 public:
-    explicit ValueError(Refusal refusal, std::string refusedWord = {});
+    explicit ValueError(ValueFault fault, std::string refusedWord = {});
 
-    Refusal reason;
-    std::string word; ///< The refused word, byte for byte; empty for `Refusal::wordCount`.
+    ValueFault reason;
+    std::string word; ///< The refused word, byte for byte; empty for `ValueFault::wordCount`.
 };
 
 /// The type of a value: "bool", "int", "text", "bytes", "list" or "rational".

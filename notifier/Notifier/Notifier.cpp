@@ -20,9 +20,9 @@ std::vector<QString> namesOf(std::vector<Notifier::Store> const& stores)
     return names;
 }
 
-std::vector<StoreFile> filesOf(std::vector<Notifier::Store> const& stores)
+std::vector<WatchedStore> filesOf(std::vector<Notifier::Store> const& stores)
 {
-    std::vector<StoreFile> files;
+    std::vector<WatchedStore> files;
     for (Notifier::Store const& store : stores)
         files.push_back({std::filesystem::absolute(store.file), store.options});
     return files;

@@ -21,10 +21,10 @@ bool isChosen(Selection const& selection, std::string const& key)
     return selection.keys.count(key) > 0 || std::any_of(selection.prefixes.begin(), selection.prefixes.end(), begins);
 }
 
-std::vector<std::filesystem::path> pathsOf(std::vector<StoreFile> const& files)
+std::vector<std::filesystem::path> pathsOf(std::vector<WatchedStore> const& files)
 {
     std::vector<std::filesystem::path> paths;
-    for (StoreFile const& file : files)
+    for (WatchedStore const& file : files)
         paths.push_back(file.path);
     return paths;
 }
@@ -33,9 +33,9 @@ std::vector<std::filesystem::path> pathsOf(std::vector<StoreFile> const& files)
 
 // The hints are asked for before the first look, so that none is missed.
 struct Worker::Watch {
-    explicit Watch(std::vector<StoreFile> const& files) : hints(pathsOf(files))
+    explicit Watch(std::vector<WatchedStore> const& files) : hints(pathsOf(files))
     {
-        for (StoreFile const& file : files)
+        for (WatchedStore const& file : files)
             watchers.emplace_back(file.path, file.options);
         hasBaseline.resize(files.size());
     }
@@ -48,7 +48,7 @@ struct Worker::Watch {
     bool isTold = false;
 };
 
-Worker::Worker(std::vector<StoreFile> files, std::function<void()> haveNews, std::function<void()> check)
+Worker::Worker(std::vector<WatchedStore> files, std::function<void()> haveNews, std::function<void()> check)
     : m_files(std::move(files)), m_haveNews(std::move(haveNews)), m_check(std::move(check))
 {}
 

@@ -20,7 +20,7 @@
 namespace Notifier {
 
 /// A store, and how it is opened.
-struct StoreFile {
+struct WatchedStore {
     std::filesystem::path path;
     Storage::SqliteStorage::Options options;
 };
@@ -44,7 +44,7 @@ class Worker {
 public:
     /// `haveNews` is called when there is something to take, by the worker's thread or by that of `report`; `check` after
     /// `requestCheck`, by the worker's thread.
-    Worker(std::vector<StoreFile> files, std::function<void()> haveNews, std::function<void()> check);
+    Worker(std::vector<WatchedStore> files, std::function<void()> haveNews, std::function<void()> check);
     ~Worker();
     Worker(Worker const&) = delete;
     Worker& operator=(Worker const&) = delete;
@@ -71,7 +71,7 @@ private:
     void look(Watch& watch);
     void tell(std::function<void(News&)> const& add);
 
-    std::vector<StoreFile> const m_files;
+    std::vector<WatchedStore> const m_files;
     std::function<void()> const m_haveNews;
     std::function<void()> const m_check;
     Storage::WakeUp const m_wake; // when the thread must not wait

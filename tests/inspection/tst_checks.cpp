@@ -512,12 +512,6 @@ INSTANTIATE_TEST_SUITE_P(
              "warning|list-changes|product|favorites_x||the stored list would be another one when it is read and stored again, as it has "
              "empty elements or a part of the separator",
              "have the editor store it again"},
-        Held{"GreatestNumber", [](SqliteStorage& product, SqliteStorage&) { product.setInt("npsSendCount", INT_MAX); },
-             "warning|number-edge|product|npsSendCount||it holds 2147483647, at the edge of its range: counting on would leave it",
-             "'editor-settings unset npsSendCount' removes it, so that the default holds"},
-        Held{"SmallestNumber", [](SqliteStorage& product, SqliteStorage&) { product.setInt("npsValueToSend", INT_MIN); },
-             "warning|number-edge|product|npsValueToSend||it holds -2147483648, at the edge of its range: counting on would leave it",
-             "'editor-settings unset npsValueToSend' removes it, so that the default holds"},
         Held{"NameThatTheLibraryLacks", [](SqliteStorage& product, SqliteStorage&) { product.setString("freezedFileFormat", "later"); },
              "warning|unusable-value|product|freezedFileFormat||the editor cannot use the stored value: the library has no such name",
              "'editor-settings explain freezedFileFormat' shows what it accepts; 'editor-settings unset freezedFileFormat' removes it, so "

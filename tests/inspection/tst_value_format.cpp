@@ -11,7 +11,7 @@
 #include <limits>
 
 using Catalogue::Value;
-using Inspection::Refusal;
+using Inspection::ValueFault;
 
 namespace {
 
@@ -86,7 +86,7 @@ struct Refused {
     char const* meaning;
     Value like;
     std::vector<std::string> words;
-    Refusal reason;
+    ValueFault reason;
     std::string word;
 };
 
@@ -107,43 +107,43 @@ TEST_P(RefusedWords, TellReasonAndWord)
 INSTANTIATE_TEST_SUITE_P(
     Table, RefusedWords,
     testing::Values(
-        Refused{"NumberForABool", aBool, {"2"}, Refusal::notBool, "2"},
-        Refused{"NothingForABool", aBool, {""}, Refusal::notBool, ""},
-        Refused{"BlankAfterABool", aBool, {"true "}, Refusal::notBool, "true "},
-        Refused{"WordForANumber", anInt, {"many"}, Refusal::notInt, "many"},
-        Refused{"NothingForANumber", anInt, {""}, Refusal::notInt, ""},
-        Refused{"FractionForANumber", anInt, {"1.5"}, Refusal::notInt, "1.5"},
-        Refused{"NumberTooLarge", anInt, {"2147483648"}, Refusal::notInt, "2147483648"},
-        Refused{"NumberTooSmall", anInt, {"-2147483649"}, Refusal::notInt, "-2147483649"},
-        Refused{"TwoSigns", anInt, {"+-1"}, Refusal::notInt, "+-1"},
-        Refused{"PlusAlone", anInt, {"+"}, Refusal::notInt, "+"},
-        Refused{"BlankBeforeANumber", anInt, {" 1"}, Refusal::notInt, " 1"},
-        Refused{"BlankAfterANumber", anInt, {"1 "}, Refusal::notInt, "1 "},
-        Refused{"NotBase64", bytes, {"a*b"}, Refusal::notBase64, "a*b"},
-        Refused{"BitsThatMakeNoByte", bytes, {"A"}, Refusal::notBase64, "A"},
-        Refused{"BitsLeftOver", bytes, {"AB=="}, Refusal::notBase64, "AB=="},
-        Refused{"Base64WithoutPadding", bytes, {"AP8"}, Refusal::notBase64, "AP8"},
-        Refused{"BlankInBase64", bytes, {"AP 8="}, Refusal::notBase64, "AP 8="},
-        Refused{"FileNameForBytes", bytes, {"@file"}, Refusal::notBase64, "@file"},
-        Refused{"TextWithAByteOrderMark", aText, {"\xEF\xBB\xBFx"}, Refusal::notUtf8, "\xEF\xBB\xBFx"},
-        Refused{"TextThatIsNotUtf8", aText, {"a\xFF"}, Refusal::notUtf8, "a\xFF"},
-        Refused{"NarrowTextCutInALetter", narrowText, {"a\xC3"}, Refusal::notUtf8, "a\xC3"},
-        Refused{"ElementThatIsNotUtf8", aList, {"a", "\xFF"}, Refusal::notUtf8, "\xFF"},
-        Refused{"EmptyElement", aList, {"a", ""}, Refusal::emptyElement, ""},
-        Refused{"ElementWithTheSeparator", aList, {"a", "x|#|y"}, Refusal::separatorInElement, "x|#|y"},
-        Refused{"ElementsThatMakeTheSeparator", aList, {"a|#", "|b"}, Refusal::separatorAcrossElements, "|b"},
-        Refused{"LaterElementsThatMakeTheSeparator", aList, {"x", "a|#", "|b"}, Refusal::separatorAcrossElements, "|b"},
-        Refused{"TwoNumbers", anInt, {"1", "2"}, Refusal::wordCount, ""},
-        Refused{"NoWordForAText", aText, {}, Refusal::wordCount, ""}),
+        Refused{"NumberForABool", aBool, {"2"}, ValueFault::notBool, "2"},
+        Refused{"NothingForABool", aBool, {""}, ValueFault::notBool, ""},
+        Refused{"BlankAfterABool", aBool, {"true "}, ValueFault::notBool, "true "},
+        Refused{"WordForANumber", anInt, {"many"}, ValueFault::notInt, "many"},
+        Refused{"NothingForANumber", anInt, {""}, ValueFault::notInt, ""},
+        Refused{"FractionForANumber", anInt, {"1.5"}, ValueFault::notInt, "1.5"},
+        Refused{"NumberTooLarge", anInt, {"2147483648"}, ValueFault::notInt, "2147483648"},
+        Refused{"NumberTooSmall", anInt, {"-2147483649"}, ValueFault::notInt, "-2147483649"},
+        Refused{"TwoSigns", anInt, {"+-1"}, ValueFault::notInt, "+-1"},
+        Refused{"PlusAlone", anInt, {"+"}, ValueFault::notInt, "+"},
+        Refused{"BlankBeforeANumber", anInt, {" 1"}, ValueFault::notInt, " 1"},
+        Refused{"BlankAfterANumber", anInt, {"1 "}, ValueFault::notInt, "1 "},
+        Refused{"NotBase64", bytes, {"a*b"}, ValueFault::notBase64, "a*b"},
+        Refused{"BitsThatMakeNoByte", bytes, {"A"}, ValueFault::notBase64, "A"},
+        Refused{"BitsLeftOver", bytes, {"AB=="}, ValueFault::notBase64, "AB=="},
+        Refused{"Base64WithoutPadding", bytes, {"AP8"}, ValueFault::notBase64, "AP8"},
+        Refused{"BlankInBase64", bytes, {"AP 8="}, ValueFault::notBase64, "AP 8="},
+        Refused{"FileNameForBytes", bytes, {"@file"}, ValueFault::notBase64, "@file"},
+        Refused{"TextWithAByteOrderMark", aText, {"\xEF\xBB\xBFx"}, ValueFault::notUtf8, "\xEF\xBB\xBFx"},
+        Refused{"TextThatIsNotUtf8", aText, {"a\xFF"}, ValueFault::notUtf8, "a\xFF"},
+        Refused{"NarrowTextCutInALetter", narrowText, {"a\xC3"}, ValueFault::notUtf8, "a\xC3"},
+        Refused{"ElementThatIsNotUtf8", aList, {"a", "\xFF"}, ValueFault::notUtf8, "\xFF"},
+        Refused{"EmptyElement", aList, {"a", ""}, ValueFault::emptyElement, ""},
+        Refused{"ElementWithTheSeparator", aList, {"a", "x|#|y"}, ValueFault::separatorInElement, "x|#|y"},
+        Refused{"ElementsThatMakeTheSeparator", aList, {"a|#", "|b"}, ValueFault::separatorAcrossElements, "|b"},
+        Refused{"LaterElementsThatMakeTheSeparator", aList, {"x", "a|#", "|b"}, ValueFault::separatorAcrossElements, "|b"},
+        Refused{"TwoNumbers", anInt, {"1", "2"}, ValueFault::wordCount, ""},
+        Refused{"NoWordForAText", aText, {}, ValueFault::wordCount, ""}),
     byMeaning);
 // clang-format on
 
 TEST(ValueError, TellsWhatIsAccepted)
 {
-    EXPECT_STREQ(Inspection::ValueError(Refusal::notBool).what(), "give true or false (or yes, no, on, off, 1, 0)");
-    EXPECT_STREQ(Inspection::ValueError(Refusal::separatorAcrossElements).what(),
+    EXPECT_STREQ(Inspection::ValueError(ValueFault::notBool).what(), "give true or false (or yes, no, on, off, 1, 0)");
+    EXPECT_STREQ(Inspection::ValueError(ValueFault::separatorAcrossElements).what(),
                  "together with the element before it, it makes up the separator of stored lists and would come back differently");
-    EXPECT_STREQ(Inspection::ValueError(Refusal::wordCount).what(), "give one value");
+    EXPECT_STREQ(Inspection::ValueError(ValueFault::wordCount).what(), "give one value");
 }
 
 // --- Types, text and JSON ---

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A vector of more bytes than an array can hold, in a program of its own: its address space is 2 GiB.
+// A vector of more bytes than an array can hold, in a program of its own: it takes 4 GiB of address space.
 #include <Lumora/Util/ByteConversion.h>
 
 #include <gtest/gtest.h>
@@ -32,8 +32,13 @@ std::vector<unsigned char> zerosInLittleMemory(std::size_t size)
 
 TEST(ByteConversion, VectorThatIsTooLongForAnArrayThrows)
 {
-    std::vector<unsigned char> const bytes = zerosInLittleMemory(std::size_t(1) << 31);
-    EXPECT_THROW(Lumora::Util::VectorByteToQByteArray(bytes), std::length_error);
+    EXPECT_THROW(Lumora::Util::VectorByteToQByteArray(zerosInLittleMemory(std::size_t(1) << 31)), std::length_error);
+}
+
+// Its length in 32 bits is 5.
+TEST(ByteConversion, VectorThatIsLongerThan32BitsThrows)
+{
+    EXPECT_THROW(Lumora::Util::VectorByteToQByteArray(zerosInLittleMemory((std::size_t(1) << 32) + 5)), std::length_error);
 }
 
 } // namespace

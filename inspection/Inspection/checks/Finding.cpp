@@ -25,13 +25,12 @@ char const* severityName(Severity severity)
 
 char const* checkName(Check check)
 {
-    constexpr std::array<char const*, 36> names = {
-        "product-file",    "home",         "store-unusable", "store-missing",  "store-newer",    "store-read-only",
-        "store-folder",    "file-mode",    "file-owner",     "journal-left",   "file-system",    "misplaced-key",
-        "unknown-key",     "unknown-key",  "rational-half",  "rational-kind",  "rational-zero",  "other-kind",
-        "unreadable",      "no-utf8",      "list-changes",   "number-edge",    "unusable-value", "folder",
-        "folders-missing", "kept-stores",  "studio-server",  "studio-schema",  "studio-tls",     "studio-pooler",
-        "studio-clock",    "studio-queue", "studio-standby", "studio-pending", "studio-refused", "studio-outbox",
+    constexpr std::array<char const*, 35> names = {
+        "product-file",   "home",          "store-unusable",  "store-missing",  "store-newer",    "store-read-only", "store-folder",
+        "file-mode",      "file-owner",    "journal-left",    "file-system",    "misplaced-key",  "unknown-key",     "unknown-key",
+        "rational-half",  "rational-kind", "rational-zero",   "other-kind",     "unreadable",     "no-utf8",         "list-changes",
+        "unusable-value", "folder",        "folders-missing", "kept-stores",    "studio-server",  "studio-schema",   "studio-tls",
+        "studio-pooler",  "studio-clock",  "studio-queue",    "studio-standby", "studio-pending", "studio-refused",  "studio-outbox",
     };
     static_assert(names.size() == static_cast<std::size_t>(Check::studioOutbox) + 1);
     return names.at(static_cast<std::size_t>(check));

@@ -38,7 +38,6 @@ enum class Check {
     unreadable,
     notUtf8,
     listChanges,
-    numberEdge,
     unusableValue,
     folder,
     foldersMissing,
@@ -65,6 +64,7 @@ struct Finding {
     std::string key = {};                ///< The stored key; empty where the finding is about none.
     std::string path = {};               ///< The file or folder in UTF-8; empty where the finding is about none.
     std::vector<std::string> names = {}; ///< What the finding counts; empty where it is about one thing.
+    std::string folderKey = {};          ///< The preference whose folder was checked; empty where the finding is about no folder of one.
 };
 
 using Findings = std::vector<Finding>;

@@ -43,7 +43,9 @@ Findings checkFolders(PathLook const& look)
                                 remedyFor(folder),
                                 std::nullopt,
                                 {},
-                                folder.path.toStdString()});
+                                folder.path.toStdString(),
+                                {},
+                                folder.isPreference ? folder.label : ""});
     }
     if (std::size_t const count = missing.size(); count > 0)
         findings.push_back({Severity::note,

@@ -74,7 +74,7 @@ void checkFolderOfStore(ExaminedStore const& store, Findings& findings)
                         folder});
 }
 
-// Tells what lies under the name of a companion of a missing store; of an empty file and of nothing, nothing.
+// What lies under the name of a companion of a missing store. Empty for a missing or empty file.
 std::string leftOver(std::string const& companion, std::string const& name)
 {
     std::error_code error;

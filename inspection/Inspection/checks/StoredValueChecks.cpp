@@ -10,7 +10,6 @@
 #include <absl/strings/str_cat.h>
 
 #include <algorithm>
-#include <limits>
 #include <map>
 
 using Catalogue::Store;
@@ -130,12 +129,6 @@ bool isListThatChanges(PreferenceState const& preference)
     return list && Catalogue::storedText(*list) != std::get<std::string>(preference.stored.front().value);
 }
 
-bool isAtTheEdge(PreferenceState const& preference)
-{
-    auto const* const number = std::get_if<int>(&preference.stored.front().value);
-    return number && (*number == std::numeric_limits<int>::max() || *number == std::numeric_limits<int>::min());
-}
-
 // The checks of folders tell of those that are written to, stored or not.
 std::string untoldReason(PreferenceState const& preference, PathLook const& look)
 {
@@ -171,11 +164,6 @@ void checkValue(PreferenceState const& preference, ExaminedStore const& store, P
         add(Check::listChanges,
             "the stored list would be another one when it is read and stored again, as it has empty elements or a part of the separator",
             storeAgain);
-    else if (isAtTheEdge(preference))
-        add(Check::numberEdge,
-            absl::StrCat("it holds ", std::get<int>(preference.stored.front().value),
-                         ", at the edge of its range: counting on would leave it"),
-            unset);
     else if (std::string const reason = untoldReason(preference, look); !reason.empty())
         add(Check::unusableValue, "the editor cannot use the stored value: " + reason,
             absl::StrCat("'editor-settings explain ", key, "' shows what it accepts; ", unset));

@@ -147,18 +147,10 @@ bool operator==(StudioView const& one, StudioView const& other)
 
 namespace {
 
-// A check of a folder names its setting, if it is one, before a colon.
-std::string keyOf(Inspection::Finding const& found)
-{
-    std::string const label = found.check == Inspection::Check::folder ? found.what.substr(0, found.what.find(':')) : "";
-    return Inspection::knownKey(label) ? label : found.key;
-}
+std::string keyOf(Inspection::Finding const& found) { return found.folderKey.empty() ? found.key : found.folderKey; }
 
 // Of these the texts hold the value, or a part of it.
-bool showsValue(Inspection::Check check)
-{
-    return check == Inspection::Check::folder || check == Inspection::Check::numberEdge || check == Inspection::Check::unusableValue;
-}
+bool showsValue(Inspection::Check check) { return check == Inspection::Check::folder || check == Inspection::Check::unusableValue; }
 
 // Whether no text may be shown as it is.
 bool isAboutHidden(Inspection::Finding const& found, std::string const& key) { return showsValue(found.check) && isPersonal(key); }

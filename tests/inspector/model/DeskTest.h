@@ -147,7 +147,7 @@ protected:
         "productKind": 0, "projectFileExtensions": [], "resourcesRoot": "r", "ownKeys": [
         {"key": "rate", "kind": "rational", "store": "product", "class": "local", "purpose": "frames", "default": "25/1"},
         {"key": "who", "kind": "string", "store": "product", "class": "personal", "purpose": "the user"},
-        {"key": "nest", "kind": "folder", "store": "product", "class": "personal", "purpose": "the user's folder"},
+        {"key": "home: nest", "kind": "folder", "store": "product", "class": "personal", "purpose": "the user's folder"},
         {"key": "age", "kind": "int", "store": "product", "class": "personal", "purpose": "in years"}]})"),
                              m_home.path() / "stores"};
     std::filesystem::path const m_productFile = folder() / "product-settings.sqlite";

@@ -22,7 +22,7 @@ protected:
         store.setString("who", "s3cret\n\xFF");
         store.setInt("age", 2147483647);
         m_home.write("hidden-place", "a file in the folder's place");
-        store.setString("nest", (m_home.path() / "hidden-place").string());
+        store.setString("home: nest", (m_home.path() / "hidden-place").string());
         store.setString("npsEmailToSend", "third.one@example.org");
         store.setString("lastAddMediaPath", "/home/wedding-2019");
         store.setString("lastAddVideoPath", (m_home.path() / "dailies-ada").string());
@@ -61,7 +61,7 @@ protected:
 TEST_F(Personal, ValuesAreInNoRoleOfAnyModel)
 {
     start();
-    ASSERT_TRUE(comes([this] { return setting("nest")->searchText.contains(QStringLiteral("@trouble")); }));
+    ASSERT_TRUE(comes([this] { return setting("home: nest")->searchText.contains(QStringLiteral("@trouble")); }));
     SqliteStorage(m_productFile).setString("who", "s3cret, once more");
     m_other.set("who", "s3cretbyothers");
     m_other.remove("npsEmailToSend");

@@ -1,42 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "support/SessionTest.h"
+#include "support/ContractServer.h"
 
-#include <Storage/ForwardingStorage.h>
 #include <TestKit/StorageContract.h>
-
-#include <utility>
-#include <vector>
-
-using namespace std::chrono_literals;
 
 namespace {
 
 [[maybe_unused]] auto* const environment = testing::AddGlobalTestEnvironment(new ServerEnvironment);
-
-/// The server of a `SessionTest`, for the tests of the contract, which have a fixture of their own.
-class SharedServer : public SessionTest {
-public:
-    SharedServer() { startServer(); }
-    using SessionTest::connectionOf;
-
-private:
-    void TestBody() override {}
-};
-
-/// Shows at each read what all programs had stored before.
-class SynchronisedStore final : public Storage::ForwardingStorage {
-public:
-    explicit SynchronisedStore(std::shared_ptr<Program> program) : ForwardingStorage(program->store), m_program(std::move(program)) {}
-
-private:
-    ISettingsStorage& target() const override
-    {
-        EXPECT_TRUE(m_program->session.synchronise(60s));
-        return ForwardingStorage::target();
-    }
-
-    std::shared_ptr<Program> m_program;
-};
 
 /// Every opening is a program of its own.
 class ManyPrograms {

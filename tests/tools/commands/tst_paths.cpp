@@ -235,10 +235,16 @@ TEST_F(Paths, CheckAsJson)
                                        {"use", "written to"},
                                        {"exists", false},
                                        {"writable", false},
+                                       {"reason", "relative"},
                                        {"remark", "not absolute: it depends on the folder that the editor is started in"},
                                        {"usable", false}}));
     json const fragment = parsed(printed({"stockMusicPath", "--check", "--json"}));
     EXPECT_EQ(fragment["exists"], json());
+    EXPECT_EQ(fragment["reason"], "joined");
+    EXPECT_EQ(parsed(printed({"userEffectsPath", "x", "--check", "--json"}))["reason"], "can-be-made");
+    std::filesystem::create_directories(inHome("exports"));
+    store("exportPath", inHome("exports"));
+    EXPECT_EQ(parsed(printed({"exportPath", "--check", "--json"}))["reason"], json());
     EXPECT_EQ(fragment["usable"], true);
 }
 

@@ -234,9 +234,9 @@ std::vector<Command> commandsOfDoctor()
     command.name = "doctor";
     command.group = Group::support;
     command.summary = "What is wrong with stores, values and folders, and what to do";
-    command.options = withFormat(words->format, jsonHelp, {Option("--verbose", &words->isVerbose, "Names what is else only counted")});
+    command.options = withFormat(words->format, jsonHelp, {Option("--verbose", &words->isVerbose, "Lists what is otherwise only counted")});
     command.examples = {{"editor-settings doctor", "What is wrong and what to do; exit status 0 where all is well."},
-                        {"editor-settings doctor --json > report.json", "The same, for somebody who helps."}};
+                        {"editor-settings doctor --json > report.json", "The same, for support."}};
     command.stores = always(StoreUse::none);
     command.isLong = true;
     command.run = [words](Invocation const& invocation) { return examineAll(invocation, words->format, words->isVerbose) ? 0 : 1; };

@@ -30,10 +30,10 @@ using Inspection::PathStatus;
 
 namespace {
 
-enum class NewFile { audio, freeze, stabilized };
+enum class NameKind { audio, freeze, stabilized };
 
 struct NextNameOptions {
-    NewFile file = NewFile::audio;
+    NameKind file = NameKind::audio;
     std::string source;   // The file that a freeze frame or a stabilized clip is made of; only its name counts.
     std::string format;   // Of a stabilized clip.
     bool reserve = false; // Make the file, empty, so that the name is taken.
@@ -59,11 +59,11 @@ struct Proposal {
 Proposal proposal(NextNameOptions const& options)
 {
     switch (options.file) {
-    case NewFile::audio:
+    case NameKind::audio:
         return {"audioRecordPath", Settings::audioRecordPath(), Settings::generateAudioRecordFilePath()};
-    case NewFile::freeze:
+    case NameKind::freeze:
         return {"exportPath", Settings::exportPath(), Settings::generateFreezedFilePath(utf8(options.source))};
-    case NewFile::stabilized:
+    case NameKind::stabilized:
         break;
     }
     return {"stabilizedFilePath", Settings::stabilizedFilePath(),
@@ -182,7 +182,7 @@ struct NextNameWords {
     FormatChoice format;
 };
 
-Command nextNameOf(std::shared_ptr<NextNameWords> const& words, NewFile file, char const* name, char const* summary)
+Command nextNameOf(std::shared_ptr<NextNameWords> const& words, NameKind file, char const* name, char const* summary)
 {
     Command command;
     command.name = name;
@@ -205,12 +205,12 @@ std::vector<Command> commandsOfNextName()
     Option const source = Option("SOURCE", &words->options.source, "The file that it is made of; only its name counts")
                               .required()
                               .completedBy(Candidates::files);
-    Command audio = nextNameOf(words, NewFile::audio, "audio", "An audio recording");
+    Command audio = nextNameOf(words, NameKind::audio, "audio", "An audio recording");
     audio.examples = {{"editor-settings next-name audio --plain", "The path on one line, whatever its folder is called."}};
-    Command freeze = nextNameOf(words, NewFile::freeze, "freeze", "A freeze frame");
+    Command freeze = nextNameOf(words, NameKind::freeze, "freeze", "A freeze frame");
     freeze.options = {source};
     freeze.examples = {{"editor-settings next-name freeze holiday.mov", "The next freeze frame of that film."}};
-    Command stabilized = nextNameOf(words, NewFile::stabilized, "stabilized", "A stabilized clip");
+    Command stabilized = nextNameOf(words, NameKind::stabilized, "stabilized", "A stabilized clip");
     stabilized.options = {source, Option("FORMAT", &words->options.format, "The extension, such as mp4").required()};
     stabilized.examples = {{"editor-settings next-name stabilized holiday.mov mp4", "The next stabilized clip of it."}};
 

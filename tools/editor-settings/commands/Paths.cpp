@@ -165,6 +165,7 @@ Answer check(std::vector<LocationState> const& locations, std::vector<std::strin
         json["use"] = useName(location.use);
         json["exists"] = isOnDisk ? ordered_json(status.exists) : ordered_json();
         json["writable"] = isOnDisk ? ordered_json(status.isWritable) : ordered_json();
+        json["reason"] = orNull(reasonName(status.reason));
         json["remark"] = remarkText;
         json["usable"] = status.isUsable;
         answer.json.push_back(json);

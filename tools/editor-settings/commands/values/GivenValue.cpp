@@ -56,16 +56,16 @@ std::string contentOfInput(std::string const& key)
 
 std::string reasonFor(Inspection::ValueError const& error, PreferenceState const& preference, std::size_t wordCount)
 {
-    if (error.reason == Inspection::Refusal::wordCount)
+    if (error.reason == Inspection::ValueFault::wordCount)
         return absl::StrCat(preference.key, " takes one value, not ", wordCount, "; ",
                             wordCount == 0 ? "--empty is for lists" : "put quotes around a value with blanks");
     Value const& like = preference.observation.value;
     char const* const verb = std::holds_alternative<QByteArray>(like) ? " holds "
                              : std::holds_alternative<int>(like)      ? " is an "
                                                                       : " is a ";
-    char const* const option = error.reason == Inspection::Refusal::notBase64      ? ", or @FILE to read them from a file"
-                               : error.reason == Inspection::Refusal::emptyElement ? " (--empty stores an empty list)"
-                                                                                   : "";
+    char const* const option = error.reason == Inspection::ValueFault::notBase64      ? ", or @FILE to read them from a file"
+                               : error.reason == Inspection::ValueFault::emptyElement ? " (--empty stores an empty list)"
+                                                                                      : "";
     return absl::StrCat(preference.key, verb, typeName(like), " and cannot be ", quotedBriefly(error.word), "; ", error.what(), option);
 }
 
@@ -111,17 +111,19 @@ Option keyOption(std::string& key) { return Option("KEY", &key, "The preference"
 
 std::vector<Option> valueOptions(std::string& key, GivenValue& words)
 {
-    return {keyOption(key),
-            Option("VALUE", &words.values,
-                   "A bool as true or false, an int in decimal, text in UTF-8, bytes in base64 or as @FILE, a list as one "
-                   "word for each element, a rational as N/D"),
-            Option("--empty", &words.isEmpty, "Stores an empty list").excluding({"VALUE"}),
-            fileOption("--from-file", words.file,
-                       "Stores what the file holds, or standard input where it is -: byte for byte, but for a list one "
-                       "element on each line")
-                .of("FILE")
-                .excluding({"VALUE", "--empty"}),
-            Option("--strict", &words.isStrict, "Refuses what the editor cannot use, instead of a warning")};
+    return {
+        keyOption(key),
+        Option(
+            "VALUE", &words.values,
+            "A bool as true or false (or yes, no, on, off), an int in decimal, text in UTF-8, bytes in base64 or as @FILE, a list as one "
+            "word for each element, a rational as N/D"),
+        Option("--empty", &words.isEmpty, "Stores an empty list").excluding({"VALUE"}),
+        fileOption("--from-file", words.file,
+                   "Stores what the file holds, or standard input where it is -: byte for byte, but for a list one "
+                   "element on each line")
+            .of("FILE")
+            .excluding({"VALUE", "--empty"}),
+        Option("--strict", &words.isStrict, "Refuses what the editor cannot use, instead of a warning")};
 }
 
 PreferenceState knownPreference(Host::Application const& application, std::string const& key, std::string const& adviceOnOwnKeys)
