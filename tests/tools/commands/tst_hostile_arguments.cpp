@@ -2,7 +2,7 @@
 //
 // Words that nobody would type, streams that are closed or full, and answers that a terminal would obey: the program says
 // what is wrong, loses nothing and sends no control character to where it would be obeyed.
-#include "Tool.h"
+#include "OnTerminal.h"
 
 #include <Storage/SqliteStorage.h>
 
@@ -16,10 +16,7 @@
 #include <cstdlib>
 #include <random>
 
-#include <pty.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
@@ -45,7 +42,7 @@ std::string controlsIn(std::string const& text)
     return found;
 }
 
-class Hostile : public Tool {
+class Hostile : public OnTerminal {
 protected:
     // With what the shell does to the streams first.
     Ended toolWith(std::string const& redirections, Words const& words)
@@ -67,26 +64,10 @@ protected:
     static std::string onTerminal(Words words)
     {
         words.insert(words.begin(), TOOL);
-        std::vector<char*> arguments;
-        for (std::string const& word : words)
-            arguments.push_back(const_cast<char*>(word.c_str()));
-        arguments.push_back(nullptr);
-        int terminal = -1;
-        pid_t const child = ::forkpty(&terminal, nullptr, nullptr, nullptr);
-        if (child == 0) {
-            ::setenv("NO_COLOR", "1", 1); // so that every code that is sent is another's
-            ::setenv("TERM", "dumb", 1);  // likewise, and without a pager
-            ::execv(arguments[0], arguments.data());
-            ::_exit(127);
-        }
-        std::string sent;
-        char buffer[4096];
-        for (ssize_t count; (count = ::read(terminal, buffer, sizeof buffer)) > 0;)
-            sent.append(buffer, static_cast<std::size_t>(count));
-        ::close(terminal);
-        int status = 0;
-        ::waitpid(child, &status, 0);
-        EXPECT_TRUE(WIFEXITED(status)) << "it was ended by a signal";
+        // So that every code that is sent is another's; and without a pager.
+        Ended const ended = OnTerminal::onTerminal(words, {{"NO_COLOR", "1"}, {"TERM", "dumb"}});
+        EXPECT_LT(ended.status, 128) << "it was ended by a signal";
+        std::string sent = ended.out;
         sent.erase(std::remove(sent.begin(), sent.end(), '\r'), sent.end());
         return sent;
     }

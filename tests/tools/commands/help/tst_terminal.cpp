@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Answers on a terminal: colours, columns, a screen at a time, and how far something is that takes long.
-#include "OnTerminal.h"
+#include <tools/commands/OnTerminal.h>
 
 #include <Storage/SqliteStorage.h>
 

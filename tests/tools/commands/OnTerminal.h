@@ -6,9 +6,11 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include <poll.h>
 #include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utmp.h>
 
 /// A terminal of a program's own.
 struct Screen {
@@ -42,22 +44,36 @@ protected:
 
         winsize const size = {screen.rows, screen.columns, 0, 0};
         int terminal = -1;
-        pid_t const child = ::forkpty(&terminal, nullptr, nullptr, &size);
+        int program = -1; // the program's side
+        EXPECT_EQ(::openpty(&terminal, &program, nullptr, nullptr, &size), 0);
+        pid_t const child = ::fork();
         if (child == 0) {
+            ::close(terminal);
+            ::login_tty(program);
             ::execvp(arguments[0], arguments.data());
             ::_exit(127);
         }
         Ended ended;
-        char buffer[4096];
-        for (ssize_t count; (count = ::read(terminal, buffer, sizeof buffer)) > 0;) {
-            ended.out.append(buffer, static_cast<std::size_t>(count));
+        // The side is kept open, as what is on its way may be lost when the last one closes it. The end is a byte of this process.
+        int status = 0;
+        for (bool isMarked = false; !isMarked || ended.out.empty() || ended.out.back() != '\0';) {
+            pollfd wanted = {terminal, POLLIN, 0};
+            if (::poll(&wanted, 1, 1) <= 0) {
+                if (!isMarked && ::waitpid(child, &status, WNOHANG) == child) {
+                    EXPECT_EQ(::write(program, "", 1), 1);
+                    isMarked = true;
+                }
+                continue;
+            }
+            char buffer[4096];
+            ended.out.append(buffer, static_cast<std::size_t>(std::max(ssize_t(0), ::read(terminal, buffer, sizeof buffer))));
             if (!typed.keys.empty() && ended.out.find(typed.after) != std::string::npos) {
                 EXPECT_EQ(::write(terminal, typed.keys.data(), typed.keys.size()), static_cast<ssize_t>(typed.keys.size()));
                 typed.keys.clear();
             }
         }
-        int status = 0;
-        ::waitpid(child, &status, 0);
+        ended.out.pop_back();
+        ::close(program);
         ::close(terminal);
         ended.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
         for (std::size_t at = 0; (at = ended.out.find("\r\n", at)) != std::string::npos;)
