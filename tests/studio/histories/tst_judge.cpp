@@ -22,7 +22,7 @@ Stored byStudio(long long revision, std::string const& key, std::optional<int> v
 
 Step step(Kind kind, std::string const& key, std::optional<int> value, bool locked = false) { return {kind, key, value, locked}; }
 
-Flaws judged(std::vector<Stored> const& stored, std::vector<Step> const& steps, std::vector<int> const& kept = {})
+Flaws judged(std::vector<Stored> const& stored, std::vector<Step> const& steps, std::vector<Kept> const& kept = {})
 {
     return Judge({stored, kept}).flawsOf("alice", steps);
 }
@@ -50,7 +50,7 @@ TEST(Judge, OrdinaryHistoryHasNoFlaw)
 
 TEST(Judge, HolesAndDoublesOfTheServerAreFound)
 {
-    EXPECT_EQ(Judge({{byAlice(1, "k", 1), byAlice(3, "k", 2), byAlice(3, "k", 2)}, {5, 5}}).flawsOfServer(),
+    EXPECT_EQ(Judge({{byAlice(1, "k", 1), byAlice(3, "k", 2), byAlice(3, "k", 2)}, {{"k", 5}, {"k", 5}}}).flawsOfServer(),
               (Flaws{"revision 3 is not the next of its layer", "2 was stored twice", "5 was kept twice"}));
 }
 
@@ -58,7 +58,13 @@ TEST(Judge, LostChangeIsFound)
 {
     EXPECT_EQ(judged({}, {step(Kind::changed, "k", 1)}), Flaws{"step 0 of alice, k 1: the change is lost"});
     EXPECT_EQ(judged({byAlice(1, "k", 1)}, {step(Kind::changed, "k", std::nullopt)}), Flaws{"step 0 of alice, k 0: the change is lost"});
-    EXPECT_EQ(judged({}, {step(Kind::changed, "k", 1)}, {1}), Flaws{}) << "it lost a conflict";
+    EXPECT_EQ(judged({}, {step(Kind::changed, "k", 1)}, {{"k", 1}}), Flaws{}) << "it lost a conflict";
+    EXPECT_EQ(judged({}, {step(Kind::changed, "k", std::nullopt)}, {{"k", std::nullopt}}), Flaws{}) << "likewise";
+    EXPECT_EQ(judged({}, {step(Kind::changed, "k", std::nullopt)}, {{"other", std::nullopt}}).size(), 1U) << "another removal did";
+    EXPECT_EQ(judged({byAlice(1, "k", 1, "second"), byAlice(2, "k", std::nullopt, "second")},
+                     {step(Kind::changed, "k", std::nullopt), step(Kind::read, "k", 1)}, {{"k", std::nullopt}}),
+              Flaws{})
+        << "a later removal is another one";
 }
 
 TEST(Judge, ChangesOutOfTheirOrderAreFound)
@@ -99,7 +105,8 @@ TEST(Judge, LoserThatIsNotKeptIsFound)
     std::vector<Stored> const stored{byAlice(1, "k", 1, "second"), byAlice(2, "k", 2)};
     Step const deaf{Kind::changed, "k", 2, false, {}, true};
     EXPECT_EQ(judged(stored, {deaf}), Flaws{"step 0 of alice, k 2: the value that it overwrote unseen is not kept"});
-    EXPECT_EQ(judged(stored, {deaf}, {1}), Flaws{});
+    EXPECT_EQ(judged(stored, {deaf}, {{"k", 1}}), Flaws{});
     EXPECT_EQ(judged(stored, {{Kind::synchronised, "", {}, false, {1, 0}}, deaf}), Flaws{}) << "it had seen the other";
     EXPECT_EQ(judged(stored, {step(Kind::changed, "k", 2)}), Flaws{}) << "it may have seen the other";
+    EXPECT_EQ(judged(stored, {step(Kind::changed, "k", 3), deaf}, {{"k", 3}}), Flaws{}) << "it lost, and saw the other";
 }

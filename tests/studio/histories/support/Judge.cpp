@@ -32,7 +32,11 @@ Judge::Layer const& Judge::layer(std::string const& owner) const
     return found == m_layers.end() ? none : found->second;
 }
 
-bool Judge::isKept(int value) const { return std::count(m_record.kept.begin(), m_record.kept.end(), value) > 0; }
+bool Judge::isKept(std::string const& key, std::optional<int> value) const
+{
+    auto const isIt = [&](Kept const& kept) { return kept.key == key && kept.value == value; };
+    return std::any_of(m_record.kept.begin(), m_record.kept.end(), isIt);
+}
 
 std::vector<std::string> Judge::flawsOfServer() const
 {
@@ -47,9 +51,9 @@ std::vector<std::string> Judge::flawsOfServer() const
             flaws.push_back(std::to_string(*stored.value) + " was stored twice");
     }
     std::set<int> kept;
-    for (int const value : m_record.kept)
-        if (!kept.insert(value).second)
-            flaws.push_back(std::to_string(value) + " was kept twice");
+    for (Kept const& loser : m_record.kept)
+        if (loser.value && !kept.insert(*loser.value).second)
+            flaws.push_back(std::to_string(*loser.value) + " was kept twice");
     return flaws;
 }
 
@@ -113,9 +117,14 @@ std::optional<std::size_t> Judge::positionOf(Layer const& layer, Step const& cha
 
 std::string Judge::judgeChange(Program& program, Step const& step) const
 {
-    std::optional<std::size_t> const position = positionOf(*program.user, step, program.seenOf(step.key));
-    if (!position)
-        return step.value && isKept(*step.value) ? "" : "the change is lost";
+    bool const isLoser = isKept(step.key, step.value);
+    // Of several removals of a key nobody knows which one lost, so each may have.
+    std::optional<std::size_t> const position =
+        isLoser && !step.value ? std::nullopt : positionOf(*program.user, step, program.seenOf(step.key));
+    if (!position) {
+        program.heard.user = program.user->size(); // the loser is told what won, and all else
+        return isLoser ? "" : "the change is lost";
+    }
     if (*position <= program.lastOwn && step.value)
         return "a later change of the program was stored before this one";
     program.lastOwn = std::max(program.lastOwn, *position);
@@ -133,7 +142,7 @@ bool Judge::isLoserKept(Program const& program, Step const& step, std::size_t po
     if (!step.deaf || !step.value || at <= program.heard.user)
         return true;
     Stored const& loser = (*program.user)[at - 1];
-    return !loser.value || loser.client == winner.client || isKept(*loser.value);
+    return !loser.value || loser.client == winner.client || isKept(loser.key, loser.value);
 }
 
 std::string Judge::judgeRead(Program& program, Step const& step) const

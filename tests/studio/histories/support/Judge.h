@@ -46,10 +46,16 @@ struct Step {
     bool deaf = false;
 };
 
-/// What the server stored in a history, in its order, and which values it kept as losers of a conflict.
+/// What the server kept as the loser of a conflict: a value, or a removal that lost when it came.
+struct Kept {
+    std::string key;          ///<
+    std::optional<int> value; ///< nullopt for a removal.
+};
+
+/// What the server stored in a history, in its order, and what it kept.
 struct Record {
     std::vector<Stored> stored;
-    std::vector<int> kept;
+    std::vector<Kept> kept;
 };
 
 /// Compares what programs did and saw with what the server stored. A flaw is a sentence; no flaws are no sentences.
@@ -59,8 +65,8 @@ public:
 
     /// Revisions without holes, no change done twice, and only losers kept as such.
     std::vector<std::string> flawsOfServer() const;
-    /// Changes that returned are there, in their order; reads show them and never go back; a value that the program overwrote
-    /// without having seen it is kept.
+    /// Changes that returned are there, in their order, or kept as losers; reads show them and never go back; a value that the
+    /// program overwrote without having seen it is kept.
     std::vector<std::string> flawsOf(std::string const& user, std::vector<Step> const& steps) const;
 
 private:
@@ -72,7 +78,7 @@ private:
     using Layer = std::vector<Stored>;
 
     Layer const& layer(std::string const& owner) const;
-    bool isKept(int value) const;
+    bool isKept(std::string const& key, std::optional<int> value) const;
     static std::optional<std::size_t> find(Layer const& layer, std::string const& key, std::size_t from,
                                            std::function<bool(Entry const&)> const& accepts);
     static std::optional<std::size_t> positionOf(Layer const& layer, Step const& change, std::size_t from);

@@ -8,7 +8,7 @@ constexpr char const* observer = R"sql(
     CREATE SCHEMA observed;
     CREATE TABLE observed.stored (id bigint GENERATED ALWAYS AS IDENTITY, layer integer, owner text, revision bigint, key text, value text,
         locked boolean, client uuid);
-    CREATE TABLE observed.kept (value text);
+    CREATE TABLE observed.kept (key text, value text);
     CREATE FUNCTION observed.note_stored() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER AS $$
     BEGIN
         IF TG_OP = 'DELETE' THEN
@@ -24,7 +24,10 @@ constexpr char const* observer = R"sql(
     END $$;
     CREATE FUNCTION observed.note_kept() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER AS $$
     BEGIN
-        INSERT INTO observed.kept SELECT convert_from(NEW.value, 'UTF8') WHERE NEW.value IS NOT NULL;
+        -- A removal that was stored before is still there.
+        INSERT INTO observed.kept SELECT convert_from(NEW.key, 'UTF8'), convert_from(NEW.value, 'UTF8')
+            WHERE NEW.value IS NOT NULL
+                OR EXISTS (SELECT FROM settings.value v WHERE v.layer = NEW.layer AND v.key = NEW.key AND v.value IS NOT NULL);
         RETURN NULL;
     END $$;
     CREATE TRIGGER note AFTER INSERT OR UPDATE OR DELETE ON settings.value FOR EACH ROW EXECUTE FUNCTION observed.note_stored();
@@ -68,7 +71,7 @@ Record ObservedServer::record() const
                                  "FROM observed.stored ORDER BY id";
     for (std::vector<std::string> const& row : m_observer->ask(question).rows)
         record.stored.push_back({std::stoi(row[0]), row[1], std::stoll(row[2]), row[3], number(row[4]), row[5] == "t", row[6]});
-    for (std::vector<std::string> const& row : m_observer->ask("SELECT value FROM observed.kept").rows)
-        record.kept.push_back(std::stoi(row[0]));
+    for (std::vector<std::string> const& row : m_observer->ask("SELECT key, value FROM observed.kept").rows)
+        record.kept.push_back({row[0], number(row[1])});
     return record;
 }
