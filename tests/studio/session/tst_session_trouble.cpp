@@ -206,12 +206,13 @@ class CrowdedServer : public SessionTrouble {
 protected:
     std::vector<std::string> serverSettings() const override
     {
-        return {"max_connections=7", "superuser_reserved_connections=3", "max_wal_senders=0"};
+        return {"max_connections=10", "superuser_reserved_connections=5", "max_wal_senders=0"};
     }
 };
 
 TEST_F(CrowdedServer, IsNamedAndReachedOnceThereIsRoom)
 {
+    Login const superuser = login(Cluster::superuser); // connected before: whoever is refused is gone only a little later
     Program alice(connectionOf("alice"));
     alice.store->setInt("number", 1);
     std::vector<Login> crowd;
@@ -219,7 +220,7 @@ TEST_F(CrowdedServer, IsNamedAndReachedOnceThereIsRoom)
         try {
             crowd.push_back(login("bob"));
         } catch (std::runtime_error const&) { // as her program comes back at once
-            m_server->ask("SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE usename = 'alice'");
+            superuser.ask("SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE usename = 'alice'");
         }
     }
     expectTrouble(alice, Reason::busy, Code::busy);
